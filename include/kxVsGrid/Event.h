@@ -1,0 +1,95 @@
+// An event that hosts listen to.
+//
+//     grid.AddVsRow.connect([](std::int32_t row, bool& consent) { consent = true; });
+//
+// Arguments that the host may change are references. Listeners run in the order in which they were connected and
+// see each other's changes. A listener may end its own or another connection, connect new listeners (they hear
+// the next event, not this one), raise the event again, or destroy the event's owner. An exception that leaves a
+// listener reaches whoever raised the event; the listeners after it are not called.
+//
+// Cost: an event that nobody listens to copies and allocates nothing when it is raised.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace kxVsGrid {
+
+/// One listener's tie to an event. Copies name the same tie; letting go of it does not end it.
+class Connection {
+  public:
+    Connection() = default;
+    /// The listener is not called again, from this moment on. Ending twice is harmless.
+    void disconnect() {
+        if (auto alive = alive_.lock()) *alive = false;
+    }
+    bool connected() const {
+        auto alive = alive_.lock();
+        return alive && *alive;
+    }
+
+  private:
+    template <class...>
+    friend class Event;
+    explicit Connection(std::weak_ptr<bool> alive) : alive_(std::move(alive)) {}
+    std::weak_ptr<bool> alive_;
+};
+
+template <class... Args>
+class Event {
+  public:
+    /// `number` is the event's number in the control's event interface, 0 for events without one.
+    explicit Event(int number = 0) : number_(number) {}
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+
+    int number() const { return number_; }
+
+    Connection connect(std::function<void(Args...)> listener) {
+        if (!state_) state_ = std::make_shared<State>();
+        auto slot = std::make_unique<Slot>(std::move(listener));
+        Connection connection{slot->alive};
+        state_->listeners.push_back(std::move(slot));
+        return connection;
+    }
+
+    /// Calls the listeners; what the control does, and what a test may do in its place.
+    void operator()(Args... args) const {
+        if (state_) call(args...);
+    }
+
+  private:
+    struct Slot {
+        explicit Slot(std::function<void(Args...)> listener)
+            : call(std::move(listener)), alive(std::make_shared<bool>(true)) {}
+        std::function<void(Args...)> call;
+        std::shared_ptr<bool> alive;
+    };
+    struct State {
+        std::vector<std::unique_ptr<Slot>> listeners;
+        int raising = 0;
+    };
+
+    void call(Args&... args) const {
+        const std::shared_ptr<State> state = state_;  // survives the event's owner
+        struct Span {
+            State& state;
+            explicit Span(State& s) : state(s) { ++state.raising; }
+            ~Span() {
+                if (--state.raising == 0) std::erase_if(state.listeners, [](auto& slot) { return !*slot->alive; });
+            }
+        } span(*state);
+        const std::size_t count = state->listeners.size();
+        for (std::size_t i = 0; i < count; ++i) {
+            Slot& slot = *state->listeners[i];
+            if (*slot.alive) slot.call(args...);
+        }
+    }
+
+    std::shared_ptr<State> state_;
+    int number_;
+};
+}  // namespace kxVsGrid

@@ -1,0 +1,99 @@
+// A value of any of the types that settings and help tables are made of, with the conversions between them.
+//
+//     Variant v = "12";          v.toInt32() == 12;       v.toBoolean() == true
+//     Variant t = Table(0, 3, 0, 2);                      t.table()->at(1, 2) = "A001";
+//
+// Conversions: "True" and "False" in any letter case, or a complete number, become Boolean (every number but 0 is
+// True); complete numbers become integers, halves rounded to even, range-checked; True is -1; empty is 0, False or
+// no text. Anything else (null included) throws ConversionError.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace kxVsGrid {
+
+/// Thrown by conversions that have no answer; the text names the value and the wanted type.
+class ConversionError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+class Variant;
+
+/// A one- or two-dimensional array that knows its bounds.
+class Table {
+  public:
+    Table() = default;  ///< one element in one dimension, bounds 0 to 0
+    Table(std::int32_t lower, std::int32_t upper);
+    Table(std::int32_t lower1, std::int32_t upper1, std::int32_t lower2, std::int32_t upper2);
+
+    int dimensions() const { return dimensions_; }
+    /// Bounds of dimension 1 or 2; std::out_of_range for any other.
+    std::int32_t lower(int dimension = 1) const;
+    std::int32_t upper(int dimension = 1) const;
+
+    /// Elements; std::out_of_range outside the bounds or with the wrong number of dimensions.
+    const Variant& at(std::int32_t i) const;
+    Variant& at(std::int32_t i);
+    const Variant& at(std::int32_t i, std::int32_t j) const;
+    Variant& at(std::int32_t i, std::int32_t j);
+
+    friend bool operator==(const Table&, const Table&);
+
+  private:
+    std::size_t position(std::int32_t i, std::int32_t j, int dimensions) const;
+
+    int dimensions_ = 1;
+    std::int32_t lower_[2] = {0, 0};
+    std::int32_t upper_[2] = {0, 0};
+    std::vector<Variant> elements_;
+};
+
+class Variant {
+  public:
+    enum class Type { Empty, Null, Boolean, Int16, Int32, Double, Text, Array };
+    struct NullValue {
+        friend bool operator==(NullValue, NullValue) { return true; }
+    };
+
+    Variant() = default;
+    Variant(NullValue) : value_(NullValue{}) {}
+    Variant(bool value) : value_(value) {}
+    Variant(std::int16_t value) : value_(value) {}
+    Variant(std::int32_t value) : value_(value) {}
+    Variant(double value) : value_(value) {}
+    Variant(std::string value) : value_(std::move(value)) {}
+    Variant(std::string_view value) : value_(std::string(value)) {}
+    Variant(const char* value) : value_(std::string(value)) {}
+    Variant(Table table);
+    static Variant null() { return Variant(NullValue{}); }
+
+    Type type() const { return static_cast<Type>(value_.index()); }
+    bool isEmpty() const { return type() == Type::Empty; }
+    bool isNull() const { return type() == Type::Null; }
+    bool isArray() const { return type() == Type::Array; }
+
+    bool toBoolean() const;
+    std::int16_t toInt16() const;
+    std::int32_t toInt32() const;
+    double toDouble() const;
+    std::string toText() const;
+
+    /// The array, or nullptr when the value is none. The mutable one separates this value from its copies first.
+    const Table* table() const;
+    Table* table();
+
+    friend bool operator==(const Variant& a, const Variant& b);
+
+  private:
+    std::variant<std::monostate, NullValue, bool, std::int16_t, std::int32_t, double, std::string,
+                 std::shared_ptr<Table>>
+        value_;
+};
+}  // namespace kxVsGrid
