@@ -1,0 +1,287 @@
+// The grid engine: rows and columns of cells, a current cell, a scrolled view; no window.
+//
+//     kxVsGrid::CellGrid grid;
+//     grid.FormatString("行号|<货号    |>数量    ");
+//     grid.Rows(1'000'000);
+//     grid.Text(5, 1, "A001");
+//     grid.CellChanged.connect([](std::int32_t row, std::int32_t col) { ... });
+//
+// Rows and columns count from 0, fixed ones included: rows below FixedRows and columns below FixedCols are headers.
+// A cell has a text (what it shows), data (a hidden string, the tag), an alignment and two colours, the last three
+// "not set" until given. Sizes and places are twips. Misuse throws GridError, whose text names the member and the
+// value; nothing has changed then.
+//
+// Cost: memory follows the cells that were written, not the rows that exist. Reading and writing a cell is constant
+// time; position <-> row is logarithmic; inserting or removing a row in the middle of a million moves no cells.
+//
+// Order of a move of the current cell, by code or by the user: BeforeRowColChange (cancelled: stop) -> LeaveCell
+// (still the old cell) -> the cell changes -> EnterCell -> RowColChange -> AfterRowColChange -> SelChange.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kxVsGrid/Enumerations.h"
+#include "kxVsGrid/Event.h"
+#include "kxVsGrid/Geometry.h"
+#include "kxVsGrid/Members.h"
+
+namespace kxVsGrid {
+
+/// What of a grid lies under a point.
+struct GridHit {
+    enum class Part { Outside, Cell, FixedCell, ColumnEdge };
+    Part part = Part::Outside;
+    std::int32_t row = -1;
+    std::int32_t col = -1;  ///< for ColumnEdge the column whose right edge it is
+};
+
+class CellGrid {
+  public:
+    static constexpr std::int32_t MaxCols = 32'766;
+    static constexpr std::int32_t MaxRows = 100'000'000;
+    static constexpr std::int32_t DefaultColWidth = 1000;
+    static constexpr std::int32_t DefaultRowHeight = 300;
+    static constexpr std::int32_t HorizontalBarHeight = 255;
+    static constexpr std::int32_t VerticalBarWidth = 300;
+
+    /// 10 columns, 6 rows, one fixed row and column, current cell (1, 1). The metrics must outlive the grid.
+    explicit CellGrid(const TextMetrics& metrics = TextMetrics::fixed());
+    ~CellGrid();
+    CellGrid(const CellGrid&) = delete;
+    CellGrid& operator=(const CellGrid&) = delete;
+
+    // --- Size: 0 <= fixed <= count <= maximum, else GridError. Shrinking discards cells. Cols 0 is allowed: the fixed
+    // columns become 0 and the current column -1, until columns return.
+    std::int32_t Rows() const;
+    void Rows(std::int32_t count);
+    std::int32_t Cols() const;
+    void Cols(std::int32_t count);
+    std::int32_t FixedRows() const;
+    void FixedRows(std::int32_t count);
+    std::int32_t FixedCols() const;
+    void FixedCols(std::int32_t count);
+
+    /// Inserts one empty row of default height before `position`; Rows() appends. A current cell at or below it follows
+    /// its data, without events.
+    void InsertRow(std::int32_t position);
+    /// Removes one row. Removing the current row keeps the index, or takes the new last row; no events.
+    void RemoveRow(std::int32_t position);
+
+    // --- The current cell. Code may put it into the fixed area.
+    std::int32_t Row() const;
+    void Row(std::int32_t row);
+    std::int32_t Col() const;
+    void Col(std::int32_t col);
+    /// One move. Moving to where it is raises nothing. False when BeforeRowColChange cancelled it.
+    bool Select(std::int32_t row, std::int32_t col);
+
+    // --- Cells.
+    std::string Text(std::int32_t row, std::int32_t col) const;
+    void Text(std::int32_t row, std::int32_t col, std::string_view text);
+    /// The text as the column's format shows it.
+    std::string DisplayText(std::int32_t row, std::int32_t col) const;
+    std::string Data(std::int32_t row, std::int32_t col) const;
+    void Data(std::int32_t row, std::int32_t col, std::string_view data);
+    std::optional<mEmflexAlign> CellAlignment(std::int32_t row, std::int32_t col) const;
+    void CellAlignment(std::int32_t row, std::int32_t col, std::optional<mEmflexAlign> alignment);
+    std::optional<std::uint32_t> CellForeColor(std::int32_t row, std::int32_t col) const;
+    void CellForeColor(std::int32_t row, std::int32_t col, std::optional<std::uint32_t> color);
+    std::optional<std::uint32_t> CellBackColor(std::int32_t row, std::int32_t col) const;
+    void CellBackColor(std::int32_t row, std::int32_t col, std::optional<std::uint32_t> color);
+    /// Gives the cells of rows `firstRow` to `lastRow` of one column both colours; a whole column costs one entry.
+    void PaintColumn(std::int32_t col, std::int32_t firstRow, std::int32_t lastRow,
+                     std::optional<std::uint32_t> foreColor, std::optional<std::uint32_t> backColor);
+    /// Alignment as drawn: the cell's own, else its column's (in fixed rows the column's fixed alignment).
+    /// General is resolved to left or right centre by the text.
+    mEmflexAlign EffectiveAlignment(std::int32_t row, std::int32_t col) const;
+    /// Empties texts and data of all cells of a row range; colours and alignments stay. Raises no CellChanged.
+    void ClearText(std::int32_t firstRow, std::int32_t lastRow);
+
+    /// The cell's text is asked from `compute` at every look, until code writes a text there. Raises no CellChanged;
+    /// nothing is stored.
+    void ComputedText(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
+    /// From now on column 0 of data row r answers r - FixedRows + 1 from its position, until code writes a text there.
+    /// Not stored, no CellChanged. Nothing without a fixed column.
+    void NumberRows();
+    /// The sum of the leading numbers of the displayed texts of a column's data rows, added up in row order in a
+    /// double. Numbers once read are remembered until their cell changes.
+    double ColumnSum(std::int32_t col) const;
+
+    // --- Columns. Setting a column property erases no cell setting.
+    std::int32_t ColWidth(std::int32_t col) const;
+    void ColWidth(std::int32_t col, std::int32_t twips);
+    bool ColHidden(std::int32_t col) const;
+    void ColHidden(std::int32_t col, bool hidden);
+    mEmflexAlign ColAlignment(std::int32_t col) const;
+    void ColAlignment(std::int32_t col, mEmflexAlign alignment);
+    /// Alignment of the column's cells in fixed rows.
+    mEmflexAlign FixedAlignment(std::int32_t col) const;
+    void FixedAlignment(std::int32_t col, mEmflexAlign alignment);
+    /// Number or date format: "#,##0.00", "0%", "yyyy-mm-dd"; see DisplayText. Empty: none.
+    std::string ColFormat(std::int32_t col) const;
+    void ColFormat(std::int32_t col, std::string_view format);
+    mEmDataType ColDataType(std::int32_t col) const;
+    void ColDataType(std::int32_t col, mEmDataType type);
+    bool MergeCol(std::int32_t col) const;
+    void MergeCol(std::int32_t col, bool merge);
+
+    // --- Rows.
+    std::int32_t RowHeight(std::int32_t row) const;
+    void RowHeight(std::int32_t row, std::int32_t twips);
+    bool RowHidden(std::int32_t row) const;
+    void RowHidden(std::int32_t row, bool hidden);
+    /// Smaller rows are raised to this; 0 is none.
+    std::int32_t RowHeightMin() const;
+    void RowHeightMin(std::int32_t twips);
+    bool MergeRow(std::int32_t row) const;
+    void MergeRow(std::int32_t row, bool merge);
+
+    /// Captions, widths and alignments: fields separated by '|' up to an optional ';', after which captions of column 0
+    /// follow. A field: optional '<' '^' '>', then the caption; an empty one changes nothing. More fields than columns
+    /// raise the column count. Get returns the string as put; lowering Cols cuts it.
+    std::string FormatString() const;
+    void FormatString(std::string_view format);
+
+    // --- The whole grid. Colours with the high bit set are system colours (window, button face, ...).
+    std::uint32_t BackColor() const;
+    void BackColor(std::uint32_t color);
+    std::uint32_t BackColorBkg() const;  ///< the area beyond the cells
+    void BackColorBkg(std::uint32_t color);
+    std::uint32_t BackColorFixed() const;
+    void BackColorFixed(std::uint32_t color);
+    std::uint32_t ForeColor() const;
+    void ForeColor(std::uint32_t color);
+    std::uint32_t ForeColorFixed() const;
+    void ForeColorFixed(std::uint32_t color);
+    std::int32_t Appearance() const;  ///< 0 flat, 1 three-dimensional
+    void Appearance(std::int32_t appearance);
+    mEmflexMerge MergeCells() const;
+    void MergeCells(mEmflexMerge merge);
+    /// 0 painting is off, 1 on, 2 on and buffered.
+    std::int32_t Redraw() const;
+    void Redraw(std::int32_t drawing);
+    /// False: no scroll bars ever. True (the start): shown when needed.
+    bool ScrollBars() const;
+    void ScrollBars(bool automatic);
+    /// False: the current cell is not drawn as such (the total row).
+    bool ShowCursor() const;
+    void ShowCursor(bool show);
+    /// True: the whole current row is highlighted, and Left and Right only scroll (pick-lists).
+    bool SelectsRows() const;
+    void SelectsRows(bool rows);
+
+    // --- The view.
+    std::int32_t Width() const;
+    std::int32_t Height() const;
+    void Resize(std::int32_t width, std::int32_t height);
+    /// A strip at the bottom of the cells that something else covers (the total row); rows can be scrolled clear of it.
+    std::int32_t BottomStrip() const;
+    void BottomStrip(std::int32_t twips);
+    bool HorizontalBarShown() const;
+    bool VerticalBarShown() const;
+    /// The size without the scroll bars that are shown.
+    std::int32_t ClientWidth() const;
+    std::int32_t ClientHeight() const;
+    /// First scrollable row and column shown. A put is clamped; a change raises AfterScroll.
+    std::int32_t TopRow() const;
+    void TopRow(std::int32_t row);
+    std::int32_t LeftCol() const;
+    void LeftCol(std::int32_t col);
+    /// Both at once, with one AfterScroll.
+    void ScrollTo(std::int32_t topRow, std::int32_t leftCol);
+    /// The largest values that puts are clamped to.
+    std::int32_t MaxTopRow() const;
+    std::int32_t MaxLeftCol() const;
+    /// "In view": not hidden, and its rectangle overlaps the client area.
+    bool RowIsVisible(std::int32_t row) const;
+    bool ColIsVisible(std::int32_t col) const;
+    /// Place of a cell in the view, also when it lies outside of it.
+    Rect CellRect(std::int32_t row, std::int32_t col) const;
+    /// Of the current cell.
+    std::int32_t CellLeft() const;
+    std::int32_t CellTop() const;
+    std::int32_t CellWidth() const;
+    std::int32_t CellHeight() const;
+    GridHit HitTest(std::int32_t x, std::int32_t y) const;
+    /// Sums of extents, hidden ones counting 0: of the whole grid, of the fixed area.
+    std::int64_t TotalHeight() const;
+    std::int64_t TotalWidth() const;
+    std::int32_t FixedHeight() const;
+    std::int32_t FixedWidth() const;
+    /// The top row that shows `row` wholly between the fixed area and `bottom` (twips from the view's top) with the least
+    /// movement; the present one when it is shown already. A row taller than that space is shown from its top.
+    std::int32_t TopRowToShow(std::int32_t row, std::int32_t bottom) const;
+    /// The same for a column and the right edge.
+    std::int32_t LeftColToShow(std::int32_t col, std::int32_t right) const;
+
+    // --- What the machine reports.
+    /// Raises KeyDown; not zeroed, arrows, Home, End and pages move. True when the key did something here.
+    bool keyDown(std::int16_t code, std::int16_t shift);
+    /// Raises KeyPress.
+    void keyPress(std::int16_t ascii);
+    void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    /// The second press of a double click.
+    void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    /// Rows to scroll; positive is down.
+    void wheel(std::int32_t rows);
+    /// The user has dragged a column's edge: sets the width and raises AfterUserResize.
+    void userColWidth(std::int32_t col, std::int32_t twips);
+
+    // --- Damage: what of the picture is no longer right.
+    /// Called when a clean picture gets its first damage; a window then asks for a paint.
+    void onDamage(std::function<void()> listener);
+    struct Damage {
+        bool all = false;
+        std::vector<Rect> rects;  ///< in the view
+    };
+    /// What has been damaged since the last call; the picture counts as clean afterwards. None while Redraw is 0.
+    Damage takeDamage();
+    /// Marks the whole picture.
+    void damageAll();
+
+    /// Hears of a change of texts, formats or rows right before it happens: `col` is the column, -1 for all.
+    class Watcher {
+      public:
+        virtual ~Watcher() = default;
+        virtual void contentWillChange(std::int32_t col) = 0;
+    };
+    /// One watcher at a time; nullptr for none. It must outlive the grid or be taken away.
+    void watch(Watcher* watcher);
+
+    // --- Events.
+    Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t, bool&> BeforeRowColChange;
+    Event<> LeaveCell;
+    Event<> EnterCell;
+    Event<> RowColChange;
+    Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t> AfterRowColChange;
+    Event<> SelChange;
+    /// After every assignment of text or data that changes the stored value, one per slot.
+    Event<std::int32_t, std::int32_t> CellChanged;
+    Event<std::int16_t&, std::int16_t> KeyDown;
+    Event<std::int16_t&> KeyPress;
+    Event<std::int16_t, std::int16_t, float, float> MouseDown;
+    Event<std::int16_t, std::int16_t, float, float> MouseMove;
+    Event<std::int16_t, std::int16_t, float, float> MouseUp;
+    Event<> Click;
+    Event<> DblClick;
+    /// Old top row and left column, new ones.
+    Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t> AfterScroll;
+    Event<std::int32_t, std::int32_t> AfterUserResize;
+    /// Raised only by code that reports the end of an edit of the grid's own; the engine edits no cells.
+    Event<std::int32_t, std::int32_t> AfterEdit;
+    /// A row was inserted (true) or removed at a position; the engine's state is already the new one.
+    Event<std::int32_t, bool> RowMoved;
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+}  // namespace kxVsGrid

@@ -1,0 +1,29 @@
+// How a column shows its texts: a number or date pattern, read once and applied to many cells.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace kxVsGrid::cellgrid {
+
+class CellFormat {
+  public:
+    CellFormat();  ///< shows every text as it is
+    explicit CellFormat(std::string_view pattern);
+    ~CellFormat();
+    CellFormat(CellFormat&&) noexcept;
+    CellFormat& operator=(CellFormat&&) noexcept;
+
+    const std::string& pattern() const;
+    /// True when no text is changed.
+    bool plain() const;
+    /// Writes into `shown` what the pattern makes of the cell text and returns true; returns false, `shown` untouched,
+    /// when the text is shown unchanged.
+    bool apply(std::string_view text, std::string& shown) const;
+
+  private:
+    struct Pattern;
+    std::unique_ptr<Pattern> pattern_;
+};
+}  // namespace kxVsGrid::cellgrid
