@@ -6,16 +6,18 @@
 //     grid.Text(5, 1, "A001");
 //     grid.CellChanged.connect([](std::int32_t row, std::int32_t col) { ... });
 //
-// Rows and columns count from 0, fixed ones included: rows below FixedRows and columns below FixedCols are headers.
-// A cell has a text (what it shows), data (a hidden string, the tag), an alignment and two colours, the last three
-// "not set" until given. Sizes and places are twips. Misuse throws GridError, whose text names the member and the
-// value; nothing has changed then.
+// Rows and columns count from 0, fixed ones included: rows below FixedRows and columns below FixedCols are
+// headers. A cell has a text (what it shows), data (a hidden string, the tag), an alignment and two colours,
+// the last three "not set" until given. Sizes and places are twips. Misuse throws GridError, whose text names
+// the member and the value; nothing has changed then.
 //
-// Cost: memory follows the cells that were written, not the rows that exist. Reading and writing a cell is constant
-// time; position <-> row is logarithmic; inserting or removing a row in the middle of a million moves no cells.
+// Cost: memory follows the cells that were written, not the rows that exist. Reading and writing a cell is
+// constant time; position <-> row is logarithmic; inserting or removing a row in the middle of a million
+// moves no cells.
 //
-// Order of a move of the current cell, by code or by the user: BeforeRowColChange (cancelled: stop) -> LeaveCell
-// (still the old cell) -> the cell changes -> EnterCell -> RowColChange -> AfterRowColChange -> SelChange.
+// Order of a move of the current cell, by code or by the user: BeforeRowColChange (cancelled: stop) ->
+// LeaveCell (still the old cell) -> the cell changes -> EnterCell -> RowColChange -> AfterRowColChange ->
+// SelChange.
 #pragma once
 
 #include <cstdint>
@@ -56,8 +58,8 @@ class CellGrid {
     CellGrid(const CellGrid&) = delete;
     CellGrid& operator=(const CellGrid&) = delete;
 
-    // --- Size: 0 <= fixed <= count <= maximum, else GridError. Shrinking discards cells. Cols 0 is allowed: the fixed
-    // columns become 0 and the current column -1, until columns return.
+    // --- Size: 0 <= fixed <= count <= maximum, else GridError. Shrinking discards cells. Cols 0 is allowed:
+    // the fixed columns become 0 and the current column -1, until columns return.
     std::int32_t Rows() const;
     void Rows(std::int32_t count);
     std::int32_t Cols() const;
@@ -67,8 +69,8 @@ class CellGrid {
     std::int32_t FixedCols() const;
     void FixedCols(std::int32_t count);
 
-    /// Inserts one empty row of default height before `position`; Rows() appends. A current cell at or below it follows
-    /// its data, without events.
+    /// Inserts one empty row of default height before `position`; Rows() appends. A current cell at or below
+    /// it follows its data, without events.
     void InsertRow(std::int32_t position);
     /// Removes one row. Removing the current row keeps the index, or takes the new last row; no events.
     void RemoveRow(std::int32_t position);
@@ -94,23 +96,25 @@ class CellGrid {
     void CellForeColor(std::int32_t row, std::int32_t col, std::optional<std::uint32_t> color);
     std::optional<std::uint32_t> CellBackColor(std::int32_t row, std::int32_t col) const;
     void CellBackColor(std::int32_t row, std::int32_t col, std::optional<std::uint32_t> color);
-    /// Gives the cells of rows `firstRow` to `lastRow` of one column both colours; a whole column costs one entry.
+    /// Gives the cells of rows `firstRow` to `lastRow` of one column both colours; a whole column costs one
+    /// entry.
     void PaintColumn(std::int32_t col, std::int32_t firstRow, std::int32_t lastRow,
                      std::optional<std::uint32_t> foreColor, std::optional<std::uint32_t> backColor);
     /// Alignment as drawn: the cell's own, else its column's (in fixed rows the column's fixed alignment).
     /// General is resolved to left or right centre by the text.
     mEmflexAlign EffectiveAlignment(std::int32_t row, std::int32_t col) const;
-    /// Empties texts and data of all cells of a row range; colours and alignments stay. Raises no CellChanged.
+    /// Empties texts and data of all cells of a row range; colours and alignments stay. Raises no
+    /// CellChanged.
     void ClearText(std::int32_t firstRow, std::int32_t lastRow);
 
-    /// The cell's text is asked from `compute` at every look, until code writes a text there. Raises no CellChanged;
-    /// nothing is stored.
+    /// The cell's text is asked from `compute` at every look, until code writes a text there. Raises no
+    /// CellChanged; nothing is stored.
     void ComputedText(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
-    /// From now on column 0 of data row r answers r - FixedRows + 1 from its position, until code writes a text there.
-    /// Not stored, no CellChanged. Nothing without a fixed column.
+    /// From now on column 0 of data row r answers r - FixedRows + 1 from its position, until code writes a
+    /// text there. Not stored, no CellChanged. Nothing without a fixed column.
     void NumberRows();
-    /// The sum of the leading numbers of the displayed texts of a column's data rows, added up in row order in a
-    /// double. Numbers once read are remembered until their cell changes.
+    /// The sum of the leading numbers of the displayed texts of a column's data rows, added up in row order
+    /// in a double. Numbers once read are remembered until their cell changes.
     double ColumnSum(std::int32_t col) const;
 
     // --- Columns. Setting a column property erases no cell setting.
@@ -142,9 +146,9 @@ class CellGrid {
     bool MergeRow(std::int32_t row) const;
     void MergeRow(std::int32_t row, bool merge);
 
-    /// Captions, widths and alignments: fields separated by '|' up to an optional ';', after which captions of column 0
-    /// follow. A field: optional '<' '^' '>', then the caption; an empty one changes nothing. More fields than columns
-    /// raise the column count. Get returns the string as put; lowering Cols cuts it.
+    /// Captions, widths and alignments: fields separated by '|' up to an optional ';', after which captions
+    /// of column 0 follow. A field: optional '<' '^' '>', then the caption; an empty one changes nothing.
+    /// More fields than columns raise the column count. Get returns the string as put; lowering Cols cuts it.
     std::string FormatString() const;
     void FormatString(std::string_view format);
 
@@ -180,7 +184,8 @@ class CellGrid {
     std::int32_t Width() const;
     std::int32_t Height() const;
     void Resize(std::int32_t width, std::int32_t height);
-    /// A strip at the bottom of the cells that something else covers (the total row); rows can be scrolled clear of it.
+    /// A strip at the bottom of the cells that something else covers (the total row); rows can be scrolled
+    /// clear of it.
     std::int32_t BottomStrip() const;
     void BottomStrip(std::int32_t twips);
     bool HorizontalBarShown() const;
@@ -214,8 +219,9 @@ class CellGrid {
     std::int64_t TotalWidth() const;
     std::int32_t FixedHeight() const;
     std::int32_t FixedWidth() const;
-    /// The top row that shows `row` wholly between the fixed area and `bottom` (twips from the view's top) with the least
-    /// movement; the present one when it is shown already. A row taller than that space is shown from its top.
+    /// The top row that shows `row` wholly between the fixed area and `bottom` (twips from the view's top)
+    /// with the least movement; the present one when it is shown already. A row taller than that space is
+    /// shown from its top.
     std::int32_t TopRowToShow(std::int32_t row, std::int32_t bottom) const;
     /// The same for a column and the right edge.
     std::int32_t LeftColToShow(std::int32_t col, std::int32_t right) const;
@@ -242,7 +248,8 @@ class CellGrid {
         bool all = false;
         std::vector<Rect> rects;  ///< in the view
     };
-    /// What has been damaged since the last call; the picture counts as clean afterwards. None while Redraw is 0.
+    /// What has been damaged since the last call; the picture counts as clean afterwards. None while Redraw
+    /// is 0.
     Damage takeDamage();
     /// Marks the whole picture.
     void damageAll();

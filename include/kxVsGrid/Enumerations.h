@@ -71,8 +71,8 @@ enum gEmTextDataType : std::int32_t {
     i单价型 = 10,
 };
 
-/// Virtual key codes as they arrive in the key events. Only the keys that the control gives a meaning are named;
-/// letters and digits have the code of their ASCII capital.
+/// Virtual key codes as they arrive in the key events. Only the keys that the control gives a meaning are
+/// named; letters and digits have the code of their ASCII capital.
 enum class Key : std::int16_t {
     None = 0,
     Back = 8,

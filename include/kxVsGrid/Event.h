@@ -2,10 +2,10 @@
 //
 //     grid.AddVsRow.connect([](std::int32_t row, bool& consent) { consent = true; });
 //
-// Arguments that the host may change are references. Listeners run in the order in which they were connected and
-// see each other's changes. A listener may end its own or another connection, connect new listeners (they hear
-// the next event, not this one), raise the event again, or destroy the event's owner. An exception that leaves a
-// listener reaches whoever raised the event; the listeners after it are not called.
+// Arguments that the host may change are references. Listeners run in the order in which they were connected
+// and see each other's changes. A listener may end its own or another connection, connect new listeners (they
+// hear the next event, not this one), raise the event again, or destroy the event's owner. An exception that
+// leaves a listener reaches whoever raised the event; the listeners after it are not called.
 //
 // Cost: an event that nobody listens to copies and allocates nothing when it is raised.
 #pragma once
@@ -79,7 +79,8 @@ class Event {
             State& state;
             explicit Span(State& s) : state(s) { ++state.raising; }
             ~Span() {
-                if (--state.raising == 0) std::erase_if(state.listeners, [](auto& slot) { return !*slot->alive; });
+                if (--state.raising == 0)
+                    std::erase_if(state.listeners, [](auto& slot) { return !*slot->alive; });
             }
         } span(*state);
         const std::size_t count = state->listeners.size();

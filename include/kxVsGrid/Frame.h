@@ -1,10 +1,11 @@
-// What a window paints of a grid: an ordered list of fills, lines, texts and check marks for the visible part.
+// What a window paints of a grid: an ordered list of fills, lines, texts and check marks for the visible
+// part.
 //
 //     kxVsGrid::Frame frame = kxVsGrid::makeFrame(grid, state);
 //     for (const auto& item : frame.items) painter.draw(item);   // first to last
 //
-// A toolkit replays it, a test reads it, a printer can replay it. Its cost depends on what is visible, not on how many
-// rows there are.
+// A toolkit replays it, a test reads it, a printer can replay it. Its cost depends on what is visible, not on
+// how many rows there are.
 #pragma once
 
 #include <cstdint>
@@ -35,9 +36,9 @@ struct FrameItem {
 
 /// What a frame depends on beside the grid.
 struct FrameState {
-    bool focused = false;      ///< the grid or its editor has the focus
-    bool editorOpen = false;   ///< the editor lies over the current cell
-    Rect clip{0, 0, -1, -1};   ///< only what overlaps it is made; an empty one stands for the whole view
+    bool focused = false;     ///< the grid or its editor has the focus
+    bool editorOpen = false;  ///< the editor lies over the current cell
+    Rect clip{0, 0, -1, -1};  ///< only what overlaps it is made; an empty one stands for the whole view
 };
 
 struct Frame {

@@ -3,9 +3,9 @@
 //     Variant v = "12";          v.toInt32() == 12;       v.toBoolean() == true
 //     Variant t = Table(0, 3, 0, 2);                      t.table()->at(1, 2) = "A001";
 //
-// Conversions: "True" and "False" in any letter case, or a complete number, become Boolean (every number but 0 is
-// True); complete numbers become integers, halves rounded to even, range-checked; True is -1; empty is 0, False or
-// no text. Anything else (null included) throws ConversionError.
+// Conversions: "True" and "False" in any letter case, or a complete number, become Boolean (every number but
+// 0 is True); complete numbers become integers, halves rounded to even, range-checked; True is -1; empty is
+// 0, False or no text. Anything else (null included) throws ConversionError.
 #pragma once
 
 #include <cstdint>
@@ -85,7 +85,8 @@ class Variant {
     double toDouble() const;
     std::string toText() const;
 
-    /// The array, or nullptr when the value is none. The mutable one separates this value from its copies first.
+    /// The array, or nullptr when the value is none. The mutable one separates this value from its copies
+    /// first.
     const Table* table() const;
     Table* table();
 

@@ -4,8 +4,8 @@
 //     price->sName("单价");
 //     price->iType(kxVsGrid::flexDTDouble);
 //
-// A plain holder of values: no behaviour but its defaults and the normalisation of three texts. The control reads a
-// definition afresh at each use, so a host may keep a reference and change it at any time.
+// A plain holder of values: no behaviour but its defaults and the normalisation of three texts. The control
+// reads a definition afresh at each use, so a host may keep a reference and change it at any time.
 #pragma once
 
 #include <cstdint>
@@ -123,8 +123,8 @@ class cVsControl {
     bool bIsPrint() const { return bIsPrint_; }
     void bIsPrint(bool value) { bIsPrint_ = value; }
 
-    /// Where Enter goes from this column: empty or c the next editable cell, r one row down, or a target "row,column".
-    /// Stored trimmed and in lower case; row becomes r, col becomes c.
+    /// Where Enter goes from this column: empty or c the next editable cell, r one row down, or a target
+    /// "row,column". Stored trimmed and in lower case; row becomes r, col becomes c.
     const std::string& sCellInput() const { return sCellInput_; }
     void sCellInput(std::string_view value);
 

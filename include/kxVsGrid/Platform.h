@@ -1,0 +1,150 @@
+// What the control asks of the machine it runs on, and what the machine tells the control.
+//
+// A machine is a Platform: message boxes, clipboard, clock, text widths. Each control has a place on it, a
+// Seat: the focus, the text box that stands for the editor, the settings' container. What the clerk does
+// comes back through the control's Input. headless::Desk is a machine without a window; kxGridWidget is one
+// that paints.
+//
+// Everything runs on one thread. The core decides, the machine carries out: a text box mirrors the EditorView
+// that it is shown and reports only what the clerk changed in it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "kxVsGrid/DateTime.h"
+#include "kxVsGrid/Enumerations.h"
+#include "kxVsGrid/Geometry.h"
+
+namespace kxVsGrid {
+
+class kxGrid;
+
+/// Who has the keyboard. Elsewhere means another control of the same window: another window, a box of ours, a
+/// menu or a dialog in front does not count as a loss, and the machine does not report it.
+enum class FocusPlace { Elsewhere, Surface, Grid, Editor, HelpButton };
+
+/// The editor as it has to be shown: a text box over the current cell and a small button at its right edge.
+struct EditorView {
+    bool visible = false;
+    bool enabled = true;
+    bool helpButton = false;  ///< the button is shown
+    bool multiLine = false;
+    bool refused = false;  ///< the text was refused and has not been changed since: shown with a red frame
+    bool readsDigits =
+        false;  ///< numbers and dates are expected; an input method may prefer them, never enforce them
+    std::int16_t limit =
+        0;  ///< most characters that can be typed, 0 for no limit; texts set by code are never cut
+    mEmflexAlign alignment = flexAlignLeftCenter;
+    Rect rect;  ///< twips, in the control; without the button
+    Rect helpRect;
+    std::string text;
+    std::size_t selStart = 0;  ///< in characters
+    std::size_t selLength = 0;
+};
+
+/// A message for the clerk. Styles: 16 critical, 64 information.
+struct MessageBox {
+    std::string text;
+    std::int32_t style = 0;
+    std::string title;
+    friend bool operator==(const MessageBox&, const MessageBox&) = default;
+};
+
+/// A question with a line of text for the answer.
+struct InputBox {
+    std::string prompt;
+    std::string title;
+    std::string preset;
+    friend bool operator==(const InputBox&, const InputBox&) = default;
+};
+
+/// One key going down, with the character that it types.
+struct KeyStroke {
+    std::int16_t code = 0;   ///< a Key, or the ASCII capital of a letter or digit
+    std::int16_t shift = 0;  ///< a sum of ShiftMask
+    /// UTF-8; control characters for Enter "\r", Esc "\x1b", Backspace "\b", Ctrl+letter "\x01" to "\x1a";
+    /// empty for keys that type none (arrows, function keys, Insert, Delete, Tab).
+    std::string character;
+};
+
+/// What the machine tells one control. Coordinates are twips in the control.
+class Input {
+  public:
+    virtual ~Input() = default;
+
+    /// The keyboard has gone to `place`. Reported when it has happened, also when the control asked for it.
+    virtual void focusMoved(FocusPlace place) = 0;
+    virtual FocusPlace focus() const = 0;
+
+    /// A key for whoever has the focus: key down, and for a key with a character key press. True when the
+    /// control has used it up; false when the text box (or, on the surface and for Tab at the ends, the
+    /// window) shall act on it.
+    virtual bool key(const KeyStroke& stroke) = 0;
+    virtual void keyUp(std::int16_t code, std::int16_t shift) = 0;
+
+    /// The clerk changed the editor's text or its selection (in characters).
+    virtual void edited(std::string_view text, std::size_t selStart, std::size_t selLength) = 0;
+    virtual void selected(std::size_t selStart, std::size_t selLength) = 0;
+    /// Opens the editor over the current cell as a typed character would, without the character (composition,
+    /// paste). False when the cell is not typed into: read-only, fixed, Boolean.
+    virtual bool openForTyping() = 0;
+    /// An input method has begun to compose, or is done. In between no key is acted on.
+    virtual void composing(bool underway) = 0;
+
+    virtual void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
+    virtual void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
+    virtual void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
+    virtual void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
+    virtual void helpButtonPressed() = 0;
+    /// The mouse moved over the control's own surface, outside the grids.
+    virtual void surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) = 0;
+    /// Notches of the wheel; positive is down. Three rows each.
+    virtual void wheel(std::int32_t notches) = 0;
+    /// The clerk moved a scroll bar.
+    virtual void scrolled(std::int32_t topRow, std::int32_t leftCol) = 0;
+    /// The control's inner size has changed, or is given for the first time: runs the layout.
+    virtual void resized(std::int32_t width, std::int32_t height) = 0;
+};
+
+/// The place that one control has on its machine.
+class Seat {
+  public:
+    virtual ~Seat() = default;
+    /// Moves the keyboard to a part of this control; the machine reports back through Input::focusMoved.
+    virtual void giveFocus(FocusPlace place) = 0;
+    /// Moves the keyboard to the control after (or before) this one in the window.
+    virtual void leaveControl(bool forward) = 0;
+    /// The editor has changed: mirror it.
+    virtual void showEditor(const EditorView& editor) = 0;
+    /// Delivers a character to the text box as a keystroke; what it makes of the text is reported through
+    /// Input::edited before this returns.
+    virtual void typeIntoEditor(std::string_view character) = 0;
+    /// Places or scroll ranges may have changed; the control's totalRowRect() and its grids tell.
+    virtual void layoutChanged() = 0;
+    /// A persisted setting has changed: the container may want to save.
+    virtual void settingChanged(std::string_view name) = 0;
+};
+
+class Platform {
+  public:
+    virtual ~Platform() = default;
+    /// A place for a control under construction; called once by its constructor. Messages to the control's
+    /// input may start when the constructor has returned.
+    virtual std::unique_ptr<Seat> seat(kxGrid& control) = 0;
+    /// Must outlive the controls.
+    virtual const TextMetrics& textMetrics() const = 0;
+    virtual DateTime now() const = 0;
+    /// Shows the message and waits for the clerk.
+    virtual void showMessage(const MessageBox& box) = 0;
+    /// The answer, or nothing when the box was cancelled.
+    virtual std::optional<std::string> askText(const InputBox& box) = 0;
+    virtual void clipboardText(std::string_view text) = 0;
+    /// Lets input that waits be handled, as a typed key is passed on to the editor.
+    virtual void processPendingInput() = 0;
+};
+}  // namespace kxVsGrid

@@ -1,0 +1,138 @@
+// A machine without a window: for tests of hosts, and of the control itself.
+//
+//     kxVsGrid::headless::Desk desk;                 // 9000 x 6000 twips, the clock at a fixed moment
+//     kxVsGrid::kxGrid& grid = desk.place();         // a newly placed control
+//     myHost.attach(grid);
+//     grid.ReDraw(true);
+//     desk.focusGrid();
+//     desk.type("12*3").press(Key::Enter);
+//     assert(grid.ReadCell(1, 1, true) == "36");
+//     assert(desk.messages().empty());
+//
+// It shows nothing, records everything and answers from scripts: input boxes that were not scripted are
+// cancelled. Several controls may live on one desk; what the clerk does goes to the one that was placed,
+// loaded or chosen with use() last. Its text box carries out characters, Backspace, Delete, Left, Right,
+// Home, End and, where several lines are allowed, Enter (a line feed).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kxVsGrid/Platform.h"
+#include "kxVsGrid/kxGrid.h"
+
+namespace kxVsGrid::headless {
+
+/// The editor as a clerk sees it.
+struct EditorState {
+    bool visible = false;
+    bool enabled = true;
+    std::string text;
+    std::string tag;
+    std::size_t selStart = 0;
+    std::size_t selLength = 0;
+    Rect rect;
+    bool helpButton = false;
+    bool refused = false;
+};
+
+class Desk : public Platform {
+  public:
+    Desk();
+    ~Desk() override;
+
+    // --- Controls.
+    /// Places a new control and makes it the one in use. It stays until the desk goes, or until remove().
+    kxGrid& place();
+    /// Loads one from settings; returned also when reading failed.
+    kxGrid& load(PropertyBag& bag);
+    void use(kxGrid& grid);
+    /// Destroys a control, as closing its form does; allowed from inside its events: it then goes when the
+    /// call that the desk is carrying out has returned.
+    void remove(kxGrid& grid);
+    kxGrid& grid();
+
+    // --- The form.
+    /// Sets the control's size and runs its layout.
+    Desk& resize(std::int32_t width, std::int32_t height);
+    Desk& focusGrid();
+    Desk& focusSurface();
+    /// Another control of the same window.
+    Desk& focusElsewhere();
+    FocusPlace focusOwner() const;
+
+    // --- Keys, to whoever holds the focus.
+    /// Each character: key down, key press, key up.
+    Desk& type(std::string_view text);
+    Desk& press(Key key, std::int16_t shift = 0);
+    Desk& press(std::int16_t code, std::int16_t shift = 0);
+    /// An input method shows `text` as being composed, in place of what it showed before.
+    Desk& compose(std::string_view text);
+    /// It ends with the committed text; an empty one drops the composition.
+    Desk& commitComposition(std::string_view text);
+
+    // --- Mouse. Cells that are not in view cannot be hit: the test fails with std::logic_error.
+    Desk& click(std::int32_t row, std::int32_t col, std::int16_t shift = 0);
+    Desk& doubleClick(std::int32_t row, std::int32_t col);
+    Desk& rightClick(std::int32_t row, std::int32_t col, std::int16_t shift = 0);
+    Desk& clickEditor();
+    Desk& pressHelpButton();
+    Desk& mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    Desk& mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    Desk& mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    Desk& surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y);
+    /// The user drags the right edge of a column until it is this wide.
+    Desk& dragColumn(std::int32_t col, std::int32_t twips);
+    /// Notches; positive is down.
+    Desk& wheel(std::int32_t notches);
+    Desk& scrollTo(std::int32_t topRow, std::int32_t leftCol);
+
+    // --- The editor.
+    EditorState editor() const;
+    /// The clerk moves the caret or selects; positions count characters.
+    Desk& select(std::size_t start, std::size_t length = 0);
+
+    // --- What was shown and asked.
+    const std::vector<MessageBox>& messages() const;
+    const std::vector<InputBox>& inputBoxes() const;
+    /// The answer to the next input box that has none yet.
+    Desk& answerInputBox(std::string answer);
+    Desk& cancelInputBox();
+    const std::string& clipboard() const;
+    /// Names of changed settings, in order, of all controls.
+    const std::vector<std::string>& reports() const;
+    /// How the last press of Tab ended: 1 and -1 left the control forwards and backwards, 0 did not.
+    int leftControl() const;
+    Desk& setNow(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour = 0,
+                 std::int32_t minute = 0, std::int32_t second = 0);
+    /// Empties the records.
+    Desk& clear();
+    /// The visible grid as text; the editor is shown as [text], the current cell as <text>. For failing
+    /// tests.
+    std::string ascii() const;
+
+    // --- Platform.
+    std::unique_ptr<Seat> seat(kxGrid& control) override;
+    const TextMetrics& textMetrics() const override;
+    DateTime now() const override;
+    void showMessage(const MessageBox& box) override;
+    std::optional<std::string> askText(const InputBox& box) override;
+    void clipboardText(std::string_view text) override;
+    void processPendingInput() override;
+
+  private:
+    struct Station;
+    struct Records;
+    class DeskSeat;
+    Station& station() const;
+    std::vector<std::unique_ptr<Station>> stations_;
+    Station* current_ = nullptr;
+    std::unique_ptr<Records> records_;
+};
+}  // namespace kxVsGrid::headless

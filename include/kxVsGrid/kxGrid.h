@@ -1,0 +1,179 @@
+// The data-entry grid: a clerk keys business documents row after row, a host describes columns and answers
+// events.
+//
+//     kxVsGrid::kxGrid& grid = widget.grid();          // or desk.place() in a test
+//     grid.FormatString("行号|<货号    |>数量    |>金额      ");
+//     grid.VsCtrl(2)->iType(kxVsGrid::flexDTDouble);
+//     grid.VsCtrl(2)->b是否合计数据(true);
+//     grid.SumRow(true);
+//     grid.AddVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
+//     grid.ReDraw(true);                                // applies the definitions; SetCell keeps totals from
+//     here on
+//
+// Rows and columns count from 0, fixed ones included; sizes are twips; colours are 32-bit values, those with
+// the high bit set name system colours. A property is a pair of overloads with the same name. Events are
+// listed in GridEvents.h.
+//
+// Errors: SetCell, ReadCell and ReadSum show a message box and go on; a cell outside the grid is ignored. The
+// other members throw GridError when they are misused, and let a host handler's exception through.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/Enumerations.h"
+#include "kxVsGrid/GridEvents.h"
+#include "kxVsGrid/Members.h"
+#include "kxVsGrid/Platform.h"
+#include "kxVsGrid/PropertyBag.h"
+#include "kxVsGrid/cVsControl.h"
+
+namespace kxVsGrid {
+
+class kxGrid : public GridEvents {
+  public:
+    /// The bare control; follow with InitProperties (newly placed) or ReadProperties (loaded). The platform
+    /// must outlive it.
+    explicit kxGrid(Platform& platform);
+    ~kxGrid();
+    kxGrid(const kxGrid&) = delete;
+    kxGrid& operator=(const kxGrid&) = delete;
+
+    /// A newly placed control: Editable True, bIsShowZero False, SumRow False.
+    void InitProperties();
+    /// Loads the settings that a container kept.
+    void ReadProperties(PropertyBag& bag);
+    /// Saves them.
+    void WriteProperties(PropertyBag& bag);
+
+    // --- The editor.
+    /// Applies the current column's rules and commits an open editor. False when the input is refused.
+    bool ValidTextData();
+    /// The same, as a property.
+    bool IsValid();
+    /// Text and tag of the editor, also while it is hidden: then they are those of the current cell as
+    /// entered.
+    std::string Text() const;
+    void Text(std::string_view text);
+    std::string TextTag() const;
+    void TextTag(std::string_view tag);
+
+    // --- Cells.
+    /// Writes a cell's text and tag, after committing an open editor. Unless bIsShowZero, a zero in a number
+    /// column and no date, or 1900-01-01, in a date column become empty; fixed cells are written as given. A
+    /// cell outside the grid is ignored.
+    void SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag = {});
+    /// The cell's tag, or its displayed text when `piReturnTextorID` is True; empty outside the grid. Commits
+    /// first.
+    std::string ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID = false);
+    /// The displayed text of a column's total.
+    std::string ReadSum(std::int32_t Col) const;
+    /// Removes every data row, puts five empty ones back, hides the editor.
+    void Clear();
+
+    // --- Column definitions.
+    /// The definition of a column, created when there is none yet; VsCtrl(Cols()) is the spare one. GridError
+    /// beyond.
+    std::shared_ptr<cVsControl> VsCtrl(std::int16_t Col);
+    /// The current column's definition. Putting stores the object itself; putting nothing empties the slot.
+    std::shared_ptr<cVsControl> SetVsControl();
+    void SetVsControl(std::shared_ptr<cVsControl> definition);
+
+    // --- State.
+    /// The clerk has changed something since loading; always False while Editable is False.
+    bool bIsDirty() const;
+    bool IsActive() const;
+    bool Editable() const;
+    void Editable(bool editable);
+    /// True shows zeros and empty dates as they are instead of blanking them in SetCell.
+    bool bIsShowZero() const;
+    void bIsShowZero(bool show);
+    /// True runs the set-up from the column definitions and keeps totals up to date from then on. Starts
+    /// False.
+    bool ReDraw() const;
+    void ReDraw(bool redraw);
+    bool SumRow() const;
+    void SumRow(bool show);
+
+    // --- Rows and columns.
+    std::int32_t Rows() const;
+    /// Never leaves fewer than five data rows.
+    void Rows(std::int32_t count);
+    std::int32_t Cols() const;
+    void Cols(std::int32_t count);
+    std::int32_t FixedRows() const;
+    void FixedRows(std::int32_t count);
+    std::int32_t FixedCols() const;
+    void FixedCols(std::int32_t count);
+    std::int32_t Row() const;
+    void Row(std::int32_t row);
+    std::int32_t Col() const;
+    void Col(std::int32_t col);
+    std::string FormatString() const;
+    void FormatString(std::string_view format);
+    bool ColHidden(std::int32_t Col) const;
+    void ColHidden(std::int32_t Col, bool hidden);
+    std::string ColFormat(std::int32_t Col) const;
+    void ColFormat(std::int32_t Col, std::string_view format);
+    std::int32_t ColWidth(std::int32_t Col) const;
+    void ColWidth(std::int32_t Col, std::int32_t twips);
+    mEmflexAlign ColAlignment(std::int32_t Col) const;
+    void ColAlignment(std::int32_t Col, mEmflexAlign alignment);
+    std::int32_t RowHeight(std::int32_t Row) const;
+    void RowHeight(std::int32_t Row, std::int32_t twips);
+    std::int32_t SumRowHeight() const;
+    void SumRowHeight(std::int32_t twips);
+    mEmflexMerge MergeCells() const;
+    void MergeCells(mEmflexMerge merge);
+    bool MergeCol(std::int32_t Col) const;
+    void MergeCol(std::int32_t Col, bool merge);
+    bool MergeRow(std::int32_t Row) const;
+    void MergeRow(std::int32_t Row, bool merge);
+
+    // --- Look.
+    std::uint32_t BackColor() const;
+    void BackColor(std::uint32_t color);
+    std::uint32_t BackColorBkg() const;
+    void BackColorBkg(std::uint32_t color);
+    std::uint32_t BackColorFixed() const;
+    void BackColorFixed(std::uint32_t color);
+    std::uint32_t ForeColor() const;
+    void ForeColor(std::uint32_t color);
+    std::uint32_t ForeColorFixed() const;
+    void ForeColorFixed(std::uint32_t color);
+    std::int32_t Appearance() const;
+    void Appearance(std::int32_t appearance);
+    /// Colour of the total row's cells, until its next set-up makes them light grey again.
+    void VsSumCellBackColor(std::uint32_t color);
+
+    // --- The grids themselves, for what is not forwarded.
+    CellGrid& Grid();
+    const CellGrid& Grid() const;
+    CellGrid& Grid_Sum();
+    const CellGrid& Grid_Sum() const;
+
+    // --- The members above by name, in interface order. Get and Put serve properties without arguments;
+    // GridError for a name that is none, ConversionError for a value that does not fit.
+    static std::span<const Member> members();
+    Variant Get(std::string_view name);
+    void Put(std::string_view name, const Variant& value);
+
+    // --- For the machine.
+    Input& input();
+    const EditorView& editorView() const;
+    /// Where the two grids lie in the control.
+    Rect gridRect() const;
+    Rect totalRowRect() const;
+    bool totalRowShown() const;
+    /// Adds a row through the row commands' routine; `Position` Rows() is after the last row.
+    void AddRow(std::int32_t Position, bool WithDefaults, bool CopyData);
+
+  private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
+}  // namespace kxVsGrid
