@@ -29,7 +29,9 @@ class Variant;
 /// A one- or two-dimensional array that knows its bounds.
 class Table {
   public:
-    Table() = default;  ///< one element in one dimension, bounds 0 to 0
+    Table();  ///< one element in one dimension, bounds 0 to 0
+    /// std::out_of_range when an upper bound is smaller than its lower bound less 1; less 1 is a table
+    /// without elements.
     Table(std::int32_t lower, std::int32_t upper);
     Table(std::int32_t lower1, std::int32_t upper1, std::int32_t lower2, std::int32_t upper2);
 

@@ -10,9 +10,10 @@
 
 namespace kxVsGrid::support {
 
-/// Reads y-m-d, y/m/d, y.m.d or y年m月d日, one- or two-digit month and day, a four-digit year 100 to 9999 (0100 to
-/// 9999) or a two-digit one (00 to 29 are 2000s, 30 to 99 are 1900s), optionally followed by a blank and H:mm or
-/// H:mm:ss. Blanks around the whole are ignored. A day that the calendar does not have, a time alone or a number alone is no date.
+/// Reads y-m-d, y/m/d, y.m.d or y年m月d日, one- or two-digit month and day, a four-digit year 100 to 9999
+/// (0100 to 9999) or a two-digit one (00 to 29 are 2000s, 30 to 99 are 1900s), optionally followed by a blank
+/// and H:mm or H:mm:ss. Blanks around the whole are ignored. A day that the calendar does not have, a time
+/// alone or a number alone is no date.
 std::optional<DateTime> parseDate(std::string_view text);
 
 bool isLeapYear(std::int32_t year);

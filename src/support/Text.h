@@ -1,5 +1,5 @@
-// Text as the clerk counts it: UTF-8 whose characters are code points. A byte that is no part of valid UTF-8 counts
-// as one character and is carried along unchanged.
+// Text as the clerk counts it: UTF-8 whose characters are code points. A byte that is no part of valid UTF-8
+// counts as one character and is carried along unchanged.
 #pragma once
 
 #include <cstddef>
