@@ -18,8 +18,8 @@ class CellFormat {
     const std::string& pattern() const;
     /// True when no text is changed.
     bool plain() const;
-    /// Writes into `shown` what the pattern makes of the cell text and returns true; returns false, `shown` untouched,
-    /// when the text is shown unchanged.
+    /// Writes into `shown` what the pattern makes of the cell text and returns true; returns false, `shown`
+    /// untouched, when the text is shown unchanged.
     bool apply(std::string_view text, std::string& shown) const;
 
   private:

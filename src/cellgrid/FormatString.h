@@ -12,7 +12,7 @@
 namespace kxVsGrid::cellgrid {
 
 struct FormatField {
-    bool empty = true;                  ///< changes nothing
+    bool empty = true;                  ///< nothing between the separators: changes nothing
     std::optional<mEmflexAlign> align;  ///< from the mark '<' '^' '>': left 1, centre 4, right 7
     std::string_view text;              ///< without the mark, untrimmed: its width is the column's
     std::string_view caption;           ///< trimmed
@@ -23,7 +23,8 @@ struct ParsedFormatString {
     std::vector<FormatField> rows;  ///< after ';': captions of column 0
 };
 
-/// The views point into `format`. A field that is a mark alone sets the alignment and nothing else.
+/// The views point into `format`. A field that is a mark alone is not empty and has an empty `text`: it sets
+/// the alignment and nothing else. A text without column fields ("", ";1|2") has no columns.
 ParsedFormatString parseFormatString(std::string_view format);
 
 /// The string without the column fields from number `cols` on; the row captions stay.
