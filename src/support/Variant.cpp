@@ -42,9 +42,36 @@ std::optional<bool> wordOf(std::string_view text) {
     return {};
 }
 
-template <typename Integer>
-Integer integerOf(const Variant& value, const char* wanted) {
-    const double number = support::roundHalfEven(value.toDouble());
+// `stored` is what the value holds; `wanted` names the type of the conversion that asks.
+template <typename Stored>
+double numberOf(const Variant& value, const Stored& stored, const char* wanted) {
+    switch (value.type()) {
+        case Variant::Type::Empty:
+            return 0;
+        case Variant::Type::Boolean:
+            return std::get<bool>(stored) ? -1 : 0;
+        case Variant::Type::Int16:
+            return std::get<std::int16_t>(stored);
+        case Variant::Type::Int32:
+            return std::get<std::int32_t>(stored);
+        case Variant::Type::Double:
+            return std::get<double>(stored);
+        case Variant::Type::Text: {
+            const auto& text = std::get<std::string>(stored);
+            if (const auto number = support::completeNumber(text)) return *number;
+            if (const auto word = wordOf(text)) return *word ? -1 : 0;
+            break;
+        }
+        case Variant::Type::Null:
+        case Variant::Type::Array:
+            break;
+    }
+    refuse(value, wanted);
+}
+
+template <typename Integer, typename Stored>
+Integer integerOf(const Variant& value, const Stored& stored, const char* wanted) {
+    const double number = support::roundHalfEven(numberOf(value, stored, wanted));
     if (!(number >= std::numeric_limits<Integer>::min() && number <= std::numeric_limits<Integer>::max()))
         refuse(value, wanted);
     return static_cast<Integer>(number);
@@ -105,48 +132,21 @@ bool operator==(const Table& a, const Table& b) {
 Variant::Variant(Table table) : value_(std::make_shared<Table>(std::move(table))) {}
 
 bool Variant::toBoolean() const {
-    if (const bool* boolean = std::get_if<bool>(&value_)) return *boolean;
-    if (type() == Type::Text) {
-        const auto& text = std::get<std::string>(value_);
-        if (const auto word = wordOf(text)) return *word;
-        if (const auto number = support::completeNumber(text)) return *number != 0;
-        refuse(*this, "Boolean");
-    }
-    if (isNull() || isArray()) refuse(*this, "Boolean");
-    return toDouble() != 0;
+    if (const auto* text = std::get_if<std::string>(&value_))
+        if (const auto word = wordOf(*text)) return *word;
+    return numberOf(*this, value_, "Boolean") != 0;
 }
 
 std::int16_t Variant::toInt16() const {
-    return integerOf<std::int16_t>(*this, "16-bit integer");
+    return integerOf<std::int16_t>(*this, value_, "16-bit integer");
 }
 
 std::int32_t Variant::toInt32() const {
-    return integerOf<std::int32_t>(*this, "32-bit integer");
+    return integerOf<std::int32_t>(*this, value_, "32-bit integer");
 }
 
 double Variant::toDouble() const {
-    switch (type()) {
-        case Type::Empty:
-            return 0;
-        case Type::Boolean:
-            return std::get<bool>(value_) ? -1 : 0;
-        case Type::Int16:
-            return std::get<std::int16_t>(value_);
-        case Type::Int32:
-            return std::get<std::int32_t>(value_);
-        case Type::Double:
-            return std::get<double>(value_);
-        case Type::Text: {
-            const auto& text = std::get<std::string>(value_);
-            if (const auto number = support::completeNumber(text)) return *number;
-            if (const auto word = wordOf(text)) return *word ? -1 : 0;
-            break;
-        }
-        case Type::Null:
-        case Type::Array:
-            break;
-    }
-    refuse(*this, "number");
+    return numberOf(*this, value_, "number");
 }
 
 std::string Variant::toText() const {
