@@ -1,0 +1,42 @@
+// What the order entry looks up: goods by code, customers, warehouses. All throw DatabaseError.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+#include <vector>
+
+#include "Database.h"
+#include "Decimal.h"
+
+struct Goods {
+    QString code;
+    QString name;
+    QString spec;
+    QString unit;
+    Cents price = 0;
+};
+
+struct Customer {
+    qint64 id = 0;
+    QString code;
+    QString name;
+    QString pinyin;
+    QString contact;
+    QString phone;
+};
+
+class Catalogue {
+  public:
+    explicit Catalogue(Database& database) : database_(database) {}
+
+    /// Nothing for an unknown code.
+    std::optional<Goods> goods(const QString& code) const;
+    /// The goods whose code, name or pinyin initials start with the text, by code; at most `most`.
+    std::vector<Goods> goodsStartingWith(const QString& text, int most) const;
+    std::vector<Customer> customers() const;
+    QStringList warehouses() const;
+
+  private:
+    Database& database_;
+};

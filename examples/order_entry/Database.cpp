@@ -1,0 +1,159 @@
+#include "Database.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlError>
+#include <atomic>
+
+#include "SampleData.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int SchemaVersion = 1;
+
+constexpr int SqliteConstraint = 19;  // the low byte of SQLite's extended error numbers
+
+const char* const Tables[] = {
+    "CREATE TABLE customer (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
+    " pinyin TEXT NOT NULL, contact TEXT NOT NULL, phone TEXT NOT NULL)",
+    "CREATE TABLE goods (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
+    " pinyin TEXT NOT NULL, spec TEXT NOT NULL, unit TEXT NOT NULL, price_cents INTEGER NOT NULL)",
+    "CREATE INDEX goods_pinyin ON goods (pinyin)",
+    "CREATE TABLE warehouse (code TEXT PRIMARY KEY, name TEXT NOT NULL UNIQUE)",
+    // version counts the saves, so that two windows cannot overwrite each other unnoticed.
+    "CREATE TABLE sales_order (id INTEGER PRIMARY KEY, number TEXT NOT NULL UNIQUE, order_date TEXT NOT NULL,"
+    " customer_id INTEGER NOT NULL REFERENCES customer (id), version INTEGER NOT NULL)",
+    // Quantities are thousandths, prices and amounts cents. The goods' name, specification and price are
+    // copies: an order keeps what was agreed when the catalogue changes.
+    "CREATE TABLE order_line (order_id INTEGER NOT NULL REFERENCES sales_order (id) ON DELETE CASCADE,"
+    " line_no INTEGER NOT NULL, goods_code TEXT NOT NULL, goods_name TEXT NOT NULL, spec TEXT NOT NULL,"
+    " unit TEXT NOT NULL, quantity_milli INTEGER, price_cents INTEGER, amount_cents INTEGER,"
+    " warehouse TEXT NOT NULL, delivery_date TEXT, is_gift INTEGER NOT NULL, remark TEXT NOT NULL,"
+    " PRIMARY KEY (order_id, line_no))",
+};
+
+QString inChinese(const QString& cause) {
+    static const struct {
+        const char* english;
+        const char16_t* chinese;
+    } known[] = {
+        {"unable to open database file", u"无法打开数据库文件"},
+        {"file is not a database", u"文件不是数据库"},
+        {"attempt to write a readonly database", u"数据库是只读的"},
+        {"database is locked", u"数据库正被其他程序占用"},
+        {"database or disk is full", u"磁盘已满"},
+        {"disk I/O error", u"磁盘读写错误"},
+        {"UNIQUE constraint failed", u"编号已经存在"},
+        {"FOREIGN KEY constraint failed", u"引用的资料不存在"},
+        {"malformed", u"数据库文件已损坏"},
+    };
+    for (const auto& entry : known)
+        if (cause.contains(QLatin1StringView(entry.english)))
+            return QString::fromUtf16(entry.chinese) + u"("_s + cause.simplified() + u")"_s;
+    return cause.simplified();
+}
+
+QString message(const QString& attempt, const QString& file, const QString& cause) {
+    return attempt + u"失败。\n文件:"_s + QDir::toNativeSeparators(file) + u"\n原因:"_s + inChinese(cause);
+}
+
+QString nextConnectionName() {
+    static std::atomic<int> count{0};
+    return u"order_entry_%1"_s.arg(++count);
+}
+}  // namespace
+
+DatabaseError::DatabaseError(const QString& attempt, const QString& file, const QString& cause, int code)
+    : std::runtime_error(message(attempt, file, cause).toStdString()), code_(code) {}
+
+bool DatabaseError::isDuplicate() const {
+    return (code_ & 0xff) == SqliteConstraint && std::string_view(what()).find("UNIQUE") != std::string::npos;
+}
+
+Database::Database(QString file) : file_(std::move(file)), connection_(nextConnectionName()) {}
+
+Database::~Database() {
+    close();
+}
+
+void Database::close() {
+    open_ = false;
+    if (!database_.isValid()) return;
+    database_.close();
+    database_ = {};
+    QSqlDatabase::removeDatabase(connection_);
+}
+
+void Database::open() {
+    if (open_) return;
+    const QString attempt = u"打开数据库"_s;
+    const QDir folder = QFileInfo(file_).absoluteDir();
+    if (!folder.exists() && !QDir().mkpath(folder.path()))
+        throw DatabaseError(attempt, file_, u"无法创建文件夹 "_s + QDir::toNativeSeparators(folder.path()));
+    database_ = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection_);
+    database_.setDatabaseName(file_);
+    database_.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=2000"_s);
+    try {
+        if (!database_.open()) fail(attempt, database_.lastError());
+        open_ = true;  // so that run() does not come back here
+        run(attempt, u"PRAGMA foreign_keys = ON"_s);
+        QSqlQuery version = run(attempt, u"PRAGMA user_version"_s);
+        const int found = version.next() ? version.value(0).toInt() : 0;
+        version.finish();
+        if (found == 0) createTables();
+        if (found > SchemaVersion)
+            throw DatabaseError(attempt, file_, u"文件由本程序的更新版本建立(版本 %1)"_s.arg(found));
+    } catch (...) {
+        close();
+        throw;
+    }
+}
+
+void Database::createTables() {
+    const QString attempt = u"建立数据库"_s;
+    Transaction transaction(*this, attempt);
+    for (const char* table : Tables) run(attempt, QString::fromLatin1(table));
+    writeSampleData(*this);
+    run(attempt, u"PRAGMA user_version = %1"_s.arg(SchemaVersion));
+    transaction.commit();
+}
+
+QSqlQuery Database::run(const QString& attempt, const QString& statement, const QVariantList& values) {
+    open();
+    QSqlQuery query(database_);
+    query.setForwardOnly(true);
+    if (!query.prepare(statement)) fail(attempt, query.lastError());
+    for (const QVariant& value : values) query.addBindValue(value);
+    if (!query.exec()) fail(attempt, query.lastError());
+    return query;
+}
+
+void Database::runForEach(const QString& attempt, const QString& statement,
+                          const QList<QVariantList>& valuesPerPlaceholder) {
+    open();
+    QSqlQuery query(database_);
+    if (!query.prepare(statement)) fail(attempt, query.lastError());
+    for (const QVariantList& values : valuesPerPlaceholder) query.addBindValue(values);
+    if (!query.execBatch()) fail(attempt, query.lastError());
+}
+
+void Database::fail(const QString& attempt, const QSqlError& error) const {
+    const QString cause = error.databaseText().isEmpty() ? error.text() : error.databaseText();
+    throw DatabaseError(attempt, file_, cause, error.nativeErrorCode().toInt());
+}
+
+Transaction::Transaction(Database& database, QString attempt)
+    : database_(database), attempt_(std::move(attempt)) {
+    database_.open();
+    if (!database_.database_.transaction()) database_.fail(attempt_, database_.database_.lastError());
+}
+
+Transaction::~Transaction() {
+    if (!done_) database_.database_.rollback();
+}
+
+void Transaction::commit() {
+    if (!database_.database_.commit()) database_.fail(attempt_, database_.database_.lastError());
+    done_ = true;
+}

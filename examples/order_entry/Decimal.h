@@ -1,0 +1,27 @@
+// Exact decimal amounts: whole numbers of a fixed fraction (cents, thousandths), read from and written as
+// text. A double would lose cents in long columns; the grid's cells hold texts, the database whole numbers.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+using Cents = std::int64_t;
+using Thousandths = std::int64_t;
+
+inline constexpr int PriceDecimals = 2;
+inline constexpr int QuantityDecimals = 3;
+
+/// "12.345" with two decimals is 1235: halves are rounded away from zero. Nothing for a text that is no plain
+/// decimal number or is too large.
+std::optional<std::int64_t> scaledNumber(std::string_view text, int decimals);
+
+/// 1230 with two decimals is "12.3": no group separators, no trailing zeros, never "-0".
+std::string plainText(std::int64_t scaled, int decimals);
+
+/// 123456 is "1,234.56", for status lines and lists.
+std::string moneyText(Cents amount);
+
+/// Quantity times price, rounded to the cent, halves away from zero. Nothing when it is too large.
+std::optional<Cents> amountOf(Thousandths quantity, Cents price);

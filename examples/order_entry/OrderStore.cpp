@@ -1,0 +1,146 @@
+#include "OrderStore.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+QVariant orNull(const std::optional<std::int64_t>& value) {
+    return value ? QVariant::fromValue<qint64>(*value) : QVariant(QMetaType::fromType<qint64>());
+}
+
+QVariant orNull(const QDate& date) {
+    return date.isValid() ? QVariant(date.toString(Qt::ISODate)) : QVariant(QMetaType::fromType<QString>());
+}
+
+// A null QString would be stored as NULL.
+QVariant filled(const QString& text) {
+    return text.isNull() ? u""_s : text;
+}
+
+std::optional<std::int64_t> number(const QVariant& value) {
+    if (value.isNull()) return std::nullopt;
+    return value.toLongLong();
+}
+
+OrderLine lineOf(const QSqlQuery& row) {
+    OrderLine line;
+    line.code = row.value(0).toString();
+    line.name = row.value(1).toString();
+    line.spec = row.value(2).toString();
+    line.unit = row.value(3).toString();
+    line.quantity = number(row.value(4));
+    line.price = number(row.value(5));
+    line.amount = number(row.value(6));
+    line.warehouse = row.value(7).toString();
+    line.delivery = QDate::fromString(row.value(8).toString(), Qt::ISODate);
+    line.gift = row.value(9).toBool();
+    line.remark = row.value(10).toString();
+    return line;
+}
+}  // namespace
+
+std::optional<Order> OrderStore::load(qint64 id) const {
+    const QString attempt = u"读取订单"_s;
+    QSqlQuery head = database_.run(
+        attempt, u"SELECT id, version, number, order_date, customer_id FROM sales_order WHERE id = ?"_s,
+        {id});
+    if (!head.next()) return std::nullopt;
+    Order order;
+    order.id = head.value(0).toLongLong();
+    order.version = head.value(1).toInt();
+    order.number = head.value(2).toString();
+    order.date = QDate::fromString(head.value(3).toString(), Qt::ISODate);
+    order.customer = head.value(4).toLongLong();
+    QSqlQuery lines = database_.run(
+        attempt,
+        u"SELECT goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse,"
+        " delivery_date, is_gift, remark FROM order_line WHERE order_id = ? ORDER BY line_no"_s,
+        {id});
+    while (lines.next()) order.lines.push_back(lineOf(lines));
+    return order;
+}
+
+void OrderStore::save(Order& order) {
+    const QString attempt = u"保存订单 "_s + order.number;
+    Order saved = order;
+    Transaction transaction(database_, attempt);
+    writeHead(saved, attempt);
+    writeLines(saved, attempt);
+    transaction.commit();
+    order.id = saved.id;
+    order.version = saved.version;
+}
+
+void OrderStore::writeHead(Order& order, const QString& attempt) {
+    const QVariantList values = {filled(order.number), order.date.toString(Qt::ISODate), order.customer,
+                                 order.version + 1};
+    if (order.id == 0) {
+        order.id = database_
+                       .run(attempt,
+                            u"INSERT INTO sales_order (number, order_date, customer_id, version)"
+                            " VALUES (?, ?, ?, ?)"_s,
+                            values)
+                       .lastInsertId()
+                       .toLongLong();
+    } else {
+        const QSqlQuery written =
+            database_.run(attempt,
+                          u"UPDATE sales_order SET number = ?, order_date = ?, customer_id = ?,"
+                          " version = ? WHERE id = ? AND version = ?"_s,
+                          values + QVariantList{order.id, order.version});
+        if (written.numRowsAffected() != 1)
+            throw OrderChanged(attempt, database_.file(), u"订单在打开之后已被别处修改或删除"_s);
+        database_.run(attempt, u"DELETE FROM order_line WHERE order_id = ?"_s, {order.id});
+    }
+    ++order.version;
+}
+
+void OrderStore::writeLines(const Order& order, const QString& attempt) {
+    int number = 0;
+    for (const OrderLine& line : order.lines) {
+        database_.run(
+            attempt,
+            u"INSERT INTO order_line (order_id, line_no, goods_code, goods_name, spec, unit,"
+            " quantity_milli, price_cents, amount_cents, warehouse, delivery_date, is_gift, remark)"
+            " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+            {order.id, ++number, filled(line.code), filled(line.name), filled(line.spec), filled(line.unit),
+             orNull(line.quantity), orNull(line.price), orNull(line.amount), filled(line.warehouse),
+             orNull(line.delivery), line.gift ? 1 : 0, filled(line.remark)});
+    }
+}
+
+void OrderStore::remove(const Order& order) {
+    const QString attempt = u"删除订单 "_s + order.number;
+    Transaction transaction(database_, attempt);
+    const QSqlQuery removed = database_.run(
+        attempt, u"DELETE FROM sales_order WHERE id = ? AND version = ?"_s, {order.id, order.version});
+    if (removed.numRowsAffected() != 1)
+        throw OrderChanged(attempt, database_.file(), u"订单在打开之后已被别处修改或删除"_s);
+    transaction.commit();
+}
+
+std::vector<OrderSummary> OrderStore::list(const QString& text, int most) const {
+    QSqlQuery found = database_.run(
+        u"读取订单列表"_s,
+        u"SELECT o.id, o.number, o.order_date, c.name, COUNT(l.line_no), COALESCE(SUM(l.amount_cents), 0)"
+        " FROM sales_order o JOIN customer c ON c.id = o.customer_id"
+        " LEFT JOIN order_line l ON l.order_id = o.id"
+        " WHERE instr(o.number, ?1) > 0 OR instr(c.name, ?1) > 0 OR instr(c.pinyin, lower(?1)) > 0"
+        " GROUP BY o.id ORDER BY o.order_date DESC, o.number DESC LIMIT ?2"_s,
+        {filled(text), most});
+    std::vector<OrderSummary> result;
+    while (found.next())
+        result.push_back({found.value(0).toLongLong(), found.value(1).toString(),
+                          QDate::fromString(found.value(2).toString(), Qt::ISODate),
+                          found.value(3).toString(), found.value(4).toInt(), found.value(5).toLongLong()});
+    return result;
+}
+
+QString OrderStore::nextNumber(const QDate& date) const {
+    const QString prefix = u"XS-"_s + date.toString(u"yyyyMMdd"_s) + u'-';
+    QSqlQuery found = database_.run(u"编排单号"_s,
+                                    u"SELECT MAX(CAST(substr(number, ?2) AS INTEGER)) FROM sales_order"
+                                    " WHERE substr(number, 1, ?2 - 1) = ?1"_s,
+                                    {prefix, static_cast<int>(prefix.size()) + 1});
+    const int last = found.next() ? found.value(0).toInt() : 0;
+    return prefix + QString::number(last + 1).rightJustified(3, u'0');
+}

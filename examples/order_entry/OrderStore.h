@@ -1,0 +1,45 @@
+// Orders in the database. Each call is one transaction; all throw DatabaseError and leave the database as it
+// was.
+#pragma once
+
+#include <optional>
+
+#include "Database.h"
+#include "Order.h"
+
+/// One entry of the list of orders.
+struct OrderSummary {
+    qint64 id = 0;
+    QString number;
+    QDate date;
+    QString customer;
+    int lines = 0;
+    Cents total = 0;
+};
+
+/// The order was saved or deleted by somebody else since it was read.
+class OrderChanged : public DatabaseError {
+  public:
+    using DatabaseError::DatabaseError;
+};
+
+class OrderStore {
+  public:
+    explicit OrderStore(Database& database) : database_(database) {}
+
+    /// Nothing when it is gone.
+    std::optional<Order> load(qint64 id) const;
+    /// Inserts a new order or replaces the one with its id; sets id and version once everything is written.
+    void save(Order& order);
+    void remove(const Order& order);
+    /// Newest first; those whose number or customer contains the text, at most `most`.
+    std::vector<OrderSummary> list(const QString& text, int most) const;
+    /// The next free number of a day: XS-20261120-001.
+    QString nextNumber(const QDate& date) const;
+
+  private:
+    void writeHead(Order& order, const QString& attempt);
+    void writeLines(const Order& order, const QString& attempt);
+
+    Database& database_;
+};
