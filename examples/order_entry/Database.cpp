@@ -55,7 +55,8 @@ QString inChinese(const QString& cause) {
 }
 
 QString message(const QString& attempt, const QString& file, const QString& cause) {
-    return attempt + u"失败。\n文件:"_s + QDir::toNativeSeparators(file) + u"\n原因:"_s + inChinese(cause);
+    return attempt + u"失败。\n文件:"_s + QDir::toNativeSeparators(QFileInfo(file).absoluteFilePath()) +
+           u"\n原因:"_s + inChinese(cause);
 }
 
 QString nextConnectionName() {

@@ -119,14 +119,15 @@ void OrderStore::remove(const Order& order) {
 }
 
 std::vector<OrderSummary> OrderStore::list(const QString& text, int most) const {
+    const QVariant wanted = filled(text);
     QSqlQuery found = database_.run(
         u"读取订单列表"_s,
         u"SELECT o.id, o.number, o.order_date, c.name, COUNT(l.line_no), COALESCE(SUM(l.amount_cents), 0)"
         " FROM sales_order o JOIN customer c ON c.id = o.customer_id"
         " LEFT JOIN order_line l ON l.order_id = o.id"
-        " WHERE instr(o.number, ?1) > 0 OR instr(c.name, ?1) > 0 OR instr(c.pinyin, lower(?1)) > 0"
-        " GROUP BY o.id ORDER BY o.order_date DESC, o.number DESC LIMIT ?2"_s,
-        {filled(text), most});
+        " WHERE instr(o.number, ?) > 0 OR instr(c.name, ?) > 0 OR instr(c.pinyin, lower(?)) > 0"
+        " GROUP BY o.id ORDER BY o.order_date DESC, o.number DESC LIMIT ?"_s,
+        {wanted, wanted, wanted, most});
     std::vector<OrderSummary> result;
     while (found.next())
         result.push_back({found.value(0).toLongLong(), found.value(1).toString(),
@@ -137,10 +138,11 @@ std::vector<OrderSummary> OrderStore::list(const QString& text, int most) const 
 
 QString OrderStore::nextNumber(const QDate& date) const {
     const QString prefix = u"XS-"_s + date.toString(u"yyyyMMdd"_s) + u'-';
+    const int length = static_cast<int>(prefix.size());
     QSqlQuery found = database_.run(u"编排单号"_s,
-                                    u"SELECT MAX(CAST(substr(number, ?2) AS INTEGER)) FROM sales_order"
-                                    " WHERE substr(number, 1, ?2 - 1) = ?1"_s,
-                                    {prefix, static_cast<int>(prefix.size()) + 1});
+                                    u"SELECT MAX(CAST(substr(number, ?) AS INTEGER)) FROM sales_order"
+                                    " WHERE substr(number, 1, ?) = ?"_s,
+                                    {length + 1, length, prefix});
     const int last = found.next() ? found.value(0).toInt() : 0;
     return prefix + QString::number(last + 1).rightJustified(3, u'0');
 }

@@ -44,9 +44,9 @@ QString chosenSpec(const char16_t* pattern, Dice& dice) {
 }
 
 // Prices as people make them: dear goods in whole yuan, cheap ones to the cent.
-std::int64_t chosenPrice(const GoodsFamily& family, Dice& dice) {
-    const int cents = family.lowestPrice +
-                      dice.below(static_cast<std::size_t>(family.highestPrice - family.lowestPrice + 1));
+std::int64_t chosenPrice(const PricedUnit& unit, Dice& dice) {
+    const int span = unit.highestPrice - unit.lowestPrice + 1;
+    const int cents = unit.lowestPrice + dice.below(static_cast<std::size_t>(span));
     const int step = cents >= 10000 ? 100 : cents >= 1000 ? 10 : 1;
     return cents / step * step;
 }
@@ -70,8 +70,9 @@ std::vector<SampleGoods> sampleGoods() {
         goods.name = text(material.text) + text(thing.text);
         goods.pinyin = text(material.initials) + text(thing.initials);
         goods.spec = chosenSpec(family.spec, dice);
-        goods.unit = text(dice.pick(family.units));
-        goods.priceCents = chosenPrice(family, dice);
+        const PricedUnit& unit = dice.pick(family.units);
+        goods.unit = text(unit.text);
+        goods.priceCents = chosenPrice(unit, dice);
         if (taken.emplace(goods.name, goods.spec).second) drawn.emplace_back(which, std::move(goods));
     }
     // A catalogue is numbered family by family.

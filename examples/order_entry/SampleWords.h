@@ -8,15 +8,20 @@ struct Word {
     const char16_t* initials;
 };
 
+/// A unit of measure and what goods cost in it, in cents.
+struct PricedUnit {
+    const char16_t* text;
+    int lowestPrice;
+    int highestPrice;
+};
+
 /// One family of goods: a material and a thing make the name; the specification is a pattern in which each
-/// {a|b|c} stands for one of its alternatives. Prices are cents per unit.
+/// {a|b|c} stands for one of its alternatives.
 struct GoodsFamily {
     std::vector<Word> materials;
     std::vector<Word> things;
     const char16_t* spec;
-    std::vector<const char16_t*> units;
-    int lowestPrice;
-    int highestPrice;
+    std::vector<PricedUnit> units;
 };
 
 const std::vector<GoodsFamily>& goodsFamilies();
