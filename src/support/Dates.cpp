@@ -151,7 +151,9 @@ std::optional<DateTime> addDays(const DateTime& date, std::int64_t days) {
 
 std::optional<DateTime> addMonths(const DateTime& date, std::int64_t months) {
     const std::int64_t from = std::int64_t{date.year} * 12 + date.month - 1;
-    if (months < kFirstYear * 12 - from || months > kLastYear * 12 + 11 - from) return {};
+    constexpr std::int64_t kFirstMonth = std::int64_t{kFirstYear} * 12;
+    constexpr std::int64_t kLastMonth = std::int64_t{kLastYear} * 12 + 11;
+    if (months < kFirstMonth - from || months > kLastMonth - from) return {};
     DateTime result = date;
     result.year = static_cast<std::int32_t>((from + months) / 12);
     result.month = static_cast<std::int32_t>((from + months) % 12 + 1);
