@@ -47,6 +47,8 @@ class Event {
     Event& operator=(const Event&) = delete;
 
     int number() const { return number_; }
+    /// How many listeners are connected; those that were ended while the event runs may still be counted.
+    std::size_t listeners() const { return state_ ? state_->listeners.size() : 0; }
 
     Connection connect(std::function<void(Args...)> listener) {
         if (!state_) state_ = std::make_shared<State>();

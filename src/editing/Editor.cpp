@@ -1,0 +1,268 @@
+#include "editing/Editor.h"
+
+#include <limits>
+
+#include "editing/EditorKeys.h"
+#include "editing/FieldCheck.h"
+#include "grid/columns/EditableColumn.h"
+#include "kxVsGrid/mbasTxt.h"
+#include "support/Numbers.h"
+#include "support/Span.h"
+#include "support/Text.h"
+
+namespace kxVsGrid::editing {
+
+using support::Span;
+
+Editor::Editor(CellGrid& grid, columns::ColumnArray& columns, EditorOwner& owner, Seat& seat)
+    : grid_(grid), columns_(columns), owner_(owner), seat_(seat) {}
+
+void Editor::text(std::string_view text) {
+    if (box_.text(text)) textChanged();
+    publish();
+}
+
+/// Every change re-arms the check, whoever made it.
+void Editor::textChanged() {
+    validLock_ = 0;
+    refused_ = false;
+    owner_.allowMoves();
+    hiding_ = box_.text().empty();
+}
+
+// --- Opening
+// ---------------------------------------------------------------------------------------------------------
+
+bool Editor::opensHere() const {
+    const std::int32_t row = grid_.Row();
+    const std::int32_t col = grid_.Col();
+    return owner_.editable() && columns::isDataCell(grid_, row, col) &&
+           columns::isEditableColumn(grid_, columns_, col);
+}
+
+void Editor::open(Focus focus) {
+    if (committing_ || !opensHere()) return;
+    if (visible_) {
+        if (focus == Focus::Take) seat_.giveFocus(FocusPlace::Editor);
+        return;
+    }
+    if (columns_.at(grid_.Col()).iType() == flexDTBoolean) {
+        toggle();
+        return;
+    }
+    owner_.raiseBeforeTextEdit();
+    if (opensHere()) show(focus);  // the host may have changed anything meanwhile
+}
+
+void Editor::show(Focus focus) {
+    if (!entered_.is(grid_.Row(), grid_.Col())) entered_.capture(grid_, grid_.Row(), grid_.Col());
+    owner_.bringCurrentCellIntoView();
+    load();
+    box_.selectAll();
+    refused_ = false;
+    validLock_ = 0;
+    visible_ = true;
+    publish();
+    if (focus == Focus::Take) seat_.giveFocus(FocusPlace::Editor);
+}
+
+/// A Boolean cell has no editor: opening it writes the opposite truth value.
+void Editor::toggle() {
+    const std::int32_t row = grid_.Row();
+    const std::int32_t col = grid_.Col();
+    const bool wasTrue = support::leadingNumber(grid_.Text(row, col)) != 0;
+    grid_.Text(row, col, wasTrue ? "0" : "-1");
+    owner_.markChanged();
+    owner_.recalculate(col);
+    load();
+    owner_.raiseAfterEdit(row, col);
+}
+
+void Editor::hide() {
+    if (!visible_) return;
+    Span hiding(hiding_);
+    visible_ = false;
+    refused_ = false;
+    validLock_ = 0;
+    publish();
+}
+
+// --- Commit
+// ----------------------------------------------------------------------------------------------------------
+
+bool Editor::commit() {
+    if (committing_) return false;
+    Span committing(committing_);
+    if (!checkChangedText()) return false;
+    if (!writeText()) return false;
+    grid_.Data(grid_.Row(), grid_.Col(), box_.tag());
+    owner_.recalculate(-1);
+    owner_.markChanged();
+    owner_.raiseAfterEdit(grid_.Row(), grid_.Col());
+    const std::int32_t row = grid_.Row();
+    const std::int32_t col = grid_.Col();
+    if (row >= 0 && col >= 0 && !support::trim(grid_.Text(row, col)).empty()) owner_.appendIfLast(row);
+    hide();
+    return true;
+}
+
+/// The field check, for a text that differs from the one the cell had on entry.
+bool Editor::checkChangedText() {
+    const std::shared_ptr<cVsControl> column = columns_.shared(grid_.Col());
+    if (support::trim(box_.text()) == entered_.entryText() || column->i有效性判断() == 0) return true;
+    return passesFieldCheck(box_, *column);
+}
+
+bool Editor::writeText() {
+    const std::int32_t row = grid_.Row();
+    const std::int32_t col = grid_.Col();
+    switch (columns_.at(col).iType()) {
+        case flexDTDouble:
+            return writeNumber(row, col);
+        case flexDTString:
+            grid_.Text(row, col, std::string(support::trim(box_.text())));
+            return true;
+        default:
+            grid_.Text(row, col, std::string(box_.text()));
+            return true;
+    }
+}
+
+bool Editor::writeNumber(std::int32_t row, std::int32_t col) {
+    const std::string_view expression = support::trim(box_.text());
+    if (expression.empty()) {
+        grid_.Text(row, col, "");
+        return true;
+    }
+    double value = 0;
+    if (bEvaluateExp(expression, value)) {
+        grid_.Text(row, col, support::numberText(value));
+        return true;
+    }
+    box_.caretToEnd();
+    refused_ = true;
+    grid_.Text(row, col, "");
+    publish();
+    return false;
+}
+
+void Editor::commitForHost() {
+    if (visible_ && validLock_ == 0 && !committing_) commit();
+}
+
+// --- The grid reports
+// ------------------------------------------------------------------------------------------------
+
+void Editor::enterCell() {
+    hide();  // still shown over a refused text when code moved the cell
+    const std::int32_t row = grid_.Row();
+    const std::int32_t col = grid_.Col();
+    if (row < 0 || col < 0) return;
+    if (!entered_.is(row, col)) entered_.capture(grid_, row, col);
+    load();
+}
+
+void Editor::leaveCell() {
+    if (visible_ && !committing_) commit();
+}
+
+void Editor::load() {
+    const std::int32_t row = grid_.Row();
+    const std::int32_t col = grid_.Col();
+    if (row < 0 || col < 0) return;
+    tag(grid_.Data(row, col));
+    if (box_.text(grid_.Text(row, col))) textChanged();
+}
+
+void Editor::captureAndLoad() {
+    if (grid_.Row() < 0 || grid_.Col() < 0) return;
+    entered_.capture(grid_, grid_.Row(), grid_.Col());
+    load();
+}
+
+void Editor::rowInserted(std::int32_t position) {
+    entered_.rowInserted(position);
+    place();
+}
+
+void Editor::rowRemoved(std::int32_t position, bool wasCurrent) {
+    entered_.rowRemoved(position);
+    if (wasCurrent)
+        hide();
+    else
+        place();
+}
+
+void Editor::place() {
+    if (visible_) publish();
+}
+
+/// Shows the machine what has changed.
+void Editor::publish() {
+    EditorView view;
+    view.visible = visible_;
+    if (visible_) {
+        const std::int32_t row = grid_.Row();
+        const std::int32_t col = grid_.Col();
+        const cVsControl& column = columns_.at(col);
+        view.helpButton = column.b是否提供帮助();
+        view.multiLine = column.b是否编辑多行();
+        view.limit = column.iLimitLength();
+        view.readsDigits = column.iType() == flexDTDouble || column.iType() == flexDTDate;
+        view.refused = refused_ || validLock_ != 0;
+        view.alignment = grid_.EffectiveAlignment(row, col);
+        view.rect = grid_.CellRect(row, col);
+        if (view.helpButton) {
+            const std::int32_t side = std::min(view.rect.height, view.rect.width / 2);
+            view.helpRect = {view.rect.right() - side, view.rect.top, side, view.rect.height};
+            view.rect.width -= side;
+        }
+        view.text = box_.text();
+        view.selStart = box_.selStart();
+        view.selLength = box_.selLength();
+    }
+    shown_ = view;
+    seat_.showEditor(shown_);
+}
+
+// --- The clerk
+// -------------------------------------------------------------------------------------------------------
+
+bool Editor::keyDown(std::int16_t code) {
+    return EditorKeys(*this).keyDown(static_cast<Key>(code));
+}
+
+/// The text box shall neither beep nor replace a selected text when Enter arrives as a character.
+bool Editor::keyPress(std::int16_t ascii) const {
+    return ascii == 13 && !box_.text().empty() && box_.selLength() == box_.length();
+}
+
+void Editor::edited(std::string_view text, std::size_t selStart, std::size_t selLength) {
+    if (!visible_) return;
+    const bool wasRefused = shown_.refused;
+    const bool changed = box_.text(text);
+    box_.select(selStart, selLength);
+    shown_.text = box_.text();  // the machine shows it already
+    shown_.selStart = box_.selStart();
+    shown_.selLength = box_.selLength();
+    if (changed) textChanged();
+    if (wasRefused && changed) publish();
+}
+
+void Editor::selected(std::size_t selStart, std::size_t selLength) {
+    if (!visible_) return;
+    box_.select(selStart, selLength);
+    shown_.selStart = box_.selStart();
+    shown_.selLength = box_.selLength();
+}
+
+void Editor::focusLost() {
+    if (visible_ && validLock_ == 0 && !committing_) commit();
+}
+
+void Editor::help() {
+    // No help can be shown yet; the key is used up all the same and the focus stays where help would leave
+    // it.
+    if (visible_) seat_.giveFocus(FocusPlace::Editor);
+}
+}  // namespace kxVsGrid::editing

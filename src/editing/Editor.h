@@ -1,0 +1,101 @@
+// The in-cell editor: a text box and a small help button laid over the grid's current cell.
+//
+// It is hidden, or shown over the current cell. A commit writes its text and tag into the cell; a refused one
+// leaves it shown. Its text and tag mirror the current cell also while it is hidden.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "editing/EditorOwner.h"
+#include "editing/EnteredCell.h"
+#include "editing/TextBox.h"
+#include "grid/columns/ColumnArray.h"
+#include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/Platform.h"
+
+namespace kxVsGrid::editing {
+
+class Editor {
+  public:
+    enum class Focus { Take, LeaveWithGrid };
+
+    Editor(CellGrid& grid, columns::ColumnArray& columns, EditorOwner& owner, Seat& seat);
+
+    const EditorView& view() const { return shown_; }
+    const TextBox& box() const { return box_; }
+    bool visible() const { return visible_; }
+    bool committing() const { return committing_; }
+    /// How often the field check has refused the present text.
+    std::int16_t validLock() const { return validLock_; }
+    const EnteredCell& entered() const { return entered_; }
+
+    /// Sets text or tag from code.
+    void text(std::string_view text);
+    void tag(std::string_view tag) { box_.tag(tag); }
+
+    // --- Life.
+    /// Opens over the current cell, or toggles a Boolean one. Does nothing, and raises nothing, when the cell
+    /// cannot be edited; keeps text and caret when it is open there already.
+    void open(Focus focus = Focus::Take);
+    /// Writes the editor into the current cell. False when the text is refused, or when a commit is under
+    /// way.
+    bool commit();
+    /// Commits an open editor whose text has not been refused, unless a commit is under way.
+    void commitForHost();
+    /// Hides without writing.
+    void hide();
+
+    // --- What the grid reports.
+    /// The cursor has entered a cell: captures it and loads it.
+    void enterCell();
+    /// The cursor leaves the cell.
+    void leaveCell();
+    /// Loads the current cell into the hidden editor.
+    void load();
+    /// The same after the current row was removed: the cell counts as entered.
+    void captureAndLoad();
+    void rowInserted(std::int32_t position);
+    void rowRemoved(std::int32_t position, bool wasCurrent);
+    /// Puts an open editor over its cell again.
+    void place();
+
+    // --- What the clerk does.
+    /// True when the key was used up.
+    bool keyDown(std::int16_t code);
+    bool keyPress(std::int16_t ascii) const;
+    void edited(std::string_view text, std::size_t selStart, std::size_t selLength);
+    void selected(std::size_t selStart, std::size_t selLength);
+    void focusLost();
+    /// Opens the column's help.
+    void help();
+
+  private:
+    friend class EditorKeys;
+    enum class Written { Accepted, Refused };
+
+    void textChanged();
+    bool opensHere() const;
+    void toggle();
+    void show(Focus focus);
+    bool checkChangedText();
+    bool writeText();
+    bool writeNumber(std::int32_t row, std::int32_t col);
+    void publish();
+
+    CellGrid& grid_;
+    columns::ColumnArray& columns_;
+    EditorOwner& owner_;
+    Seat& seat_;
+
+    TextBox box_;
+    EnteredCell entered_;
+    bool visible_ = false;
+    bool committing_ = false;
+    bool hiding_ = false;   ///< being hidden, or help is running, or the text has become empty
+    bool refused_ = false;  ///< an expression that could not be evaluated
+    bool validating_ = false;
+    std::int16_t validLock_ = 0;
+    EditorView shown_;
+};
+}  // namespace kxVsGrid::editing

@@ -1,0 +1,26 @@
+// What the editor asks of the control that it belongs to.
+#pragma once
+
+#include <cstdint>
+
+namespace kxVsGrid::editing {
+
+class EditorOwner {
+  public:
+    virtual ~EditorOwner() = default;
+    virtual bool editable() const = 0;
+    /// The clerk has changed a cell.
+    virtual void markChanged() = 0;
+    /// A changed text lifts a refusal of all moves.
+    virtual void allowMoves() = 0;
+    /// Recalculates the total of one column, or of all with -1.
+    virtual void recalculate(std::int32_t col) = 0;
+    /// Asks the host for another row when `row` is the last one.
+    virtual void appendIfLast(std::int32_t row) = 0;
+    /// One more row through the control's public row count.
+    virtual void addRowAtEnd() = 0;
+    virtual void bringCurrentCellIntoView() = 0;
+    virtual void raiseBeforeTextEdit() = 0;
+    virtual void raiseAfterEdit(std::int32_t row, std::int32_t col) = 0;
+};
+}  // namespace kxVsGrid::editing

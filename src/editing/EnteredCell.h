@@ -1,0 +1,44 @@
+// The cell that the cursor entered last, with what it held then.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "kxVsGrid/CellGrid.h"
+
+namespace kxVsGrid::editing {
+
+class EnteredCell {
+  public:
+    /// True when (row, col) is the cell entered last.
+    bool is(std::int32_t row, std::int32_t col) const { return row == row_ && col == col_; }
+    /// The display text on entry: a commit of the same text is not checked again.
+    const std::string& entryText() const { return text_; }
+    const std::string& entryTag() const { return tag_; }
+
+    void capture(const CellGrid& grid, std::int32_t row, std::int32_t col) {
+        row_ = row;
+        col_ = col;
+        text_ = grid.Text(row, col);
+        tag_ = grid.Data(row, col);
+    }
+    void none() { row_ = col_ = -1; }
+
+    /// Keeps naming the same cell when rows come or go above it; its own removal leaves none.
+    void rowInserted(std::int32_t position) {
+        if (row_ >= position) ++row_;
+    }
+    void rowRemoved(std::int32_t position) {
+        if (row_ == position)
+            none();
+        else if (row_ > position)
+            --row_;
+    }
+
+  private:
+    std::int32_t row_ = -1;
+    std::int32_t col_ = -1;
+    std::string text_;
+    std::string tag_;
+};
+}  // namespace kxVsGrid::editing

@@ -1,0 +1,37 @@
+// Where the two grids lie inside the control.
+#pragma once
+
+#include <cstdint>
+
+#include "grid/TotalRow.h"
+#include "kxVsGrid/CellGrid.h"
+
+namespace kxVsGrid::grid {
+
+class Layout {
+  public:
+    Layout(CellGrid& main, CellGrid& sums, TotalRow& totals) : main_(main), sums_(sums), totals_(totals) {}
+
+    /// Places both grids in a control of this inner size.
+    void resize(std::int32_t width, std::int32_t height);
+    /// Lays the total row over the bottom edge of the main grid, above a horizontal scroll bar, and copies
+    /// the column widths.
+    void alignTotalRow();
+    void showTotalRow(bool shown);
+
+    bool totalRowShown() const { return totalRowShown_; }
+    Rect mainRect() const { return mainRect_; }
+    Rect totalRowRect() const { return totalRect_; }
+
+  private:
+    std::int32_t scrollBarAllowance() const;
+    void coverStrip();
+
+    CellGrid& main_;
+    CellGrid& sums_;
+    TotalRow& totals_;
+    Rect mainRect_{1, 1, 0, 0};
+    Rect totalRect_;
+    bool totalRowShown_ = false;
+};
+}  // namespace kxVsGrid::grid

@@ -1,0 +1,38 @@
+#include "grid/SetUp.h"
+
+#include <exception>
+
+#include "grid/columns/ColumnColors.h"
+
+namespace kxVsGrid::grid {
+namespace {
+
+constexpr std::int32_t FixedRowHeight = 300;
+constexpr std::int32_t PaintingOff = 0;
+constexpr std::int32_t PaintingBuffered = 2;
+
+void applyDefinitions(CellGrid& grid, columns::ColumnArray& columns) {
+    for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.ColDataType(c, columns.at(c).iType());
+    for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.ColAlignment(c, columns.at(c).iColAlignment());
+    for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.ColHidden(c, !columns.at(c).bIsVisible());
+}
+
+void setUp(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
+    grid.Redraw(PaintingOff);
+    for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.FixedAlignment(c, flexAlignCenterCenter);
+    for (std::int32_t r = 0; r < grid.FixedRows(); ++r) grid.RowHeight(r, FixedRowHeight);
+    applyDefinitions(grid, columns);
+    if (grid.Rows() > grid.FixedRows()) columns::paintColumns(grid, columns);
+    grid.Redraw(PaintingBuffered);
+    totals.setUp();
+}
+}  // namespace
+
+void setUpGrid(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
+    try {
+        setUp(grid, columns, totals);
+    } catch (const std::exception&) {
+        // The host asked for a set-up, not for an answer: it goes on with the state that was reached.
+    }
+}
+}  // namespace kxVsGrid::grid

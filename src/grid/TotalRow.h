@@ -1,0 +1,96 @@
+// The total row: a one-row grid under the main grid with the sums of the summed columns.
+//
+// A recalculation only notes that a column's total has to be made anew; it is added up when somebody looks.
+// Before a change of the main grid's content that no recalculation follows, what was noted is added up first,
+// so that the old total stands. The effect is that of adding up at once, without adding up a column for each
+// of a million writes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "grid/columns/ColumnArray.h"
+#include "kxVsGrid/CellGrid.h"
+
+namespace kxVsGrid::grid {
+
+class TotalRow : private CellGrid::Watcher {
+    static constexpr std::int32_t NoColumn = -2;
+
+  public:
+    static constexpr std::uint32_t LightGrey = 0xE0E0E0;
+    static constexpr std::int32_t StandardHeight = 300;
+    static constexpr std::int32_t BorderHeight = 30;
+
+    TotalRow(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns);
+    ~TotalRow() override;
+    TotalRow(const TotalRow&) = delete;
+    TotalRow& operator=(const TotalRow&) = delete;
+
+    /// Empties the row and prepares it anew: caption, light grey cells, widths, hidden states, alignments,
+    /// formats.
+    void setUp();
+    /// The main grid's fixed columns have changed: empties, paints and captions the row again.
+    void followFixedCols();
+    /// Copies the main grid's column widths.
+    void copyWidths();
+    /// Stores the colour of the row's cells and paints them, until the next set-up.
+    void color(std::uint32_t color);
+    /// Height of the row itself; the grid around it is 30 twips higher.
+    std::int32_t rowHeight() const;
+    void rowHeight(std::int32_t twips);
+    std::int32_t gridHeight() const;
+
+    /// Makes the total of one column anew, or with -1 of every column from the first non-fixed one on.
+    /// A column that is not summed keeps what it shows.
+    void recalculate(std::int32_t col);
+
+    /// The main grid has another number of columns; so has the total row from now on.
+    void followCols();
+
+    /// For a change of the content that a recalculation of the same column (-1: of all) follows: keeps the
+    /// watcher from adding up before it.
+    class Expect {
+      public:
+        Expect(TotalRow& totals, std::int32_t col) : totals_(totals) { totals.expected_ = col; }
+        ~Expect() {
+            totals_.expected_ = NoColumn;
+            totals_.writtenRow_ = -1;
+        }
+        Expect(const Expect&) = delete;
+        Expect& operator=(const Expect&) = delete;
+
+      private:
+        TotalRow& totals_;
+    };
+    static constexpr std::int32_t AllColumns = -1;
+
+    /// For the expected write of one cell whose listeners may look at the total before it is recalculated:
+    /// they see it without the write.
+    void rememberBeforeWrite(std::int32_t row, std::int32_t col);
+
+  private:
+    struct Total {
+        bool pending = false;
+        double value = 0;
+    };
+    void contentWillChange(std::int32_t col) override;
+    double sumBeforeWrite(std::int32_t col) const;
+    void settle(std::int32_t col);
+    void forget(std::int32_t col);
+    void note(std::int32_t col);
+    std::string valueText(std::int32_t col);
+    void paintAndCaption();
+
+    CellGrid& main_;
+    CellGrid& sums_;
+    columns::ColumnArray& columns_;
+    std::uint32_t color_ = LightGrey;
+    std::vector<Total> totals_;
+    std::int32_t pending_ = 0;
+    std::int32_t expected_ = NoColumn;
+    std::int32_t writtenRow_ = -1;  ///< of the expected column, while its write can be looked at
+    double numberBeforeWrite_ = 0;
+};
+}  // namespace kxVsGrid::grid

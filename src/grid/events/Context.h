@@ -1,0 +1,27 @@
+// What the handlers of the grid's events work on.
+#pragma once
+
+#include "editing/Editor.h"
+#include "grid/ControlFlags.h"
+#include "grid/TotalRow.h"
+#include "grid/columns/ColumnArray.h"
+#include "grid/events/MoveFlags.h"
+#include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/GridEvents.h"
+#include "kxVsGrid/Platform.h"
+
+namespace kxVsGrid::events {
+
+struct Context {
+    CellGrid& grid;
+    CellGrid& sums;
+    columns::ColumnArray& columns;
+    GridEvents& host;
+    MoveFlags& moves;
+    grid::ControlFlags& flags;
+    editing::Editor& editor;
+    grid::TotalRow& totals;
+    Seat& seat;
+    Platform& platform;
+};
+}  // namespace kxVsGrid::events

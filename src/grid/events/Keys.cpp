@@ -1,0 +1,117 @@
+#include "grid/events/Keys.h"
+
+#include "editing/NextCell.h"
+#include "grid/columns/EditableColumn.h"
+#include "grid/events/RowAdder.h"
+#include "support/Span.h"
+
+namespace kxVsGrid::events {
+namespace {
+
+constexpr std::int16_t EnterCharacter = 13;
+constexpr std::int16_t LastControlCharacter = 32;
+
+bool isPrintable(std::int16_t ascii) {
+    return ascii > LastControlCharacter || ascii < 0;
+}
+}  // namespace
+
+void Keys::keyDown(std::int16_t code) {
+    if (!c_.flags.Editable) return;
+    if (code == static_cast<std::int16_t>(Key::Insert)) insertRow();
+    if (code == static_cast<std::int16_t>(Key::Delete)) deleteRow();
+}
+
+/// Always at the end; the row commands insert at the current row.
+void Keys::insertRow() {
+    CellGrid& grid = c_.grid;
+    bool consent = false;
+    c_.host.AddVsRow(grid.Row(), consent);
+    if (!consent) return;
+    rows_.appendEmptyRow();
+    const std::int32_t row = grid.Rows() - 1;
+    if (!grid.RowIsVisible(row))
+        grid.TopRow(grid.TopRowToShow(row, grid.ClientHeight() - grid.BottomStrip()));
+    if (grid.Col() >= 0) grid.Row(row);
+    grid.NumberRows();
+}
+
+void Keys::deleteRow() {
+    CellGrid& grid = c_.grid;
+    bool consent = false;
+    c_.host.DeleteVsRow(grid.Row(), consent);
+    if (!consent || grid.Rows() <= grid.FixedRows() || grid.Row() < grid.FixedRows()) return;
+    grid.RemoveRow(grid.Row());
+    c_.editor.captureAndLoad();
+    c_.totals.recalculate(grid::TotalRow::AllColumns);
+    rows_.refill();
+    grid.NumberRows();
+    c_.host.AfterDeleteVsRow();
+}
+
+bool Keys::isBoolean(std::int32_t col) {
+    return c_.columns.at(col).iType() == flexDTBoolean;
+}
+
+void Keys::keyPress(std::int16_t& ascii, std::string_view typed) {
+    CellGrid& grid = c_.grid;
+    if (!c_.flags.Editable || grid.Col() < 0 || !c_.columns.at(grid.Col()).bIsEditable()) return;
+    if (ascii == EnterCharacter) {
+        ascii = 0;
+        if (const auto next = editing::nextEditableCell(grid, c_.columns)) grid.Select(next->row, next->col);
+    } else if (isPrintable(ascii)) {
+        if (grid.Row() < grid.FixedRows()) return;
+        rows_.appendIfLast(grid.Row());
+        c_.editor.open();
+        passToEditor(typed);
+    } else {
+        if (columns::isDataCell(grid, grid.Row(), grid.Col()) && isBoolean(grid.Col()))
+            rows_.appendIfLast(grid.Row());
+        c_.editor.open();
+    }
+}
+
+/// The typed character becomes the first one in the editor, in place of what it has selected.
+void Keys::passToEditor(std::string_view typed) {
+    support::Span changing(c_.moves.ChangingRow);
+    if (c_.editor.visible()) c_.seat.typeIntoEditor(typed);
+    c_.platform.processPendingInput();
+}
+
+bool Keys::openForTyping() {
+    CellGrid& grid = c_.grid;
+    if (c_.editor.visible()) return true;
+    if (!c_.flags.Editable || !columns::isDataCell(grid, grid.Row(), grid.Col()) || isBoolean(grid.Col()) ||
+        !columns::isEditableColumn(grid, c_.columns, grid.Col()))
+        return false;
+    rows_.appendIfLast(grid.Row());
+    c_.editor.open(editing::Editor::Focus::LeaveWithGrid);
+    return c_.editor.visible();
+}
+
+/// A hidden current cell is left for one that can be seen.
+void Keys::leaveHiddenCell() {
+    CellGrid& grid = c_.grid;
+    while (grid.Col() > grid.FixedCols() && grid.ColHidden(grid.Col()) &&
+           grid.Select(grid.Row(), grid.Col() - 1)) {
+    }
+    while (grid.Row() < grid.Rows() - 1 && grid.RowHidden(grid.Row()) &&
+           grid.Select(grid.Row() + 1, grid.Col())) {
+    }
+    while (grid.Row() > grid.FixedRows() && grid.RowHidden(grid.Row()) &&
+           grid.Select(grid.Row() - 1, grid.Col())) {
+    }
+}
+
+void Keys::doubleClick() {
+    CellGrid& grid = c_.grid;
+    if (grid.Col() >= 0 && grid.Row() >= 0) {
+        leaveHiddenCell();
+        if (columns::isDataCell(grid, grid.Row(), grid.Col()) && isBoolean(grid.Col()))
+            rows_.appendIfLast(grid.Row());
+        if (c_.editor.visible()) c_.editor.commit();
+        c_.editor.open();
+    }
+    c_.host.DblClick();
+}
+}  // namespace kxVsGrid::events

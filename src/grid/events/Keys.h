@@ -1,0 +1,39 @@
+// Keys and double clicks on the grid while its editor is closed.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "grid/events/Context.h"
+
+namespace kxVsGrid::events {
+
+class RowAdder;
+
+class Keys {
+  public:
+    Keys(const Context& context, RowAdder& rows) : c_(context), rows_(rows) {}
+
+    /// Insert and Delete: rows, with the host's consent.
+    void keyDown(std::int16_t code);
+    /// Enter goes to the next editable cell; any other character opens the editor. `ascii` becomes 0 when
+    /// swallowed. `typed` is the character itself, which does not fit into 16 bits.
+    void keyPress(std::int16_t& ascii, std::string_view typed);
+    /// Opens the editor as a typed character would, leaving the keyboard with the grid. False when it stays
+    /// closed.
+    bool openForTyping();
+    void doubleClick();
+
+    void insertRow();
+    void deleteRow();
+
+  private:
+    void passToEditor(std::string_view typed);
+    void leaveHiddenCell();
+    bool isBoolean(std::int32_t col);
+
+    Context c_;
+    RowAdder& rows_;
+};
+}  // namespace kxVsGrid::events

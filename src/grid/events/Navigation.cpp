@@ -1,0 +1,91 @@
+#include "grid/events/Navigation.h"
+
+#include "editing/NextCell.h"
+#include "grid/events/BringIntoView.h"
+#include "grid/events/DefaultTexts.h"
+#include "support/Span.h"
+
+namespace kxVsGrid::events {
+
+using support::Span;
+
+void Navigation::gainedFocus() {
+    if (c_.editor.visible() && !c_.moves.MoveAllowed) {
+        c_.seat.giveFocus(FocusPlace::Editor);
+        return;
+    }
+    CellGrid& grid = c_.grid;
+    if (grid.Row() < grid.FixedRows() && grid.Rows() > grid.FixedRows()) {
+        Span internal(c_.moves.MovingInternally);
+        grid.Select(grid.FixedRows(), grid.Col());
+    }
+    if (grid.Col() >= 0 && grid.Col() < grid.FixedCols() && grid.FixedCols() < grid.Cols()) {
+        Span internal(c_.moves.MovingInternally);
+        grid.Select(grid.Row(), grid.FixedCols());
+    }
+}
+
+void Navigation::beforeRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
+                                    std::int32_t newCol, bool& cancel) {
+    if (!c_.moves.MoveAllowed) {
+        cancel = true;
+        return;
+    }
+    c_.host.BeforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
+}
+
+void Navigation::leaveCell() {
+    if (!c_.moves.MovingInternally) c_.editor.leaveCell();
+}
+
+void Navigation::enterCell() {
+    c_.editor.enterCell();
+    c_.host.EnterCell();
+}
+
+void Navigation::rowColChange() {
+    c_.moves.ChangingRow = true;
+    if (c_.moves.MovingInternally) return;  // stays set until the next change clears it
+    {
+        Span changing(c_.moves.ChangingRow);
+        std::int16_t result = 0;
+        c_.host.ValidData(result);
+        bringCurrentRowIntoView(c_.grid);
+        bringCurrentColIntoView(c_.grid);
+    }
+    c_.host.RowColChange();
+}
+
+void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
+                                   std::int32_t newCol) {
+    if (c_.flags.Editable && c_.moves.AutoDefault && newRow > c_.grid.FixedRows()) {
+        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, newRow);
+        if (currentWritten && !c_.editor.visible()) c_.editor.load();
+    }
+    c_.totals.recalculate(grid::TotalRow::AllColumns);
+    c_.host.AfterRowColChange(oldRow, oldCol, newRow, newCol);
+}
+
+void Navigation::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
+    if (!scrollGuard_) {
+        Span guard(scrollGuard_);
+        if (c_.editor.visible()) c_.grid.ScrollTo(oldTopRow, oldLeftCol);
+    }
+    c_.editor.place();
+    if (c_.sums.Cols() == c_.grid.Cols() && c_.grid.Cols() > c_.grid.FixedCols())
+        c_.sums.LeftCol(c_.grid.LeftCol());
+    c_.seat.layoutChanged();
+}
+
+bool Navigation::tab(bool forward) {
+    if (c_.editor.visible() && !c_.editor.commit()) {
+        if (c_.editor.visible()) c_.seat.giveFocus(FocusPlace::Editor);
+        return true;
+    }
+    const auto next =
+        forward ? editing::nextTabStop(c_.grid, c_.columns) : editing::previousTabStop(c_.grid, c_.columns);
+    if (next) c_.grid.Select(next->row, next->col);
+    c_.seat.giveFocus(FocusPlace::Grid);
+    return next.has_value();
+}
+}  // namespace kxVsGrid::events

@@ -1,0 +1,350 @@
+// The control's properties: what each reads or changes, on which of the two grids, and what the container
+// hears.
+#include <algorithm>
+
+#include "grid/Parts.h"
+#include "grid/SetUp.h"
+#include "grid/columns/ColumnColors.h"
+
+namespace kxVsGrid {
+
+using grid::TotalRow;
+
+// --- State
+// -----------------------------------------------------------------------------------------------------------
+
+bool kxGrid::bIsDirty() const {
+    return parts_->flags.Editable && parts_->flags.changed;
+}
+
+bool kxGrid::IsActive() const {
+    return parts_->input.active();
+}
+
+bool kxGrid::Editable() const {
+    return parts_->flags.Editable;
+}
+
+void kxGrid::Editable(bool editable) {
+    Parts& p = *parts_;
+    if (!editable) {
+        if (p.editor.visible() && !p.editor.committing()) p.editor.commit();
+        p.flags.changed = false;
+    }
+    p.flags.Editable = editable;
+    p.report("Editable");
+}
+
+bool kxGrid::bIsShowZero() const {
+    return parts_->flags.bIsShowZero;
+}
+
+void kxGrid::bIsShowZero(bool show) {
+    parts_->flags.bIsShowZero = show;
+    parts_->report("ShowZero");
+}
+
+bool kxGrid::ReDraw() const {
+    return parts_->flags.ReDraw;
+}
+
+void kxGrid::ReDraw(bool redraw) {
+    Parts& p = *parts_;
+    p.flags.ReDraw = redraw;
+    if (!redraw) return;
+    grid::setUpGrid(p.main, p.columns, p.totals);
+    p.realign();
+    if (p.flags.SumRow) p.totals.recalculate(TotalRow::AllColumns);
+}
+
+bool kxGrid::SumRow() const {
+    return parts_->flags.SumRow;
+}
+
+void kxGrid::SumRow(bool show) {
+    Parts& p = *parts_;
+    p.flags.SumRow = show;
+    p.layout.showTotalRow(show);
+    p.seat->layoutChanged();
+    p.report("SumRow");
+}
+
+// --- Column definitions
+// ----------------------------------------------------------------------------------------------
+
+std::shared_ptr<cVsControl> kxGrid::VsCtrl(std::int16_t Col) {
+    return parts_->columns.shared(Col);
+}
+
+std::shared_ptr<cVsControl> kxGrid::SetVsControl() {
+    return parts_->columns.shared(parts_->main.Col());
+}
+
+void kxGrid::SetVsControl(std::shared_ptr<cVsControl> definition) {
+    parts_->columns.put(parts_->main.Col(), std::move(definition));
+    parts_->report("SetVsControl");
+}
+
+// --- Rows and columns
+// ------------------------------------------------------------------------------------------------
+
+std::int32_t kxGrid::Rows() const {
+    return parts_->main.Rows();
+}
+
+void kxGrid::Rows(std::int32_t count) {
+    Parts& p = *parts_;
+    CellGrid& grid = p.main;
+    count = std::max(count, grid.FixedRows());
+    if (count >= grid.Rows()) {
+        TotalRow::Expect recalculation(p.totals, TotalRow::AllColumns);  // empty rows change no total
+        grid.Rows(count);
+    } else {
+        grid.Rows(count);
+    }
+    while (grid.Rows() < grid.FixedRows() + events::RowAdder::FewestDataRows) {
+        grid.InsertRow(grid.Rows());
+        grid.RowHeight(grid.Rows() - 1, events::RowAdder::NewRowHeight);
+    }
+    grid.NumberRows();
+    columns::paintColumns(grid, p.columns);
+    p.totals.recalculate(TotalRow::AllColumns);
+    p.editor.place();
+    p.report("Rows");
+}
+
+std::int32_t kxGrid::Cols() const {
+    return parts_->main.Cols();
+}
+
+void kxGrid::Cols(std::int32_t count) {
+    Parts& p = *parts_;
+    p.main.Cols(count);
+    p.main.FormatString(p.main.FormatString());
+    p.totals.followCols();
+    p.columns.resize(p.main.Cols());
+    p.realign();
+    p.report("Cols");
+}
+
+std::int32_t kxGrid::FixedRows() const {
+    return parts_->main.FixedRows();
+}
+
+void kxGrid::FixedRows(std::int32_t count) {
+    parts_->main.FixedRows(count);
+    parts_->report("FixedRows");
+}
+
+std::int32_t kxGrid::FixedCols() const {
+    return parts_->main.FixedCols();
+}
+
+void kxGrid::FixedCols(std::int32_t count) {
+    Parts& p = *parts_;
+    p.main.FixedCols(count);
+    if (p.sums.FixedCols() != p.main.FixedCols()) p.totals.followFixedCols();
+    p.sums.BackColorFixed(p.main.BackColorFixed());
+    p.report("FixedCols");
+}
+
+std::int32_t kxGrid::Row() const {
+    return parts_->main.Row();
+}
+
+void kxGrid::Row(std::int32_t row) {
+    parts_->main.Row(row);
+}
+
+std::int32_t kxGrid::Col() const {
+    return parts_->main.Col();
+}
+
+void kxGrid::Col(std::int32_t col) {
+    parts_->main.Col(col);
+}
+
+std::string kxGrid::FormatString() const {
+    return parts_->main.FormatString();
+}
+
+void kxGrid::FormatString(std::string_view format) {
+    Parts& p = *parts_;
+    p.main.FormatString(format);
+    p.totals.followCols();
+    p.columns.resize(p.main.Cols());
+    p.realign();
+    p.report("FormatString");
+}
+
+bool kxGrid::ColHidden(std::int32_t Col) const {
+    return parts_->main.ColHidden(Col);
+}
+
+void kxGrid::ColHidden(std::int32_t Col, bool hidden) {
+    Parts& p = *parts_;
+    p.main.ColHidden(Col, hidden);
+    p.sums.ColHidden(Col, hidden);
+    p.columns.shared(Col)->bIsVisible(!hidden);
+    p.realign();
+}
+
+std::string kxGrid::ColFormat(std::int32_t Col) const {
+    return parts_->main.ColFormat(Col);
+}
+
+void kxGrid::ColFormat(std::int32_t Col, std::string_view format) {
+    parts_->main.ColFormat(Col, format);
+    parts_->sums.ColFormat(Col, format);
+}
+
+std::int32_t kxGrid::ColWidth(std::int32_t Col) const {
+    return parts_->main.ColWidth(Col);
+}
+
+void kxGrid::ColWidth(std::int32_t Col, std::int32_t twips) {
+    parts_->main.ColWidth(Col, twips);
+    parts_->realign();
+}
+
+mEmflexAlign kxGrid::ColAlignment(std::int32_t Col) const {
+    return parts_->main.ColAlignment(Col);
+}
+
+void kxGrid::ColAlignment(std::int32_t Col, mEmflexAlign alignment) {
+    parts_->main.ColAlignment(Col, alignment);
+    parts_->sums.ColAlignment(Col, alignment);
+}
+
+std::int32_t kxGrid::RowHeight(std::int32_t Row) const {
+    return parts_->main.RowHeight(Row);
+}
+
+void kxGrid::RowHeight(std::int32_t Row, std::int32_t twips) {
+    parts_->main.RowHeight(Row, twips);
+    parts_->realign();
+}
+
+std::int32_t kxGrid::SumRowHeight() const {
+    return parts_->totals.rowHeight();
+}
+
+void kxGrid::SumRowHeight(std::int32_t twips) {
+    parts_->totals.rowHeight(twips);
+    parts_->realign();
+}
+
+mEmflexMerge kxGrid::MergeCells() const {
+    return parts_->main.MergeCells();
+}
+
+void kxGrid::MergeCells(mEmflexMerge merge) {
+    parts_->main.MergeCells(merge);
+}
+
+bool kxGrid::MergeCol(std::int32_t Col) const {
+    return parts_->main.MergeCol(Col);
+}
+
+void kxGrid::MergeCol(std::int32_t Col, bool merge) {
+    parts_->main.MergeCol(Col, merge);
+}
+
+bool kxGrid::MergeRow(std::int32_t Row) const {
+    return parts_->main.MergeRow(Row);
+}
+
+void kxGrid::MergeRow(std::int32_t Row, bool merge) {
+    parts_->main.MergeRow(Row, merge);
+}
+
+void kxGrid::Clear() {
+    Parts& p = *parts_;
+    p.editor.text("");
+    p.editor.tag("");
+    p.editor.hide();
+    Rows(p.main.FixedRows());
+}
+
+// --- Look
+// ------------------------------------------------------------------------------------------------------------
+
+std::uint32_t kxGrid::BackColor() const {
+    return parts_->main.BackColor();
+}
+
+void kxGrid::BackColor(std::uint32_t color) {
+    parts_->main.BackColor(color);
+    parts_->sums.BackColor(parts_->main.BackColor());
+    parts_->report("BackColor");
+}
+
+std::uint32_t kxGrid::BackColorBkg() const {
+    return parts_->main.BackColorBkg();
+}
+
+void kxGrid::BackColorBkg(std::uint32_t color) {
+    parts_->main.BackColorBkg(color);
+    parts_->sums.BackColorBkg(parts_->main.BackColorBkg());
+    parts_->report("BackColorBkg");
+}
+
+std::uint32_t kxGrid::BackColorFixed() const {
+    return parts_->main.BackColorFixed();
+}
+
+void kxGrid::BackColorFixed(std::uint32_t color) {
+    parts_->main.BackColorFixed(color);
+    parts_->sums.BackColorFixed(parts_->main.BackColorFixed());
+    parts_->report("BackColorFixed");
+}
+
+std::uint32_t kxGrid::ForeColor() const {
+    return parts_->main.ForeColor();
+}
+
+void kxGrid::ForeColor(std::uint32_t color) {
+    parts_->main.ForeColor(color);
+    parts_->sums.ForeColor(parts_->main.ForeColor());
+    parts_->report("ForeColor");
+}
+
+std::uint32_t kxGrid::ForeColorFixed() const {
+    return parts_->main.ForeColorFixed();
+}
+
+void kxGrid::ForeColorFixed(std::uint32_t color) {
+    parts_->main.ForeColorFixed(color);
+    parts_->sums.ForeColorFixed(parts_->main.ForeColorFixed());
+    parts_->report("ForeColorFixed");
+}
+
+std::int32_t kxGrid::Appearance() const {
+    return parts_->main.Appearance();
+}
+
+void kxGrid::Appearance(std::int32_t appearance) {
+    parts_->main.Appearance(appearance);
+    parts_->report("Appearance");
+}
+
+void kxGrid::VsSumCellBackColor(std::uint32_t color) {
+    parts_->totals.color(color);
+}
+
+CellGrid& kxGrid::Grid() {
+    return parts_->main;
+}
+
+const CellGrid& kxGrid::Grid() const {
+    return parts_->main;
+}
+
+CellGrid& kxGrid::Grid_Sum() {
+    return parts_->sums;
+}
+
+const CellGrid& kxGrid::Grid_Sum() const {
+    return parts_->sums;
+}
+}  // namespace kxVsGrid
