@@ -130,7 +130,14 @@ class Desk : public Platform {
     struct Station;
     struct Records;
     class DeskSeat;
+    class Call;
     Station& station() const;
+    void sweep();
+    void moveFocus(Station* station, FocusPlace place);
+    void stroke(const KeyStroke& key);
+    void applyToTextBox(Station& at, const KeyStroke& key);
+    Rect reach(std::int32_t row, std::int32_t col) const;
+    Desk& clickCell(std::int16_t button, std::int32_t row, std::int32_t col, std::int16_t shift);
     std::vector<std::unique_ptr<Station>> stations_;
     Station* current_ = nullptr;
     std::unique_ptr<Records> records_;

@@ -1,0 +1,169 @@
+// The machine: its controls, their seats, its boxes and its clock.
+#include "kxVsGrid/headless/Desk.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "headless/DeskSeat.h"
+#include "headless/Station.h"
+
+namespace kxVsGrid::headless {
+namespace {
+
+constexpr std::int32_t FormWidth = 9000;
+constexpr std::int32_t FormHeight = 6000;
+}  // namespace
+
+Desk::Desk() : records_(std::make_unique<Records>()) {}
+
+Desk::~Desk() = default;
+
+std::unique_ptr<Seat> Desk::seat(kxGrid& control) {
+    auto station = std::make_unique<Station>();
+    station->address = &control;
+    stations_.push_back(std::move(station));
+    return std::make_unique<DeskSeat>(*this, *stations_.back());
+}
+
+kxGrid& Desk::place() {
+    auto control = std::make_unique<kxGrid>(*this);
+    use(*control);
+    current_->grid = std::move(control);
+    current_->grid->InitProperties();
+    resize(FormWidth, FormHeight);
+    return *current_->grid;
+}
+
+kxGrid& Desk::load(PropertyBag& bag) {
+    auto control = std::make_unique<kxGrid>(*this);
+    use(*control);
+    current_->grid = std::move(control);
+    current_->grid->ReadProperties(bag);
+    resize(FormWidth, FormHeight);
+    return *current_->grid;
+}
+
+void Desk::use(kxGrid& grid) {
+    for (auto& station : stations_)
+        if (station->address == &grid) current_ = station.get();
+}
+
+kxGrid& Desk::grid() {
+    return *station().address;
+}
+
+Desk::Station& Desk::station() const {
+    if (!current_) throw std::logic_error("the desk has no control: place() one first");
+    return *current_;
+}
+
+void Desk::remove(kxGrid& grid) {
+    for (auto& station : stations_)
+        if (station->address == &grid) station->removed = true;
+    if (records_->calls == 0) sweep();
+}
+
+/// Lets go of controls that were removed; none of their code is running any more.
+void Desk::sweep() {
+    for (auto& station : stations_) {
+        if (!station->removed) continue;
+        if (records_->focused == station.get()) {
+            records_->focused = nullptr;
+            records_->place = FocusPlace::Elsewhere;
+        }
+        if (current_ == station.get()) current_ = nullptr;
+        station->grid.reset();
+    }
+    std::erase_if(stations_, [](const auto& station) { return station->removed; });
+}
+
+void Desk::moveFocus(Station* station, FocusPlace place) {
+    Station* before = records_->focused;
+    records_->focused = place == FocusPlace::Elsewhere ? nullptr : station;
+    records_->place = place;
+    if (before && before != records_->focused) before->input().focusMoved(FocusPlace::Elsewhere);
+    // What the loss brought about may have moved the keyboard again.
+    if (records_->focused == station && records_->place == place) station->input().focusMoved(place);
+}
+
+FocusPlace Desk::focusOwner() const {
+    return records_->focused == current_ ? records_->place : FocusPlace::Elsewhere;
+}
+
+// --- Platform
+// --------------------------------------------------------------------------------------------------------
+
+const TextMetrics& Desk::textMetrics() const {
+    return TextMetrics::fixed();
+}
+
+DateTime Desk::now() const {
+    return records_->now;
+}
+
+void Desk::showMessage(const MessageBox& box) {
+    records_->messages.push_back(box);
+}
+
+std::optional<std::string> Desk::askText(const InputBox& box) {
+    records_->inputBoxes.push_back(box);
+    if (records_->answers.empty()) return std::nullopt;
+    auto answer = std::move(records_->answers.front());
+    records_->answers.pop_front();
+    return answer;
+}
+
+void Desk::clipboardText(std::string_view text) {
+    records_->clipboard = text;
+}
+
+void Desk::processPendingInput() {}
+
+// --- Records
+// ---------------------------------------------------------------------------------------------------------
+
+const std::vector<MessageBox>& Desk::messages() const {
+    return records_->messages;
+}
+
+const std::vector<InputBox>& Desk::inputBoxes() const {
+    return records_->inputBoxes;
+}
+
+Desk& Desk::answerInputBox(std::string answer) {
+    records_->answers.emplace_back(std::move(answer));
+    return *this;
+}
+
+Desk& Desk::cancelInputBox() {
+    records_->answers.emplace_back(std::nullopt);
+    return *this;
+}
+
+const std::string& Desk::clipboard() const {
+    return records_->clipboard;
+}
+
+const std::vector<std::string>& Desk::reports() const {
+    return records_->reports;
+}
+
+int Desk::leftControl() const {
+    return records_->leftControl;
+}
+
+Desk& Desk::setNow(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
+                   std::int32_t minute, std::int32_t second) {
+    records_->now = {year, month, day, hour, minute, second};
+    return *this;
+}
+
+Desk& Desk::clear() {
+    records_->messages.clear();
+    records_->inputBoxes.clear();
+    records_->reports.clear();
+    records_->clipboard.clear();
+    records_->leftControl = 0;
+    return *this;
+}
+}  // namespace kxVsGrid::headless

@@ -1,0 +1,37 @@
+// One control on a desk: the control, the text box that stands for its editor, its focus.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "headless/TextLine.h"
+#include "kxVsGrid/headless/Desk.h"
+
+namespace kxVsGrid::headless {
+
+struct Desk::Station {
+    std::unique_ptr<kxGrid> grid;
+    kxGrid* address =
+        nullptr;  ///< known before `grid` is set: a seat is taken while the control is constructed
+    TextLine box;
+    bool composing = false;
+    std::string composed;
+    bool removed = false;  ///< goes when the desk's call has returned
+
+    Input& input() const { return address->input(); }
+    void report() const { input().edited(box.text, box.selStart, box.selLength); }
+};
+
+struct Desk::Records {
+    std::vector<MessageBox> messages;
+    std::vector<InputBox> inputBoxes;
+    std::deque<std::optional<std::string>> answers;
+    std::vector<std::string> reports;
+    std::string clipboard;
+    DateTime now{2026, 11, 20, 9, 30, 0};
+    Station* focused = nullptr;
+    FocusPlace place = FocusPlace::Elsewhere;
+    int leftControl = 0;
+    int calls = 0;  ///< how deep the desk is in carrying out calls
+};
+}  // namespace kxVsGrid::headless

@@ -1,0 +1,70 @@
+#include "headless/TextLine.h"
+
+#include <algorithm>
+
+#include "support/Text.h"
+
+namespace kxVsGrid::headless {
+
+using support::byteOfCharacter;
+
+std::size_t TextLine::length() const {
+    return support::characters(text);
+}
+
+void TextLine::removeSelection() {
+    const std::size_t from = byteOfCharacter(text, selStart);
+    const std::size_t to = byteOfCharacter(text, selStart + selLength);
+    text.erase(from, to - from);
+    selLength = 0;
+}
+
+void TextLine::insert(std::string_view characters) {
+    const std::size_t kept = length() - selLength;
+    if (limit > 0) {
+        const auto most = static_cast<std::size_t>(limit);
+        characters = support::left(characters, most > kept ? most - kept : 0);
+        if (characters.empty()) return;
+    }
+    removeSelection();
+    text.insert(byteOfCharacter(text, selStart), characters);
+    selStart += support::characters(characters);
+}
+
+void TextLine::key(Key key) {
+    const bool selected = selLength > 0;
+    switch (key) {
+        case Key::Back:
+            if (!selected && selStart > 0) {
+                --selStart;
+                selLength = 1;
+            }
+            removeSelection();
+            break;
+        case Key::Delete:
+            if (!selected && selStart < length()) selLength = 1;
+            removeSelection();
+            break;
+        case Key::Left:
+            if (!selected && selStart > 0) --selStart;
+            selLength = 0;
+            break;
+        case Key::Right:
+            selStart = selected ? selStart + selLength : std::min(selStart + 1, length());
+            selLength = 0;
+            break;
+        case Key::Home:
+            selStart = selLength = 0;
+            break;
+        case Key::End:
+            selStart = length();
+            selLength = 0;
+            break;
+        case Key::Enter:
+            if (multiLine) insert("\n");
+            break;
+        default:
+            break;
+    }
+}
+}  // namespace kxVsGrid::headless
