@@ -1,0 +1,88 @@
+#include "cellgrid/Axis.h"
+
+#include <algorithm>
+
+namespace kxVsGrid::cellgrid {
+
+void Axis::insert(std::int32_t index, std::int32_t n) {
+    runs_.insert(index, n, AxisSize{std::max(defaultSize_, minimum_), false});
+}
+
+bool Axis::setSize(std::int32_t index, std::int32_t size) {
+    size = std::max(size, minimum_);
+    return runs_.transform(index, 1, [size](AxisSize s) {
+        s.size = size;
+        return s;
+    });
+}
+
+bool Axis::setHidden(std::int32_t index, bool hidden) {
+    return runs_.transform(index, 1, [hidden](AxisSize s) {
+        s.hidden = hidden;
+        return s;
+    });
+}
+
+bool Axis::setMinimum(std::int32_t minimum) {
+    minimum_ = minimum;
+    return runs_.transform(0, count(), [minimum](AxisSize s) {
+        s.size = std::max(s.size, minimum);
+        return s;
+    });
+}
+
+std::int64_t Axis::position(std::int32_t index) const {
+    const auto& blocks = runs_.blocks();
+    const auto place = blocks.find(index);
+    if (blocks.atEnd(place)) return place.position;
+    return place.position + (index - place.first) * extentOf(blocks[place].value);
+}
+
+std::int32_t Axis::indexAt(std::int64_t position) const {
+    const auto& blocks = runs_.blocks();
+    if (position >= blocks.extent()) return count();
+    const auto place = blocks.findPosition(std::max<std::int64_t>(position, 0));
+    const std::int64_t into = std::max<std::int64_t>(position, 0) - place.position;
+    return static_cast<std::int32_t>(place.first + into / extentOf(blocks[place].value));
+}
+
+std::int32_t Axis::firstFrom(std::int64_t position) const {
+    if (position <= 0) return indexAt(0);
+    // The element over the position before it is the last that begins earlier.
+    const std::int32_t before = indexAt(position - 1);
+    return before == count() ? before : indexAt(this->position(before) + extent(before));
+}
+
+std::int32_t Axis::shownAfter(std::int32_t index, std::int32_t steps) const {
+    const auto& blocks = runs_.blocks();
+    std::int32_t found = -1;
+    std::int64_t from = std::max<std::int64_t>(std::int64_t{index} + 1, 0);
+    for (auto place = blocks.find(from); !blocks.atEnd(place) && steps > 0; place = blocks.next(place)) {
+        from = std::max(from, place.first);
+        const auto& run = blocks[place];
+        if (run.extent() == 0) continue;
+        const std::int64_t here = std::min<std::int64_t>(steps, place.first + run.count - from);
+        found = static_cast<std::int32_t>(from + here - 1);
+        steps -= static_cast<std::int32_t>(here);
+    }
+    return found;
+}
+
+std::int32_t Axis::shownBefore(std::int32_t index, std::int32_t steps) const {
+    const auto& blocks = runs_.blocks();
+    std::int32_t found = -1;
+    std::int64_t to = std::min<std::int64_t>(index, count());
+    auto place = to > 0 ? blocks.find(to - 1) : blocks.begin();
+    while (to > 0 && steps > 0) {
+        const auto& run = blocks[place];
+        if (run.extent() != 0) {
+            const std::int64_t here = std::min<std::int64_t>(steps, to - place.first);
+            found = static_cast<std::int32_t>(to - here);
+            steps -= static_cast<std::int32_t>(here);
+        }
+        to = place.first;
+        if (to > 0) place = blocks.previous(place);
+    }
+    return found;
+}
+}  // namespace kxVsGrid::cellgrid

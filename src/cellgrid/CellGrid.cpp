@@ -1,0 +1,289 @@
+// The public face: checks what it is given and hands it to the part that owns it.
+#include "kxVsGrid/CellGrid.h"
+
+#include <algorithm>
+
+#include "cellgrid/GridImpl.h"
+#include "support/Numbers.h"
+
+namespace kxVsGrid {
+
+using cellgrid::CellStore;
+using cellgrid::CellStyle;
+using cellgrid::misuse;
+
+namespace {
+/// Larger sizes could not be added up in 32 bits.
+constexpr std::int32_t MaxSize = 1'000'000'000;
+
+void requireSize(const char* member, std::int32_t twips) {
+    if (twips < 0) misuse(member, twips, "is negative");
+    if (twips > MaxSize) misuse(member, twips, "is more than the maximum");
+}
+}  // namespace
+
+CellGrid::CellGrid(const TextMetrics& metrics) : impl_(std::make_unique<Impl>(*this, metrics)) {
+    Rows(6);
+    Cols(10);
+    FixedRows(1);
+    FixedCols(1);
+    impl_->currentRow = impl_->currentCol = 1;
+}
+
+CellGrid::~CellGrid() = default;
+
+std::int32_t CellGrid::Rows() const {
+    return impl_->rows();
+}
+void CellGrid::Rows(std::int32_t count) {
+    impl_->setRows(count);
+}
+std::int32_t CellGrid::Cols() const {
+    return impl_->cols();
+}
+void CellGrid::Cols(std::int32_t count) {
+    impl_->setCols(count);
+}
+std::int32_t CellGrid::FixedRows() const {
+    return impl_->layout.rows.fixed;
+}
+void CellGrid::FixedRows(std::int32_t count) {
+    impl_->setFixedRows(count);
+}
+std::int32_t CellGrid::FixedCols() const {
+    return impl_->layout.cols.fixed;
+}
+void CellGrid::FixedCols(std::int32_t count) {
+    impl_->setFixedCols(count);
+}
+void CellGrid::InsertRow(std::int32_t position) {
+    impl_->insertRow(position);
+}
+void CellGrid::RemoveRow(std::int32_t position) {
+    impl_->removeRow(position);
+}
+
+std::int32_t CellGrid::Row() const {
+    return impl_->currentRow;
+}
+void CellGrid::Row(std::int32_t row) {
+    impl_->requireRow("Row", row);
+    impl_->move(row, impl_->currentCol);
+}
+std::int32_t CellGrid::Col() const {
+    return impl_->currentCol;
+}
+void CellGrid::Col(std::int32_t col) {
+    impl_->requireCol("Col", col);
+    impl_->move(impl_->currentRow, col);
+}
+bool CellGrid::Select(std::int32_t row, std::int32_t col) {
+    impl_->requireCell("Select", row, col);
+    return impl_->move(row, col);
+}
+
+// --- Cells.
+
+std::string CellGrid::Text(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("Text", row, col);
+    CellStore::Scratch scratch;
+    return std::string(impl_->store.text(row, col, scratch));
+}
+void CellGrid::Text(std::int32_t row, std::int32_t col, std::string_view text) {
+    impl_->requireCell("Text", row, col);
+    impl_->setText(row, col, text);
+}
+std::string CellGrid::DisplayText(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("DisplayText", row, col);
+    CellStore::Scratch scratch;
+    return std::string(impl_->store.displayText(row, col, scratch));
+}
+std::string CellGrid::Data(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("Data", row, col);
+    CellStore::Scratch scratch;
+    return std::string(impl_->store.tag(row, col, scratch));
+}
+void CellGrid::Data(std::int32_t row, std::int32_t col, std::string_view data) {
+    impl_->requireCell("Data", row, col);
+    impl_->setTag(row, col, data);
+}
+
+std::optional<mEmflexAlign> CellGrid::CellAlignment(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("CellAlignment", row, col);
+    return impl_->store.style(row, col).alignment;
+}
+void CellGrid::CellAlignment(std::int32_t row, std::int32_t col, std::optional<mEmflexAlign> alignment) {
+    impl_->requireCell("CellAlignment", row, col);
+    impl_->changeStyle(row, col, [&](CellStyle& s) { s.alignment = alignment; });
+}
+std::optional<std::uint32_t> CellGrid::CellForeColor(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("CellForeColor", row, col);
+    return impl_->store.style(row, col).foreColor;
+}
+void CellGrid::CellForeColor(std::int32_t row, std::int32_t col, std::optional<std::uint32_t> color) {
+    impl_->requireCell("CellForeColor", row, col);
+    impl_->changeStyle(row, col, [&](CellStyle& s) { s.foreColor = color; });
+}
+std::optional<std::uint32_t> CellGrid::CellBackColor(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("CellBackColor", row, col);
+    return impl_->store.style(row, col).backColor;
+}
+void CellGrid::CellBackColor(std::int32_t row, std::int32_t col, std::optional<std::uint32_t> color) {
+    impl_->requireCell("CellBackColor", row, col);
+    impl_->changeStyle(row, col, [&](CellStyle& s) { s.backColor = color; });
+}
+void CellGrid::PaintColumn(std::int32_t col, std::int32_t firstRow, std::int32_t lastRow,
+                           std::optional<std::uint32_t> foreColor, std::optional<std::uint32_t> backColor) {
+    impl_->requireCol("PaintColumn", col);
+    impl_->requireRows("PaintColumn", firstRow, lastRow);
+    const auto paint = [&](CellStyle& s) {
+        s.foreColor = foreColor;
+        s.backColor = backColor;
+    };
+    if (impl_->store.changeStyle(col, firstRow, lastRow - firstRow + 1, paint)) impl_->damage.addAll();
+}
+mEmflexAlign CellGrid::EffectiveAlignment(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("EffectiveAlignment", row, col);
+    const cellgrid::GridColumn& column = impl_->store.column(col);
+    const mEmflexAlign given = impl_->store.style(row, col).alignment.value_or(
+        row < FixedRows() ? column.fixedAlignment : column.alignment);
+    if (given >= flexAlignLeftTop && given < flexAlignGeneral) return given;
+    CellStore::Scratch scratch;
+    const bool number = support::completeNumber(impl_->store.text(row, col, scratch)).has_value();
+    return number ? flexAlignRightCenter : flexAlignLeftCenter;
+}
+void CellGrid::ClearText(std::int32_t firstRow, std::int32_t lastRow) {
+    impl_->requireRows("ClearText", firstRow, lastRow);
+    impl_->contentWillChange(-1);
+    impl_->store.clearTexts(firstRow, lastRow - firstRow + 1);
+    impl_->damage.addAll();
+}
+
+void CellGrid::ComputedText(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
+    impl_->requireCell("ComputedText", row, col);
+    impl_->contentWillChange(col);
+    impl_->store.setComputed(row, col, std::move(compute));
+    impl_->damageCell(row, col);
+}
+void CellGrid::NumberRows() {
+    if (FixedCols() == 0) return;
+    impl_->contentWillChange(0);
+    impl_->store.numberRows();
+    impl_->damage.addAll();
+}
+double CellGrid::ColumnSum(std::int32_t col) const {
+    impl_->requireCol("ColumnSum", col);
+    return impl_->store.sum(col);
+}
+
+// --- Columns.
+
+std::int32_t CellGrid::ColWidth(std::int32_t col) const {
+    impl_->requireCol("ColWidth", col);
+    return impl_->layout.cols.axis.size(col);
+}
+void CellGrid::ColWidth(std::int32_t col, std::int32_t twips) {
+    impl_->requireCol("ColWidth", col);
+    requireSize("ColWidth", twips);
+    if (impl_->layout.cols.axis.setSize(col, twips)) impl_->geometryChanged();
+}
+bool CellGrid::ColHidden(std::int32_t col) const {
+    impl_->requireCol("ColHidden", col);
+    return impl_->layout.cols.axis.hidden(col);
+}
+void CellGrid::ColHidden(std::int32_t col, bool hidden) {
+    impl_->requireCol("ColHidden", col);
+    if (impl_->layout.cols.axis.setHidden(col, hidden)) impl_->geometryChanged();
+}
+mEmflexAlign CellGrid::ColAlignment(std::int32_t col) const {
+    impl_->requireCol("ColAlignment", col);
+    return impl_->store.column(col).alignment;
+}
+void CellGrid::ColAlignment(std::int32_t col, mEmflexAlign alignment) {
+    impl_->requireCol("ColAlignment", col);
+    impl_->store.column(col).alignment = alignment;
+    impl_->damage.addAll();
+}
+mEmflexAlign CellGrid::FixedAlignment(std::int32_t col) const {
+    impl_->requireCol("FixedAlignment", col);
+    return impl_->store.column(col).fixedAlignment;
+}
+void CellGrid::FixedAlignment(std::int32_t col, mEmflexAlign alignment) {
+    impl_->requireCol("FixedAlignment", col);
+    impl_->store.column(col).fixedAlignment = alignment;
+    impl_->damage.addAll();
+}
+std::string CellGrid::ColFormat(std::int32_t col) const {
+    impl_->requireCol("ColFormat", col);
+    const auto& format = impl_->store.column(col).format;
+    return format ? format->pattern() : std::string();
+}
+void CellGrid::ColFormat(std::int32_t col, std::string_view format) {
+    impl_->requireCol("ColFormat", col);
+    const auto& present = impl_->store.column(col).format;
+    if (present ? present->pattern() == format : format.empty()) return;
+    impl_->contentWillChange(col);
+    impl_->store.setFormat(col, format);
+    impl_->damage.addAll();
+}
+mEmDataType CellGrid::ColDataType(std::int32_t col) const {
+    impl_->requireCol("ColDataType", col);
+    return impl_->store.column(col).dataType;
+}
+void CellGrid::ColDataType(std::int32_t col, mEmDataType type) {
+    impl_->requireCol("ColDataType", col);
+    impl_->store.column(col).dataType = type;
+    impl_->damage.addAll();
+}
+bool CellGrid::MergeCol(std::int32_t col) const {
+    impl_->requireCol("MergeCol", col);
+    return impl_->store.column(col).merge;
+}
+void CellGrid::MergeCol(std::int32_t col, bool merge) {
+    impl_->requireCol("MergeCol", col);
+    impl_->store.column(col).merge = merge;
+    impl_->damage.addAll();
+}
+
+// --- Rows.
+
+std::int32_t CellGrid::RowHeight(std::int32_t row) const {
+    impl_->requireRow("RowHeight", row);
+    return impl_->layout.rows.axis.size(row);
+}
+void CellGrid::RowHeight(std::int32_t row, std::int32_t twips) {
+    impl_->requireRow("RowHeight", row);
+    requireSize("RowHeight", twips);
+    if (impl_->layout.rows.axis.setSize(row, twips)) impl_->geometryChanged();
+}
+bool CellGrid::RowHidden(std::int32_t row) const {
+    impl_->requireRow("RowHidden", row);
+    return impl_->layout.rows.axis.hidden(row);
+}
+void CellGrid::RowHidden(std::int32_t row, bool hidden) {
+    impl_->requireRow("RowHidden", row);
+    if (impl_->layout.rows.axis.setHidden(row, hidden)) impl_->geometryChanged();
+}
+std::int32_t CellGrid::RowHeightMin() const {
+    return impl_->layout.rows.axis.minimum();
+}
+void CellGrid::RowHeightMin(std::int32_t twips) {
+    requireSize("RowHeightMin", twips);
+    if (impl_->layout.rows.axis.setMinimum(twips)) impl_->geometryChanged();
+}
+bool CellGrid::MergeRow(std::int32_t row) const {
+    impl_->requireRow("MergeRow", row);
+    return impl_->mergedRows.at(row);
+}
+void CellGrid::MergeRow(std::int32_t row, bool merge) {
+    impl_->requireRow("MergeRow", row);
+    if (impl_->mergedRows.set(row, 1, merge)) impl_->damage.addAll();
+}
+
+std::string CellGrid::FormatString() const {
+    return impl_->formatString;
+}
+void CellGrid::FormatString(std::string_view format) {
+    impl_->setFormatString(format);
+}
+}  // namespace kxVsGrid

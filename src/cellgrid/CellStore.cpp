@@ -1,0 +1,183 @@
+#include "cellgrid/CellStore.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+namespace kxVsGrid::cellgrid {
+
+namespace {
+/// Arenas smaller than this are never worth packing anew.
+constexpr std::size_t SmallArena = 1 << 20;
+
+std::string_view rowNumber(std::int32_t number, CellStore::Scratch& scratch) {
+    char* const begin = scratch.bytes.data();
+    const auto end = std::to_chars(begin, begin + scratch.bytes.size(), number).ptr;
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+}  // namespace
+
+void CellStore::insertRows(std::int32_t row, std::int32_t n) {
+    order_.insert(row, n);
+    for (GridColumn& c : columns_) c.styles.insert(row, n);
+}
+
+void CellStore::removeRows(std::int32_t row, std::int32_t n) {
+    for (GridColumn& c : columns_) {
+        clearColumn(c, row, n);
+        c.styles.remove(row, n);
+    }
+    order_.remove(row, n, [](RowHandle) {});
+    if (n > 1) compact();
+}
+
+void CellStore::setCols(std::int32_t count) {
+    for (std::int32_t col = count; col < cols(); ++col) clearColumn(column(col), 0, rows());
+    if (count == 0) numbered_ = false;
+    const bool fewer = count < cols();
+    columns_.resize(static_cast<std::size_t>(count));
+    if (fewer) compact();
+}
+
+std::string_view CellStore::slotText(TextSlot s, Scratch& scratch) const {
+    if (!slot::isComputed(s)) return arena_.text(s, scratch.bytes);
+    const Computer compute = computed_[slot::reference(s)];  // lives on should it overwrite its own cell
+    scratch.text = (*compute)();
+    return scratch.text;
+}
+
+std::string_view CellStore::text(std::int32_t row, std::int32_t col, Scratch& scratch) const {
+    const TextSlot s = textSlot(row, col);
+    if (s == slot::Empty && numbered(row, col)) return rowNumber(row - fixedRows_ + 1, scratch);
+    return slotText(s, scratch);
+}
+
+std::string_view CellStore::displayText(std::int32_t row, std::int32_t col, Scratch& scratch) const {
+    const std::string_view plain = text(row, col, scratch);
+    const CellFormat* format = column(col).format.get();
+    if (!format || row < fixedRows_ || plain.empty()) return plain;
+    std::string shown;
+    if (!format->apply(plain, shown)) return plain;
+    scratch.text = std::move(shown);
+    return scratch.text;
+}
+
+CellStore::Effect CellStore::effectOfText(std::int32_t row, std::int32_t col, std::string_view text) const {
+    const TextSlot old = textSlot(row, col);
+    if (text.empty()) {
+        if (slot::hasBlock(old) || (old != slot::Empty && slot::isShort(old))) return Effect::Changed;
+        const bool shown = slot::isComputed(old) || (old == slot::Empty && numbered(row, col));
+        return shown ? Effect::Shown : Effect::Nothing;
+    }
+    const TextSlot fresh = slot::ofShort(text);
+    if (fresh != slot::Empty) return fresh == old ? Effect::Nothing : Effect::Changed;
+    slot::Buffer buffer;
+    return slot::hasBlock(old) && arena_.text(old, buffer) == text ? Effect::Nothing : Effect::Changed;
+}
+
+void CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text) {
+    TextSlot fresh = slot::Empty;
+    if (!text.empty())
+        fresh = arena_.store(text);
+    else if (numbered_ && col == 0)
+        fresh = slot::WrittenEmpty;
+    if (fresh == slot::Empty && order_.handle(row) == NoHandle) return;
+    putSlot(column(col), order_.obtain(row), fresh);
+}
+
+void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
+    auto free = std::find(computed_.begin(), computed_.end(), nullptr);
+    if (free == computed_.end()) free = computed_.insert(free, nullptr);
+    *free = std::make_shared<const std::function<std::string()>>(std::move(compute));
+    const auto number = static_cast<std::uint32_t>(free - computed_.begin());
+    putSlot(column(col), order_.obtain(row), slot::Computed | number);
+}
+
+std::string_view CellStore::tag(std::int32_t row, std::int32_t col, Scratch& scratch) const {
+    const RowHandle handle = order_.handle(row);
+    return handle == NoHandle ? std::string_view{} : arena_.text(column(col).tags.get(handle), scratch.bytes);
+}
+
+bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag) {
+    GridColumn& c = column(col);
+    RowHandle handle = order_.handle(row);
+    const TextSlot old = handle == NoHandle ? slot::Empty : c.tags.get(handle);
+    TextSlot fresh = slot::ofShort(tag);
+    if (fresh != slot::Empty || tag.empty()) {
+        if (fresh == old) return false;
+    } else {
+        slot::Buffer buffer;
+        if (slot::hasBlock(old) && arena_.text(old, buffer) == tag) return false;
+        fresh = arena_.store(tag);
+    }
+    if (handle == NoHandle) handle = order_.obtain(row);
+    c.tags.set(handle, fresh);
+    arena_.release(old);
+    return true;
+}
+
+void CellStore::clearTexts(std::int32_t row, std::int32_t n) {
+    for (GridColumn& c : columns_) clearColumn(c, row, n);
+    if (numbered_ && row <= fixedRows_ && row + n == rows()) {
+        numbered_ = false;
+    } else if (numbered_) {
+        for (std::int32_t r = std::max(row, fixedRows_); r < row + n; ++r) setText(r, 0, {});
+    }
+    compact();
+}
+
+void CellStore::numberRows() {
+    numbered_ = true;
+    GridColumn& c = column(0);
+    c.numbers.reset();
+    std::size_t inFixedRows = 0;
+    for (std::int32_t row = 0; row < fixedRows_ && inFixedRows < c.texts.used(); ++row)
+        inFixedRows += textSlot(row, 0) != slot::Empty;
+    if (inFixedRows == c.texts.used()) return;
+    order_.forEach(fixedRows_, rows(), [&](std::int32_t, RowHandle h) { putSlot(c, h, slot::Empty); });
+}
+
+void CellStore::setFormat(std::int32_t col, std::string_view pattern) {
+    GridColumn& c = column(col);
+    c.format = pattern.empty() ? nullptr : std::make_unique<CellFormat>(pattern);
+    c.numbers.reset();
+}
+
+void CellStore::putSlot(GridColumn& c, RowHandle handle, TextSlot s) {
+    const TextSlot old = c.texts.get(handle);
+    c.texts.set(handle, s);
+    if (c.numbers) c.numbers->forget(handle);
+    releaseSlot(old);
+}
+
+void CellStore::releaseSlot(TextSlot s) {
+    if (slot::isComputed(s))
+        computed_[slot::reference(s)] = nullptr;
+    else
+        arena_.release(s);
+}
+
+void CellStore::clearColumn(GridColumn& c, std::int32_t row, std::int32_t n) {
+    if (c.texts.used() == 0 && c.tags.used() == 0) return;
+    order_.forEach(row, row + n, [&](std::int32_t, RowHandle handle) {
+        putSlot(c, handle, slot::Empty);
+        arena_.release(c.tags.get(handle));
+        c.tags.set(handle, slot::Empty);
+    });
+}
+
+/// Moves the long texts into a new arena when most of the old one lies idle.
+void CellStore::compact() {
+    if (arena_.footprint() < SmallArena || arena_.used() * 4 > arena_.footprint()) return;
+    TextArena packed;
+    slot::Buffer buffer;
+    const auto move = [&](TextSlot s) {
+        return slot::hasBlock(s) ? packed.store(arena_.text(s, buffer)) : s;
+    };
+    for (GridColumn& c : columns_) {
+        c.texts.moveEach(move);
+        c.tags.moveEach(move);
+    }
+    arena_ = std::move(packed);
+}
+}  // namespace kxVsGrid::cellgrid

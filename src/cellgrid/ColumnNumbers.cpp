@@ -1,0 +1,55 @@
+// What the texts of a column count as numbers.
+#include "cellgrid/CellStore.h"
+#include "support/Numbers.h"
+
+namespace kxVsGrid::cellgrid {
+
+/// Group separators belong to the number only where the format put them.
+double CellStore::numberOf(const GridColumn& c, std::string_view text) {
+    std::string shown;
+    if (c.format && !text.empty() && c.format->apply(text, shown))
+        return support::leadingNumberOfDisplayed(shown);
+    return support::leadingNumber(text);
+}
+
+/// Adds in row order, as adding row by row does: the order decides the last digits.
+double CellStore::sum(std::int32_t col) {
+    if (numbered_ && col == 0) return sumOfRowNumbers();
+    GridColumn& c = column(col);
+    if (c.texts.used() == 0) return 0;
+    if (!c.numbers) c.numbers = std::make_unique<NumberPages>();
+    double total = 0;
+    RowHandle pageBegin = NoHandle;
+    NumberPages::Page* page = nullptr;
+    Scratch scratch;
+    order_.forEach(fixedRows_, rows(), [&](std::int32_t, RowHandle handle) {
+        const RowHandle within = handle % NumberPages::PageNumbers;
+        if (handle - within != pageBegin) {
+            pageBegin = handle - within;
+            page = &c.numbers->page(handle / NumberPages::PageNumbers);
+        }
+        double value = (*page)[within];
+        if (value != value) {  // not read yet
+            const TextSlot s = c.texts.get(handle);
+            value = s == slot::Empty ? 0 : numberOf(c, slotText(s, scratch));
+            if (!slot::isComputed(s)) (*page)[within] = value;
+        }
+        total += value;
+    });
+    return total;
+}
+
+/// Rows are numbered by where they are, so nothing can be remembered of them.
+double CellStore::sumOfRowNumbers() const {
+    const GridColumn& c = column(0);
+    double total = 0;
+    Scratch scratch;
+    for (std::int32_t row = fixedRows_; row < rows(); ++row) {
+        if (!c.format && textSlot(row, 0) == slot::Empty)
+            total += row - fixedRows_ + 1;
+        else
+            total += numberOf(c, text(row, 0, scratch));
+    }
+    return total;
+}
+}  // namespace kxVsGrid::cellgrid

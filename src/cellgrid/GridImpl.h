@@ -1,0 +1,138 @@
+// The parts behind CellGrid and what they do together. Cells, places and damage each have an owner of their
+// own; here is what belongs to the grid as a whole: its size, the current cell, its settings, and the order
+// in which a change touches the parts and raises events.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "cellgrid/CellStore.h"
+#include "cellgrid/DamageLog.h"
+#include "cellgrid/Layout.h"
+#include "cellgrid/Misuse.h"
+#include "kxVsGrid/CellGrid.h"
+
+namespace kxVsGrid {
+
+struct CellGrid::Impl {
+    Impl(CellGrid& owner, const TextMetrics& textMetrics) : grid(owner), metrics(textMetrics) {}
+
+    // --- Size (GridSize.cpp).
+    std::int32_t rows() const { return layout.rows.axis.count(); }
+    std::int32_t cols() const { return layout.cols.axis.count(); }
+    void setRows(std::int32_t count);
+    void setCols(std::int32_t count);
+    void setFixedRows(std::int32_t count);
+    void setFixedCols(std::int32_t count);
+    void insertRow(std::int32_t position);
+    void removeRow(std::int32_t position);
+    void setFormatString(std::string_view format);
+
+    // --- Cells (GridCells.cpp).
+    void requireRow(const char* member, std::int32_t row) const { requireIndex(member, "row", row, rows()); }
+    void requireCol(const char* member, std::int32_t col) const {
+        requireIndex(member, "column", col, cols());
+    }
+    void requireCell(const char* member, std::int32_t row, std::int32_t col) const {
+        requireRow(member, row);
+        requireCol(member, col);
+    }
+    void requireRows(const char* member, std::int32_t first, std::int32_t last) const {
+        requireRow(member, first);
+        requireRow(member, last);
+        if (last < first) cellgrid::misuse(member, last, "comes before the first row");
+    }
+    void setText(std::int32_t row, std::int32_t col, std::string_view text);
+    void setTag(std::int32_t row, std::int32_t col, std::string_view tag);
+    template <class Change>
+    void changeStyle(std::int32_t row, std::int32_t col, Change change) {
+        if (store.changeStyle(col, row, 1, change)) damageCell(row, col);
+    }
+    void contentWillChange(std::int32_t col) {
+        if (watcher) watcher->contentWillChange(col);
+    }
+
+    // --- The current cell (GridMoves.cpp).
+    bool move(std::int32_t newRow, std::int32_t newCol);
+    /// The current cell and the moves under way follow rows that were inserted or removed.
+    void rowsInserted(std::int32_t position, std::int32_t n);
+    void rowRemoved(std::int32_t position);
+
+    // --- The view (GridView.cpp).
+    void scrollTo(std::int32_t topRow, std::int32_t leftCol);
+    void geometryChanged();
+    void bringIntoView();
+    void damageCell(std::int32_t row, std::int32_t col);
+    void damageCursor();
+
+    // --- What the user does (GridKeys.cpp, GridMouse.cpp).
+    bool navigate(Key key, bool ctrl);
+    bool moveByUser(std::int32_t newRow, std::int32_t newCol);
+    std::int32_t pageTarget(bool down) const;
+    void pressed(std::int16_t button, std::int32_t x, std::int32_t y);
+    void dragged(std::int32_t x);
+    void resizeByUser(std::int32_t col, std::int32_t twips);
+
+    /// A move whose events are being raised. Its rows follow rows that its listeners insert or remove; a row
+    /// that is removed becomes -1.
+    struct Move {
+        std::int32_t oldRow;
+        std::int32_t oldCol;
+        std::int32_t newRow;
+        std::int32_t newCol;
+        Move* outer;
+    };
+    struct Drag {
+        std::int32_t col = -1;  ///< -1: no drag
+        std::int32_t grip = 0;  ///< from the pointer to the column's right edge
+    };
+
+    CellGrid& grid;
+    const TextMetrics& metrics;
+    cellgrid::CellStore store;
+    cellgrid::Layout layout;
+    cellgrid::DamageLog damage;
+    cellgrid::SparseRuns<bool> mergedRows;
+    std::string formatString;
+    Watcher* watcher = nullptr;
+
+    std::int32_t currentRow = -1;
+    std::int32_t currentCol = -1;
+    Move* moving = nullptr;         ///< the innermost move under way
+    std::uint64_t movesAsked = 0;   ///< moves of the current cell that code or the user asked for
+    std::uint64_t movesForced = 0;  ///< those that the loss of rows or columns forced
+
+    bool pressInside = false;
+    Drag drag;
+
+    // Rows in view, found once for many writes; void while rowsKnown is false.
+    bool rowsKnown = false;
+    std::int32_t visibleRowsEnd = 0;
+    std::int32_t visibleColsEnd = 0;
+
+    std::uint32_t backColor = 0x8000'0005;       // window
+    std::uint32_t backColorBkg = 0x8000'000C;    // application workspace
+    std::uint32_t backColorFixed = 0x8000'000F;  // button face
+    std::uint32_t foreColor = 0x8000'0008;       // window text
+    std::uint32_t foreColorFixed = 0x8000'0012;  // button text
+    std::int32_t appearance = 1;
+    mEmflexMerge mergeCells = flexMergeNever;
+    std::int32_t redraw = 1;
+    bool showCursor = true;
+    bool selectsRows = false;
+
+  private:
+    static void requireIndex(const char* member, const char* what, std::int32_t value, std::int32_t count) {
+        cellgrid::requireIndex(member, what, value, count);
+    }
+    void insertRows(std::int32_t position, std::int32_t n);
+    void removeRows(std::int32_t position, std::int32_t n);
+    void insertCols(std::int32_t n);
+    void viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol);
+    /// `oldRow` is a reference because it may follow rows while the events are raised.
+    void announceMove(const std::int32_t& oldRow, const std::int32_t& oldCol, std::uint64_t stamp);
+    void setCaption(std::int32_t field, std::string_view text, std::string_view caption);
+    std::uint64_t moves() const { return movesAsked + movesForced; }
+};
+}  // namespace kxVsGrid

@@ -1,0 +1,68 @@
+// Presses, clicks, the wheel and the dragging of column edges.
+#include <algorithm>
+#include <utility>
+
+#include "cellgrid/GridImpl.h"
+
+namespace kxVsGrid {
+
+namespace {
+/// The least width that dragging leaves: the column can be grabbed again.
+constexpr std::int32_t MinDraggedWidth = 60;
+}  // namespace
+
+void CellGrid::Impl::pressed(std::int16_t button, std::int32_t x, std::int32_t y) {
+    drag = {};
+    pressInside = x >= 0 && y >= 0 && x < layout.width && y < layout.height;
+    if (button != LeftButton) return;
+    const GridHit hit = layout.hit(x, y);
+    if (hit.part == GridHit::Part::ColumnEdge)
+        drag = {hit.col, layout.cols.place(hit.col) + layout.cols.axis.extent(hit.col) - x};
+    else if (hit.part == GridHit::Part::Cell)
+        moveByUser(hit.row, hit.col);
+}
+
+void CellGrid::Impl::dragged(std::int32_t x) {
+    const std::int32_t width = x + drag.grip - layout.cols.place(drag.col);
+    grid.ColWidth(drag.col, std::max(width, MinDraggedWidth));
+}
+
+void CellGrid::Impl::resizeByUser(std::int32_t atCol, std::int32_t twips) {
+    grid.ColWidth(atCol, twips);
+    grid.AfterUserResize(-1, atCol);
+}
+
+void CellGrid::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
+    impl_->pressed(button, x, y);
+    MouseDown(button, shift, static_cast<float>(x), static_cast<float>(y));
+}
+
+void CellGrid::mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
+    if (impl_->drag.col >= 0) impl_->dragged(x);
+    MouseMove(button, shift, static_cast<float>(x), static_cast<float>(y));
+}
+
+void CellGrid::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
+    const bool left = button == LeftButton;
+    const Impl::Drag drag = left ? std::exchange(impl_->drag, {}) : Impl::Drag{};
+    const bool clicked = left && std::exchange(impl_->pressInside, false) && drag.col < 0;
+    MouseUp(button, shift, static_cast<float>(x), static_cast<float>(y));
+    if (drag.col >= 0 && drag.col < Cols()) AfterUserResize(-1, drag.col);
+    if (clicked) Click();
+}
+
+void CellGrid::doubleClick(std::int16_t, std::int16_t, std::int32_t, std::int32_t) {
+    DblClick();
+}
+
+void CellGrid::wheel(std::int32_t rows) {
+    const cellgrid::Axis& axis = impl_->layout.rows.axis;
+    const std::int32_t top = impl_->layout.rows.first;
+    const std::int32_t target = rows > 0 ? axis.shownAfter(top, rows) : axis.shownBefore(top, -rows);
+    if (rows != 0 && target >= 0) TopRow(target);
+}
+
+void CellGrid::userColWidth(std::int32_t col, std::int32_t twips) {
+    impl_->resizeByUser(col, twips);
+}
+}  // namespace kxVsGrid

@@ -1,0 +1,90 @@
+// The current cell and its moves.
+//
+// Listeners may do anything meanwhile. A listener that moves the current cell itself replaces the move under
+// way: its own move completes first, with all its events, and the outer one ends there and raises nothing
+// more. Rows that a listener inserts or removes carry the target along; a target that vanishes ends the move.
+// A listener that throws ends the move at that step.
+#include <algorithm>
+
+#include "cellgrid/GridImpl.h"
+
+namespace kxVsGrid {
+
+namespace {
+/// Makes a move the innermost one for as long as its events are raised.
+template <class Move>
+class MoveSpan {
+  public:
+    MoveSpan(Move*& innermost, Move& move) : innermost_(innermost) {
+        move.outer = innermost;
+        innermost = &move;
+    }
+    ~MoveSpan() { innermost_ = innermost_->outer; }
+    MoveSpan(const MoveSpan&) = delete;
+    MoveSpan& operator=(const MoveSpan&) = delete;
+
+  private:
+    Move*& innermost_;
+};
+}  // namespace
+
+/// Answers whether the current cell became the one asked for, or was it already.
+bool CellGrid::Impl::move(std::int32_t newRow, std::int32_t newCol) {
+    if (newRow == currentRow && newCol == currentCol) return true;
+    Move move{currentRow, currentCol, newRow, newCol, nullptr};
+    const MoveSpan span(moving, move);
+    const std::uint64_t asked = movesAsked;
+    const auto stale = [&] {
+        return movesAsked != asked || move.newRow < 0 || move.newRow >= rows() || move.newCol >= cols();
+    };
+    bool cancel = false;
+    grid.BeforeRowColChange(move.oldRow, move.oldCol, move.newRow, move.newCol, cancel);
+    if (cancel || stale()) return false;
+    grid.LeaveCell();
+    if (stale()) return false;
+
+    move.oldRow = currentRow;
+    move.oldCol = currentCol;
+    damageCursor();
+    currentRow = move.newRow;
+    currentCol = move.newCol;
+    ++movesAsked;
+    damageCursor();
+    announceMove(move.oldRow, move.oldCol, moves());
+    return true;
+}
+
+/// The events of a move that is done, as long as the current cell stays where it went; `stamp` is moves() as
+/// the move left it.
+void CellGrid::Impl::announceMove(const std::int32_t& oldRow, const std::int32_t& oldCol,
+                                  std::uint64_t stamp) {
+    const auto replaced = [&] { return moves() != stamp; };
+    if (replaced()) return;
+    grid.EnterCell();
+    if (replaced()) return;
+    grid.RowColChange();
+    if (replaced()) return;
+    grid.AfterRowColChange(oldRow, oldCol, currentRow, currentCol);
+    if (replaced()) return;
+    grid.SelChange();
+}
+
+void CellGrid::Impl::rowsInserted(std::int32_t position, std::int32_t n) {
+    if (currentRow >= position) currentRow += n;
+    for (Move* m = moving; m; m = m->outer) {
+        if (m->oldRow >= position) m->oldRow += n;
+        if (m->newRow >= position) m->newRow += n;
+    }
+}
+
+void CellGrid::Impl::rowRemoved(std::int32_t position) {
+    if (currentRow > position || currentRow == rows()) --currentRow;
+    for (Move* m = moving; m; m = m->outer) {
+        if (m->oldRow > position || m->oldRow == rows()) --m->oldRow;
+        if (m->newRow == position)
+            m->newRow = -1;
+        else if (m->newRow > position)
+            --m->newRow;
+    }
+}
+}  // namespace kxVsGrid

@@ -1,0 +1,206 @@
+// The public face of the whole grid: its settings, its view and its picture.
+#include <algorithm>
+#include <utility>
+
+#include "cellgrid/GridImpl.h"
+
+namespace kxVsGrid {
+
+namespace {
+/// Stores a setting that the picture depends on.
+template <class T>
+void put(cellgrid::DamageLog& damage, T& setting, const T& value) {
+    if (setting == value) return;
+    setting = value;
+    damage.addAll();
+}
+}  // namespace
+
+std::uint32_t CellGrid::BackColor() const {
+    return impl_->backColor;
+}
+void CellGrid::BackColor(std::uint32_t color) {
+    put(impl_->damage, impl_->backColor, color);
+}
+std::uint32_t CellGrid::BackColorBkg() const {
+    return impl_->backColorBkg;
+}
+void CellGrid::BackColorBkg(std::uint32_t color) {
+    put(impl_->damage, impl_->backColorBkg, color);
+}
+std::uint32_t CellGrid::BackColorFixed() const {
+    return impl_->backColorFixed;
+}
+void CellGrid::BackColorFixed(std::uint32_t color) {
+    put(impl_->damage, impl_->backColorFixed, color);
+}
+std::uint32_t CellGrid::ForeColor() const {
+    return impl_->foreColor;
+}
+void CellGrid::ForeColor(std::uint32_t color) {
+    put(impl_->damage, impl_->foreColor, color);
+}
+std::uint32_t CellGrid::ForeColorFixed() const {
+    return impl_->foreColorFixed;
+}
+void CellGrid::ForeColorFixed(std::uint32_t color) {
+    put(impl_->damage, impl_->foreColorFixed, color);
+}
+std::int32_t CellGrid::Appearance() const {
+    return impl_->appearance;
+}
+void CellGrid::Appearance(std::int32_t appearance) {
+    put(impl_->damage, impl_->appearance, appearance);
+}
+mEmflexMerge CellGrid::MergeCells() const {
+    return impl_->mergeCells;
+}
+void CellGrid::MergeCells(mEmflexMerge merge) {
+    put(impl_->damage, impl_->mergeCells, merge);
+}
+std::int32_t CellGrid::Redraw() const {
+    return impl_->redraw;
+}
+void CellGrid::Redraw(std::int32_t drawing) {
+    impl_->redraw = drawing;
+    impl_->damage.hold(drawing == 0);
+}
+bool CellGrid::ScrollBars() const {
+    return impl_->layout.scrollBars;
+}
+void CellGrid::ScrollBars(bool automatic) {
+    if (std::exchange(impl_->layout.scrollBars, automatic) != automatic) impl_->geometryChanged();
+}
+bool CellGrid::ShowCursor() const {
+    return impl_->showCursor;
+}
+void CellGrid::ShowCursor(bool show) {
+    put(impl_->damage, impl_->showCursor, show);
+}
+bool CellGrid::SelectsRows() const {
+    return impl_->selectsRows;
+}
+void CellGrid::SelectsRows(bool rows) {
+    put(impl_->damage, impl_->selectsRows, rows);
+}
+
+// --- The view.
+
+std::int32_t CellGrid::Width() const {
+    return impl_->layout.width;
+}
+std::int32_t CellGrid::Height() const {
+    return impl_->layout.height;
+}
+void CellGrid::Resize(std::int32_t width, std::int32_t height) {
+    width = std::max(width, 0);
+    height = std::max(height, 0);
+    if (width == Width() && height == Height()) return;
+    impl_->layout.width = width;
+    impl_->layout.height = height;
+    impl_->geometryChanged();
+}
+std::int32_t CellGrid::BottomStrip() const {
+    return impl_->layout.bottomStrip;
+}
+void CellGrid::BottomStrip(std::int32_t twips) {
+    twips = std::max(twips, 0);
+    if (std::exchange(impl_->layout.bottomStrip, twips) != twips) impl_->geometryChanged();
+}
+bool CellGrid::HorizontalBarShown() const {
+    return impl_->layout.horizontalBar();
+}
+bool CellGrid::VerticalBarShown() const {
+    return impl_->layout.verticalBar();
+}
+std::int32_t CellGrid::ClientWidth() const {
+    return impl_->layout.clientWidth();
+}
+std::int32_t CellGrid::ClientHeight() const {
+    return impl_->layout.clientHeight();
+}
+
+std::int32_t CellGrid::TopRow() const {
+    return impl_->layout.rows.first;
+}
+void CellGrid::TopRow(std::int32_t row) {
+    impl_->scrollTo(row, LeftCol());
+}
+std::int32_t CellGrid::LeftCol() const {
+    return impl_->layout.cols.first;
+}
+void CellGrid::LeftCol(std::int32_t col) {
+    impl_->scrollTo(TopRow(), col);
+}
+void CellGrid::ScrollTo(std::int32_t topRow, std::int32_t leftCol) {
+    impl_->scrollTo(topRow, leftCol);
+}
+std::int32_t CellGrid::MaxTopRow() const {
+    return impl_->layout.maxTopRow();
+}
+std::int32_t CellGrid::MaxLeftCol() const {
+    return impl_->layout.maxLeftCol();
+}
+bool CellGrid::RowIsVisible(std::int32_t row) const {
+    impl_->requireRow("RowIsVisible", row);
+    return impl_->layout.rows.isVisible(row, ClientHeight());
+}
+bool CellGrid::ColIsVisible(std::int32_t col) const {
+    impl_->requireCol("ColIsVisible", col);
+    return impl_->layout.cols.isVisible(col, ClientWidth());
+}
+Rect CellGrid::CellRect(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("CellRect", row, col);
+    return impl_->layout.cellRect(row, col);
+}
+std::int32_t CellGrid::CellLeft() const {
+    return CellRect(Row(), Col()).left;
+}
+std::int32_t CellGrid::CellTop() const {
+    return CellRect(Row(), Col()).top;
+}
+std::int32_t CellGrid::CellWidth() const {
+    return CellRect(Row(), Col()).width;
+}
+std::int32_t CellGrid::CellHeight() const {
+    return CellRect(Row(), Col()).height;
+}
+GridHit CellGrid::HitTest(std::int32_t x, std::int32_t y) const {
+    return impl_->layout.hit(x, y);
+}
+std::int64_t CellGrid::TotalHeight() const {
+    return impl_->layout.rows.axis.total();
+}
+std::int64_t CellGrid::TotalWidth() const {
+    return impl_->layout.cols.axis.total();
+}
+std::int32_t CellGrid::FixedHeight() const {
+    return impl_->layout.rows.fixedExtent();
+}
+std::int32_t CellGrid::FixedWidth() const {
+    return impl_->layout.cols.fixedExtent();
+}
+std::int32_t CellGrid::TopRowToShow(std::int32_t row, std::int32_t bottom) const {
+    impl_->requireRow("TopRowToShow", row);
+    return std::min(impl_->layout.rows.firstToShow(row, bottom), std::max(TopRow(), MaxTopRow()));
+}
+std::int32_t CellGrid::LeftColToShow(std::int32_t col, std::int32_t right) const {
+    impl_->requireCol("LeftColToShow", col);
+    return std::min(impl_->layout.cols.firstToShow(col, right), std::max(LeftCol(), MaxLeftCol()));
+}
+
+// --- Damage.
+
+void CellGrid::onDamage(std::function<void()> listener) {
+    impl_->damage.listen(std::move(listener));
+}
+CellGrid::Damage CellGrid::takeDamage() {
+    return impl_->damage.take();
+}
+void CellGrid::damageAll() {
+    impl_->damage.addAll();
+}
+void CellGrid::watch(Watcher* watcher) {
+    impl_->watcher = watcher;
+}
+}  // namespace kxVsGrid

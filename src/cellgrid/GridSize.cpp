@@ -1,0 +1,142 @@
+// Rows and columns come and go: the one place where geometry, styles and cells change their number, together.
+#include <algorithm>
+#include <utility>
+
+#include "cellgrid/FormatString.h"
+#include "cellgrid/GridImpl.h"
+
+namespace kxVsGrid {
+
+using cellgrid::misuse;
+
+void CellGrid::Impl::insertRows(std::int32_t position, std::int32_t n) {
+    store.insertRows(position, n);
+    layout.rows.axis.insert(position, n);
+    mergedRows.insert(position, n);
+    rowsInserted(position, n);
+}
+
+void CellGrid::Impl::removeRows(std::int32_t position, std::int32_t n) {
+    store.removeRows(position, n);
+    layout.rows.axis.remove(position, n);
+    mergedRows.remove(position, n);
+}
+
+void CellGrid::Impl::setRows(std::int32_t count) {
+    const std::int32_t now = rows();
+    if (count < layout.rows.fixed) misuse("Rows", count, "is less than FixedRows");
+    if (count > MaxRows) misuse("Rows", count, "is more than the maximum");
+    if (count == now) return;
+    contentWillChange(-1);
+    if (count > now) {
+        insertRows(now, count - now);
+        if (currentRow < 0) currentRow = layout.rows.fixed;
+        return geometryChanged();
+    }
+    removeRows(count, now - count);
+    const bool lost = currentRow >= count;
+    const std::int32_t oldRow = std::exchange(currentRow, std::min(currentRow, count - 1));
+    viewAfterLoss(lost, oldRow, currentCol);
+}
+
+/// Rows or columns are gone, the current cell with them when `lost`; the state is already the new one. A move
+/// so forced asks nobody, and without any cell left there is none to announce.
+void CellGrid::Impl::viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol) {
+    if (lost) ++movesForced;
+    const std::uint64_t stamp = moves();
+    geometryChanged();
+    if (lost && currentRow >= 0 && currentCol >= 0) announceMove(oldRow, oldCol, stamp);
+}
+
+void CellGrid::Impl::insertCols(std::int32_t n) {
+    layout.cols.axis.insert(cols(), n);
+    store.setCols(cols());
+    if (currentCol < 0) currentCol = layout.cols.fixed;
+}
+
+void CellGrid::Impl::setCols(std::int32_t count) {
+    const std::int32_t now = cols();
+    if (count != 0 && count < layout.cols.fixed) misuse("Cols", count, "is less than FixedCols");
+    if (count < 0) misuse("Cols", count, "is negative");
+    if (count > MaxCols) misuse("Cols", count, "is more than the maximum");
+    if (count == now) return;
+    if (count > now) {
+        insertCols(count - now);
+        return geometryChanged();
+    }
+    contentWillChange(-1);
+    formatString = cellgrid::cutFormatString(formatString, count);
+    store.setCols(count);
+    layout.cols.axis.remove(count, now - count);
+    layout.cols.fixed = std::min(layout.cols.fixed, count);
+    if (drag.col >= count) drag = {};
+    const bool lost = currentCol >= count;
+    const std::int32_t oldCol = std::exchange(currentCol, std::min(currentCol, count - 1));
+    viewAfterLoss(lost, currentRow, oldCol);
+}
+
+void CellGrid::Impl::setFixedRows(std::int32_t count) {
+    if (count < 0) misuse("FixedRows", count, "is negative");
+    if (count > rows()) misuse("FixedRows", count, "is more than Rows");
+    if (count == layout.rows.fixed) return;
+    contentWillChange(-1);
+    layout.rows.fixed = count;
+    store.setFixedRows(count);
+    geometryChanged();
+}
+
+void CellGrid::Impl::setFixedCols(std::int32_t count) {
+    if (count < 0) misuse("FixedCols", count, "is negative");
+    if (count > cols()) misuse("FixedCols", count, "is more than Cols");
+    if (count == layout.cols.fixed) return;
+    layout.cols.fixed = count;
+    geometryChanged();
+}
+
+void CellGrid::Impl::insertRow(std::int32_t position) {
+    if (position < 0 || position > rows()) misuse("InsertRow", position, "is no row, nor the end");
+    if (rows() == MaxRows) misuse("InsertRow", position, "would exceed the maximum of Rows");
+    contentWillChange(-1);
+    insertRows(position, 1);
+    if (currentRow < 0) currentRow = layout.rows.fixed;
+    geometryChanged();
+    grid.RowMoved(position, true);
+}
+
+void CellGrid::Impl::removeRow(std::int32_t position) {
+    requireRow("RemoveRow", position);
+    if (rows() == layout.rows.fixed) misuse("RemoveRow", position, "would leave fewer rows than FixedRows");
+    contentWillChange(-1);
+    removeRows(position, 1);
+    rowRemoved(position);
+    geometryChanged();
+    grid.RowMoved(position, false);
+}
+
+/// A caption and the width it needs, in a column that an event's listener may have taken away.
+void CellGrid::Impl::setCaption(std::int32_t field, std::string_view text, std::string_view caption) {
+    grid.ColWidth(field, metrics.textWidth(text) + metrics.padding());
+    if (layout.rows.fixed > 0) setText(0, field, caption);
+}
+
+void CellGrid::Impl::setFormatString(std::string_view format) {
+    const std::string kept(format);  // the fields point into it while listeners may put another string
+    const cellgrid::ParsedFormatString fields = cellgrid::parseFormatString(kept);
+    const auto named = static_cast<std::int64_t>(fields.columns.size());
+    if (named > MaxCols) misuse("FormatString", named, "columns are more than the maximum");
+    if (named > cols()) setCols(static_cast<std::int32_t>(named));
+    formatString = kept;
+    for (std::size_t i = 0; i < fields.columns.size(); ++i) {
+        const cellgrid::FormatField& field = fields.columns[i];
+        const auto at = static_cast<std::int32_t>(i);
+        if (at >= cols()) return;
+        if (field.align) grid.ColAlignment(at, *field.align);
+        if (!field.text.empty()) setCaption(at, field.text, field.caption);
+    }
+    for (std::size_t i = 0; i < fields.rows.size(); ++i) {
+        const auto at = static_cast<std::int64_t>(i) + layout.rows.fixed;
+        if (at >= rows() || cols() == 0) return;
+        if (!fields.rows[i].text.empty()) setText(static_cast<std::int32_t>(at), 0, fields.rows[i].caption);
+    }
+}
+}  // namespace kxVsGrid

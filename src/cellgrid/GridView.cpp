@@ -1,0 +1,56 @@
+// What is in view: scrolling, and the damage that changes do to the picture.
+#include <algorithm>
+
+#include "cellgrid/GridImpl.h"
+
+namespace kxVsGrid {
+
+void CellGrid::Impl::scrollTo(std::int32_t topRow, std::int32_t leftCol) {
+    cellgrid::Lane& down = layout.rows;
+    cellgrid::Lane& across = layout.cols;
+    const std::int32_t oldTop = down.first;
+    const std::int32_t oldLeft = across.first;
+    // The start is always allowed; asking for the end costs more than that.
+    down.first = topRow <= down.fixed ? down.fixed : std::min(topRow, layout.maxTopRow());
+    across.first = leftCol <= across.fixed ? across.fixed : std::min(leftCol, layout.maxLeftCol());
+    if (down.first == oldTop && across.first == oldLeft) return;
+    rowsKnown = false;
+    damage.addAll();
+    grid.AfterScroll(oldTop, oldLeft, down.first, across.first);
+}
+
+/// Sizes, counts or the view have changed: everything is drawn anew, and what was scrolled too far is not.
+void CellGrid::Impl::geometryChanged() {
+    rowsKnown = false;
+    damage.addAll();
+    scrollTo(layout.rows.first, layout.cols.first);
+}
+
+void CellGrid::Impl::bringIntoView() {
+    if (currentRow < 0 || currentCol < 0) return;
+    scrollTo(grid.TopRowToShow(currentRow, layout.clientHeight() - layout.bottomStrip),
+             grid.LeftColToShow(currentCol, layout.clientWidth()));
+}
+
+void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {
+    if (damage.all()) return;
+    if (!rowsKnown) {
+        visibleRowsEnd = layout.rows.visibleEnd(layout.clientHeight());
+        visibleColsEnd = layout.cols.visibleEnd(layout.clientWidth());
+        rowsKnown = true;
+    }
+    const auto outside = [](const cellgrid::Lane& lane, std::int32_t index, std::int32_t end) {
+        return index >= end || (index >= lane.fixed && index < lane.first);
+    };
+    if (outside(layout.rows, atRow, visibleRowsEnd) || outside(layout.cols, atCol, visibleColsEnd)) return;
+    damage.add(layout.cellRect(atRow, atCol));
+}
+
+/// What the current cell looks like changes with its place: the cell, or its whole row.
+void CellGrid::Impl::damageCursor() {
+    if (damage.all() || currentRow < 0 || currentCol < 0 || !showCursor) return;
+    if (!selectsRows) return damageCell(currentRow, currentCol);
+    if (!layout.rows.isVisible(currentRow, layout.clientHeight())) return;
+    damage.add({0, layout.rows.place(currentRow), layout.clientWidth(), layout.rows.axis.extent(currentRow)});
+}
+}  // namespace kxVsGrid

@@ -1,0 +1,126 @@
+#include "cellgrid/Layout.h"
+
+#include <algorithm>
+
+namespace kxVsGrid::cellgrid {
+
+namespace {
+/// Places further away are cut to this, so that adding a size to one never overflows.
+constexpr std::int64_t FarAway = 1'000'000'000;
+/// How near a press must be to a column's right edge to grab it.
+constexpr std::int32_t EdgeReach = 60;
+
+std::int32_t nearby(std::int64_t place) {
+    return static_cast<std::int32_t>(std::clamp(place, -FarAway, FarAway));
+}
+}  // namespace
+
+std::int32_t Lane::fixedExtent() const {
+    return nearby(axis.position(fixed));
+}
+
+/// How far the scrollable elements are moved.
+std::int64_t Lane::offset() const {
+    return axis.position(first) - axis.position(fixed);
+}
+
+std::int32_t Lane::place(std::int32_t index) const {
+    const std::int64_t position = axis.position(index);
+    return nearby(index < fixed ? position : position - offset());
+}
+
+bool Lane::isVisible(std::int32_t index, std::int32_t client) const {
+    if (index >= fixed && index < first) return false;
+    return axis.extent(index) > 0 && place(index) < client;
+}
+
+std::int32_t Lane::at(std::int32_t point) const {
+    if (point < 0) return -1;
+    const std::int32_t index = axis.indexAt(point < fixedExtent() ? point : point + offset());
+    return index < axis.count() ? index : -1;
+}
+
+std::int32_t Lane::visibleEnd(std::int32_t client) const {
+    if (client <= 0) return 0;
+    const std::int32_t last = at(client - 1);
+    return last < 0 ? axis.count() : last + 1;
+}
+
+std::int32_t Lane::maxFirst(std::int32_t end) const {
+    const std::int32_t last = axis.shownBefore(axis.count());
+    if (last < fixed) return fixed;
+    const std::int64_t room = std::max<std::int64_t>(std::int64_t{end} - axis.position(fixed), 0);
+    return std::clamp(axis.firstFrom(axis.total() - room), fixed, last);
+}
+
+std::int32_t Lane::firstToShow(std::int32_t index, std::int32_t end) const {
+    if (index < fixed || axis.extent(index) == 0) return first;
+    if (index < first) return std::min(index, axis.count());
+    const std::int64_t bottom = axis.position(index) + axis.extent(index);
+    const std::int64_t room = std::max<std::int64_t>(std::int64_t{end} - axis.position(fixed), 0);
+    if (bottom - axis.position(first) <= room) return first;
+    return std::clamp(axis.firstFrom(bottom - room), first, index);
+}
+
+bool Layout::rowsNeedBar(std::int32_t room) const {
+    return scrollBars && height > 0 && rows.axis.count() > rows.fixed && rows.axis.total() > room;
+}
+
+bool Layout::colsNeedBar(std::int32_t room) const {
+    return scrollBars && width > 0 && cols.axis.count() > cols.fixed && cols.axis.total() > room;
+}
+
+/// Each bar takes room from the other direction, so that one may make the other needed.
+bool Layout::verticalBar() const {
+    const std::int32_t room = height - bottomStrip;
+    if (rowsNeedBar(room)) return true;
+    return colsNeedBar(width) && rowsNeedBar(room - CellGrid::HorizontalBarHeight);
+}
+
+bool Layout::horizontalBar() const {
+    if (colsNeedBar(width)) return true;
+    return rowsNeedBar(height - bottomStrip) && colsNeedBar(width - CellGrid::VerticalBarWidth);
+}
+
+std::int32_t Layout::clientWidth() const {
+    return std::max(0, width - (verticalBar() ? CellGrid::VerticalBarWidth : 0));
+}
+
+std::int32_t Layout::clientHeight() const {
+    return std::max(0, height - (horizontalBar() ? CellGrid::HorizontalBarHeight : 0));
+}
+
+Rect Layout::cellRect(std::int32_t row, std::int32_t col) const {
+    return {cols.place(col), rows.place(row), cols.axis.extent(col), rows.axis.extent(row)};
+}
+
+GridHit Layout::hit(std::int32_t x, std::int32_t y) const {
+    GridHit hit;
+    if (x < 0 || y < 0 || x >= clientWidth() || y >= clientHeight()) return hit;
+    const std::int32_t row = rows.at(y);
+    if (row < 0) return hit;
+    if (row < rows.fixed) {
+        const std::int32_t edge = columnEdge(x);
+        if (edge >= 0) return {GridHit::Part::ColumnEdge, row, edge};
+    }
+    const std::int32_t col = cols.at(x);
+    if (col < 0) return hit;
+    const bool fixed = row < rows.fixed || col < cols.fixed;
+    return {fixed ? GridHit::Part::FixedCell : GridHit::Part::Cell, row, col};
+}
+
+/// The column whose right edge is in reach of x, the nearer one of two; -1 for none.
+std::int32_t Layout::columnEdge(std::int32_t x) const {
+    constexpr std::int32_t OutOfReach = EdgeReach + 1;
+    const auto rightEdge = [this](std::int32_t col) { return cols.place(col) + cols.axis.extent(col); };
+    const std::int32_t under = cols.at(x);
+    const std::int32_t toRight = under < 0 ? OutOfReach : rightEdge(under) - x;
+    // Left of the first scrolled column stands the last fixed one, whatever lies between them.
+    const bool firstScrolled = under >= cols.fixed && under == cols.axis.shownAfter(cols.first - 1);
+    const std::int32_t before =
+        cols.axis.shownBefore(under < 0 ? cols.axis.count() : (firstScrolled ? cols.fixed : under));
+    const std::int32_t toLeft = before < 0 ? OutOfReach : x - rightEdge(before);
+    if (std::min(toRight, toLeft) > EdgeReach) return -1;
+    return toRight <= toLeft ? under : before;
+}
+}  // namespace kxVsGrid::cellgrid

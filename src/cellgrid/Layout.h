@@ -1,0 +1,63 @@
+// Where the rows and columns of a grid lie in its view, and how far it is scrolled. Pure geometry: nothing is
+// raised or painted here.
+#pragma once
+
+#include <cstdint>
+
+#include "cellgrid/Axis.h"
+#include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/Geometry.h"
+
+namespace kxVsGrid::cellgrid {
+
+/// One direction of the view: the rows from top to bottom, or the columns from left to right. `client` is the
+/// length of the view in this direction, scroll bar excluded.
+class Lane {
+  public:
+    explicit Lane(std::int32_t defaultSize) : axis(defaultSize) {}
+
+    Axis axis;
+    std::int32_t fixed = 0;  ///< elements that do not scroll
+    std::int32_t first = 0;  ///< the first scrollable one shown
+
+    std::int32_t fixedExtent() const;
+    /// Where an element begins in the view, also when it lies outside of it.
+    std::int32_t place(std::int32_t index) const;
+    bool isVisible(std::int32_t index, std::int32_t client) const;
+    /// The element at a point of the view, -1 when there is none.
+    std::int32_t at(std::int32_t point) const;
+    /// One past the last element that overlaps [0, client).
+    std::int32_t visibleEnd(std::int32_t client) const;
+    /// The largest useful `first`: the last element then ends before `end`, or begins the scrolled part.
+    std::int32_t maxFirst(std::int32_t end) const;
+    /// The `first` that shows an element wholly between the fixed part and `end` with the least movement.
+    std::int32_t firstToShow(std::int32_t index, std::int32_t end) const;
+
+  private:
+    std::int64_t offset() const;
+};
+
+class Layout {
+  public:
+    Lane rows{CellGrid::DefaultRowHeight};
+    Lane cols{CellGrid::DefaultColWidth};
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::int32_t bottomStrip = 0;
+    bool scrollBars = true;
+
+    bool horizontalBar() const;
+    bool verticalBar() const;
+    std::int32_t clientWidth() const;
+    std::int32_t clientHeight() const;
+    std::int32_t maxTopRow() const { return rows.maxFirst(clientHeight() - bottomStrip); }
+    std::int32_t maxLeftCol() const { return cols.maxFirst(clientWidth()); }
+    Rect cellRect(std::int32_t row, std::int32_t col) const;
+    GridHit hit(std::int32_t x, std::int32_t y) const;
+
+  private:
+    bool rowsNeedBar(std::int32_t room) const;
+    bool colsNeedBar(std::int32_t room) const;
+    std::int32_t columnEdge(std::int32_t x) const;
+};
+}  // namespace kxVsGrid::cellgrid
