@@ -1,0 +1,111 @@
+#include "KeyPlayer.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeySequence>
+#include <QPainter>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int StepMs = 5;  // between commands, so that everything that a key caused has happened
+
+QWidget* keyboardOwner(QWidget& window) {
+    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+    if (QWidget* focused = QApplication::focusWidget()) return focused;
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    return &window;
+}
+
+void typeText(QWidget& window, const QString& text) {
+    for (const char32_t character : text.toStdU32String()) {
+        const bool capital = character >= U'A' && character <= U'Z';
+        Qt::Key key = Qt::Key_unknown;
+        if (character >= U'a' && character <= U'z')
+            key = static_cast<Qt::Key>(character - U'a' + Qt::Key_A);
+        else if (character >= U' ' && character <= U'~')
+            key = static_cast<Qt::Key>(character);
+        QTest::sendKeyEvent(QTest::Click, keyboardOwner(window), key, QString::fromUcs4(&character, 1),
+                            capital ? Qt::ShiftModifier : Qt::NoModifier);
+    }
+}
+
+bool pressKey(QWidget& window, const QString& name) {
+    const QKeySequence keys = QKeySequence::fromString(name, QKeySequence::PortableText);
+    if (keys.count() != 1 || keys[0].key() == Qt::Key_unknown) return false;
+    // The Enter of a script is the main key; Qt calls that one Return.
+    const Qt::Key key = keys[0].key() == Qt::Key_Enter ? Qt::Key_Return : keys[0].key();
+    QTest::keyClick(keyboardOwner(window), key, keys[0].keyboardModifiers());
+    return true;
+}
+
+void compose(QWidget& window, const QString& preedit, const QString& committed) {
+    QList<QInputMethodEvent::Attribute> attributes;
+    if (!preedit.isEmpty())
+        attributes << QInputMethodEvent::Attribute(QInputMethodEvent::Cursor,
+                                                   static_cast<int>(preedit.size()), 1);
+    QInputMethodEvent event(preedit, attributes);
+    if (!committed.isEmpty()) event.setCommitString(committed);
+    QCoreApplication::sendEvent(keyboardOwner(window), &event);
+}
+}  // namespace
+
+KeyPlayer::KeyPlayer(QWidget& window, QStringList script) : window_(window), script_(std::move(script)) {
+    // A timer that goes on inside the event loops of boxes and menus.
+    timer_.setInterval(StepMs);
+    connect(&timer_, &QTimer::timeout, this, &KeyPlayer::step);
+}
+
+void KeyPlayer::start() {
+    timer_.start();
+}
+
+void KeyPlayer::step() {
+    timer_.setInterval(StepMs);
+    if (next_ >= script_.size()) {
+        timer_.stop();
+        emit finished({});
+        return;
+    }
+    QString line = script_[next_++];
+    if (line.endsWith(u'\r')) line.chop(1);
+    if (line.trimmed().isEmpty() || line.startsWith(u'#')) return;
+    const qsizetype blank = line.indexOf(u' ');
+    const QString command = blank < 0 ? line : line.left(blank);
+    const qsizetype number = next_;
+    const QString error = play(command, blank < 0 ? QString() : line.mid(blank + 1));
+    if (error.isEmpty()) return;
+    timer_.stop();
+    emit finished(u"%1: %2"_s.arg(QString::number(number), error));
+}
+
+QString KeyPlayer::play(const QString& command, const QString& rest) {
+    if (command == u"type") {
+        typeText(window_, rest);
+    } else if (command == u"key") {
+        if (!pressKey(window_, rest.trimmed())) return u"未知的键 "_s + rest;
+    } else if (command == u"compose") {
+        compose(window_, rest, {});
+    } else if (command == u"commit") {
+        compose(window_, {}, rest);
+    } else if (command == u"wait") {
+        timer_.setInterval(std::max(StepMs, rest.toInt()));
+    } else if (command == u"picture") {
+        if (!savePicture(window_, rest.trimmed())) return u"无法写入图片 "_s + rest;
+    } else {
+        return u"未知的命令 "_s + command;
+    }
+    return {};
+}
+
+bool KeyPlayer::savePicture(QWidget& window, const QString& file) {
+    QPixmap picture = window.grab();
+    QPainter painter(&picture);
+    for (QWidget* other : QApplication::topLevelWidgets()) {
+        if (other == &window || !other->isVisible()) continue;
+        painter.drawPixmap(other->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), other->grab());
+    }
+    painter.end();
+    return picture.save(file, "PNG");
+}

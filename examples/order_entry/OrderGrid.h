@@ -1,0 +1,113 @@
+// How this host uses the grid: the columns of an order, what follows from what the clerk types, and the way
+// between the grid's texts and an order's lines. Knows no window, so it works on any control.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "Catalogue.h"
+#include "Order.h"
+#ifndef Q_MOC_RUN  // moc reads no Chinese identifiers
+#include "kxVsGrid/kxGrid.h"
+#endif
+
+class OrderGrid : public QObject {
+    Q_OBJECT
+
+  public:
+    enum Column {
+        RowNumber,
+        Code,
+        Name,
+        Spec,
+        Unit,
+        Quantity,
+        Price,
+        Amount,
+        Warehouse,
+        Delivery,
+        Gift,
+        Remark,
+        ColumnCount
+    };
+
+    /// Answers goods by code, nothing for an unknown one; may throw DatabaseError.
+    using FindGoods = std::function<std::optional<Goods>(const QString& code)>;
+    /// Whether a row with content may go; the text names it.
+    using MayDelete = std::function<bool(const QString& row)>;
+
+    /// Both must outlive this; sets up the columns.
+    OrderGrid(kxVsGrid::kxGrid& grid, FindGoods findGoods);
+    ~OrderGrid() override;
+
+    void mayDelete(MayDelete ask) { mayDelete_ = std::move(ask); }
+    /// The warehouses that F2 offers.
+    void setWarehouses(const QStringList& names);
+
+    /// An empty sheet; the first row gets the delivery date, each further row copies the one above.
+    void clear(const QDate& delivery);
+    void show(const std::vector<OrderLine>& lines);
+    /// Another delivery date for the rows of a sheet that is still empty.
+    void presetDelivery(const QDate& delivery);
+
+    /// The lines as they stand, without an editor that is still open. Lines that say nothing are left out.
+    std::vector<OrderLine> lines() const;
+
+    /// A cell whose text cannot be kept.
+    struct Problem {
+        std::int32_t row = 0;
+        std::int32_t col = 0;
+        QString text;
+    };
+    std::optional<Problem> problem() const;
+    /// How many lines name goods that the catalogue does not know.
+    int unknownGoods() const;
+    void select(std::int32_t row, std::int32_t col);
+
+    /// Takes over what is being typed and what follows from it; false when it is refused.
+    bool commit();
+    /// The clerk has typed something since markSaved(), clear() or show().
+    bool typed() const { return grid_.bIsDirty(); }
+    void markSaved();
+
+    /// What can be done in the current cell.
+    QString hint() const;
+    /// Gives the remark column what the others leave of a width in twips.
+    void fitWidth(std::int32_t width);
+
+  signals:
+    /// For the status line.
+    void said(const QString& text, bool warning);
+    /// The lines may be different now.
+    void changed();
+    /// The current cell is another one.
+    void moved();
+
+  private:
+    void setUpColumns();
+    void setUpRules();
+    void connectEvents();
+    void clearRows(std::int32_t dataRows);
+    void write(std::int32_t row, const OrderLine& line);
+    OrderLine read(std::int32_t row) const;
+    QString text(std::int32_t row, Column col) const;
+    void put(std::int32_t row, Column col, const QString& text, const QString& tag = {});
+
+    void settleAll();
+    void settle(std::int32_t row);
+    void settleGoods(std::int32_t row);
+    void settleAmount(std::int32_t row);
+    void putGoods(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
+
+    kxVsGrid::kxGrid& grid_;
+    FindGoods findGoods_;
+    MayDelete mayDelete_;
+    std::vector<kxVsGrid::Connection> connections_;
+    QTimer settleLater_;
+    bool writing_ = false;  ///< the cells are being written by this class
+};

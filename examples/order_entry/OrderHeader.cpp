@@ -1,0 +1,123 @@
+#include "OrderHeader.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QDateEdit>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+OrderHeader::OrderHeader(QWidget* parent)
+    : QWidget(parent),
+      number_(new QLineEdit(this)),
+      date_(new QDateEdit(this)),
+      customer_(new CustomerBox(this)),
+      contact_(new QLabel(this)) {
+    number_->setObjectName(u"number"_s);
+    number_->setMaxLength(30);
+    date_->setObjectName(u"date"_s);
+    date_->setDisplayFormat(u"yyyy-MM-dd"_s);
+    date_->setCalendarPopup(true);
+    date_->setMinimumDate(QDate(1900, 1, 2));
+    customer_->setObjectName(u"customer"_s);
+    contact_->setObjectName(u"contact"_s);
+    layOut();
+    for (QWidget* field :
+         {static_cast<QWidget*>(number_), static_cast<QWidget*>(date_), static_cast<QWidget*>(customer_)})
+        field->installEventFilter(this);
+    connect(number_, &QLineEdit::textChanged, this, &OrderHeader::changed);
+    connect(date_, &QDateEdit::dateChanged, this, &OrderHeader::changed);
+    connect(date_, &QDateEdit::dateChanged, this, &OrderHeader::dateChanged);
+    connect(customer_, &CustomerBox::customerChanged, this, &OrderHeader::showContact);
+    connect(customer_, &CustomerBox::customerChanged, this, &OrderHeader::changed);
+}
+
+void OrderHeader::layOut() {
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(8);
+    const auto place = [&](const QString& caption, QWidget* field, int column) {
+        auto* label = new QLabel(caption, this);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        label->setBuddy(field);
+        grid->addWidget(label, 0, column);
+        grid->addWidget(field, 0, column + 1);
+        grid->setColumnMinimumWidth(column + 2, 12);
+    };
+    place(u"单号(&U)"_s, number_, 0);
+    place(u"日期(&T)"_s, date_, 3);
+    place(u"客户(&C)"_s, customer_, 6);
+    place(u"联系"_s, contact_, 9);
+    grid->setColumnStretch(1, 3);
+    grid->setColumnStretch(4, 2);
+    grid->setColumnStretch(7, 6);
+    grid->setColumnStretch(10, 4);
+}
+
+void OrderHeader::show(const Order& order) {
+    {
+        const QSignalBlocker quiet(this);
+        number_->setText(order.number);
+        date_->setDate(order.date);
+        customer_->setCustomerId(order.customer);
+    }
+    showContact();
+}
+
+void OrderHeader::showNumber(const QString& number) {
+    const QSignalBlocker quiet(this);
+    number_->setText(number);
+}
+
+void OrderHeader::read(Order& order) const {
+    order.number = number();
+    order.date = date();
+    order.customer = customer_->customerId();
+}
+
+bool OrderHeader::customerUnclear() const {
+    return customer_->customerId() == 0 && !customer_->currentText().trimmed().isEmpty();
+}
+
+QString OrderHeader::number() const {
+    return number_->text().trimmed();
+}
+
+QDate OrderHeader::date() const {
+    return date_->date();
+}
+
+void OrderHeader::focus(Field field) {
+    QWidget* const fields[] = {number_, date_, customer_};
+    QWidget* chosen = fields[static_cast<int>(field)];
+    chosen->setFocus(Qt::TabFocusReason);
+    if (field == Field::Customer) customer_->lineEdit()->selectAll();
+}
+
+void OrderHeader::showContact() {
+    const Customer* chosen = customer_->customer();
+    if (chosen)
+        contact_->setText(chosen->contact + u"  "_s + chosen->phone);
+    else
+        contact_->setText(customerUnclear() ? u"没有这个客户"_s : QString());
+}
+
+bool OrderHeader::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            if (watched == number_) focus(Field::Date);
+            if (watched == date_) focus(Field::Customer);
+            if (watched == customer_) {
+                customer_->resolve();
+                if (customer_->customerId() != 0) emit done();
+            }
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,38 @@
+// The list of orders: search, choose one, open it.
+#pragma once
+
+#include <QDialog>
+#include <optional>
+#include <vector>
+
+#include "OrderStore.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableWidget;
+
+class OrderListDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// Throws DatabaseError when the list cannot be read.
+    explicit OrderListDialog(const OrderStore& store, QWidget* parent = nullptr);
+
+    std::optional<qint64> chosen() const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void layOut();
+    void search();
+    void fill();
+
+    const OrderStore& store_;
+    std::vector<OrderSummary> found_;
+    QLineEdit* text_;
+    QTableWidget* table_;
+    QLabel* count_;
+    QPushButton* open_;
+};

@@ -1,0 +1,299 @@
+#include "OrderWindow.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QResizeEvent>
+
+#include "OrderGrid.h"
+#include "OrderHeader.h"
+#include "kxVsGrid/qt/kxGridWidget.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr int DeliveryDays = 7;
+
+QString money(Cents amount) {
+    return QString::fromStdString(moneyText(amount));
+}
+}  // namespace
+
+OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, const QDate& today)
+    : database_(databaseFile),
+      catalogue_(database_),
+      store_(database_),
+      questions_(questions),
+      today_(today),
+      header_(new OrderHeader(this)),
+      widget_(new kxVsGrid::qt::kxGridWidget(this)),
+      grid_(std::make_unique<OrderGrid>(widget_->grid(),
+                                        [this](const QString& code) { return catalogue_.goods(code); })),
+      state_(new QLabel(this)),
+      hint_(new QLabel(this)),
+      message_(new QLabel(this)),
+      totals_(new QLabel(this)) {
+    layOut();
+    addActions();
+    addStatus();
+    connectParts();
+    resize(1180, 720);
+}
+
+// The grid's host goes before the grid: what the control still raises while it goes finds nobody.
+OrderWindow::~OrderWindow() {
+    grid_.reset();
+}
+
+void OrderWindow::connectParts() {
+    widget_->installEventFilter(this);
+    grid_->mayDelete([this](const QString& row) {
+        return questions_.confirm(this, u"删除"_s + row.trimmed() + u"?"_s, u"删除(&D)"_s);
+    });
+    connect(grid_.get(), &OrderGrid::said, this, &OrderWindow::say);
+    connect(grid_.get(), &OrderGrid::changed, this, &OrderWindow::refresh);
+    connect(grid_.get(), &OrderGrid::moved, this, &OrderWindow::refreshHint);
+    connect(widget_, &kxVsGrid::qt::kxGridWidget::handlerFailed, this,
+            [this](const QString& why) { say(u"内部错误:"_s + why, true); });
+    connect(header_, &OrderHeader::changed, this, &OrderWindow::refresh);
+    connect(header_, &OrderHeader::done, this, &OrderWindow::enterLines);
+    connect(header_, &OrderHeader::dateChanged, this, [this](const QDate& date) {
+        renumber(date);
+        grid_->presetDelivery(date.addDays(DeliveryDays));
+    });
+}
+
+// --- The database.
+
+void OrderWindow::start() {
+    connectDatabase();
+    startNewOrder();
+}
+
+bool OrderWindow::connectDatabase() {
+    if (database_.isOpen()) return true;
+    try {
+        database_.open();
+        header_->setCustomers(catalogue_.customers());
+        grid_->setWarehouses(catalogue_.warehouses());
+        return true;
+    } catch (const DatabaseError& error) {
+        return report(error, u"可以继续录入;排除原因后保存时会再次连接数据库。"_s);
+    }
+}
+
+bool OrderWindow::report(const DatabaseError& error, const QString& consolation) {
+    say(error.text().simplified(), true);
+    questions_.problem(this, error.text() + u"\n\n"_s + consolation);
+    return false;
+}
+
+// --- One order after the other.
+
+bool OrderWindow::newOrder() {
+    if (!mayLeave()) return false;
+    startNewOrder();
+    return true;
+}
+
+void OrderWindow::startNewOrder() {
+    Order order;
+    order.date = today_;
+    try {
+        if (database_.isOpen()) order.number = store_.nextNumber(today_);
+    } catch (const DatabaseError& error) {
+        say(error.text().simplified(), true);
+    }
+    display(order);
+    header_->focus(order.number.isEmpty() ? OrderHeader::Field::Number : OrderHeader::Field::Customer);
+}
+
+// A number that the window proposed follows the date; one that the clerk chose stays.
+void OrderWindow::renumber(const QDate& date) {
+    if (saved_.id != 0 || header_->number() != saved_.number || !database_.isOpen()) return;
+    try {
+        saved_.number = store_.nextNumber(date);
+        header_->showNumber(saved_.number);
+    } catch (const DatabaseError& error) {
+        say(error.text().simplified(), true);
+    }
+}
+
+bool OrderWindow::chooseOrder() {
+    if (!connectDatabase()) return false;
+    try {
+        const std::optional<qint64> id = questions_.chooseOrder(this, store_);
+        return id && openOrder(*id);
+    } catch (const DatabaseError& error) {
+        return report(error, u"屏幕上的订单没有改变。"_s);
+    }
+}
+
+bool OrderWindow::openOrder(qint64 id) {
+    if (!mayLeave()) return false;
+    try {
+        const std::optional<Order> order = store_.load(id);
+        if (!order) return refuse(u"这张订单已被删除"_s);
+        display(*order);
+    } catch (const DatabaseError& error) {
+        return report(error, u"屏幕上的订单没有改变。"_s);
+    }
+    enterLines();
+    say(u"已打开订单 "_s + saved_.number);
+    return true;
+}
+
+void OrderWindow::display(const Order& order) {
+    header_->show(order);
+    if (order.id == 0)
+        grid_->clear(order.date.addDays(DeliveryDays));
+    else
+        grid_->show(order.lines);
+    saved_ = order;
+    refresh();
+    refreshHint();
+}
+
+bool OrderWindow::deleteOrder() {
+    const bool stored = saved_.id != 0;
+    const QString what = stored ? u"删除订单 %1?删除后不能恢复。"_s.arg(saved_.number)
+                                : u"放弃尚未保存的订单 %1?"_s.arg(header_->number());
+    if (!questions_.confirm(this, what, stored ? u"删除(&D)"_s : u"放弃(&D)"_s)) return false;
+    try {
+        if (stored) store_.remove(saved_);
+    } catch (const DatabaseError& error) {
+        return report(error, u"屏幕上的订单没有改变。"_s);
+    }
+    const QString number = saved_.number;
+    startNewOrder();
+    say(stored ? u"订单 %1 已删除"_s.arg(number) : u"已放弃"_s);
+    return true;
+}
+
+// --- Saving.
+
+Order OrderWindow::onScreen() const {
+    Order order = saved_;
+    header_->read(order);
+    order.lines = grid_->lines();
+    return order;
+}
+
+bool OrderWindow::hasUnsavedWork() const {
+    return grid_->typed() || header_->customerUnclear() || onScreen() != saved_;
+}
+
+bool OrderWindow::refuse(const QString& why) {
+    say(why, true);
+    questions_.problem(this, why);
+    return false;
+}
+
+bool OrderWindow::readyToSave() {
+    if (!grid_->commit()) {
+        say(u"当前单元格的输入有误,没有保存"_s, true);
+        widget_->setFocus();
+        return false;
+    }
+    const Order order = onScreen();
+    const auto missing = [&](OrderHeader::Field field, const QString& what) {
+        header_->focus(field);
+        return refuse(what);
+    };
+    if (order.number.isEmpty()) return missing(OrderHeader::Field::Number, u"请输入单号"_s);
+    if (order.customer == 0) return missing(OrderHeader::Field::Customer, u"请选择客户"_s);
+    if (order.lines.empty()) {
+        enterLines();
+        return refuse(u"订单还没有明细"_s);
+    }
+    if (const auto problem = grid_->problem()) {
+        enterLines();
+        grid_->select(problem->row, problem->col);
+        return refuse(problem->text);
+    }
+    return true;
+}
+
+bool OrderWindow::save() {
+    if (!connectDatabase() || !readyToSave()) return false;
+    Order order = onScreen();
+    try {
+        store_.save(order);
+    } catch (const DatabaseError& error) {
+        if (error.isDuplicate()) header_->focus(OrderHeader::Field::Number);
+        return report(error, u"没有保存任何内容,屏幕上的订单没有改变;排除原因后可以再次保存。"_s);
+    }
+    saved_ = order;
+    grid_->markSaved();
+    refresh();
+    QString text = u"订单 %1 已保存:%2 行,金额 %3"_s.arg(order.number, QString::number(order.lines.size()),
+                                                         money(order.total()));
+    const int unknown = grid_->unknownGoods();
+    if (unknown > 0) text += u";其中 %1 行的货号不在商品目录中"_s.arg(unknown);
+    say(text, unknown > 0);
+    return true;
+}
+
+bool OrderWindow::mayLeave() {
+    const bool entered = grid_->commit();
+    if (entered && !hasUnsavedWork()) return true;
+    const QString what = u"订单 %1 有未保存的修改。"_s.arg(header_->number());
+    switch (questions_.unsavedWork(this, what)) {
+        case Questions::Leave::Save:
+            return save();
+        case Questions::Leave::Discard:
+            return true;
+        case Questions::Leave::Stay:
+            break;
+    }
+    return false;
+}
+
+void OrderWindow::closeEvent(QCloseEvent* event) {
+    if (mayLeave())
+        event->accept();
+    else
+        event->ignore();
+}
+
+// --- What the window shows.
+
+QString OrderWindow::message() const {
+    return message_->text();
+}
+
+void OrderWindow::say(const QString& text, bool warning) {
+    const bool dark = palette().color(QPalette::Window).lightness() < 128;
+    message_->setStyleSheet(!warning ? QString() : dark ? u"color: #ffb4ab"_s : u"color: #b3261e"_s);
+    message_->setText(text);
+    message_->setToolTip(text);
+}
+
+void OrderWindow::refresh() {
+    const Order order = onScreen();
+    const bool unsaved = hasUnsavedWork();
+    Thousandths quantity = 0;
+    for (const OrderLine& line : order.lines) quantity += line.quantity.value_or(0);
+    totals_->setText(u"共 %1 行    数量 %2    金额 ¥ %3"_s.arg(
+        QString::number(order.lines.size()), QString::fromStdString(plainText(quantity, QuantityDecimals)),
+        money(order.total())));
+    state_->setText(unsaved ? u"未保存"_s : order.id == 0 ? u"新订单"_s : u"已保存"_s);
+    setWindowTitle(u"销售订单录入 - "_s + order.number + u"[*]"_s);
+    setWindowModified(unsaved);
+}
+
+void OrderWindow::refreshHint() {
+    hint_->setText(grid_->hint());
+}
+
+void OrderWindow::enterLines() {
+    widget_->setFocus(Qt::TabFocusReason);
+}
+
+bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {
+    // Before the widget lays itself out, so that the total row gets the same widths.
+    if (watched == widget_ && event->type() == QEvent::Resize)
+        grid_->fitWidth(static_cast<QResizeEvent*>(event)->size().width() * 1440 / widget_->logicalDpiX());
+    return QMainWindow::eventFilter(watched, event);
+}

@@ -1,0 +1,87 @@
+// The window 销售订单录入: one order on the screen, and what can be done with it.
+#pragma once
+
+#include <QDate>
+#include <QMainWindow>
+#include <memory>
+
+#include "Catalogue.h"
+#include "Database.h"
+#include "OrderStore.h"
+#include "Questions.h"
+
+class OrderGrid;
+class OrderHeader;
+class QLabel;
+
+namespace kxVsGrid::qt {
+class kxGridWidget;
+}
+
+class OrderWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    /// `questions` must outlive the window.
+    OrderWindow(const QString& databaseFile, Questions& questions, const QDate& today);
+    ~OrderWindow() override;
+
+    /// Opens the database, reporting what goes wrong; without one everything but saving works. Called once
+    /// the window is shown.
+    void start();
+
+    /// Each of these asks about unsaved work first; false when the clerk stays or something failed.
+    bool newOrder();
+    bool chooseOrder();
+    bool openOrder(qint64 id);
+    bool deleteOrder();
+
+    bool save();
+    /// What is on the screen, as it would be saved; an editor that is still open is left alone.
+    Order onScreen() const;
+    bool hasUnsavedWork() const;
+
+    OrderHeader& header() { return *header_; }
+    kxVsGrid::qt::kxGridWidget& gridWidget() { return *widget_; }
+    QString message() const;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void layOut();
+    void connectParts();
+    void addActions();
+    void addStatus();
+
+    bool connectDatabase();
+    bool mayLeave();
+    void startNewOrder();
+    void display(const Order& order);
+    bool readyToSave();
+    bool refuse(const QString& why);
+    void renumber(const QDate& date);
+    bool report(const DatabaseError& error, const QString& consolation);
+
+    void say(const QString& text, bool warning = false);
+    void refresh();
+    void refreshHint();
+    void showKeys();
+    void enterLines();
+
+    Database database_;
+    Catalogue catalogue_;
+    OrderStore store_;
+    Questions& questions_;
+    QDate today_;
+    Order saved_;  ///< what the database holds; for a new order what the window proposed
+
+    OrderHeader* header_;
+    kxVsGrid::qt::kxGridWidget* widget_;
+    std::unique_ptr<OrderGrid> grid_;
+    QLabel* state_;
+    QLabel* hint_;
+    QLabel* message_;
+    QLabel* totals_;
+};

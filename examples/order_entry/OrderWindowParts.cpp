@@ -1,0 +1,99 @@
+// The window's layout, menus and status bar.
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "OrderGrid.h"
+#include "OrderHeader.h"
+#include "OrderWindow.h"
+#include "kxVsGrid/qt/kxGridWidget.h"
+
+using namespace Qt::StringLiterals;
+
+void OrderWindow::layOut() {
+    widget_->setObjectName(u"grid"_s);
+    auto* title = new QLabel(u"销售订单"_s, this);
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    title->setFont(large);
+    state_->setObjectName(u"state"_s);
+    state_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    hint_->setEnabled(false);  // drawn in the palette's pale text
+
+    auto* top = new QHBoxLayout;
+    top->addWidget(title);
+    top->addWidget(state_, 1);
+    auto* all = new QVBoxLayout;
+    all->setContentsMargins(12, 8, 12, 4);
+    all->setSpacing(8);
+    all->addLayout(top);
+    all->addWidget(header_);
+    all->addWidget(widget_, 1);
+    all->addWidget(hint_);
+    auto* middle = new QWidget(this);
+    middle->setLayout(all);
+    setCentralWidget(middle);
+    setTabOrder(header_->lastField(), widget_);
+}
+
+void OrderWindow::addActions() {
+    QMenu* order = menuBar()->addMenu(u"订单(&F)"_s);
+    QToolBar* tools = addToolBar(u"工具栏"_s);
+    tools->setMovable(false);
+    tools->setContextMenuPolicy(Qt::PreventContextMenu);
+    tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    tools->setIconSize({18, 18});
+    setContextMenuPolicy(Qt::NoContextMenu);
+    const auto add = [&](const QString& text, const QString& brief, const QKeySequence& keys,
+                         QStyle::StandardPixmap icon, auto&& act) {
+        QAction* action = order->addAction(style()->standardIcon(icon), text, this, act);
+        action->setShortcut(keys);
+        action->setIconText(brief);
+        action->setToolTip(brief + u" ("_s + keys.toString(QKeySequence::NativeText) + u")"_s);
+        tools->addAction(action);
+    };
+    add(u"新建(&N)"_s, u"新建"_s, QKeySequence(u"Ctrl+N"_s), QStyle::SP_FileIcon, [this] { newOrder(); });
+    add(u"打开(&O)…"_s, u"打开"_s, QKeySequence(u"Ctrl+O"_s), QStyle::SP_DialogOpenButton,
+        [this] { chooseOrder(); });
+    add(u"保存(&S)"_s, u"保存"_s, QKeySequence(u"Ctrl+S"_s), QStyle::SP_DialogSaveButton, [this] { save(); });
+    order->addSeparator();
+    add(u"删除订单(&D)…"_s, u"删除"_s, QKeySequence(u"Ctrl+D"_s), QStyle::SP_TrashIcon,
+        [this] { deleteOrder(); });
+    order->addSeparator();
+    order->addAction(u"退出(&X)"_s, QKeySequence(u"Ctrl+Q"_s), this, [this] { close(); });
+
+    QMenu* go = menuBar()->addMenu(u"转到(&G)"_s);
+    go->addAction(u"表头(&H)"_s, QKeySequence(u"F6"_s), this,
+                  [this] { header_->focus(OrderHeader::Field::Customer); });
+    go->addAction(u"明细(&M)"_s, QKeySequence(u"F7"_s), this, [this] { enterLines(); });
+
+    QMenu* help = menuBar()->addMenu(u"帮助(&H)"_s);
+    help->addAction(u"键盘操作(&K)"_s, QKeySequence(u"F1"_s), this, [this] { showKeys(); });
+}
+
+void OrderWindow::addStatus() {
+    message_->setObjectName(u"message"_s);
+    message_->setTextFormat(Qt::PlainText);
+    message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    totals_->setObjectName(u"totals"_s);
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(message_, 1);
+    statusBar()->addPermanentWidget(totals_);
+}
+
+void OrderWindow::showKeys() {
+    questions_.information(this, u"键盘操作"_s,
+                           u"Ctrl+N 新建    Ctrl+O 打开    Ctrl+S 保存    Ctrl+D 删除订单\n"
+                           "F6 表头    F7 明细    Tab / Shift+Tab 下一格 / 上一格\n\n"
+                           "明细中:\n"
+                           "直接输入即可修改;回车确认并到下一格,Esc 放弃\n"
+                           "编辑时 F2 打开帮助(仓库、交货日期)\n"
+                           "空格切换赠品;Insert 新增一行;Delete 删除当前行\n"
+                           "菜单键或鼠标右键:插入行、复制行、填充列"_s);
+}

@@ -1,0 +1,23 @@
+// What the window asks and tells the clerk in boxes. A test puts its own answers in this place.
+#pragma once
+
+#include <QString>
+#include <optional>
+
+class OrderStore;
+class QWidget;
+
+class Questions {
+  public:
+    enum class Leave { Save, Discard, Stay };
+
+    virtual ~Questions() = default;
+    /// There is unsaved work: what shall become of it?
+    virtual Leave unsavedWork(QWidget* parent, const QString& what);
+    virtual bool confirm(QWidget* parent, const QString& text, const QString& yes);
+    /// Something did not work.
+    virtual void problem(QWidget* parent, const QString& text);
+    virtual void information(QWidget* parent, const QString& title, const QString& text);
+    /// The order to open, or nothing. Throws DatabaseError.
+    virtual std::optional<qint64> chooseOrder(QWidget* parent, const OrderStore& store);
+};

@@ -1,0 +1,109 @@
+// 销售订单录入: order entry with the data-entry grid on an embedded database.
+//
+//     order_entry [--db FILE] [--seed-only] [--today YYYY-MM-DD] [--keys FILE] [--picture FILE]
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QStandardPaths>
+#include <QTimer>
+#include <cstdio>
+
+#include "ChineseTexts.h"
+#include "KeyPlayer.h"
+#include "OrderWindow.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+struct Options {
+    QString database;
+    bool seedOnly = false;
+    QDate today = QDate::currentDate();
+    QString keys;
+    QString picture;
+};
+
+Options readOptions() {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"销售订单录入"_s);
+    parser.addHelpOption();
+    parser.addOptions({
+        {u"db"_s, u"数据库文件;不存在时建立"_s, u"文件"_s},
+        {u"seed-only"_s, u"只建立数据库,不显示窗口"_s},
+        {u"today"_s, u"当作今天的日期"_s, u"yyyy-mm-dd"_s},
+        {u"keys"_s, u"播放按键脚本,然后退出(格式见 KeyPlayer.h)"_s, u"文件"_s},
+        {u"picture"_s, u"退出之前把窗口保存为 PNG 图片"_s, u"文件"_s},
+    });
+    parser.process(*QCoreApplication::instance());
+    Options options;
+    options.database = parser.value(u"db"_s);
+    if (options.database.isEmpty())
+        options.database =
+            QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/orders.sqlite"_s;
+    options.seedOnly = parser.isSet(u"seed-only"_s);
+    const QDate today = QDate::fromString(parser.value(u"today"_s), Qt::ISODate);
+    if (today.isValid()) options.today = today;
+    options.keys = parser.value(u"keys"_s);
+    options.picture = parser.value(u"picture"_s);
+    return options;
+}
+
+int complain(const QString& text) {
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    return 1;
+}
+
+int seed(const QString& file) {
+    try {
+        Database(file).open();
+        return 0;
+    } catch (const DatabaseError& error) {
+        return complain(error.text());
+    }
+}
+
+// Plays the keys, saves the picture and ends the program.
+int playKeys(OrderWindow& window, const Options& options) {
+    QStringList script;
+    if (!options.keys.isEmpty()) {
+        QFile file(options.keys);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+            return complain(u"无法读取 %1:%2"_s.arg(options.keys, file.errorString()));
+        script = QString::fromUtf8(file.readAll()).split(u'\n');
+    }
+    KeyPlayer player(window, script);
+    QObject::connect(&player, &KeyPlayer::finished, &window, [&](const QString& error) {
+        int result = error.isEmpty() ? 0 : complain(options.keys + u":"_s + error);
+        if (!options.picture.isEmpty() && !KeyPlayer::savePicture(window, options.picture))
+            result = complain(u"无法写入图片 "_s + options.picture);
+        QCoreApplication::exit(result);
+    });
+    // Inside the event loop, which the end of the script ends, also while a box of the window is open.
+    QTimer::singleShot(0, &window, [&] { window.start(); });
+    player.start();
+    return QCoreApplication::exec();
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"order_entry"_s);
+    QCoreApplication::setOrganizationName(u"kxVsGrid"_s);
+    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    ChineseTexts ownTexts;
+    QCoreApplication::installTranslator(&ownTexts);
+    QTranslator qtTexts;
+    if (qtTexts.load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&qtTexts);
+
+    const Options options = readOptions();
+    if (options.seedOnly) return seed(options.database);
+    Questions questions;
+    OrderWindow window(options.database, questions, options.today);
+    window.show();
+    if (!options.keys.isEmpty() || !options.picture.isEmpty()) return playKeys(window, options);
+    window.start();
+    return QCoreApplication::exec();
+}
