@@ -4,6 +4,7 @@
 
 #include "cellgrid/FrameRegion.h"
 #include "cellgrid/FrameWriter.h"
+#include "cellgrid/Overlap.h"
 #include "cellgrid/VisibleBands.h"
 
 namespace kxVsGrid {
@@ -13,20 +14,7 @@ using cellgrid::Bands;
 using cellgrid::FrameRegion;
 using cellgrid::FrameScene;
 using cellgrid::FrameWriter;
-
-/// The stretch that two have in common; wide enough for callers that give a clip without an end.
-void cut(std::int32_t& start, std::int32_t& size, std::int32_t otherStart, std::int32_t otherSize) {
-    const std::int64_t first = std::max(start, otherStart);
-    const std::int64_t end = std::min(std::int64_t{start} + size, std::int64_t{otherStart} + otherSize);
-    start = static_cast<std::int32_t>(first);
-    size = static_cast<std::int32_t>(std::max<std::int64_t>(end - first, 0));
-}
-
-Rect overlap(Rect a, const Rect& b) {
-    cut(a.left, a.width, b.left, b.width);
-    cut(a.top, a.height, b.top, b.height);
-    return a;
-}
+using cellgrid::overlap;
 
 /// What the cells leave of the view: to their right, and below them.
 void writeBackground(FrameWriter& writer, const FrameScene& scene, const Rect& shown, const Bands& rows,
@@ -61,10 +49,9 @@ void makeFrame(Frame& frame, const CellGrid& grid, const FrameState& state) {
     FrameWriter writer(frame);
     if (shown.empty()) return;
 
-    const FrameScene scene(grid, state);
-    const Rect area = overlap(shown, scene.client);
-    const Bands rows = cellgrid::visibleRows(grid, area);
-    const Bands cols = cellgrid::visibleCols(grid, area);
+    const FrameScene scene(grid, state, shown);
+    const Bands rows = cellgrid::visibleRows(grid, scene.area);
+    const Bands cols = cellgrid::visibleCols(grid, scene.area);
     writeBackground(writer, scene, shown, rows, cols);
     FrameRegion(scene, writer, rows.scrolled(), cols.scrolled(), false).write();
     FrameRegion(scene, writer, rows.scrolled(), cols.fixed(), true).write();

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "cellgrid/Overlap.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::cellgrid {
@@ -15,9 +16,10 @@ constexpr std::int32_t TextMargin = 45;
 constexpr std::int32_t LineWidth = 15;
 }  // namespace
 
-FrameScene::FrameScene(const CellGrid& shown, const FrameState& state)
+FrameScene::FrameScene(const CellGrid& shown, const FrameState& state, const Rect& clip)
     : grid(shown),
       client{0, 0, shown.ClientWidth(), shown.ClientHeight()},
+      area(overlap(clip, client)),
       wholeRow(shown.SelectsRows()),
       editorOpen(state.editorOpen) {
     const bool data = grid.Row() >= grid.FixedRows() && grid.Col() >= grid.FixedCols();
@@ -107,16 +109,18 @@ void FrameRegion::writeFills() {
     }
 }
 
+void FrameRegion::writeLine(const Rect& line) {
+    if (line.overlaps(scene_.area)) writer_.add(FrameItem::Kind::Line, line, lineColor_);
+}
+
 void FrameRegion::writeLines() {
     for (const Band& row : rows_) {
         const std::int32_t top = std::max(row.start, row.end() - LineWidth);
-        if (top >= area_.bottom()) break;
-        writer_.add(FrameItem::Kind::Line, {area_.left, top, area_.width, row.end() - top}, lineColor_);
+        writeLine({area_.left, top, area_.width, row.end() - top});
     }
     for (const Band& col : cols_) {
         const std::int32_t left = std::max(col.start, col.end() - LineWidth);
-        if (left >= area_.right()) break;
-        writer_.add(FrameItem::Kind::Line, {left, area_.top, col.end() - left, area_.height}, lineColor_);
+        writeLine({left, area_.top, col.end() - left, area_.height});
     }
 }
 
@@ -127,10 +131,8 @@ void FrameRegion::writeMergedBlocks() {
         const std::int32_t col = cols_[block.firstCol].index;
         const Rect rect = rectOf(block.firstRow, block.lastRow, block.firstCol, block.lastCol);
         writer_.add(FrameItem::Kind::Fill, rect, ownBackColor(row, col).value_or(backColor_), row, col);
-        writer_.add(FrameItem::Kind::Line, {rect.left, rect.bottom() - LineWidth, rect.width, LineWidth},
-                    lineColor_);
-        writer_.add(FrameItem::Kind::Line, {rect.right() - LineWidth, rect.top, LineWidth, rect.height},
-                    lineColor_);
+        writeLine({rect.left, rect.bottom() - LineWidth, rect.width, LineWidth});
+        writeLine({rect.right() - LineWidth, rect.top, LineWidth, rect.height});
         writeText(rows_[block.firstRow], cols_[block.firstCol], rect);
     }
 }
@@ -160,7 +162,7 @@ void FrameRegion::writeText(const Band& row, const Band& col, const Rect& cell) 
     const CellGrid& grid = scene_.grid;
     std::string text = row.fixed ? grid.Text(row.index, col.index) : grid.DisplayText(row.index, col.index);
     const Rect rect{cell.left + TextMargin, cell.top, cell.width - 2 * TextMargin, cell.height};
-    if (text.empty() || rect.empty()) return;
+    if (text.empty() || rect.empty() || !rect.overlaps(scene_.area)) return;
     FrameItem& item =
         writer_.add(FrameItem::Kind::Text, rect, textColor(row.index, col.index), row.index, col.index);
     item.alignment = grid.EffectiveAlignment(row.index, col.index);

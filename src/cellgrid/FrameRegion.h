@@ -24,10 +24,12 @@ constexpr std::uint32_t LightEdge = 0x80000016;
 
 /// What the whole picture has in common.
 struct FrameScene {
-    explicit FrameScene(const CellGrid& grid, const FrameState& state);
+    /// `clip` is the part of the view that is asked for.
+    FrameScene(const CellGrid& grid, const FrameState& state, const Rect& clip);
 
     const CellGrid& grid;
     Rect client;            // the view without its scroll bars
+    Rect area;              // what of it is asked for
     std::int32_t row = -1;  // the current cell where it is shown as such, -1 where not
     std::int32_t col = -1;
     bool wholeRow = false;  // shown by its whole row
@@ -58,6 +60,7 @@ class FrameRegion {
     void writeFills();
     void readRuns(std::size_t col, std::vector<Run>& runs) const;
     void writeLines();
+    void writeLine(const Rect& line);
     void writeMergedBlocks();
     void writeContents();
     void writeContent(const Band& row, const Band& col, bool checkBoxes, const Rect& cell);
