@@ -40,10 +40,11 @@ std::int64_t Axis::position(std::int32_t index) const {
 
 std::int32_t Axis::indexAt(std::int64_t position) const {
     const auto& blocks = runs_.blocks();
+    position = std::max<std::int64_t>(position, 0);
     if (position >= blocks.extent()) return count();
-    const auto place = blocks.findPosition(std::max<std::int64_t>(position, 0));
-    const std::int64_t into = std::max<std::int64_t>(position, 0) - place.position;
-    return static_cast<std::int32_t>(place.first + into / extentOf(blocks[place].value));
+    const auto place = blocks.findPosition(position);
+    return static_cast<std::int32_t>(place.first +
+                                     (position - place.position) / extentOf(blocks[place].value));
 }
 
 std::int32_t Axis::firstFrom(std::int64_t position) const {

@@ -43,7 +43,8 @@ class Axis {
     std::int64_t total() const { return runs_.blocks().extent(); }
     /// Where an element begins; of count(), where the last one ends.
     std::int64_t position(std::int32_t index) const;
-    /// The element that lies over a position; count() beyond the last, 0 before the first.
+    /// The element that lies over a position; count() beyond the last, the first
+    /// shown one before it.
     std::int32_t indexAt(std::int64_t position) const;
     /// The first element with an extent that begins at the position or after it; count() when there is none.
     std::int32_t firstFrom(std::int64_t position) const;
