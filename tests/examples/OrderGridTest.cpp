@@ -1,0 +1,270 @@
+// The host's handling of the grid, on the machine without a window.
+#include "OrderGrid.h"
+
+#include <QCoreApplication>
+#include <QSignalSpy>
+#include <map>
+
+#include "Scratch.h"
+#include "kxVsGrid/headless/Desk.h"
+
+using kxVsGrid::Key;
+
+namespace {
+class OrderSheet : public testing::Test {
+  protected:
+    OrderSheet() {
+        desk.resize(17400, 8000);
+        grid.clear(QDate(2026, 11, 27));
+        desk.focusGrid();
+        QObject::connect(&grid, &OrderGrid::said, [this](const QString& text, bool warning) {
+            said = text;
+            warned = warning;
+        });
+    }
+
+    std::string cell(int row, OrderGrid::Column col) { return control.Grid().DisplayText(row, col); }
+    void at(int row, OrderGrid::Column col) { control.Grid().Select(row, col); }
+    void enter(int row, OrderGrid::Column col, std::string_view text) {
+        at(row, col);
+        desk.type(text).press(Key::Enter);
+    }
+
+    static std::optional<Goods> find(const QString& code) {
+        static const std::map<QString, Goods> known = {
+            {"100001", {"100001", "六角螺栓", "M8×40", "个", 333}},
+            {"100002", {"100002", "无缝钢管", "DN25", "米", 1850}},
+        };
+        if (code == "500") throw DatabaseError("查找商品", "orders.sqlite", "disk I/O error");
+        const auto found = known.find(code);
+        return found == known.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    kxVsGrid::headless::Desk desk;
+    kxVsGrid::kxGrid& control = desk.place();
+    OrderGrid grid{control, &OrderSheet::find};
+    QString said;
+    bool warned = false;
+};
+}  // namespace
+
+TEST_F(OrderSheet, AKnownCodeBringsNameSpecUnitAndPrice) {
+    enter(1, OrderGrid::Code, "100001");
+    EXPECT_EQ(cell(1, OrderGrid::Name), "六角螺栓");
+    EXPECT_EQ(cell(1, OrderGrid::Spec), "M8×40");
+    EXPECT_EQ(cell(1, OrderGrid::Unit), "个");
+    EXPECT_EQ(cell(1, OrderGrid::Price), "3.33");
+    EXPECT_FALSE(warned);
+}
+
+TEST_F(OrderSheet, EnterOnACodeGoesToTheQuantity) {
+    enter(1, OrderGrid::Code, "100001");
+    EXPECT_EQ(control.Row(), 1);
+    EXPECT_EQ(control.Col(), OrderGrid::Quantity);
+}
+
+TEST_F(OrderSheet, AnUnknownCodeSaysSoAndLosesNothing) {
+    enter(1, OrderGrid::Quantity, "5");
+    enter(1, OrderGrid::Price, "2");
+    enter(1, OrderGrid::Remark, "加急");
+    enter(1, OrderGrid::Code, "4711");
+    EXPECT_TRUE(warned);
+    EXPECT_TRUE(said.contains("4711")) << said.toStdString();
+    EXPECT_EQ(cell(1, OrderGrid::Code), "4711");
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), "5");
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "10.00");
+    EXPECT_EQ(cell(1, OrderGrid::Remark), "加急");
+    EXPECT_EQ(grid.unknownGoods(), 1);
+}
+
+TEST_F(OrderSheet, ACodeInFullWidthDigitsIsTheSameCode) {
+    enter(1, OrderGrid::Code, "１００００１");
+    EXPECT_EQ(cell(1, OrderGrid::Code), "100001");
+    EXPECT_EQ(cell(1, OrderGrid::Name), "六角螺栓");
+}
+
+TEST_F(OrderSheet, APriceThatTheClerkChangedStaysWhenTheSameCodeIsConfirmed) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderGrid::Price, "9");
+    enter(1, OrderGrid::Code, "100001");
+    EXPECT_EQ(cell(1, OrderGrid::Price), "9.00");
+}
+
+TEST_F(OrderSheet, AFailingDatabaseIsReportedAndTheCodeIsLookedUpAgainLater) {
+    enter(1, OrderGrid::Code, "500");
+    EXPECT_TRUE(warned);
+    EXPECT_TRUE(said.contains("disk I/O error")) << said.toStdString();
+    EXPECT_EQ(cell(1, OrderGrid::Code), "500");
+}
+
+TEST_F(OrderSheet, TheAmountIsQuantityTimesPriceToTheCent) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderGrid::Quantity, "1.5");
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "5.00");  // 4.995
+    enter(1, OrderGrid::Price, "2*3+0.25");
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "9.38");  // 9.375
+    at(1, OrderGrid::Quantity);
+    desk.type("1").press(Key::Back).press(Key::Enter);
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "");
+}
+
+TEST_F(OrderSheet, QuantityAndAmountAreSummed) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderGrid::Quantity, "10");
+    enter(2, OrderGrid::Code, "100002");
+    enter(2, OrderGrid::Quantity, "2.5");
+    EXPECT_EQ(control.ReadSum(OrderGrid::Quantity), "12.5");
+    EXPECT_EQ(control.ReadSum(OrderGrid::Amount), "79.55");
+    EXPECT_EQ(control.ReadSum(OrderGrid::Price), "");
+}
+
+TEST_F(OrderSheet, ReadOnlyColumnsCannotBeTypedInto) {
+    for (const auto col : {OrderGrid::Name, OrderGrid::Spec, OrderGrid::Amount}) {
+        at(1, col);
+        desk.type("x");
+        EXPECT_FALSE(desk.editor().visible) << col;
+    }
+}
+
+TEST_F(OrderSheet, ANewRowTakesTheDeliveryDateOfTheRowAbove) {
+    EXPECT_EQ(cell(1, OrderGrid::Delivery), "2026-11-27");
+    EXPECT_EQ(cell(2, OrderGrid::Delivery), "");
+    at(2, OrderGrid::Code);
+    EXPECT_EQ(cell(2, OrderGrid::Delivery), "2026-11-27");
+}
+
+TEST_F(OrderSheet, RowsThatWereOnlyPassedThroughAreNoLines) {
+    for (int row = 1; row < 6; ++row) at(row, OrderGrid::Code);
+    EXPECT_TRUE(grid.lines().empty());
+    EXPECT_FALSE(grid.typed());
+}
+
+TEST_F(OrderSheet, TypingInTheLastRowAppendsOne) {
+    const int last = control.Rows() - 1;
+    enter(last, OrderGrid::Code, "100001");
+    EXPECT_GT(control.Rows() - 1, last);
+}
+
+TEST_F(OrderSheet, AGiftIsToggledByABlank) {
+    enter(1, OrderGrid::Code, "100001");
+    at(1, OrderGrid::Gift);
+    desk.type(" ");
+    EXPECT_TRUE(grid.lines().front().gift);
+    desk.type(" ");
+    EXPECT_FALSE(grid.lines().front().gift);
+    EXPECT_TRUE(grid.typed());
+}
+
+TEST_F(OrderSheet, ADateIsCheckedWhenItIsTyped) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderGrid::Delivery, "2026/12/1");
+    EXPECT_EQ(grid.lines().front().delivery, QDate(2026, 12, 1));
+    enter(1, OrderGrid::Delivery, "2026-02-30");
+    EXPECT_EQ(desk.messages().size(), 1u);
+    EXPECT_FALSE(grid.commit());
+}
+
+TEST_F(OrderSheet, LinesThatAreShownComeBackTheSame) {
+    OrderLine full;
+    full.code = "100001";
+    full.name = "旧名称";
+    full.spec = "M8";
+    full.unit = "盒";
+    full.quantity = 12345678;
+    full.price = 0;
+    full.amount = 0;
+    full.warehouse = "主仓库";
+    full.delivery = QDate(2026, 2, 28);
+    full.gift = true;
+    full.remark = "  两边有空格  ";
+    OrderLine note;
+    note.remark = "运费";
+    grid.show({full, note});
+    EXPECT_FALSE(grid.typed());
+    ASSERT_EQ(grid.lines().size(), 2u);
+    EXPECT_TRUE(grid.lines()[0] == full) << desk.ascii();
+    EXPECT_TRUE(grid.lines()[1] == note) << desk.ascii();
+    EXPECT_TRUE(grid.commit());
+    EXPECT_TRUE(grid.lines()[0] == full) << desk.ascii();
+}
+
+TEST_F(OrderSheet, AmountsFollowWhenAColumnIsFilled) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(2, OrderGrid::Code, "100002");
+    control.SetCell(1, OrderGrid::Quantity, "4");
+    control.SetCell(2, OrderGrid::Quantity, "4");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "13.32");
+    EXPECT_EQ(cell(2, OrderGrid::Amount), "74.00");
+}
+
+TEST_F(OrderSheet, WhatIsBeingTypedIsNotDisturbedByAFill) {
+    enter(1, OrderGrid::Code, "100001");
+    control.SetCell(1, OrderGrid::Quantity, "4");
+    at(2, OrderGrid::Remark);
+    desk.type("未完");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(desk.editor().visible);
+    EXPECT_EQ(desk.editor().text, "未完");
+    desk.press(Key::Enter);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "13.32");
+}
+
+TEST_F(OrderSheet, ARowWithContentIsDeletedOnlyWhenTheClerkAgrees) {
+    bool agrees = false;
+    QString asked;
+    grid.mayDelete([&](const QString& row) {
+        asked = row;
+        return agrees;
+    });
+    enter(1, OrderGrid::Code, "100001");
+    at(1, OrderGrid::Code);
+    desk.press(Key::Delete);
+    EXPECT_TRUE(asked.contains("100001")) << asked.toStdString();
+    EXPECT_EQ(grid.lines().size(), 1u);
+    agrees = true;
+    desk.press(Key::Delete);
+    EXPECT_TRUE(grid.lines().empty());
+}
+
+TEST_F(OrderSheet, AnEmptyRowIsDeletedWithoutAQuestion) {
+    grid.mayDelete([](const QString&) {
+        ADD_FAILURE() << "asked";
+        return false;
+    });
+    const int before = control.Rows();
+    at(3, OrderGrid::Code);
+    desk.press(Key::Delete);
+    EXPECT_EQ(control.Rows(), before - 1);
+}
+
+TEST_F(OrderSheet, AnAmountThatIsTooLargeIsAProblemWhenSaving) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderGrid::Quantity, "999999999999");
+    enter(1, OrderGrid::Price, "999999999999");
+    EXPECT_TRUE(warned);
+    ASSERT_TRUE(grid.problem());
+    EXPECT_EQ(grid.problem()->row, 1);
+    enter(1, OrderGrid::Quantity, "2");
+    enter(1, OrderGrid::Price, "2");
+    EXPECT_FALSE(grid.problem());
+}
+
+TEST_F(OrderSheet, TheDeliveryDateFollowsTheOrderDateUntilSomethingIsTyped) {
+    grid.presetDelivery(QDate(2026, 12, 24));
+    EXPECT_EQ(cell(1, OrderGrid::Delivery), "2026-12-24");
+    enter(1, OrderGrid::Code, "100001");
+    grid.presetDelivery(QDate(2027, 1, 1));
+    EXPECT_EQ(cell(1, OrderGrid::Delivery), "2026-12-24");
+}
+
+TEST_F(OrderSheet, TheRemarkColumnTakesTheRestOfTheWidth) {
+    grid.fitWidth(30000);
+    int width = 0;
+    for (int c = 0; c < control.Cols(); ++c) width += control.ColWidth(c);
+    EXPECT_GT(width, 29000);
+    EXPECT_LT(width, 30000);
+    grid.fitWidth(5000);
+    EXPECT_GT(control.ColWidth(OrderGrid::Remark), 1000);
+}

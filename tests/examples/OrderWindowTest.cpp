@@ -1,0 +1,281 @@
+// The whole window, driven by keys, with a clerk whose answers are prepared.
+#include "OrderWindow.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <QLineEdit>
+#include <QTest>
+#include <deque>
+
+#include "CustomerBox.h"
+#include "KeyPlayer.h"
+#include "OrderGrid.h"
+#include "OrderHeader.h"
+#include "Scratch.h"
+#include "kxVsGrid/qt/kxGridWidget.h"
+
+namespace {
+class PreparedAnswers : public Questions {
+  public:
+    Leave unsavedWork(QWidget*, const QString& what) override {
+        asked << what;
+        return leave;
+    }
+    bool confirm(QWidget*, const QString& text, const QString&) override {
+        asked << text;
+        return agrees;
+    }
+    void problem(QWidget*, const QString& text) override { problems << text; }
+    void information(QWidget*, const QString&, const QString&) override {}
+    std::optional<qint64> chooseOrder(QWidget*, const OrderStore& store) override {
+        const std::vector<OrderSummary> orders = store.list(wanted, 10);
+        if (orders.empty()) return std::nullopt;
+        return orders.front().id;
+    }
+
+    QStringList asked;
+    QStringList problems;
+    Leave leave = Leave::Stay;
+    bool agrees = false;
+    QString wanted;
+};
+
+class OrderEntry : public Scratch {
+  protected:
+    void open(const QString& file) {
+        window = std::make_unique<OrderWindow>(file, answers, QDate(2026, 11, 20));
+        window->show();
+        QApplication::setActiveWindow(window.get());
+        window->start();
+        QCoreApplication::processEvents();
+    }
+    void open() { open(madeDatabase()); }
+
+    kxVsGrid::kxGrid& grid() { return window->gridWidget().grid(); }
+    QString cell(int row, OrderGrid::Column col) {
+        return QString::fromStdString(grid().Grid().DisplayText(row, col));
+    }
+
+    // To whoever has the keyboard, as the key script of the program does it.
+    void play(const QStringList& script) {
+        KeyPlayer player(*window, script);
+        bool done = false;
+        QObject::connect(&player, &KeyPlayer::finished, &player, [&](const QString& error) {
+            EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+            done = true;
+        });
+        player.start();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 20000));
+    }
+
+    // A whole order by keyboard alone.
+    void typeOrder() {
+        play({"type K0002", "key Enter", "type 100001", "key Enter", "type 12*3", "key Enter", "type 2.5",
+              "key Enter"});
+    }
+
+    Database reader() { return Database(databaseFile()); }
+
+    PreparedAnswers answers;
+    std::unique_ptr<OrderWindow> window;
+};
+}  // namespace
+
+TEST_F(OrderEntry, StartsWithANumberedOrderOfTodayAndTheCustomerField) {
+    open();
+    EXPECT_EQ(window->header().number(), QString("XS-20261120-001"));
+    EXPECT_EQ(window->header().date(), QDate(2026, 11, 20));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QString("customer"));
+    EXPECT_FALSE(window->hasUnsavedWork());
+}
+
+TEST_F(OrderEntry, TakesAnOrderByKeyboardAlone) {
+    open();
+    typeOrder();
+    const Order order = window->onScreen();
+    EXPECT_EQ(order.customer, 2);
+    ASSERT_EQ(order.lines.size(), 1u);
+    EXPECT_EQ(order.lines[0].code, QString("100001"));
+    EXPECT_FALSE(order.lines[0].name.isEmpty());
+    EXPECT_EQ(order.lines[0].amount, 9000);
+    EXPECT_EQ(order.lines[0].delivery, QDate(2026, 11, 27));
+    EXPECT_TRUE(window->hasUnsavedWork());
+    EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(OrderEntry, SavesAndOpensTheSameOrder) {
+    open();
+    typeOrder();
+    play({"key Ctrl+S"});
+    EXPECT_TRUE(answers.problems.isEmpty()) << answers.problems.join('\n').toStdString();
+    EXPECT_FALSE(window->hasUnsavedWork());
+    const Order saved = window->onScreen();
+    EXPECT_NE(saved.id, 0);
+    play({"key Ctrl+N"});
+    EXPECT_EQ(window->header().number(), QString("XS-20261120-002"));
+    EXPECT_TRUE(window->onScreen().lines.empty());
+    play({"key Ctrl+O"});
+    EXPECT_TRUE(window->onScreen() == saved);
+    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("90.00"));
+    EXPECT_TRUE(answers.asked.isEmpty());
+}
+
+TEST_F(OrderEntry, SavesWhatIsStillBeingTyped) {
+    open();
+    typeOrder();
+    play({"type 五金仓", "key Ctrl+S"});
+    EXPECT_EQ(window->onScreen().lines.at(0).warehouse, QString("五金仓"));
+    EXPECT_FALSE(window->hasUnsavedWork());
+}
+
+TEST_F(OrderEntry, DoesNotSaveAnInputThatIsRefused) {
+    open();
+    typeOrder();
+    grid().Grid().Select(1, OrderGrid::Quantity);
+    play({"key F7", "type abc", "key Ctrl+S"});
+    EXPECT_EQ(window->onScreen().id, 0);
+    EXPECT_TRUE(window->message().contains("没有保存")) << window->message().toStdString();
+}
+
+TEST_F(OrderEntry, AsksForWhatIsMissingBeforeItSaves) {
+    open();
+    EXPECT_FALSE(window->save());
+    EXPECT_TRUE(answers.problems.value(0).contains("客户"));
+    play({"type K0002", "key Enter"});
+    EXPECT_FALSE(window->save());
+    EXPECT_TRUE(answers.problems.value(1).contains("明细"));
+}
+
+TEST_F(OrderEntry, ClosingWithUnsavedWorkAsksAndStays) {
+    open();
+    typeOrder();
+    answers.leave = Questions::Leave::Stay;
+    EXPECT_FALSE(window->close());
+    EXPECT_EQ(answers.asked.size(), 1);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->onScreen().lines.size(), 1u);
+}
+
+TEST_F(OrderEntry, ClosingCanSaveFirst) {
+    open();
+    typeOrder();
+    answers.leave = Questions::Leave::Save;
+    EXPECT_TRUE(window->close());
+    Database database(databaseFile());
+    EXPECT_EQ(OrderStore(database).list({}, 10).size(), 1u);
+}
+
+TEST_F(OrderEntry, ClosingCanDiscard) {
+    open();
+    typeOrder();
+    answers.leave = Questions::Leave::Discard;
+    EXPECT_TRUE(window->close());
+    Database database(databaseFile());
+    EXPECT_TRUE(OrderStore(database).list({}, 10).empty());
+}
+
+TEST_F(OrderEntry, ClosingWithoutChangesAsksNothing) {
+    open();
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(answers.asked.isEmpty());
+}
+
+TEST_F(OrderEntry, AChangedHeadIsUnsavedWorkToo) {
+    open();
+    window->header().findChild<QLineEdit*>("number")->setText("A-1");
+    EXPECT_TRUE(window->hasUnsavedWork());
+    EXPECT_FALSE(window->newOrder());
+    EXPECT_EQ(window->header().number(), QString("A-1"));
+}
+
+TEST_F(OrderEntry, ADatabaseThatCannotBeOpenedIsReportedAndTheScreenStaysUsable) {
+    const QString file = path("folder.sqlite");
+    ASSERT_TRUE(QDir().mkpath(file));
+    open(file);
+    ASSERT_EQ(answers.problems.size(), 1);
+    EXPECT_TRUE(answers.problems[0].contains(file)) << answers.problems[0].toStdString();
+    EXPECT_TRUE(answers.problems[0].contains("无法打开数据库文件")) << answers.problems[0].toStdString();
+    play({"key F7", "type 100001", "key Enter", "type 3", "key Enter", "type 2", "key Enter"});
+    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("6.00"));
+    EXPECT_FALSE(window->save());
+    EXPECT_EQ(answers.problems.size(), 2);
+    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("6.00"));
+
+    // The obstacle goes: the same order can be completed and saved.
+    ASSERT_TRUE(QDir().rmdir(file));
+    EXPECT_FALSE(window->save());  // connects; the customer is still missing
+    window->header().findChild<CustomerBox*>("customer")->setCustomerId(1);
+    window->header().findChild<QLineEdit*>("number")->setText("A-1");
+    EXPECT_TRUE(window->save()) << answers.problems.join('\n').toStdString();
+    EXPECT_FALSE(window->hasUnsavedWork());
+}
+
+TEST_F(OrderEntry, AFailedSaveLosesNothingOnTheScreen) {
+    open();
+    typeOrder();
+    Database other(databaseFile());
+    other.run(
+        "test",
+        "CREATE TRIGGER full BEFORE INSERT ON order_line BEGIN SELECT RAISE(ABORT, 'disk is full'); END");
+    const Order before = window->onScreen();
+    play({"key Ctrl+S"});
+    ASSERT_EQ(answers.problems.size(), 1);
+    EXPECT_TRUE(answers.problems[0].contains(databaseFile()));
+    EXPECT_TRUE(answers.problems[0].contains("disk is full"));
+    EXPECT_TRUE(window->onScreen() == before);
+    EXPECT_TRUE(window->hasUnsavedWork());
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("36"));
+    EXPECT_EQ(value(other, "SELECT COUNT(*) FROM sales_order").toInt(), 0);
+}
+
+TEST_F(OrderEntry, DeletingAnOrderAsksFirst) {
+    open();
+    typeOrder();
+    ASSERT_TRUE(window->save());
+    Database database(databaseFile());
+    play({"key Ctrl+D"});
+    EXPECT_EQ(answers.asked.size(), 1);
+    EXPECT_EQ(OrderStore(database).list({}, 10).size(), 1u);
+    answers.agrees = true;
+    play({"key Ctrl+D"});
+    EXPECT_TRUE(OrderStore(database).list({}, 10).empty());
+    EXPECT_TRUE(window->onScreen().lines.empty());
+    EXPECT_EQ(window->onScreen().id, 0);
+}
+
+TEST_F(OrderEntry, ANumberThatTheClerkDidNotTouchFollowsTheDate) {
+    open();
+    play({"key Shift+Tab", "key Up"});  // the year, month or day that the field steps
+    const QDate date = window->header().date();
+    ASSERT_NE(date, QDate(2026, 11, 20));
+    EXPECT_EQ(window->header().number(), "XS-" + date.toString("yyyyMMdd") + "-001");
+    EXPECT_EQ(cell(1, OrderGrid::Delivery), date.addDays(7).toString(Qt::ISODate));
+}
+
+TEST_F(OrderEntry, TabLeadsFromTheCustomerIntoTheGrid) {
+    open();
+    play({"type K0002", "key Tab", "type 100001", "key Tab"});
+    EXPECT_EQ(cell(1, OrderGrid::Code), QString("100001"));
+}
+
+TEST_F(OrderEntry, ACustomerIsFoundByItsInitials) {
+    open();
+    Database database(databaseFile());
+    const Customer wanted = Catalogue(database).customers().at(41);
+    play({"type " + wanted.pinyin, "key Tab"});
+    EXPECT_EQ(window->onScreen().customer, wanted.id);
+}
+
+TEST_F(OrderEntry, AWholeRowIsVisibleAtTheFirstSize) {
+    open();
+    EXPECT_EQ(window->size(), QSize(1180, 720));
+    EXPECT_FALSE(grid().Grid().HorizontalBarShown());
+}
+
+TEST_F(OrderEntry, SavesAPictureOfTheWindow) {
+    open();
+    const QString file = path("picture.png");
+    play({"picture " + file});
+    EXPECT_EQ(QImage(file).size(), QSize(1180, 720));
+}
