@@ -64,6 +64,18 @@ TEST(Frame, ShowsDataCellsAsTheColumnsFormatShowsThem) {
     EXPECT_EQ(FrameReader(grid).text(1, 1), "1,234.50");
 }
 
+TEST(Frame, ShowsRowNumbersAndComputedTexts) {
+    CellGrid grid;
+    grid.Resize(3500, 1800);
+    grid.NumberRows();
+    grid.ColFormat(2, "0.00");
+    grid.ComputedText(3, 2, [] { return std::string("17.5"); });
+    const FrameReader frame(grid);
+    EXPECT_EQ(frame.text(1, 0), "1");
+    EXPECT_EQ(frame.text(4, 0), "4");
+    EXPECT_EQ(frame.text(3, 2), "17.50");
+}
+
 TEST(Frame, FormatsTheHeaderColumnsOfDataRowsButNoFixedRows) {
     FilledGrid grid(6, 4, 3500, 1800);
     for (std::int32_t col = 0; col < 2; ++col) {
