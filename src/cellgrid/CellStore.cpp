@@ -66,7 +66,7 @@ CellStore::Effect CellStore::effectOfText(std::int32_t row, std::int32_t col, st
     const TextSlot old = textSlot(row, col);
     if (text.empty()) {
         if (slot::hasBlock(old) || (old != slot::Empty && slot::isShort(old))) return Effect::Changed;
-        const bool shown = slot::isComputed(old) || (old == slot::Empty && numbered(row, col));
+        const bool shown = slot::isComputed(old) || (old == slot::Empty && numbered_ && col == 0);
         return shown ? Effect::Shown : Effect::Nothing;
     }
     const TextSlot fresh = slot::ofShort(text);
@@ -118,10 +118,8 @@ bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag)
 
 void CellStore::clearTexts(std::int32_t row, std::int32_t n) {
     for (GridColumn& c : columns_) clearColumn(c, row, n);
-    if (numbered_ && row <= fixedRows_ && row + n == rows()) {
-        numbered_ = false;
-    } else if (numbered_) {
-        for (std::int32_t r = std::max(row, fixedRows_); r < row + n; ++r) setText(r, 0, {});
+    if (numbered_) {
+        for (std::int32_t r = row; r < row + n; ++r) setText(r, 0, {});
     }
     compact();
 }
