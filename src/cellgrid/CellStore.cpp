@@ -62,27 +62,39 @@ std::string_view CellStore::displayText(std::int32_t row, std::int32_t col, Scra
     return scratch.text;
 }
 
-CellStore::Effect CellStore::effectOfText(std::int32_t row, std::int32_t col, std::string_view text) const {
-    const TextSlot old = textSlot(row, col);
-    if (text.empty()) {
-        if (slot::hasBlock(old) || (old != slot::Empty && slot::isShort(old))) return Effect::Changed;
-        const bool shown = slot::isComputed(old) || (old == slot::Empty && numbered_ && col == 0);
-        return shown ? Effect::Shown : Effect::Nothing;
-    }
-    const TextSlot fresh = slot::ofShort(text);
+/// What `text` does to a cell that holds `old`; `fresh` is the text's slot if it fits into one.
+inline CellStore::Effect CellStore::effect(std::int32_t col, TextSlot old, TextSlot fresh,
+                                           std::string_view text) const {
     if (fresh != slot::Empty) return fresh == old ? Effect::Nothing : Effect::Changed;
+    if (text.empty()) return effectOfEmpty(col, old);
     slot::Buffer buffer;
     return slot::hasBlock(old) && arena_.text(old, buffer) == text ? Effect::Nothing : Effect::Changed;
 }
 
-void CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text) {
-    TextSlot fresh = slot::Empty;
-    if (!text.empty())
-        fresh = arena_.store(text);
-    else if (numbered_ && col == 0)
+CellStore::Effect CellStore::effectOfEmpty(std::int32_t col, TextSlot old) const {
+    if (slot::hasBlock(old) || (old != slot::Empty && slot::isShort(old))) return Effect::Changed;
+    const bool shown = slot::isComputed(old) || (old == slot::Empty && numbered_ && col == 0);
+    return shown ? Effect::Shown : Effect::Nothing;
+}
+
+CellStore::Effect CellStore::effectOfText(std::int32_t row, std::int32_t col, std::string_view text) const {
+    return effect(col, textSlot(row, col), slot::ofShort(text), text);
+}
+
+CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text) {
+    GridColumn& c = column(col);
+    const RowHandle handle = order_.handle(row);
+    const TextSlot old = handle == NoHandle ? slot::Empty : c.texts.get(handle);
+    TextSlot fresh = slot::ofShort(text);
+    const Effect done = effect(col, old, fresh, text);
+    if (done == Effect::Nothing) return done;
+    if (!text.empty()) {
+        if (fresh == slot::Empty) fresh = arena_.storeLong(text);
+    } else if (numbered_ && col == 0) {
         fresh = slot::WrittenEmpty;
-    if (fresh == slot::Empty && order_.handle(row) == NoHandle) return;
-    putSlot(column(col), order_.obtain(row), fresh);
+    }
+    putSlot(c, handle == NoHandle ? order_.obtain(row) : handle, old, fresh);
+    return done;
 }
 
 void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
@@ -90,7 +102,7 @@ void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<st
     if (free == computed_.end()) free = computed_.insert(free, nullptr);
     *free = std::make_shared<const std::function<std::string()>>(std::move(compute));
     const auto number = static_cast<std::uint32_t>(free - computed_.begin());
-    putSlot(column(col), order_.obtain(row), slot::Computed | number);
+    putSlot(column(col), order_.obtain(row), textSlot(row, col), slot::Computed | number);
 }
 
 std::string_view CellStore::tag(std::int32_t row, std::int32_t col, Scratch& scratch) const {
@@ -108,7 +120,7 @@ bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag)
     } else {
         slot::Buffer buffer;
         if (slot::hasBlock(old) && arena_.text(old, buffer) == tag) return false;
-        fresh = arena_.store(tag);
+        fresh = arena_.storeLong(tag);
     }
     if (handle == NoHandle) handle = order_.obtain(row);
     c.tags.set(handle, fresh);
@@ -132,7 +144,8 @@ void CellStore::numberRows() {
     for (std::int32_t row = 0; row < fixedRows_ && inFixedRows < c.texts.used(); ++row)
         inFixedRows += textSlot(row, 0) != slot::Empty;
     if (inFixedRows == c.texts.used()) return;
-    order_.forEach(fixedRows_, rows(), [&](std::int32_t, RowHandle h) { putSlot(c, h, slot::Empty); });
+    order_.forEach(fixedRows_, rows(),
+                   [&](std::int32_t, RowHandle h) { putSlot(c, h, c.texts.get(h), slot::Empty); });
 }
 
 void CellStore::setFormat(std::int32_t col, std::string_view pattern) {
@@ -141,14 +154,14 @@ void CellStore::setFormat(std::int32_t col, std::string_view pattern) {
     c.numbers.reset();
 }
 
-void CellStore::putSlot(GridColumn& c, RowHandle handle, TextSlot s) {
-    const TextSlot old = c.texts.get(handle);
+/// `old` is what the slot holds now.
+void CellStore::putSlot(GridColumn& c, RowHandle handle, TextSlot old, TextSlot s) {
     c.texts.set(handle, s);
     if (c.numbers) c.numbers->forget(handle);
     releaseSlot(old);
 }
 
-void CellStore::releaseSlot(TextSlot s) {
+void CellStore::releaseLongSlot(TextSlot s) {
     if (slot::isComputed(s))
         computed_[slot::reference(s)] = nullptr;
     else
@@ -158,7 +171,7 @@ void CellStore::releaseSlot(TextSlot s) {
 void CellStore::clearColumn(GridColumn& c, std::int32_t row, std::int32_t n) {
     if (c.texts.used() == 0 && c.tags.used() == 0) return;
     order_.forEach(row, row + n, [&](std::int32_t, RowHandle handle) {
-        putSlot(c, handle, slot::Empty);
+        putSlot(c, handle, c.texts.get(handle), slot::Empty);
         arena_.release(c.tags.get(handle));
         c.tags.set(handle, slot::Empty);
     });

@@ -38,7 +38,7 @@ class CellStore {
         slot::Buffer bytes;
         std::string text;
     };
-    /// What writing a text would do.
+    /// What writing a text does.
     enum class Effect {
         Nothing,
         Shown,    ///< the stored text stays (empty); something computed no longer shows
@@ -61,8 +61,9 @@ class CellStore {
     std::string_view text(std::int32_t row, std::int32_t col, Scratch& scratch) const;
     /// The text as the column's format shows it.
     std::string_view displayText(std::int32_t row, std::int32_t col, Scratch& scratch) const;
+    /// What setText would do.
     Effect effectOfText(std::int32_t row, std::int32_t col, std::string_view text) const;
-    void setText(std::int32_t row, std::int32_t col, std::string_view text);
+    Effect setText(std::int32_t row, std::int32_t col, std::string_view text);
     void setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
 
     std::string_view tag(std::int32_t row, std::int32_t col, Scratch& scratch) const;
@@ -105,10 +106,16 @@ class CellStore {
         return numbered_ && col == 0 && row >= fixedRows_;
     }
     std::string_view slotText(TextSlot s, Scratch& scratch) const;
-    void putSlot(GridColumn& column, RowHandle handle, TextSlot s);
-    void releaseSlot(TextSlot s);
+    Effect effect(std::int32_t col, TextSlot old, TextSlot fresh, std::string_view text) const;
+    Effect effectOfEmpty(std::int32_t col, TextSlot old) const;
+    void putSlot(GridColumn& column, RowHandle handle, TextSlot old, TextSlot s);
+    void releaseSlot(TextSlot s) {
+        if (!slot::isShort(s)) releaseLongSlot(s);
+    }
+    void releaseLongSlot(TextSlot s);
     void clearColumn(GridColumn& column, std::int32_t row, std::int32_t n);
     static double numberOf(const GridColumn& column, std::string_view text);
+    double readNumber(GridColumn& column, RowHandle handle);
     double sumOfRowNumbers() const;
     void compact();
 

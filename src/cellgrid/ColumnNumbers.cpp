@@ -12,6 +12,14 @@ double CellStore::numberOf(const GridColumn& c, std::string_view text) {
     return support::leadingNumber(text);
 }
 
+double CellStore::readNumber(GridColumn& c, RowHandle handle) {
+    const TextSlot s = c.texts.get(handle);
+    Scratch scratch;
+    const double value = s == slot::Empty ? 0 : numberOf(c, slotText(s, scratch));
+    if (!slot::isComputed(s)) c.numbers->page(handle)[handle % NumberPages::PageNumbers] = value;
+    return value;
+}
+
 /// Adds in row order, as adding row by row does: the order decides the last digits.
 double CellStore::sum(std::int32_t col) {
     if (numbered_ && col == 0) return sumOfRowNumbers();
@@ -19,22 +27,21 @@ double CellStore::sum(std::int32_t col) {
     if (c.texts.used() == 0) return 0;
     if (!c.numbers) c.numbers = std::make_unique<NumberPages>();
     double total = 0;
-    RowHandle pageBegin = NoHandle;
-    NumberPages::Page* page = nullptr;
-    Scratch scratch;
-    order_.forEach(fixedRows_, rows(), [&](std::int32_t, RowHandle handle) {
-        const RowHandle within = handle % NumberPages::PageNumbers;
-        if (handle - within != pageBegin) {
-            pageBegin = handle - within;
-            page = &c.numbers->page(handle / NumberPages::PageNumbers);
+    order_.forEachStretch(fixedRows_, rows(), [&](std::int32_t, const RowHandle* handles, std::int32_t n) {
+        double sum = total;  // kept out of memory while it is added to
+        RowHandle pageNumber = NoHandle;
+        const double* page = nullptr;
+        for (std::int32_t i = 0; i < n; ++i) {
+            const RowHandle handle = handles[i];
+            if (handle == NoHandle) continue;
+            if (handle / NumberPages::PageNumbers != pageNumber) {
+                pageNumber = handle / NumberPages::PageNumbers;
+                page = c.numbers->page(handle).data();
+            }
+            const double value = page[handle % NumberPages::PageNumbers];
+            sum += value == value ? value : readNumber(c, handle);
         }
-        double value = (*page)[within];
-        if (value != value) {  // not read yet
-            const TextSlot s = c.texts.get(handle);
-            value = s == slot::Empty ? 0 : numberOf(c, slotText(s, scratch));
-            if (!slot::isComputed(s)) (*page)[within] = value;
-        }
-        total += value;
+        total = sum;
     });
     return total;
 }

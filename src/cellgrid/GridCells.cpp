@@ -7,10 +7,12 @@ using cellgrid::CellStore;
 
 void CellGrid::Impl::setText(std::int32_t atRow, std::int32_t atCol, std::string_view text) {
     using Effect = CellStore::Effect;
-    const Effect effect = store.effectOfText(atRow, atCol, text);
+    if (watcher) {
+        if (store.effectOfText(atRow, atCol, text) == Effect::Nothing) return;
+        watcher->contentWillChange(atCol);
+    }
+    const Effect effect = store.setText(atRow, atCol, text);
     if (effect == Effect::Nothing) return;
-    contentWillChange(atCol);
-    store.setText(atRow, atCol, text);
     if (!damage.all()) damageCell(atRow, atCol);
     if (effect == Effect::Changed) grid.CellChanged(atRow, atCol);
 }

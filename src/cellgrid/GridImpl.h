@@ -30,9 +30,11 @@ struct CellGrid::Impl {
     void setFormatString(std::string_view format);
 
     // --- Cells (GridCells.cpp).
-    void requireRow(const char* member, std::int32_t row) const { requireIndex(member, "row", row, rows()); }
+    void requireRow(const char* member, std::int32_t row) const {
+        cellgrid::requireIndex(member, "row", row, rows());
+    }
     void requireCol(const char* member, std::int32_t col) const {
-        requireIndex(member, "column", col, cols());
+        cellgrid::requireIndex(member, "column", col, cols());
     }
     void requireCell(const char* member, std::int32_t row, std::int32_t col) const {
         requireRow(member, row);
@@ -123,9 +125,6 @@ struct CellGrid::Impl {
     bool selectsRows = false;
 
   private:
-    static void requireIndex(const char* member, const char* what, std::int32_t value, std::int32_t count) {
-        cellgrid::requireIndex(member, what, value, count);
-    }
     void insertRows(std::int32_t position, std::int32_t n);
     void removeRows(std::int32_t position, std::int32_t n);
     void insertCols(std::int32_t n);

@@ -17,32 +17,36 @@ namespace kxVsGrid::cellgrid {
 /// The texts, or the tags, of one column.
 class SlotPages {
   public:
+    static constexpr std::size_t PageSlots = 256;
+    struct Page {
+        std::array<TextSlot, PageSlots> slots{};
+        std::uint32_t used = 0;
+    };
+
     TextSlot get(RowHandle handle) const {
-        const std::size_t page = handle / PageSlots;
-        if (page >= pages_.size() || !pages_[page]) return slot::Empty;
-        return pages_[page]->slots[handle % PageSlots];
+        const Page* const page = find(handle);
+        return page ? page->slots[handle % PageSlots] : slot::Empty;
+    }
+    /// The page that has the handle's slot, none while nothing is stored in it.
+    const Page* find(RowHandle handle) const {
+        const std::size_t number = handle / PageSlots;
+        return number < pages_.size() ? pages_[number].get() : nullptr;
     }
     void set(RowHandle handle, TextSlot value) {
-        const std::size_t number = handle / PageSlots;
-        if (number >= pages_.size() || !pages_[number]) {
+        if (!find(handle)) {
             if (value == slot::Empty) return;
-            addPage(number);
+            addPage(handle / PageSlots);
         }
-        Page& page = *pages_[number];
-        TextSlot& here = page.slots[handle % PageSlots];
-        if ((here == slot::Empty) != (value == slot::Empty)) {
-            if (value == slot::Empty) {
-                --used_;
-                if (--page.used == 0) {
-                    pages_[number].reset();
-                    return;
-                }
-            } else {
-                ++used_;
-                ++page.used;
-            }
-        }
+        std::unique_ptr<Page>& page = pages_[handle / PageSlots];
+        TextSlot& here = page->slots[handle % PageSlots];
+        const bool was = here != slot::Empty;
+        const bool is = value != slot::Empty;
         here = value;
+        if (was == is) return;
+        const std::uint32_t change = is ? 1 : ~0U;
+        page->used += change;
+        used_ += is ? 1 : ~std::size_t{0};
+        if (page->used == 0) page.reset();
     }
     /// How many slots hold something.
     std::size_t used() const { return used_; }
@@ -59,12 +63,6 @@ class SlotPages {
     }
 
   private:
-    static constexpr std::size_t PageSlots = 256;
-    struct Page {
-        std::array<TextSlot, PageSlots> slots{};
-        std::uint32_t used = 0;
-    };
-
     void addPage(std::size_t number) {
         if (number >= pages_.size()) pages_.resize(number + 1);
         pages_[number] = std::make_unique<Page>();
@@ -84,7 +82,9 @@ class NumberPages {
         const std::size_t page = handle / PageNumbers;
         if (page < pages_.size() && pages_[page]) (*pages_[page])[handle % PageNumbers] = unknown();
     }
-    Page& page(std::size_t number) {
+    /// The page of the handle's number.
+    Page& page(RowHandle handle) {
+        const std::size_t number = handle / PageNumbers;
         if (number >= pages_.size()) pages_.resize(number + 1);
         if (!pages_[number]) {
             pages_[number] = std::make_unique<Page>();

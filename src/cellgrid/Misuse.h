@@ -14,10 +14,14 @@ namespace kxVsGrid::cellgrid {
                     std::string(why));
 }
 
-/// Throws unless 0 <= value < count.
-inline void requireIndex(std::string_view member, std::string_view what, std::int32_t value,
-                         std::int32_t count) {
-    if (static_cast<std::uint32_t>(value) < static_cast<std::uint32_t>(count)) return;
+[[noreturn]] inline void misuseIndex(const char* member, const char* what, std::int32_t value,
+                                     std::int32_t count) {
     misuse(member, value, "is no " + std::string(what) + " (there are " + std::to_string(count) + ")");
+}
+
+/// Throws unless 0 <= value < count. Every look at a cell comes through here.
+inline void requireIndex(const char* member, const char* what, std::int32_t value, std::int32_t count) {
+    if (static_cast<std::uint32_t>(value) >= static_cast<std::uint32_t>(count)) [[unlikely]]
+        misuseIndex(member, what, value, count);
 }
 }  // namespace kxVsGrid::cellgrid

@@ -42,13 +42,18 @@ RowOrder::Segment RowOrder::Segment::cutTail(std::int32_t from) {
 }
 
 void RowOrder::look(std::int32_t row) const {
-    const Place place = segments_.find(row);
+    hit(hitEnd_ > 0 && row == hitEnd_ ? segments_.next(hit_) : segments_.find(row));
+}
+
+void RowOrder::hit(const Place& place) const {
     const Segment& segment = segments_[place];
+    hit_ = place;
     hitFirst_ = static_cast<std::int32_t>(place.first);
     hitEnd_ = hitFirst_ + segment.count;
     hitHandles_ = segment.handles.get();
 }
 
+/// Comes right after a look at the row, which therefore is in the segment that was hit.
 RowHandle RowOrder::give(std::int32_t row) {
     RowHandle fresh = next_;
     if (freed_.empty()) {
@@ -58,13 +63,13 @@ RowHandle RowOrder::give(std::int32_t row) {
         freed_.pop_back();
     }
     ++written_;
-    const Place place = segments_.find(row);
+    const Place place = hit_;
     if (segments_[place].handles) {
         segments_.change(place, [&](Segment& s) { s.handles[row - place.first] = fresh; });
-        return fresh;
+    } else {
+        forgetHit();
+        if (!moveIntoNeighbour(place, row, fresh)) openBlock(place, row, fresh);
     }
-    if (!moveIntoNeighbour(place, row, fresh)) openBlock(place, row, fresh);
-    forgetHit();
     return fresh;
 }
 
@@ -79,6 +84,7 @@ bool RowOrder::moveIntoNeighbour(const Place& empty, std::int32_t row, RowHandle
                 s.handles[s.count - 1] = fresh;
             });
             shrinkEmpty(empty);
+            hit(before);
             return true;
         }
     }

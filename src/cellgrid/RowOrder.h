@@ -46,20 +46,27 @@ class RowOrder {
         drop(row, n);
     }
 
-    /// visit(row, handle) for the rows of [first, stop) that have one, in order.
+    /// visit(row, handles, n) for stretches of rows of [first, stop), in order; some of the handles may be
+    /// NoHandle. Rows in stretches that were never written are left out.
     template <class Visit>
-    void forEach(std::int32_t first, std::int32_t stop, Visit visit) const {
+    void forEachStretch(std::int32_t first, std::int32_t stop, Visit visit) const {
         for (auto place = segments_.find(first); !segments_.atEnd(place) && place.first < stop;
              place = segments_.next(place)) {
             const Segment& segment = segments_[place];
             if (!segment.handles) continue;
             const auto base = static_cast<std::int32_t>(place.first);
-            const std::int32_t to = std::min(stop, base + segment.count);
-            for (std::int32_t row = std::max(first, base); row < to; ++row) {
-                const RowHandle handle = segment.handles[row - base];
-                if (handle != NoHandle) visit(row, handle);
-            }
+            const std::int32_t from = std::max(first, base);
+            visit(from, segment.handles.get() + (from - base), std::min(stop, base + segment.count) - from);
         }
+    }
+    /// visit(row, handle) for the rows of [first, stop) that have one, in order.
+    template <class Visit>
+    void forEach(std::int32_t first, std::int32_t stop, Visit visit) const {
+        forEachStretch(first, stop, [&](std::int32_t row, const RowHandle* handles, std::int32_t n) {
+            for (std::int32_t i = 0; i < n; ++i) {
+                if (handles[i] != NoHandle) visit(row + i, handles[i]);
+            }
+        });
     }
 
   private:
@@ -79,6 +86,7 @@ class RowOrder {
     using Place = Segments::Place;
 
     void look(std::int32_t row) const;
+    void hit(const Place& place) const;
     void forgetHit() const { hitFirst_ = hitEnd_ = 0; }
     RowHandle give(std::int32_t row);
     void release(RowHandle handle);
@@ -94,7 +102,9 @@ class RowOrder {
     std::vector<RowHandle> freed_;
     RowHandle next_ = 0;
     std::int32_t written_ = 0;
-    // The segment that was last looked into: sequential access finds its row at once.
+    // The segment that was last looked into, none while hitEnd_ is 0: sequential access finds its row at
+    // once.
+    mutable Place hit_;
     mutable std::int32_t hitFirst_ = 0;
     mutable std::int32_t hitEnd_ = 0;
     mutable const RowHandle* hitHandles_ = nullptr;

@@ -14,7 +14,7 @@
 
 namespace kxVsGrid::cellgrid {
 
-template <class Run, std::size_t Capacity = 128>
+template <class Run, std::size_t Capacity = 64>
 class RunBlocks {
   public:
     /// A run, together with the number of elements and the extent before it. Any change of the sequence makes

@@ -23,6 +23,8 @@ class TextArena {
         const TextSlot s = slot::ofShort(text);
         return s != slot::Empty || text.empty() ? s : storeLong(text);
     }
+    /// The same for a text that does not fit into a slot.
+    TextSlot storeLong(std::string_view text);
     /// Gives back what the slot holds of the arena.
     void release(TextSlot s) {
         if (slot::hasBlock(s)) releaseLong(s);
@@ -48,7 +50,6 @@ class TextArena {
         std::size_t length = 0;
     };
 
-    TextSlot storeLong(std::string_view text);
     TextSlot storeBig(std::string_view text);
     void releaseLong(TextSlot s);
     std::string_view longText(TextSlot s) const;
