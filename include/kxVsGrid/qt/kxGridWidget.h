@@ -14,7 +14,9 @@
 #include <QWidget>
 #include <memory>
 
+#ifndef Q_MOC_RUN  // whose scanner knows no names beyond ASCII
 #include "kxVsGrid/kxGrid.h"
+#endif
 
 namespace kxVsGrid::qt {
 
@@ -40,6 +42,11 @@ class kxGridWidget : public QWidget {
   protected:
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:

@@ -1,0 +1,20 @@
+// Words of the widget's own that nothing else settles.
+#pragma once
+
+#include <QString>
+
+namespace kxVsGrid::qt::captions {
+
+inline const QString Ok = QStringLiteral("确定");
+inline const QString Cancel = QStringLiteral("取消");
+inline const QString Undo = QStringLiteral("撤销(&U)");
+inline const QString Redo = QStringLiteral("重做(&R)");
+inline const QString Cut = QStringLiteral("剪切(&T)");
+inline const QString Copy = QStringLiteral("复制(&C)");
+inline const QString Paste = QStringLiteral("粘贴(&P)");
+inline const QString Delete = QStringLiteral("删除(&D)");
+inline const QString SelectAll = QStringLiteral("全选(&A)");
+inline const QString Grid = QStringLiteral("表格");
+inline const QString Editor = QStringLiteral("单元格");
+inline const QString Help = QStringLiteral("帮助");
+}  // namespace kxVsGrid::qt::captions

@@ -1,0 +1,270 @@
+#include "qt/GridView.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethod>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include "qt/BoxParts.h"
+#include "qt/Captions.h"
+#include "qt/Encoding.h"
+#include "qt/KeyMap.h"
+#include "qt/Stage.h"
+
+namespace kxVsGrid::qt {
+
+GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setMouseTracking(true);
+    setContextMenuPolicy(Qt::PreventContextMenu);  // the press itself goes to the control
+    setAccessibleName(captions::Grid);
+    colors_ = SystemColors(palette());
+}
+
+void GridView::lookChanged() {
+    colors_ = SystemColors(palette());
+    update();
+}
+
+// --- Painting -------------------------------------------------------------------------------------------
+
+void GridView::repaintDamage(const CellGrid::Damage& damage, const Rect& origin) {
+    const Scale scale = stage_.scale();
+    if (damage.all) {
+        update();
+        return;
+    }
+    QRegion region;
+    for (Rect rect : damage.rects) {
+        rect.left += origin.left;
+        rect.top += origin.top;
+        region += scale.pixels(rect).adjusted(-1, -1, 1, 1);
+    }
+    if (!region.isEmpty()) update(region);
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+    constexpr int ManyParts = 8;
+    QPainter painter(this);
+    frames_.look(font(), colors_, stage_.scale(), this);
+    const QRegion& region = event->region();
+    if (region.rectCount() > ManyParts) {
+        paintPart(painter, region.boundingRect());
+        return;
+    }
+    const bool one = region.rectCount() == 1;
+    for (const QRect& part : region) {
+        if (!one) painter.setClipRect(part);
+        paintPart(painter, part);
+    }
+}
+
+void GridView::paintPart(QPainter& painter, const QRect& part) {
+    const kxGrid& grid = stage_.grid();
+    const QRect corner = stage_.bars().corner();
+    paintGrid(painter, part, grid.Grid(), grid.gridRect(), mainFrame_);
+    if (corner.intersects(part)) painter.fillRect(corner & part, palette().color(QPalette::Window));
+    if (grid.totalRowShown()) paintGrid(painter, part, grid.Grid_Sum(), grid.totalRowRect(), totalFrame_);
+}
+
+void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
+                         Frame& frame) {
+    const Scale scale = stage_.scale();
+    if (!scale.pixels(origin).intersects(part)) return;
+    FrameState state;
+    state.focused = stage_.focusShown();
+    state.editorOpen = stage_.box().visible();
+    state.clip = scale.twips(part);
+    state.clip.left -= origin.left;
+    state.clip.top -= origin.top;
+    makeFrame(frame, grid, state);
+    frames_.paint(painter, frame, origin);
+}
+
+// --- Keys -----------------------------------------------------------------------------------------------
+
+bool GridView::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::FocusAboutToChange:
+            stage_.box().endComposition();
+            break;
+        case QEvent::ShortcutOverride: {
+            auto& key = static_cast<QKeyEvent&>(*event);
+            const bool ours = claims(key) && key.key() != Qt::Key_Escape && key.key() != Qt::Key_F2;
+            if (!ours && !key.matches(QKeySequence::Copy) && !key.matches(QKeySequence::Paste)) break;
+            event->accept();
+            return true;
+        }
+        case QEvent::KeyPress: {
+            auto& key = static_cast<QKeyEvent&>(*event);
+            if (!isTab(key)) break;
+            key.accept();
+            bool used = stage_.box().composing();
+            const bool forward = isForward(key);
+            if (!used && !stage_.guarded([&](Input& input) { used = input.key(strokeOf(key)); })) return true;
+            if (!used) stage_.leaveControl(forward);
+            return true;
+        }
+        default:
+            break;
+    }
+    return QWidget::event(event);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    event->accept();
+    if (stage_.box().composing() || copyOrPaste(*event)) return;
+    KeyStroke stroke = strokeOf(*event);
+    QString further;
+    if (characters(event->text()) > 1 && !stroke.character.empty()) {
+        const QString text = toQt(stroke.character);
+        const qsizetype first = positionOf(text, 1, LineEnds::Single);
+        further = text.mid(first);
+        stroke.character = fromQt(text.left(first));
+    }
+    bool used = false;
+    if (!stage_.guarded([&](Input& input) { used = input.key(stroke); })) return;
+    if (!further.isEmpty() && stage_.box().visible()) stage_.box().insert(further);
+    event->setAccepted(used);
+}
+
+/// On a closed cell they are used up, whatever comes of them: they are no characters to be typed.
+bool GridView::copyOrPaste(const QKeyEvent& event) {
+    if (event.modifiers() != Qt::ControlModifier || stage_.box().visible()) return false;
+    const CellGrid& grid = stage_.grid().Grid();
+    if (event.key() == Qt::Key_C) {
+        if (grid.Row() >= 0 && grid.Col() >= 0)
+            QApplication::clipboard()->setText(toQt(grid.DisplayText(grid.Row(), grid.Col())));
+        return true;
+    }
+    if (event.key() != Qt::Key_V) return false;
+    stage_.paste();
+    return true;
+}
+
+void GridView::keyReleaseEvent(QKeyEvent* event) {
+    stage_.keyUp(*event);
+}
+
+void GridView::inputMethodEvent(QInputMethodEvent* event) {
+    stage_.composeOnGrid(*event);
+}
+
+QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    switch (query) {
+        case Qt::ImEnabled:
+            return stage_.takesTyping();
+        case Qt::ImHints:
+            return static_cast<int>(stage_.readsDigits() ? Qt::ImhPreferNumbers : Qt::ImhNone);
+        case Qt::ImFont:
+            return font();
+        default:
+            return boxQuery(query);
+    }
+}
+
+/// Of the editor, which composes for the grid; where it is closed, of the place where it would open.
+QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
+    const EditorBox& box = stage_.box();
+    const bool place = query == Qt::ImCursorRectangle || query == Qt::ImAnchorRectangle;
+    if (box.visible()) {
+        const QVariant answer = box.query(query);
+        if (!place) return answer;
+        const QPoint shift = box.widget().mapTo(parentWidget(), QPoint()) - mapTo(parentWidget(), QPoint());
+        return answer.toRectF().translated(shift);
+    }
+    if (!place) return QWidget::inputMethodQuery(query);
+    const CellGrid& grid = stage_.grid().Grid();
+    if (grid.Row() < 0 || grid.Col() < 0) return QRectF();
+    Rect cell = grid.CellRect(grid.Row(), grid.Col());
+    cell.left += stage_.grid().gridRect().left;
+    cell.top += stage_.grid().gridRect().top;
+    const QRect pixels = stage_.scale().pixels(cell);
+    return QRectF(pixels.left(), pixels.top(), 1, pixels.height());
+}
+
+// --- Mouse ----------------------------------------------------------------------------------------------
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event->position();
+    stage_.box().endComposition();
+    stage_.guarded([&](Input& input) {
+        input.mouseDown(buttonsOf(event->button()), shiftOf(event->modifiers()), scale.twips(at.x()),
+                        scale.twips(at.y()));
+    });
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event->position();
+    stage_.guarded([&](Input& input) {
+        input.mouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), scale.twips(at.x()),
+                      scale.twips(at.y()));
+    });
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event->position();
+    stage_.guarded([&](Input& input) {
+        input.doubleClick(buttonsOf(event->button()), shiftOf(event->modifiers()), scale.twips(at.x()),
+                          scale.twips(at.y()));
+    });
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event->position();
+    if (event->buttons() == Qt::NoButton) showCursorFor(*event);
+    stage_.guarded([&](Input& input) {
+        input.mouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), scale.twips(at.x()),
+                        scale.twips(at.y()));
+    });
+}
+
+void GridView::showCursorFor(const QMouseEvent& event) {
+    const Scale scale = stage_.scale();
+    const kxGrid& grid = stage_.grid();
+    const std::int32_t x = scale.twips(event.position().x());
+    const std::int32_t y = scale.twips(event.position().y());
+    const Rect origin = grid.gridRect();
+    const bool overTotals = grid.totalRowShown() && grid.totalRowRect().contains(x, y);
+    const bool edge =
+        !overTotals && grid.Grid().HitTest(x - origin.left, y - origin.top).part == GridHit::Part::ColumnEdge;
+    if (edge == splitCursor_) return;
+    splitCursor_ = edge;
+    if (edge)
+        setCursor(Qt::SplitHCursor);
+    else
+        unsetCursor();
+}
+
+// --- Focus ----------------------------------------------------------------------------------------------
+
+void GridView::focusInEvent(QFocusEvent*) {
+    stage_.focusEntered(FocusPlace::Grid);
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+    stage_.focusLeft(*event);
+}
+
+bool GridView::focusNextPrevChild(bool next) {
+    stage_.leaveControl(next);
+    return true;
+}
+
+bool GridView::leave(bool forward) {
+    // The view itself must not be the next stop on the way out.
+    setFocusPolicy(Qt::NoFocus);
+    const bool left = QWidget::focusNextPrevChild(forward);
+    setFocusPolicy(Qt::TabFocus);
+    return left;
+}
+}  // namespace kxVsGrid::qt

@@ -1,0 +1,59 @@
+// The grids as they are seen and touched: paints the frames of the main grid and the total row, and hands
+// keys, mouse and input methods on. It takes no focus by a press: the control is asked first and takes it
+// itself.
+#pragma once
+
+#include <QWidget>
+
+#include "kxVsGrid/Frame.h"
+#include "qt/FramePainter.h"
+
+namespace kxVsGrid::qt {
+
+class Stage;
+
+class GridView : public QWidget {
+  public:
+    GridView(Stage& stage, QWidget* parent);
+
+    Stage& stage() const { return stage_; }
+    /// Asks for a paint of what has been damaged of one of the grids, whose view starts at `origin`.
+    void repaintDamage(const CellGrid::Damage& damage, const Rect& origin);
+    /// The colours or the font have changed.
+    void lookChanged();
+    /// Moves the keyboard to the control after (or before) the grid in the window.
+    bool leave(bool forward);
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+  private:
+    void paintPart(QPainter& painter, const QRect& part);
+    void paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
+                   Frame& frame);
+    void showCursorFor(const QMouseEvent& event);
+    bool copyOrPaste(const QKeyEvent& event);
+    void typeFurther(const QString& text);
+    QVariant boxQuery(Qt::InputMethodQuery query) const;
+
+    Stage& stage_;
+    FramePainter frames_;
+    SystemColors colors_;
+    Frame mainFrame_;
+    Frame totalFrame_;
+    bool splitCursor_ = false;
+};
+}  // namespace kxVsGrid::qt

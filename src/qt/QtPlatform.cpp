@@ -1,0 +1,81 @@
+#include "qt/QtPlatform.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDateTime>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "qt/Captions.h"
+#include "qt/Encoding.h"
+#include "qt/QtSeat.h"
+
+namespace kxVsGrid::qt {
+namespace {
+
+/// A box on the heap: its parent, the host's window, may be destroyed while it is open.
+template <class Box>
+class Opened {
+  public:
+    explicit Opened(QWidget* widget) : box_(new Box(widget != nullptr ? widget->window() : nullptr)) {}
+    ~Opened() { delete box_; }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+    Box* operator->() const { return box_; }
+    explicit operator bool() const { return !box_.isNull(); }
+
+  private:
+    QPointer<Box> box_;
+};
+}  // namespace
+
+void QtPlatform::widget(QWidget& widget) {
+    widget_ = &widget;
+    metrics_.use(widget);
+}
+
+std::unique_ptr<Seat> QtPlatform::seat(kxGrid&) {
+    return std::make_unique<QtSeat>(machine_);
+}
+
+DateTime QtPlatform::now() const {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDate date = now.date();
+    const QTime time = now.time();
+    return {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()};
+}
+
+void QtPlatform::showMessage(const MessageBox& box) {
+    constexpr std::int32_t Critical = 16;
+    Opened<QMessageBox> shown(widget_);
+    shown->setIcon(box.style == Critical ? QMessageBox::Critical : QMessageBox::Information);
+    shown->setWindowTitle(toQt(box.title));
+    shown->setTextFormat(Qt::PlainText);
+    shown->setText(toQt(box.text));
+    QPushButton* ok = shown->addButton(captions::Ok, QMessageBox::AcceptRole);
+    shown->setDefaultButton(ok);
+    shown->setEscapeButton(ok);
+    shown->exec();
+}
+
+std::optional<std::string> QtPlatform::askText(const InputBox& box) {
+    Opened<QInputDialog> shown(widget_);
+    shown->setInputMode(QInputDialog::TextInput);
+    shown->setWindowTitle(toQt(box.title));
+    shown->setLabelText(toQt(box.prompt));
+    shown->setTextValue(toQt(box.preset));
+    shown->setOkButtonText(captions::Ok);
+    shown->setCancelButtonText(captions::Cancel);
+    if (shown->exec() != QDialog::Accepted || !shown) return std::nullopt;
+    return fromQt(shown->textValue());
+}
+
+void QtPlatform::clipboardText(std::string_view text) {
+    QApplication::clipboard()->setText(toQt(text));
+}
+
+/// A typed character reaches the text box by a call, not through the queue: nothing has to be waited for, and
+/// keys typed ahead come in their order after this one.
+void QtPlatform::processPendingInput() {}
+}  // namespace kxVsGrid::qt

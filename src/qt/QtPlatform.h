@@ -1,0 +1,35 @@
+// The machine: boxes, clipboard, clock and text widths of Qt.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "kxVsGrid/Platform.h"
+#include "qt/QtMetrics.h"
+
+namespace kxVsGrid::qt {
+
+struct Machine;
+
+class QtPlatform : public Platform {
+  public:
+    explicit QtPlatform(Machine& machine) : machine_(machine) {}
+
+    /// The widget that boxes stand before, and whose font texts are measured in.
+    void widget(QWidget& widget);
+    const QtMetrics& metrics() const { return metrics_; }
+
+    std::unique_ptr<Seat> seat(kxGrid& control) override;
+    const TextMetrics& textMetrics() const override { return metrics_; }
+    DateTime now() const override;
+    void showMessage(const MessageBox& box) override;
+    std::optional<std::string> askText(const InputBox& box) override;
+    void clipboardText(std::string_view text) override;
+    void processPendingInput() override;
+
+  private:
+    Machine& machine_;
+    QPointer<QWidget> widget_;
+    QtMetrics metrics_;
+};
+}  // namespace kxVsGrid::qt

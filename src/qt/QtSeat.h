@@ -1,0 +1,26 @@
+// The control's place in its widget. Does nothing once the widget is gone.
+#pragma once
+
+#include "kxVsGrid/Platform.h"
+#include "qt/Machine.h"
+
+namespace kxVsGrid::qt {
+
+class QtSeat : public Seat {
+  public:
+    explicit QtSeat(Machine& machine) : machine_(machine) {}
+
+    void giveFocus(FocusPlace place) override;
+    void leaveControl(bool forward) override;
+    void showEditor(const EditorView& editor) override;
+    void typeIntoEditor(std::string_view character) override;
+    void layoutChanged() override;
+    void settingChanged(std::string_view name) override;
+
+  private:
+    /// Nothing while the control is made, and once its widget is gone.
+    Stage* shown() const;
+
+    Machine& machine_;
+};
+}  // namespace kxVsGrid::qt

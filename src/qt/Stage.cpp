@@ -1,0 +1,310 @@
+#include "qt/Stage.h"
+
+#include <QApplication>
+#include <QDebug>
+#include <QFocusEvent>
+#include <QInputMethod>
+#include <QMenuBar>
+#include <QWheelEvent>
+
+#include "kxVsGrid/qt/kxGridWidget.h"
+#include "qt/Encoding.h"
+#include "qt/KeyMap.h"
+
+namespace kxVsGrid::qt {
+namespace {
+
+constexpr int EighthsPerNotch = 120;
+}  // namespace
+
+Stage::Stage(kxGridWidget& widget)
+    : widget_(widget),
+      machine_(std::make_shared<Machine>(*this)),
+      view_(new GridView(*this, &widget)),
+      button_(new HelpButton(*this, &widget)),
+      box_(std::make_unique<EditorBox>(*this, widget)),
+      bars_(std::make_unique<ScrollBars>(widget, [this](std::int32_t top, std::int32_t left) {
+          if (guarded([&](Input& input) { input.scrolled(top, left); }))
+              bars_->follow(grid().Grid(), scale());
+      })) {
+    machine_->platform.widget(widget);
+    machine_->grid = std::make_unique<kxGrid>(machine_->platform);
+    grid().InitProperties();
+    repaint_.setSingleShot(true);
+    QObject::connect(&repaint_, &QTimer::timeout, view_, [this] { repaintDamage(); });
+    fitRows();
+    watchDamage();
+    watchFocus();
+}
+
+Stage::~Stage() {
+    close();
+}
+
+void Stage::close() {
+    if (machine_->stage == nullptr) return;
+    machine_->stage = nullptr;
+    repaint_.stop();
+    grid().Grid().onDamage({});
+    grid().Grid_Sum().onDamage({});
+}
+
+Scale Stage::scale() const {
+    return Scale(widget_);
+}
+
+// --- The way in -----------------------------------------------------------------------------------------
+
+QString Stage::failureOf(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const std::exception& error) {
+        const QString text = QString::fromUtf8(error.what());
+        return text.isEmpty() ? QStringLiteral("an exception without a text") : text;
+    } catch (...) {
+        return QStringLiteral("an exception of an unknown type");
+    }
+    return {};
+}
+
+/// A listener of the signal may throw as well.
+void Stage::report(const QString& failure) {
+    qWarning().noquote() << "kxGridWidget: a handler failed:" << failure;
+    const QString again = failureOf([&] { Q_EMIT widget_.handlerFailed(failure); });
+    if (!again.isNull()) qWarning().noquote() << "kxGridWidget: handlerFailed failed:" << again;
+}
+
+/// After every call: the input method works at another place, or in a cell that is not typed into.
+void Stage::settle() {
+    const CellGrid& cells = grid().Grid();
+    const TypingPlace now{takesTyping() || composingOnGrid_, cells.Row(), cells.Col(), cells.CellLeft(),
+                          cells.CellTop()};
+    if (now == typingPlace_) return;
+    typingPlace_ = now;
+    view_->setAttribute(Qt::WA_InputMethodEnabled, now.typing);
+    if (view_->hasFocus() && now.typing)
+        QGuiApplication::inputMethod()->update(Qt::ImQueryInput | Qt::ImHints);
+}
+
+const cVsControl* Stage::currentColumn() const {
+    const CellGrid& cells = grid().Grid();
+    if (cells.Col() < 0 || cells.Col() > CellGrid::MaxCols) return nullptr;
+    return grid().VsCtrl(static_cast<std::int16_t>(cells.Col())).get();
+}
+
+bool Stage::takesTyping() const {
+    constexpr std::int32_t NarrowestEditable = 16;
+    const CellGrid& cells = grid().Grid();
+    const std::int32_t col = cells.Col();
+    if (!grid().Editable() || cells.Row() < cells.FixedRows() || col < cells.FixedCols() || col < 0)
+        return false;
+    if (cells.ColWidth(col) < NarrowestEditable || cells.ColHidden(col)) return false;
+    const cVsControl* column = currentColumn();
+    return column != nullptr && column->bIsEditable() && column->iType() != flexDTBoolean;
+}
+
+bool Stage::readsDigits() const {
+    const cVsControl* column = currentColumn();
+    return column != nullptr && (column->iType() == flexDTDouble || column->iType() == flexDTDate);
+}
+
+// --- What the control asks for --------------------------------------------------------------------------
+
+void Stage::giveFocus(FocusPlace place) {
+    switch (place) {
+        case FocusPlace::Grid:
+            editorWaitsForFocus_ = false;
+            view_->setFocus(Qt::OtherFocusReason);
+            break;
+        case FocusPlace::Editor:
+            // moving the keyboard would end what is being composed
+            editorWaitsForFocus_ = composingOnGrid_;
+            if (!composingOnGrid_ && box_->visible()) box_->widget().setFocus(Qt::OtherFocusReason);
+            break;
+        case FocusPlace::HelpButton:
+            button_->setFocus(Qt::OtherFocusReason);
+            break;
+        case FocusPlace::Surface:
+        case FocusPlace::Elsewhere:
+            break;  // the grid covers the surface
+    }
+}
+
+void Stage::leaveControl(bool forward) {
+    view_->leave(forward);
+}
+
+void Stage::showEditor(const EditorView& view) {
+    box_->show(view);
+    const bool help = view.visible && view.helpButton;
+    if (help) button_->setGeometry(scale().pixels(view.helpRect));
+    if (help && button_->isHidden()) button_->raise();
+    button_->setVisible(help);
+}
+
+void Stage::typeIntoEditor(std::string_view character) {
+    if (box_->visible()) box_->insert(toQt(character));
+}
+
+void Stage::layoutChanged() {
+    bars_->follow(grid().Grid(), scale());
+    const Rect totals = grid().totalRowShown() ? grid().totalRowRect() : Rect{};
+    if (totals == totalsShown_) return;
+    totalsShown_ = totals;
+    view_->update();
+}
+
+void Stage::settingChanged(std::string_view name) {
+    Q_EMIT widget_.settingChanged(toQt(name));
+}
+
+// --- Focus ----------------------------------------------------------------------------------------------
+
+bool Stage::owns(const QWidget* widget) const {
+    return widget != nullptr && (widget == &widget_ || widget_.isAncestorOf(widget));
+}
+
+void Stage::showFocus(bool focused) {
+    if (focused == focusShown_) return;
+    focusShown_ = focused;
+    view_->update();
+}
+
+void Stage::focusEntered(FocusPlace place) {
+    away_ = false;
+    showFocus(true);
+    guarded([&](Input& input) { input.focusMoved(place); });
+}
+
+void Stage::focusLeft(const QFocusEvent& event) {
+    const bool ours = owns(QApplication::focusWidget());
+    if (!ours) showFocus(false);
+    switch (event.reason()) {
+        case Qt::ActiveWindowFocusReason:
+        case Qt::PopupFocusReason:
+        case Qt::MenuBarFocusReason:
+            away_ = true;
+            return;
+        default:
+            break;
+    }
+    if (ours) return;  // it reports itself
+    guarded([](Input& input) { input.focusMoved(FocusPlace::Elsewhere); });
+}
+
+/// While another window is in front, code may give the keyboard to another control of ours; no focus-out
+/// tells.
+void Stage::watchFocus() {
+    QObject::connect(qApp, &QApplication::focusChanged, view_, [this](QWidget*, QWidget* now) {
+        if (!away_ || now == nullptr || owns(now) || now->window() != widget_.window()) return;
+        if (qobject_cast<QMenuBar*>(now) != nullptr) return;
+        away_ = false;
+        guarded([](Input& input) { input.focusMoved(FocusPlace::Elsewhere); });
+    });
+}
+
+void Stage::keepFocusFrom(const QWidget& box) {
+    const QWidget* window = widget_.window();
+    const QWidget* holder = window->isActiveWindow() ? QApplication::focusWidget() : window->focusWidget();
+    if (holder == &box) view_->setFocus(Qt::OtherFocusReason);
+}
+
+// --- Keys and wheel -------------------------------------------------------------------------------------
+
+void Stage::keyUp(const QKeyEvent& event) {
+    if (event.isAutoRepeat() || box_->composing()) return;
+    const KeyStroke stroke = strokeOf(event);
+    guarded([&](Input& input) { input.keyUp(stroke.code, stroke.shift); });
+}
+
+void Stage::wheel(const QWheelEvent& event) {
+    wheelDown_ -= event.angleDelta().y();
+    wheelRight_ -= event.angleDelta().x();
+    const int down = wheelDown_ / EighthsPerNotch;
+    const int right = wheelRight_ / EighthsPerNotch;
+    wheelDown_ -= down * EighthsPerNotch;
+    wheelRight_ -= right * EighthsPerNotch;
+    if (down != 0 && !guarded([&](Input& input) { input.wheel(down); })) return;
+    const CellGrid& cells = grid().Grid();
+    if (right != 0) guarded([&](Input& input) { input.scrolled(cells.TopRow(), cells.LeftCol() + right); });
+}
+
+void Stage::paste() {
+    bool opened = false;
+    if (!guarded([&](Input& input) { opened = input.openForTyping(); }) || !opened) return;
+    box_->paste();
+    giveFocus(FocusPlace::Editor);
+}
+
+// --- Input method ---------------------------------------------------------------------------------------
+
+void Stage::composing(bool underway) {
+    guarded([&](Input& input) { input.composing(underway); });
+}
+
+void Stage::composeOnGrid(QInputMethodEvent& event) {
+    event.accept();
+    const bool something = !event.preeditString().isEmpty() || !event.commitString().isEmpty();
+    if (!something && !box_->composing()) return;
+    const std::shared_ptr<Machine> machine = machine_;
+    composingOnGrid_ = true;
+    if (!box_->composing()) {
+        bool opened = false;
+        if (!guarded([&](Input& input) { opened = input.openForTyping(); })) return;
+        if (!opened || !box_->visible()) {
+            composingOnGrid_ = false;
+            QGuiApplication::inputMethod()->reset();
+            return;
+        }
+        editorWaitsForFocus_ = true;
+    }
+    box_->compose(event);
+    if (machine->stage == nullptr) return;
+    composingOnGrid_ = box_->composing();
+    if (!composingOnGrid_ && editorWaitsForFocus_) giveFocus(FocusPlace::Editor);
+}
+
+// --- Look -----------------------------------------------------------------------------------------------
+
+/// A row that cannot hold its text is made higher, never the text smaller.
+void Stage::fitRows() {
+    const std::int32_t needed = machine_->platform.metrics().rowHeight();
+    const std::int32_t least = needed > CellGrid::DefaultRowHeight ? needed : 0;
+    if (least == fittedHeight_) return;
+    fittedHeight_ = least;
+    grid().Grid().RowHeightMin(least);
+    grid().Grid_Sum().RowHeightMin(least);
+}
+
+void Stage::lookChanged() {
+    machine_->platform.widget(widget_);
+    fitRows();
+    view_->lookChanged();
+    resized();
+}
+
+void Stage::resized() {
+    view_->setGeometry(widget_.rect());
+    const Scale now = scale();
+    guarded([&](Input& input) { input.resized(now.twips(widget_.width()), now.twips(widget_.height())); });
+}
+
+void Stage::watchDamage() {
+    for (CellGrid* cells : {&grid().Grid(), &grid().Grid_Sum()}) {
+        cells->takeDamage();
+        cells->onDamage([this] { damaged(); });
+    }
+}
+
+/// However much is damaged in one turn of the event loop, it is painted once.
+void Stage::damaged() {
+    if (!repaint_.isActive()) repaint_.start(0);
+}
+
+void Stage::repaintDamage() {
+    bars_->follow(grid().Grid(), scale());
+    view_->repaintDamage(grid().Grid().takeDamage(), grid().gridRect());
+    view_->repaintDamage(grid().Grid_Sum().takeDamage(), grid().totalRowRect());
+    settle();
+}
+}  // namespace kxVsGrid::qt

@@ -1,0 +1,120 @@
+// What the pieces of one widget share: the control, the way into it, and the acts that the control asks for.
+#pragma once
+
+#include <QInputMethodEvent>
+#include <QString>
+#include <QTimer>
+#include <memory>
+
+#include "qt/EditorBox.h"
+#include "qt/GridView.h"
+#include "qt/HelpButton.h"
+#include "qt/Machine.h"
+#include "qt/Scale.h"
+#include "qt/ScrollBars.h"
+
+namespace kxVsGrid::qt {
+
+class kxGridWidget;
+
+class Stage {
+  public:
+    explicit Stage(kxGridWidget& widget);
+    ~Stage();
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+    /// The widget is going: nothing is told any more.
+    void close();
+
+    kxGrid& grid() const { return *machine_->grid; }
+    kxGridWidget& widget() const { return widget_; }
+    EditorBox& box() const { return *box_; }
+    GridView& view() const { return *view_; }
+    const ScrollBars& bars() const { return *bars_; }
+    Scale scale() const;
+
+    /// Every way from an event of Qt's into the control. What a host handler throws is reported and goes no
+    /// further. False when the widget was destroyed meanwhile: the caller must not touch it any more.
+    template <class Work>
+    bool guarded(Work work) {
+        const std::shared_ptr<Machine> machine = machine_;
+        if (machine->stage == nullptr) return false;
+        if (!machine->grid) return true;
+        const QString failure = failureOf([&] { work(machine->grid->input()); });
+        if (machine->stage == nullptr) return false;
+        if (!failure.isNull()) report(failure);
+        if (machine->stage == nullptr) return false;
+        settle();
+        return true;
+    }
+
+    // --- What the control asks for.
+    void giveFocus(FocusPlace place);
+    void leaveControl(bool forward);
+    void showEditor(const EditorView& view);
+    void typeIntoEditor(std::string_view character);
+    void layoutChanged();
+    void settingChanged(std::string_view name);
+
+    // --- What the pieces tell.
+    void focusEntered(FocusPlace place);
+    void focusLeft(const QFocusEvent& event);
+    /// The box is about to be hidden: the grid takes the keyboard over from it.
+    void keepFocusFrom(const QWidget& box);
+    void keyUp(const QKeyEvent& event);
+    void wheel(const QWheelEvent& event);
+    void composing(bool underway);
+    /// An input method at work while the grid has the keyboard.
+    void composeOnGrid(QInputMethodEvent& event);
+    /// Opens the editor and pastes into it.
+    void paste();
+    void lookChanged();
+    /// The grid or its editor is painted as having the keyboard.
+    bool focusShown() const { return focusShown_; }
+    void resized();
+
+    /// What the current cell is typed into with.
+    bool takesTyping() const;
+    bool readsDigits() const;
+
+  private:
+    /// What an input method has to know of the closed grid.
+    struct TypingPlace {
+        bool typing = true;
+        std::int32_t row = -1;
+        std::int32_t col = -1;
+        std::int32_t left = 0;
+        std::int32_t top = 0;
+        friend bool operator==(const TypingPlace&, const TypingPlace&) = default;
+    };
+
+    static QString failureOf(const std::function<void()>& work);
+    void report(const QString& failure);
+    void settle();
+    void watchFocus();
+    void showFocus(bool focused);
+    void fitRows();
+    void watchDamage();
+    void damaged();
+    void repaintDamage();
+    bool owns(const QWidget* widget) const;
+    const cVsControl* currentColumn() const;
+
+    kxGridWidget& widget_;
+    std::shared_ptr<Machine> machine_;
+    GridView* view_;
+    HelpButton* button_;
+    std::unique_ptr<EditorBox> box_;
+    std::unique_ptr<ScrollBars> bars_;
+    QTimer repaint_;
+    TypingPlace typingPlace_;
+    Rect totalsShown_;
+    std::int32_t fittedHeight_ = 0;
+    int wheelDown_ = 0;  // eighths of a degree that are no whole notch yet
+    int wheelRight_ = 0;
+    bool focusShown_ = false;
+    bool away_ = false;  // the keyboard is with another window, a menu or a popup
+    bool composingOnGrid_ = false;
+    bool editorWaitsForFocus_ = false;
+};
+}  // namespace kxVsGrid::qt
