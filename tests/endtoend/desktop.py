@@ -1,0 +1,229 @@
+"""A desktop of its own for one test: a virtual X server, a window manager, and an input method where it is wanted.
+
+    with Desktop(keep="pictures") as desktop:
+        desktop.start_input_method("libpinyin")
+        window = desktop.open(["build/order_entry", "--db", "orders.sqlite"])
+        window.keys("A", "Return")
+
+Nothing of the surrounding session takes part: display, home folder and message bus are new, and end with the test,
+also when the test is killed.
+"""
+
+import ctypes
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 60  # seconds until a wait is given up; a slow machine is not an error
+
+
+class Failure(Exception):
+    """What the test must report; the text is for people."""
+
+
+def wait_for(what, ask, patience=PATIENCE):
+    """Asks until the answer counts as true, and returns it."""
+    end = time.monotonic() + patience
+    while True:
+        answer = ask()
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise Failure(f"waited {patience} s in vain: {what}")
+        time.sleep(0.05)
+
+
+def _die_with_parent():
+    pr_set_pdeathsig = 1
+    ctypes.CDLL(None).prctl(pr_set_pdeathsig, signal.SIGTERM)
+
+
+class Desktop:
+    """keep: the folder for pictures and, after a failure, the logs of all programs."""
+
+    SIZE = "1280x800x24"
+
+    def __init__(self, keep):
+        self.keep = pathlib.Path(keep)
+        self.keep.mkdir(parents=True, exist_ok=True)
+        self.processes = []
+        self.environment = {}
+
+    def __enter__(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kx-desktop-"))
+        try:
+            self._prepare_environment()
+            self._start_display()
+            self.start("openbox", ["openbox"])
+        except BaseException:
+            self._end()
+            raise
+        return self
+
+    def __exit__(self, kind, error, trace):
+        if error is not None:
+            self._keep_evidence()
+        self._end()
+
+    def _prepare_environment(self):
+        runtime = self.folder / "runtime"
+        runtime.mkdir(mode=0o700)
+        inherited = {"PATH": os.environ["PATH"]}
+        inherited.update({name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")})
+        self.environment = inherited | {
+            "HOME": str(self.folder),
+            "XDG_RUNTIME_DIR": str(runtime),
+            "LC_ALL": "C.UTF-8",
+            "QT_QPA_PLATFORM": "xcb",
+            "QT_IM_MODULE": "none",
+            "NO_AT_BRIDGE": "1",
+        }
+
+    def _start_display(self):
+        answer, question = os.pipe()
+        self.start(
+            "Xvfb",
+            ["Xvfb", "-displayfd", str(question), "-screen", "0", self.SIZE, "-nolisten", "tcp"],
+            pass_fds=[question],
+        )
+        os.close(question)
+        with os.fdopen(answer) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise Failure("Xvfb did not start: " + self.log("Xvfb"))
+        self.environment["DISPLAY"] = ":" + number
+
+    def start_input_method(self, engine):
+        self.start("dbus-daemon", ["dbus-daemon", "--session", "--nofork", "--print-address=1"])
+        address = wait_for("the message bus", lambda: self.log("dbus-daemon").strip())
+        self.environment |= {
+            "DBUS_SESSION_BUS_ADDRESS": address.splitlines()[0],
+            "IBUS_ADDRESS_FILE": str(self.folder / "ibus-address"),
+            "GSETTINGS_BACKEND": "memory",
+            "QT_IM_MODULE": "ibus",
+        }
+        self.start("ibus-daemon", ["ibus-daemon", "--replace", "--panel=disable", "--emoji-extension=disable"])
+        wait_for("the input method daemon", lambda: self._ibus("address").returncode == 0)
+        self.choose_input_method(engine)
+
+    def choose_input_method(self, engine):
+        wait_for(f"the input method {engine}", lambda: self._chooses(engine))
+
+    def _chooses(self, engine):
+        self._ibus("engine", engine)  # its exit code also speaks of keyboard layouts, which do not matter here
+        return self._ibus("engine").stdout.strip() == engine
+
+    def _ibus(self, *arguments):
+        return subprocess.run(["ibus", *arguments], env=self.environment, capture_output=True, text=True, check=False)
+
+    def start(self, name, command, **options):
+        """Starts a program that ends with the desktop; its output goes to log(name)."""
+        with open(self._log_file(name), "wb") as log:
+            process = subprocess.Popen(
+                command,
+                env=self.environment,
+                cwd=self.folder,
+                stdin=subprocess.DEVNULL,
+                stdout=log,
+                stderr=subprocess.STDOUT,
+                preexec_fn=_die_with_parent,
+                **options,
+            )
+        self.processes.append((name, process))
+        return process
+
+    def log(self, name):
+        return self._log_file(name).read_text(encoding="utf-8", errors="replace")
+
+    def _log_file(self, name):
+        return self.folder / (name + ".log")
+
+    def open(self, command, title):
+        """Starts a program with a window whose title contains `title`, and waits until it takes keys."""
+        name = pathlib.Path(command[0]).name
+        process = self.start(name, command)
+        return Window(self, process, name, title)
+
+    def xdotool(self, *arguments):
+        return subprocess.run(["xdotool", *arguments], env=self.environment, capture_output=True, text=True, check=False)
+
+    def picture(self, name):
+        """Saves what the screen shows."""
+        file = self.keep / (name + ".png")
+        subprocess.run(["import", "-window", "root", str(file)], env=self.environment, check=True)
+        return file
+
+    def _keep_evidence(self):
+        for log in self.folder.glob("*.log"):
+            shutil.copy(log, self.keep)
+        if "DISPLAY" in self.environment:
+            subprocess.run(["import", "-window", "root", str(self.keep / "failure.png")], env=self.environment, check=False)
+
+    def _end(self):
+        for _, process in reversed(self.processes):
+            if process.poll() is None:
+                process.terminate()
+        for _, process in reversed(self.processes):
+            try:
+                process.wait(10)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+
+class Window:
+    """The main window of a program under test."""
+
+    def __init__(self, desktop, process, name, title):
+        self.desktop = desktop
+        self.process = process
+        self.name = name
+        self.title = title
+        self.id = wait_for(f"the window {title}", self._find)
+        wait_for(f"the window {title} to become active", self.is_active)
+
+    def _find(self):
+        self.check_alive()
+        found = self.desktop.xdotool("search", "--onlyvisible", "--name", self.title).stdout.split()
+        return found[0] if found else None
+
+    def is_active(self):
+        self.check_alive()
+        return self.desktop.xdotool("getactivewindow").stdout.strip() == self.id
+
+    def active_title(self):
+        return self.desktop.xdotool("getactivewindow", "getwindowname").stdout.strip()
+
+    def check_alive(self):
+        if self.process.poll() is not None:
+            raise Failure(f"{self.name} ended with {self.process.returncode}:\n{self.desktop.log(self.name)}")
+
+    def keys(self, *names):
+        """Presses and releases keys, by their X names: keys("1", "plus", "ctrl+s", "Return")."""
+        self.check_alive()
+        result = self.desktop.xdotool("key", "--clearmodifiers", "--delay", "8", *names)
+        if result.returncode != 0 or result.stderr:
+            raise Failure(f"keys {names}: {result.stderr}")
+
+    def type(self, text):
+        """Types ASCII characters, each with the shift key that it needs."""
+        self.check_alive()
+        result = self.desktop.xdotool("type", "--clearmodifiers", "--delay", "8", text)
+        if result.returncode != 0 or result.stderr:
+            raise Failure(f"typing {text}: {result.stderr}")
+
+    def close(self):
+        """Closes the window as its frame's button does; the program must end without an error."""
+        self.check_alive()
+        self.keys("alt+F4")
+        try:
+            status = self.process.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            raise Failure(f"{self.name} did not end; the active window is {self.active_title()}") from None
+        if status != 0:
+            raise Failure(f"{self.name} ended with {status}:\n{self.desktop.log(self.name)}")

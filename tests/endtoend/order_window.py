@@ -1,0 +1,48 @@
+"""The order entry example under test: its window, and the database that it writes."""
+
+import sqlite3
+
+from desktop import wait_for
+
+TODAY = "2026-11-20"
+LINE_COLUMNS = (
+    "goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse, delivery_date, is_gift,"
+    " remark"
+)
+
+
+class OrderWindow:
+    """The example with a database file of its own, opened on a desktop."""
+
+    def __init__(self, desktop, program, database):
+        self.database = desktop.folder / database
+        self.window = desktop.open(
+            [program, "--db", str(self.database), "--today", TODAY], title="销售订单录入"
+        )
+
+    def query(self, statement, *values):
+        connection = sqlite3.connect(f"file:{self.database}?mode=ro", uri=True, timeout=10)
+        try:
+            return connection.execute(statement, values).fetchall()
+        finally:
+            connection.close()
+
+    def goods(self, count):
+        """The first goods of the catalogue as (code, name, spec, unit, price in cents)."""
+        return self.query("SELECT code, name, spec, unit, price_cents FROM goods ORDER BY code LIMIT ?", count)
+
+    def choose_customer(self):
+        """Keys the first customer's code into the head, and goes on to the lines."""
+        self.window.keys("F6")
+        self.window.type(self.query("SELECT code FROM customer ORDER BY code LIMIT 1")[0][0])
+        self.window.keys("Return")
+
+    def save(self):
+        """Saves by key, and returns the lines of the one order as the database then has them."""
+        before = self._version()
+        self.window.keys("ctrl+s")
+        wait_for("the saved order", lambda: self._version() > before or self.window.check_alive())
+        return self.query(f"SELECT {LINE_COLUMNS} FROM order_line ORDER BY order_id, line_no")
+
+    def _version(self):
+        return self.query("SELECT COALESCE(MAX(version), 0) FROM sales_order")[0][0]

@@ -1,0 +1,84 @@
+#!/usr/bin/env python3
+"""A clerk writes Chinese remarks with a real input method (pinyin) at a real display.
+
+    test_input_method.py PROGRAM KEEP
+
+Every case has a row of its own: the clerk keys its number as the quantity, goes on to the remark, does what the case
+says, and ends with Enter. The next case begins where that Enter left the cursor, so a cursor that moved twice, or a
+key that reached two places, shows in the saved rows.
+"""
+
+import dataclasses
+import sys
+
+from desktop import Desktop, Failure
+from order_window import OrderWindow
+
+NIHAO = ["n", "i", "h", "a", "o", "space"]  # the blank takes the first candidate
+HALF = ["n", "i", "h"]
+
+
+@dataclasses.dataclass
+class Case:
+    name: str
+    keys: list
+    remark: str
+    before: str = ""  # the remark that the cell has when the keys begin
+
+
+CASES = [
+    Case("on the closed cell", [*NIHAO, "Return"], "你好"),
+    Case("in the open editor", ["1", *NIHAO, "Return"], "1你好"),
+    Case("twice in a row", [*NIHAO, *NIHAO, "Return"], "你好你好"),
+    Case("over the text of a closed cell", [*NIHAO, "Return"], "你好", before="7"),
+    Case("in the middle of the open editor", ["1", "2", "Left", *NIHAO, "Return"], "1你好2"),
+    Case("dropped in the open editor", ["1", "2", *HALF, "Escape", "Return"], "12"),
+    Case("dropped and begun anew", ["1", *HALF, "Escape", *NIHAO, "Return"], "1你好"),
+    Case("dropped on a closed cell with a text", [*HALF, "Escape", "Return"], "7", before="7"),
+    Case("dropped on an empty closed cell", [*HALF, "Escape", "5", "Return"], "5"),
+    Case("corrected while composing", ["n", "i", "m", "BackSpace", "h", "a", "o", "space", "Return"], "你好"),
+]
+
+
+def key_case(window, number, case):
+    """From the code cell of a row to the code cell of the next one."""
+
+    def go_to_remark():
+        window.keys(*["Right"] * 4)
+        window.type(str(number))
+        window.keys("Return", *["Right"] * 5)
+
+    go_to_remark()
+    if case.before:
+        window.type(case.before)
+        window.keys("Return", "Up")
+        go_to_remark()
+    window.keys(*case.keys)
+
+
+def check(rows):
+    wanted = [("", number * 1000, case.remark) for number, case in enumerate(CASES, 1)]
+    for case, want, have in zip(CASES, wanted, rows):
+        if want != have:
+            raise Failure(f"{case.name}: expected code, quantity and remark {want}, saved {have}; all: {rows}")
+    if len(rows) != len(wanted):
+        raise Failure(f"expected {len(wanted)} rows, saved {rows}")
+
+
+def main(program, keep):
+    with Desktop(keep) as desktop:
+        desktop.start_input_method("xkb:us::eng")
+        order = OrderWindow(desktop, program, "orders.sqlite")
+        order.choose_customer()
+        desktop.choose_input_method("libpinyin")
+        for number, case in enumerate(CASES, 1):
+            key_case(order.window, number, case)
+        rows = [(row[0], row[4], row[10]) for row in order.save()]
+        desktop.picture("input-method")
+        check(rows)
+        order.window.close()
+    print(f"{len(CASES)} cases")
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
