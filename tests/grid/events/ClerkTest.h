@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <iostream>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -21,9 +22,9 @@ inline Lines operator+(Lines left, const Lines& right) {
     return left;
 }
 
-/// The events before a move: all that a refused one raises.
+/// The question before a move: all that a refused one raises.
 inline Lines asks(std::int32_t r0, std::int32_t c0, std::int32_t r1, std::int32_t c1) {
-    return {line("BeforeRowColChange", r0, c0, r1, c1)};
+    return {line("BeforeRowColChange", r0, c0, r1, c1, false)};
 }
 /// The events from the arrival in the new cell up to the point where default texts are filled.
 inline Lines arrives() {
@@ -82,6 +83,10 @@ class ClerkTest : public ::testing::Test {
         grid.ReDraw(true);
         desk.focusGrid();
         log.clear();
+    }
+
+    void TearDown() override {
+        if (HasFailure()) std::cout << desk.ascii();
     }
 
     cVsControl& column(std::int32_t col) { return *grid.VsCtrl(static_cast<std::int16_t>(col)); }

@@ -1,0 +1,193 @@
+// Rows and columns come and go under an open editor: it follows its cell, or goes with it.
+#include "grid/events/ClerkTest.h"
+
+namespace kxVsGrid::testing {
+namespace {
+
+class FollowedCell : public ClerkTest {
+  protected:
+    FollowedCell() {
+        rows(20);
+        fill(10, 3, "old", "tag");
+        openAt(10, 3);
+        desk.type("abc");
+    }
+    void expectCommitGoesTo(Cell cell) {
+        EXPECT_EQ(current(), cell);
+        EXPECT_TRUE(open());
+        EXPECT_EQ(desk.editor().text, "abc");
+        heard();
+        EXPECT_TRUE(grid.ValidTextData());
+        EXPECT_EQ(heard(), changed(cell.row, cell.col) + edited(cell.row, cell.col));
+        EXPECT_EQ(text(cell.row, cell.col), "abc");
+        EXPECT_EQ(tag(cell.row, cell.col), "tag");
+    }
+    void expectGoneWithoutACommit() {
+        EXPECT_FALSE(open());
+        EXPECT_EQ(named(heard(), "AfterEdit"), Lines{});
+        EXPECT_FALSE(grid.bIsDirty());
+        // The grid is usable again.
+        desk.focusGrid();
+        desk.type("next").press(Key::Enter);
+        EXPECT_EQ(named(heard(), "AfterEdit").size(), 1u);
+        EXPECT_FALSE(open());
+    }
+};
+
+TEST_F(FollowedCell, MovesDownWithARowInsertedBeforeIt) {
+    const std::int32_t top = desk.editor().rect.top;
+    grid.Grid().InsertRow(5);
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_EQ(desk.editor().rect.top, top + 300) << desk.ascii();
+    expectCommitGoesTo({11, 3});
+    EXPECT_EQ(text(10, 3), "");
+}
+
+TEST_F(FollowedCell, MovesDownWithARowInsertedAtIt) {
+    grid.Grid().InsertRow(10);
+    expectCommitGoesTo({11, 3});
+}
+
+TEST_F(FollowedCell, StaysWithARowInsertedBehindIt) {
+    grid.Grid().InsertRow(11);
+    expectCommitGoesTo({10, 3});
+}
+
+TEST_F(FollowedCell, MovesUpWithARowRemovedBeforeIt) {
+    const std::int32_t top = desk.editor().rect.top;
+    grid.Grid().RemoveRow(5);
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_EQ(desk.editor().rect.top, top - 300) << desk.ascii();
+    expectCommitGoesTo({9, 3});
+}
+
+TEST_F(FollowedCell, StaysWithARowRemovedBehindIt) {
+    grid.Grid().RemoveRow(11);
+    expectCommitGoesTo({10, 3});
+}
+
+TEST_F(FollowedCell, HidesTheEditorWhenItsRowIsRemoved) {
+    fill(11, 3, "below");
+    openAt(10, 3);
+    desk.type("abc");
+    grid.Grid().RemoveRow(10);
+    EXPECT_EQ(text(10, 3), "below");
+    expectGoneWithoutACommit();
+}
+
+TEST_F(FollowedCell, HidesTheEditorWhenTheRowsAreCut) {
+    grid.Rows(6);
+    EXPECT_EQ(grid.Rows(), 6);
+    expectGoneWithoutACommit();
+}
+
+TEST_F(FollowedCell, HidesTheEditorWhenTheColumnsAreCut) {
+    grid.Cols(3);
+    expectGoneWithoutACommit();
+}
+
+TEST_F(FollowedCell, HidesTheEditorWhenTheGridIsCleared) {
+    grid.Clear();
+    EXPECT_EQ(grid.Rows(), 6);
+    EXPECT_EQ(grid.Text(), "");
+    EXPECT_EQ(grid.TextTag(), "");
+    expectGoneWithoutACommit();
+}
+
+TEST_F(FollowedCell, KeepsTheEditorWhenOtherRowsAreCut) {
+    grid.Rows(12);
+    expectCommitGoesTo({10, 3});
+}
+
+TEST_F(FollowedCell, IsRemovedByTheDeleteOfAHostThatCallsIt) {
+    grid.Grid().RemoveRow(3);
+    grid.Grid().RemoveRow(3);
+    grid.Grid().InsertRow(1);
+    expectCommitGoesTo({9, 3});
+}
+
+TEST_F(FollowedCell, KeepsTheEditorOverItWhenAColumnBecomesWider) {
+    const Rect before = desk.editor().rect;
+    grid.ColWidth(2, 1500);
+    grid.ColWidth(3, 1200);
+    desk.resize(9000, 6000);
+    const Rect after = desk.editor().rect;
+    EXPECT_EQ(after.left, before.left + 500);
+    EXPECT_EQ(after.width, before.width + 200);
+    expectCommitGoesTo({10, 3});
+}
+
+class RowsLostDuringTheCommit : public FollowedCell {};
+
+TEST_F(RowsLostDuringTheCommit, ByAHostThatClearsTheGridInAfterEdit) {
+    grid.AfterEdit.connect([&](std::int32_t, std::int32_t) { grid.Clear(); });
+    desk.press(Key::Enter);
+    EXPECT_EQ(grid.Rows(), 6);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(10, 3));
+    EXPECT_LT(grid.Row(), 6);
+}
+
+TEST_F(RowsLostDuringTheCommit, ByAHostThatRemovesTheRowInAfterEdit) {
+    bool once = true;
+    grid.AfterEdit.connect([&](std::int32_t row, std::int32_t) {
+        if (std::exchange(once, false)) grid.Grid().RemoveRow(row);
+    });
+    desk.press(Key::Down);
+    EXPECT_EQ(grid.Rows(), 19);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(10, 3));
+}
+
+TEST_F(RowsLostDuringTheCommit, ByAHostThatCutsTheRowsInCellChanged) {
+    bool once = true;
+    grid.CellChanged.connect([&](std::int32_t, std::int32_t) {
+        if (std::exchange(once, false)) grid.Rows(6);
+    });
+    desk.press(Key::Right);
+    EXPECT_EQ(grid.Rows(), 6);
+    EXPECT_FALSE(open());
+}
+
+TEST_F(RowsLostDuringTheCommit, ByAHostThatCutsTheColumnsInAfterEdit) {
+    grid.AfterEdit.connect([&](std::int32_t, std::int32_t) { grid.Cols(2); });
+    desk.press(Key::Enter);
+    EXPECT_EQ(grid.Cols(), 2);
+    EXPECT_FALSE(open());
+    EXPECT_LT(grid.Col(), 2);
+}
+
+TEST_F(RowsLostDuringTheCommit, ByAHostThatClearsTheGridWhenItIsAskedForARow) {
+    desk.press(Key::Escape);
+    openAt(19, 3);
+    desk.type("abc");
+    grid.AddVsRow.connect([&](std::int32_t, bool& consent) {
+        grid.Clear();
+        consent = true;
+    });
+    desk.press(Key::Enter);
+    EXPECT_FALSE(open());
+    EXPECT_GE(grid.Rows(), 6);
+    EXPECT_LE(grid.Rows(), 7);
+}
+
+TEST(ControlThatGoes, InsideAfterEditTakesNothingAlong) {
+    headless::Desk desk;
+    kxGrid& stays = desk.place();
+    kxGrid& goes = desk.place();
+    int edits = 0;
+    goes.AfterEdit.connect([&](std::int32_t, std::int32_t) {
+        ++edits;
+        desk.remove(goes);
+    });
+    desk.focusGrid();
+    desk.type("abc").press(Key::Enter);
+    EXPECT_EQ(edits, 1);
+    desk.use(stays);
+    desk.focusGrid();
+    desk.type("x").press(Key::Enter);
+    EXPECT_EQ(stays.Grid().Text(1, 1), "x");
+}
+
+}  // namespace
+}  // namespace kxVsGrid::testing
