@@ -43,6 +43,13 @@ class Event {
   public:
     /// `number` is the event's number in the control's event interface, 0 for events without one.
     explicit Event(int number = 0) : number_(number) {}
+    /// A listener that is running may destroy the event's owner: the state then goes when the event is done.
+    ~Event() {
+        if (state_ && state_->raising > 0) {
+            state_->ownerGone = true;
+            static_cast<void>(state_.release());
+        }
+    }
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
 
@@ -51,7 +58,7 @@ class Event {
     std::size_t listeners() const { return state_ ? state_->listeners.size() : 0; }
 
     Connection connect(std::function<void(Args...)> listener) {
-        if (!state_) state_ = std::make_shared<State>();
+        if (!state_) state_ = std::make_unique<State>();
         auto slot = std::make_unique<Slot>(std::move(listener));
         Connection connection{slot->alive};
         state_->listeners.push_back(std::move(slot));
@@ -73,26 +80,39 @@ class Event {
     struct State {
         std::vector<std::unique_ptr<Slot>> listeners;
         int raising = 0;
+        bool ownerGone = false;
     };
 
+    // Kept short, as a million writes raise a million events: no shared ownership, whose count is atomic.
     void call(Args&... args) const {
-        const std::shared_ptr<State> state = state_;  // survives the event's owner
         struct Span {
-            State& state;
-            explicit Span(State& s) : state(s) { ++state.raising; }
+            State* state;
+            explicit Span(State* s) : state(s) { ++state->raising; }
             ~Span() {
-                if (--state.raising == 0)
-                    std::erase_if(state.listeners, [](auto& slot) { return !*slot->alive; });
+                if (--state->raising > 0) return;
+                if (state->ownerGone)
+                    std::unique_ptr<State>(state).reset();
+                else
+                    forgetEnded(state->listeners);
             }
-        } span(*state);
-        const std::size_t count = state->listeners.size();
+        } const span(state_.get());
+        const State& state = *span.state;
+        const std::size_t count = state.listeners.size();
         for (std::size_t i = 0; i < count; ++i) {
-            Slot& slot = *state->listeners[i];
+            Slot& slot = *state.listeners[i];
             if (*slot.alive) slot.call(args...);
         }
     }
 
-    std::shared_ptr<State> state_;
+    static void forgetEnded(std::vector<std::unique_ptr<Slot>>& listeners) {
+        for (const auto& slot : listeners) {
+            if (*slot->alive) continue;
+            std::erase_if(listeners, [](auto& ended) { return !*ended->alive; });
+            return;
+        }
+    }
+
+    std::unique_ptr<State> state_;
     int number_;
 };
 }  // namespace kxVsGrid
