@@ -2,15 +2,24 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
-#include <QLineEdit>
+#include <QKeyEvent>
+#include <QStandardItemModel>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int SearchRole = Qt::UserRole;
-constexpr int IdRole = Qt::UserRole + 1;
 
-// Searches in all that is known of a customer, but completes to what the box shows.
+QString shown(const Customer& customer) {
+    return customer.code + u"  "_s + customer.name;
+}
+
+QString searchText(const Customer& customer) {
+    return customer.code + u' ' + customer.name + u' ' + customer.pinyin;
+}
+
+// Searches in all that is known of a customer, but completes to what the field shows.
 class CustomerCompleter : public QCompleter {
   public:
     using QCompleter::QCompleter;
@@ -20,35 +29,33 @@ class CustomerCompleter : public QCompleter {
 };
 }  // namespace
 
-CustomerBox::CustomerBox(QWidget* parent) : QComboBox(parent) {
-    setEditable(true);
-    setInsertPolicy(QComboBox::NoInsert);
-    setMaxVisibleItems(15);
-    auto* finder = new CustomerCompleter(this);
-    finder->setModel(model());
+CustomerBox::CustomerBox(QWidget* parent) : QLineEdit(parent), model_(new QStandardItemModel(this)) {
+    auto* finder = new CustomerCompleter(model_, this);
     finder->setCompletionRole(SearchRole);
     finder->setFilterMode(Qt::MatchContains);
     finder->setCaseSensitivity(Qt::CaseInsensitive);
     finder->setMaxVisibleItems(12);
     setCompleter(finder);
-    lineEdit()->setPlaceholderText(u"编码、名称或拼音首字母"_s);
-    connect(lineEdit(), &QLineEdit::editingFinished, this, &CustomerBox::resolve);
-    connect(this, &QComboBox::currentIndexChanged, this, &CustomerBox::customerChanged);
-    connect(this, &QComboBox::editTextChanged, this, &CustomerBox::customerChanged);
+    setPlaceholderText(u"编码、名称或拼音首字母"_s);
+    connect(this, &QLineEdit::textChanged, this, &CustomerBox::customerChanged);
 }
 
 void CustomerBox::setCustomers(const std::vector<Customer>& customers) {
-    const qint64 chosen = customerId();
-    const QString typed = currentText();
     customers_ = customers;
-    clear();
+    model_->clear();
     for (const Customer& one : customers_) {
-        addItem(one.code + u"  "_s + one.name);
-        setItemData(count() - 1, one.code + u' ' + one.name + u' ' + one.pinyin, SearchRole);
-        setItemData(count() - 1, one.id, IdRole);
+        auto* item = new QStandardItem(shown(one));
+        item->setData(searchText(one), SearchRole);
+        model_->appendRow(item);
     }
-    setCustomerId(chosen);
-    if (chosen == 0) setEditText(typed);
+    emit customerChanged();
+}
+
+const Customer* CustomerBox::customer() const {
+    const QString typed = text();
+    const auto found = std::find_if(customers_.begin(), customers_.end(),
+                                    [&](const Customer& one) { return shown(one) == typed; });
+    return found == customers_.end() ? nullptr : &*found;
 }
 
 qint64 CustomerBox::customerId() const {
@@ -56,38 +63,67 @@ qint64 CustomerBox::customerId() const {
     return chosen ? chosen->id : 0;
 }
 
-const Customer* CustomerBox::customer() const {
-    const int index = currentIndex();
-    if (index < 0 || currentText() != itemText(index)) return nullptr;
-    return &customers_[static_cast<std::size_t>(index)];
-}
-
 void CustomerBox::setCustomerId(qint64 id) {
-    setCurrentIndex(id == 0 ? -1 : findData(id, IdRole));
-    if (currentIndex() < 0) setEditText(QString());
+    const auto found =
+        std::find_if(customers_.begin(), customers_.end(), [&](const Customer& one) { return one.id == id; });
+    setText(found == customers_.end() ? QString() : shown(*found));
+    setCursorPosition(0);
 }
 
-int CustomerBox::indexMeant() const {
-    const QString typed = currentText().trimmed();
-    int meant = -1;
-    for (int i = 0; i < count() && !typed.isEmpty(); ++i) {
-        const Customer& one = customers_[static_cast<std::size_t>(i)];
-        if (typed.compare(one.code, Qt::CaseInsensitive) == 0 || typed == one.name || typed == itemText(i))
-            return i;
-        if (!itemData(i, SearchRole).toString().contains(typed, Qt::CaseInsensitive)) continue;
-        if (meant >= 0)
-            meant = count();  // more than one: keep looking for an exact code or name
-        else
-            meant = i;
+const Customer* CustomerBox::meant() const {
+    const QString typed = text().trimmed();
+    if (typed.isEmpty()) return nullptr;
+    const Customer* only = nullptr;
+    int matches = 0;
+    for (const Customer& one : customers_) {
+        if (typed.compare(one.code, Qt::CaseInsensitive) == 0 || typed == one.name) return &one;
+        if (!searchText(one).contains(typed, Qt::CaseInsensitive)) continue;
+        only = &one;
+        ++matches;
     }
-    return meant == count() ? -1 : meant;
+    return matches == 1 ? only : nullptr;
 }
 
 void CustomerBox::resolve() {
     if (customer()) return;
-    const int meant = indexMeant();
-    if (meant >= 0) {
-        setCurrentIndex(meant);
-        setEditText(itemText(meant));
+    if (const Customer* one = meant()) setCustomerId(one->id);
+}
+
+void CustomerBox::offer() {
+    completer()->setCompletionPrefix(customer() ? QString() : text().trimmed());
+    completer()->complete();
+    QAbstractItemView* list = completer()->popup();
+    if (list->model()->rowCount() > 0) list->setCurrentIndex(list->model()->index(0, 0));
+}
+
+void CustomerBox::enter() {
+    QAbstractItemView* list = completer()->popup();
+    if (list->isVisible() && list->currentIndex().isValid()) setText(list->currentIndex().data().toString());
+    resolve();
+    if (customer()) {
+        list->hide();
+        emit accepted();
+    } else {
+        offer();
     }
+}
+
+// The list of the completer hands its keys here first.
+void CustomerBox::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            enter();
+            break;
+        case Qt::Key_Down:
+            offer();
+            break;
+        default:
+            QLineEdit::keyPressEvent(event);
+    }
+}
+
+void CustomerBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) resolve();
 }

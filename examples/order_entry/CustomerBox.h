@@ -1,12 +1,16 @@
-// A box for choosing a customer by keyboard: any part of code, name or pinyin initials finds him.
+// A field for choosing a customer by keyboard: any part of code, name or pinyin initials finds him.
+//
+// Enter takes the only customer that is meant, or offers those that may be; Down offers them as well.
 #pragma once
 
-#include <QComboBox>
+#include <QLineEdit>
 #include <vector>
 
 #include "Catalogue.h"
 
-class CustomerBox : public QComboBox {
+class QStandardItemModel;
+
+class CustomerBox : public QLineEdit {
     Q_OBJECT
 
   public:
@@ -18,14 +22,23 @@ class CustomerBox : public QComboBox {
     void setCustomerId(qint64 id);
     /// The chosen customer, or nullptr.
     const Customer* customer() const;
-    /// Takes the text for a customer where it can only mean one.
-    void resolve();
 
   signals:
     void customerChanged();
+    /// Enter, and the text names a customer.
+    void accepted();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    int indexMeant() const;
+    /// Takes the text for a customer where it can only mean one.
+    void resolve();
+    void enter();
+    void offer();
+    const Customer* meant() const;
 
     std::vector<Customer> customers_;
+    QStandardItemModel* model_;
 };

@@ -6,10 +6,10 @@ using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr std::int32_t SheetRows = 15;  // data rows of a new sheet
-constexpr double ButtonFace = 0x8000000Fu;
-constexpr double ButtonText = 0x80000012u;
-constexpr std::uint32_t Red = 0x0000C0u;  // red is the low byte
+constexpr std::int32_t SheetRows = 20;            // data rows of a new sheet
+constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow the desktop's theme
+constexpr std::uint32_t ButtonText = 0x80000012;
+constexpr std::uint32_t Red = 0x0000C0;  // red is the low byte
 
 struct ColumnPlan {
     const char* caption;
@@ -118,6 +118,7 @@ void OrderGrid::setUpRules() {
     }
     // A price of 0 is a price: it is shown, and it comes back from the database as it was.
     grid_.bIsShowZero(true);
+    grid_.BackColorBkg(ButtonFace);
     grid_.SumRow(true);
 }
 
@@ -375,9 +376,11 @@ QString OrderGrid::hint() const {
 }
 
 void OrderGrid::fitWidth(std::int32_t width) {
-    std::int32_t others = 0;
+    std::int32_t others = grid_.Grid().VerticalBarShown() ? CellGrid::VerticalBarWidth : 0;
     for (std::int32_t c = 0; c < Remark; ++c) others += grid_.ColWidth(c);
-    // What the control's layout wants beside the columns: the vertical scroll bar and its borders.
-    const std::int32_t rest = width - others - CellGrid::VerticalBarWidth - 120;
-    grid_.ColWidth(Remark, std::max(Plan[Remark].width * 2 / 3, rest));
+    // The control's layout counts columns as too wide when they leave less than 60 twips beside them.
+    const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 90);
+    if (rest == grid_.ColWidth(Remark)) return;
+    grid_.ColWidth(Remark, rest);
+    grid_.Grid_Sum().ColWidth(Remark, rest);  // otherwise it follows with the next layout only
 }

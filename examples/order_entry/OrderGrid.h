@@ -77,7 +77,7 @@ class OrderGrid : public QObject {
 
     /// What can be done in the current cell.
     QString hint() const;
-    /// Gives the remark column what the others leave of a width in twips.
+    /// Gives the remark column what the others leave of the control's width, in twips.
     void fitWidth(std::int32_t width);
 
   signals:

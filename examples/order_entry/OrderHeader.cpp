@@ -1,7 +1,5 @@
 #include "OrderHeader.h"
 
-#include <QAbstractItemView>
-#include <QCompleter>
 #include <QDateEdit>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -34,6 +32,7 @@ OrderHeader::OrderHeader(QWidget* parent)
     connect(date_, &QDateEdit::dateChanged, this, &OrderHeader::dateChanged);
     connect(customer_, &CustomerBox::customerChanged, this, &OrderHeader::showContact);
     connect(customer_, &CustomerBox::customerChanged, this, &OrderHeader::changed);
+    connect(customer_, &CustomerBox::accepted, this, &OrderHeader::done);
 }
 
 void OrderHeader::layOut() {
@@ -80,7 +79,7 @@ void OrderHeader::read(Order& order) const {
 }
 
 bool OrderHeader::customerUnclear() const {
-    return customer_->customerId() == 0 && !customer_->currentText().trimmed().isEmpty();
+    return customer_->customerId() == 0 && !customer_->text().trimmed().isEmpty();
 }
 
 QString OrderHeader::number() const {
@@ -95,7 +94,7 @@ void OrderHeader::focus(Field field) {
     QWidget* const fields[] = {number_, date_, customer_};
     QWidget* chosen = fields[static_cast<int>(field)];
     chosen->setFocus(Qt::TabFocusReason);
-    if (field == Field::Customer) customer_->lineEdit()->selectAll();
+    if (field == Field::Customer) customer_->selectAll();
 }
 
 void OrderHeader::showContact() {
@@ -112,10 +111,6 @@ bool OrderHeader::eventFilter(QObject* watched, QEvent* event) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
             if (watched == number_) focus(Field::Date);
             if (watched == date_) focus(Field::Customer);
-            if (watched == customer_) {
-                customer_->resolve();
-                if (customer_->customerId() != 0) emit done();
-            }
             return true;
         }
     }

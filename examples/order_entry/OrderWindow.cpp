@@ -281,6 +281,7 @@ void OrderWindow::refresh() {
     state_->setText(unsaved ? u"未保存"_s : order.id == 0 ? u"新订单"_s : u"已保存"_s);
     setWindowTitle(u"销售订单录入 - "_s + order.number + u"[*]"_s);
     setWindowModified(unsaved);
+    fitGrid(widget_->width());  // more rows may have brought a scroll bar
 }
 
 void OrderWindow::refreshHint() {
@@ -291,9 +292,13 @@ void OrderWindow::enterLines() {
     widget_->setFocus(Qt::TabFocusReason);
 }
 
+void OrderWindow::fitGrid(int width) {
+    grid_->fitWidth(width * 1440 / widget_->logicalDpiX());
+}
+
 bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {
     // Before the widget lays itself out, so that the total row gets the same widths.
     if (watched == widget_ && event->type() == QEvent::Resize)
-        grid_->fitWidth(static_cast<QResizeEvent*>(event)->size().width() * 1440 / widget_->logicalDpiX());
+        fitGrid(static_cast<QResizeEvent*>(event)->size().width());
     return QMainWindow::eventFilter(watched, event);
 }

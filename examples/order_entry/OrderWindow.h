@@ -67,6 +67,7 @@ class OrderWindow : public QMainWindow {
     void say(const QString& text, bool warning = false);
     void refresh();
     void refreshHint();
+    void fitGrid(int width);
     void showKeys();
     void enterLines();
 

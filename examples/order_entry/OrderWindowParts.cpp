@@ -24,7 +24,7 @@ void OrderWindow::layOut() {
     title->setFont(large);
     state_->setObjectName(u"state"_s);
     state_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    hint_->setEnabled(false);  // drawn in the palette's pale text
+    hint_->setForegroundRole(QPalette::PlaceholderText);
 
     auto* top = new QHBoxLayout;
     top->addWidget(title);
@@ -83,6 +83,7 @@ void OrderWindow::addStatus() {
     message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     totals_->setObjectName(u"totals"_s);
     statusBar()->setSizeGripEnabled(false);
+    statusBar()->setContentsMargins(10, 0, 12, 2);
     statusBar()->addWidget(message_, 1);
     statusBar()->addPermanentWidget(totals_);
 }
