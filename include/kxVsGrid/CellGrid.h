@@ -17,7 +17,9 @@
 //
 // Order of a move of the current cell, by code or by the user: BeforeRowColChange (cancelled: stop) ->
 // LeaveCell (still the old cell) -> the cell changes -> EnterCell -> RowColChange -> AfterRowColChange ->
-// SelChange.
+// SelChange. A listener that moves the current cell itself replaces the move under way: its own move
+// completes first, with all its events, and the outer one raises nothing more. Rows that a listener inserts
+// or removes carry the target of the move along; a target that vanishes ends the move.
 #pragma once
 
 #include <cstdint>
@@ -97,7 +99,7 @@ class CellGrid {
     std::optional<std::uint32_t> CellBackColor(std::int32_t row, std::int32_t col) const;
     void CellBackColor(std::int32_t row, std::int32_t col, std::optional<std::uint32_t> color);
     /// Gives the cells of rows `firstRow` to `lastRow` of one column both colours; a whole column costs one
-    /// entry.
+    /// entry. Nothing happens when the last row comes before the first; so with ClearText.
     void PaintColumn(std::int32_t col, std::int32_t firstRow, std::int32_t lastRow,
                      std::optional<std::uint32_t> foreColor, std::optional<std::uint32_t> backColor);
     /// Alignment as drawn: the cell's own, else its column's (in fixed rows the column's fixed alignment).
@@ -227,7 +229,8 @@ class CellGrid {
     std::int32_t LeftColToShow(std::int32_t col, std::int32_t right) const;
 
     // --- What the machine reports.
-    /// Raises KeyDown; not zeroed, arrows, Home, End and pages move. True when the key did something here.
+    /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt. True when the key did
+    /// something here: a listener zeroed it, or it moved or scrolled.
     bool keyDown(std::int16_t code, std::int16_t shift);
     /// Raises KeyPress.
     void keyPress(std::int16_t ascii);

@@ -135,6 +135,7 @@ void CellGrid::CellBackColor(std::int32_t row, std::int32_t col, std::optional<s
 void CellGrid::PaintColumn(std::int32_t col, std::int32_t firstRow, std::int32_t lastRow,
                            std::optional<std::uint32_t> foreColor, std::optional<std::uint32_t> backColor) {
     impl_->requireCol("PaintColumn", col);
+    if (lastRow < firstRow) return;
     impl_->requireRows("PaintColumn", firstRow, lastRow);
     const auto paint = [&](CellStyle& s) {
         s.foreColor = foreColor;
@@ -153,6 +154,7 @@ mEmflexAlign CellGrid::EffectiveAlignment(std::int32_t row, std::int32_t col) co
     return number ? flexAlignRightCenter : flexAlignLeftCenter;
 }
 void CellGrid::ClearText(std::int32_t firstRow, std::int32_t lastRow) {
+    if (lastRow < firstRow) return;
     impl_->requireRows("ClearText", firstRow, lastRow);
     impl_->contentWillChange(-1);
     impl_->store.clearTexts(firstRow, lastRow - firstRow + 1);

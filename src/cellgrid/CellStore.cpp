@@ -9,6 +9,8 @@ namespace kxVsGrid::cellgrid {
 namespace {
 /// Arenas smaller than this are never worth packing anew.
 constexpr std::size_t SmallArena = 1 << 20;
+/// With so many rows removed at once it is better to forget the numbers of all than to keep their memory.
+constexpr std::int32_t ManyRows = 10'000;
 
 std::string_view rowNumber(std::int32_t number, CellStore::Scratch& scratch) {
     char* const begin = scratch.bytes.data();
@@ -24,6 +26,7 @@ void CellStore::insertRows(std::int32_t row, std::int32_t n) {
 
 void CellStore::removeRows(std::int32_t row, std::int32_t n) {
     for (GridColumn& c : columns_) {
+        if (n >= ManyRows) c.numbers.reset();
         clearColumn(c, row, n);
         c.styles.remove(row, n);
     }
@@ -98,6 +101,10 @@ CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::st
 }
 
 void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
+    if (!compute) {
+        setText(row, col, {});
+        return;
+    }
     auto free = std::find(computed_.begin(), computed_.end(), nullptr);
     if (free == computed_.end()) free = computed_.insert(free, nullptr);
     *free = std::make_shared<const std::function<std::string()>>(std::move(compute));

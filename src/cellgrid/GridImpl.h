@@ -43,7 +43,6 @@ struct CellGrid::Impl {
     void requireRows(const char* member, std::int32_t first, std::int32_t last) const {
         requireRow(member, first);
         requireRow(member, last);
-        if (last < first) cellgrid::misuse(member, last, "comes before the first row");
     }
     void setText(std::int32_t row, std::int32_t col, std::string_view text);
     void setTag(std::int32_t row, std::int32_t col, std::string_view tag);
@@ -62,8 +61,21 @@ struct CellGrid::Impl {
     void rowRemoved(std::int32_t position);
 
     // --- The view (GridView.cpp).
-    void scrollTo(std::int32_t topRow, std::int32_t leftCol);
-    void geometryChanged();
+    /// Where the view was and where it went.
+    struct Scroll {
+        std::int32_t oldTop;
+        std::int32_t oldLeft;
+        std::int32_t top;
+        std::int32_t left;
+    };
+    void scrollTo(std::int32_t topRow, std::int32_t leftCol) { announce(scroll(topRow, leftCol)); }
+    Scroll scroll(std::int32_t topRow, std::int32_t leftCol);
+    /// Raises AfterScroll for a scroll that is done, if it led anywhere and no listener has gone on since.
+    void announce(const Scroll& done);
+    /// Sizes, counts or the view have changed: everything is drawn anew, and what was scrolled too far is
+    /// not.
+    Scroll settle();
+    void geometryChanged() { announce(settle()); }
     void bringIntoView();
     void damageCell(std::int32_t row, std::int32_t col);
     void damageCursor();
@@ -128,6 +140,7 @@ struct CellGrid::Impl {
     void insertRows(std::int32_t position, std::int32_t n);
     void removeRows(std::int32_t position, std::int32_t n);
     void insertCols(std::int32_t n);
+    void setFixed(cellgrid::Lane& lane, std::int32_t count);
     void viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol);
     /// `oldRow` is a reference because it may follow rows while the events are raised.
     void announceMove(const std::int32_t& oldRow, const std::int32_t& oldCol, std::uint64_t stamp);

@@ -9,6 +9,7 @@ namespace kxVsGrid {
 namespace {
 /// The least width that dragging leaves: the column can be grabbed again.
 constexpr std::int32_t MinDraggedWidth = 60;
+constexpr std::int32_t MaxDraggedWidth = 1'000'000;
 }  // namespace
 
 void CellGrid::Impl::pressed(std::int16_t button, std::int32_t x, std::int32_t y) {
@@ -23,8 +24,9 @@ void CellGrid::Impl::pressed(std::int16_t button, std::int32_t x, std::int32_t y
 }
 
 void CellGrid::Impl::dragged(std::int32_t x) {
-    const std::int32_t width = x + drag.grip - layout.cols.place(drag.col);
-    grid.ColWidth(drag.col, std::max(width, MinDraggedWidth));
+    const std::int64_t width = std::int64_t{x} + drag.grip - layout.cols.place(drag.col);
+    grid.ColWidth(drag.col, static_cast<std::int32_t>(
+                                std::clamp<std::int64_t>(width, MinDraggedWidth, MaxDraggedWidth)));
 }
 
 void CellGrid::Impl::resizeByUser(std::int32_t atCol, std::int32_t twips) {
@@ -58,6 +60,7 @@ void CellGrid::doubleClick(std::int16_t, std::int16_t, std::int32_t, std::int32_
 void CellGrid::wheel(std::int32_t rows) {
     const cellgrid::Axis& axis = impl_->layout.rows.axis;
     const std::int32_t top = impl_->layout.rows.first;
+    rows = std::clamp(rows, -MaxRows, MaxRows);
     const std::int32_t target = rows > 0 ? axis.shownAfter(top, rows) : axis.shownBefore(top, -rows);
     if (rows != 0 && target >= 0) TopRow(target);
 }

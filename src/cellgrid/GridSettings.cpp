@@ -7,6 +7,9 @@
 namespace kxVsGrid {
 
 namespace {
+/// Sizes of views are cut to this, so that they can be added up in 32 bits.
+constexpr std::int32_t MaxExtent = 500'000'000;
+
 /// Stores a setting that the picture depends on.
 template <class T>
 void put(cellgrid::DamageLog& damage, T& setting, const T& value) {
@@ -93,8 +96,8 @@ std::int32_t CellGrid::Height() const {
     return impl_->layout.height;
 }
 void CellGrid::Resize(std::int32_t width, std::int32_t height) {
-    width = std::max(width, 0);
-    height = std::max(height, 0);
+    width = std::clamp(width, 0, MaxExtent);
+    height = std::clamp(height, 0, MaxExtent);
     if (width == Width() && height == Height()) return;
     impl_->layout.width = width;
     impl_->layout.height = height;
@@ -104,7 +107,7 @@ std::int32_t CellGrid::BottomStrip() const {
     return impl_->layout.bottomStrip;
 }
 void CellGrid::BottomStrip(std::int32_t twips) {
-    twips = std::max(twips, 0);
+    twips = std::clamp(twips, 0, MaxExtent);
     if (std::exchange(impl_->layout.bottomStrip, twips) != twips) impl_->geometryChanged();
 }
 bool CellGrid::HorizontalBarShown() const {

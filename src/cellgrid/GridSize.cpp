@@ -80,17 +80,27 @@ void CellGrid::Impl::setFixedRows(std::int32_t count) {
     if (count > rows()) misuse("FixedRows", count, "is more than Rows");
     if (count == layout.rows.fixed) return;
     contentWillChange(-1);
-    layout.rows.fixed = count;
     store.setFixedRows(count);
-    geometryChanged();
+    setFixed(layout.rows, count);
 }
 
 void CellGrid::Impl::setFixedCols(std::int32_t count) {
     if (count < 0) misuse("FixedCols", count, "is negative");
     if (count > cols()) misuse("FixedCols", count, "is more than Cols");
-    if (count == layout.cols.fixed) return;
-    layout.cols.fixed = count;
-    geometryChanged();
+    if (count != layout.cols.fixed) setFixed(layout.cols, count);
+}
+
+/// A view at its start stays there: nothing is left hidden behind the fixed part.
+void CellGrid::Impl::setFixed(cellgrid::Lane& lane, std::int32_t count) {
+    const bool atStart = lane.first == lane.fixed;
+    const std::int32_t oldTop = layout.rows.first;
+    const std::int32_t oldLeft = layout.cols.first;
+    lane.fixed = count;
+    if (atStart) lane.first = count;
+    Scroll scrolled = settle();
+    scrolled.oldTop = oldTop;
+    scrolled.oldLeft = oldLeft;
+    announce(scrolled);
 }
 
 void CellGrid::Impl::insertRow(std::int32_t position) {
@@ -99,8 +109,9 @@ void CellGrid::Impl::insertRow(std::int32_t position) {
     contentWillChange(-1);
     insertRows(position, 1);
     if (currentRow < 0) currentRow = layout.rows.fixed;
-    geometryChanged();
+    const Scroll scrolled = settle();
     grid.RowMoved(position, true);
+    announce(scrolled);
 }
 
 void CellGrid::Impl::removeRow(std::int32_t position) {
@@ -109,8 +120,9 @@ void CellGrid::Impl::removeRow(std::int32_t position) {
     contentWillChange(-1);
     removeRows(position, 1);
     rowRemoved(position);
-    geometryChanged();
+    const Scroll scrolled = settle();
     grid.RowMoved(position, false);
+    announce(scrolled);
 }
 
 /// A caption and the width it needs, in a column that an event's listener may have taken away.

@@ -5,25 +5,31 @@
 
 namespace kxVsGrid {
 
-void CellGrid::Impl::scrollTo(std::int32_t topRow, std::int32_t leftCol) {
+CellGrid::Impl::Scroll CellGrid::Impl::scroll(std::int32_t topRow, std::int32_t leftCol) {
     cellgrid::Lane& down = layout.rows;
     cellgrid::Lane& across = layout.cols;
-    const std::int32_t oldTop = down.first;
-    const std::int32_t oldLeft = across.first;
+    Scroll done{down.first, across.first, 0, 0};
     // The start is always allowed; asking for the end costs more than that.
     down.first = topRow <= down.fixed ? down.fixed : std::min(topRow, layout.maxTopRow());
     across.first = leftCol <= across.fixed ? across.fixed : std::min(leftCol, layout.maxLeftCol());
-    if (down.first == oldTop && across.first == oldLeft) return;
+    done.top = down.first;
+    done.left = across.first;
+    if (done.top == done.oldTop && done.left == done.oldLeft) return done;
     rowsKnown = false;
     damage.addAll();
-    grid.AfterScroll(oldTop, oldLeft, down.first, across.first);
+    return done;
 }
 
-/// Sizes, counts or the view have changed: everything is drawn anew, and what was scrolled too far is not.
-void CellGrid::Impl::geometryChanged() {
+void CellGrid::Impl::announce(const Scroll& done) {
+    if (done.top == done.oldTop && done.left == done.oldLeft) return;
+    if (done.top != layout.rows.first || done.left != layout.cols.first) return;
+    grid.AfterScroll(done.oldTop, done.oldLeft, done.top, done.left);
+}
+
+CellGrid::Impl::Scroll CellGrid::Impl::settle() {
     rowsKnown = false;
     damage.addAll();
-    scrollTo(layout.rows.first, layout.cols.first);
+    return scroll(layout.rows.first, layout.cols.first);
 }
 
 void CellGrid::Impl::bringIntoView() {

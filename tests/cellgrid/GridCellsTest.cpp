@@ -135,6 +135,14 @@ TEST_F(Cells, ArePaintedByTheColumnAndKeepTheirAlignment) {
     EXPECT_EQ(grid.CellAlignment(2, 3), flexAlignRightTop);
 }
 
+TEST_F(Cells, StayAsTheyAreWhenARangeOfNoRowsIsPaintedOrCleared) {
+    grid.Text(3, 1, "text");
+    grid.PaintColumn(1, 6, 5, 1, 1);
+    grid.ClearText(4, 3);
+    EXPECT_EQ(grid.CellForeColor(5, 1), std::nullopt);
+    EXPECT_EQ(grid.Text(3, 1), "text");
+}
+
 TEST_F(Cells, PreferTheirOwnAlignmentToTheColumns) {
     grid.ColAlignment(1, flexAlignCenterTop);
     grid.FixedAlignment(1, flexAlignCenterCenter);
@@ -210,6 +218,12 @@ TEST_F(Cells, LetGoOfWhatAComputedTextHeldOn) {
     EXPECT_EQ(grid.Text(3, 2), "7");
     grid.Cols(2);
     EXPECT_EQ(held.use_count(), 2);  // the test's own two
+}
+
+TEST_F(Cells, AreEmptyWhenNothingComputesThemAnyMore) {
+    grid.ComputedText(1, 2, [] { return std::string("computed"); });
+    grid.ComputedText(1, 2, nullptr);
+    EXPECT_EQ(grid.Text(1, 2), "");
 }
 
 TEST_F(Cells, MayOverwriteThemselvesWhileTheyCompute) {

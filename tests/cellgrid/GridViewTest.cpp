@@ -1,6 +1,8 @@
 // What is in view: scrolling, scroll bars, places of cells, and what lies under a point.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "Dice.h"
 #include "kxVsGrid/CellGrid.h"
 
@@ -80,6 +82,54 @@ TEST_F(View, IsClampedAgainWhenRowsColumnsOrSizesChange) {
     grid.RowHidden(50, true);
     EXPECT_EQ(grid.TopRow(), 36);
     EXPECT_EQ(scrolls, (Lines{"92,6 -> 42,6", "42,6 -> 42,3", "42,3 -> 37,3", "37,3 -> 36,3"}));
+}
+
+TEST_F(View, StaysAtItsStartWhenTheFixedPartChanges) {
+    grid.FixedRows(3);
+    grid.FixedCols(2);
+    EXPECT_EQ(grid.TopRow(), 3);
+    EXPECT_EQ(grid.LeftCol(), 2);
+    grid.FixedRows(0);
+    grid.FixedCols(0);
+    EXPECT_EQ(grid.TopRow(), 0);
+    EXPECT_EQ(grid.LeftCol(), 0);
+    EXPECT_EQ(scrolls, (Lines{"1,1 -> 3,1", "3,1 -> 3,2", "3,2 -> 0,2", "0,2 -> 0,0"}));
+    grid.TopRow(10);
+    grid.FixedRows(1);
+    EXPECT_EQ(grid.TopRow(), 10);
+}
+
+TEST_F(View, TellsOfARemovedRowBeforeTheScrollThatFollows) {
+    grid.TopRow(92);
+    scrolls.clear();
+    grid.RowMoved.connect([this](int row, bool) { scrolls.push_back("removed " + std::to_string(row)); });
+    grid.RemoveRow(100);
+    EXPECT_EQ(scrolls, (Lines{"removed 100", "92,1 -> 91,1"}));
+}
+
+TEST_F(View, TakesTheLargestNumbersWithoutOverflow) {
+    constexpr std::int32_t Most = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t Least = std::numeric_limits<std::int32_t>::min();
+    grid.ScrollTo(Most, Most);
+    grid.ScrollTo(Least, Least);
+    EXPECT_EQ(grid.TopRow(), 1);
+    EXPECT_EQ(grid.HitTest(Most, Least).part, GridHit::Part::Outside);
+    EXPECT_EQ(grid.TopRowToShow(50, Least), 50);
+    EXPECT_EQ(grid.TopRowToShow(50, Most), 1);
+    grid.wheel(Least);
+    grid.wheel(Most);
+    EXPECT_EQ(grid.TopRow(), 92);
+    grid.mouseDown(LeftButton, 0, 1990, 100);
+    grid.mouseMove(LeftButton, 0, Most, Most);
+    grid.mouseMove(LeftButton, 0, Least, Least);
+    grid.mouseUp(LeftButton, 0, Least, Least);
+    EXPECT_EQ(grid.ColWidth(1), 60);
+    grid.RowHeight(100, 1'000'000'000);
+    EXPECT_THROW(grid.RowHeight(100, 1'000'000'001), GridError);
+    grid.BottomStrip(Most);
+    grid.Resize(Most, Most);
+    EXPECT_TRUE(grid.VerticalBarShown());
+    EXPECT_EQ(grid.CellRect(100, 1).height, 1'000'000'000);
 }
 
 TEST_F(View, GivesScrollBarsWhenSomethingDoesNotFit) {
