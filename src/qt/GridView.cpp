@@ -69,7 +69,14 @@ void GridView::paintPart(QPainter& painter, const QRect& part) {
     const QRect corner = stage_.bars().corner();
     paintGrid(painter, part, grid.Grid(), grid.gridRect(), mainFrame_);
     if (corner.intersects(part)) painter.fillRect(corner & part, palette().color(QPalette::Window));
-    if (grid.totalRowShown()) paintGrid(painter, part, grid.Grid_Sum(), grid.totalRowRect(), totalFrame_);
+    if (!grid.totalRowShown()) return;
+    paintGrid(painter, part, grid.Grid_Sum(), grid.totalRowRect(), totalFrame_);
+    // no slivers of a data row between the totals and the scroll bar
+    const Scale scale = stage_.scale();
+    QRect below = scale.pixels(grid.totalRowRect());
+    below.setTop(below.bottom() + 1);
+    below.setBottom(scale.pixel(grid.Grid().ClientHeight()) - 1);
+    painter.fillRect(below & part, QColor(colors_.rgb(grid.Grid_Sum().BackColorBkg())));
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,

@@ -23,8 +23,9 @@ int mixed(int a, int b, double share) {
 }  // namespace
 
 double contrast(QRgb a, QRgb b) {
-    const auto [dark, light] = std::minmax(luminance(a), luminance(b));
-    return (light + 0.05) / (dark + 0.05);
+    const double first = luminance(a) + 0.05;
+    const double second = luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
 }
 
 QRgb blend(QRgb a, QRgb b, double share) {

@@ -1,0 +1,169 @@
+// Presses, double clicks, the wheel, dragging.
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "qt/Window.h"
+
+namespace kxVsGrid::qt::testing {
+namespace {
+
+void turnWheel(QWidget& widget, const QPoint& angle) {
+    const QPointF at = widget.rect().center();
+    QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), angle, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+}
+
+QScrollBar& bar(Window& w, Qt::Orientation orientation) {
+    for (auto* found : w.widget->findChildren<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly))
+        if (found->orientation() == orientation) return *found;
+    throw std::logic_error("no such bar");
+}
+}  // namespace
+
+TEST(Mouse, PressMovesTheCellAndTakesTheKeyboard) {
+    Window w;
+    w.click(3, Quantity);
+    EXPECT_EQ(w.current(), "3,3");
+    EXPECT_TRUE(w.view().hasFocus());
+    EXPECT_FALSE(w.editorShown());
+}
+
+TEST(Mouse, PressCommitsTheOpenEditorFirst) {
+    Window w;
+    w.focusCell(1, Code);
+    w.type("new");
+    w.click(3, Quantity);
+    EXPECT_EQ(w.text(1, Code), "new");
+    EXPECT_EQ(w.current(), "3,3");
+    EXPECT_TRUE(w.view().hasFocus());
+}
+
+TEST(Mouse, PressIsHeldBackByARefusedText) {
+    Window w;
+    w.focusCell(1, Quantity);
+    w.type("1+");
+    w.click(3, Code);
+    EXPECT_EQ(w.current(), "1,3");
+    EXPECT_TRUE(w.editorShown());
+    EXPECT_TRUE(w.editor().hasFocus());
+}
+
+TEST(Mouse, DoubleClickOpensTheEditor) {
+    Window w;
+    int clicks = 0;
+    int doubles = 0;
+    w.grid().Click.connect([&] { ++clicks; });
+    w.grid().DblClick.connect([&] { ++doubles; });
+    w.doubleClick(1, Code);
+    ASSERT_TRUE(w.editorShown());
+    EXPECT_EQ(w.editorText(), "A001");
+    EXPECT_EQ(w.grid().editorView().selLength, 4U);
+    EXPECT_EQ(doubles, 1);
+    EXPECT_GE(clicks, 1);
+}
+
+TEST(Mouse, SingleClickOnABooleanCellOnlyMoves) {
+    Window w;
+    w.click(2, Paid);
+    EXPECT_EQ(w.text(2, Paid), "");
+    w.doubleClick(2, Paid);
+    EXPECT_EQ(w.text(2, Paid), "-1");
+}
+
+TEST(Mouse, RightPressIsToldAndMovesNothing) {
+    Window w;
+    std::int16_t button = 0;
+    w.grid().MouseDown.connect([&](std::int16_t b, std::int16_t, float, float, bool& cancel) {
+        button = b;
+        cancel = true;
+    });
+    w.focusCell(1, Code);
+    QTest::mouseClick(&w.view(), Qt::RightButton, Qt::NoModifier, w.at(3, Quantity));
+    EXPECT_EQ(button, RightButton);
+    EXPECT_EQ(w.current(), "1,1");
+}
+
+TEST(Mouse, PressOnTheTotalRowDoesNothing) {
+    Window w;
+    w.focusCell(1, Code);
+    Rect totals = w.grid().totalRowRect();
+    const QPoint middle(w.at(1, Quantity).x(), (totals.top + totals.height / 2) / 15);
+    QTest::mouseClick(&w.view(), Qt::LeftButton, Qt::NoModifier, middle);
+    EXPECT_EQ(w.current(), "1,1");
+}
+
+TEST(Mouse, WheelScrollsThreeRowsForANotch) {
+    Window w;
+    turnWheel(w.view(), {0, -120});
+    EXPECT_EQ(w.grid().Grid().TopRow(), 4);
+    turnWheel(w.view(), {0, 120});
+    EXPECT_EQ(w.grid().Grid().TopRow(), 1);
+}
+
+TEST(Mouse, WheelAddsUpSmallTurns) {
+    Window w;
+    for (int i = 0; i < 7; ++i) turnWheel(w.view(), {0, -15});
+    EXPECT_EQ(w.grid().Grid().TopRow(), 1);
+    turnWheel(w.view(), {0, -15});
+    EXPECT_EQ(w.grid().Grid().TopRow(), 4);
+}
+
+TEST(Mouse, WheelDoesNotScrollAwayFromTheOpenEditor) {
+    Window w;
+    w.focusCell(1, Code);
+    w.type("x");
+    turnWheel(w.editor(), {0, -120});
+    EXPECT_EQ(w.grid().Grid().TopRow(), 1);
+    EXPECT_EQ(w.editor().geometry(), w.cell(1, Code));
+}
+
+TEST(Mouse, DragsAColumnsEdge) {
+    Window w;
+    int resized = 0;
+    w.grid().Grid().AfterUserResize.connect([&](std::int32_t, std::int32_t col) { resized = col; });
+    const QRect header = w.cell(0, Code);
+    const QPoint edge(header.right(), header.center().y());
+    const std::int32_t before = w.grid().ColWidth(Code);
+    QTest::mouseMove(&w.view(), edge);
+    EXPECT_EQ(w.view().cursor().shape(), Qt::SplitHCursor);
+    QTest::mousePress(&w.view(), Qt::LeftButton, Qt::NoModifier, edge);
+    QMouseEvent move(QEvent::MouseMove, edge + QPoint(20, 0), w.view().mapToGlobal(edge + QPoint(20, 0)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&w.view(), &move);
+    QTest::mouseRelease(&w.view(), Qt::LeftButton, Qt::NoModifier, edge + QPoint(20, 0));
+    EXPECT_EQ(resized, Code);
+    EXPECT_NEAR(w.grid().ColWidth(Code), before + 300, 15);
+    QTest::mouseMove(&w.view(), w.at(3, Code));
+    EXPECT_EQ(w.view().cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST(ScrollBars, AreShownAsTheGridDecides) {
+    Window w;
+    EXPECT_EQ(bar(w, Qt::Vertical).isVisible(), w.grid().Grid().VerticalBarShown());
+    EXPECT_TRUE(bar(w, Qt::Vertical).isVisible());
+    EXPECT_EQ(bar(w, Qt::Horizontal).isVisible(), w.grid().Grid().HorizontalBarShown());
+    w.grid().Rows(6);
+    w.settle();
+    EXPECT_EQ(bar(w, Qt::Vertical).isVisible(), w.grid().Grid().VerticalBarShown());
+    EXPECT_FALSE(bar(w, Qt::Vertical).isVisible());
+}
+
+TEST(ScrollBars, ScrollTheGrid) {
+    Window w;
+    bar(w, Qt::Vertical).setValue(5);
+    EXPECT_EQ(w.grid().Grid().TopRow(), 5);
+    w.grid().Grid().TopRow(9);
+    w.settle();
+    EXPECT_EQ(bar(w, Qt::Vertical).value(), 9);
+}
+
+TEST(ScrollBars, GoBackWhenTheGridStaysWithItsEditor) {
+    Window w;
+    w.focusCell(1, Code);
+    w.type("x");
+    bar(w, Qt::Vertical).setValue(5);
+    EXPECT_EQ(w.grid().Grid().TopRow(), 1);
+    EXPECT_EQ(bar(w, Qt::Vertical).value(), 1);
+}
+}  // namespace kxVsGrid::qt::testing

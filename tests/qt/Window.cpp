@@ -1,0 +1,135 @@
+#include "qt/Window.h"
+
+#include <QDir>
+#include <stdexcept>
+
+#include "qt/GridView.h"
+#include "qt/Scale.h"
+
+namespace kxVsGrid::qt::testing {
+namespace {
+
+void describe(kxGrid& grid, std::int16_t col, mEmDataType type, bool editable = true) {
+    auto column = grid.VsCtrl(col);
+    column->iType(type);
+    column->bIsEditable(editable);
+    column->bIsVisible(true);
+}
+}  // namespace
+
+Window::Window() : before(new QLineEdit), widget(new kxGridWidget), after(new QLineEdit) {
+    auto* layout = new QVBoxLayout(&window);
+    layout->addWidget(before);
+    layout->addWidget(widget, 1);
+    layout->addWidget(after);
+    kxGrid& g = grid();
+    g.FormatString("行号|<货号          |<品名              |>数量            |^已付|^日期              |<备注                ");
+    g.Rows(30);
+    for (std::int16_t col = 0; col < Count; ++col) describe(g, col, flexDTString);
+    describe(g, Name, flexDTString, false);
+    describe(g, Quantity, flexDTDouble);
+    describe(g, Paid, flexDTBoolean);
+    describe(g, Date, flexDTDate);
+    g.VsCtrl(Quantity)->iColAlignment(flexAlignRightCenter);
+    g.VsCtrl(Paid)->iColAlignment(flexAlignCenterCenter);
+    g.VsCtrl(Date)->iColAlignment(flexAlignCenterCenter);
+    g.VsCtrl(Quantity)->b是否合计数据(true);
+    g.VsCtrl(Remark)->b是否编辑多行(true);
+    g.ColFormat(Quantity, "#,##0.00");
+    g.SumRow(true);
+    g.ReDraw(true);
+    g.SetCell(1, Code, "A001", "1");
+    g.SetCell(1, Name, "苹果汁", "");
+    g.SetCell(1, Quantity, "1234.5", "");
+    g.SetCell(1, Paid, "-1", "");
+    g.SetCell(1, Date, "2026-11-20", "");
+    g.SetCell(2, Code, "A002", "2");
+    g.SetCell(2, Name, "矿泉水", "");
+    g.SetCell(2, Quantity, "12", "");
+    window.resize(640, 360);
+    window.show();
+    window.activateWindow();
+    QApplication::setActiveWindow(&window);
+    before->setFocus();
+    settle();
+}
+
+QWidget& Window::view() {
+    for (QObject* child : widget->children())
+        if (auto* found = dynamic_cast<GridView*>(child)) return *found;
+    throw std::logic_error("the widget has no view");
+}
+
+QWidget& Window::editor() {
+    for (auto* box : widget->findChildren<QLineEdit*>())
+        if (box->isVisible()) return *box;
+    for (auto* box : widget->findChildren<QPlainTextEdit*>())
+        if (box->isVisible()) return *box;
+    throw std::logic_error("the editor is not shown");
+}
+
+bool Window::editorShown() { return grid().editorView().visible; }
+
+QString Window::editorText() {
+    if (auto* line = qobject_cast<QLineEdit*>(&editor())) return line->text();
+    return qobject_cast<QPlainTextEdit*>(&editor())->toPlainText();
+}
+
+QRect Window::cell(std::int32_t row, std::int32_t col) {
+    Rect rect = grid().Grid().CellRect(row, col);
+    rect.left += grid().gridRect().left;
+    rect.top += grid().gridRect().top;
+    return Scale(*widget).pixels(rect);
+}
+
+QPoint Window::at(std::int32_t row, std::int32_t col) { return cell(row, col).center(); }
+
+std::string Window::current() {
+    return std::to_string(grid().Row()) + "," + std::to_string(grid().Col());
+}
+
+void Window::focusCell(std::int32_t row, std::int32_t col) {
+    grid().Grid().Select(row, col);
+    widget->setFocus();
+    settle();
+}
+
+void Window::click(std::int32_t row, std::int32_t col) {
+    QTest::mouseClick(&view(), Qt::LeftButton, Qt::NoModifier, at(row, col));
+}
+
+void Window::doubleClick(std::int32_t row, std::int32_t col) {
+    QTest::mouseClick(&view(), Qt::LeftButton, Qt::NoModifier, at(row, col));
+    QTest::mouseDClick(&view(), Qt::LeftButton, Qt::NoModifier, at(row, col));
+}
+
+void Window::type(const QString& text) {
+    for (const QChar character : text) {
+        const bool ascii = character.unicode() < 0x80;
+        const Qt::Key key = ascii ? QTest::asciiToKey(character.toLatin1()) : Qt::Key_unknown;
+        QTest::sendKeyEvent(QTest::Click, &focused(), key, QString(character), Qt::NoModifier);
+    }
+}
+
+void Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&focused(), key, modifiers); }
+
+void Window::compose(const QString& preedit, const QString& commit) {
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QApplication::sendEvent(&focused(), &event);
+}
+
+void Window::settle() {
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+}
+
+QImage Window::picture(const QString& name) {
+    settle();
+    const QImage image = window.grab().toImage();
+    const QString folder = QStringLiteral(KX_PICTURES);
+    QDir().mkpath(folder);
+    const int percent = qRound(window.devicePixelRatioF() * 100);
+    EXPECT_TRUE(image.save(QStringLiteral("%1/%2-%3.png").arg(folder, name).arg(percent)));
+    return image;
+}
+}  // namespace kxVsGrid::qt::testing
