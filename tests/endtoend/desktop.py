@@ -37,6 +37,31 @@ def wait_for(what, ask, patience=PATIENCE):
         time.sleep(0.05)
 
 
+def _processes_below(root):
+    """The ids of all processes that `root` started, and those started."""
+    children = {}
+    for stat in pathlib.Path("/proc").glob("[0-9]*/stat"):
+        try:
+            parent = int(stat.read_text(errors="replace").rpartition(")")[2].split()[1])
+        except OSError:
+            continue  # it ended meanwhile
+        children.setdefault(parent, []).append(int(stat.parent.name))
+    found = []
+    unseen = [root]
+    while unseen:
+        found.extend(children.get(unseen[-1], []))
+        unseen.extend(children.get(unseen.pop(), []))
+    return found
+
+
+def _processor_time(process):
+    """Nanoseconds that a process has had a processor; None when it has ended."""
+    try:
+        return pathlib.Path(f"/proc/{process}/schedstat").read_text().split()[0]
+    except OSError:
+        return None
+
+
 def _die_with_parent():
     pr_set_pdeathsig = 1
     ctypes.CDLL(None).prctl(pr_set_pdeathsig, signal.SIGTERM)
@@ -58,7 +83,7 @@ class Desktop:
         try:
             self._prepare_environment()
             self._start_display()
-            self.start("openbox", ["openbox"])
+            self._start_window_manager()
         except BaseException:
             self._end()
             raise
@@ -97,6 +122,11 @@ class Desktop:
             raise Failure("Xvfb did not start: " + self.log("Xvfb"))
         self.environment["DISPLAY"] = ":" + number
 
+    def _start_window_manager(self):
+        self.start("openbox", ["openbox"])
+        # A window that appears while the manager looks for windows can be lost to both.
+        wait_for("the window manager", lambda: self.xdotool("get_desktop").returncode == 0)
+
     def start_input_method(self, engine):
         self.start("dbus-daemon", ["dbus-daemon", "--session", "--nofork", "--print-address=1"])
         address = wait_for("the message bus", lambda: self.log("dbus-daemon").strip())
@@ -119,6 +149,17 @@ class Desktop:
 
     def _ibus(self, *arguments):
         return subprocess.run(["ibus", *arguments], env=self.environment, capture_output=True, text=True, check=False)
+
+    def settle(self):
+        """Waits until no program of the desktop has had anything to do for a moment."""
+
+        def still():
+            programs = _processes_below(os.getpid())
+            before = [_processor_time(program) for program in programs]
+            time.sleep(0.08)
+            return before == [_processor_time(program) for program in programs]
+
+        wait_for("the programs to come to rest", still)
 
     def start(self, name, command, **options):
         """Starts a program that ends with the desktop; its output goes to log(name)."""
@@ -196,8 +237,11 @@ class Window:
         self.check_alive()
         return self.desktop.xdotool("getactivewindow").stdout.strip() == self.id
 
-    def active_title(self):
-        return self.desktop.xdotool("getactivewindow", "getwindowname").stdout.strip()
+    def check_undisturbed(self):
+        """Fails when another window, a message box for example, has come to the front."""
+        if not self.is_active():
+            title = self.desktop.xdotool("getactivewindow", "getwindowname").stdout.strip()
+            raise Failure(f"the active window is not {self.title} but {title}")
 
     def check_alive(self):
         if self.process.poll() is not None:
@@ -210,10 +254,16 @@ class Window:
         if result.returncode != 0 or result.stderr:
             raise Failure(f"keys {names}: {result.stderr}")
 
+    def answer_box(self, *names):
+        """Waits for a box of the program, presses keys in it, and waits until it has gone."""
+        wait_for("a box", lambda: not self.is_active())
+        self.keys(*names)
+        wait_for("the end of the box", self.is_active)
+
     def type(self, text):
         """Types ASCII characters, each with the shift key that it needs."""
         self.check_alive()
-        result = self.desktop.xdotool("type", "--clearmodifiers", "--delay", "8", text)
+        result = self.desktop.xdotool("type", "--clearmodifiers", "--delay", "8", "--", text)
         if result.returncode != 0 or result.stderr:
             raise Failure(f"typing {text}: {result.stderr}")
 
@@ -224,6 +274,6 @@ class Window:
         try:
             status = self.process.wait(PATIENCE)
         except subprocess.TimeoutExpired:
-            raise Failure(f"{self.name} did not end; the active window is {self.active_title()}") from None
+            raise Failure(f"{self.name} did not end") from None
         if status != 0:
             raise Failure(f"{self.name} ended with {status}:\n{self.desktop.log(self.name)}")

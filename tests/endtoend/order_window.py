@@ -1,5 +1,6 @@
 """The order entry example under test: its window, and the database that it writes."""
 
+import os
 import sqlite3
 
 from desktop import wait_for
@@ -17,7 +18,7 @@ class OrderWindow:
     def __init__(self, desktop, program, database):
         self.database = desktop.folder / database
         self.window = desktop.open(
-            [program, "--db", str(self.database), "--today", TODAY], title="销售订单录入"
+            [os.path.abspath(program), "--db", str(self.database), "--today", TODAY], title="销售订单录入"
         )
 
     def query(self, statement, *values):
@@ -35,13 +36,13 @@ class OrderWindow:
         """Keys the first customer's code into the head, and goes on to the lines."""
         self.window.keys("F6")
         self.window.type(self.query("SELECT code FROM customer ORDER BY code LIMIT 1")[0][0])
-        self.window.keys("Return")
+        self.window.keys("Return", "F7")
 
     def save(self):
         """Saves by key, and returns the lines of the one order as the database then has them."""
         before = self._version()
         self.window.keys("ctrl+s")
-        wait_for("the saved order", lambda: self._version() > before or self.window.check_alive())
+        wait_for("the saved order", lambda: self._version() > before or self.window.check_undisturbed())
         return self.query(f"SELECT {LINE_COLUMNS} FROM order_line ORDER BY order_id, line_no")
 
     def _version(self):

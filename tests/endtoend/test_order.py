@@ -108,7 +108,7 @@ def key_wrong_line_and_delete_it(window, code):
     window.keys("Return")
     window.type("5")
     window.keys("Return", "Delete")
-    window.keys("alt+d")  # yes, the row goes
+    window.answer_box("alt+d")  # yes, the row goes
     window.keys("Home")
 
 
