@@ -84,6 +84,14 @@ const Customer* CustomerBox::meant() const {
     return matches == 1 ? only : nullptr;
 }
 
+bool CustomerBox::isHopeless() const {
+    const QString typed = text().trimmed();
+    return !typed.isEmpty() && !customer() &&
+           std::none_of(customers_.begin(), customers_.end(), [&](const Customer& one) {
+               return searchText(one).contains(typed, Qt::CaseInsensitive);
+           });
+}
+
 void CustomerBox::resolve() {
     if (customer()) return;
     if (const Customer* one = meant()) setCustomerId(one->id);

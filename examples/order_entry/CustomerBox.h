@@ -22,6 +22,8 @@ class CustomerBox : public QLineEdit {
     void setCustomerId(qint64 id);
     /// The chosen customer, or nullptr.
     const Customer* customer() const;
+    /// Something was typed that is in no customer's code, name or initials.
+    bool isHopeless() const;
 
   signals:
     void customerChanged();

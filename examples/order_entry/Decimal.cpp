@@ -1,5 +1,7 @@
 #include "Decimal.h"
 
+#include <algorithm>
+
 namespace {
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -20,6 +22,18 @@ std::string withPoint(std::uint64_t value, int decimals) {
     if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
     digits.insert(digits.size() - places, ".");
     return digits;
+}
+
+std::string trimmed(std::string text) {
+    while (text.back() == '0') text.pop_back();
+    if (text.back() == '.') text.pop_back();
+    return text;
+}
+
+std::string grouped(std::string text) {
+    const std::size_t point = std::min(text.find('.'), text.size());
+    for (std::size_t at = point; at > 3; at -= 3) text.insert(at - 3, ",");
+    return text;
 }
 }  // namespace
 
@@ -50,16 +64,18 @@ std::optional<std::int64_t> scaledNumber(std::string_view text, int decimals) {
 }
 
 std::string plainText(std::int64_t scaled, int decimals) {
-    std::string text = withPoint(magnitude(scaled), decimals);
-    while (text.back() == '0') text.pop_back();
-    if (text.back() == '.') text.pop_back();
+    const std::string text = trimmed(withPoint(magnitude(scaled), decimals));
     return scaled < 0 ? "-" + text : text;
 }
 
 std::string moneyText(Cents amount) {
-    std::string text = withPoint(magnitude(amount), PriceDecimals);
-    for (std::size_t at = text.size() - 3; at > 3; at -= 3) text.insert(at - 3, ",");
+    const std::string text = grouped(withPoint(magnitude(amount), PriceDecimals));
     return amount < 0 ? "-" + text : text;
+}
+
+std::string quantityText(Thousandths quantity) {
+    const std::string text = grouped(trimmed(withPoint(magnitude(quantity), QuantityDecimals)));
+    return quantity < 0 ? "-" + text : text;
 }
 
 std::optional<Cents> amountOf(Thousandths quantity, Cents price) {

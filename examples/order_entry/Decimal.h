@@ -23,5 +23,8 @@ std::string plainText(std::int64_t scaled, int decimals);
 /// 123456 is "1,234.56", for status lines and lists.
 std::string moneyText(Cents amount);
 
+/// 1234500 is "1,234.5": grouped, without trailing zeros.
+std::string quantityText(Thousandths quantity);
+
 /// Quantity times price, rounded to the cent, halves away from zero. Nothing when it is too large.
 std::optional<Cents> amountOf(Thousandths quantity, Cents price);

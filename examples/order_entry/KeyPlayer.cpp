@@ -63,6 +63,7 @@ void KeyPlayer::start() {
 
 void KeyPlayer::step() {
     timer_.setInterval(StepMs);
+    if (!hasKeyboard()) return;
     if (next_ >= script_.size()) {
         timer_.stop();
         emit finished({});
@@ -78,6 +79,15 @@ void KeyPlayer::step() {
     if (error.isEmpty()) return;
     timer_.stop();
     emit finished(u"%1: %2"_s.arg(QString::number(number), error));
+}
+
+// A window that has just been shown gets the keyboard when the desktop is ready to give it; a desktop without
+// a window manager has to be asked to give it back after a box.
+bool KeyPlayer::hasKeyboard() {
+    if (QApplication::focusWidget() || QApplication::activePopupWidget()) return true;
+    QWidget* modal = QApplication::activeModalWidget();
+    (modal ? modal : &window_)->activateWindow();
+    return patience_-- <= 0;
 }
 
 QString KeyPlayer::play(const QString& command, const QString& rest) {
@@ -104,7 +114,9 @@ bool KeyPlayer::savePicture(QWidget& window, const QString& file) {
     QPainter painter(&picture);
     for (QWidget* other : QApplication::topLevelWidgets()) {
         if (other == &window || !other->isVisible()) continue;
-        painter.drawPixmap(other->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), other->grab());
+        const QPoint place = other->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint());
+        painter.drawPixmap(place, other->grab());
+        painter.drawRect(QRect(place, other->size()).adjusted(-1, -1, 0, 0));  // for the desktop's frame
     }
     painter.end();
     return picture.save(file, "PNG");

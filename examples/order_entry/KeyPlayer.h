@@ -31,10 +31,12 @@ class KeyPlayer : public QObject {
 
   private:
     void step();
+    bool hasKeyboard();
     QString play(const QString& command, const QString& rest);
 
     QWidget& window_;
     QStringList script_;
     qsizetype next_ = 0;
+    int patience_ = 1000;  ///< steps to wait for the keyboard
     QTimer timer_;
 };

@@ -6,7 +6,7 @@ using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr std::int32_t SheetRows = 20;            // data rows of a new sheet
+constexpr std::int32_t SheetRows = 24;            // data rows of a new sheet
 constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow the desktop's theme
 constexpr std::uint32_t ButtonText = 0x80000012;
 constexpr std::uint32_t Red = 0x0000C0;  // red is the low byte
@@ -30,10 +30,10 @@ constexpr ColumnPlan Plan[OrderGrid::ColumnCount] = {
     {"数量", 1250, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.###"},
     {"单价", 1350, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.00"},
     {"金额", 1650, flexDTDouble, flexAlignRightCenter, false, 0, "#,##0.00"},
-    {"仓库", 1150, flexDTString, flexAlignLeftCenter, true, 20, ""},
-    {"交货日期", 1350, flexDTDate, flexAlignRightCenter, true, 0, "yyyy-mm-dd"},
+    {"仓库", 1300, flexDTString, flexAlignLeftCenter, true, 20, ""},
+    {"交货日期", 1550, flexDTDate, flexAlignRightCenter, true, 0, "yyyy-mm-dd"},
     {"赠品", 650, flexDTBoolean, flexAlignCenterCenter, true, 0, ""},
-    {"备注", 2400, flexDTString, flexAlignLeftCenter, true, 100, ""},
+    {"备注", 2200, flexDTString, flexAlignLeftCenter, true, 100, ""},
 };
 
 /// Holds a flag for the length of a block.
@@ -223,6 +223,7 @@ void OrderGrid::put(std::int32_t row, Column col, const QString& text, const QSt
 void OrderGrid::write(std::int32_t row, const OrderLine& line) {
     put(row, Code, line.code);
     put(row, Name, line.name, line.code);
+    markCode(row, !line.code.isEmpty() && line.name.isEmpty());
     put(row, Spec, line.spec);
     put(row, Unit, line.unit);
     put(row, Quantity, ::text(line.quantity, QuantityDecimals));
@@ -313,7 +314,7 @@ void OrderGrid::settleGoods(std::int32_t row) {
 
 void OrderGrid::putGoods(std::int32_t row, const QString& code, const std::optional<Goods>& goods) {
     const bool unknown = !goods && !code.isEmpty();
-    grid_.Grid().CellForeColor(row, Code, unknown ? std::optional(Red) : std::nullopt);
+    markCode(row, unknown);
     put(row, Name, goods ? goods->name : QString(), code);
     put(row, Spec, goods ? goods->spec : QString());
     if (unknown) {
@@ -326,6 +327,10 @@ void OrderGrid::putGoods(std::int32_t row, const QString& code, const std::optio
                                                QString::fromStdString(moneyText(goods->price)), goods->unit),
             false);
     }
+}
+
+void OrderGrid::markCode(std::int32_t row, bool unknown) {
+    grid_.Grid().CellForeColor(row, Code, unknown ? std::optional(Red) : std::nullopt);
 }
 
 void OrderGrid::settleAmount(std::int32_t row) {

@@ -102,6 +102,7 @@ class OrderGrid : public QObject {
     void settle(std::int32_t row);
     void settleGoods(std::int32_t row);
     void settleAmount(std::int32_t row);
+    void markCode(std::int32_t row, bool unknown);
     void putGoods(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
 
     kxVsGrid::kxGrid& grid_;

@@ -102,7 +102,7 @@ void OrderHeader::showContact() {
     if (chosen)
         contact_->setText(chosen->contact + u"  "_s + chosen->phone);
     else
-        contact_->setText(customerUnclear() ? u"没有这个客户"_s : QString());
+        contact_->setText(customer_->isHopeless() ? u"没有这个客户"_s : QString());
 }
 
 bool OrderHeader::eventFilter(QObject* watched, QEvent* event) {

@@ -100,6 +100,7 @@ bool OrderWindow::newOrder() {
 void OrderWindow::startNewOrder() {
     Order order;
     order.date = today_;
+    say({});
     try {
         if (database_.isOpen()) order.number = store_.nextNumber(today_);
     } catch (const DatabaseError& error) {
@@ -181,7 +182,11 @@ Order OrderWindow::onScreen() const {
 }
 
 bool OrderWindow::hasUnsavedWork() const {
-    return grid_->typed() || header_->customerUnclear() || onScreen() != saved_;
+    return isUnsaved(onScreen());
+}
+
+bool OrderWindow::isUnsaved(const Order& order) const {
+    return grid_->typed() || header_->customerUnclear() || order != saved_;
 }
 
 bool OrderWindow::refuse(const QString& why) {
@@ -272,12 +277,12 @@ void OrderWindow::say(const QString& text, bool warning) {
 
 void OrderWindow::refresh() {
     const Order order = onScreen();
-    const bool unsaved = hasUnsavedWork();
+    const bool unsaved = isUnsaved(order);
     Thousandths quantity = 0;
     for (const OrderLine& line : order.lines) quantity += line.quantity.value_or(0);
-    totals_->setText(u"共 %1 行    数量 %2    金额 ¥ %3"_s.arg(
-        QString::number(order.lines.size()), QString::fromStdString(plainText(quantity, QuantityDecimals)),
-        money(order.total())));
+    totals_->setText(u"共 %1 行    数量 %2    金额 ¥ %3"_s.arg(QString::number(order.lines.size()),
+                                                               QString::fromStdString(quantityText(quantity)),
+                                                               money(order.total())));
     state_->setText(unsaved ? u"未保存"_s : order.id == 0 ? u"新订单"_s : u"已保存"_s);
     setWindowTitle(u"销售订单录入 - "_s + order.number + u"[*]"_s);
     setWindowModified(unsaved);

@@ -57,6 +57,7 @@ class OrderWindow : public QMainWindow {
 
     bool connectDatabase();
     bool mayLeave();
+    bool isUnsaved(const Order& order) const;
     void startNewOrder();
     void display(const Order& order);
     bool readyToSave();

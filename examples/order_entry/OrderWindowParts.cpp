@@ -1,5 +1,6 @@
 // The window's layout, menus and status bar.
 #include <QApplication>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
@@ -26,6 +27,12 @@ void OrderWindow::layOut() {
     state_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     hint_->setForegroundRole(QPalette::PlaceholderText);
 
+    auto* frame = new QFrame(this);
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* inFrame = new QVBoxLayout(frame);
+    inFrame->setContentsMargins(0, 0, 0, 0);
+    inFrame->addWidget(widget_);
+
     auto* top = new QHBoxLayout;
     top->addWidget(title);
     top->addWidget(state_, 1);
@@ -34,7 +41,7 @@ void OrderWindow::layOut() {
     all->setSpacing(8);
     all->addLayout(top);
     all->addWidget(header_);
-    all->addWidget(widget_, 1);
+    all->addWidget(frame, 1);
     all->addWidget(hint_);
     auto* middle = new QWidget(this);
     middle->setLayout(all);
@@ -90,11 +97,17 @@ void OrderWindow::addStatus() {
 
 void OrderWindow::showKeys() {
     questions_.information(this, u"键盘操作"_s,
-                           u"Ctrl+N 新建    Ctrl+O 打开    Ctrl+S 保存    Ctrl+D 删除订单\n"
-                           "F6 表头    F7 明细    Tab / Shift+Tab 下一格 / 上一格\n\n"
-                           "明细中:\n"
-                           "直接输入即可修改;回车确认并到下一格,Esc 放弃\n"
-                           "编辑时 F2 打开帮助(仓库、交货日期)\n"
-                           "空格切换赠品;Insert 新增一行;Delete 删除当前行\n"
-                           "菜单键或鼠标右键:插入行、复制行、填充列"_s);
+                           u"Ctrl+N\t新建订单\n"
+                           "Ctrl+O\t打开订单\n"
+                           "Ctrl+S\t保存订单\n"
+                           "Ctrl+D\t删除订单\n"
+                           "F6 / F7\t到表头 / 到明细\n"
+                           "Tab\t下一格(Shift+Tab 上一格)\n"
+                           "\n在明细中:\n"
+                           "回车\t确认并到下一格;直接输入即可修改,Esc 放弃\n"
+                           "F2\t编辑时打开帮助(仓库、交货日期)\n"
+                           "空格\t切换赠品\n"
+                           "Insert\t在末尾增加一行\n"
+                           "Delete\t删除当前行\n"
+                           "菜单键\t插入行、复制行、填充列(同鼠标右键)"_s);
 }

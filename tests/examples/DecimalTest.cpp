@@ -36,6 +36,12 @@ TEST(Decimal, GroupsThousandsInMoney) {
     EXPECT_EQ(moneyText(-123456789), "-1,234,567.89");
 }
 
+TEST(Decimal, GroupsThousandsInQuantitiesWithoutTrailingZeros) {
+    EXPECT_EQ(quantityText(0), "0");
+    EXPECT_EQ(quantityText(1234500), "1,234.5");
+    EXPECT_EQ(quantityText(-1000000), "-1,000");
+}
+
 TEST(Decimal, AmountsAreRoundedToTheCent) {
     EXPECT_EQ(amountOf(1500, 333), 500);  // 1.5 x 3.33 = 4.995
     EXPECT_EQ(amountOf(-1500, 333), -500);
