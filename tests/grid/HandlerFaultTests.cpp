@@ -98,13 +98,13 @@ TEST_P(FailingMove, FailsAgainWhenItIsTriedAgain) {
 INSTANTIATE_TEST_SUITE_P(At, FailingMove, ::testing::ValuesIn(StepsOfAMove),
                          [](const auto& tested) { return std::string(tested.param.event); });
 
-class FailingHost : public FailingMove {};
+class FailingShrink : public FailingMove {};
 // Only those of FailingMove that the engine asks for when a row or column goes.
-INSTANTIATE_TEST_SUITE_P(At, FailingHost,
+INSTANTIATE_TEST_SUITE_P(At, FailingShrink,
                          ::testing::ValuesIn(std::begin(StepsOfAMove) + 1, std::end(StepsOfAMove)),
                          [](const auto& tested) { return std::string(tested.param.event); });
 
-TEST_P(FailingHost, WhileRowsGoEndsThePutOfTheRows) {
+TEST_P(FailingShrink, WhileRowsGoEndsThePutOfTheRows) {
     grid.Rows(20);
     vs().Select(15, 3);
     desk.clear();
@@ -121,7 +121,7 @@ TEST_P(FailingHost, WhileRowsGoEndsThePutOfTheRows) {
     expectToWork();
 }
 
-TEST_P(FailingHost, WhileColumnsGoEndsThePutOfTheColumns) {
+TEST_P(FailingShrink, WhileColumnsGoEndsThePutOfTheColumns) {
     vs().Select(2, 8);
     desk.clear();
     heard();

@@ -85,7 +85,9 @@ TEST_F(Members, AreListedInTheOrderOfTheInterface) {
 TEST_F(Members, SayWhatTheyAnswer) {
     for (const Entry& want : interfaceTable())
         for (const Member& member : kxGrid::members())
-            if (member.name == want.name) EXPECT_EQ(member.type, want.type) << want.name;
+            if (member.name == want.name) {
+                EXPECT_EQ(member.type, want.type) << want.name;
+            }
 }
 
 TEST_F(Members, AnswerByNameInTheTypeThatTheyName) {
