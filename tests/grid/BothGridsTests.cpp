@@ -1,5 +1,6 @@
 // Members that are put into the main grid and copied to the total row, and those of the main grid alone.
 #include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
 
@@ -9,11 +10,11 @@ namespace kxVsGrid::testing {
 namespace {
 
 struct ColorMember {
-    const char* name;
-    std::uint32_t (kxGrid::*get)() const;
-    void (kxGrid::*put)(std::uint32_t);
-    std::uint32_t (CellGrid::*own)() const;
-    void (CellGrid::*putOwn)(std::uint32_t);
+    std::string name;
+    std::function<std::uint32_t(kxGrid&)> get;
+    std::function<void(kxGrid&, std::uint32_t)> put;
+    std::function<std::uint32_t(CellGrid&)> own;
+    std::function<void(CellGrid&, std::uint32_t)> putOwn;
     friend std::ostream& operator<<(std::ostream& out, const ColorMember& member) {
         return out << member.name;
     }
@@ -24,30 +25,37 @@ class ColorsOfBothGrids : public PlacedGrid, public ::testing::WithParamInterfac
 TEST_P(ColorsOfBothGrids, ArePutIntoBothAndReadFromTheMainGrid) {
     const ColorMember& m = GetParam();
     for (const std::uint32_t value : {0x123456u, 0u, 0x80000005u, 0xFFFFFFFFu}) {
-        (grid.*m.put)(value);
-        EXPECT_EQ((grid.*m.get)(), value);
-        EXPECT_EQ((vs().*m.own)(), value);
-        EXPECT_EQ((sum().*m.own)(), value);
+        m.put(grid, value);
+        EXPECT_EQ(m.get(grid), value);
+        EXPECT_EQ(m.own(vs()), value);
+        EXPECT_EQ(m.own(sum()), value);
         EXPECT_EQ(reported(), Lines{m.name});
     }
-    (vs().*m.putOwn)(0x010203);
-    EXPECT_EQ((grid.*m.get)(), 0x010203u);
-    (sum().*m.putOwn)(0x040506);
-    EXPECT_EQ((grid.*m.get)(), 0x010203u);
+    m.putOwn(vs(), 0x010203);
+    EXPECT_EQ(m.get(grid), 0x010203u);
+    m.putOwn(sum(), 0x040506);
+    EXPECT_EQ(m.get(grid), 0x010203u);
 }
 
-const ColorMember Colors[] = {
-    {"BackColor", &kxGrid::BackColor, &kxGrid::BackColor, &CellGrid::BackColor, &CellGrid::BackColor},
-    {"BackColorBkg", &kxGrid::BackColorBkg, &kxGrid::BackColorBkg, &CellGrid::BackColorBkg,
-     &CellGrid::BackColorBkg},
-    {"BackColorFixed", &kxGrid::BackColorFixed, &kxGrid::BackColorFixed, &CellGrid::BackColorFixed,
-     &CellGrid::BackColorFixed},
-    {"ForeColor", &kxGrid::ForeColor, &kxGrid::ForeColor, &CellGrid::ForeColor, &CellGrid::ForeColor},
-    {"ForeColorFixed", &kxGrid::ForeColorFixed, &kxGrid::ForeColorFixed, &CellGrid::ForeColorFixed,
-     &CellGrid::ForeColorFixed},
-};
-INSTANTIATE_TEST_SUITE_P(Each, ColorsOfBothGrids, ::testing::ValuesIn(Colors),
-                         [](const auto& tested) { return std::string(tested.param.name); });
+TEST_P(ColorsOfBothGrids, CopyTheMainGridsColourEachTime) {
+    const ColorMember& m = GetParam();
+    m.put(grid, 0x123456);
+    m.putOwn(sum(), 0x040506);
+    m.put(grid, 0x123456);
+    EXPECT_EQ(m.own(sum()), 0x123456u);
+}
+
+#define KX_COLOR(Name)                                                                              \
+    ColorMember {                                                                                   \
+#Name, [](kxGrid& g) { return g.Name(); }, [](kxGrid& g, std::uint32_t value) { g.Name(value); }, \
+            [](CellGrid& g) { return g.Name(); }, [](CellGrid& g, std::uint32_t value) { g.Name(value); } \
+    }
+INSTANTIATE_TEST_SUITE_P(Each, ColorsOfBothGrids,
+                         ::testing::Values(KX_COLOR(BackColor), KX_COLOR(BackColorBkg),
+                                           KX_COLOR(BackColorFixed), KX_COLOR(ForeColor),
+                                           KX_COLOR(ForeColorFixed)),
+                         [](const auto& tested) { return tested.param.name; });
+#undef KX_COLOR
 
 class BothGrids : public PlacedGrid {};
 

@@ -156,7 +156,8 @@ TEST_F(GridSetUp, RecomputesTheTotalsOnlyWithATotalRow) {
 }
 
 TEST_F(GridSetUp, TrapsItsErrorsSkipsTheRestAndShowsNothing) {
-    grid.ColWidth(3, 2345);
+    vs().ColFormat(3, "0.00");
+    column(3).iColAlignment(flexAlignRightCenter);
     bool failed = false;
     auto failing = sum().CellChanged.connect([&](std::int32_t, std::int32_t) {
         failed = true;
@@ -166,11 +167,14 @@ TEST_F(GridSetUp, TrapsItsErrorsSkipsTheRestAndShowsNothing) {
     EXPECT_TRUE(failed);
     EXPECT_TRUE(grid.ReDraw());
     EXPECT_EQ(boxes(), Nothing);
-    EXPECT_NE(sum().ColWidth(3), 2345);
+    EXPECT_EQ(vs().ColAlignment(3), flexAlignRightCenter);
+    EXPECT_NE(sum().ColAlignment(3), flexAlignRightCenter);
+    EXPECT_EQ(sum().ColFormat(3), "");
 
     failing.disconnect();
     grid.ReDraw(true);
-    EXPECT_EQ(sum().ColWidth(3), 2345);
+    EXPECT_EQ(sum().ColAlignment(3), flexAlignRightCenter);
+    EXPECT_EQ(sum().ColFormat(3), "0.00");
     EXPECT_EQ(grid.ReadSum(1), "合计");
     EXPECT_EQ(vs().Redraw(), 2);
 }

@@ -186,13 +186,21 @@ TEST_F(Totals, StayWhenTheHostInsertsOrRemovesRowsThroughTheGrid) {
     grid.SetCell(2, 2, "6");
     vs().RemoveRow(2);
     EXPECT_EQ(grid.ReadSum(2), "11");
-    vs().InsertRow(1);
-    vs().Text(1, 2, "100");
+    vs().InsertRow(2);
+    vs().Text(2, 2, "100");
     EXPECT_EQ(grid.ReadSum(2), "11");
     vs().Rows(2);
     EXPECT_EQ(grid.ReadSum(2), "11");
     grid.Rows(6);
-    EXPECT_EQ(grid.ReadSum(2), "100");
+    EXPECT_EQ(grid.ReadSum(2), "5");
+}
+
+TEST_F(Totals, AreRecomputedWhenLostRowsForceTheCurrentCellAway) {
+    grid.SetCell(1, 2, "5");
+    grid.SetCell(5, 2, "6");
+    vs().Select(5, 2);
+    vs().Rows(3);
+    EXPECT_EQ(grid.ReadSum(2), "5");
 }
 
 TEST_F(Totals, OfOtherColumnsStayWithASetCell) {
