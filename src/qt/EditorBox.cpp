@@ -216,6 +216,10 @@ void EditorBox::menu(const QPoint& place) {
     showEditMenu(*port_, *this, place);
 }
 
+void EditorBox::wheel(const QWheelEvent& event) {
+    stage_.wheel(event);
+}
+
 // --- Input method ---------------------------------------------------------------------------------------
 
 void EditorBox::inputMethod(QInputMethodEvent& event) {

@@ -58,6 +58,7 @@ class EditorBox : private BoxEvents {
     void focusLost(const QFocusEvent& event) override;
     bool leave(bool forward) override;
     void menu(const QPoint& place) override;
+    void wheel(const QWheelEvent& event) override;
     bool refused() const override { return view_.refused; }
 
     void choose(bool multiLine);

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <cmath>
 
 #include "qt/BoxParts.h"
 #include "qt/Captions.h"
@@ -15,6 +16,13 @@
 #include "qt/Stage.h"
 
 namespace kxVsGrid::qt {
+namespace {
+
+/// Middle of the pixel that the mouse points at: on the side of a cell's edge that the pixel is painted on.
+std::int32_t middle(const Scale& scale, double pixel) {
+    return scale.twips(std::floor(pixel) + 0.5);
+}
+}  // namespace
 
 GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
     setFocusPolicy(Qt::TabFocus);
@@ -23,12 +31,11 @@ GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stag
     setMouseTracking(true);
     setContextMenuPolicy(Qt::PreventContextMenu);  // the press itself goes to the control
     setAccessibleName(captions::Grid);
-    colors_ = SystemColors(palette());
 }
 
-void GridView::lookChanged() {
-    colors_ = SystemColors(palette());
-    update();
+Rect GridView::mainPlace() const {
+    const CellGrid& grid = stage_.grid().Grid();
+    return {0, 0, grid.Width(), grid.Height()};
 }
 
 // --- Painting -------------------------------------------------------------------------------------------
@@ -51,6 +58,10 @@ void GridView::repaintDamage(const CellGrid::Damage& damage, const Rect& origin)
 void GridView::paintEvent(QPaintEvent* event) {
     constexpr int ManyParts = 8;
     QPainter painter(this);
+    if (palette().cacheKey() != paletteKey_) {
+        paletteKey_ = palette().cacheKey();
+        colors_ = SystemColors(palette());
+    }
     frames_.look(font(), colors_, stage_.scale(), this);
     const QRegion& region = event->region();
     if (region.rectCount() > ManyParts) {
@@ -67,7 +78,7 @@ void GridView::paintEvent(QPaintEvent* event) {
 void GridView::paintPart(QPainter& painter, const QRect& part) {
     const kxGrid& grid = stage_.grid();
     const QRect corner = stage_.bars().corner();
-    paintGrid(painter, part, grid.Grid(), grid.gridRect(), mainFrame_);
+    paintGrid(painter, part, grid.Grid(), mainPlace(), mainFrame_);
     if (corner.intersects(part)) painter.fillRect(corner & part, palette().color(QPalette::Window));
     if (!grid.totalRowShown()) return;
     paintGrid(painter, part, grid.Grid_Sum(), grid.totalRowRect(), totalFrame_);
@@ -98,7 +109,7 @@ void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& g
 bool GridView::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::FocusAboutToChange:
-            stage_.box().endComposition();
+            stage_.endComposition();
             break;
         case QEvent::ShortcutOverride: {
             auto& key = static_cast<QKeyEvent&>(*event);
@@ -188,10 +199,7 @@ QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
     if (!place) return QWidget::inputMethodQuery(query);
     const CellGrid& grid = stage_.grid().Grid();
     if (grid.Row() < 0 || grid.Col() < 0) return QRectF();
-    Rect cell = grid.CellRect(grid.Row(), grid.Col());
-    cell.left += stage_.grid().gridRect().left;
-    cell.top += stage_.grid().gridRect().top;
-    const QRect pixels = stage_.scale().pixels(cell);
+    const QRect pixels = stage_.scale().pixels(grid.CellRect(grid.Row(), grid.Col()));
     return QRectF(pixels.left(), pixels.top(), 1, pixels.height());
 }
 
@@ -200,10 +208,10 @@ QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
 void GridView::mousePressEvent(QMouseEvent* event) {
     const Scale scale = stage_.scale();
     const QPointF at = event->position();
-    stage_.box().endComposition();
+    stage_.endComposition();
     stage_.guarded([&](Input& input) {
-        input.mouseDown(buttonsOf(event->button()), shiftOf(event->modifiers()), scale.twips(at.x()),
-                        scale.twips(at.y()));
+        input.mouseDown(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
+                        middle(scale, at.y()));
     });
 }
 
@@ -211,8 +219,8 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
     const Scale scale = stage_.scale();
     const QPointF at = event->position();
     stage_.guarded([&](Input& input) {
-        input.mouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), scale.twips(at.x()),
-                      scale.twips(at.y()));
+        input.mouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
+                      middle(scale, at.y()));
     });
 }
 
@@ -220,8 +228,8 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
     const Scale scale = stage_.scale();
     const QPointF at = event->position();
     stage_.guarded([&](Input& input) {
-        input.doubleClick(buttonsOf(event->button()), shiftOf(event->modifiers()), scale.twips(at.x()),
-                          scale.twips(at.y()));
+        input.doubleClick(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
+                          middle(scale, at.y()));
     });
 }
 
@@ -230,20 +238,23 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
     const QPointF at = event->position();
     if (event->buttons() == Qt::NoButton) showCursorFor(*event);
     stage_.guarded([&](Input& input) {
-        input.mouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), scale.twips(at.x()),
-                        scale.twips(at.y()));
+        input.mouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), middle(scale, at.x()),
+                        middle(scale, at.y()));
     });
+}
+
+void GridView::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    stage_.wheel(*event);
 }
 
 void GridView::showCursorFor(const QMouseEvent& event) {
     const Scale scale = stage_.scale();
     const kxGrid& grid = stage_.grid();
-    const std::int32_t x = scale.twips(event.position().x());
-    const std::int32_t y = scale.twips(event.position().y());
-    const Rect origin = grid.gridRect();
+    const std::int32_t x = middle(scale, event.position().x());
+    const std::int32_t y = middle(scale, event.position().y());
     const bool overTotals = grid.totalRowShown() && grid.totalRowRect().contains(x, y);
-    const bool edge =
-        !overTotals && grid.Grid().HitTest(x - origin.left, y - origin.top).part == GridHit::Part::ColumnEdge;
+    const bool edge = !overTotals && grid.Grid().HitTest(x, y).part == GridHit::Part::ColumnEdge;
     if (edge == splitCursor_) return;
     splitCursor_ = edge;
     if (edge)

@@ -17,10 +17,11 @@ class GridView : public QWidget {
     GridView(Stage& stage, QWidget* parent);
 
     Stage& stage() const { return stage_; }
+    /// Where the main grid is painted: at the very edge, like the total row, so that their columns meet. The
+    /// twip that the layout leaves free is no pixel on any screen.
+    Rect mainPlace() const;
     /// Asks for a paint of what has been damaged of one of the grids, whose view starts at `origin`.
     void repaintDamage(const CellGrid::Damage& damage, const Rect& origin);
-    /// The colours or the font have changed.
-    void lookChanged();
     /// Moves the keyboard to the control after (or before) the grid in the window.
     bool leave(bool forward);
 
@@ -36,6 +37,7 @@ class GridView : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     bool focusNextPrevChild(bool next) override;
@@ -52,6 +54,7 @@ class GridView : public QWidget {
     Stage& stage_;
     FramePainter frames_;
     SystemColors colors_;
+    qint64 paletteKey_ = -1;
     Frame mainFrame_;
     Frame totalFrame_;
     bool splitCursor_ = false;

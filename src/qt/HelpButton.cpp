@@ -18,7 +18,7 @@ HelpButton::HelpButton(Stage& stage, QWidget* parent) : QToolButton(parent), sta
 void HelpButton::mousePressEvent(QMouseEvent* event) {
     event->accept();
     if (event->button() != Qt::LeftButton) return;
-    stage_.box().endComposition();
+    stage_.endComposition();
     stage_.guarded([](Input& input) { input.helpButtonPressed(); });
 }
 

@@ -1,4 +1,5 @@
 #include <QContextMenuEvent>
+#include <QWheelEvent>
 
 #include "qt/BoxParts.h"
 #include "qt/Captions.h"
@@ -92,6 +93,11 @@ void LineBox::mouseMoveEvent(QMouseEvent* event) {
 
 void LineBox::contextMenuEvent(QContextMenuEvent* event) {
     events_.menu(event->globalPos());
+}
+
+void LineBox::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    events_.wheel(*event);
 }
 
 void LineBox::paintEvent(QPaintEvent* event) {

@@ -2,7 +2,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextOption>
-#include <algorithm>
+#include <QWheelEvent>
 
 #include "qt/BoxParts.h"
 #include "qt/Captions.h"
@@ -100,6 +100,11 @@ void LinesBox::mouseMoveEvent(QMouseEvent* event) {
 
 void LinesBox::contextMenuEvent(QContextMenuEvent* event) {
     events_.menu(event->globalPos());
+}
+
+void LinesBox::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    events_.wheel(*event);
 }
 
 void LinesBox::paintEvent(QPaintEvent* event) {

@@ -25,8 +25,9 @@ double lineHeight(const QWidget& widget) {
 void QtMetrics::use(const QWidget& widget) {
     metrics_.emplace(QFont(widget.font(), &widget));
     scale_.emplace(widget);
-    // the grid line, and the pixel that rounding may take
-    rowHeight_ = scale_->twips(std::ceil(std::max(metrics_->height(), lineHeight(widget))) + 2);
+    // the grid line, and what rounding and accents may take above and below
+    constexpr int Room = 3;
+    rowHeight_ = scale_->twips(std::ceil(std::max(metrics_->height(), lineHeight(widget))) + Room);
 }
 
 std::int32_t QtMetrics::textWidth(std::string_view text) const {

@@ -6,6 +6,7 @@
 #include <QInputMethod>
 #include <QMenuBar>
 #include <QWheelEvent>
+#include <utility>
 
 #include "kxVsGrid/qt/kxGridWidget.h"
 #include "qt/Encoding.h"
@@ -173,7 +174,10 @@ void Stage::showFocus(bool focused) {
 void Stage::focusEntered(FocusPlace place) {
     away_ = false;
     showFocus(true);
-    guarded([&](Input& input) { input.focusMoved(place); });
+    const bool waits = editorWaitsForFocus_ && !composingOnGrid_;
+    if (place == FocusPlace::Editor) editorWaitsForFocus_ = false;
+    if (!guarded([&](Input& input) { input.focusMoved(place); })) return;
+    if (waits && place == FocusPlace::Grid) giveFocus(FocusPlace::Editor);
 }
 
 void Stage::focusLeft(const QFocusEvent& event) {
@@ -189,7 +193,11 @@ void Stage::focusLeft(const QFocusEvent& event) {
             break;
     }
     if (ours) return;  // it reports itself
-    guarded([](Input& input) { input.focusMoved(FocusPlace::Elsewhere); });
+    guarded([&](Input& input) {
+        // what was composed on the grid is the editor's: it is the editor that is left
+        if (std::exchange(editorWaitsForFocus_, false)) input.focusMoved(FocusPlace::Editor);
+        input.focusMoved(FocusPlace::Elsewhere);
+    });
 }
 
 /// While another window is in front, code may give the keyboard to another control of ours; no focus-out
@@ -264,6 +272,12 @@ void Stage::composeOnGrid(QInputMethodEvent& event) {
     if (!composingOnGrid_ && editorWaitsForFocus_) giveFocus(FocusPlace::Editor);
 }
 
+void Stage::endComposition() {
+    const std::shared_ptr<Machine> machine = machine_;
+    box_->endComposition();
+    if (machine->stage != nullptr) composingOnGrid_ = false;
+}
+
 // --- Look -----------------------------------------------------------------------------------------------
 
 /// A row that cannot hold its text is made higher, never the text smaller.
@@ -279,7 +293,7 @@ void Stage::fitRows() {
 void Stage::lookChanged() {
     machine_->platform.widget(widget_);
     fitRows();
-    view_->lookChanged();
+    view_->update();
     resized();
 }
 
@@ -303,7 +317,7 @@ void Stage::damaged() {
 
 void Stage::repaintDamage() {
     bars_->follow(grid().Grid(), scale());
-    view_->repaintDamage(grid().Grid().takeDamage(), grid().gridRect());
+    view_->repaintDamage(grid().Grid().takeDamage(), view_->mainPlace());
     view_->repaintDamage(grid().Grid_Sum().takeDamage(), grid().totalRowRect());
     settle();
 }

@@ -66,6 +66,8 @@ class Stage {
     void composing(bool underway);
     /// An input method at work while the grid has the keyboard.
     void composeOnGrid(QInputMethodEvent& event);
+    /// Commits what is being composed, exactly once; before a press, and before the keyboard leaves.
+    void endComposition();
     /// Opens the editor and pastes into it.
     void paste();
     void lookChanged();

@@ -28,6 +28,7 @@ class BoxEvents {
     virtual void endComposition() = 0;
     virtual bool leave(bool forward) = 0;
     virtual void menu(const QPoint& place) = 0;
+    virtual void wheel(const QWheelEvent& event) = 0;
     virtual bool refused() const = 0;
 };
 
@@ -92,6 +93,7 @@ class LineBox : public QLineEdit, public TextBoxPort {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
@@ -131,6 +133,7 @@ class LinesBox : public QPlainTextEdit, public TextBoxPort {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 

@@ -71,6 +71,8 @@ TEST(Focus, LostToAnotherWindowCommitsNothing) {
     Window w;
     QWidget other;
     other.show();
+    w.settle();
+    QApplication::setActiveWindow(&w.window);
     w.focusCell(1, Code);
     w.type("new");
     QApplication::setActiveWindow(&other);
@@ -88,6 +90,8 @@ TEST(Focus, GivenAwayByCodeWhileAnotherWindowIsInFrontIsLost) {
     Window w;
     QWidget other;
     other.show();
+    w.settle();
+    QApplication::setActiveWindow(&w.window);
     w.focusCell(1, Code);
     w.type("new");
     QApplication::setActiveWindow(&other);

@@ -38,9 +38,9 @@ TEST(KeyMap, KeepsPunctuationApartFromTheKeysThatMove) {
     const struct {
         Qt::Key key;
         const char* text;
-    } signs[] = {{Qt::Key_Period, "."},    {Qt::Key_Apostrophe, "'"}, {Qt::Key_ParenLeft, "("},
-                 {Qt::Key_Percent, "%"},   {Qt::Key_Ampersand, "&"},  {Qt::Key_Minus, "-"},
-                 {Qt::Key_NumberSign, "#"}, {Qt::Key_Dollar, "$"},    {Qt::Key_Exclam, "!"}};
+    } signs[] = {{Qt::Key_Period, "."},     {Qt::Key_Apostrophe, "'"}, {Qt::Key_ParenLeft, "("},
+                 {Qt::Key_Percent, "%"},    {Qt::Key_Ampersand, "&"},  {Qt::Key_Minus, "-"},
+                 {Qt::Key_NumberSign, "#"}, {Qt::Key_Dollar, "$"},     {Qt::Key_Exclam, "!"}};
     for (const auto& sign : signs) {
         const KeyStroke found = stroke(sign.key, Qt::NoModifier, QString::fromLatin1(sign.text));
         EXPECT_EQ(std::count(std::begin(moving), std::end(moving), found.code), 0) << sign.text;

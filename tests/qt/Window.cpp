@@ -23,7 +23,9 @@ Window::Window() : before(new QLineEdit), widget(new kxGridWidget), after(new QL
     layout->addWidget(widget, 1);
     layout->addWidget(after);
     kxGrid& g = grid();
-    g.FormatString("行号|<货号          |<品名              |>数量            |^已付|^日期              |<备注                ");
+    g.FormatString(
+        "行号|<货号          |<品名              |>数量            |^已付|^日期              |<备注          "
+        "      ");
     g.Rows(30);
     for (std::int16_t col = 0; col < Count; ++col) describe(g, col, flexDTString);
     describe(g, Name, flexDTString, false);
@@ -68,7 +70,9 @@ QWidget& Window::editor() {
     throw std::logic_error("the editor is not shown");
 }
 
-bool Window::editorShown() { return grid().editorView().visible; }
+bool Window::editorShown() {
+    return grid().editorView().visible;
+}
 
 QString Window::editorText() {
     if (auto* line = qobject_cast<QLineEdit*>(&editor())) return line->text();
@@ -76,13 +80,12 @@ QString Window::editorText() {
 }
 
 QRect Window::cell(std::int32_t row, std::int32_t col) {
-    Rect rect = grid().Grid().CellRect(row, col);
-    rect.left += grid().gridRect().left;
-    rect.top += grid().gridRect().top;
-    return Scale(*widget).pixels(rect);
+    return Scale(*widget).pixels(grid().Grid().CellRect(row, col));
 }
 
-QPoint Window::at(std::int32_t row, std::int32_t col) { return cell(row, col).center(); }
+QPoint Window::at(std::int32_t row, std::int32_t col) {
+    return cell(row, col).center();
+}
 
 std::string Window::current() {
     return std::to_string(grid().Row()) + "," + std::to_string(grid().Col());
@@ -111,7 +114,9 @@ void Window::type(const QString& text) {
     }
 }
 
-void Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) { QTest::keyClick(&focused(), key, modifiers); }
+void Window::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&focused(), key, modifiers);
+}
 
 void Window::compose(const QString& preedit, const QString& commit) {
     QInputMethodEvent event(preedit, {});

@@ -1,0 +1,189 @@
+// What can be said of the picture without looking at it: colours, contrast, sizes.
+#include <QScreen>
+
+#include "qt/Scale.h"
+#include "qt/SystemColors.h"
+#include "qt/Window.h"
+
+namespace kxVsGrid::qt::testing {
+namespace {
+
+QPalette darkPalette() {
+    QPalette palette(QColor(45, 45, 48));
+    palette.setColor(QPalette::Window, QColor(45, 45, 48));
+    palette.setColor(QPalette::Base, QColor(30, 30, 30));
+    palette.setColor(QPalette::Text, QColor(220, 220, 220));
+    palette.setColor(QPalette::WindowText, QColor(220, 220, 220));
+    palette.setColor(QPalette::ButtonText, QColor(220, 220, 220));
+    palette.setColor(QPalette::Highlight, QColor(38, 121, 191));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+/// The colour that most of a part of the picture has.
+QRgb ground(const QImage& image) {
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
+    QRgb best = 0;
+    int most = 0;
+    for (auto it = counts.begin(); it != counts.end(); ++it)
+        if (it.value() > most) {
+            most = it.value();
+            best = it.key();
+        }
+    return best;
+}
+
+/// Contrast of the part's strongest pixel to its ground.
+double inkContrast(const QImage& image) {
+    const QRgb under = ground(image);
+    double strongest = 1;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            strongest = std::max(strongest, contrast(image.pixel(x, y), under));
+    return strongest;
+}
+
+/// The inside of a cell as painted, without its lines.
+QImage inside(Window& w, std::int32_t row, std::int32_t col) {
+    return w.widget->grab(w.cell(row, col).adjusted(3, 3, -3, -3)).toImage();
+}
+
+QImage insideTotal(Window& w, std::int32_t col) {
+    Rect rect = w.grid().Grid_Sum().CellRect(0, col);
+    rect.left += w.grid().totalRowRect().left;
+    rect.top += w.grid().totalRowRect().top;
+    return w.widget->grab(Scale(*w.widget).pixels(rect).adjusted(3, 3, -3, -3)).toImage();
+}
+}  // namespace
+
+TEST(SystemColors, ReadsHostColoursWithRedInTheLowByte) {
+    const SystemColors colors{QPalette()};
+    EXPECT_EQ(colors.rgb(0x0000FF), qRgb(255, 0, 0));
+    EXPECT_EQ(colors.rgb(0xFF0000), qRgb(0, 0, 255));
+    EXPECT_EQ(colors.rgb(0), qRgb(0, 0, 0));
+}
+
+TEST(SystemColors, FollowThePalette) {
+    const SystemColors colors(darkPalette());
+    EXPECT_EQ(colors.rgb(0x80000005), QColor(30, 30, 30).rgb());
+    EXPECT_EQ(colors.rgb(0x80000008), QColor(220, 220, 220).rgb());
+    EXPECT_NO_THROW(colors.rgb(0x800000FF));
+}
+
+TEST(SystemColors, MakeAPalettesTextLegibleOnAHostsGround) {
+    const SystemColors dark(darkPalette());
+    EXPECT_GT(contrast(dark.textOn(0x80000008, 0xE0E0E0), qRgb(0xE0, 0xE0, 0xE0)), 4.5);
+    EXPECT_EQ(dark.textOn(0x0000FF, 0xFF0000), qRgb(255, 0, 0));
+    EXPECT_GT(contrast(dark.textOn(0, 0x80000005), qRgb(30, 30, 30)), 4.5);
+}
+
+TEST(Look, IsLegibleInLightAndDarkLive) {
+    Window w;
+    for (const bool dark : {false, true, false}) {
+        w.window.setPalette(dark ? darkPalette() : QApplication::palette());
+        w.settle();
+        for (const auto& part : {inside(w, 0, Code), inside(w, 1, Code), inside(w, 1, Name),
+                                 inside(w, 1, Number), insideTotal(w, Code), insideTotal(w, Quantity)})
+            EXPECT_GT(inkContrast(part), 4.0) << (dark ? "dark" : "light");
+        EXPECT_EQ(ground(inside(w, 3, Code)), w.window.palette().color(QPalette::Base).rgb());
+    }
+}
+
+TEST(Look, HasGridLinesInDark) {
+    Window w;
+    w.window.setPalette(darkPalette());
+    w.settle();
+    const QRect cell = w.cell(5, Name);
+    const QImage image = w.widget->grab(cell).toImage();
+    const QRgb base = w.window.palette().color(QPalette::Base).rgb();
+    EXPECT_GT(contrast(image.pixel(image.width() / 2, image.height() - 1), base), 1.15);
+    EXPECT_GT(contrast(image.pixel(image.width() - 1, image.height() / 2), base), 1.15);
+}
+
+TEST(Look, DrawsGridLinesOneDevicePixelWide) {
+    Window w;
+    const QRect cell = w.cell(5, Name);
+    const QImage image = w.widget->grab(cell).toImage();
+    const QRgb base = w.window.palette().color(QPalette::Base).rgb();
+    int inked = 0;
+    for (int y = 0; y < image.height(); ++y) inked += image.pixel(image.width() / 2, y) != base;
+    EXPECT_EQ(inked, 1);
+}
+
+TEST(Look, HoldsALargeFontInItsRows) {
+    Window w;
+    EXPECT_EQ(w.grid().RowHeight(3), 300);
+    QFont font = w.widget->font();
+    font.setPointSizeF(17.3);
+    w.widget->setFont(font);
+    w.settle();
+    EXPECT_GE(w.cell(1, Code).height(), QFontMetrics(font).height());
+    EXPECT_GE(w.cell(0, Code).height(), QFontMetrics(font).height());
+    EXPECT_GE(Scale(*w.widget).pixel(w.grid().Grid_Sum().RowHeight(0)), QFontMetrics(font).height());
+    // nothing of the text touches the upper or the lower edge
+    w.grid().Grid().Text(3, Name, "国Ågj");
+    w.grid().ColWidth(Name, 3000);
+    w.settle();
+    const QImage image = w.widget->grab(w.cell(3, Name)).toImage();
+    const QRgb base = w.window.palette().color(QPalette::Base).rgb();
+    const int edge = image.height() - 2;
+    for (int x = 3; x < image.width() - 3; ++x) {
+        EXPECT_EQ(image.pixel(x, 0), base);
+        EXPECT_EQ(image.pixel(x, edge), base);
+    }
+    w.picture("large-font");
+}
+
+TEST(Look, WidensCaptionsWithTheFont) {
+    Window w;
+    w.grid().FormatString("x|<一二三四五六");
+    const std::int32_t narrow = w.grid().ColWidth(1);
+    QFont font = w.widget->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    w.widget->setFont(font);
+    w.grid().FormatString("x|<一二三四五六");
+    EXPECT_GT(w.grid().ColWidth(1), narrow * 3 / 2);
+    EXPECT_GE(w.cell(0, 1).width(), QFontMetrics(font).horizontalAdvance("一二三四五六"));
+}
+
+TEST(Look, PaintsATextAsWideAsQtWould) {
+    Window w;
+    const QString text = "WAVE 1,234.50 货号";
+    w.grid().Grid().Text(4, Name, text.toStdString());
+    w.grid().ColWidth(Name, 4000);
+    w.settle();
+    const QImage image = inside(w, 4, Name);
+    const QRgb base = w.window.palette().color(QPalette::Base).rgb();
+    int right = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixel(x, y) != base) right = std::max(right, x);
+    const double wide = right / w.widget->devicePixelRatioF();
+    EXPECT_NEAR(wide, QFontMetricsF(w.widget->font()).horizontalAdvance(text), 6);
+}
+
+TEST(Look, PaintsOnlyWhatIsDamaged) {
+    class Watch : public QObject {
+      public:
+        QRegion painted;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+    } watch;
+    Window w;
+    w.settle();
+    w.view().installEventFilter(&watch);
+    w.grid().Grid().Text(3, Name, "新");
+    w.grid().Grid().Text(3, Date, "旧");
+    EXPECT_TRUE(watch.painted.isEmpty());
+    w.settle();
+    EXPECT_TRUE(watch.painted.contains(w.at(3, Name)));
+    EXPECT_TRUE(watch.painted.contains(w.at(3, Date)));
+    EXPECT_FALSE(watch.painted.contains(w.at(5, Name)));
+    EXPECT_FALSE(watch.painted.contains(w.at(3, Quantity)));
+    w.view().removeEventFilter(&watch);
+}
+}  // namespace kxVsGrid::qt::testing
