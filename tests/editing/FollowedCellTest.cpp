@@ -67,10 +67,10 @@ TEST_F(FollowedCell, StaysWithARowRemovedBehindIt) {
 }
 
 TEST_F(FollowedCell, HidesTheEditorWhenItsRowIsRemoved) {
-    fill(11, 3, "below");
-    openAt(10, 3);
-    desk.type("abc");
+    grid.Grid().Text(11, 3, "below");
+    heard();
     grid.Grid().RemoveRow(10);
+    EXPECT_EQ(heard(), Lines{});
     EXPECT_EQ(text(10, 3), "below");
     expectGoneWithoutACommit();
 }
@@ -99,7 +99,7 @@ TEST_F(FollowedCell, KeepsTheEditorWhenOtherRowsAreCut) {
     expectCommitGoesTo({10, 3});
 }
 
-TEST_F(FollowedCell, IsRemovedByTheDeleteOfAHostThatCallsIt) {
+TEST_F(FollowedCell, FollowsSeveralChangesInARow) {
     grid.Grid().RemoveRow(3);
     grid.Grid().RemoveRow(3);
     grid.Grid().InsertRow(1);
