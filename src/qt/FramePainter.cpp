@@ -31,7 +31,7 @@ double start(Across across, const QRect& rect, double width) {
 double top(Down down, const QRect& rect, double height) {
     if (down == Down::Top || height > rect.height()) return rect.top();
     if (down == Down::Bottom) return std::floor(rect.top() + rect.height() - height);
-    return std::floor(rect.top() + (rect.height() - height) / 2);
+    return std::floor(rect.top() + (rect.height() - height + 1) / 2);  // as text boxes round
 }
 
 Qt::Alignment qtAlignment(mEmflexAlign alignment) {

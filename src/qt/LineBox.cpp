@@ -40,6 +40,8 @@ void LineBox::select(qsizetype start, qsizetype length) {
 void LineBox::setAlignment(mEmflexAlign alignment) {
     constexpr Qt::AlignmentFlag horizontal[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
     const int across = alignment / 3;
+    // to the right of the text QLineEdit keeps a pixel for its caret
+    setTextMargins(SideMargin, 0, across == 2 ? 0 : SideMargin, 0);
     QLineEdit::setAlignment((across >= 0 && across < 3 ? horizontal[across] : Qt::AlignLeft) |
                             Qt::AlignVCenter);
 }

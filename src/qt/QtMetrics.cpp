@@ -26,7 +26,7 @@ void QtMetrics::use(const QWidget& widget) {
     metrics_.emplace(QFont(widget.font(), &widget));
     scale_.emplace(widget);
     // the grid line, and what rounding and accents may take above and below
-    constexpr int Room = 3;
+    constexpr int Room = 4;
     rowHeight_ = scale_->twips(std::ceil(std::max(metrics_->height(), lineHeight(widget))) + Room);
 }
 

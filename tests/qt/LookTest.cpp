@@ -45,9 +45,25 @@ double inkContrast(const QImage& image) {
     return strongest;
 }
 
+/// The rectangle that holds all that is not ground.
+QRect ink(const QImage& image) {
+    const QRgb under = ground(image);
+    QRect found;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (contrast(image.pixel(x, y), under) > 1.5) found |= QRect(x, y, 1, 1);
+    return found;
+}
+
+/// A cell as painted, in device pixels.
+QImage whole(Window& w, std::int32_t row, std::int32_t col) {
+    const QRect cell = Scale(*w.widget).devicePixels(w.grid().Grid().CellRect(row, col));
+    return w.widget->grab().toImage().copy(cell);
+}
+
 /// The inside of a cell as painted, without its lines.
 QImage inside(Window& w, std::int32_t row, std::int32_t col) {
-    return w.widget->grab(w.cell(row, col).adjusted(3, 3, -3, -3)).toImage();
+    return whole(w, row, col).copy(whole(w, row, col).rect().adjusted(3, 3, -3, -3));
 }
 
 QImage insideTotal(Window& w, std::int32_t col) {
@@ -91,25 +107,21 @@ TEST(Look, IsLegibleInLightAndDarkLive) {
     }
 }
 
-TEST(Look, HasGridLinesInDark) {
+TEST(Look, HasGridLinesOneDevicePixelWideInLightAndDark) {
     Window w;
-    w.window.setPalette(darkPalette());
-    w.settle();
-    const QRect cell = w.cell(5, Name);
-    const QImage image = w.widget->grab(cell).toImage();
-    const QRgb base = w.window.palette().color(QPalette::Base).rgb();
-    EXPECT_GT(contrast(image.pixel(image.width() / 2, image.height() - 1), base), 1.15);
-    EXPECT_GT(contrast(image.pixel(image.width() - 1, image.height() / 2), base), 1.15);
-}
-
-TEST(Look, DrawsGridLinesOneDevicePixelWide) {
-    Window w;
-    const QRect cell = w.cell(5, Name);
-    const QImage image = w.widget->grab(cell).toImage();
-    const QRgb base = w.window.palette().color(QPalette::Base).rgb();
-    int inked = 0;
-    for (int y = 0; y < image.height(); ++y) inked += image.pixel(image.width() / 2, y) != base;
-    EXPECT_EQ(inked, 1);
+    for (const bool dark : {false, true}) {
+        w.window.setPalette(dark ? darkPalette() : QApplication::palette());
+        w.settle();
+        const QImage image = w.widget->grab().toImage();
+        const QRgb base = w.window.palette().color(QPalette::Base).rgb();
+        const QRect cell = Scale(*w.widget).devicePixels(w.grid().Grid().CellRect(5, Name));
+        EXPECT_GT(contrast(image.pixel(cell.right(), cell.center().y()), base), 1.15);
+        EXPECT_GT(contrast(image.pixel(cell.center().x(), cell.bottom()), base), 1.15);
+        for (int x = cell.left(); x < cell.right(); ++x)
+            EXPECT_EQ(image.pixel(x, cell.center().y()), base) << x;
+        for (int y = cell.top(); y < cell.bottom(); ++y)
+            EXPECT_EQ(image.pixel(cell.center().x(), y), base) << y;
+    }
 }
 
 TEST(Look, HoldsALargeFontInItsRows) {
@@ -126,14 +138,14 @@ TEST(Look, HoldsALargeFontInItsRows) {
     w.grid().Grid().Text(3, Name, "国Ågj");
     w.grid().ColWidth(Name, 3000);
     w.settle();
-    const QImage image = w.widget->grab(w.cell(3, Name)).toImage();
+    w.picture("large-font");
+    const QImage image = whole(w, 3, Name);
     const QRgb base = w.window.palette().color(QPalette::Base).rgb();
     const int edge = image.height() - 2;
     for (int x = 3; x < image.width() - 3; ++x) {
         EXPECT_EQ(image.pixel(x, 0), base);
         EXPECT_EQ(image.pixel(x, edge), base);
     }
-    w.picture("large-font");
 }
 
 TEST(Look, WidensCaptionsWithTheFont) {
@@ -162,6 +174,32 @@ TEST(Look, PaintsATextAsWideAsQtWould) {
             if (image.pixel(x, y) != base) right = std::max(right, x);
     const double wide = right / w.widget->devicePixelRatioF();
     EXPECT_NEAR(wide, QFontMetricsF(w.widget->font()).horizontalAdvance(text), 6);
+}
+
+TEST(Look, ShowsTheSameTextAtTheSamePlaceInTheCellAndInTheEditor) {
+    QWidget other;
+    other.show();
+    Window w;
+    for (const auto& [col, text] :
+         {std::pair{Code, "Ag001"}, std::pair{Quantity, "77"}, std::pair{Date, "中文"}}) {
+        w.grid().VsCtrl(static_cast<std::int16_t>(col))->iType(flexDTString);
+        w.grid().ColFormat(col, "");
+        w.grid().Grid().Text(3, col, text);
+        w.grid().Grid().Select(5, Code);
+        QApplication::setActiveWindow(&w.window);
+        w.settle();
+        const QRect closed = ink(inside(w, 3, col));
+        w.doubleClick(3, col);
+        dynamic_cast<QLineEdit&>(w.editor()).deselect();
+        QApplication::setActiveWindow(&other);  // no caret in the picture
+        w.settle();
+        const QRect open = ink(inside(w, 3, col));
+        const double pixel = w.widget->devicePixelRatioF();
+        EXPECT_NEAR(open.top(), closed.top(), pixel) << text;
+        EXPECT_NEAR(open.left(), closed.left(), pixel) << text;
+        EXPECT_NEAR(open.width(), closed.width(), pixel) << text;
+        EXPECT_NEAR(open.height(), closed.height(), pixel) << text;
+    }
 }
 
 TEST(Look, PaintsOnlyWhatIsDamaged) {
