@@ -89,10 +89,6 @@ std::string CellGrid::Text(std::int32_t row, std::int32_t col) const {
     CellStore::Scratch scratch;
     return std::string(impl_->store.text(row, col, scratch));
 }
-void CellGrid::Text(std::int32_t row, std::int32_t col, std::string_view text) {
-    impl_->requireCell("Text", row, col);
-    impl_->setText(row, col, text);
-}
 std::string CellGrid::DisplayText(std::int32_t row, std::int32_t col) const {
     impl_->requireCell("DisplayText", row, col);
     CellStore::Scratch scratch;
@@ -102,10 +98,6 @@ std::string CellGrid::Data(std::int32_t row, std::int32_t col) const {
     impl_->requireCell("Data", row, col);
     CellStore::Scratch scratch;
     return std::string(impl_->store.tag(row, col, scratch));
-}
-void CellGrid::Data(std::int32_t row, std::int32_t col, std::string_view data) {
-    impl_->requireCell("Data", row, col);
-    impl_->setTag(row, col, data);
 }
 
 std::optional<mEmflexAlign> CellGrid::CellAlignment(std::int32_t row, std::int32_t col) const {

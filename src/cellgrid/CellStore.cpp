@@ -84,6 +84,13 @@ CellStore::Effect CellStore::effectOfText(std::int32_t row, std::int32_t col, st
     return effect(col, textSlot(row, col), slot::ofShort(text), text);
 }
 
+/// `old` is what the slot holds now.
+inline void CellStore::putSlot(GridColumn& c, RowHandle handle, TextSlot old, TextSlot s) {
+    c.texts.set(handle, old, s);
+    if (c.numbers) c.numbers->forget(handle);
+    releaseSlot(old);
+}
+
 CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text) {
     GridColumn& c = column(col);
     const RowHandle handle = order_.handle(row);
@@ -130,7 +137,7 @@ bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag)
         fresh = arena_.storeLong(tag);
     }
     if (handle == NoHandle) handle = order_.obtain(row);
-    c.tags.set(handle, fresh);
+    c.tags.set(handle, old, fresh);
     arena_.release(old);
     return true;
 }
@@ -161,13 +168,6 @@ void CellStore::setFormat(std::int32_t col, std::string_view pattern) {
     c.numbers.reset();
 }
 
-/// `old` is what the slot holds now.
-void CellStore::putSlot(GridColumn& c, RowHandle handle, TextSlot old, TextSlot s) {
-    c.texts.set(handle, s);
-    if (c.numbers) c.numbers->forget(handle);
-    releaseSlot(old);
-}
-
 void CellStore::releaseLongSlot(TextSlot s) {
     if (slot::isComputed(s))
         computed_[slot::reference(s)] = nullptr;
@@ -179,8 +179,9 @@ void CellStore::clearColumn(GridColumn& c, std::int32_t row, std::int32_t n) {
     if (c.texts.used() == 0 && c.tags.used() == 0) return;
     order_.forEach(row, row + n, [&](std::int32_t, RowHandle handle) {
         putSlot(c, handle, c.texts.get(handle), slot::Empty);
-        arena_.release(c.tags.get(handle));
-        c.tags.set(handle, slot::Empty);
+        const TextSlot tag = c.tags.get(handle);
+        c.tags.set(handle, tag, slot::Empty);
+        arena_.release(tag);
     });
 }
 

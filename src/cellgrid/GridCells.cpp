@@ -3,21 +3,26 @@
 
 namespace kxVsGrid {
 
-using cellgrid::CellStore;
+using Effect = cellgrid::CellStore::Effect;
 
-void CellGrid::Impl::setText(std::int32_t atRow, std::int32_t atCol, std::string_view text) {
-    using Effect = CellStore::Effect;
-    if (watcher) {
-        if (store.effectOfText(atRow, atCol, text) == Effect::Nothing) return;
-        watcher->contentWillChange(atCol);
+void CellGrid::Impl::setText(std::int32_t row, std::int32_t col, std::string_view text) {
+    if (watcher) [[unlikely]] {
+        if (store.effectOfText(row, col, text) == Effect::Nothing) return;
+        watcher->contentWillChange(col);
     }
-    const Effect effect = store.setText(atRow, atCol, text);
+    const Effect effect = store.setText(row, col, text);
     if (effect == Effect::Nothing) return;
-    if (!damage.all()) damageCell(atRow, atCol);
-    if (effect == Effect::Changed) grid.CellChanged(atRow, atCol);
+    if (!damage.all()) damageCell(row, col);
+    if (effect == Effect::Changed) grid.CellChanged(row, col);
 }
 
-void CellGrid::Impl::setTag(std::int32_t atRow, std::int32_t atCol, std::string_view tag) {
-    if (store.setTag(atRow, atCol, tag)) grid.CellChanged(atRow, atCol);
+void CellGrid::Text(std::int32_t row, std::int32_t col, std::string_view text) {
+    impl_->requireCell("Text", row, col);
+    impl_->setText(row, col, text);
+}
+
+void CellGrid::Data(std::int32_t row, std::int32_t col, std::string_view data) {
+    impl_->requireCell("Data", row, col);
+    if (impl_->store.setTag(row, col, data)) CellChanged(row, col);
 }
 }  // namespace kxVsGrid

@@ -45,7 +45,6 @@ struct CellGrid::Impl {
         requireRow(member, last);
     }
     void setText(std::int32_t row, std::int32_t col, std::string_view text);
-    void setTag(std::int32_t row, std::int32_t col, std::string_view tag);
     template <class Change>
     void changeStyle(std::int32_t row, std::int32_t col, Change change) {
         if (store.changeStyle(col, row, 1, change)) damageCell(row, col);

@@ -17,36 +17,22 @@ namespace kxVsGrid::cellgrid {
 /// The texts, or the tags, of one column.
 class SlotPages {
   public:
-    static constexpr std::size_t PageSlots = 256;
-    struct Page {
-        std::array<TextSlot, PageSlots> slots{};
-        std::uint32_t used = 0;
-    };
-
     TextSlot get(RowHandle handle) const {
         const Page* const page = find(handle);
         return page ? page->slots[handle % PageSlots] : slot::Empty;
     }
-    /// The page that has the handle's slot, none while nothing is stored in it.
-    const Page* find(RowHandle handle) const {
-        const std::size_t number = handle / PageSlots;
-        return number < pages_.size() ? pages_[number].get() : nullptr;
-    }
-    void set(RowHandle handle, TextSlot value) {
-        if (!find(handle)) {
-            if (value == slot::Empty) return;
-            addPage(handle / PageSlots);
+    /// `old` is what the slot holds now.
+    void set(RowHandle handle, TextSlot old, TextSlot value) {
+        if (value == slot::Empty) {
+            if (old != slot::Empty) empty(handle);
+            return;
         }
-        std::unique_ptr<Page>& page = pages_[handle / PageSlots];
-        TextSlot& here = page->slots[handle % PageSlots];
-        const bool was = here != slot::Empty;
-        const bool is = value != slot::Empty;
-        here = value;
-        if (was == is) return;
-        const std::uint32_t change = is ? 1 : ~0U;
-        page->used += change;
-        used_ += is ? 1 : ~std::size_t{0};
-        if (page->used == 0) page.reset();
+        Page* page = find(handle);
+        if (!page) page = addPage(handle);
+        page->slots[handle % PageSlots] = value;
+        const bool fills = old == slot::Empty;
+        page->used += fills;
+        used_ += fills;
     }
     /// How many slots hold something.
     std::size_t used() const { return used_; }
@@ -63,10 +49,18 @@ class SlotPages {
     }
 
   private:
-    void addPage(std::size_t number) {
-        if (number >= pages_.size()) pages_.resize(number + 1);
-        pages_[number] = std::make_unique<Page>();
+    static constexpr std::size_t PageSlots = 256;
+    struct Page {
+        std::array<TextSlot, PageSlots> slots{};
+        std::uint32_t used = 0;
+    };
+
+    Page* find(RowHandle handle) const {
+        const std::size_t number = handle / PageSlots;
+        return number < pages_.size() ? pages_[number].get() : nullptr;
     }
+    Page* addPage(RowHandle handle);
+    void empty(RowHandle handle);
 
     std::vector<std::unique_ptr<Page>> pages_;
     std::size_t used_ = 0;

@@ -89,6 +89,17 @@ TEST(ColumnSum, AsksComputedTextsEveryTime) {
     EXPECT_EQ(grid.ColumnSum(1), 4);
 }
 
+TEST(ColumnSum, GoesOnAfterAComputedTextThatThrew) {
+    CellGrid grid;
+    bool broken = true;
+    grid.Text(1, 1, "2");
+    grid.ComputedText(2, 1, [&] { return broken ? throw std::runtime_error("host") : std::string("3"); });
+    EXPECT_THROW(grid.ColumnSum(1), std::runtime_error);
+    EXPECT_THROW(grid.Text(2, 1), std::runtime_error);
+    broken = false;
+    EXPECT_EQ(grid.ColumnSum(1), 5);
+}
+
 TEST(ColumnSum, CostsNothingForAHundredMillionEmptyRows) {
     CellGrid grid;
     grid.Rows(100'000'000);
