@@ -146,6 +146,8 @@ void Database::fail(const QString& attempt, const QSqlError& error) const {
 
 Transaction::Transaction(Database& database, QString attempt)
     : database_(database), attempt_(std::move(attempt)) {
+    // SQLite goes on with a file that was removed; what is written to it would be lost.
+    if (database_.isOpen() && !QFileInfo::exists(database_.file())) database_.close();
     database_.open();
     if (!database_.database_.transaction()) database_.fail(attempt_, database_.database_.lastError());
 }

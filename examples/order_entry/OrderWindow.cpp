@@ -225,6 +225,8 @@ bool OrderWindow::save() {
     Order order = onScreen();
     try {
         store_.save(order);
+    } catch (const OrderChanged& error) {
+        return saveAsNew(error.text());
     } catch (const DatabaseError& error) {
         if (error.isDuplicate()) header_->focus(OrderHeader::Field::Number);
         return report(error, u"没有保存任何内容,屏幕上的订单没有改变;排除原因后可以再次保存。"_s);
@@ -238,6 +240,21 @@ bool OrderWindow::save() {
     if (unknown > 0) text += u";其中 %1 行的货号不在商品目录中"_s.arg(unknown);
     say(text, unknown > 0);
     return true;
+}
+
+// Somebody else has changed or deleted the order: what is on the screen can still be kept beside it.
+bool OrderWindow::saveAsNew(const QString& why) {
+    say(why.simplified(), true);
+    if (!questions_.confirm(this, why + u"\n\n把屏幕上的内容另存为一张新订单吗?"_s, u"另存(&S)"_s))
+        return false;
+    try {
+        const QString number = store_.nextNumber(header_->date());
+        saved_ = {};
+        header_->showNumber(number);
+    } catch (const DatabaseError& error) {
+        return report(error, u"屏幕上的订单没有改变。"_s);
+    }
+    return save();
 }
 
 bool OrderWindow::mayLeave() {

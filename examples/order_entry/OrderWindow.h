@@ -61,6 +61,7 @@ class OrderWindow : public QMainWindow {
     void startNewOrder();
     void display(const Order& order);
     bool readyToSave();
+    bool saveAsNew(const QString& why);
     bool refuse(const QString& why);
     void renumber(const QDate& date);
     bool report(const DatabaseError& error, const QString& consolation);

@@ -48,7 +48,7 @@ std::int64_t chosenPrice(const PricedUnit& unit, Dice& dice) {
     const int span = unit.highestPrice - unit.lowestPrice + 1;
     const int cents = unit.lowestPrice + dice.below(static_cast<std::size_t>(span));
     const int step = cents >= 10000 ? 100 : cents >= 1000 ? 10 : 1;
-    return cents / step * step;
+    return cents - cents % step;
 }
 
 QString number(const char* prefix, int value, int digits) {

@@ -75,8 +75,6 @@ class OrderEntry : public Scratch {
               "key Enter"});
     }
 
-    Database reader() { return Database(databaseFile()); }
-
     PreparedAnswers answers;
     std::unique_ptr<OrderWindow> window;
 };
@@ -227,6 +225,35 @@ TEST_F(OrderEntry, AFailedSaveLosesNothingOnTheScreen) {
     EXPECT_TRUE(window->hasUnsavedWork());
     EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("36"));
     EXPECT_EQ(value(other, "SELECT COUNT(*) FROM sales_order").toInt(), 0);
+}
+
+TEST_F(OrderEntry, AnOrderThatSomebodyElseChangedCanBeSavedAsANewOne) {
+    open();
+    typeOrder();
+    ASSERT_TRUE(window->save());
+    Database database(databaseFile());
+    OrderStore store(database);
+    Order there = *store.load(window->onScreen().id);
+    there.lines.clear();
+    store.save(there);
+    play({"type 主仓库", "key Enter"});
+    EXPECT_FALSE(window->save());
+    EXPECT_TRUE(window->hasUnsavedWork());
+    EXPECT_EQ(store.load(there.id)->lines.size(), 0u);
+    answers.agrees = true;
+    EXPECT_TRUE(window->save());
+    EXPECT_EQ(window->header().number(), QString("XS-20261120-002"));
+    EXPECT_EQ(store.list({}, 10).size(), 2u);
+    EXPECT_EQ(store.load(window->onScreen().id)->lines.at(0).warehouse, QString("主仓库"));
+}
+
+TEST_F(OrderEntry, ADatabaseFileThatWasRemovedIsMadeAnewAndTheOrderIsKept) {
+    open();
+    typeOrder();
+    ASSERT_TRUE(QFile::remove(databaseFile()));
+    EXPECT_TRUE(window->save()) << answers.problems.join('\n').toStdString();
+    Database database(databaseFile());
+    EXPECT_EQ(OrderStore(database).list({}, 10).front().total, 9000);
 }
 
 TEST_F(OrderEntry, DeletingAnOrderAsksFirst) {

@@ -1,0 +1,68 @@
+#include <QApplication>
+#include <QLineEdit>
+#include <QTableWidget>
+#include <QTest>
+
+#include "OrderListDialog.h"
+#include "Scratch.h"
+
+namespace {
+class OrderList : public Scratch {
+  protected:
+    OrderList() {
+        for (int i = 1; i <= 3; ++i) {
+            Order one = order(QString("A-%1").arg(i), {line("100001", 1000 * i, 123456)});
+            one.customer = i;
+            store.save(one);
+            ids.push_back(one.id);
+        }
+    }
+
+    void open() {
+        dialog = std::make_unique<OrderListDialog>(store);
+        dialog->show();
+        QApplication::setActiveWindow(dialog.get());
+        search = dialog->findChild<QLineEdit*>("search");
+        table = dialog->findChild<QTableWidget*>("orders");
+    }
+
+    Database database{madeDatabase()};
+    OrderStore store{database};
+    std::vector<qint64> ids;
+    std::unique_ptr<OrderListDialog> dialog;
+    QLineEdit* search = nullptr;
+    QTableWidget* table = nullptr;
+};
+}  // namespace
+
+TEST_F(OrderList, OffersTheNewestOrderFirst) {
+    open();
+    ASSERT_EQ(table->rowCount(), 3);
+    EXPECT_EQ(table->item(0, 0)->text(), QString("A-3"));
+    EXPECT_EQ(table->item(0, 4)->text(), QString("3,703.68"));
+    EXPECT_EQ(dialog->chosen(), ids[2]);
+}
+
+TEST_F(OrderList, FollowsTheArrowsWhileTheSearchFieldHasTheKeyboard) {
+    open();
+    QTest::keyClick(search, Qt::Key_Down);
+    EXPECT_EQ(dialog->chosen(), ids[1]);
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_EQ(dialog->result(), static_cast<int>(QDialog::Accepted));
+}
+
+TEST_F(OrderList, IsNarrowedByWhatIsTyped) {
+    open();
+    QTest::keyClicks(search, "A-1");
+    EXPECT_EQ(table->rowCount(), 1);
+    EXPECT_EQ(dialog->chosen(), ids[0]);
+    QTest::keyClicks(search, "xyz");
+    EXPECT_EQ(dialog->chosen(), std::nullopt);
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(OrderList, ThatCannotBeReadIsAnError) {
+    database.run("test", "DROP TABLE sales_order");
+    EXPECT_THROW(OrderListDialog{store}, DatabaseError);
+}
