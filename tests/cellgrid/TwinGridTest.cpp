@@ -59,7 +59,7 @@ class RandomGrid : public ::testing::Test {
             const std::int32_t at = dice.between(0, twin.rows());
             twin.insertRow(at);
             grid.InsertRow(at);
-        } else if (twin.rows() > twin.fixedRows) {
+        } else if (twin.rows() > std::max(twin.fixedRows, 1)) {
             const std::int32_t at = anyRow();
             twin.removeRow(at);
             grid.RemoveRow(at);
