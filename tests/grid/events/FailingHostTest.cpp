@@ -105,6 +105,8 @@ class FailingHost : public ::testing::TestWithParam<Scenario> {
         shop.log.failAt(-1);
         shop.desk.focusElsewhere();
         shop.desk.focusGrid();
+        // An editor that lost the focus in a failed commit is still there.
+        EXPECT_TRUE(shop.grid.ValidTextData());
         EXPECT_FALSE(shop.desk.editor().visible);
         EXPECT_EQ(shop.desk.focusOwner(), FocusPlace::Grid);
         EXPECT_TRUE(shop.grid.IsActive());
