@@ -163,23 +163,30 @@ void FramePainter::elide(double room) {
 }
 
 void FramePainter::shapedText(QPainter& painter, const FrameItem& item, const QRect& rect, QRgb color) {
-    QString string = toQt(item.text);
-    string.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    Qt::Alignment alignment = qtAlignment(item.alignment);
+    const QFontMetricsF metrics(texts_.font(), painter.device());
+    const QString string = linesThatFit(toQt(item.text), metrics, rect);
     painter.save();
     painter.setFont(texts_.font());
     painter.setPen(QColor(color));
-    const QFontMetricsF metrics(texts_.font(), painter.device());
-    if (string.contains(u'\n')) {
-        // of several lines that do not fit the first ones are shown
-        if (metrics.boundingRect(rect, 0, string).height() > rect.height())
-            alignment = (alignment & Qt::AlignHorizontal_Mask) | Qt::AlignTop;
-    } else {
-        string = metrics.elidedText(string, Qt::ElideRight, rect.width());
-    }
     painter.setClipRect(rect, Qt::IntersectClip);
-    painter.drawText(rect, static_cast<int>(alignment) | Qt::TextExpandTabs, string);
+    painter.drawText(rect, static_cast<int>(qtAlignment(item.alignment)) | Qt::TextExpandTabs, string);
     painter.restore();
+}
+
+/// No line is cut in two: what does not fit is left out, and a sign says so.
+QString FramePainter::linesThatFit(const QString& text, const QFontMetricsF& metrics, const QRect& rect) {
+    QString string = text;
+    string.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    string.replace(u'\r', u'\n');
+    QStringList lines = string.split(u'\n');
+    const auto fitting =
+        std::max<qsizetype>(1, static_cast<qsizetype>(rect.height() / metrics.lineSpacing()));
+    if (lines.size() > fitting) {
+        lines = lines.mid(0, fitting);
+        lines.last() += u'…';
+    }
+    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, rect.width());
+    return lines.join(u'\n');
 }
 
 void FramePainter::checkMark(QPainter& painter, const FrameItem& item) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPaintDevice>
 #include <QPainter>
 #include <QRect>
@@ -37,6 +38,7 @@ class FramePainter {
     void text(QPainter& painter, const FrameItem& item);
     void shapedText(QPainter& painter, const FrameItem& item, const QRect& rect, QRgb color);
     void elide(double room);
+    static QString linesThatFit(const QString& text, const QFontMetricsF& metrics, const QRect& rect);
     void checkMark(QPainter& painter, const FrameItem& item);
     void focus(QPainter& painter, const FrameItem& item);
     std::uint32_t groundOf(const QRect& rect) const;

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "qt/AccessibleGrid.h"
 #include "qt/BoxParts.h"
 #include "qt/Captions.h"
 #include "qt/Encoding.h"
@@ -25,6 +26,7 @@ std::int32_t middle(const Scale& scale, double pixel) {
 }  // namespace
 
 GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
+    AccessibleGrid::install();  // before anything asks for this view
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_InputMethodEnabled);
@@ -82,12 +84,20 @@ void GridView::paintPart(QPainter& painter, const QRect& part) {
     if (corner.intersects(part)) painter.fillRect(corner & part, palette().color(QPalette::Window));
     if (!grid.totalRowShown()) return;
     paintGrid(painter, part, grid.Grid_Sum(), grid.totalRowRect(), totalFrame_);
-    // no slivers of a data row between the totals and the scroll bar
+    paintTotalEdges(painter);
+}
+
+/// A line above the totals, and no slivers of a data row between them and the scroll bar.
+void GridView::paintTotalEdges(QPainter& painter) {
+    constexpr std::uint32_t Shadow = 0x80000010;
+    const kxGrid& grid = stage_.grid();
     const Scale scale = stage_.scale();
-    QRect below = scale.pixels(grid.totalRowRect());
-    below.setTop(below.bottom() + 1);
-    below.setBottom(scale.pixel(grid.Grid().ClientHeight()) - 1);
-    painter.fillRect(below & part, QColor(colors_.rgb(grid.Grid_Sum().BackColorBkg())));
+    const QRect totals = scale.pixels(grid.totalRowRect());
+    const int end = scale.pixel(grid.Grid().ClientHeight());
+    painter.fillRect(QRectF(totals.left(), totals.top(), totals.width(), 1 / scale.ratio()),
+                     QColor(colors_.rgb(Shadow)));
+    painter.fillRect(QRect(totals.left(), totals.bottom() + 1, totals.width(), end - totals.bottom() - 1),
+                     QColor(colors_.rgb(grid.Grid_Sum().BackColorBkg())));
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,

@@ -46,6 +46,7 @@ class GridView : public QWidget {
     void paintPart(QPainter& painter, const QRect& part);
     void paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
                    Frame& frame);
+    void paintTotalEdges(QPainter& painter);
     void showCursorFor(const QMouseEvent& event);
     bool copyOrPaste(const QKeyEvent& event);
     void typeFurther(const QString& text);

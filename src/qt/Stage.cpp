@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "kxVsGrid/qt/kxGridWidget.h"
+#include "qt/AccessibleGrid.h"
 #include "qt/Encoding.h"
 #include "qt/KeyMap.h"
 
@@ -87,26 +88,26 @@ void Stage::settle() {
         QGuiApplication::inputMethod()->update(Qt::ImQueryInput | Qt::ImHints);
 }
 
-const cVsControl* Stage::currentColumn() const {
+bool Stage::editable(std::int32_t row, std::int32_t col) const {
+    constexpr std::int32_t NarrowestEditable = 16;
     const CellGrid& cells = grid().Grid();
-    if (cells.Col() < 0 || cells.Col() > CellGrid::MaxCols) return nullptr;
-    return grid().VsCtrl(static_cast<std::int16_t>(cells.Col())).get();
+    if (!grid().Editable() || row < cells.FixedRows() || col < cells.FixedCols() || col < 0) return false;
+    if (cells.ColWidth(col) < NarrowestEditable || cells.ColHidden(col)) return false;
+    return grid().VsCtrl(static_cast<std::int16_t>(col))->bIsEditable();
+}
+
+mEmDataType Stage::currentType() const {
+    const std::int32_t col = grid().Grid().Col();
+    return col < 0 ? flexDTEmpty : grid().VsCtrl(static_cast<std::int16_t>(col))->iType();
 }
 
 bool Stage::takesTyping() const {
-    constexpr std::int32_t NarrowestEditable = 16;
     const CellGrid& cells = grid().Grid();
-    const std::int32_t col = cells.Col();
-    if (!grid().Editable() || cells.Row() < cells.FixedRows() || col < cells.FixedCols() || col < 0)
-        return false;
-    if (cells.ColWidth(col) < NarrowestEditable || cells.ColHidden(col)) return false;
-    const cVsControl* column = currentColumn();
-    return column != nullptr && column->bIsEditable() && column->iType() != flexDTBoolean;
+    return editable(cells.Row(), cells.Col()) && currentType() != flexDTBoolean;
 }
 
 bool Stage::readsDigits() const {
-    const cVsControl* column = currentColumn();
-    return column != nullptr && (column->iType() == flexDTDouble || column->iType() == flexDTDate);
+    return currentType() == flexDTDouble || currentType() == flexDTDate;
 }
 
 // --- What the control asks for --------------------------------------------------------------------------

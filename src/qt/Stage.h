@@ -75,7 +75,9 @@ class Stage {
     bool focusShown() const { return focusShown_; }
     void resized();
 
-    /// What the current cell is typed into with.
+    /// Whether the clerk may change a cell.
+    bool editable(std::int32_t row, std::int32_t col) const;
+    /// Whether the current cell is typed into, and what is expected there.
     bool takesTyping() const;
     bool readsDigits() const;
 
@@ -100,7 +102,7 @@ class Stage {
     void damaged();
     void repaintDamage();
     bool owns(const QWidget* widget) const;
-    const cVsControl* currentColumn() const;
+    mEmDataType currentType() const;
 
     kxGridWidget& widget_;
     std::shared_ptr<Machine> machine_;

@@ -1,24 +1,13 @@
 // What can be said of the picture without looking at it: colours, contrast, sizes.
 #include <QScreen>
 
+#include "qt/Palettes.h"
 #include "qt/Scale.h"
 #include "qt/SystemColors.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {
-
-QPalette darkPalette() {
-    QPalette palette(QColor(45, 45, 48));
-    palette.setColor(QPalette::Window, QColor(45, 45, 48));
-    palette.setColor(QPalette::Base, QColor(30, 30, 30));
-    palette.setColor(QPalette::Text, QColor(220, 220, 220));
-    palette.setColor(QPalette::WindowText, QColor(220, 220, 220));
-    palette.setColor(QPalette::ButtonText, QColor(220, 220, 220));
-    palette.setColor(QPalette::Highlight, QColor(38, 121, 191));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 /// The colour that most of a part of the picture has.
 QRgb ground(const QImage& image) {

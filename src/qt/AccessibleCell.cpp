@@ -1,0 +1,102 @@
+#include "qt/AccessibleCell.h"
+
+#include "qt/AccessibleGrid.h"
+#include "qt/Encoding.h"
+#include "qt/Stage.h"
+#include "support/Numbers.h"
+
+namespace kxVsGrid::qt {
+
+void* AccessibleCell::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::TableCellInterface) return static_cast<QAccessibleTableCellInterface*>(this);
+    if (type == QAccessible::ActionInterface) return static_cast<QAccessibleActionInterface*>(this);
+    return nullptr;
+}
+
+const CellGrid& AccessibleCell::grid() const {
+    return view_->stage().grid().Grid();
+}
+
+bool AccessibleCell::isValid() const {
+    return view_ && row_ < grid().Rows() && col_ < grid().Cols();
+}
+
+QAccessibleInterface* AccessibleCell::parent() const {
+    return QAccessible::queryAccessibleInterface(view_);
+}
+
+bool AccessibleCell::isHeader() const {
+    return row_ < grid().FixedRows() || col_ < grid().FixedCols();
+}
+
+bool AccessibleCell::isCheckBox() const {
+    return !isHeader() && grid().ColDataType(col_) == flexDTBoolean;
+}
+
+QString AccessibleCell::text(QAccessible::Text kind) const {
+    if (!isValid() || (kind != QAccessible::Name && kind != QAccessible::Value)) return {};
+    if (isCheckBox() && kind == QAccessible::Name)
+        return grid().FixedRows() > 0 ? toQt(grid().Text(0, col_)) : QString();
+    return toQt(row_ < grid().FixedRows() ? grid().Text(row_, col_) : grid().DisplayText(row_, col_));
+}
+
+QRect AccessibleCell::rect() const {
+    if (!isValid()) return {};
+    const QRect inView = view_->stage().scale().pixels(grid().CellRect(row_, col_));
+    return {view_->mapToGlobal(inView.topLeft()), inView.size()};
+}
+
+QAccessible::Role AccessibleCell::role() const {
+    if (!isValid()) return QAccessible::Cell;
+    if (row_ < grid().FixedRows()) return QAccessible::ColumnHeader;
+    if (col_ < grid().FixedCols()) return QAccessible::RowHeader;
+    return isCheckBox() ? QAccessible::CheckBox : QAccessible::Cell;
+}
+
+QAccessible::State AccessibleCell::state() const {
+    QAccessible::State state;
+    state.invalid = !isValid();
+    if (state.invalid) return state;
+    state.disabled = !view_->isEnabled();
+    state.focusable = state.selectable = !isHeader();
+    state.selected = isSelected();
+    state.focused = isSelected() && view_->hasFocus();
+    state.invisible = grid().RowHidden(row_) || grid().ColHidden(col_);
+    state.offscreen = !grid().RowIsVisible(row_) || !grid().ColIsVisible(col_);
+    state.readOnly = !view_->stage().editable(row_, col_);
+    state.checkable = isCheckBox();
+    state.checked = state.checkable && support::leadingNumber(grid().Text(row_, col_)) != 0;
+    return state;
+}
+
+QList<QAccessibleInterface*> AccessibleCell::columnHeaderCells() const {
+    auto* owner = static_cast<AccessibleGrid*>(parent());
+    if (owner == nullptr || !isValid() || grid().FixedRows() == 0) return {};
+    return {owner->cellAt(0, col_)};
+}
+
+QList<QAccessibleInterface*> AccessibleCell::rowHeaderCells() const {
+    auto* owner = static_cast<AccessibleGrid*>(parent());
+    if (owner == nullptr || !isValid() || grid().FixedCols() == 0) return {};
+    return {owner->cellAt(row_, 0)};
+}
+
+bool AccessibleCell::isSelected() const {
+    return isValid() && row_ == grid().Row() && col_ == grid().Col();
+}
+
+QStringList AccessibleCell::actionNames() const {
+    return isValid() && !isHeader() ? QStringList{setFocusAction()} : QStringList{};
+}
+
+/// As a press on it would do: an open editor is committed first, and keeps its cell when it is refused.
+void AccessibleCell::doAction(const QString& name) {
+    if (name != setFocusAction() || !isValid() || isHeader()) return;
+    Stage& stage = view_->stage();
+    stage.guarded([&](Input&) {
+        if (stage.grid().editorView().visible && !stage.grid().ValidTextData()) return;
+        stage.grid().Grid().Select(row_, col_);
+        stage.giveFocus(FocusPlace::Grid);
+    });
+}
+}  // namespace kxVsGrid::qt
