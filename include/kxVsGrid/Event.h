@@ -65,9 +65,16 @@ class Event {
         return connection;
     }
 
+    /// Whatever is raised here is raised as `next` first, which must live at least as long. Costs nothing
+    /// while nobody listens there.
+    void passOn(const Event& next) { next_ = &next; }
+
     /// Calls the listeners; what the control does, and what a test may do in its place.
     void operator()(Args... args) const {
-        if (state_) call(args...);
+        if (next_ && next_->state_)
+            callBoth(args...);
+        else if (state_)
+            call(args...);
     }
 
   private:
@@ -83,25 +90,41 @@ class Event {
         bool ownerGone = false;
     };
 
-    // Kept short, as a million writes raise a million events: no shared ownership, whose count is atomic.
-    void call(Args&... args) const {
-        struct Span {
-            State* state;
-            explicit Span(State* s) : state(s) { ++state->raising; }
-            ~Span() {
-                if (--state->raising > 0) return;
-                if (state->ownerGone)
-                    std::unique_ptr<State>(state).reset();
-                else
-                    forgetEnded(state->listeners);
-            }
-        } const span(state_.get());
-        const State& state = *span.state;
-        const std::size_t count = state.listeners.size();
-        for (std::size_t i = 0; i < count; ++i) {
-            Slot& slot = *state.listeners[i];
-            if (*slot.alive) slot.call(args...);
+    /// Keeps the state while listeners run. Not shared ownership: its count is atomic, and a million writes
+    /// raise a million events.
+    class Span {
+      public:
+        explicit Span(State* state) : state_(state) { ++state_->raising; }
+        ~Span() {
+            if (--state_->raising > 0) return;
+            if (state_->ownerGone)
+                std::unique_ptr<State>(state_).reset();
+            else
+                forgetEnded(state_->listeners);
         }
+        Span(const Span&) = delete;
+        Span& operator=(const Span&) = delete;
+        void call(std::size_t count, Args&... args) const {
+            for (std::size_t i = 0; i < count; ++i) {
+                Slot& slot = *state_->listeners[i];
+                if (*slot.alive) slot.call(args...);
+            }
+        }
+
+      private:
+        State* state_;
+    };
+
+    void call(Args&... args) const {
+        const Span span(state_.get());
+        span.call(listeners(), args...);
+    }
+    void callBoth(Args&... args) const {
+        if (!state_) return next_->call(args...);
+        const Span span(state_.get());
+        const std::size_t count = listeners();
+        next_->call(args...);
+        span.call(count, args...);
     }
 
     static void forgetEnded(std::vector<std::unique_ptr<Slot>>& listeners) {
@@ -113,6 +136,7 @@ class Event {
     }
 
     std::unique_ptr<State> state_;
+    const Event* next_ = nullptr;
     int number_;
 };
 }  // namespace kxVsGrid

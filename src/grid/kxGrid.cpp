@@ -44,7 +44,7 @@ void kxGrid::Parts::connectMoves() {
         navigation.afterRowColChange(oldRow, oldCol, newRow, newCol);
     });
     main.SelChange.connect([this] { control.SelChange(); });
-    main.CellChanged.connect([this](auto row, auto col) { control.CellChanged(row, col); });
+    main.CellChanged.passOn(control.CellChanged);
     main.AfterScroll.connect(
         [this](auto oldTopRow, auto oldLeftCol, auto, auto) { navigation.scrolled(oldTopRow, oldLeftCol); });
     main.RowMoved.connect([this](std::int32_t position, bool inserted) {
