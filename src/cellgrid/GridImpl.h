@@ -142,7 +142,8 @@ struct CellGrid::Impl {
     void setFixed(cellgrid::Lane& lane, std::int32_t count);
     void viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol);
     /// `oldRow` is a reference because it may follow rows while the events are raised.
-    void announceMove(const std::int32_t& oldRow, const std::int32_t& oldCol, std::uint64_t stamp);
+    void announce(const Move& move);
+    void announceForcedMove(std::int32_t oldRow, std::int32_t oldCol);
     void setCaption(std::int32_t field, std::string_view text, std::string_view caption);
     std::uint64_t moves() const { return movesAsked + movesForced; }
 };

@@ -1,9 +1,9 @@
 // The current cell and its moves.
 //
-// Listeners may do anything meanwhile. A listener that moves the current cell itself replaces the move under
-// way: its own move completes first, with all its events, and the outer one ends there and raises nothing
-// more. Rows that a listener inserts or removes carry the target along; a target that vanishes ends the move.
-// A listener that throws ends the move at that step.
+// Listeners may do anything meanwhile. A listener that moves the current cell itself completes its own move
+// first, with all its events. Before the current cell has changed that replaces the move under way;
+// afterwards the outer move goes on to tell of itself. Rows that a listener inserts or removes carry the
+// target along; a target that vanishes ends the move. A listener that throws ends the move at that step.
 #include <algorithm>
 
 #include "cellgrid/GridImpl.h"
@@ -50,22 +50,26 @@ bool CellGrid::Impl::move(std::int32_t newRow, std::int32_t newCol) {
     currentCol = move.newCol;
     ++movesAsked;
     damageCursor();
-    announceMove(move.oldRow, move.oldCol, moves());
+    announce(move);
     return true;
 }
 
-/// The events of a move that is done, as long as the current cell stays where it went; `stamp` is moves() as
-/// the move left it.
-void CellGrid::Impl::announceMove(const std::int32_t& oldRow, const std::int32_t& oldCol,
-                                  std::uint64_t stamp) {
-    const auto replaced = [&] { return moves() != stamp; };
-    if (replaced()) return;
+/// A move that nobody is asked about, after its cell is gone.
+void CellGrid::Impl::announceForcedMove(std::int32_t oldRow, std::int32_t oldCol) {
+    Move move{oldRow, oldCol, currentRow, currentCol, nullptr};
+    const MoveSpan span(moving, move);
+    announce(move);
+}
+
+/// The events of a move that is done, as long as the cell that it went to is there.
+void CellGrid::Impl::announce(const Move& move) {
+    const auto gone = [&] { return move.newRow < 0 || move.newRow >= rows() || move.newCol >= cols(); };
     grid.EnterCell();
-    if (replaced()) return;
+    if (gone()) return;
     grid.RowColChange();
-    if (replaced()) return;
-    grid.AfterRowColChange(oldRow, oldCol, currentRow, currentCol);
-    if (replaced()) return;
+    if (gone()) return;
+    grid.AfterRowColChange(move.oldRow, move.oldCol, move.newRow, move.newCol);
+    if (gone()) return;
     grid.SelChange();
 }
 

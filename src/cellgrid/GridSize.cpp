@@ -45,7 +45,7 @@ void CellGrid::Impl::viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t 
     if (lost) ++movesForced;
     const std::uint64_t stamp = moves();
     geometryChanged();
-    if (lost && currentRow >= 0 && currentCol >= 0) announceMove(oldRow, oldCol, stamp);
+    if (lost && moves() == stamp && currentRow >= 0 && currentCol >= 0) announceForcedMove(oldRow, oldCol);
 }
 
 void CellGrid::Impl::insertCols(std::int32_t n) {

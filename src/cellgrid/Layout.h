@@ -51,7 +51,9 @@ class Layout {
     std::int32_t clientWidth() const;
     std::int32_t clientHeight() const;
     std::int32_t maxTopRow() const { return rows.maxFirst(clientHeight() - bottomStrip); }
-    std::int32_t maxLeftCol() const { return cols.maxFirst(clientWidth()); }
+    /// Without scroll bars the clerk cannot scroll, and code may go as far as the last column: a total row
+    /// has to follow a grid whose view is narrower by its vertical bar.
+    std::int32_t maxLeftCol() const { return cols.maxFirst(scrollBars ? clientWidth() : 0); }
     Rect cellRect(std::int32_t row, std::int32_t col) const;
     GridHit hit(std::int32_t x, std::int32_t y) const;
 

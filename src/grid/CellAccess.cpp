@@ -33,28 +33,27 @@ void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisp
     Parts& p = *parts_;
     try {
         p.editor.commitForHost();
-        CellGrid& grid = p.main;
-        if (!holds(grid, Row, Col)) return;
-        if (!p.flags.bIsShowZero && !isFixed(grid, Row, Col) &&
-            isBlanked(p.columns.at(Col).iType(), psDisplay))
+        if (!holds(p.main, Row, Col)) return;
+        if (!p.flags.bIsShowZero && isBlanked(p.columns.at(Col).iType(), psDisplay) &&
+            !isFixed(p.main, Row, Col))
             psDisplay = {};
-        if (!p.flags.ReDraw) {
-            grid.Data(Row, Col, psTag);
-            if (holds(grid, Row, Col)) grid.Text(Row, Col, psDisplay);
-            return;
-        }
-        {
-            grid::TotalRow::Expect recalculation(p.totals, Col);
-            // Somebody who hears of the change may look at the total before it is made anew.
-            if (CellChanged.listeners() > 0 || grid.CellChanged.listeners() > 1)
-                p.totals.rememberBeforeWrite(Row, Col);
-            grid.Data(Row, Col, psTag);
-            if (holds(grid, Row, Col)) grid.Text(Row, Col, psDisplay);
-        }
-        p.totals.recalculate(Col);
+        p.totals.around(
+            Row, Col, p.cellChangesAreHeard(), [&] { p.writeCell(Row, Col, psDisplay, psTag); },
+            [&] { return p.flags.ReDraw; });
     } catch (const std::exception& error) {
         p.showError(std::string("SetCell Error::") + error.what(), "错误");
     }
+}
+
+bool kxGrid::Parts::cellChangesAreHeard() const {
+    return control.CellChanged.listeners() > 0 || main.CellChanged.listeners() > 0;
+}
+
+/// Who hears of the tag may take the cell away before its text is written.
+void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_view text,
+                              std::string_view tag) {
+    main.Data(row, col, tag);
+    if (!cellChangesAreHeard() || holds(main, row, col)) main.Text(row, col, text);
 }
 
 std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {

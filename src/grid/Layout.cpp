@@ -47,7 +47,7 @@ void Layout::showTotalRow(bool shown) {
 
 /// Tells the main grid how much of its bottom is covered, so that its last row can be scrolled clear of it.
 void Layout::coverStrip() {
-    const std::int32_t covered = mainRect_.height - totalRect_.top;
+    const std::int32_t covered = mainRect_.bottom() - totalRect_.top;
     const std::int32_t bar = main_.HorizontalBarShown() ? CellGrid::HorizontalBarHeight : 0;
     main_.BottomStrip(totalRowShown_ ? std::max(0, covered - bar) : 0);
 }

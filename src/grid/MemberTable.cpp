@@ -60,14 +60,14 @@ std::uint32_t toColor(const Variant& value) {
     { #name, Access::GetPut, Type::type, 1, nullptr, nullptr }
 #define KX_OBJECT(name, access, arguments) \
     { #name, Access::access, Type::Empty, arguments, nullptr, nullptr }
-#define KX_METHOD(name, type, arguments) \
-    { #name, Access::Method, Type::type, arguments, nullptr, nullptr }
+#define KX_METHOD(name, arguments) \
+    { #name, Access::Method, Type::Empty, arguments, nullptr, nullptr }
 
 const Entry entries[] = {
-    KX_METHOD(ValidTextData, Boolean, 0),
+    KX_METHOD(ValidTextData, 0),
     KX_TEXT(Text),
     KX_TEXT(TextTag),
-    KX_METHOD(SetCell, Empty, 4),
+    KX_METHOD(SetCell, 4),
     KX_OBJECT(VsCtrl, Get, 1),
     KX_GET_BOOL(bIsDirty),
     KX_TEXT(FormatString),
@@ -99,13 +99,13 @@ const Entry entries[] = {
     KX_OBJECT(Grid, Get, 0),
     KX_OBJECT(Grid_Sum, Get, 0),
     KX_BOOL(ReDraw),
-    KX_METHOD(ReadCell, Text, 3),
+    KX_METHOD(ReadCell, 3),
     KX_GET_BOOL(IsActive),
     KX_GET_BOOL(IsValid),
     KX_BOOL(bIsShowZero),
-    KX_METHOD(Clear, Empty, 0),
+    KX_METHOD(Clear, 0),
     KX_INT(Appearance),
-    KX_METHOD(ReadSum, Text, 1),
+    KX_METHOD(ReadSum, 1),
     {"VsSumCellBackColor", Access::Put, Type::Int32, 0, nullptr,
      [](kxGrid& g, const Variant& v) { g.VsSumCellBackColor(toColor(v)); }},
 };

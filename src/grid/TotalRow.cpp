@@ -97,10 +97,10 @@ void TotalRow::recalculate(std::int32_t col) {
 }
 
 void TotalRow::note(std::int32_t col) {
-    if (col >= sums_.Cols() || sums_.Rows() == 0 || !columns_.at(col).b是否合计数据()) return;
     const auto i = static_cast<std::size_t>(col);
+    if (i < totals_.size() && totals_[i].pending) return;
+    if (!isSummed(col) || col >= sums_.Cols() || sums_.Rows() == 0) return;
     if (totals_.size() <= i) totals_.resize(i + 1);
-    if (totals_[i].pending) return;
     totals_[i].pending = true;
     ++pending_;
     sums_.ComputedText(0, col, [this, col] { return valueText(col); });
@@ -119,15 +119,24 @@ void TotalRow::settle(std::int32_t col) {
     --pending_;
 }
 
-void TotalRow::rememberBeforeWrite(std::int32_t row, std::int32_t col) {
-    const auto i = static_cast<std::size_t>(col);
-    if (i >= totals_.size() || !totals_[i].pending) return;
-    writtenRow_ = row;
-    numberBeforeWrite_ = support::leadingNumberOfDisplayed(main_.DisplayText(row, col));
+TotalRow::PutOff::PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard)
+    : totals_(totals), col_(col) {
+    totals.expected_ = col;
+    if (!heard) return;
+    totals.writtenRow_ = row;
+    totals.numberBeforeWrite_ = support::leadingNumberOfDisplayed(totals.main_.DisplayText(row, col));
+}
+
+/// Not made anew after all: only who heard of the write can have brought that about.
+TotalRow::PutOff::~PutOff() {
+    if (!made_ && totals_.writtenRow_ >= 0 && totals_.isPending(col_)) totals_.settle(col_);
+    totals_.expected_ = NoColumn;
+    totals_.writtenRow_ = -1;
 }
 
 double TotalRow::sumBeforeWrite(std::int32_t col) const {
     double sum = 0;
+    if (col >= main_.Cols()) return sum;  // taken away meanwhile
     for (std::int32_t r = main_.FixedRows(); r < main_.Rows(); ++r)
         sum += r == writtenRow_ ? numberBeforeWrite_
                                 : support::leadingNumberOfDisplayed(main_.DisplayText(r, col));

@@ -54,10 +54,7 @@ class TotalRow : private CellGrid::Watcher {
     class Expect {
       public:
         Expect(TotalRow& totals, std::int32_t col) : totals_(totals) { totals.expected_ = col; }
-        ~Expect() {
-            totals_.expected_ = NoColumn;
-            totals_.writtenRow_ = -1;
-        }
+        ~Expect() { totals_.expected_ = NoColumn; }
         Expect(const Expect&) = delete;
         Expect& operator=(const Expect&) = delete;
 
@@ -66,16 +63,47 @@ class TotalRow : private CellGrid::Watcher {
     };
     static constexpr std::int32_t AllColumns = -1;
 
-    /// For the expected write of one cell whose listeners may look at the total before it is recalculated:
-    /// they see it without the write.
-    void rememberBeforeWrite(std::int32_t row, std::int32_t col);
+    /// Writes one cell of a column whose total is made anew afterwards, when `recalculates` then still says
+    /// so. Whoever hears of the write sees the total without it, and it stays so when the write fails or
+    /// nothing is recalculated.
+    template <class Write, class Recalculates>
+    void around(std::int32_t row, std::int32_t col, bool heard, Write write, Recalculates recalculates) {
+        if (recalculates() && isPending(col) && isSummed(col)) {
+            PutOff putOff(*this, row, col, heard);
+            write();
+            if (recalculates() && isSummed(col)) putOff.made();
+        } else {
+            write();
+        }
+        if (recalculates()) recalculate(col);
+    }
 
   private:
     struct Total {
         bool pending = false;
         double value = 0;
     };
+    /// The write of one cell before which a pending total was not added up.
+    class PutOff {
+      public:
+        PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard);
+        ~PutOff();
+        PutOff(const PutOff&) = delete;
+        PutOff& operator=(const PutOff&) = delete;
+        void made() { made_ = true; }
+
+      private:
+        TotalRow& totals_;
+        std::int32_t col_;
+        bool made_ = false;
+    };
+
     void contentWillChange(std::int32_t col) override;
+    bool isPending(std::int32_t col) const {
+        return static_cast<std::size_t>(col) < totals_.size() &&
+               totals_[static_cast<std::size_t>(col)].pending;
+    }
+    bool isSummed(std::int32_t col) { return col <= columns_.upper() && columns_.at(col).b是否合计数据(); }
     double sumBeforeWrite(std::int32_t col) const;
     void settle(std::int32_t col);
     void forget(std::int32_t col);

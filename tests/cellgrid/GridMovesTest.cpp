@@ -74,7 +74,7 @@ TEST_F(CurrentCell, GivesWayToAMoveThatAListenerMakesBeforeIt) {
     EXPECT_EQ(log.take(), expected);
 }
 
-TEST_F(CurrentCell, CompletesAMoveThatAListenerMakesAfterItAndRaisesNoMoreOfItsOwn) {
+TEST_F(CurrentCell, CompletesAMoveThatAListenerMakesAfterItBeforeItGoesOnToTellOfItsOwn) {
     grid.EnterCell.connect([this] {
         if (grid.Row() == 5) grid.Select(9, 9);
     });
@@ -82,6 +82,7 @@ TEST_F(CurrentCell, CompletesAMoveThatAListenerMakesAfterItAndRaisesNoMoreOfItsO
     EXPECT_EQ(at(), "9,9");
     Lines expected{"Before 1,1 -> 5,5", "Leave 1,1", "Enter 5,5"};
     for (const std::string& line : test::MoveLog::whole("5,5", "9,9")) expected.push_back(line);
+    for (const char* line : {"RowColChange", "After 1,1 -> 5,5", "SelChange"}) expected.push_back(line);
     EXPECT_EQ(log.take(), expected);
 }
 
