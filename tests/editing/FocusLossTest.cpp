@@ -100,5 +100,27 @@ TEST_F(FocusLoss, OfOneControlLeavesTheOthersEditorAlone) {
     EXPECT_EQ(second.Grid().Text(1, 1), "");
 }
 
+TEST_F(FocusLoss, IsNoneWhenTheClerkPressesIntoTheEditor) {
+    desk.type("abc");
+    heard();
+    desk.clickEditor();
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_TRUE(open());
+    EXPECT_EQ(desk.editor().text, "abc");
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
+}
+
+TEST_F(FocusLoss, EndsWhenTheClerkComesBackToTheRefusedText) {
+    typed(1, flexDTDouble);
+    desk.type("abc");
+    desk.focusElsewhere();
+    heard();
+    desk.clickEditor();
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
+    EXPECT_TRUE(grid.IsActive());
+    EXPECT_EQ(desk.editor().text, "abc");
+}
+
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -110,6 +110,14 @@ TEST_F(Presses, MouseMovesOverTheGridReachTheHost) {
     EXPECT_EQ(heardWithoutPlaces(), (Lines{"MouseMove"}));
 }
 
+TEST_F(Presses, AndOtherReportsOfTheEngineArePassedOn) {
+    grid.Grid().Click();
+    grid.Grid().SelChange();
+    grid.Grid().CellChanged(2, 3);
+    grid.Grid().AfterEdit(4, 5);
+    EXPECT_EQ(heard(), (Lines{line("Click"), line("SelChange")} + changed(2, 3) + edited(4, 5)));
+}
+
 class DoubleClicks : public ClerkTest {
   protected:
     Lines heardOfIt() { return without(without(heard(), "MouseDown"), "Click"); }

@@ -199,5 +199,47 @@ TEST_F(ControlKeys, InTheOpenEditorNeverReachTheGridAsACharacter) {
     EXPECT_EQ(heard(), changed(1, 1) + edited(1, 1) + moves(1, 1, 1, 2));
 }
 
+class EngineKeys : public ClerkTest {
+  protected:
+    /// What is left of a character that the engine reports.
+    std::int16_t after(std::int16_t ascii) {
+        grid.Grid().KeyPress(ascii);
+        return ascii;
+    }
+};
+
+TEST_F(EngineKeys, EnterIsSwallowedWhereItMoves) {
+    EXPECT_EQ(after(13), 0);
+    EXPECT_EQ(current(), (Cell{1, 2}));
+}
+
+TEST_F(EngineKeys, EnterIsSwallowedAlsoWhereItFindsNoCell) {
+    readOnly(5);
+    at(5, 4);
+    EXPECT_EQ(after(13), 0);
+    EXPECT_EQ(current(), (Cell{5, 4}));
+}
+
+TEST_F(EngineKeys, AreLeftToTheGridInAReadOnlyColumn) {
+    readOnly(1);
+    EXPECT_EQ(after(13), 13);
+    EXPECT_EQ(after(97), 97);
+    EXPECT_EQ(heard(), Lines{});
+}
+
+TEST_F(EngineKeys, AreLeftToTheGridWhenItIsNotEditable) {
+    grid.Editable(false);
+    log.clear();
+    EXPECT_EQ(after(13), 13);
+    EXPECT_EQ(heard(), Lines{});
+}
+
+TEST_F(EngineKeys, BelowZeroCountAsPrintable) {
+    at(5, 1);
+    after(-10000);
+    EXPECT_EQ(heard(), asksForRow(5, false) + opens());
+    EXPECT_TRUE(open());
+}
+
 }  // namespace
 }  // namespace kxVsGrid::testing
