@@ -253,6 +253,15 @@ void Stage::composing(bool underway) {
 
 void Stage::composeOnGrid(QInputMethodEvent& event) {
     event.accept();
+    // An input method that sees the keyboard move to the editor commits what it is just delivering once more.
+    if (handlingComposition_) return;
+    const std::shared_ptr<Machine> machine = machine_;
+    handlingComposition_ = true;
+    handleComposition(event);
+    if (machine->stage != nullptr) handlingComposition_ = false;
+}
+
+void Stage::handleComposition(QInputMethodEvent& event) {
     const bool something = !event.preeditString().isEmpty() || !event.commitString().isEmpty();
     if (!something && !box_->composing()) return;
     const std::shared_ptr<Machine> machine = machine_;

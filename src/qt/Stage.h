@@ -94,6 +94,7 @@ class Stage {
 
     static QString failureOf(const std::function<void()>& work);
     void report(const QString& failure);
+    void handleComposition(QInputMethodEvent& event);
     void settle();
     void watchFocus();
     void showFocus(bool focused);
@@ -119,6 +120,7 @@ class Stage {
     bool focusShown_ = false;
     bool away_ = false;  // the keyboard is with another window, a menu or a popup
     bool composingOnGrid_ = false;
+    bool handlingComposition_ = false;
     bool editorWaitsForFocus_ = false;
 };
 }  // namespace kxVsGrid::qt

@@ -103,6 +103,28 @@ TEST(InputMethod, MayCommitOneSyllableWhileComposingTheNext) {
     EXPECT_TRUE(w.editor().hasFocus());
 }
 
+TEST(InputMethod, MayCommitOnceMoreWhenItSeesTheKeyboardMove) {
+    class Eager : public QObject {
+      public:
+        bool eventFilter(QObject* object, QEvent* event) override {
+            if (event->type() != QEvent::FocusAboutToChange) return false;
+            QInputMethodEvent again;
+            again.setCommitString("品");
+            QApplication::sendEvent(object, &again);
+            return false;
+        }
+    } eager;
+    Window w;
+    w.focusCell(1, Code);
+    w.view().installEventFilter(&eager);
+    w.compose("pin");
+    w.compose("", "品");
+    EXPECT_EQ(w.grid().Text(), "品");
+    EXPECT_EQ(w.editorText(), "品");
+    EXPECT_TRUE(w.editor().hasFocus());
+    w.view().removeEventFilter(&eager);
+}
+
 TEST(InputMethod, LeavingCommitsExactlyOnce) {
     Window w;
     int edits = 0;
