@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int StepMs = 5;  // between commands, so that everything that a key caused has happened
+constexpr int StepMs = 5;  // between keys, so that everything that a key caused has happened
 
 QWidget* keyboardOwner(QWidget& window) {
     if (QWidget* popup = QApplication::activePopupWidget()) return popup;
@@ -18,17 +18,15 @@ QWidget* keyboardOwner(QWidget& window) {
     return &window;
 }
 
-void typeText(QWidget& window, const QString& text) {
-    for (const char32_t character : text.toStdU32String()) {
-        const bool capital = character >= U'A' && character <= U'Z';
-        Qt::Key key = Qt::Key_unknown;
-        if (character >= U'a' && character <= U'z')
-            key = static_cast<Qt::Key>(character - U'a' + Qt::Key_A);
-        else if (character >= U' ' && character <= U'~')
-            key = static_cast<Qt::Key>(character);
-        QTest::sendKeyEvent(QTest::Click, keyboardOwner(window), key, QString::fromUcs4(&character, 1),
-                            capital ? Qt::ShiftModifier : Qt::NoModifier);
-    }
+void typeCharacter(QWidget& window, char32_t character) {
+    const bool capital = character >= U'A' && character <= U'Z';
+    Qt::Key key = Qt::Key_unknown;
+    if (character >= U'a' && character <= U'z')
+        key = static_cast<Qt::Key>(character - U'a' + Qt::Key_A);
+    else if (character >= U' ' && character <= U'~')
+        key = static_cast<Qt::Key>(character);
+    QTest::sendKeyEvent(QTest::Click, keyboardOwner(window), key, QString::fromUcs4(&character, 1),
+                        capital ? Qt::ShiftModifier : Qt::NoModifier);
 }
 
 bool pressKey(QWidget& window, const QString& name) {
@@ -64,6 +62,12 @@ void KeyPlayer::start() {
 void KeyPlayer::step() {
     timer_.setInterval(StepMs);
     if (!hasKeyboard()) return;
+    if (!toType_.empty()) {
+        const char32_t character = toType_.front();
+        toType_.erase(0, 1);
+        typeCharacter(window_, character);
+        return;
+    }
     if (next_ >= script_.size()) {
         timer_.stop();
         emit finished({});
@@ -81,10 +85,12 @@ void KeyPlayer::step() {
     emit finished(u"%1: %2"_s.arg(QString::number(number), error));
 }
 
-// A window that has just been shown gets the keyboard when the desktop is ready to give it; a desktop without
-// a window manager has to be asked to give it back after a box.
+// A window that has just been shown gets the keyboard when the desktop is ready to give it. A desktop without
+// a window manager has to be asked to give it back after a box, and may leave it with a list that is gone.
 bool KeyPlayer::hasKeyboard() {
-    if (QApplication::focusWidget() || QApplication::activePopupWidget()) return true;
+    if (QApplication::activePopupWidget()) return true;
+    const QWidget* active = QApplication::activeWindow();
+    if (QApplication::focusWidget() && active && active->isVisible()) return true;
     QWidget* modal = QApplication::activeModalWidget();
     (modal ? modal : &window_)->activateWindow();
     return patience_-- <= 0;
@@ -92,7 +98,7 @@ bool KeyPlayer::hasKeyboard() {
 
 QString KeyPlayer::play(const QString& command, const QString& rest) {
     if (command == u"type") {
-        typeText(window_, rest);
+        toType_ = rest.toStdU32String();
     } else if (command == u"key") {
         if (!pressKey(window_, rest.trimmed())) return u"未知的键 "_s + rest;
     } else if (command == u"compose") {

@@ -10,10 +10,10 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
+#include <string>
 
 class KeyPlayer : public QObject {
     Q_OBJECT
@@ -37,6 +37,7 @@ class KeyPlayer : public QObject {
     QWidget& window_;
     QStringList script_;
     qsizetype next_ = 0;
-    int patience_ = 1000;  ///< steps to wait for the keyboard
+    std::u32string toType_;  ///< what is left of a type command
+    int patience_ = 1000;    ///< steps to wait for the keyboard
     QTimer timer_;
 };
