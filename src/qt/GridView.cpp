@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <cmath>
 
 #include "qt/AccessibleGrid.h"
@@ -65,6 +66,13 @@ void GridView::paintEvent(QPaintEvent* event) {
         colors_ = SystemColors(palette());
     }
     frames_.look(font(), colors_, stage_.scale(), this);
+    // Qt does not tell when the window has come to a screen of another scale
+    if (const Scale now = stage_.scale(); !(scale_ == now)) {
+        if (scale_)
+            QMetaObject::invokeMethod(
+                this, [this] { stage_.lookChanged(); }, Qt::QueuedConnection);
+        scale_ = now;
+    }
     const QRegion& region = event->region();
     if (region.rectCount() > ManyParts) {
         paintPart(painter, region.boundingRect());
@@ -128,6 +136,9 @@ bool GridView::event(QEvent* event) {
             event->accept();
             return true;
         }
+        case QEvent::ToolTip:
+            showWholeText(static_cast<QHelpEvent&>(*event));
+            return true;
         case QEvent::KeyPress: {
             auto& key = static_cast<QKeyEvent&>(*event);
             if (!isTab(key)) break;
@@ -251,6 +262,28 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
         input.mouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), middle(scale, at.x()),
                         middle(scale, at.y()));
     });
+}
+
+/// A text that does not fit its cell is shown in full while the mouse rests on it.
+void GridView::showWholeText(const QHelpEvent& event) {
+    const Scale scale = stage_.scale();
+    const kxGrid& grid = stage_.grid();
+    const std::int32_t x = middle(scale, event.pos().x());
+    const std::int32_t y = middle(scale, event.pos().y());
+    const bool overTotals = grid.totalRowShown() && grid.totalRowRect().contains(x, y);
+    const CellGrid& cells = overTotals ? grid.Grid_Sum() : grid.Grid();
+    const Rect origin = overTotals ? grid.totalRowRect() : Rect{};
+    const GridHit hit = cells.HitTest(x - origin.left, y - origin.top);
+    const bool cell = hit.part == GridHit::Part::Cell || hit.part == GridHit::Part::FixedCell;
+    QString text;
+    if (cell && (overTotals || cells.ColDataType(hit.col) != flexDTBoolean)) {
+        const std::string shown = cells.DisplayText(hit.row, hit.col);
+        const TextMetrics& metrics = stage_.metrics();
+        const std::int32_t width = metrics.textWidth(shown) + metrics.padding();
+        if (width > cells.CellRect(hit.row, hit.col).width || shown.find('\n') != std::string::npos)
+            text = toQt(shown);
+    }
+    QToolTip::showText(event.globalPos(), text.isEmpty() ? text : text.toHtmlEscaped(), this);
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {

@@ -3,7 +3,9 @@
 // itself.
 #pragma once
 
+#include <QHelpEvent>
 #include <QWidget>
+#include <optional>
 
 #include "kxVsGrid/Frame.h"
 #include "qt/FramePainter.h"
@@ -47,6 +49,7 @@ class GridView : public QWidget {
     void paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
                    Frame& frame);
     void paintTotalEdges(QPainter& painter);
+    void showWholeText(const QHelpEvent& event);
     void showCursorFor(const QMouseEvent& event);
     bool copyOrPaste(const QKeyEvent& event);
     void typeFurther(const QString& text);
@@ -56,6 +59,7 @@ class GridView : public QWidget {
     FramePainter frames_;
     SystemColors colors_;
     qint64 paletteKey_ = -1;
+    std::optional<Scale> scale_;  // that was painted with
     Frame mainFrame_;
     Frame totalFrame_;
     bool splitCursor_ = false;

@@ -32,6 +32,7 @@ class Stage {
     GridView& view() const { return *view_; }
     const ScrollBars& bars() const { return *bars_; }
     Scale scale() const;
+    const TextMetrics& metrics() const { return machine_->platform.textMetrics(); }
 
     /// Every way from an event of Qt's into the control. What a host handler throws is reported and goes no
     /// further. False when the widget was destroyed meanwhile: the caller must not touch it any more.

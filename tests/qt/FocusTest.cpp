@@ -1,5 +1,6 @@
 // Where the keyboard is, what is told of it, and what leaving does.
 #include <QMenu>
+#include <QMessageBox>
 #include <QTimer>
 
 #include "qt/Window.h"
@@ -138,6 +139,25 @@ TEST(Focus, OfARefusedTextGoesWhereTheClerkPutsIt) {
     w.click(3, Code);
     EXPECT_TRUE(w.editorShown());
     EXPECT_EQ(w.current(), "1,3");
+}
+
+TEST(Focus, LostIntoABoxOfTheHostsGoesOnToWhereTheClerkPutIt) {
+    Window w;
+    int edits = 0;
+    w.grid().AfterEdit.connect([&](std::int32_t, std::int32_t) {
+        ++edits;
+        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        QMessageBox(QMessageBox::Information, "t", "x", QMessageBox::Ok, &w.window).exec();
+    });
+    w.focusCell(1, Code);
+    w.type("new");
+    w.after->setFocus();
+    QApplication::setActiveWindow(&w.window);  // which a window manager does when the box has gone
+    w.settle();
+    EXPECT_EQ(edits, 1);
+    EXPECT_TRUE(w.after->hasFocus());
+    EXPECT_FALSE(w.grid().IsActive());
+    EXPECT_FALSE(w.editorShown());
 }
 
 TEST(Focus, NeverTouchesAnotherControlWhileTheEditorCloses) {

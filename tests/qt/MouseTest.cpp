@@ -1,5 +1,9 @@
 // Presses, double clicks, the wheel, dragging.
+#include <QHelpEvent>
+#include <QMessageBox>
 #include <QScrollBar>
+#include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "qt/Window.h"
@@ -136,6 +140,35 @@ TEST(Mouse, DragsAColumnsEdge) {
     EXPECT_NEAR(w.grid().ColWidth(Code), before + 300, 15);
     QTest::mouseMove(&w.view(), w.at(3, Code));
     EXPECT_EQ(w.view().cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST(Mouse, RestingOnATextThatDoesNotFitShowsItInFull) {
+    Window w;
+    w.grid().Grid().Text(3, Code, "a text that is <much> too long for its cell");
+    for (const std::int32_t row : {1, 3}) {
+        const QPoint at = w.at(row, Code);
+        QHelpEvent event(QEvent::ToolTip, at, w.view().mapToGlobal(at));
+        QApplication::sendEvent(&w.view(), &event);
+        EXPECT_EQ(QToolTip::text().contains("too long"), row == 3);
+    }
+    QToolTip::hideText();
+}
+
+TEST(Mouse, PressWhoseCommitOpensABoxStillMovesTheCell) {
+    Window w;
+    w.grid().AfterEdit.connect([&](std::int32_t, std::int32_t) {
+        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        QMessageBox(QMessageBox::Information, "t", "x", QMessageBox::Ok, &w.window).exec();
+    });
+    w.focusCell(1, Code);
+    w.type("new");
+    w.click(3, Quantity);
+    EXPECT_EQ(w.text(1, Code), "new");
+    EXPECT_EQ(w.current(), "3,3");
+    QApplication::setActiveWindow(&w.window);  // which a window manager does when the box has gone
+    w.settle();
+    EXPECT_TRUE(w.view().hasFocus());
+    EXPECT_FALSE(w.editorShown());
 }
 
 TEST(ScrollBars, AreShownAsTheGridDecides) {
