@@ -1,0 +1,57 @@
+// The texts that every contestant is given: order data with codes, names, quantities, prices and dates, 1 to
+// 24 bytes long, the same in every run. They exist before a measurement starts, as QStrings for the peers
+// (which share them) and as UTF-8 for the grid (which copies the bytes).
+#pragma once
+
+#include <QString>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kxbench {
+
+/// What the columns hold; column 10 starts over.
+enum class Kind { Code, Name, Pack, Unit, Quantity, Price, Amount, Date, Warehouse, Remark };
+constexpr std::int32_t KindCount = 10;
+
+constexpr Kind kindOf(std::int32_t col) {
+    return static_cast<Kind>(col % KindCount);
+}
+
+class Texts {
+  public:
+    static const Texts& instance();
+
+    /// Texts and tags of data cell (row, col), both from 0.
+    const QString& text(std::int32_t row, std::int32_t col) const {
+        return texts_[kind(col)]->qt[pick(row, col)];
+    }
+    const QString& tag(std::int32_t row, std::int32_t col) const { return tags_->qt[pick(row, col)]; }
+    std::string_view utf8(std::int32_t row, std::int32_t col) const {
+        return texts_[kind(col)]->utf8[pick(row, col)];
+    }
+    std::string_view utf8Tag(std::int32_t row, std::int32_t col) const { return tags_->utf8[pick(row, col)]; }
+
+  private:
+    struct Pool {
+        std::vector<QString> qt;
+        std::vector<std::string_view> utf8;
+        std::string bytes;  ///< of all texts, one after the other
+        explicit Pool(const std::vector<std::string>& texts);
+    };
+    Texts();
+    static std::size_t kind(std::int32_t col) { return static_cast<std::size_t>(kindOf(col)); }
+    /// One of 1,024, scattered.
+    static std::size_t pick(std::int32_t row, std::int32_t col) {
+        return (static_cast<std::uint32_t>(row) * 2'654'435'761U +
+                static_cast<std::uint32_t>(col) * 668'265'263U) >>
+               22U;
+    }
+
+    std::vector<std::unique_ptr<Pool>> texts_;
+    std::unique_ptr<Pool> tags_;
+};
+}  // namespace kxbench
