@@ -108,9 +108,62 @@ bool Editor::commit() {
 
 /// The field check, for a text that differs from the one the cell had on entry.
 bool Editor::checkChangedText() {
-    const std::shared_ptr<cVsControl> column = columns_.shared(grid_.Col());
+    const std::int32_t row = grid_.Row();
+    const std::int32_t col = grid_.Col();
+    const std::shared_ptr<cVsControl> column = columns_.shared(col);
     if (support::trim(box_.text()) == entered_.entryText() || column->i有效性判断() == 0) return true;
-    return passesFieldCheck(box_, *column);
+    const FieldVerdict verdict = checkField(*column, std::string(box_.text()), owner_);
+    owner_.allowMoves();
+    // A host that went elsewhere while it was asked has closed the editor: there is nothing left to write.
+    if (!visible_ || grid_.Row() != row || grid_.Col() != col) return false;
+    if (verdict.refusal) {
+        refuse(*verdict.refusal);
+        return false;
+    }
+    if (verdict.rewritten) rewrite(verdict.rewritten->text, verdict.rewritten->tag);
+    return true;
+}
+
+void Editor::rewrite(const std::string& text, const std::string& tag) {
+    Span validating(validating_);
+    this->text(text);
+    this->tag(tag);
+}
+
+/// The text stays, all of it selected, and is not checked again until it has changed.
+void Editor::refuse(const MessageBox& message) {
+    owner_.showMessage(message);
+    {
+        Span validating(validating_);
+        text(support::withoutLineBreaks(box_.text()));
+    }
+    if (validLock_ < std::numeric_limits<std::int16_t>::max()) ++validLock_;
+    box_.selectAll();
+    publish();
+    seat_.giveFocus(visible_ ? FocusPlace::Editor : FocusPlace::Grid);
+}
+
+bool Editor::validate() {
+    if (grid_.Col() < 0) return true;
+    if (!passesRule()) return false;
+    return !visible_ || committing_ || commit();
+}
+
+bool Editor::passesRule() {
+    const std::shared_ptr<cVsControl> column = columns_.shared(grid_.Col());
+    const std::string_view value = support::trim(box_.tag());
+    if (column->i是否允许为空() == i字段不能为空 && value.empty())
+        return refuseByRule(column->sName() + "不能为空!");
+    if (column->i是否允许为空() == i字段不能为零 && support::leadingNumber(value) == 0)
+        return refuseByRule(column->sName() + "不能为零!");
+    return true;
+}
+
+bool Editor::refuseByRule(const std::string& message) {
+    constexpr std::int32_t InformationStyle = 64;
+    owner_.showMessage({message, InformationStyle, "提示："});
+    if (shown_.enabled) seat_.giveFocus(visible_ ? FocusPlace::Editor : FocusPlace::Grid);
+    return false;
 }
 
 bool Editor::writeText() {

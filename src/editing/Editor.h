@@ -41,6 +41,9 @@ class Editor {
     /// Writes the editor into the current cell. False when the text is refused, or when a commit is under
     /// way.
     bool commit();
+    /// Applies the current column's rules on empty and zero values to the editor's tag, then commits an open
+    /// editor. While a commit is under way only the rules are applied.
+    bool validate();
     /// Commits an open editor whose text has not been refused, unless a commit is under way.
     void commitForHost();
     /// Hides without writing.
@@ -79,6 +82,10 @@ class Editor {
     void toggle();
     void show(Focus focus);
     bool checkChangedText();
+    void rewrite(const std::string& text, const std::string& tag);
+    void refuse(const MessageBox& message);
+    bool passesRule();
+    bool refuseByRule(const std::string& message);
     bool writeText();
     bool writeNumber(std::int32_t row, std::int32_t col);
     void publish();

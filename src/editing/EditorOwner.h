@@ -2,6 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+
+#include "kxVsGrid/DateTime.h"
+#include "kxVsGrid/Platform.h"
+#include "kxVsGrid/cVsControl.h"
 
 namespace kxVsGrid::editing {
 
@@ -22,5 +27,10 @@ class EditorOwner {
     virtual void bringCurrentCellIntoView() = 0;
     virtual void raiseBeforeTextEdit() = 0;
     virtual void raiseAfterEdit(std::int32_t row, std::int32_t col) = 0;
+    /// Asks the host for the record that matches a typed code.
+    virtual void raiseTxtValidBmS(const cVsControl& column, const std::string& text, std::string& code,
+                                  std::string& name) = 0;
+    virtual void showMessage(const MessageBox& box) = 0;
+    virtual DateTime now() const = 0;
 };
 }  // namespace kxVsGrid::editing

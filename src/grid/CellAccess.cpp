@@ -80,11 +80,7 @@ std::string kxGrid::ReadSum(std::int32_t Col) const {
 }
 
 bool kxGrid::ValidTextData() {
-    Parts& p = *parts_;
-    if (p.main.Col() < 0) return true;
-    // While a commit runs its own outcome decides.
-    if (!p.editor.visible() || p.editor.committing()) return true;
-    return p.editor.commit();
+    return parts_->editor.validate();
 }
 
 bool kxGrid::IsValid() {

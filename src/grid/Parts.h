@@ -40,6 +40,13 @@ struct kxGrid::Parts : editing::EditorOwner {
     void bringCurrentCellIntoView() override;
     void raiseBeforeTextEdit() override { control.BeforeTextEdit(); }
     void raiseAfterEdit(std::int32_t row, std::int32_t col) override { control.AfterEdit(row, col); }
+    void raiseTxtValidBmS(const cVsControl& column, const std::string& text, std::string& code,
+                          std::string& name) override {
+        control.TxtValidBmS(column.s有效性判断基础(), column.s文本框对应编码字段(),
+                            column.s文本框对应名称字段(), text, code, name);
+    }
+    void showMessage(const MessageBox& box) override { platform.showMessage(box); }
+    DateTime now() const override { return platform.now(); }
 
     kxGrid& control;
     Platform& platform;

@@ -140,9 +140,13 @@ Desk& Desk::focusSurface() {
 }
 
 /// An input method that is composing commits what it shows before it lets go.
+void Desk::endComposition() {
+    if (station().composing) commitComposition(std::string(station().composed));
+}
+
 Desk& Desk::focusElsewhere() {
     Call call(*this);
-    if (station().composing) commitComposition(std::string(station().composed));
+    endComposition();
     moveFocus(&station(), FocusPlace::Elsewhere);
     return *this;
 }
@@ -224,6 +228,7 @@ Desk& Desk::pressHelpButton() {
 
 Desk& Desk::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     Call call(*this);
+    endComposition();
     station().input().mouseDown(button, shift, x, y);
     return *this;
 }

@@ -135,6 +135,7 @@ class Desk : public Platform {
     void sweep();
     void moveFocus(Station* station, FocusPlace place);
     void stroke(const KeyStroke& key);
+    void endComposition();
     void applyToTextBox(Station& at, const KeyStroke& key);
     Rect reach(std::int32_t row, std::int32_t col) const;
     Desk& clickCell(std::int16_t button, std::int32_t row, std::int32_t col, std::int16_t shift);

@@ -1,0 +1,47 @@
+#include "editing/FieldCheck.h"
+
+#include "editing/DateForms.h"
+#include "support/Text.h"
+
+namespace kxVsGrid::editing {
+namespace {
+
+constexpr std::int32_t CriticalStyle = 16;
+constexpr std::int32_t InformationStyle = 64;
+
+std::string_view withoutTrailingLineBreaks(std::string_view text) {
+    while (!text.empty() && (text.back() == '\r' || text.back() == '\n')) text.remove_suffix(1);
+    return text;
+}
+
+/// The text is known when the host finds a name for it. Which half of the pair shows is the column's choice;
+/// the other one becomes the tag.
+FieldVerdict checkCode(const cVsControl& column, std::string_view text, EditorOwner& owner) {
+    std::string code;
+    std::string name;
+    owner.raiseTxtValidBmS(column, std::string(withoutTrailingLineBreaks(text)), code, name);
+    if (name.empty()) return {MessageBox{column.s错误提示信息(), CriticalStyle, "错误："}, {}};
+    if (column.i帮助返回值显示类型() == iText记Name) return {{}, FieldVerdict::Pair{name, code}};
+    return {{}, FieldVerdict::Pair{code, name}};
+}
+
+FieldVerdict checkDate(DateForm form, std::string_view text, EditorOwner& owner) {
+    if (auto date = inDateForm(form, text)) return {{}, FieldVerdict::Pair{*date, *date}};
+    const std::string example = "非法公历日期!(格式:" + exampleOf(form, owner.now()) + ")";
+    return {MessageBox{example, InformationStyle, "提示："}, {}};
+}
+}  // namespace
+
+FieldVerdict checkField(const cVsControl& column, std::string_view text, EditorOwner& owner) {
+    switch (static_cast<std::int32_t>(column.i字段有效性判断类型())) {
+        case ij编码型:
+            return checkCode(column, text, owner);
+        case static_cast<std::int32_t>(DateForm::Date):
+        case static_cast<std::int32_t>(DateForm::HalfDay):
+        case static_cast<std::int32_t>(DateForm::Time):
+            return checkDate(static_cast<DateForm>(column.i字段有效性判断类型()), text, owner);
+        default:
+            return {};
+    }
+}
+}  // namespace kxVsGrid::editing
