@@ -27,7 +27,7 @@ constexpr ColumnPlan Plan[OrderGrid::ColumnCount] = {
     {"品名", 2250, flexDTString, flexAlignLeftCenter, false, 0, ""},
     {"规格", 1850, flexDTString, flexAlignLeftCenter, false, 0, ""},
     {"单位", 750, flexDTString, flexAlignCenterCenter, true, 10, ""},
-    {"数量", 1250, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.###"},
+    {"数量", 1500, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.###"},
     {"单价", 1350, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.00"},
     {"金额", 1650, flexDTDouble, flexAlignRightCenter, false, 0, "#,##0.00"},
     {"仓库", 1300, flexDTString, flexAlignLeftCenter, true, 20, ""},
@@ -110,8 +110,6 @@ void OrderGrid::setUpRules() {
     const auto delivery = grid_.VsCtrl(Delivery);
     delivery->i有效性判断(1);
     delivery->i字段有效性判断类型(ij日期型);
-    delivery->b是否提供帮助(true);
-    delivery->i帮助类型(ih日期型);
     for (const Column copied : {Warehouse, Delivery}) {
         grid_.VsCtrl(copied)->sDefaultText_Name("[-1,]");
         grid_.VsCtrl(copied)->sDefaultText_Code("[-1,]");
@@ -145,14 +143,6 @@ void OrderGrid::connectEvents() {
         if (!writing_) settleLater_.start();
     }));
     all.push_back(grid_.RowColChange.connect([this] { emit moved(); }));
-}
-
-void OrderGrid::setWarehouses(const QStringList& names) {
-    const auto warehouse = grid_.VsCtrl(Warehouse);
-    warehouse->b是否提供帮助(!names.isEmpty());
-    warehouse->i帮助类型(ih常量型);
-    warehouse->i帮助返回值显示类型(iText记Name);
-    warehouse->sHelp_Code(names.join(u'|').toStdString());
 }
 
 void OrderGrid::clearRows(std::int32_t dataRows) {
@@ -368,9 +358,9 @@ QString OrderGrid::hint() const {
         case Amount:
             return u"数量 × 单价,自动计算到分"_s;
         case Warehouse:
-            return u"输入仓库,或者编辑时按 F2 选择;新行沿用上一行"_s;
+            return u"输入仓库;新行沿用上一行"_s;
         case Delivery:
-            return u"年-月-日,编辑时按 F2 打开日历;新行沿用上一行"_s;
+            return u"年-月-日;新行沿用上一行"_s;
         case Gift:
             return u"按空格键切换"_s;
         case Remark:

@@ -46,8 +46,6 @@ class OrderGrid : public QObject {
     ~OrderGrid() override;
 
     void mayDelete(MayDelete ask) { mayDelete_ = std::move(ask); }
-    /// The warehouses that F2 offers.
-    void setWarehouses(const QStringList& names);
 
     /// An empty sheet; the first row gets the delivery date, each further row copies the one above.
     void clear(const QDate& delivery);

@@ -76,7 +76,6 @@ bool OrderWindow::connectDatabase() {
     try {
         database_.open();
         header_->setCustomers(catalogue_.customers());
-        grid_->setWarehouses(catalogue_.warehouses());
         return true;
     } catch (const DatabaseError& error) {
         return report(error, u"可以继续录入;排除原因后保存时会再次连接数据库。"_s);

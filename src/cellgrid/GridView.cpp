@@ -55,7 +55,12 @@ void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {
 /// What the current cell looks like changes with its place: the cell, or its whole row.
 void CellGrid::Impl::damageCursor() {
     if (damage.all() || currentRow < 0 || currentCol < 0 || !showCursor) return;
-    if (!selectsRows) return damageCell(currentRow, currentCol);
+    if (!selectsRows) {
+        // The headers of the current row and column are marked too.
+        for (std::int32_t c = 0; c < layout.cols.fixed; ++c) damageCell(currentRow, c);
+        for (std::int32_t r = 0; r < layout.rows.fixed; ++r) damageCell(r, currentCol);
+        return damageCell(currentRow, currentCol);
+    }
     if (!layout.rows.isVisible(currentRow, layout.clientHeight())) return;
     damage.add({0, layout.rows.place(currentRow), layout.clientWidth(), layout.rows.axis.extent(currentRow)});
 }

@@ -62,9 +62,14 @@ TEST_F(Picture, StaysRightWhenNothingShownChanges) {
     expectRects({{2000, 0, 1000, 300}});
 }
 
-TEST_F(Picture, IsDamagedAtTheOldAndTheNewCurrentCell) {
+TEST_F(Picture, IsDamagedAtTheOldAndTheNewCurrentCellAndAtTheirHeaders) {
     grid.Select(2, 2);
-    expectRects({{1000, 300, 1000, 300}, {2000, 600, 1000, 300}});
+    expectRects({{0, 300, 1000, 300},
+                 {1000, 0, 1000, 300},
+                 {1000, 300, 1000, 300},
+                 {0, 600, 1000, 300},
+                 {2000, 0, 1000, 300},
+                 {2000, 600, 1000, 300}});
     grid.ShowCursor(false);
     grid.takeDamage();
     grid.Select(3, 3);
