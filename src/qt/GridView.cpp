@@ -166,10 +166,13 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         further = text.mid(first);
         stroke.character = fromQt(text.left(first));
     }
+    const bool wasOpen = stage_.box().visible();
     bool used = false;
     if (!stage_.guarded([&](Input& input) { used = input.key(stroke); })) return;
     if (!further.isEmpty() && stage_.box().visible()) stage_.box().insert(further);
-    event->setAccepted(used);
+    // Esc has nothing to do in a closed cell that is not toggled: a dialog may have its use for it
+    const bool idle = event->key() == Qt::Key_Escape && !wasOpen && !stage_.togglesHere();
+    event->setAccepted(used && !idle);
 }
 
 /// On a closed cell they are used up, whatever comes of them: they are no characters to be typed.
@@ -212,7 +215,7 @@ QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
     const EditorBox& box = stage_.box();
     const bool place = query == Qt::ImCursorRectangle || query == Qt::ImAnchorRectangle;
     if (box.visible()) {
-        const QVariant answer = box.query(query);
+        QVariant answer = box.query(query);
         if (!place) return answer;
         const QPoint shift = box.widget().mapTo(parentWidget(), QPoint()) - mapTo(parentWidget(), QPoint());
         return answer.toRectF().translated(shift);

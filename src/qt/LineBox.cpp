@@ -1,4 +1,6 @@
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QWheelEvent>
 
 #include "qt/BoxParts.h"
@@ -46,6 +48,15 @@ void LineBox::setAlignment(mEmflexAlign alignment) {
                             Qt::AlignVCenter);
 }
 
+void LineBox::paste() {
+    QString text = QGuiApplication::clipboard()->text();
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    text.replace(u'\r', u'\n');
+    while (text.endsWith(u'\n')) text.chop(1);
+    text.replace(u'\n', u' ');
+    if (!text.isEmpty()) insert(text);
+}
+
 bool LineBox::event(QEvent* event) {
     return beforeBox(events_, *this, *event) || QLineEdit::event(event);
 }
@@ -56,7 +67,12 @@ void LineBox::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QKeyEvent offered = asOffered(*event);
-    asClerk(events_, *this, [&] { QLineEdit::keyPressEvent(&offered); });
+    asClerk(events_, *this, [&] {
+        if (offered.matches(QKeySequence::Paste))
+            paste();
+        else
+            QLineEdit::keyPressEvent(&offered);
+    });
     event->setAccepted(offered.isAccepted());
 }
 

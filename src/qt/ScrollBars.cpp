@@ -15,7 +15,7 @@ void setRange(QScrollBar& bar, std::int32_t first, std::int32_t last, std::int32
 
 /// How many fit wholly into a length, counted from `first`; stops where the count no longer matters.
 template <class Extent>
-std::int32_t fitting(std::int32_t first, std::int32_t end, std::int32_t room, Extent extent) {
+std::int32_t fitting(std::int32_t first, std::int32_t end, std::int32_t room, const Extent& extent) {
     std::int32_t count = 0;
     for (std::int32_t i = first; i < end && count < 1000; ++i) {
         room -= extent(i);
@@ -26,7 +26,7 @@ std::int32_t fitting(std::int32_t first, std::int32_t end, std::int32_t room, Ex
 }
 }  // namespace
 
-ScrollBars::ScrollBars(QWidget& parent, std::function<void(std::int32_t, std::int32_t)> scrolled)
+ScrollBars::ScrollBars(QWidget& parent, const std::function<void(std::int32_t, std::int32_t)>& scrolled)
     : horizontal_(*new QScrollBar(Qt::Horizontal, &parent)),
       vertical_(*new QScrollBar(Qt::Vertical, &parent)) {
     for (QScrollBar* bar : {&horizontal_, &vertical_}) {

@@ -12,7 +12,7 @@ namespace kxVsGrid::qt {
 class ScrollBars {
   public:
     /// `scrolled` hears of a bar that the clerk moved: top row and left column.
-    ScrollBars(QWidget& parent, std::function<void(std::int32_t, std::int32_t)> scrolled);
+    ScrollBars(QWidget& parent, const std::function<void(std::int32_t, std::int32_t)>& scrolled);
 
     void follow(const CellGrid& grid, const Scale& scale);
     /// Where the bars leave a corner between them; empty without one.

@@ -279,6 +279,8 @@ void Stage::handleComposition(QInputMethodEvent& event) {
     box_->compose(event);
     if (machine->stage == nullptr) return;
     composingOnGrid_ = box_->composing();
+    // the box has not the keyboard: where its caret is, it does not tell
+    if (composingOnGrid_) QGuiApplication::inputMethod()->update(Qt::ImQueryInput);
     if (!composingOnGrid_ && editorWaitsForFocus_) giveFocus(FocusPlace::Editor);
 }
 

@@ -81,6 +81,7 @@ class Stage {
     /// Whether the current cell is typed into, and what is expected there.
     bool takesTyping() const;
     bool readsDigits() const;
+    bool togglesHere() const { return currentType() == flexDTBoolean; }
 
   private:
     /// What an input method has to know of the closed grid.

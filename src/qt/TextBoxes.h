@@ -79,7 +79,8 @@ class LineBox : public QLineEdit, public TextBoxPort {
     void redo() override { QLineEdit::redo(); }
     void cut() override { QLineEdit::cut(); }
     void copy() override { QLineEdit::copy(); }
-    void paste() override { QLineEdit::paste(); }
+    /// Line ends of what is pasted become blanks; those at its end, which tables put there, are left out.
+    void paste() override;
     bool canUndo() const override { return isUndoAvailable(); }
     bool canRedo() const override { return isRedoAvailable(); }
 

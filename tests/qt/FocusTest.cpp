@@ -3,6 +3,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include "qt/Scale.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
@@ -13,6 +14,36 @@ TEST(Focus, GoesToTheGridByTab) {
     QTest::keyClick(w.before, Qt::Key_Tab);
     EXPECT_TRUE(w.view().hasFocus());
     EXPECT_TRUE(w.grid().IsActive());
+}
+
+TEST(Focus, FollowsTheTabOrderThatTheHostSets) {
+    Window w;
+    QWidget::setTabOrder(w.after, w.widget);
+    QWidget::setTabOrder(w.widget, w.before);
+    w.after->setFocus();
+    QTest::keyClick(w.after, Qt::Key_Tab);
+    EXPECT_TRUE(w.view().hasFocus());
+    w.grid().Grid().Select(1, Code);
+    w.press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(w.after->hasFocus());
+}
+
+TEST(Focus, MovesFromOneGridToAnotherByAPress) {
+    Window w;
+    auto* second = new kxGridWidget(&w.window);
+    w.window.layout()->addWidget(second);
+    second->grid().FormatString("n|a|b");
+    second->show();
+    w.settle();
+    w.focusCell(1, Code);
+    w.type("new");
+    const QPoint cell = Scale(*second).pixels(second->grid().Grid().CellRect(2, 2)).center();
+    QTest::mouseClick(second->focusProxy(), Qt::LeftButton, Qt::NoModifier, cell);
+    EXPECT_EQ(w.text(1, Code), "new");
+    EXPECT_FALSE(w.editorShown());
+    EXPECT_FALSE(w.grid().IsActive());
+    EXPECT_TRUE(second->grid().IsActive());
+    EXPECT_EQ(second->grid().Row(), 2);
 }
 
 TEST(Focus, GoesToTheGridThroughTheWidget) {

@@ -178,6 +178,17 @@ TEST(Keys, PasteIntoAClosedCellThroughTheEditor) {
     EXPECT_EQ(w.text(1, Code), "贴上");
 }
 
+TEST(Keys, PasteACellOfATableWithoutItsLineEnd) {
+    Window w;
+    QApplication::clipboard()->setText("12\r\n");
+    w.focusCell(1, Quantity);
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(w.grid().Text(), "12");
+    QApplication::clipboard()->setText("\n3\r\n4\n");
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(w.grid().Text(), "12 3 4");
+}
+
 TEST(Keys, PasteNothingIntoAReadOnlyOrBooleanCell) {
     Window w;
     QApplication::clipboard()->setText("x");
@@ -214,6 +225,11 @@ TEST(Keys, AreTheWindowsWhenTheGridHasNoUseForThem) {
     w.type("a");
     w.press(Qt::Key_Enter);
     EXPECT_EQ(heard, 1);
+    w.type("b");
+    w.press(Qt::Key_Escape);
+    EXPECT_EQ(heard, 1);
+    w.press(Qt::Key_Escape);
+    EXPECT_EQ(heard, 2);
     w.widget->setParent(nullptr);
     delete w.widget;
 }
