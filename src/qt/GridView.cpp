@@ -170,8 +170,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     bool used = false;
     if (!stage_.guarded([&](Input& input) { used = input.key(stroke); })) return;
     if (!further.isEmpty() && stage_.box().visible()) stage_.box().insert(further);
-    // Esc has nothing to do in a closed cell that is not toggled: a dialog may have its use for it
-    const bool idle = event->key() == Qt::Key_Escape && !wasOpen && !stage_.togglesHere();
+    // Esc that opened nothing and toggled nothing: a dialog may have its use for it
+    const bool idle =
+        event->key() == Qt::Key_Escape && !wasOpen && !stage_.box().visible() && !stage_.togglesHere();
     event->setAccepted(used && !idle);
 }
 

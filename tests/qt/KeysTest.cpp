@@ -229,6 +229,11 @@ TEST(Keys, AreTheWindowsWhenTheGridHasNoUseForThem) {
     w.press(Qt::Key_Escape);
     EXPECT_EQ(heard, 1);
     w.press(Qt::Key_Escape);
+    EXPECT_TRUE(w.grid().editorView().visible);
+    EXPECT_EQ(heard, 1);
+    w.press(Qt::Key_Escape);
+    w.grid().Editable(false);
+    w.press(Qt::Key_Escape);
     EXPECT_EQ(heard, 2);
     w.widget->setParent(nullptr);
     delete w.widget;
