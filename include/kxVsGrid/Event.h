@@ -57,6 +57,9 @@ class Event {
     /// How many listeners are connected; those that were ended while the event runs may still be counted.
     std::size_t listeners() const { return state_ ? state_->listeners.size() : 0; }
 
+    /// Whether raising it may reach somebody.
+    bool heard() const { return state_ || (next_ && next_->state_); }
+
     Connection connect(std::function<void(Args...)> listener) {
         if (!state_) state_ = std::make_unique<State>();
         auto slot = std::make_unique<Slot>(std::move(listener));
@@ -71,10 +74,7 @@ class Event {
 
     /// Calls the listeners; what the control does, and what a test may do in its place.
     void operator()(Args... args) const {
-        if (next_ && next_->state_)
-            callBoth(args...);
-        else if (state_)
-            call(args...);
+        if (heard()) raise(args...);
     }
 
   private:
@@ -115,17 +115,7 @@ class Event {
         State* state_;
     };
 
-    void call(Args&... args) const {
-        const Span span(state_.get());
-        span.call(listeners(), args...);
-    }
-    void callBoth(Args&... args) const {
-        if (!state_) return next_->call(args...);
-        const Span span(state_.get());
-        const std::size_t count = listeners();
-        next_->call(args...);
-        span.call(count, args...);
-    }
+    void raise(Args&... args) const;
 
     static void forgetEnded(std::vector<std::unique_ptr<Slot>>& listeners) {
         for (const auto& slot : listeners) {
@@ -139,4 +129,14 @@ class Event {
     const Event* next_ = nullptr;
     int number_;
 };
+
+// Apart from the class, so that an event that nobody listens to costs those who raise it no more than a look.
+template <class... Args>
+void Event<Args...>::raise(Args&... args) const {
+    if (!state_) return next_->raise(args...);
+    const Span span(state_.get());
+    const std::size_t count = listeners();
+    if (next_ && next_->state_) next_->raise(args...);
+    span.call(count, args...);
+}
 }  // namespace kxVsGrid

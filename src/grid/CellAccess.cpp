@@ -1,4 +1,5 @@
 // Cells as hosts write and read them. Errors end in a message box, never in the host.
+#include <algorithm>
 #include <exception>
 
 #include "grid/Parts.h"
@@ -12,15 +13,37 @@ bool holds(const CellGrid& grid, std::int32_t row, std::int32_t col) {
     return row >= 0 && col >= 0 && row < grid.Rows() && col < grid.Cols();
 }
 
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Most texts of a number or date column are settled by a short look, which a million writes notice.
+
+/// A number above 0 without an exponent: other answers prove nothing.
+bool isPlainlyNotZero(std::string_view text) {
+    if (text.empty() || text[0] == '0' || !isDigit(text[0])) return false;
+    return std::none_of(text.begin(), text.end(), [](char c) { return c == 'e' || c == 'E'; });
+}
+
+/// A day of this century or a later one as yyyy-mm-dd, which every month has: other answers prove nothing.
+bool isPlainlyADay(std::string_view text) {
+    if (text.size() != 10 || text[4] != '-' || text[7] != '-') return false;
+    for (const std::size_t i : {0U, 1U, 2U, 3U, 5U, 6U, 8U, 9U})
+        if (!isDigit(text[i])) return false;
+    const auto pair = [text](std::size_t i) { return (text[i] - '0') * 10 + (text[i + 1] - '0'); };
+    return pair(0) >= 20 && pair(5) >= 1 && pair(5) <= 12 && pair(8) >= 1 && pair(8) <= 28;
+}
+
 /// The day that stands for "no date" in databases that cannot store none.
 bool isNoDate(std::string_view text) {
+    if (isPlainlyADay(text)) return false;
     const auto date = support::parseDate(text);
     return !date || (date->year == 1900 && date->month == 1 && date->day == 1);
 }
 
 /// Zeros of number columns, and what is no date in date columns, are not shown.
 bool isBlanked(mEmDataType type, std::string_view text) {
-    if (type == flexDTDouble) return support::leadingNumber(text) == 0;
+    if (type == flexDTDouble) return !isPlainlyNotZero(text) && support::leadingNumber(text) == 0;
     return type == flexDTDate && isNoDate(text);
 }
 
@@ -38,22 +61,18 @@ void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisp
             !isFixed(p.main, Row, Col))
             psDisplay = {};
         p.totals.around(
-            Row, Col, p.cellChangesAreHeard(), [&] { p.writeCell(Row, Col, psDisplay, psTag); },
+            Row, Col, p.main.CellChanged.heard(), [&] { p.writeCell(Row, Col, psDisplay, psTag); },
             [&] { return p.flags.ReDraw; });
     } catch (const std::exception& error) {
         p.showError(std::string("SetCell Error::") + error.what(), "错误");
     }
 }
 
-bool kxGrid::Parts::cellChangesAreHeard() const {
-    return control.CellChanged.listeners() > 0 || main.CellChanged.listeners() > 0;
-}
-
 /// Who hears of the tag may take the cell away before its text is written.
 void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_view text,
-                              std::string_view tag) {
+                              const std::string_view& tag) {
     main.Data(row, col, tag);
-    if (!cellChangesAreHeard() || holds(main, row, col)) main.Text(row, col, text);
+    if (!main.CellChanged.heard() || holds(main, row, col)) main.Text(row, col, text);
 }
 
 std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {

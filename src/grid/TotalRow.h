@@ -75,7 +75,7 @@ class TotalRow : private CellGrid::Watcher {
         } else {
             write();
         }
-        if (recalculates()) recalculate(col);
+        if (recalculates() && !isPending(col) && isSummed(col)) recalculate(col);
     }
 
   private:
