@@ -7,7 +7,6 @@
 namespace kxbench {
 namespace {
 
-constexpr std::size_t PoolSize = 1024;
 constexpr std::size_t MostBytes = 24;
 
 using Random = std::mt19937;
@@ -81,16 +80,23 @@ Texts::Pool::Pool(const std::vector<std::string>& texts) {
     }
 }
 
-Texts::Texts() {
+std::vector<std::string> Texts::makeTexts() {
     Random random(20'260'101);
-    std::vector<std::string> made(PoolSize);
-    for (std::int32_t kind = 0; kind < KindCount; ++kind) {
-        for (std::string& text : made) text = make(static_cast<Kind>(kind), random);
-        texts_.push_back(std::make_unique<Pool>(made));
-    }
-    for (std::string& text : made) text = std::to_string(number(random, 1, 99'999'999)).substr(random() % 4);
-    tags_ = std::make_unique<Pool>(made);
+    std::vector<std::string> made;
+    for (std::int32_t kind = 0; kind < KindCount; ++kind)
+        for (std::size_t i = 0; i < PoolSize; ++i) made.push_back(make(static_cast<Kind>(kind), random));
+    return made;
 }
+
+std::vector<std::string> Texts::makeTags() {
+    Random random(4711);
+    std::vector<std::string> made;
+    for (std::size_t i = 0; i < PoolSize; ++i)
+        made.push_back(std::to_string(number(random, 1, 99'999'999)).substr(random() % 4));
+    return made;
+}
+
+Texts::Texts() : texts_(makeTexts()), tags_(makeTags()) {}
 
 const Texts& Texts::instance() {
     static const Texts texts;

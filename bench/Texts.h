@@ -6,7 +6,6 @@
 #include <QString>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,16 +25,13 @@ class Texts {
     static const Texts& instance();
 
     /// Texts and tags of data cell (row, col), both from 0.
-    const QString& text(std::int32_t row, std::int32_t col) const {
-        return texts_[kind(col)]->qt[pick(row, col)];
-    }
-    const QString& tag(std::int32_t row, std::int32_t col) const { return tags_->qt[pick(row, col)]; }
-    std::string_view utf8(std::int32_t row, std::int32_t col) const {
-        return texts_[kind(col)]->utf8[pick(row, col)];
-    }
-    std::string_view utf8Tag(std::int32_t row, std::int32_t col) const { return tags_->utf8[pick(row, col)]; }
+    const QString& text(std::int32_t row, std::int32_t col) const { return texts_.qt[place(row, col)]; }
+    const QString& tag(std::int32_t row, std::int32_t col) const { return tags_.qt[pick(row, col)]; }
+    std::string_view utf8(std::int32_t row, std::int32_t col) const { return texts_.utf8[place(row, col)]; }
+    std::string_view utf8Tag(std::int32_t row, std::int32_t col) const { return tags_.utf8[pick(row, col)]; }
 
   private:
+    static constexpr std::size_t PoolSize = 1024;
     struct Pool {
         std::vector<QString> qt;
         std::vector<std::string_view> utf8;
@@ -43,15 +39,17 @@ class Texts {
         explicit Pool(const std::vector<std::string>& texts);
     };
     Texts();
-    static std::size_t kind(std::int32_t col) { return static_cast<std::size_t>(kindOf(col)); }
-    /// One of 1,024, scattered.
+    static std::vector<std::string> makeTexts();
+    static std::vector<std::string> makeTags();
+    /// The texts of a kind repeat themselves after so many rows; the columns are out of step.
     static std::size_t pick(std::int32_t row, std::int32_t col) {
-        return (static_cast<std::uint32_t>(row) * 2'654'435'761U +
-                static_cast<std::uint32_t>(col) * 668'265'263U) >>
-               22U;
+        return static_cast<std::size_t>(row + 37 * col) % PoolSize;
+    }
+    static std::size_t place(std::int32_t row, std::int32_t col) {
+        return static_cast<std::size_t>(kindOf(col)) * PoolSize + pick(row, col);
     }
 
-    std::vector<std::unique_ptr<Pool>> texts_;
-    std::unique_ptr<Pool> tags_;
+    Pool texts_;
+    Pool tags_;
 };
 }  // namespace kxbench
