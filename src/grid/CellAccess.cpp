@@ -1,5 +1,4 @@
 // Cells as hosts write and read them. Errors end in a message box, never in the host.
-#include <algorithm>
 #include <exception>
 
 #include "grid/Parts.h"
@@ -19,10 +18,14 @@ bool isDigit(char c) {
 
 // Most texts of a number or date column are settled by a short look, which a million writes notice.
 
-/// A number above 0 without an exponent: other answers prove nothing.
+/// A number above 0; other answers prove nothing.
 bool isPlainlyNotZero(std::string_view text) {
+    constexpr std::size_t TooShortForZero = 5;  // "1e-324" is as good as 0
     if (text.empty() || text[0] == '0' || !isDigit(text[0])) return false;
-    return std::none_of(text.begin(), text.end(), [](char c) { return c == 'e' || c == 'E'; });
+    if (text.size() <= TooShortForZero) return true;
+    for (const char c : text)
+        if (c == 'e' || c == 'E') return false;
+    return true;
 }
 
 /// A day of this century or a later one as yyyy-mm-dd, which every month has: other answers prove nothing.
@@ -55,24 +58,23 @@ bool isFixed(const CellGrid& grid, std::int32_t row, std::int32_t col) {
 void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
     Parts& p = *parts_;
     try {
-        p.editor.commitForHost();
+        if (p.editor.visible()) p.editor.commitForHost();
         if (!holds(p.main, Row, Col)) return;
         if (!p.flags.bIsShowZero && isBlanked(p.columns.at(Col).iType(), psDisplay) &&
             !isFixed(p.main, Row, Col))
             psDisplay = {};
-        p.totals.around(
-            Row, Col, p.main.CellChanged.heard(), [&] { p.writeCell(Row, Col, psDisplay, psTag); },
-            [&] { return p.flags.ReDraw; });
+        const bool heard = p.main.CellChanged.heard();
+        // The tag is taken from where it arrived, in memory: a copy of it, made at once, would have to wait
+        // for the caller's writes to get there.
+        const auto write = [&, &tag = psTag] {
+            p.main.Data(Row, Col, tag);
+            // Who hears of the tag may take the cell away before its text is written.
+            if (!heard || holds(p.main, Row, Col)) p.main.Text(Row, Col, psDisplay);
+        };
+        p.totals.around(Row, Col, heard, write, [&] { return p.flags.ReDraw; });
     } catch (const std::exception& error) {
         p.showError(std::string("SetCell Error::") + error.what(), "错误");
     }
-}
-
-/// Who hears of the tag may take the cell away before its text is written.
-void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_view text,
-                              const std::string_view& tag) {
-    main.Data(row, col, tag);
-    if (!main.CellChanged.heard() || holds(main, row, col)) main.Text(row, col, text);
 }
 
 std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {

@@ -27,9 +27,6 @@ struct kxGrid::Parts : editing::EditorOwner {
     void report(std::string_view setting) { seat->settingChanged(setting); }
     void showError(std::string_view text, std::string_view title);
     void realign();
-    /// `tag` by reference: it arrives in memory, where a copy would have to wait for what the caller has just
-    /// put there.
-    void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
     // EditorOwner
     bool editable() const override { return flags.Editable; }

@@ -146,7 +146,7 @@ double TotalRow::sumBeforeWrite(std::int32_t col) const {
 void TotalRow::contentWillChange(std::int32_t col) {
     if (pending_ == 0 || expected_ == AllColumns) return;
     if (col >= 0) {
-        if (col != expected_ && static_cast<std::size_t>(col) < totals_.size()) settle(col);
+        if (isPending(col) && col != expected_) settle(col);
         return;
     }
     for (std::size_t c = 0; c < totals_.size(); ++c) settle(static_cast<std::int32_t>(c));
