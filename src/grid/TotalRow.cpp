@@ -6,7 +6,6 @@ namespace kxVsGrid::grid {
 
 TotalRow::TotalRow(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns)
     : main_(main), sums_(sums), columns_(columns) {
-    main_.watch(this);
     sums_.ShowCursor(false);
     // A text that code writes into the total row stands in place of the sum that was still to be made.
     sums_.CellChanged.connect([this](std::int32_t, std::int32_t col) { forget(col); });
@@ -16,10 +15,16 @@ TotalRow::~TotalRow() {
     main_.watch(nullptr);
 }
 
+/// The main grid is watched only while there is something to add up: each of its writes would pay for it.
+void TotalRow::pending(std::int32_t totals) {
+    pending_ = totals;
+    main_.watch(totals > 0 ? this : nullptr);
+}
+
 void TotalRow::setUp() {
     sums_.Cols(0);
     totals_.clear();
-    pending_ = 0;
+    pending(0);
     sums_.Cols(main_.Cols());
     sums_.FixedRows(0);
     sums_.Rows(1);
@@ -64,7 +69,7 @@ void TotalRow::forget(std::int32_t col) {
     const auto i = static_cast<std::size_t>(col);
     if (i >= totals_.size() || !totals_[i].pending) return;
     totals_[i].pending = false;
-    --pending_;
+    pending(pending_ - 1);
 }
 
 void TotalRow::copyWidths() {
@@ -102,7 +107,7 @@ void TotalRow::note(std::int32_t col) {
     if (!isSummed(col) || col >= sums_.Cols() || sums_.Rows() == 0) return;
     if (totals_.size() <= i) totals_.resize(i + 1);
     totals_[i].pending = true;
-    ++pending_;
+    pending(pending_ + 1);
     sums_.ComputedText(0, col, [this, col] { return valueText(col); });
 }
 
@@ -116,7 +121,7 @@ void TotalRow::settle(std::int32_t col) {
     if (!total.pending) return;
     total.value = col == expected_ && writtenRow_ >= 0 ? sumBeforeWrite(col) : main_.ColumnSum(col);
     total.pending = false;
-    --pending_;
+    pending(pending_ - 1);
 }
 
 TotalRow::PutOff::PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard)
@@ -144,7 +149,7 @@ double TotalRow::sumBeforeWrite(std::int32_t col) const {
 }
 
 void TotalRow::contentWillChange(std::int32_t col) {
-    if (pending_ == 0 || expected_ == AllColumns) return;
+    if (expected_ == AllColumns) return;
     if (col >= 0) {
         if (isPending(col) && col != expected_) settle(col);
         return;

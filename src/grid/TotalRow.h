@@ -99,6 +99,7 @@ class TotalRow : private CellGrid::Watcher {
     };
 
     void contentWillChange(std::int32_t col) override;
+    void pending(std::int32_t totals);
     bool isPending(std::int32_t col) const {
         return static_cast<std::size_t>(col) < totals_.size() &&
                totals_[static_cast<std::size_t>(col)].pending;
@@ -116,7 +117,7 @@ class TotalRow : private CellGrid::Watcher {
     columns::ColumnArray& columns_;
     std::uint32_t color_ = LightGrey;
     std::vector<Total> totals_;
-    std::int32_t pending_ = 0;
+    std::int32_t pending_ = 0;  ///< how many totals are still to be added up
     std::int32_t expected_ = NoColumn;
     std::int32_t writtenRow_ = -1;  ///< of the expected column, while its write can be looked at
     double numberBeforeWrite_ = 0;
