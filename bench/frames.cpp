@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t Thousand = 1'000;
 constexpr std::int32_t Million = 1'000'000;
 constexpr int FramesPerRepetition = 5;
-constexpr int Repetitions = 31;
+constexpr int Repetitions = 61;
 
 template <std::int32_t Rows>
 struct ShownWidget : OnWidget {

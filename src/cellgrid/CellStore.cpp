@@ -84,27 +84,54 @@ CellStore::Effect CellStore::effectOfText(std::int32_t row, std::int32_t col, st
     return effect(col, textSlot(row, col), slot::ofShort(text), text);
 }
 
-/// `old` is what the slot holds now.
-inline void CellStore::putSlot(GridColumn& c, RowHandle handle, TextSlot old, TextSlot s) {
-    c.texts.set(handle, old, s);
+/// `page` is the handle's.
+inline void CellStore::putTextSlot(GridColumn& c, CellPages::Page& page, RowHandle handle, TextSlot s) {
+    const TextSlot old = page.get(CellPages::Text, handle);
+    c.cells.set(page, CellPages::Text, handle, s);
     if (c.numbers) c.numbers->forget(handle);
     releaseSlot(old);
 }
 
-CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text) {
+/// Where a cell's row and column are stored.
+struct CellStore::Spot {
+    GridColumn& column;
+    RowHandle handle;
+    CellPages::Page* page;  ///< nullptr for a cell that was never written
+
+    TextSlot get(CellPages::Kind kind) const { return page ? page->get(kind, handle) : slot::Empty; }
+};
+
+inline CellStore::Spot CellStore::spot(std::int32_t row, std::int32_t col) {
     GridColumn& c = column(col);
     const RowHandle handle = order_.handle(row);
-    const TextSlot old = handle == NoHandle ? slot::Empty : c.texts.get(handle);
+    return {c, handle, handle == NoHandle ? nullptr : c.cells.find(handle)};
+}
+
+/// Makes room for a cell that was never written.
+inline void CellStore::provide(Spot& at, std::int32_t row) {
+    if (at.page) return;
+    at.handle = order_.obtain(row);
+    at.page = &at.column.cells.obtain(at.handle);
+}
+
+inline CellStore::Effect CellStore::putText(Spot& at, std::int32_t row, std::int32_t col,
+                                            std::string_view text) {
     TextSlot fresh = slot::ofShort(text);
-    const Effect done = effect(col, old, fresh, text);
+    const Effect done = effect(col, at.get(CellPages::Text), fresh, text);
     if (done == Effect::Nothing) return done;
     if (!text.empty()) {
         if (fresh == slot::Empty) fresh = arena_.storeLong(text);
     } else if (numbered_ && col == 0) {
         fresh = slot::WrittenEmpty;
     }
-    putSlot(c, handle == NoHandle ? order_.obtain(row) : handle, old, fresh);
+    provide(at, row);
+    putTextSlot(at.column, *at.page, at.handle, fresh);
     return done;
+}
+
+CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text) {
+    Spot at = spot(row, col);
+    return putText(at, row, col, text);
 }
 
 void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
@@ -116,18 +143,19 @@ void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<st
     if (free == computed_.end()) free = computed_.insert(free, nullptr);
     *free = std::make_shared<const std::function<std::string()>>(std::move(compute));
     const auto number = static_cast<std::uint32_t>(free - computed_.begin());
-    putSlot(column(col), order_.obtain(row), textSlot(row, col), slot::Computed | number);
+    Spot at = spot(row, col);
+    provide(at, row);
+    putTextSlot(at.column, *at.page, at.handle, slot::Computed | number);
 }
 
 std::string_view CellStore::tag(std::int32_t row, std::int32_t col, Scratch& scratch) const {
     const RowHandle handle = order_.handle(row);
-    return handle == NoHandle ? std::string_view{} : arena_.text(column(col).tags.get(handle), scratch.bytes);
+    return handle == NoHandle ? std::string_view{}
+                              : arena_.text(column(col).cells.get(CellPages::Tag, handle), scratch.bytes);
 }
 
-bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag) {
-    GridColumn& c = column(col);
-    RowHandle handle = order_.handle(row);
-    const TextSlot old = handle == NoHandle ? slot::Empty : c.tags.get(handle);
+inline bool CellStore::putTag(Spot& at, std::int32_t row, std::string_view tag) {
+    const TextSlot old = at.get(CellPages::Tag);
     TextSlot fresh = slot::ofShort(tag);
     if (fresh != slot::Empty || tag.empty()) {
         if (fresh == old) return false;
@@ -136,10 +164,22 @@ bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag)
         if (slot::hasBlock(old) && arena_.text(old, buffer) == tag) return false;
         fresh = arena_.storeLong(tag);
     }
-    if (handle == NoHandle) handle = order_.obtain(row);
-    c.tags.set(handle, old, fresh);
+    provide(at, row);
+    at.column.cells.set(*at.page, CellPages::Tag, at.handle, fresh);
     arena_.release(old);
     return true;
+}
+
+bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag) {
+    Spot at = spot(row, col);
+    return putTag(at, row, tag);
+}
+
+CellStore::Effect CellStore::overwrite(std::int32_t row, std::int32_t col, std::string_view text,
+                                       const std::string_view& tag) {
+    Spot at = spot(row, col);
+    putTag(at, row, tag);
+    return putText(at, row, col, text);
 }
 
 void CellStore::clearTexts(std::int32_t row, std::int32_t n) {
@@ -155,11 +195,12 @@ void CellStore::numberRows() {
     GridColumn& c = column(0);
     c.numbers.reset();
     std::size_t inFixedRows = 0;
-    for (std::int32_t row = 0; row < fixedRows_ && inFixedRows < c.texts.used(); ++row)
+    for (std::int32_t row = 0; row < fixedRows_ && inFixedRows < c.cells.used(CellPages::Text); ++row)
         inFixedRows += textSlot(row, 0) != slot::Empty;
-    if (inFixedRows == c.texts.used()) return;
-    order_.forEach(fixedRows_, rows(),
-                   [&](std::int32_t, RowHandle h) { putSlot(c, h, c.texts.get(h), slot::Empty); });
+    if (inFixedRows == c.cells.used(CellPages::Text)) return;
+    order_.forEach(fixedRows_, rows(), [&](std::int32_t, RowHandle handle) {
+        if (CellPages::Page* page = c.cells.find(handle)) putTextSlot(c, *page, handle, slot::Empty);
+    });
 }
 
 void CellStore::setFormat(std::int32_t col, std::string_view pattern) {
@@ -176,11 +217,13 @@ void CellStore::releaseLongSlot(TextSlot s) {
 }
 
 void CellStore::clearColumn(GridColumn& c, std::int32_t row, std::int32_t n) {
-    if (c.texts.used() == 0 && c.tags.used() == 0) return;
+    if (c.cells.unused()) return;
     order_.forEach(row, row + n, [&](std::int32_t, RowHandle handle) {
-        putSlot(c, handle, c.texts.get(handle), slot::Empty);
-        const TextSlot tag = c.tags.get(handle);
-        c.tags.set(handle, tag, slot::Empty);
+        CellPages::Page* page = c.cells.find(handle);
+        if (!page) return;
+        putTextSlot(c, *page, handle, slot::Empty);
+        const TextSlot tag = page->get(CellPages::Tag, handle);
+        c.cells.set(*page, CellPages::Tag, handle, slot::Empty);
         arena_.release(tag);
     });
 }
@@ -193,10 +236,7 @@ void CellStore::compact() {
     const auto move = [&](TextSlot s) {
         return slot::hasBlock(s) ? packed.store(arena_.text(s, buffer)) : s;
     };
-    for (GridColumn& c : columns_) {
-        c.texts.moveEach(move);
-        c.tags.moveEach(move);
-    }
+    for (GridColumn& c : columns_) c.cells.moveEach(move);
     arena_ = std::move(packed);
 }
 }  // namespace kxVsGrid::cellgrid

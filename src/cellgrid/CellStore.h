@@ -20,8 +20,7 @@
 namespace kxVsGrid::cellgrid {
 
 struct GridColumn {
-    SlotPages texts;
-    SlotPages tags;
+    CellPages cells;
     SparseRuns<StyleNumber> styles;
     std::unique_ptr<NumberPages> numbers;  ///< what ColumnSum has read of the texts so far
     std::unique_ptr<CellFormat> format;    ///< none while every text is shown as it is
@@ -69,6 +68,21 @@ class CellStore {
     std::string_view tag(std::int32_t row, std::int32_t col, Scratch& scratch) const;
     /// Answers whether the stored tag changed.
     bool setTag(std::int32_t row, std::int32_t col, std::string_view tag);
+    /// setTag and setText in one. Answers what became of the text.
+    [[gnu::always_inline]] Effect setCell(std::int32_t row, std::int32_t col, std::string_view text,
+                                          const std::string_view& tag) {
+        // What filling a table does: both texts into a cell that holds nothing, in a page that is there.
+        const RowHandle handle = order_.handle(row);
+        GridColumn& c = column(col);
+        if (handle == NoHandle || text.empty() || tag.empty() || c.numbers) [[unlikely]]
+            return overwrite(row, col, text, tag);
+        CellPages::Page* const page = c.cells.find(handle);
+        if (!page || !page->hasRoom(handle)) [[unlikely]]
+            return overwrite(row, col, text, tag);
+        c.cells.fill(*page, CellPages::Tag, handle, arena_.store(tag));
+        c.cells.fill(*page, CellPages::Text, handle, arena_.store(text));
+        return Effect::Changed;
+    }
 
     /// Empties texts and tags of the rows [row, row + n).
     void clearTexts(std::int32_t row, std::int32_t n);
@@ -100,7 +114,7 @@ class CellStore {
 
     TextSlot textSlot(std::int32_t row, std::int32_t col) const {
         const RowHandle handle = order_.handle(row);
-        return handle == NoHandle ? slot::Empty : column(col).texts.get(handle);
+        return handle == NoHandle ? slot::Empty : column(col).cells.get(CellPages::Text, handle);
     }
     bool numbered(std::int32_t row, std::int32_t col) const {
         return numbered_ && col == 0 && row >= fixedRows_;
@@ -108,7 +122,13 @@ class CellStore {
     std::string_view slotText(TextSlot s, Scratch& scratch) const;
     Effect effect(std::int32_t col, TextSlot old, TextSlot fresh, std::string_view text) const;
     Effect effectOfEmpty(std::int32_t col, TextSlot old) const;
-    void putSlot(GridColumn& column, RowHandle handle, TextSlot old, TextSlot s);
+    struct Spot;
+    Spot spot(std::int32_t row, std::int32_t col);
+    void provide(Spot& at, std::int32_t row);
+    Effect overwrite(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
+    Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text);
+    bool putTag(Spot& at, std::int32_t row, std::string_view tag);
+    void putTextSlot(GridColumn& column, CellPages::Page& page, RowHandle handle, TextSlot s);
     void releaseSlot(TextSlot s) {
         if (!slot::isShort(s)) releaseLongSlot(s);
     }

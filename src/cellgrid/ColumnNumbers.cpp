@@ -13,7 +13,7 @@ double CellStore::numberOf(const GridColumn& c, std::string_view text) {
 }
 
 double CellStore::readNumber(GridColumn& c, RowHandle handle) {
-    const TextSlot s = c.texts.get(handle);
+    const TextSlot s = c.cells.get(CellPages::Text, handle);
     Scratch scratch;
     const double value = s == slot::Empty ? 0 : numberOf(c, slotText(s, scratch));
     if (!slot::isComputed(s)) c.numbers->page(handle)[handle % NumberPages::PageNumbers] = value;
@@ -24,7 +24,7 @@ double CellStore::readNumber(GridColumn& c, RowHandle handle) {
 double CellStore::sum(std::int32_t col) {
     if (numbered_ && col == 0) return sumOfRowNumbers();
     GridColumn& c = column(col);
-    if (c.texts.used() == 0) return 0;
+    if (c.cells.used(CellPages::Text) == 0) return 0;
     if (!c.numbers) c.numbers = std::make_unique<NumberPages>();
     double total = 0;
     order_.forEachStretch(fixedRows_, rows(), [&](std::int32_t, const RowHandle* handles, std::int32_t n) {

@@ -25,4 +25,22 @@ void CellGrid::Data(std::int32_t row, std::int32_t col, std::string_view data) {
     impl_->requireCell("Data", row, col);
     if (impl_->store.setTag(row, col, data)) CellChanged(row, col);
 }
+
+bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data) {
+    Impl& impl = *impl_;
+    const auto holds = [&] {
+        return static_cast<std::uint32_t>(row) < static_cast<std::uint32_t>(impl.rows()) &&
+               static_cast<std::uint32_t>(col) < static_cast<std::uint32_t>(impl.cols());
+    };
+    if (!holds()) return false;
+    if (impl.watcher || CellChanged.heard()) [[unlikely]] {
+        Data(row, col, data);
+        if (!holds()) return false;
+        impl.setText(row, col, text);
+        return true;
+    }
+    const Effect effect = impl.store.setCell(row, col, text, data);
+    if (!impl.damage.all() && effect != Effect::Nothing) impl.damageCell(row, col);
+    return true;
+}
 }  // namespace kxVsGrid

@@ -2,17 +2,10 @@
 
 namespace kxVsGrid::cellgrid {
 
-SlotPages::Page* SlotPages::addPage(RowHandle handle) {
-    const std::size_t number = handle / PageSlots;
-    if (number >= pages_.size()) pages_.resize(number + 1);
-    pages_[number] = std::make_unique<Page>();
-    return pages_[number].get();
-}
-
-void SlotPages::empty(RowHandle handle) {
-    std::unique_ptr<Page>& page = pages_[handle / PageSlots];
-    page->slots[handle % PageSlots] = slot::Empty;
-    --used_;
-    if (--page->used == 0) page.reset();
+void CellPages::empty(Page& page, Kind kind, RowHandle handle) {
+    if (page.get(kind, handle) == slot::Empty) return;
+    page.slots[kind][handle % PageSlots] = slot::Empty;
+    --used_[kind];
+    if (--page.used[kind] == 0) page.slots[kind].reset();
 }
 }  // namespace kxVsGrid::cellgrid

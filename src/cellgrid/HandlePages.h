@@ -1,4 +1,4 @@
-// A value per row handle in pages that exist only where something is stored; a page that holds nothing any
+// A value per row handle in pages that take memory only where something is stored; what holds nothing any
 // more is given back.
 #pragma once
 
@@ -14,56 +14,78 @@
 
 namespace kxVsGrid::cellgrid {
 
-/// The texts, or the tags, of one column.
-class SlotPages {
+/// The texts and the tags of one column. They lie apart, since most columns have no tags, but are found in
+/// one step.
+class CellPages {
   public:
-    TextSlot get(RowHandle handle) const {
-        const Page* const page = find(handle);
-        return page ? page->slots[handle % PageSlots] : slot::Empty;
-    }
-    /// `old` is what the slot holds now.
-    void set(RowHandle handle, TextSlot old, TextSlot value) {
-        if (value == slot::Empty) {
-            if (old != slot::Empty) empty(handle);
-            return;
+    enum Kind : std::size_t { Text, Tag };
+    static constexpr std::size_t PageSlots = 256;
+    struct Page {
+        std::array<std::unique_ptr<TextSlot[]>, 2> slots;
+        std::array<std::uint32_t, 2> used{};
+
+        TextSlot get(Kind kind, RowHandle handle) const {
+            return slots[kind] ? slots[kind][handle % PageSlots] : slot::Empty;
         }
-        Page* page = find(handle);
-        if (!page) page = addPage(handle);
-        page->slots[handle % PageSlots] = value;
-        const bool fills = old == slot::Empty;
-        page->used += fills;
-        used_ += fills;
+        /// Whether neither a text nor a tag lies there, and both could.
+        bool hasRoom(RowHandle handle) const {
+            return slots[Text] && slots[Tag] &&
+                   (slots[Text][handle % PageSlots] | slots[Tag][handle % PageSlots]) == slot::Empty;
+        }
+    };
+
+    /// The page of a handle, which counts for its texts and its tags; nullptr while there is none. Good until
+    /// a page is added.
+    Page* find(RowHandle handle) {
+        const std::size_t number = handle / PageSlots;
+        return number < pages_.size() ? &pages_[number] : nullptr;
+    }
+    /// The page of a handle, added if needed.
+    Page& obtain(RowHandle handle) {
+        if (handle / PageSlots >= pages_.size()) pages_.resize(handle / PageSlots + 1);
+        return pages_[handle / PageSlots];
+    }
+    TextSlot get(Kind kind, RowHandle handle) const {
+        const std::size_t number = handle / PageSlots;
+        return number < pages_.size() ? pages_[number].get(kind, handle) : slot::Empty;
+    }
+    /// `page` is the handle's.
+    void set(Page& page, Kind kind, RowHandle handle, TextSlot value) {
+        if (value == slot::Empty) return empty(page, kind, handle);
+        if (!page.slots[kind]) page.slots[kind] = std::make_unique<TextSlot[]>(PageSlots);
+        TextSlot& here = page.slots[kind][handle % PageSlots];
+        const bool fills = here == slot::Empty;
+        here = value;
+        page.used[kind] += fills;
+        used_[kind] += fills;
+    }
+    /// Fills an empty slot of a page with room.
+    void fill(Page& page, Kind kind, RowHandle handle, TextSlot value) {
+        page.slots[kind][handle % PageSlots] = value;
+        ++page.used[kind];
+        ++used_[kind];
     }
     /// How many slots hold something.
-    std::size_t used() const { return used_; }
+    std::size_t used(Kind kind) const { return used_[kind]; }
+    bool unused() const { return used_[Text] == 0 && used_[Tag] == 0; }
 
     /// Every slot that holds something gets what `move` makes of it, which holds something too.
     template <class Move>
     void moveEach(Move move) {
-        for (const std::unique_ptr<Page>& page : pages_) {
-            if (!page) continue;
-            for (TextSlot& here : page->slots) {
-                if (here != slot::Empty) here = move(here);
+        for (const Page& page : pages_) {
+            for (const auto& slots : page.slots) {
+                if (!slots) continue;
+                for (std::size_t i = 0; i < PageSlots; ++i)
+                    if (slots[i] != slot::Empty) slots[i] = move(slots[i]);
             }
         }
     }
 
   private:
-    static constexpr std::size_t PageSlots = 256;
-    struct Page {
-        std::array<TextSlot, PageSlots> slots{};
-        std::uint32_t used = 0;
-    };
+    void empty(Page& page, Kind kind, RowHandle handle);
 
-    Page* find(RowHandle handle) const {
-        const std::size_t number = handle / PageSlots;
-        return number < pages_.size() ? pages_[number].get() : nullptr;
-    }
-    Page* addPage(RowHandle handle);
-    void empty(RowHandle handle);
-
-    std::vector<std::unique_ptr<Page>> pages_;
-    std::size_t used_ = 0;
+    std::vector<Page> pages_;
+    std::array<std::size_t, 2> used_{};
 };
 
 /// The numbers that a column's texts were read as; NaN where not yet.

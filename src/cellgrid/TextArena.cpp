@@ -4,11 +4,36 @@
 
 namespace kxVsGrid::cellgrid {
 
+namespace {
+
+/// Names are short: two or four copies of a fixed size, overlapping in the middle, are done before a call
+/// with a length that nothing predicts has begun. Texts here have eight bytes or more.
+void copyText(char* to, std::string_view text) {
+    const char* const from = text.data();
+    const std::size_t n = text.size();
+    if (n > 32) {
+        std::memcpy(to, from, n);
+    } else if (n >= 16) {
+        std::array<char, 16> head;
+        std::array<char, 16> tail;
+        std::memcpy(head.data(), from, 16);
+        std::memcpy(tail.data(), from + n - 16, 16);
+        std::memcpy(to, head.data(), 16);
+        std::memcpy(to + n - 16, tail.data(), 16);
+    } else {
+        const std::uint64_t head = slot::eightBytes(from);
+        const std::uint64_t tail = slot::eightBytes(from + n - 8);
+        std::memcpy(to, &head, 8);
+        std::memcpy(to + n - 8, &tail, 8);
+    }
+}
+}  // namespace
+
 TextSlot TextArena::storeLong(std::string_view text) {
     if (text.size() > MaxInChunk) return storeBig(text);
     const std::uint32_t reference = take(unitsFor(text.size()));
     used_ += text.size();
-    std::memcpy(at(reference), text.data(), text.size());
+    copyText(at(reference), text);
     return slot::Arena | (TextSlot{text.size()} << 32) | reference;
 }
 

@@ -1,9 +1,10 @@
 // Eight bytes that stand for one text of a cell. Up to seven bytes of text lie in the slot itself; numbers,
-// dates and codes of up to fourteen characters out of "0123456789.-/: ," are packed into it, half a byte
+// dates and codes of up to fourteen characters out of "+,-./0123456789:" are packed into it, half a byte
 // each; longer texts lie in the arena. Equal short texts have equal slots.
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -49,15 +50,40 @@ constexpr std::size_t arenaLength(TextSlot s) {
     return static_cast<std::size_t>(s >> 32) & 0xFF'FFFF;
 }
 
-constexpr std::string_view PackedCharacters = "0123456789.-/: ,";
-constexpr std::array<std::uint8_t, 256> makePackedCodes() {
-    std::array<std::uint8_t, 256> codes{};
-    codes.fill(0xFF);
-    for (std::size_t i = 0; i < PackedCharacters.size(); ++i)
-        codes[static_cast<unsigned char>(PackedCharacters[i])] = static_cast<std::uint8_t>(i);
-    return codes;
+/// The sixteen characters that are packed lie side by side in ASCII, so that eight of them are told from
+/// others, and packed, by a few steps with the whole word.
+constexpr char FirstPacked = '+';
+constexpr char LastPacked = ':';
+static_assert(LastPacked - FirstPacked == 15);
+static_assert(std::endian::native == std::endian::little, "texts are read as words, first byte lowest");
+
+/// `byte` in each byte of a word.
+constexpr std::uint64_t inEachByte(unsigned byte) {
+    return 0x0101'0101'0101'0101U * byte;
 }
-inline constexpr std::array<std::uint8_t, 256> PackedCodes = makePackedCodes();
+
+inline std::uint64_t eightBytes(const char* text) {
+    std::uint64_t bytes;
+    std::memcpy(&bytes, text, 8);
+    return bytes;
+}
+
+/// Whether all eight bytes are packed characters.
+constexpr bool arePacked(std::uint64_t bytes) {
+    constexpr unsigned High = 0x80;
+    // With the high bits clear no byte's sum carries into the next; a set high bit then answers "at least".
+    const std::uint64_t notBelow = bytes + inEachByte(High - FirstPacked);
+    const std::uint64_t above = bytes + inEachByte(High - 1 - LastPacked);
+    return ((bytes | ~notBelow | above) & inEachByte(High)) == 0;
+}
+
+/// Eight packed characters in the low half of the word.
+constexpr std::uint64_t packed(std::uint64_t bytes) {
+    std::uint64_t codes = bytes - inEachByte(FirstPacked);
+    codes = (codes | (codes >> 4)) & 0x00FF'00FF'00FF'00FFU;
+    codes = (codes | (codes >> 8)) & 0x0000'FFFF'0000'FFFFU;
+    return (codes | (codes >> 16)) & 0xFFFF'FFFFU;
+}
 
 /// The slot of up to seven bytes.
 inline TextSlot ofBytes(const char* text, std::size_t n) {
@@ -81,13 +107,10 @@ inline TextSlot ofShort(std::string_view text) {
     const std::size_t n = text.size();
     if (n <= MaxBytes) return n == 0 ? Empty : ofBytes(text.data(), n);
     if (n > MaxPacked) return Empty;
-    TextSlot packed = TextSlot{n} << KindShift;
-    for (std::size_t i = 0; i < n; ++i) {
-        const std::uint8_t code = PackedCodes[static_cast<unsigned char>(text[i])];
-        if (code == 0xFF) return Empty;
-        packed |= TextSlot{code} << (4 * i);
-    }
-    return packed;
+    const std::uint64_t head = eightBytes(text.data());
+    const std::uint64_t tail = eightBytes(text.data() + n - 8);  // overlaps the head
+    if (!arePacked(head) || !arePacked(tail)) return Empty;
+    return (TextSlot{n} << KindShift) | packed(head) | (packed(tail) >> (4 * (16 - n)) << 32);
 }
 
 /// Room for the text of a slot that lies in the slot.
@@ -99,7 +122,8 @@ inline std::string_view shortText(TextSlot s, Buffer& buffer) {
     if (n <= MaxBytes) {
         for (std::size_t i = 0; i < 8; ++i) buffer[i] = static_cast<char>(s >> (8 * i));
     } else {
-        for (std::size_t i = 0; i < n; ++i) buffer[i] = PackedCharacters[(s >> (4 * i)) & 15];
+        for (std::size_t i = 0; i < n; ++i)
+            buffer[i] = static_cast<char>(FirstPacked + ((s >> (4 * i)) & 15));
     }
     return {buffer.data(), n};
 }

@@ -59,22 +59,24 @@ void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisp
     Parts& p = *parts_;
     try {
         if (p.editor.visible()) p.editor.commitForHost();
-        if (!holds(p.main, Row, Col)) return;
-        if (!p.flags.bIsShowZero && isBlanked(p.columns.at(Col).iType(), psDisplay) &&
-            !isFixed(p.main, Row, Col))
+        const cVsControl* column = p.columns.find(Col);
+        if (!column) return;
+        if (!p.flags.bIsShowZero && isBlanked(column->iType(), psDisplay) && !isFixed(p.main, Row, Col))
             psDisplay = {};
-        const bool heard = p.main.CellChanged.heard();
-        // The tag is taken from where it arrived, in memory: a copy of it, made at once, would have to wait
-        // for the caller's writes to get there.
-        const auto write = [&, &tag = psTag] {
-            p.main.Data(Row, Col, tag);
-            // Who hears of the tag may take the cell away before its text is written.
-            if (!heard || holds(p.main, Row, Col)) p.main.Text(Row, Col, psDisplay);
-        };
-        p.totals.around(Row, Col, heard, write, [&] { return p.flags.ReDraw; });
+        if ((p.flags.ReDraw && column->b是否合计数据()) || p.main.CellChanged.heard())
+            return p.writeCell(Row, Col, psDisplay, psTag);
+        // No total depends on it and nobody hears of it: the usual write when a table is filled.
+        p.main.Cell(Row, Col, psDisplay, psTag);
     } catch (const std::exception& error) {
         p.showError(std::string("SetCell Error::") + error.what(), "错误");
     }
+}
+
+void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_view text,
+                              const std::string_view& tag) {
+    if (!holds(main, row, col)) return;
+    const auto write = [&] { main.Cell(row, col, text, tag); };
+    totals.around(row, col, main.CellChanged.heard(), write, [this] { return flags.ReDraw; });
 }
 
 std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {

@@ -27,6 +27,8 @@ struct kxGrid::Parts : editing::EditorOwner {
     void report(std::string_view setting) { seat->settingChanged(setting); }
     void showError(std::string_view text, std::string_view title);
     void realign();
+    /// Writes a cell and keeps its column's total.
+    void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
     // EditorOwner
     bool editable() const override { return flags.Editable; }

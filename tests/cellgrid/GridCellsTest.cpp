@@ -28,6 +28,30 @@ TEST_F(Cells, AnswerTheTextAndDataThatWereWritten) {
     EXPECT_EQ(grid.Data(1, 3), "");
 }
 
+TEST_F(Cells, TakeTextAndDataInOneStepDataFirst) {
+    grid.CellChanged.connect([this](std::int32_t r, std::int32_t c) {
+        changed.push_back(grid.Text(r, c) + "/" + grid.Data(r, c));
+    });
+    EXPECT_TRUE(grid.Cell(1, 2, "螺丝", "A001"));
+    EXPECT_EQ(changed, (Lines{"1,2", "/A001", "1,2", "螺丝/A001"}));
+    changed.clear();
+    EXPECT_TRUE(grid.Cell(1, 2, "螺丝", "A001"));
+    EXPECT_TRUE(changed.empty());
+}
+
+TEST_F(Cells, TakeNothingInOneStepWhereThereIsNoCell) {
+    for (const auto& [row, col] : {std::pair{-1, 0}, {0, -1}, {6, 0}, {0, 10}})
+        EXPECT_FALSE(grid.Cell(row, col, "x", "y")) << row << ", " << col;
+    EXPECT_TRUE(changed.empty());
+}
+
+TEST_F(Cells, LoseTheTextOfOneStepWhenAListenerOfTheDataTakesTheCellAway) {
+    grid.CellChanged.connect([this](std::int32_t, std::int32_t) { grid.Rows(2); });
+    EXPECT_FALSE(grid.Cell(5, 1, "text", "data"));
+    EXPECT_EQ(grid.Rows(), 2);
+    EXPECT_EQ(changed, (Lines{"5,1"}));
+}
+
 TEST_F(Cells, HoldTextsOfEverySize) {
     for (const std::size_t size : {0, 1, 2, 3, 4, 5, 6, 7, 8, 14, 15, 100, 1023, 1024, 1025, 100'000}) {
         const std::string text(size, 'x');

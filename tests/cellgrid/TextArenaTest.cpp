@@ -49,12 +49,39 @@ TEST(TextSlot, HoldsEveryShortTextItself) {
         EXPECT_EQ(textOf(arena, arena.store(text)), text);
     }
     for (const char* const given : {"", "\xff\xff\xff\xff\xff\xff\xff", "2026-11-20", "-12345.67",
-                                    "1,234,567.89", "23:59:59, 1/2 ", "01234567890123"}) {
+                                    "1,234,567.89", "23:59:59,+1/2:", "01234567890123"}) {
         const TextSlot s = arena.store(given);
         EXPECT_FALSE(slot::hasBlock(s)) << given;
         EXPECT_EQ(textOf(arena, s), given);
     }
     EXPECT_EQ(arena.footprint(), 0U);
+}
+
+TEST(TextSlot, PacksFromEightToFourteenCharactersOfNumbersAndDatesAndNoOthers) {
+    TextArena arena;
+    const std::string packed = "+,-./0123456789:";
+    for (std::size_t size = 8; size <= 15; ++size) {
+        for (std::size_t at = 0; at < size; ++at) {
+            for (int byte = 0; byte < 256; ++byte) {
+                std::string text = packed.substr(0, size);
+                text[at] = static_cast<char>(byte);
+                const TextSlot s = arena.store(text);
+                const bool fits = size <= 14 && packed.find(static_cast<char>(byte)) != std::string::npos;
+                ASSERT_EQ(slot::isShort(s), fits) << text;
+                ASSERT_EQ(textOf(arena, s), text);
+                arena.release(s);
+            }
+        }
+    }
+}
+
+TEST(TextArena, CopiesTextsOfEverySizeWhole) {
+    TextArena arena;
+    for (std::size_t size = 8; size < 80; ++size) {
+        std::string text;
+        for (std::size_t i = 0; i < size; ++i) text += static_cast<char>('a' + i % 26);
+        EXPECT_EQ(textOf(arena, arena.store(text)), text);
+    }
 }
 
 TEST(TextSlot, KeepsBytesOfZero) {

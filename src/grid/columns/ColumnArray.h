@@ -18,6 +18,10 @@ class ColumnArray {
     /// The definition of a column, created with defaults when the slot is empty. GridError outside the
     /// bounds. Valid until the slot is put or the array resized: read it afresh after every event.
     const cVsControl& at(std::int32_t col) { return *slot(col); }
+    /// The same; nullptr outside the bounds.
+    const cVsControl* find(std::int32_t col) {
+        return static_cast<std::size_t>(col) < elements_.size() ? slot(col).get() : nullptr;
+    }
     /// The same, shared: stays valid whatever a host does in the meantime.
     const std::shared_ptr<cVsControl>& shared(std::int32_t col) { return slot(col); }
     /// Stores the object itself; nothing empties the slot.
