@@ -41,8 +41,12 @@ std::optional<std::string> timeOfDay(std::string_view text) {
     return support::timeText(time);
 }
 
+constexpr std::string_view Morning = "上午";
+constexpr std::string_view Afternoon = "下午";
+constexpr std::int32_t Noon = 12;
+
 std::optional<std::string> halfDay(std::string_view text) {
-    if (text != "上午" && text != "下午") return std::nullopt;
+    if (text != Morning && text != Afternoon) return std::nullopt;
     return std::string(text);
 }
 
@@ -67,7 +71,8 @@ std::optional<std::string> inDateForm(DateForm form, std::string_view text) {
 
 std::string exampleOf(DateForm form, const DateTime& now) {
     const std::string date = support::shortDateText(now);
-    if (form == DateForm::HalfDay) return date + " 上午(下午)";
-    return form == DateForm::Time ? date + " " + support::timeText(now) : date;
+    if (form == DateForm::Date) return date;
+    if (form == DateForm::Time) return date + " " + support::timeText(now);
+    return date + " " + std::string(now.hour < Noon ? Morning : Afternoon);
 }
 }  // namespace kxVsGrid::editing

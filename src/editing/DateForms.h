@@ -21,6 +21,6 @@ enum class DateForm : std::int32_t {
 /// empty text is accepted as it is.
 std::optional<std::string> inDateForm(DateForm form, std::string_view text);
 
-/// The form as a message shows it, made of this moment.
+/// This moment in the form, as a message shows it: inDateForm() accepts it unchanged.
 std::string exampleOf(DateForm form, const DateTime& now);
 }  // namespace kxVsGrid::editing

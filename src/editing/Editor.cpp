@@ -62,6 +62,7 @@ void Editor::show(Focus focus) {
     refused_ = false;
     validLock_ = 0;
     visible_ = true;
+    ++opening_;
     publish();
     if (focus == Focus::Take) seat_.giveFocus(FocusPlace::Editor);
 }
@@ -82,6 +83,7 @@ void Editor::hide() {
     if (!visible_) return;
     Span hiding(hiding_);
     visible_ = false;
+    ++opening_;
     refused_ = false;
     validLock_ = 0;
     publish();
@@ -108,18 +110,18 @@ bool Editor::commit() {
 
 /// The field check, for a text that differs from the one the cell had on entry.
 bool Editor::checkChangedText() {
-    const std::int32_t row = grid_.Row();
     const std::int32_t col = grid_.Col();
-    const std::shared_ptr<cVsControl> column = columns_.shared(col);
-    if (support::trim(box_.text()) == entered_.entryText() || column->i有效性判断() == 0) return true;
-    const FieldVerdict verdict = checkField(*column, std::string(box_.text()), owner_);
+    if (support::trim(box_.text()) == entered_.entryText() || columns_.at(col).i有效性判断() == 0)
+        return true;
+    const std::int32_t opening = opening_;
+    const FieldVerdict verdict = checkField(columns_, col, std::string(box_.text()), owner_);
     owner_.allowMoves();
-    // A host that went elsewhere while it was asked has closed the editor: there is nothing left to write.
-    if (!visible_ || grid_.Row() != row || grid_.Col() != col) return false;
     if (verdict.refusal) {
-        refuse(*verdict.refusal);
+        refuse(*verdict.refusal, opening);
         return false;
     }
+    // A host that went elsewhere while it was asked has closed the editor: there is nothing left to write.
+    if (!stillOpen(opening)) return false;
     if (verdict.rewritten) rewrite(verdict.rewritten->text, verdict.rewritten->tag);
     return true;
 }
@@ -130,23 +132,26 @@ void Editor::rewrite(const std::string& text, const std::string& tag) {
     this->tag(tag);
 }
 
-/// The text stays, all of it selected, and is not checked again until it has changed.
-void Editor::refuse(const MessageBox& message) {
+/// The text stays, all of it selected, and is not checked again until it has changed. A host that closed the
+/// editor meanwhile, or opened it anew, has taken the text away; what is there now was not refused.
+void Editor::refuse(const MessageBox& message, std::int32_t opening) {
     owner_.showMessage(message);
-    {
-        Span validating(validating_);
-        text(support::withoutLineBreaks(box_.text()));
+    if (stillOpen(opening)) {
+        {
+            Span validating(validating_);
+            text(support::withoutLineBreaks(box_.text()));
+        }
+        if (validLock_ < std::numeric_limits<std::int16_t>::max()) ++validLock_;
+        box_.selectAll();
+        publish();
     }
-    if (validLock_ < std::numeric_limits<std::int16_t>::max()) ++validLock_;
-    box_.selectAll();
-    publish();
-    seat_.giveFocus(visible_ ? FocusPlace::Editor : FocusPlace::Grid);
+    seat_.giveFocus(visible() ? FocusPlace::Editor : FocusPlace::Grid);
 }
 
 bool Editor::validate() {
     if (grid_.Col() < 0) return true;
     if (!passesRule()) return false;
-    return !visible_ || committing_ || commit();
+    return !visible() || committing_ || commit();
 }
 
 bool Editor::passesRule() {
@@ -200,7 +205,7 @@ bool Editor::writeNumber(std::int32_t row, std::int32_t col) {
 }
 
 void Editor::commitForHost() {
-    if (visible_ && validLock_ == 0 && !committing_) commit();
+    if (visible() && validLock_ == 0 && !committing_) commit();
 }
 
 // --- The grid reports
@@ -247,14 +252,17 @@ void Editor::rowRemoved(std::int32_t position, bool wasCurrent) {
 }
 
 void Editor::place() {
-    if (visible_) publish();
+    if (visible())
+        publish();
+    else
+        hide();  // all cells have gone, which the grid cannot announce as a move
 }
 
 /// Shows the machine what has changed.
 void Editor::publish() {
     EditorView view;
-    view.visible = visible_;
-    if (visible_) {
+    view.visible = visible();
+    if (view.visible) {
         const std::int32_t row = grid_.Row();
         const std::int32_t col = grid_.Col();
         const cVsControl& column = columns_.at(col);
@@ -310,7 +318,7 @@ void Editor::selected(std::size_t selStart, std::size_t selLength) {
 }
 
 void Editor::focusLost() {
-    if (visible_ && validLock_ == 0 && !committing_) commit();
+    if (visible() && validLock_ == 0 && !committing_) commit();
 }
 
 void Editor::help() {

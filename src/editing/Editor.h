@@ -24,7 +24,8 @@ class Editor {
 
     const EditorView& view() const { return shown_; }
     const TextBox& box() const { return box_; }
-    bool visible() const { return visible_; }
+    /// Shown over a cell. A grid that has lost all its cells has nothing to show it over.
+    bool visible() const { return visible_ && grid_.Row() >= 0 && grid_.Col() >= 0; }
     bool committing() const { return committing_; }
     /// How often the field check has refused the present text.
     std::int16_t validLock() const { return validLock_; }
@@ -83,7 +84,10 @@ class Editor {
     void show(Focus focus);
     bool checkChangedText();
     void rewrite(const std::string& text, const std::string& tag);
-    void refuse(const MessageBox& message);
+    void refuse(const MessageBox& message, std::int32_t opening);
+    /// True when the editor has not been closed since `opening_` was that number: it holds the same typed
+    /// text.
+    bool stillOpen(std::int32_t opening) const { return visible() && opening == opening_; }
     bool passesRule();
     bool refuseByRule(const std::string& message);
     bool writeText();
@@ -103,6 +107,7 @@ class Editor {
     bool refused_ = false;  ///< an expression that could not be evaluated
     bool validating_ = false;
     std::int16_t validLock_ = 0;
+    std::int32_t opening_ = 0;  ///< counts showing and hiding
     EditorView shown_;
 };
 }  // namespace kxVsGrid::editing

@@ -1,5 +1,7 @@
 #include "editing/FieldCheck.h"
 
+#include <memory>
+
 #include "editing/DateForms.h"
 #include "support/Text.h"
 
@@ -16,12 +18,15 @@ std::string_view withoutTrailingLineBreaks(std::string_view text) {
 
 /// The text is known when the host finds a name for it. Which half of the pair shows is the column's choice;
 /// the other one becomes the tag.
-FieldVerdict checkCode(const cVsControl& column, std::string_view text, EditorOwner& owner) {
+FieldVerdict checkCode(columns::ColumnArray& columns, std::int32_t col, std::string_view text,
+                       EditorOwner& owner) {
     std::string code;
     std::string name;
-    owner.raiseTxtValidBmS(column, std::string(withoutTrailingLineBreaks(text)), code, name);
-    if (name.empty()) return {MessageBox{column.s错误提示信息(), CriticalStyle, "错误："}, {}};
-    if (column.i帮助返回值显示类型() == iText记Name) return {{}, FieldVerdict::Pair{name, code}};
+    std::shared_ptr<cVsControl> column = columns.shared(col);
+    owner.raiseTxtValidBmS(*column, std::string(withoutTrailingLineBreaks(text)), code, name);
+    if (col <= columns.upper()) column = columns.shared(col);
+    if (name.empty()) return {MessageBox{column->s错误提示信息(), CriticalStyle, "错误："}, {}};
+    if (column->i帮助返回值显示类型() == iText记Name) return {{}, FieldVerdict::Pair{name, code}};
     return {{}, FieldVerdict::Pair{code, name}};
 }
 
@@ -32,14 +37,16 @@ FieldVerdict checkDate(DateForm form, std::string_view text, EditorOwner& owner)
 }
 }  // namespace
 
-FieldVerdict checkField(const cVsControl& column, std::string_view text, EditorOwner& owner) {
-    switch (static_cast<std::int32_t>(column.i字段有效性判断类型())) {
+FieldVerdict checkField(columns::ColumnArray& columns, std::int32_t col, std::string_view text,
+                        EditorOwner& owner) {
+    const auto type = static_cast<std::int32_t>(columns.at(col).i字段有效性判断类型());
+    switch (type) {
         case ij编码型:
-            return checkCode(column, text, owner);
+            return checkCode(columns, col, text, owner);
         case static_cast<std::int32_t>(DateForm::Date):
         case static_cast<std::int32_t>(DateForm::HalfDay):
         case static_cast<std::int32_t>(DateForm::Time):
-            return checkDate(static_cast<DateForm>(column.i字段有效性判断类型()), text, owner);
+            return checkDate(static_cast<DateForm>(type), text, owner);
         default:
             return {};
     }

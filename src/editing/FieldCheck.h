@@ -4,13 +4,14 @@
 // accepted text is rewritten: a code as its pair of code and name, a date in its column's form.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "editing/EditorOwner.h"
+#include "grid/columns/ColumnArray.h"
 #include "kxVsGrid/Platform.h"
-#include "kxVsGrid/cVsControl.h"
 
 namespace kxVsGrid::editing {
 
@@ -23,6 +24,8 @@ struct FieldVerdict {
     std::optional<Pair> rewritten;      ///< what the editor holds from now on; nothing leaves it as it is
 };
 
-/// Applies the column's kind of check to the editor's text. Codes are asked of the host through `owner`.
-FieldVerdict checkField(const cVsControl& column, std::string_view text, EditorOwner& owner);
+/// Applies the kind of check of column `col` to the editor's text. Codes are asked of the host through
+/// `owner`, who may change anything meanwhile: the column's definition is read again once it has answered.
+FieldVerdict checkField(columns::ColumnArray& columns, std::int32_t col, std::string_view text,
+                        EditorOwner& owner);
 }  // namespace kxVsGrid::editing

@@ -76,9 +76,11 @@ struct Cell {
     }
 };
 
-class ClerkTest : public ::testing::Test {
+/// The clerk at any kind of desk.
+template <class DeskType>
+class ClerkAt : public ::testing::Test {
   protected:
-    ClerkTest() : log(grid) {
+    ClerkAt() : log(grid) {
         grid.Cols(6);
         grid.ReDraw(true);
         desk.focusGrid();
@@ -147,9 +149,11 @@ class ClerkTest : public ::testing::Test {
         return lines;
     }
 
-    headless::Desk desk;
+    DeskType desk;
     kxGrid& grid = desk.place();
     HostLog log;
 };
+
+using ClerkTest = ClerkAt<headless::Desk>;
 
 }  // namespace kxVsGrid::testing
