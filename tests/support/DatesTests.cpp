@@ -98,12 +98,9 @@ TEST(Dates, FollowASimpleCalendarThroughEveryDayFromTheYear100To9999) {
             ASSERT_EQ(daysInMonth(year, month), last) << year << '-' << month;
             for (std::int32_t d = 1; d <= last; ++d, ++number) {
                 const DateTime date = day(year, month, d);
-                if (dayNumber(date) == number && dateOfDay(number) == date &&
-                    parseDate(shortDateText(date)) == date)
-                    continue;
+                if (dayNumber(date) == number && dateOfDay(number) == date) continue;
                 FAIL() << year << '-' << month << '-' << d << " is day " << number;
             }
-            ASSERT_FALSE(parseDate(shortDateText(day(year, month, last + 1))));
         }
     }
     EXPECT_EQ(number, 2932897);  // 10000-01-01
