@@ -1,7 +1,10 @@
 // The control and the platform that it runs on, in one piece.
 //
-// A call into the control holds it, so that it outlives a widget which a host handler destroys meanwhile.
+// A call into the control holds it, so that it outlives a widget which a host handler destroys meanwhile, or
+// which the host destroys while a box is open.
 #pragma once
+
+#include <memory>
 
 #include "kxVsGrid/kxGrid.h"
 #include "qt/QtPlatform.h"
@@ -10,7 +13,7 @@ namespace kxVsGrid::qt {
 
 class Stage;
 
-struct Machine {
+struct Machine : std::enable_shared_from_this<Machine> {
     explicit Machine(Stage& shown) : stage(&shown), platform(*this) {}
 
     Stage* stage;  ///< nullptr once the widget is gone

@@ -6,27 +6,39 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <memory>
+#include <utility>
 
 #include "qt/Captions.h"
 #include "qt/Encoding.h"
+#include "qt/Machine.h"
+#include "qt/ModalBox.h"
 #include "qt/QtSeat.h"
 
 namespace kxVsGrid::qt {
 namespace {
 
-/// A box on the heap: its parent, the host's window, may be destroyed while it is open.
-template <class Box>
-class Opened {
+/// Keeps the control while a box is open, and, where its widget has gone meanwhile, until the call that
+/// opened the box has returned to the event loop: it may be the host's own, which nothing else keeps.
+class Kept {
   public:
-    explicit Opened(QWidget* widget) : box_(new Box(widget != nullptr ? widget->window() : nullptr)) {}
-    ~Opened() { delete box_; }
-    Opened(const Opened&) = delete;
-    Opened& operator=(const Opened&) = delete;
-    Box* operator->() const { return box_; }
-    explicit operator bool() const { return !box_.isNull(); }
+    explicit Kept(Machine& machine) : holder_(new Holder(machine.shared_from_this())) {}
+    ~Kept() {
+        if (holder_->machine->stage == nullptr)
+            holder_->deleteLater();
+        else
+            delete holder_;
+    }
+    Kept(const Kept&) = delete;
+    Kept& operator=(const Kept&) = delete;
 
   private:
-    QPointer<Box> box_;
+    struct Holder : QObject {
+        explicit Holder(std::shared_ptr<Machine> held) : machine(std::move(held)) {}
+        std::shared_ptr<Machine> machine;
+    };
+
+    Holder* holder_;
 };
 }  // namespace
 
@@ -48,7 +60,9 @@ DateTime QtPlatform::now() const {
 
 void QtPlatform::showMessage(const MessageBox& box) {
     constexpr std::int32_t Critical = 16;
-    Opened<QMessageBox> shown(widget_);
+    if (machine_.stage == nullptr) return;  // the host has ended the widget: nobody is left to be told
+    const Kept kept(machine_);
+    ModalBox<QMessageBox> shown(widget_);
     shown->setIcon(box.style == Critical ? QMessageBox::Critical : QMessageBox::Information);
     shown->setWindowTitle(toQt(box.title));
     shown->setTextFormat(Qt::PlainText);
@@ -56,11 +70,14 @@ void QtPlatform::showMessage(const MessageBox& box) {
     QPushButton* ok = shown->addButton(captions::Ok, QMessageBox::AcceptRole);
     shown->setDefaultButton(ok);
     shown->setEscapeButton(ok);
+    ok->installEventFilter(new NewKeysOnly(ok));
     shown->exec();
 }
 
 std::optional<std::string> QtPlatform::askText(const InputBox& box) {
-    Opened<QInputDialog> shown(widget_);
+    if (machine_.stage == nullptr) return std::nullopt;
+    const Kept kept(machine_);
+    ModalBox<QInputDialog> shown(widget_);
     shown->setInputMode(QInputDialog::TextInput);
     shown->setWindowTitle(toQt(box.title));
     shown->setLabelText(toQt(box.prompt));
