@@ -15,6 +15,7 @@
 #include "qt/Captions.h"
 #include "qt/Encoding.h"
 #include "qt/KeyMap.h"
+#include "qt/MousePress.h"
 #include "qt/Stage.h"
 
 namespace kxVsGrid::qt {
@@ -231,13 +232,39 @@ QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
 // --- Mouse ----------------------------------------------------------------------------------------------
 
 void GridView::mousePressEvent(QMouseEvent* event) {
-    const Scale scale = stage_.scale();
-    const QPointF at = event->position();
     stage_.endComposition();
-    stage_.guarded([&](Input& input) {
-        input.mouseDown(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
-                        middle(scale, at.y()));
+    const BoxMeanwhile box(*this);
+    if (takesKeyboard(event->position())) press(*event, box, &Input::mouseDown);
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    press(*event, BoxMeanwhile(*this), &Input::doubleClick);
+}
+
+void GridView::press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event.position();
+    const bool alive = stage_.guarded([&](Input& input) {
+        (input.*told)(buttonsOf(event.button()), shiftOf(event.modifiers()), middle(scale, at.x()),
+                      middle(scale, at.y()));
     });
+    if (alive && box) makeUpForRelease(*this, event);
+}
+
+/// Before a press: another grid of the window may refuse its text as it loses the keyboard. Then it keeps the
+/// keyboard, and the press reaches nobody. The editor of this grid is asked by the control itself.
+bool GridView::takesKeyboard(const QPointF& at) {
+    const QPointer<QWidget> holder(window()->focusWidget());
+    if (stage_.box().visible() || holder.isNull() || holder == this || overTotals(at)) return true;
+    const QPointer<GridView> alive(this);
+    setFocus(Qt::OtherFocusReason);
+    return alive && (holder.isNull() || window()->focusWidget() != holder);
+}
+
+bool GridView::overTotals(const QPointF& at) const {
+    const Scale scale = stage_.scale();
+    const kxGrid& grid = stage_.grid();
+    return grid.totalRowShown() && grid.totalRowRect().contains(middle(scale, at.x()), middle(scale, at.y()));
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
@@ -246,15 +273,6 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
     stage_.guarded([&](Input& input) {
         input.mouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
                       middle(scale, at.y()));
-    });
-}
-
-void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const Scale scale = stage_.scale();
-    const QPointF at = event->position();
-    stage_.guarded([&](Input& input) {
-        input.doubleClick(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
-                          middle(scale, at.y()));
     });
 }
 
@@ -274,13 +292,13 @@ void GridView::showWholeText(const QHelpEvent& event) {
     const kxGrid& grid = stage_.grid();
     const std::int32_t x = middle(scale, event.pos().x());
     const std::int32_t y = middle(scale, event.pos().y());
-    const bool overTotals = grid.totalRowShown() && grid.totalRowRect().contains(x, y);
-    const CellGrid& cells = overTotals ? grid.Grid_Sum() : grid.Grid();
-    const Rect origin = overTotals ? grid.totalRowRect() : Rect{};
+    const bool totals = overTotals(event.pos());
+    const CellGrid& cells = totals ? grid.Grid_Sum() : grid.Grid();
+    const Rect origin = totals ? grid.totalRowRect() : Rect{};
     const GridHit hit = cells.HitTest(x - origin.left, y - origin.top);
     const bool cell = hit.part == GridHit::Part::Cell || hit.part == GridHit::Part::FixedCell;
     QString text;
-    if (cell && (overTotals || cells.ColDataType(hit.col) != flexDTBoolean)) {
+    if (cell && (totals || cells.ColDataType(hit.col) != flexDTBoolean)) {
         const std::string shown = cells.DisplayText(hit.row, hit.col);
         const TextMetrics& metrics = stage_.metrics();
         const std::int32_t width = metrics.textWidth(shown) + metrics.padding();
@@ -297,11 +315,10 @@ void GridView::wheelEvent(QWheelEvent* event) {
 
 void GridView::showCursorFor(const QMouseEvent& event) {
     const Scale scale = stage_.scale();
-    const kxGrid& grid = stage_.grid();
     const std::int32_t x = middle(scale, event.position().x());
     const std::int32_t y = middle(scale, event.position().y());
-    const bool overTotals = grid.totalRowShown() && grid.totalRowRect().contains(x, y);
-    const bool edge = !overTotals && grid.Grid().HitTest(x, y).part == GridHit::Part::ColumnEdge;
+    const GridHit hit = stage_.grid().Grid().HitTest(x, y);
+    const bool edge = !overTotals(event.position()) && hit.part == GridHit::Part::ColumnEdge;
     if (edge == splitCursor_) return;
     splitCursor_ = edge;
     if (edge)

@@ -8,7 +8,9 @@
 #include <optional>
 
 #include "kxVsGrid/Frame.h"
+#include "kxVsGrid/Platform.h"
 #include "qt/FramePainter.h"
+#include "qt/MousePress.h"
 
 namespace kxVsGrid::qt {
 
@@ -49,6 +51,10 @@ class GridView : public QWidget {
     void paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
                    Frame& frame);
     void paintTotalEdges(QPainter& painter);
+    using PressTold = void (Input::*)(std::int16_t, std::int16_t, std::int32_t, std::int32_t);
+    void press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told);
+    bool takesKeyboard(const QPointF& at);
+    bool overTotals(const QPointF& at) const;
     void showWholeText(const QHelpEvent& event);
     void showCursorFor(const QMouseEvent& event);
     bool copyOrPaste(const QKeyEvent& event);

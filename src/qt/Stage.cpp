@@ -46,6 +46,7 @@ Stage::~Stage() {
 void Stage::close() {
     if (machine_->stage == nullptr) return;
     machine_->stage = nullptr;
+    if (awaitedPress_) awaitedPress_->forget();
     repaint_.stop();
     grid().Grid().onDamage({});
     grid().Grid_Sum().onDamage({});
@@ -174,6 +175,7 @@ void Stage::showFocus(bool focused) {
 
 void Stage::focusEntered(FocusPlace place) {
     away_ = false;
+    if (awaitedPress_) awaitedPress_->forget();
     showFocus(true);
     const bool waits = editorWaitsForFocus_ && !composingOnGrid_;
     if (place == FocusPlace::Editor) editorWaitsForFocus_ = false;
@@ -194,11 +196,27 @@ void Stage::focusLeft(const QFocusEvent& event) {
             break;
     }
     if (ours) return;  // it reports itself
-    guarded([&](Input& input) {
+    if (event.reason() != Qt::MouseFocusReason) {
+        loseKeyboard();
+        return;
+    }
+    if (awaitedPress_) awaitedPress_->forget();
+    awaitedPress_ = new AwaitedPress([this](const QWidget* pressed) {
+        if (!owns(pressed)) return loseKeyboard();
+        // what holds the grid has taken the keyboard for a press inside the grid, which is no loss
+        (box_->visible() ? box_->widget() : *view_).setFocus(Qt::OtherFocusReason);
+        return true;
+    });
+}
+
+/// False when a refused text has taken the keyboard back.
+bool Stage::loseKeyboard() {
+    const bool alive = guarded([&](Input& input) {
         // what was composed on the grid is the editor's: it is the editor that is left
         if (std::exchange(editorWaitsForFocus_, false)) input.focusMoved(FocusPlace::Editor);
         input.focusMoved(FocusPlace::Elsewhere);
     });
+    return !alive || !box_->visible() || widget_.window()->focusWidget() != &box_->widget();
 }
 
 /// While another window is in front, code may give the keyboard to another control of ours; no focus-out

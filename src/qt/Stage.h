@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QInputMethodEvent>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
 #include <memory>
@@ -10,6 +11,7 @@
 #include "qt/GridView.h"
 #include "qt/HelpButton.h"
 #include "qt/Machine.h"
+#include "qt/MousePress.h"
 #include "qt/Scale.h"
 #include "qt/ScrollBars.h"
 
@@ -98,6 +100,7 @@ class Stage {
     void report(const QString& failure);
     void handleComposition(QInputMethodEvent& event);
     void settle();
+    bool loseKeyboard();
     void watchFocus();
     void showFocus(bool focused);
     void fitRows();
@@ -114,6 +117,7 @@ class Stage {
     std::unique_ptr<EditorBox> box_;
     std::unique_ptr<ScrollBars> bars_;
     QTimer repaint_;
+    QPointer<AwaitedPress> awaitedPress_;
     TypingPlace typingPlace_;
     Rect totalsShown_;
     std::int32_t fittedHeight_ = 0;
