@@ -1,5 +1,8 @@
 // Pictures of each state, kept beside the build for people to look at.
+#include "qt/Boxes.h"
+#include "qt/CheckedWindow.h"
 #include "qt/Palettes.h"
+#include "qt/Scale.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
@@ -106,5 +109,97 @@ TEST(Picture, ShowsTextsThatAreShapedAndTextsThatDoNotFit) {
     w.grid().Grid().Text(7, Name, "𠀀𠀁");
     w.grid().Grid().Text(8, Name, "a\tb");
     EXPECT_TRUE(hasManyColours(w.picture("shaped")));
+}
+/// The box in front of the window, and what it leaves behind.
+void picturesOfRefusal(CheckedWindow& w, const QString& name, std::int32_t row, Column col,
+                       const QString& text) {
+    Boxes boxes([&](QMessageBox& box) {
+        EXPECT_TRUE(hasManyColours(w.picture(name + "-box", &box)));
+        Boxes::enter(box);
+    });
+    w.fill(row, col, text);
+    w.press(Qt::Key_Tab);
+    w.settle();
+    EXPECT_EQ(boxes.count(), 1U);
+    w.expectAllSelected(text);
+    EXPECT_TRUE(hasManyColours(w.picture(name)));
+}
+
+TEST(Picture, ShowsARefusedCodeAndItsBox) {
+    CheckedWindow w;
+    w.grid().VsCtrl(Code)->b是否提供帮助(true);
+    picturesOfRefusal(w, "refused-code", 2, Code, "B9");
+}
+
+TEST(Picture, ShowsARefusedDateAndItsBox) {
+    const struct {
+        int type;
+        const char* name;
+        const char* text;
+    } forms[] = {{2, "refused-date", "2011-02-30"},
+                 {4, "refused-half-day", "2011-02-03 晚上"},
+                 {5, "refused-time", "2011-02-03 24:00:00"}};
+    for (const auto& form : forms) {
+        CheckedWindow w;
+        w.grid().VsCtrl(Date)->i字段有效性判断类型(static_cast<gEmJudgeType>(form.type));
+        w.grid().ColWidth(Date, 2400);
+        picturesOfRefusal(w, form.name, 1, Date, form.text);
+    }
+}
+
+TEST(Picture, ShowsARefusedTextOfSeveralLinesAndItsBox) {
+    CheckedWindow w;
+    w.grid().RowHeight(2, 900);
+    picturesOfRefusal(w, "refused-lines", 2, Remark, "aXb");
+}
+
+TEST(Picture, ShowsRefusalsInADarkPalette) {
+    CheckedWindow w;
+    w.window.setPalette(darkPalette());
+    picturesOfRefusal(w, "refused-code-dark", 2, Code, "B9");
+    w.press(Qt::Key_Escape);
+    picturesOfRefusal(w, "refused-date-dark", 1, Date, "2011-02-30");
+}
+
+TEST(Picture, ShowsABoxWithALongText) {
+    CheckedWindow w;
+    w.window.resize(780, 360);
+    const QString text = QStringLiteral("此货号在商品目录中不存在，请核对后重新输入。").repeated(6) +
+                         QStringLiteral("\n<b>no markup</b> & ") + QString(90, u'x');
+    w.grid().VsCtrl(Code)->s错误提示信息(text.toStdString());
+    picturesOfRefusal(w, "refused-long", 2, Code, "B9");
+}
+
+TEST(Picture, ShowsABoxWithoutAText) {
+    CheckedWindow w;
+    w.grid().VsCtrl(Code)->s错误提示信息("");
+    picturesOfRefusal(w, "refused-empty", 2, Code, "B9");
+}
+
+TEST(Picture, ShowsTheLastRowOfALongDocumentWhollyAboveTheTotals) {
+    Window w;
+    kxGrid& grid = w.grid();
+    w.widget->setMinimumSize(600, 400);  // 9000 x 6000 twips
+    w.widget->setMaximumSize(600, 400);
+    w.window.adjustSize();
+    grid.Rows(2001);
+    grid.ColWidth(Number, 700);
+    for (std::int32_t row = 3; row < grid.Rows(); ++row) grid.SetCell(row, Quantity, "1", "");
+    w.focusCell(2000, Quantity);
+    ASSERT_EQ(Scale(*w.widget).twips(w.widget->width()), 9000);
+    ASSERT_EQ(Scale(*w.widget).twips(w.widget->height()), 6000);
+    const auto expectClear = [&] {
+        const Rect last = grid.Grid().CellRect(2000, Quantity);
+        EXPECT_EQ(last.height, grid.RowHeight(2000));
+        EXPECT_GE(last.top, grid.Grid().FixedHeight());
+        EXPECT_LE(last.bottom(), grid.totalRowRect().top);
+        EXPECT_LE(w.cell(2000, Quantity).bottom(), Scale(*w.widget).pixels(grid.totalRowRect()).top());
+    };
+    expectClear();
+    EXPECT_TRUE(hasManyColours(w.picture("last-row")));
+    w.type("2*3");
+    expectClear();
+    EXPECT_LE(w.editor().geometry().bottom(), Scale(*w.widget).pixels(grid.totalRowRect()).top());
+    EXPECT_TRUE(hasManyColours(w.picture("last-row-editing")));
 }
 }  // namespace kxVsGrid::qt::testing

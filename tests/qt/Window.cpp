@@ -1,6 +1,7 @@
 #include "qt/Window.h"
 
 #include <QDir>
+#include <QPainter>
 #include <stdexcept>
 
 #include "qt/GridView.h"
@@ -128,9 +129,16 @@ void Window::settle() {
     for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
 }
 
-QImage Window::picture(const QString& name) {
+QImage Window::picture(const QString& name, QWidget* box) {
     settle();
-    const QImage image = window.grab().toImage();
+    QImage image = window.grab().toImage();
+    if (box != nullptr) {
+        QPainter painter(&image);
+        const QRect place(box->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), box->size());
+        painter.drawPixmap(place.topLeft(), box->grab());
+        painter.setPen(window.palette().color(QPalette::WindowText));
+        painter.drawRect(place.adjusted(-1, -1, 0, 0));
+    }
     const QString folder = QStringLiteral(KX_PICTURES);
     QDir().mkpath(folder);
     const int percent = qRound(window.devicePixelRatioF() * 100);

@@ -49,9 +49,9 @@ class Window {
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void compose(const QString& preedit, const QString& commit = {});
     /// Lets waiting events be handled and the damage be painted.
-    void settle();
-    /// Takes a picture of the window and keeps it.
-    QImage picture(const QString& name);
+    static void settle();
+    /// Takes a picture of the window, and of the box in front of it, and keeps it.
+    QImage picture(const QString& name, QWidget* box = nullptr);
 };
 
 inline QWidget& focused() {
