@@ -62,7 +62,6 @@ void Editor::show(Focus focus) {
     refused_ = false;
     validLock_ = 0;
     visible_ = true;
-    ++opening_;
     publish();
     if (focus == Focus::Take) seat_.giveFocus(FocusPlace::Editor);
 }
@@ -83,7 +82,6 @@ void Editor::hide() {
     if (!visible_) return;
     Span hiding(hiding_);
     visible_ = false;
-    ++opening_;
     refused_ = false;
     validLock_ = 0;
     publish();
@@ -113,15 +111,15 @@ bool Editor::checkChangedText() {
     const std::int32_t col = grid_.Col();
     if (support::trim(box_.text()) == entered_.entryText() || columns_.at(col).i有效性判断() == 0)
         return true;
-    const std::int32_t opening = opening_;
     const FieldVerdict verdict = checkField(columns_, col, std::string(box_.text()), owner_);
     owner_.allowMoves();
     if (verdict.refusal) {
-        refuse(*verdict.refusal, opening);
+        refuse(*verdict.refusal);
         return false;
     }
-    // A host that went elsewhere while it was asked has closed the editor: there is nothing left to write.
-    if (!stillOpen(opening)) return false;
+    // A host that went elsewhere while it was asked has closed the editor, which cannot open again before the
+    // commit ends: there is nothing left to write.
+    if (!visible()) return false;
     if (verdict.rewritten) rewrite(verdict.rewritten->text, verdict.rewritten->tag);
     return true;
 }
@@ -133,10 +131,10 @@ void Editor::rewrite(const std::string& text, const std::string& tag) {
 }
 
 /// The text stays, all of it selected, and is not checked again until it has changed. A host that closed the
-/// editor meanwhile, or opened it anew, has taken the text away; what is there now was not refused.
-void Editor::refuse(const MessageBox& message, std::int32_t opening) {
+/// editor meanwhile has taken the text away; what the hidden editor mirrors now was not refused.
+void Editor::refuse(const MessageBox& message) {
     owner_.showMessage(message);
-    if (stillOpen(opening)) {
+    if (visible()) {
         {
             Span validating(validating_);
             text(support::withoutLineBreaks(box_.text()));

@@ -84,10 +84,7 @@ class Editor {
     void show(Focus focus);
     bool checkChangedText();
     void rewrite(const std::string& text, const std::string& tag);
-    void refuse(const MessageBox& message, std::int32_t opening);
-    /// True when the editor has not been closed since `opening_` was that number: it holds the same typed
-    /// text.
-    bool stillOpen(std::int32_t opening) const { return visible() && opening == opening_; }
+    void refuse(const MessageBox& message);
     bool passesRule();
     bool refuseByRule(const std::string& message);
     bool writeText();
@@ -107,7 +104,6 @@ class Editor {
     bool refused_ = false;  ///< an expression that could not be evaluated
     bool validating_ = false;
     std::int16_t validLock_ = 0;
-    std::int32_t opening_ = 0;  ///< counts showing and hiding
     EditorView shown_;
 };
 }  // namespace kxVsGrid::editing

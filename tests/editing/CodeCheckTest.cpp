@@ -204,6 +204,20 @@ TEST_F(CodeCheck, IsMadeByAHostThatReadsOrWritesCells) {
     expectRefused(3, CodeCol, "X1");
 }
 
+TEST_F(CodeCheck, IsNotMadeWhileARuleOfTheColumnRefuses) {
+    knowCodes();
+    column(CodeCol).sName("货号");
+    column(CodeCol).i是否允许为空(i字段不能为空);
+    put(2, CodeCol, "X1");
+    EXPECT_FALSE(grid.ValidTextData()) << "the tag of a code just typed is still empty";
+    EXPECT_EQ(boxes(), box("货号不能为空!", 64, "提示："));
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_FALSE(desk.editor().refused);
+    forget();
+    desk.press(Key::Enter);
+    EXPECT_EQ(boxes(), codeBox()) << "the rule has not taken the place of the check";
+}
+
 TEST_F(CodeCheck, IsSwitchedOffByAZero) {
     column(CodeCol).i有效性判断(0);
     fill(2, CodeCol, "", "tag");

@@ -491,9 +491,34 @@ TEST_P(RefusedTyping, EndsWithClear) {
     EXPECT_EQ(text(1, 1), "abc");
 }
 
+TEST_P(RefusedTyping, GivesTheGridTheKeyboardWhenTheEditorHasGoneMeanwhile) {
+    put(2, col, bad);
+    desk.whileTheBoxIsOpen = [&] { grid.Row(4); };
+    EXPECT_FALSE(grid.ValidTextData());
+    EXPECT_EQ(desk.takeSteps(),
+              (Lines{"box: " + refusalBox(col)[0].text, "editor hidden", "keyboard to the grid"}));
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Grid);
+    EXPECT_EQ(current(), (Cell{4, col}));
+    EXPECT_EQ(text(2, col), "");
+    EXPECT_EQ(tag(2, col), "old tag");
+}
+
 // --- A morning's work.
 
 class Corrections : public CheckTest {};
+
+TEST_F(Corrections, AreWaitedForHoweverOftenTheTextHasBeenChecked) {
+    put(2, DateCol, "x");
+    constexpr int MoreThanTheCounterHolds = 33000;
+    for (int i = 0; i < MoreThanTheCounterHolds; ++i) {
+        grid.IsValid();
+        forget();
+    }
+    desk.press(Key::Enter);
+    desk.focusElsewhere();
+    EXPECT_EQ(boxes(), Boxes{});
+    EXPECT_TRUE(desk.editor().refused);
+}
 
 TEST_F(Corrections, ShowOneBoxForEveryMistakeInTheExactWords) {
     knowCodes();
