@@ -70,7 +70,7 @@ std::optional<std::string> inDateForm(DateForm form, std::string_view text) {
 }
 
 std::string exampleOf(DateForm form, const DateTime& now) {
-    const std::string date = support::shortDateText(now);
+    std::string date = support::shortDateText(now);
     if (form == DateForm::Date) return date;
     if (form == DateForm::Time) return date + " " + support::timeText(now);
     return date + " " + std::string(now.hour < Noon ? Morning : Afternoon);
