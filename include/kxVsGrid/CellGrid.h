@@ -232,6 +232,11 @@ class CellGrid {
     std::int32_t TopRowToShow(std::int32_t row, std::int32_t bottom) const;
     /// The same for a column and the right edge.
     std::int32_t LeftColToShow(std::int32_t col, std::int32_t right) const;
+    /// The nearest row after `row` that is neither hidden nor without height, fixed ones included; -1 when
+    /// there is none. However many rows are passed, it is found at once.
+    std::int32_t ShownRowAfter(std::int32_t row) const;
+    /// The same before `row`.
+    std::int32_t ShownRowBefore(std::int32_t row) const;
 
     // --- What the machine reports.
     /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt. True when the key did
@@ -242,7 +247,8 @@ class CellGrid {
     void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
-    /// The second press of a double click.
+    /// The second press of a double click. Only the left button's raises DblClick, and not on a column's
+    /// edge, which is dragged.
     void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     /// Rows to scroll; positive is down.
     void wheel(std::int32_t rows);
@@ -292,6 +298,8 @@ class CellGrid {
     Event<std::int32_t, std::int32_t> AfterUserResize;
     /// Raised only by code that reports the end of an edit of the grid's own; the engine edits no cells.
     Event<std::int32_t, std::int32_t> AfterEdit;
+    /// The number of rows or columns was put; comes before the other events that this brings about.
+    Event<> SizeChanged;
     /// A row was inserted (true) or removed at a position; the engine's state is already the new one.
     Event<std::int32_t, bool> RowMoved;
 

@@ -140,6 +140,8 @@ struct CellGrid::Impl {
     void removeRows(std::int32_t position, std::int32_t n);
     void insertCols(std::int32_t n);
     void setFixed(cellgrid::Lane& lane, std::int32_t count);
+    /// Tells of another number of rows or columns, the view being settled already.
+    void countChanged();
     void viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol);
     /// `oldRow` is a reference because it may follow rows while the events are raised.
     void announce(const Move& move);

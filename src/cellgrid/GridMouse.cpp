@@ -13,9 +13,9 @@ constexpr std::int32_t MaxDraggedWidth = 1'000'000;
 }  // namespace
 
 void CellGrid::Impl::pressed(std::int16_t button, std::int32_t x, std::int32_t y) {
+    if (button != LeftButton) return;
     drag = {};
     pressInside = x >= 0 && y >= 0 && x < layout.width && y < layout.height;
-    if (button != LeftButton) return;
     const GridHit hit = layout.hit(x, y);
     if (hit.part == GridHit::Part::ColumnEdge)
         drag = {hit.col, layout.cols.place(hit.col) + layout.cols.axis.extent(hit.col) - x};
@@ -53,7 +53,8 @@ void CellGrid::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, 
     if (clicked) Click();
 }
 
-void CellGrid::doubleClick(std::int16_t, std::int16_t, std::int32_t, std::int32_t) {
+void CellGrid::doubleClick(std::int16_t button, std::int16_t, std::int32_t x, std::int32_t y) {
+    if (button != LeftButton || HitTest(x, y).part == GridHit::Part::ColumnEdge) return;
     DblClick();
 }
 

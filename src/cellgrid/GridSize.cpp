@@ -31,7 +31,7 @@ void CellGrid::Impl::setRows(std::int32_t count) {
     if (count > now) {
         insertRows(now, count - now);
         if (currentRow < 0) currentRow = layout.rows.fixed;
-        return geometryChanged();
+        return countChanged();
     }
     removeRows(count, now - count);
     const bool lost = currentRow >= count;
@@ -39,12 +39,18 @@ void CellGrid::Impl::setRows(std::int32_t count) {
     viewAfterLoss(lost, oldRow, currentCol);
 }
 
+void CellGrid::Impl::countChanged() {
+    const Scroll scrolled = settle();
+    grid.SizeChanged();
+    announce(scrolled);
+}
+
 /// Rows or columns are gone, the current cell with them when `lost`; the state is already the new one. A move
 /// so forced asks nobody, and without any cell left there is none to announce.
 void CellGrid::Impl::viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol) {
     if (lost) ++movesForced;
     const std::uint64_t stamp = moves();
-    geometryChanged();
+    countChanged();
     if (lost && moves() == stamp && currentRow >= 0 && currentCol >= 0) announceForcedMove(oldRow, oldCol);
 }
 
@@ -62,7 +68,7 @@ void CellGrid::Impl::setCols(std::int32_t count) {
     if (count == now) return;
     if (count > now) {
         insertCols(count - now);
-        return geometryChanged();
+        return countChanged();
     }
     contentWillChange(-1);
     formatString = cellgrid::cutFormatString(formatString, count);

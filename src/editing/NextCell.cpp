@@ -21,26 +21,16 @@ std::optional<std::int32_t> lastEditableBefore(const CellGrid& grid, columns::Co
     return std::nullopt;
 }
 
-std::int32_t shownRowFrom(const CellGrid& grid, std::int32_t row) {
-    while (row < grid.Rows() && grid.RowHidden(row)) ++row;
-    return row;
-}
-
-std::int32_t shownRowUpTo(const CellGrid& grid, std::int32_t row) {
-    while (row >= grid.FixedRows() && grid.RowHidden(row)) --row;
-    return row;
-}
-
 /// The first editable cell at or after (row, col). No row holds another set of editable columns than its
 /// neighbours, so one look at the next shown row is enough.
 std::optional<CellPlace> scanFrom(const CellGrid& grid, columns::ColumnArray& columns, std::int32_t row,
                                   std::int32_t col) {
-    const std::int32_t shown = shownRowFrom(grid, row);
+    const std::int32_t shown = grid.ShownRowAfter(row - 1);
     if (shown != row) col = grid.FixedCols();
-    if (shown >= grid.Rows()) return std::nullopt;
+    if (shown < 0) return std::nullopt;
     if (const auto found = firstEditableFrom(grid, columns, col)) return CellPlace{shown, *found};
-    const std::int32_t next = shownRowFrom(grid, shown + 1);
-    if (next >= grid.Rows()) return std::nullopt;
+    const std::int32_t next = grid.ShownRowAfter(shown);
+    if (next < 0) return std::nullopt;
     if (const auto found = firstEditableFrom(grid, columns, grid.FixedCols())) return CellPlace{next, *found};
     return std::nullopt;
 }
@@ -67,7 +57,7 @@ std::optional<CellPlace> previousTabStop(const CellGrid& grid, columns::ColumnAr
     if (row < grid.FixedRows()) return std::nullopt;
     if (!grid.RowHidden(row))
         if (const auto col = lastEditableBefore(grid, columns, grid.Col())) return CellPlace{row, *col};
-    const std::int32_t before = shownRowUpTo(grid, row - 1);
+    const std::int32_t before = grid.ShownRowBefore(row);
     if (before < grid.FixedRows()) return std::nullopt;
     if (const auto col = lastEditableBefore(grid, columns, grid.Cols())) return CellPlace{before, *col};
     return std::nullopt;

@@ -97,6 +97,32 @@ TEST_F(Mouse, ClicksTwiceAfterANormalPress) {
     EXPECT_EQ(log.take(), (Lines{"Down 1 0 at 1500,400", "Up", "Click", "DblClick", "Up"}));
 }
 
+TEST_F(Mouse, KeepsTheDragWhenAnotherButtonIsPressedMeanwhile) {
+    down(2990, 100);
+    drag(3100, 100);
+    down(3100, 100, RightButton);
+    up(3100, 100, RightButton);
+    log.take();
+    drag(3190, 100);
+    up(3190, 100);
+    EXPECT_EQ(log.take(), (Lines{"Move", "Up", "Resize -1,2: 1200"}));
+}
+
+TEST_F(Mouse, ClicksTwiceWithTheLeftButtonOnly) {
+    down(1500, 400, RightButton);
+    up(1500, 400, RightButton);
+    log.take();
+    grid.doubleClick(RightButton, 0, 1500, 400);
+    grid.doubleClick(MiddleButton, 0, 1500, 400);
+    EXPECT_EQ(log.take(), Lines{});
+}
+
+TEST_F(Mouse, DoesNotClickTwiceOnTheEdgeOfAColumn) {
+    ASSERT_EQ(grid.HitTest(2990, 100).part, GridHit::Part::ColumnEdge);
+    grid.doubleClick(LeftButton, 0, 2990, 100);
+    EXPECT_EQ(log.take(), Lines{});
+}
+
 TEST_F(Mouse, DragsTheEdgeOfAColumnAndTellsAtTheEnd) {
     down(1990, 100);
     drag(2190, 150);

@@ -247,6 +247,18 @@ TEST_F(View, ShowsATallRowFromItsTop) {
     EXPECT_EQ(grid.TopRowToShow(60, 3000), 60);
 }
 
+TEST_F(View, FindsTheNearestShownRowOnEitherSide) {
+    for (int row = 40; row < 100; ++row) grid.RowHidden(row, true);
+    grid.RowHidden(0, true);
+    EXPECT_EQ(grid.ShownRowAfter(-1), 1);
+    EXPECT_EQ(grid.ShownRowAfter(38), 39);
+    EXPECT_EQ(grid.ShownRowAfter(39), 100);
+    EXPECT_EQ(grid.ShownRowAfter(100), -1);
+    EXPECT_EQ(grid.ShownRowBefore(100), 39);
+    EXPECT_EQ(grid.ShownRowBefore(1), -1);
+    EXPECT_EQ(grid.ShownRowBefore(-1), -1);
+}
+
 TEST_F(View, DoesNotMoveForAHiddenRow) {
     grid.RowHidden(60, true);
     EXPECT_EQ(grid.TopRowToShow(60, 3000), 1);
