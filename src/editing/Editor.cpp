@@ -87,6 +87,11 @@ void Editor::hide() {
     publish();
 }
 
+void Editor::drop() {
+    hide();
+    load();
+}
+
 // --- Commit
 // ----------------------------------------------------------------------------------------------------------
 
@@ -95,15 +100,21 @@ bool Editor::commit() {
     Span committing(committing_);
     if (!checkChangedText()) return false;
     if (!writeText()) return false;
-    grid_.Data(grid_.Row(), grid_.Col(), box_.tag());
+    // A host that took the cell away as it heard of the text leaves none for the tag and the rest.
+    const bool cellIsThere = editedCellIsCurrent();
+    if (cellIsThere) grid_.Data(grid_.Row(), grid_.Col(), box_.tag());
     owner_.recalculate(-1);
     owner_.markChanged();
+    if (cellIsThere) tellAfterEdit();
+    hide();
+    return true;
+}
+
+void Editor::tellAfterEdit() {
     owner_.raiseAfterEdit(grid_.Row(), grid_.Col());
     const std::int32_t row = grid_.Row();
     const std::int32_t col = grid_.Col();
     if (row >= 0 && col >= 0 && !support::trim(grid_.Text(row, col)).empty()) owner_.appendIfLast(row);
-    hide();
-    return true;
 }
 
 /// The field check, for a text that differs from the one the cell had on entry.
@@ -241,19 +252,17 @@ void Editor::rowInserted(std::int32_t position) {
     place();
 }
 
-void Editor::rowRemoved(std::int32_t position, bool wasCurrent) {
+void Editor::rowRemoved(std::int32_t position) {
     entered_.rowRemoved(position);
-    if (wasCurrent)
-        hide();
-    else
-        place();
+    place();
 }
 
 void Editor::place() {
-    if (visible())
+    if (!visible_) return;
+    if (editedCellIsCurrent())
         publish();
     else
-        hide();  // all cells have gone, which the grid cannot announce as a move
+        hide();  // the cell is gone
 }
 
 /// Shows the machine what has changed.

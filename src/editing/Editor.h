@@ -49,6 +49,8 @@ class Editor {
     void commitForHost();
     /// Hides without writing.
     void hide();
+    /// The same, and shows the cell's text again: what was typed is lost.
+    void drop();
 
     // --- What the grid reports.
     /// The cursor has entered a cell: captures it and loads it.
@@ -60,8 +62,8 @@ class Editor {
     /// The same after the current row was removed: the cell counts as entered.
     void captureAndLoad();
     void rowInserted(std::int32_t position);
-    void rowRemoved(std::int32_t position, bool wasCurrent);
-    /// Puts an open editor over its cell again.
+    void rowRemoved(std::int32_t position);
+    /// Puts an open editor over its cell again, or hides it when the cell is gone.
     void place();
 
     // --- What the clerk does.
@@ -80,6 +82,9 @@ class Editor {
 
     void textChanged();
     bool opensHere() const;
+    /// The cell that an open editor stands over is the one entered last; it may be gone.
+    bool editedCellIsCurrent() const { return entered_.is(grid_.Row(), grid_.Col()); }
+    void tellAfterEdit();
     void toggle();
     void show(Focus focus);
     bool checkChangedText();

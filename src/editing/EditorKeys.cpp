@@ -52,8 +52,7 @@ void EditorKeys::focusToGrid() {
 
 void EditorKeys::escape() {
     support::Span hiding(editor_.hiding_);
-    editor_.hide();
-    editor_.load();  // what was typed is dropped, the mirror shows the cell again
+    editor_.drop();
     focusToGrid();
 }
 
@@ -71,8 +70,7 @@ void EditorKeys::enter() {
 void EditorKeys::up() {
     if (!commitOnKey()) return;
     CellGrid& grid = editor_.grid_;
-    std::int32_t row = grid.Row() - 1;
-    while (row >= grid.FixedRows() && grid.RowHidden(row)) --row;
+    const std::int32_t row = grid.ShownRowBefore(grid.Row());
     if (row >= grid.FixedRows()) grid.Row(row);
     focusToGrid();
 }
@@ -80,9 +78,8 @@ void EditorKeys::up() {
 void EditorKeys::down() {
     if (!commitOnKey()) return;
     CellGrid& grid = editor_.grid_;
-    std::int32_t row = grid.Row() + 1;
-    while (row < grid.Rows() && grid.RowHidden(row)) ++row;
-    if (row < grid.Rows()) grid.Row(row);
+    const std::int32_t row = grid.ShownRowAfter(grid.Row());
+    if (row >= 0) grid.Row(row);
     focusToGrid();
 }
 

@@ -76,7 +76,8 @@ bool InputRouter::editorKey(const KeyStroke& stroke) {
 bool InputRouter::gridKey(const KeyStroke& stroke) {
     if (stroke.code == static_cast<std::int16_t>(Key::Tab) && stroke.shift <= ShiftKey)
         return navigation_.tab(stroke.shift == 0);
-    bool used = c_.grid.keyDown(stroke.code, stroke.shift);
+    bool used = keys_.asksTheHost(stroke.code);
+    used = c_.grid.keyDown(stroke.code, stroke.shift) || used;
     if (!stroke.character.empty()) {
         Typed typed(typed_, stroke.character);
         c_.grid.keyPress(asciiOf(stroke.character));
@@ -132,10 +133,12 @@ bool InputRouter::settleEditorForPress() {
 }
 
 void InputRouter::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
-    pressDelivered_ = firstPressDelivered_ = false;
+    pressesDelivered_ &= ~button;
+    lastPressDelivered_ = false;
     if (layout_.totalRowShown() && layout_.totalRowRect().contains(x, y)) return;
     if (!settleEditorForPress()) return;
-    pressDelivered_ = firstPressDelivered_ = true;
+    pressesDelivered_ |= button;
+    lastPressDelivered_ = true;
     c_.seat.giveFocus(FocusPlace::Grid);
     const Rect main = layout_.mainRect();
     c_.grid.mouseDown(button, shift, x - main.left, y - main.top);
@@ -147,16 +150,16 @@ void InputRouter::mouseMove(std::int16_t button, std::int16_t shift, std::int32_
 }
 
 void InputRouter::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
-    if (!pressDelivered_) return;
-    pressDelivered_ = false;
+    if ((pressesDelivered_ & button) == 0) return;
+    pressesDelivered_ &= ~button;
     const Rect main = layout_.mainRect();
     c_.grid.mouseUp(button, shift, x - main.left, y - main.top);
 }
 
 void InputRouter::doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     // The second press goes where the first one went: nowhere, when the editor's text was refused.
-    if (!firstPressDelivered_ || (layout_.totalRowShown() && layout_.totalRowRect().contains(x, y))) return;
-    pressDelivered_ = true;
+    if (!lastPressDelivered_ || (layout_.totalRowShown() && layout_.totalRowRect().contains(x, y))) return;
+    pressesDelivered_ |= button;
     const Rect main = layout_.mainRect();
     c_.grid.doubleClick(button, shift, x - main.left, y - main.top);
 }

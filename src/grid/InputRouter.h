@@ -24,6 +24,7 @@ class InputRouter : public Input {
         : c_(context), navigation_(navigation), keys_(keys), layout_(layout) {}
 
     bool active() const { return place_ != FocusPlace::Elsewhere; }
+    bool keyboardInGrid() const { return place_ == FocusPlace::Grid || place_ == FocusPlace::Editor; }
     /// The character that the key press now under way types, for handlers that are given 16 bits of it.
     std::string typedCharacter(std::int16_t ascii) const;
 
@@ -57,8 +58,8 @@ class InputRouter : public Input {
     Layout& layout_;
     FocusPlace place_ = FocusPlace::Elsewhere;
     bool composing_ = false;
-    bool pressDelivered_ = false;
-    bool firstPressDelivered_ = false;
+    std::int16_t pressesDelivered_ = 0;  ///< of the buttons that are down, a sum of MouseButton
+    bool lastPressDelivered_ = false;
     std::string_view typed_;
 };
 }  // namespace kxVsGrid::grid

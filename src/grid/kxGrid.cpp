@@ -47,11 +47,16 @@ void kxGrid::Parts::connectMoves() {
     main.CellChanged.passOn(control.CellChanged);
     main.AfterScroll.connect(
         [this](auto oldTopRow, auto oldLeftCol, auto, auto) { navigation.scrolled(oldTopRow, oldLeftCol); });
+    main.SizeChanged.connect([this] {
+        totals.followCols();
+        columns.resize(main.Cols());
+        editor.place();
+    });
     main.RowMoved.connect([this](std::int32_t position, bool inserted) {
         if (inserted)
             editor.rowInserted(position);
         else
-            editor.rowRemoved(position, editor.entered().is(position, main.Col()));
+            editor.rowRemoved(position);
     });
 }
 

@@ -28,7 +28,7 @@ bool kxGrid::Editable() const {
 void kxGrid::Editable(bool editable) {
     Parts& p = *parts_;
     if (!editable) {
-        if (p.editor.visible() && !p.editor.committing()) p.editor.commit();
+        if (p.editor.visible() && !p.editor.committing() && !p.editor.commit()) p.editor.drop();
         p.flags.changed = false;
     }
     p.flags.Editable = editable;
@@ -110,6 +110,7 @@ void kxGrid::Rows(std::int32_t count) {
     columns::paintColumns(grid, p.columns);
     p.totals.recalculate(TotalRow::AllColumns);
     p.editor.place();
+    if (p.input.keyboardInGrid()) p.navigation.leaveFixedArea();  // where the clerk could not type on
     p.report("Rows");
 }
 
@@ -121,8 +122,6 @@ void kxGrid::Cols(std::int32_t count) {
     Parts& p = *parts_;
     p.main.Cols(count);
     p.main.FormatString(p.main.FormatString());
-    p.totals.followCols();
-    p.columns.resize(p.main.Cols());
     p.realign();
     p.report("Cols");
 }
@@ -171,8 +170,6 @@ std::string kxGrid::FormatString() const {
 void kxGrid::FormatString(std::string_view format) {
     Parts& p = *parts_;
     p.main.FormatString(format);
-    p.totals.followCols();
-    p.columns.resize(p.main.Cols());
     p.realign();
     p.report("FormatString");
 }

@@ -86,6 +86,37 @@ TEST_F(FollowedCell, HidesTheEditorWhenTheColumnsAreCut) {
     expectGoneWithoutACommit();
 }
 
+TEST_F(FollowedCell, HidesTheEditorWhenAllColumnsGo) {
+    grid.Cols(0);
+    EXPECT_EQ(grid.Grid_Sum().Cols(), 0);
+    EXPECT_FALSE(open());
+    grid.SetCell(1, 1, "nowhere");
+    desk.press(Key::Enter).type("x").press(Key::Tab);
+    EXPECT_EQ(desk.messages().size(), 0u);
+    EXPECT_EQ(named(heard(), "AfterEdit"), Lines{});
+    grid.Cols(6);
+    grid.Grid().Select(1, 1);
+    expectGoneWithoutACommit();
+}
+
+TEST_F(FollowedCell, HidesTheEditorWhenTheEngineLosesItsLastColumn) {
+    grid.Grid().FixedCols(0);
+    grid.Grid().Cols(0);
+    EXPECT_FALSE(open());
+    grid.Grid().Cols(6);
+    grid.Grid().Select(1, 1);
+    expectGoneWithoutACommit();
+}
+
+TEST_F(FollowedCell, HidesTheEditorWhenTheEngineLosesItsLastRow) {
+    grid.Grid().FixedRows(0);
+    grid.Grid().Rows(0);
+    EXPECT_FALSE(open());
+    grid.Rows(20);
+    grid.Grid().Select(1, 1);
+    expectGoneWithoutACommit();
+}
+
 TEST_F(FollowedCell, HidesTheEditorWhenTheGridIsCleared) {
     grid.Clear();
     EXPECT_EQ(grid.Rows(), 6);
@@ -97,6 +128,21 @@ TEST_F(FollowedCell, HidesTheEditorWhenTheGridIsCleared) {
 TEST_F(FollowedCell, KeepsTheEditorWhenOtherRowsAreCut) {
     grid.Rows(12);
     expectCommitGoesTo({10, 3});
+}
+
+TEST_F(FollowedCell, IsWrittenAlsoWhenTheHostInsertsARowAboveWhileItIsAskedForTheCode) {
+    column(3).i有效性判断(1);
+    column(3).i字段有效性判断类型(ij编码型);
+    grid.TxtValidBmS.connect([&](const std::string&, const std::string&, const std::string&,
+                                 const std::string& typed, std::string& code, std::string& name) {
+        grid.Grid().InsertRow(5);
+        code = name = typed;
+    });
+    desk.press(Key::Down);
+    EXPECT_EQ(text(11, 3), "abc");
+    EXPECT_EQ(tag(11, 3), "abc");
+    EXPECT_FALSE(open());
+    EXPECT_EQ(current(), (Cell{12, 3}));
 }
 
 TEST_F(FollowedCell, FollowsSeveralChangesInARow) {
@@ -147,6 +193,30 @@ TEST_F(RowsLostDuringTheCommit, ByAHostThatCutsTheRowsInCellChanged) {
     desk.press(Key::Right);
     EXPECT_EQ(grid.Rows(), 6);
     EXPECT_FALSE(open());
+}
+
+TEST_F(RowsLostDuringTheCommit, ByAHostThatRemovesTheRowInCellChangedLeaveTheNextRowAlone) {
+    grid.Grid().Data(11, 3, "next");
+    bool once = true;
+    grid.CellChanged.connect([&](std::int32_t row, std::int32_t) {
+        if (std::exchange(once, false)) grid.Grid().RemoveRow(row);
+    });
+    heard();
+    desk.press(Key::Down);
+    EXPECT_EQ(grid.Rows(), 19);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(tag(10, 3), "next");
+    const Lines told = heard();
+    EXPECT_EQ(named(told, "CellChanged"), changed(10, 3));
+    EXPECT_EQ(named(told, "AfterEdit"), Lines{});
+    EXPECT_TRUE(grid.bIsDirty());
+}
+
+TEST_F(RowsLostDuringTheCommit, ByAHostThatTakesAllColumnsInCellChanged) {
+    grid.CellChanged.connect([&](std::int32_t, std::int32_t) { grid.Cols(0); });
+    desk.press(Key::Enter);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(named(heard(), "AfterEdit"), Lines{});
 }
 
 TEST_F(RowsLostDuringTheCommit, ByAHostThatCutsTheColumnsInAfterEdit) {

@@ -293,5 +293,49 @@ TEST_F(FormatOfTheGrid, KeepsBytesThatAreNoText) {
     EXPECT_EQ(grid.FormatString(), "a|" + StrayBytes + "|c");
     EXPECT_EQ(grid.ReadCell(0, 1, true), StrayBytes);
 }
+class Definitions : public PlacedGrid {
+  protected:
+    static constexpr const char* Twelve = "a|b|c|d|e|f|g|h|i|j|k|l";
+    void expectColumnElevenToWork() {
+        ASSERT_EQ(grid.Cols(), 12);
+        EXPECT_EQ(sum().Cols(), 12);
+        grid.ColFormat(11, "0.00");
+        setUp();
+        EXPECT_NE(vs().Redraw(), 0);
+        typeInto(1, 11, "abc");
+        desk.press(Key::Enter);
+        EXPECT_EQ(text(1, 11), "abc");
+    }
+};
+
+TEST_F(Definitions, AreThereWhenTheHostHearsOfTheirCaptions) {
+    Lines types;
+    grid.CellChanged.connect([&](std::int32_t, std::int32_t col) {
+        types.push_back(std::to_string(grid.VsCtrl(static_cast<std::int16_t>(col))->iType()));
+    });
+    grid.FormatString(Twelve);
+    EXPECT_EQ(types, Lines(12, "8"));
+    expectColumnElevenToWork();
+}
+
+TEST_F(Definitions, AreThereAfterAHandlerFailed) {
+    auto failing = grid.CellChanged.connect(Boom());
+    EXPECT_THROW(grid.FormatString(Twelve), std::runtime_error);
+    failing.disconnect();
+    expectColumnElevenToWork();
+}
+
+TEST_F(Definitions, AreThereForColumnsThatTheEngineWasGiven) {
+    vs().Cols(12);
+    expectColumnElevenToWork();
+}
+
+TEST_F(Definitions, EndWithTheColumnsThatTheEngineWasLeft) {
+    const auto kept = grid.VsCtrl(3);
+    vs().Cols(4);
+    EXPECT_EQ(grid.VsCtrl(3), kept);
+    EXPECT_NO_THROW(grid.VsCtrl(4));
+    EXPECT_THROW(grid.VsCtrl(5), GridError);
+}
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -141,6 +141,16 @@ TEST_F(EditableFlag, IsSwitchedOffOverARefusedTextToo) {
     EXPECT_EQ(text(1, 1), "");
 }
 
+TEST_F(EditableFlag, SwitchedOffClosesAnEditorWhoseTextIsRefused) {
+    column(1).iType(flexDTDouble);
+    typeInto(1, 1, "abc");
+    grid.Editable(false);
+    EXPECT_FALSE(desk.editor().visible);
+    EXPECT_EQ(grid.Text(), "");
+    desk.type("12").press(Key::Enter);
+    EXPECT_EQ(text(1, 1), "");
+}
+
 TEST_F(EditableFlag, SwitchedOffChecksARefusedTextAgain) {
     refusesCodes(1);
     typeInto(1, 1, "X9");

@@ -258,6 +258,17 @@ TEST_F(Clear, TakesTheCurrentCellIntoTheFixedRowWithoutAsking) {
     EXPECT_EQ(heard(), forcedMove(4, 3, 0, 3));
 }
 
+TEST_F(Clear, LetsTheClerkTypeOnInTheFirstDataRow) {
+    desk.focusGrid();
+    vs().Select(3, 2);
+    heard();
+    grid.Clear();
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(grid.Col(), 2);
+    desk.type("A001").press(Key::Enter);
+    EXPECT_EQ(text(1, 2), "A001");
+}
+
 TEST_F(Clear, BringsTheTotalsToZero) {
     summed(2);
     setUp();

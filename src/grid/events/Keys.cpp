@@ -1,5 +1,7 @@
 #include "grid/events/Keys.h"
 
+#include <algorithm>
+
 #include "editing/NextCell.h"
 #include "grid/columns/EditableColumn.h"
 #include "grid/events/RowAdder.h"
@@ -20,6 +22,12 @@ void Keys::keyDown(std::int16_t code) {
     if (!c_.flags.Editable) return;
     if (code == static_cast<std::int16_t>(Key::Insert)) insertRow();
     if (code == static_cast<std::int16_t>(Key::Delete)) deleteRow();
+}
+
+bool Keys::asksTheHost(std::int16_t code) const {
+    if (!c_.flags.Editable) return false;
+    if (code == static_cast<std::int16_t>(Key::Insert)) return c_.host.AddVsRow.heard();
+    return code == static_cast<std::int16_t>(Key::Delete) && c_.host.DeleteVsRow.heard();
 }
 
 /// Always at the end; the row commands insert at the current row.
@@ -89,18 +97,18 @@ bool Keys::openForTyping() {
     return c_.editor.visible();
 }
 
-/// A hidden current cell is left for one that can be seen.
+/// A hidden current cell is left for one that can be seen: to the left, down, or up when there is none below.
+/// One move, however many hidden rows lie between.
 void Keys::leaveHiddenCell() {
     CellGrid& grid = c_.grid;
-    while (grid.Col() > grid.FixedCols() && grid.ColHidden(grid.Col()) &&
-           grid.Select(grid.Row(), grid.Col() - 1)) {
+    std::int32_t col = grid.Col();
+    while (col > grid.FixedCols() && grid.ColHidden(col)) --col;
+    std::int32_t row = grid.Row();
+    if (grid.RowHidden(row)) {
+        row = grid.ShownRowAfter(row);
+        if (row < 0) row = std::max(grid.ShownRowBefore(grid.Row()), grid.FixedRows());
     }
-    while (grid.Row() < grid.Rows() - 1 && grid.RowHidden(grid.Row()) &&
-           grid.Select(grid.Row() + 1, grid.Col())) {
-    }
-    while (grid.Row() > grid.FixedRows() && grid.RowHidden(grid.Row()) &&
-           grid.Select(grid.Row() - 1, grid.Col())) {
-    }
+    if (row < grid.Rows()) grid.Select(row, col);
 }
 
 void Keys::doubleClick() {

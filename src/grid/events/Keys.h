@@ -17,6 +17,8 @@ class Keys {
 
     /// Insert and Delete: rows, with the host's consent.
     void keyDown(std::int16_t code);
+    /// Whether the host is asked about the key, which then is nobody else's, whatever the answer.
+    bool asksTheHost(std::int16_t code) const;
     /// Enter goes to the next editable cell; any other character opens the editor. `ascii` becomes 0 when
     /// swallowed. `typed` is the character itself, which does not fit into 16 bits.
     void keyPress(std::int16_t& ascii, std::string_view typed);

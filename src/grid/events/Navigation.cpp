@@ -14,6 +14,10 @@ void Navigation::gainedFocus() {
         c_.seat.giveFocus(FocusPlace::Editor);
         return;
     }
+    leaveFixedArea();
+}
+
+void Navigation::leaveFixedArea() {
     CellGrid& grid = c_.grid;
     if (grid.Row() < grid.FixedRows() && grid.Rows() > grid.FixedRows()) {
         Span internal(c_.moves.MovingInternally);

@@ -13,6 +13,8 @@ class Navigation {
 
     /// The grid has the keyboard now: keeps the current cell out of the fixed area.
     void gainedFocus();
+    /// Moves the current cell out of the fixed area, if there is another cell for it.
+    void leaveFixedArea();
 
     void beforeRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                             std::int32_t newCol, bool& cancel);

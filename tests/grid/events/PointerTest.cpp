@@ -232,6 +232,31 @@ TEST_F(DoubleClicks, LeaveHiddenRowsUpwardsWhenThereAreNoOthersBelow) {
     EXPECT_TRUE(open());
 }
 
+TEST_F(ClerkTest, ReleasesOfTheLeftButtonArriveAlsoWhenTheRightOneWasPressedMeanwhile) {
+    int released = 0;
+    grid.Grid().MouseUp.connect([&](std::int16_t button, auto, auto, auto) { released += button; });
+    desk.mouseDown(LeftButton, 0, 1500, 400).mouseDown(RightButton, 0, 1500, 400);
+    desk.mouseUp(RightButton, 0, 1500, 400).mouseUp(LeftButton, 0, 1500, 400);
+    EXPECT_EQ(released, LeftButton + RightButton);
+    EXPECT_EQ(named(heard(), "Click").size(), 1u);
+    desk.mouseUp(LeftButton, 0, 1500, 400);
+    EXPECT_EQ(released, LeftButton + RightButton);
+}
+
+TEST_F(DoubleClicks, PassHiddenRowsInOneMoveThatFillsNothingIntoThem) {
+    column(2).sDefaultText_Name("仓库");
+    grid.ReDraw(true);
+    for (int r : {2, 3, 4}) grid.Grid().RowHidden(r, true);
+    at(2, 1);
+    grid.Grid().Text(2, 2, "");
+    heard();
+    grid.Grid().DblClick();
+    EXPECT_EQ(named(heard(), "BeforeRowColChange"), asks(2, 1, 5, 1));
+    EXPECT_EQ(text(3, 2), "");
+    EXPECT_EQ(text(4, 2), "");
+    EXPECT_EQ(text(5, 2), "仓库");
+}
+
 class Scrolling : public ClerkTest {
   protected:
     Scrolling() {
