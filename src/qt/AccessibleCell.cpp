@@ -6,6 +6,21 @@
 #include "support/Numbers.h"
 
 namespace kxVsGrid::qt {
+namespace {
+
+/// Empty when it is a host's to compute and that fails, which is told where it is painted.
+std::string textOf(const CellGrid& grid, std::int32_t row, std::int32_t col) {
+    std::string text;
+    Stage::failureOf([&] { text = grid.Text(row, col); });
+    return text;
+}
+
+std::string displayTextOf(const CellGrid& grid, std::int32_t row, std::int32_t col) {
+    std::string text;
+    Stage::failureOf([&] { text = grid.DisplayText(row, col); });
+    return text;
+}
+}  // namespace
 
 void* AccessibleCell::interface_cast(QAccessible::InterfaceType type) {
     if (type == QAccessible::TableCellInterface) return static_cast<QAccessibleTableCellInterface*>(this);
@@ -36,8 +51,8 @@ bool AccessibleCell::isCheckBox() const {
 QString AccessibleCell::text(QAccessible::Text kind) const {
     if (!isValid() || (kind != QAccessible::Name && kind != QAccessible::Value)) return {};
     if (isCheckBox() && kind == QAccessible::Name)
-        return grid().FixedRows() > 0 ? toQt(grid().Text(0, col_)) : QString();
-    return toQt(row_ < grid().FixedRows() ? grid().Text(row_, col_) : grid().DisplayText(row_, col_));
+        return grid().FixedRows() > 0 ? toQt(textOf(grid(), 0, col_)) : QString();
+    return toQt(displayTextOf(grid(), row_, col_));
 }
 
 QRect AccessibleCell::rect() const {
@@ -65,7 +80,7 @@ QAccessible::State AccessibleCell::state() const {
     state.offscreen = !grid().RowIsVisible(row_) || !grid().ColIsVisible(col_);
     state.readOnly = !view_->stage().editable(row_, col_);
     state.checkable = isCheckBox();
-    state.checked = state.checkable && support::leadingNumber(grid().Text(row_, col_)) != 0;
+    state.checked = state.checkable && support::leadingNumber(textOf(grid(), row_, col_)) != 0;
     return state;
 }
 

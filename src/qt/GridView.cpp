@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <cmath>
+#include <utility>
 
 #include "qt/AccessibleGrid.h"
 #include "qt/BoxParts.h"
@@ -74,16 +75,15 @@ void GridView::paintEvent(QPaintEvent* event) {
                 this, [this] { stage_.lookChanged(); }, Qt::QueuedConnection);
         scale_ = now;
     }
+    partFailed_ = false;
     const QRegion& region = event->region();
-    if (region.rectCount() > ManyParts) {
-        paintPart(painter, region.boundingRect());
-        return;
-    }
+    if (region.rectCount() > ManyParts) return paintPart(painter, region.boundingRect());
     const bool one = region.rectCount() == 1;
     for (const QRect& part : region) {
         if (!one) painter.setClipRect(part);
         paintPart(painter, part);
     }
+    if (!partFailed_ && one && region.boundingRect().contains(rect())) toldFailure_ = false;
 }
 
 void GridView::paintPart(QPainter& painter, const QRect& part) {
@@ -119,8 +119,18 @@ void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& g
     state.clip = scale.twips(part);
     state.clip.left -= origin.left;
     state.clip.top -= origin.top;
-    makeFrame(frame, grid, state);
-    frames_.paint(painter, frame, origin);
+    const QString failure = Stage::failureOf([&] { makeFrame(frame, grid, state); });
+    if (failure.isNull()) return frames_.paint(painter, frame, origin);
+    painter.fillRect(scale.pixels(origin) & part, QColor(colors_.rgb(grid.BackColorBkg())));
+    paintFailed(failure);
+}
+
+/// A text that cannot be computed fails with every paint: it is told once, until all has been painted again.
+void GridView::paintFailed(const QString& failure) {
+    partFailed_ = true;
+    if (std::exchange(toldFailure_, true)) return;
+    QMetaObject::invokeMethod(
+        this, [this, failure] { stage_.report(failure); }, Qt::QueuedConnection);
 }
 
 // --- Keys -----------------------------------------------------------------------------------------------
@@ -138,7 +148,7 @@ bool GridView::event(QEvent* event) {
             return true;
         }
         case QEvent::ToolTip:
-            showWholeText(static_cast<QHelpEvent&>(*event));
+            stage_.attempt([&] { showWholeText(static_cast<QHelpEvent&>(*event)); });
             return true;
         case QEvent::KeyPress: {
             auto& key = static_cast<QKeyEvent&>(*event);
@@ -177,18 +187,26 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(used && !idle);
 }
 
+/// What cuts a text in the editor deletes no row: it does nothing here.
+bool GridView::cutsByDelete(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Delete && event.matches(QKeySequence::Cut);
+}
+
 /// On a closed cell they are used up, whatever comes of them: they are no characters to be typed.
 bool GridView::copyOrPaste(const QKeyEvent& event) {
-    if (event.modifiers() != Qt::ControlModifier || stage_.box().visible()) return false;
+    if (stage_.box().visible()) return false;
     const CellGrid& grid = stage_.grid().Grid();
-    if (event.key() == Qt::Key_C) {
+    if (event.matches(QKeySequence::Copy)) {
         if (grid.Row() >= 0 && grid.Col() >= 0)
-            QApplication::clipboard()->setText(toQt(grid.DisplayText(grid.Row(), grid.Col())));
+            stage_.attempt(
+                [&] { QApplication::clipboard()->setText(toQt(grid.DisplayText(grid.Row(), grid.Col()))); });
         return true;
     }
-    if (event.key() != Qt::Key_V) return false;
-    stage_.paste();
-    return true;
+    if (event.matches(QKeySequence::Paste)) {
+        stage_.paste();
+        return true;
+    }
+    return cutsByDelete(event);
 }
 
 void GridView::keyReleaseEvent(QKeyEvent* event) {

@@ -50,6 +50,7 @@ class GridView : public QWidget {
     void paintPart(QPainter& painter, const QRect& part);
     void paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
                    Frame& frame);
+    void paintFailed(const QString& failure);
     void paintTotalEdges(QPainter& painter);
     using PressTold = void (Input::*)(std::int16_t, std::int16_t, std::int32_t, std::int32_t);
     void press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told);
@@ -58,6 +59,7 @@ class GridView : public QWidget {
     void showWholeText(const QHelpEvent& event);
     void showCursorFor(const QMouseEvent& event);
     bool copyOrPaste(const QKeyEvent& event);
+    static bool cutsByDelete(const QKeyEvent& event);
     void typeFurther(const QString& text);
     QVariant boxQuery(Qt::InputMethodQuery query) const;
 
@@ -69,5 +71,7 @@ class GridView : public QWidget {
     Frame mainFrame_;
     Frame totalFrame_;
     bool splitCursor_ = false;
+    bool partFailed_ = false;   // of what is being painted
+    bool toldFailure_ = false;  // that painting fails, since it last did not
 };
 }  // namespace kxVsGrid::qt

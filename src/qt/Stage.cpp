@@ -77,16 +77,28 @@ void Stage::report(const QString& failure) {
     if (!again.isNull()) qWarning().noquote() << "kxGridWidget: handlerFailed failed:" << again;
 }
 
+bool Stage::attempt(const std::function<void()>& look) {
+    const std::shared_ptr<Machine> machine = machine_;
+    const QString failure = failureOf(look);
+    if (machine->stage != nullptr && !failure.isNull()) report(failure);
+    return machine->stage != nullptr;
+}
+
 /// After every call: the input method works at another place, or in a cell that is not typed into.
 void Stage::settle() {
     const CellGrid& cells = grid().Grid();
-    const TypingPlace now{takesTyping() || composingOnGrid_, cells.Row(), cells.Col(), cells.CellLeft(),
-                          cells.CellTop()};
+    TypingPlace now{takesTyping() || composingOnGrid_, cells.Row(), cells.Col(), 0, 0};
+    if (now.row >= 0 && now.col >= 0) {
+        now.left = cells.CellLeft();
+        now.top = cells.CellTop();
+    }
     if (now == typingPlace_) return;
+    const bool moved = now.row != typingPlace_.row || now.col != typingPlace_.col;
     typingPlace_ = now;
     view_->setAttribute(Qt::WA_InputMethodEnabled, now.typing);
     if (view_->hasFocus() && now.typing)
         QGuiApplication::inputMethod()->update(Qt::ImQueryInput | Qt::ImHints);
+    if (moved) AccessibleGrid::tellCurrentCell(*view_);
 }
 
 bool Stage::editable(std::int32_t row, std::int32_t col) const {
@@ -322,7 +334,7 @@ void Stage::fitRows() {
 
 void Stage::lookChanged() {
     machine_->platform.widget(widget_);
-    fitRows();
+    if (!attempt([this] { fitRows(); })) return;
     view_->update();
     resized();
 }
@@ -349,6 +361,6 @@ void Stage::repaintDamage() {
     bars_->follow(grid().Grid(), scale());
     view_->repaintDamage(grid().Grid().takeDamage(), view_->mainPlace());
     view_->repaintDamage(grid().Grid_Sum().takeDamage(), grid().totalRowRect());
-    settle();
+    attempt([this] { settle(); });
 }
 }  // namespace kxVsGrid::qt

@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QString>
 #include <QTimer>
+#include <functional>
 #include <memory>
 
 #include "qt/EditorBox.h"
@@ -43,13 +44,13 @@ class Stage {
         const std::shared_ptr<Machine> machine = machine_;
         if (machine->stage == nullptr) return false;
         if (!machine->grid) return true;
-        const QString failure = failureOf([&] { work(machine->grid->input()); });
-        if (machine->stage == nullptr) return false;
-        if (!failure.isNull()) report(failure);
-        if (machine->stage == nullptr) return false;
-        settle();
-        return true;
+        return attempt([&] { work(machine->grid->input()); }) && attempt([&] { settle(); });
     }
+    /// The same for looks at the control and its grids: their texts may be a host's to compute.
+    bool attempt(const std::function<void()>& look);
+    /// What the work threw, as a text; null when it threw nothing.
+    static QString failureOf(const std::function<void()>& work);
+    void report(const QString& failure);
 
     // --- What the control asks for.
     void giveFocus(FocusPlace place);
@@ -96,8 +97,6 @@ class Stage {
         friend bool operator==(const TypingPlace&, const TypingPlace&) = default;
     };
 
-    static QString failureOf(const std::function<void()>& work);
-    void report(const QString& failure);
     void handleComposition(QInputMethodEvent& event);
     void settle();
     bool loseKeyboard();

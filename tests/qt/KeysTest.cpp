@@ -200,6 +200,30 @@ TEST(Keys, PasteNothingIntoAReadOnlyOrBooleanCell) {
     EXPECT_EQ(w.text(1, Paid), "-1");
 }
 
+TEST(Keys, CopyAndPasteByInsertAsInTheEditorAndAskForNoRow) {
+    Window w;
+    int asked = 0;
+    w.grid().AddVsRow.connect([&](std::int32_t row, bool&) { asked += row < 29 ? 1 : 0; });
+    w.focusCell(1, Quantity);
+    w.press(Qt::Key_Insert, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "1,234.50");
+    w.focusCell(2, Code);
+    w.press(Qt::Key_Insert, Qt::ShiftModifier);
+    EXPECT_EQ(w.editorText(), "1,234.50");
+    EXPECT_EQ(asked, 0);
+}
+
+TEST(Keys, CutByDeleteDeletesNoRow) {
+    Window w;
+    int asked = 0;
+    w.grid().DeleteVsRow.connect([&](std::int32_t, bool&) { ++asked; });
+    w.focusCell(1, Code);
+    w.press(Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_EQ(asked, 0);
+    w.press(Qt::Key_Delete);
+    EXPECT_EQ(asked, 1);
+}
+
 TEST(Keys, AreTheWindowsWhenTheGridHasNoUseForThem) {
     Window w;
     int heard = 0;
@@ -221,6 +245,15 @@ TEST(Keys, AreTheWindowsWhenTheGridHasNoUseForThem) {
     w.press(Qt::Key_F5);
     EXPECT_EQ(heard, 1);
     w.press(Qt::Key_Down);
+    EXPECT_EQ(heard, 1);
+    w.press(Qt::Key_Delete);
+    w.press(Qt::Key_Insert);
+    EXPECT_EQ(heard, 3);
+    heard = 1;
+    w.grid().AddVsRow.connect([](std::int32_t, bool&) {});
+    w.grid().DeleteVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
+    w.press(Qt::Key_Delete);
+    w.press(Qt::Key_Insert);
     EXPECT_EQ(heard, 1);
     w.type("a");
     w.press(Qt::Key_Enter);

@@ -1,4 +1,5 @@
 // What host handlers may do to the widget: throw, destroy it, and start anything anew.
+#include <QHelpEvent>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -47,6 +48,77 @@ TEST(Failure, OfAListenerToTheReportGoesNoFurther) {
     w.click(3, Code);
     EXPECT_EQ(heard, 2);
     EXPECT_EQ(w.current(), "3,1");
+}
+
+TEST(Failure, OfATextThatIsPaintedIsReportedOnce) {
+    Window w;
+    QSignalSpy failed(w.widget, &kxGridWidget::handlerFailed);
+    bool broken = true;
+    w.grid().Grid().ComputedText(1, Name, [&]() -> std::string {
+        if (broken) throw std::runtime_error("no price list");
+        return "苹果汁";
+    });
+    w.settle();
+    w.widget->grab();
+    w.widget->grab();
+    w.settle();
+    ASSERT_EQ(failed.size(), 1);
+    EXPECT_EQ(failed[0][0].toString(), "no price list");
+    broken = false;
+    w.grid().Grid().damageAll();
+    w.settle();
+    EXPECT_EQ(failed.size(), 1);
+    broken = true;
+    w.grid().Grid().damageAll();
+    w.settle();
+    EXPECT_EQ(failed.size(), 2);
+}
+
+TEST(Failure, OfATextThatIsPaintedLeavesTheGround) {
+    Window w;
+    const QRgb ground = qRgb(10, 200, 30);
+    w.grid().BackColorBkg(0x1EC80A);
+    w.grid().Grid().ComputedText(2, Name, []() -> std::string { throw std::runtime_error("broken"); });
+    const QImage image = w.widget->grab().toImage();
+    EXPECT_EQ(image.pixel(image.width() / 2, image.height() / 3), ground);
+    w.settle();
+}
+
+TEST(Failure, OfATextThatIsCopiedOrShownInATipIsReported) {
+    Window w;
+    w.focusCell(2, Name);
+    w.grid().Grid().Redraw(0);
+    w.grid().Grid().ComputedText(2, Name, []() -> std::string { throw std::runtime_error("broken"); });
+    QSignalSpy failed(w.widget, &kxGridWidget::handlerFailed);
+    w.press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(failed.size(), 1);
+    const QPoint at = w.at(2, Name);
+    QHelpEvent event(QEvent::ToolTip, at, w.view().mapToGlobal(at));
+    QApplication::sendEvent(&w.view(), &event);
+    EXPECT_EQ(failed.size(), 2);
+}
+
+TEST(Failure, ThereIsNoneInAGridWithoutColumns) {
+    Window w;
+    QSignalSpy failed(w.widget, &kxGridWidget::handlerFailed);
+    w.grid().Cols(0);
+    w.settle();
+    w.widget->setFocus();
+    w.type("x");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Right, Qt::Key_Down, Qt::Key_Tab}) {
+        w.widget->setFocus();
+        w.press(key);
+    }
+    QTest::mouseClick(&w.view(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
+    QTest::mouseDClick(&w.view(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
+    w.window.resize(500, 300);
+    w.settle();
+    EXPECT_EQ(failed.size(), 0);
+    w.grid().Cols(7);
+    w.settle();
+    w.focusCell(1, Code);
+    w.type("x");
+    EXPECT_EQ(w.editorText(), "x");
 }
 
 TEST(Life, EndsWhenAHandlerDeletesTheWidgetLater) {
