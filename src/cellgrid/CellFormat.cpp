@@ -19,20 +19,13 @@ struct CellFormat::Pattern {
     std::optional<DatePattern> date;
 };
 
-CellFormat::CellFormat() = default;
 CellFormat::CellFormat(std::string_view pattern)
     : pattern_(pattern.empty() ? nullptr : std::make_unique<Pattern>(pattern)) {}
 CellFormat::~CellFormat() = default;
-CellFormat::CellFormat(CellFormat&&) noexcept = default;
-CellFormat& CellFormat::operator=(CellFormat&&) noexcept = default;
 
 const std::string& CellFormat::pattern() const {
     static const std::string none;
     return pattern_ ? pattern_->text : none;
-}
-
-bool CellFormat::plain() const {
-    return !pattern_ || (!pattern_->number && !pattern_->date);
 }
 
 bool CellFormat::apply(std::string_view text, std::string& shown) const {

@@ -9,15 +9,12 @@ namespace kxVsGrid::cellgrid {
 
 class CellFormat {
   public:
-    CellFormat();  ///< shows every text as it is
     explicit CellFormat(std::string_view pattern);
     ~CellFormat();
-    CellFormat(CellFormat&&) noexcept;
-    CellFormat& operator=(CellFormat&&) noexcept;
+    CellFormat(const CellFormat&) = delete;
+    CellFormat& operator=(const CellFormat&) = delete;
 
     const std::string& pattern() const;
-    /// True when no text is changed.
-    bool plain() const;
     /// Writes into `shown` what the pattern makes of the cell text and returns true; returns false, `shown`
     /// untouched, when the text is shown unchanged.
     bool apply(std::string_view text, std::string& shown) const;

@@ -33,6 +33,10 @@ Part partOf(char letter) {
     }
 }
 
+bool isLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
 void writeNumber(std::int32_t value, std::size_t digits, std::string& shown) {
     std::array<char, 10> buffer{};
     std::size_t at = buffer.size();
@@ -45,9 +49,11 @@ void writeNumber(std::int32_t value, std::size_t digits, std::string& shown) {
 std::optional<DatePattern> DatePattern::read(std::string_view pattern) {
     DatePattern read;
     bool hasPart = false;
+    bool hasWord = false;
     char before = 0;  // the letter that the step under way consists of
     readPattern(pattern, [&](char c, bool literal, std::size_t) {
         const Part part = literal ? nullptr : partOf(c);
+        hasWord = hasWord || (!literal && !part && isLetter(c));
         if (part && part == partOf(before)) {
             ++read.steps_.back().letters;
             return;
@@ -61,7 +67,7 @@ std::optional<DatePattern> DatePattern::read(std::string_view pattern) {
             read.steps_.back().literal += c;
         }
     });
-    if (!hasPart) return std::nullopt;
+    if (!hasPart || hasWord) return std::nullopt;
     read.tellMinutesFromMonths();
     return read;
 }

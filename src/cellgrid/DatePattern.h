@@ -2,7 +2,7 @@
 //
 // y year, m month or minute, d day, H hour (24), s second, in either case; one letter is the bare number, two
 // are two digits, three or more y the whole year. m is the minute when the letters before it are the hour's
-// or the letters after it the second's. Everything else is shown as it is.
+// or the letters after it the second's. Everything else is shown as it is; other letters have to be literals.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ namespace kxVsGrid::cellgrid {
 
 class DatePattern {
   public:
-    /// Nothing when the pattern has none of the letters.
+    /// Nothing when the pattern has none of the letters, or others beside them: then it is a word.
     static std::optional<DatePattern> read(std::string_view pattern);
 
     /// Writes into `shown` what the pattern makes of a date and returns true; any other text leaves `shown`

@@ -31,6 +31,7 @@ class Level {
     void start() {
         before_ = productOperator_ = sumOperator_ = kNone;
         negate_ = sumFault_ = false;
+        power_ = product_ = sum_ = 0;
     }
 
     void toggleSign() { negate_ = !negate_; }
