@@ -3,28 +3,79 @@
 #include "qt/CheckedWindow.h"
 #include "qt/Palettes.h"
 #include "qt/Scale.h"
+#include "qt/SystemColors.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {
 
-bool hasManyColours(const QImage& image) {
-    QSet<QRgb> colours;
+/// A picture of the window, of which parts are looked at.
+class Picture {
+  public:
+    Picture(Window& w, const QString& name) : w_(w), image_(w.picture(name)) {}
+
+    QImage cell(std::int32_t row, std::int32_t col) const { return part(w_.cell(row, col)); }
+    QImage editor() const { return part(w_.editor().geometry()); }
+    QImage totals() const { return part(Scale(*w_.widget).pixels(w_.grid().totalRowRect())); }
+    /// A rectangle of the widget.
+    QImage part(const QRect& inWidget) const {
+        const QRect logical = inWidget.translated(w_.widget->pos());
+        const double ratio = image_.devicePixelRatio();
+        return image_.copy(QRectF(logical.left() * ratio, logical.top() * ratio, logical.width() * ratio,
+                                  logical.height() * ratio)
+                               .toRect());
+    }
+
+  private:
+    Window& w_;
+    QImage image_;
+};
+
+/// How much of an image, in hundredths, is of a colour.
+double share(const QImage& image, const QColor& color) {
+    int count = 0;
     for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) colours.insert(image.pixel(x, y));
-    return colours.size() > 10;
+        for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == color.rgb() ? 1 : 0;
+    return 100.0 * count / (image.width() * image.height());
 }
+
+/// Whether something is written on the inside of a part, apart from its edges.
+bool isWritten(const QImage& image) {
+    const QImage inside = image.copy(image.rect().adjusted(5, 5, -5, -5));
+    const QRgb ground = inside.pixel(0, 0);
+    int ink = 0;
+    for (int y = 0; y < inside.height(); ++y)
+        for (int x = 0; x < inside.width(); ++x) ink += contrast(inside.pixel(x, y), ground) > 3 ? 1 : 0;
+    return ink > 10;
+}
+
+QColor highlight(const Window& w) {
+    return w.widget->palette().color(QPalette::Highlight);
+}
+const QColor LightGrey(0xE0, 0xE0, 0xE0);
+const QColor Red(0xD0, 0x20, 0x20);
 }  // namespace
 
 TEST(Picture, ShowsTheClosedGrid) {
     Window w;
     w.focusCell(1, Code);
-    EXPECT_TRUE(hasManyColours(w.picture("closed")));
+    const Picture picture(w, "closed");
+    EXPECT_GT(share(picture.cell(1, Code), highlight(w)), 2);
+    EXPECT_EQ(share(picture.cell(2, Code), highlight(w)), 0);
+    for (const std::int32_t col : {Number, Code, Name, Quantity}) {
+        EXPECT_TRUE(isWritten(picture.cell(0, col))) << col;
+        EXPECT_TRUE(isWritten(picture.cell(2, col))) << col;
+    }
+    EXPECT_FALSE(isWritten(picture.cell(3, Name)));
+    EXPECT_GT(share(picture.totals(), LightGrey), 30);
 }
 
 TEST(Picture, ShowsTheGridWithoutTheKeyboard) {
     Window w;
-    EXPECT_TRUE(hasManyColours(w.picture("unfocused")));
+    w.grid().Grid().Select(1, Code);
+    const Picture picture(w, "unfocused");
+    EXPECT_EQ(share(picture.cell(1, Code), highlight(w)), 0);
+    EXPECT_TRUE(isWritten(picture.cell(1, Code)));
 }
 
 TEST(Picture, ShowsTheOpenEditor) {
@@ -32,13 +83,17 @@ TEST(Picture, ShowsTheOpenEditor) {
     w.grid().VsCtrl(Code)->b是否提供帮助(true);
     w.focusCell(1, Code);
     w.type("b");
-    EXPECT_TRUE(hasManyColours(w.picture("editing")));
+    const Picture picture(w, "editing");
+    EXPECT_GT(share(picture.editor(), highlight(w)), 2);
+    EXPECT_TRUE(isWritten(picture.editor()));
+    const QRect button = Scale(*w.widget).pixels(w.grid().editorView().helpRect);
+    EXPECT_LT(share(picture.part(button), w.widget->palette().color(QPalette::Base)), 20);
 }
 
 TEST(Picture, ShowsTheEditorWithItsTextSelected) {
     Window w;
     w.doubleClick(1, Quantity);
-    EXPECT_TRUE(hasManyColours(w.picture("selected")));
+    EXPECT_GT(share(Picture(w, "selected").editor(), highlight(w)), 10);
 }
 
 TEST(Picture, ShowsTheEditorOfSeveralLines) {
@@ -48,32 +103,41 @@ TEST(Picture, ShowsTheEditorOfSeveralLines) {
     w.type("a");
     w.press(Qt::Key_Return);
     w.compose("", "第二行");
-    EXPECT_TRUE(hasManyColours(w.picture("lines")));
+    const auto lower = [](const QImage& image) {
+        return image.copy(0, image.height() / 3, image.width(), image.height() / 2);
+    };
+    EXPECT_TRUE(isWritten(lower(Picture(w, "lines").editor())));
     w.focusCell(2, Code);
     w.after->setFocus();
-    EXPECT_TRUE(hasManyColours(w.picture("lines-closed")));
+    EXPECT_TRUE(isWritten(lower(Picture(w, "lines-closed").cell(2, Remark))));
 }
 
 TEST(Picture, ShowsACompositionOnTheClosedGrid) {
     Window w;
     w.focusCell(3, Code);
     w.compose("pinyin");
-    EXPECT_TRUE(hasManyColours(w.picture("composing")));
+    EXPECT_TRUE(isWritten(Picture(w, "composing").editor()));
 }
 
 TEST(Picture, ShowsTheRefusedExpression) {
     Window w;
     w.focusCell(2, Quantity);
     w.type("12+");
+    EXPECT_EQ(share(Picture(w, "refused").editor(), Red), 0);
     w.press(Qt::Key_Enter);
-    EXPECT_TRUE(hasManyColours(w.picture("refused")));
+    const Picture picture(w, "refused");
+    EXPECT_GT(share(picture.editor(), Red), 5);
+    EXPECT_TRUE(isWritten(picture.editor()));
 }
 
 TEST(Picture, ShowsTheGridScrolled) {
     Window w;
     w.focusCell(20, Date);
     w.grid().Grid().ScrollTo(15, 3);
-    EXPECT_TRUE(hasManyColours(w.picture("scrolled")));
+    const Picture picture(w, "scrolled");
+    EXPECT_GT(share(picture.cell(20, Date), highlight(w)), 2);
+    EXPECT_TRUE(isWritten(picture.cell(0, Date)));
+    EXPECT_TRUE(isWritten(picture.cell(20, Number)));
 }
 
 TEST(Picture, ShowsColoursOfTheHost) {
@@ -84,18 +148,26 @@ TEST(Picture, ShowsColoursOfTheHost) {
     w.grid().ReDraw(true);
     w.grid().Grid().CellBackColor(4, Name, 0x00FF80);
     w.grid().Grid().Text(4, Name, "绿底");
-    EXPECT_TRUE(hasManyColours(w.picture("colours")));
-    w.window.setPalette(darkPalette());
-    EXPECT_TRUE(hasManyColours(w.picture("colours-dark")));
+    for (const bool dark : {false, true}) {
+        if (dark) w.window.setPalette(darkPalette());
+        const Picture picture(w, dark ? "colours-dark" : "colours");
+        EXPECT_GT(share(picture.cell(4, Name), QColor(0x80, 0xFF, 0x00)), 50);
+        EXPECT_GT(share(picture.cell(1, Quantity), QColor(0xFF, 0xFF, 0xC0)), 50);
+        EXPECT_TRUE(isWritten(picture.cell(4, Name)));
+        EXPECT_TRUE(isWritten(picture.cell(1, Quantity)));
+    }
 }
 
 TEST(Picture, ShowsEverythingInADarkPalette) {
     Window w;
     w.window.setPalette(darkPalette());
     w.focusCell(1, Code);
-    EXPECT_TRUE(hasManyColours(w.picture("dark")));
+    const Picture closed(w, "dark");
+    EXPECT_GT(share(closed.cell(2, Name), QColor(30, 30, 30)), 50);
+    EXPECT_TRUE(isWritten(closed.cell(2, Name)));
+    EXPECT_TRUE(isWritten(closed.cell(0, Name)));
     w.type("b");
-    EXPECT_TRUE(hasManyColours(w.picture("dark-editing")));
+    EXPECT_TRUE(isWritten(Picture(w, "dark-editing").editor()));
 }
 
 TEST(Picture, ShowsTextsThatAreShapedAndTextsThatDoNotFit) {
@@ -108,13 +180,18 @@ TEST(Picture, ShowsTextsThatAreShapedAndTextsThatDoNotFit) {
     w.grid().Grid().Text(6, Name, "line 1\nline 2");
     w.grid().Grid().Text(7, Name, "𠀀𠀁");
     w.grid().Grid().Text(8, Name, "a\tb");
-    EXPECT_TRUE(hasManyColours(w.picture("shaped")));
+    const Picture picture(w, "shaped");
+    for (const std::int32_t row : {1, 2, 3, 4, 6, 7, 8}) {
+        EXPECT_TRUE(isWritten(picture.cell(row, Name))) << row;
+        EXPECT_FALSE(isWritten(picture.cell(row, Date)) && row > 1) << row;
+    }
 }
 /// The box in front of the window, and what it leaves behind.
 void picturesOfRefusal(CheckedWindow& w, const QString& name, std::int32_t row, Column col,
                        const QString& text) {
     Boxes boxes([&](QMessageBox& box) {
-        EXPECT_TRUE(hasManyColours(w.picture(name + "-box", &box)));
+        w.picture(name + "-box", &box);
+        EXPECT_TRUE(isWritten(box.grab().toImage()));
         Boxes::enter(box);
     });
     w.fill(row, col, text);
@@ -122,7 +199,9 @@ void picturesOfRefusal(CheckedWindow& w, const QString& name, std::int32_t row, 
     w.settle();
     EXPECT_EQ(boxes.count(), 1U);
     w.expectAllSelected(text);
-    EXPECT_TRUE(hasManyColours(w.picture(name)));
+    const Picture picture(w, name);
+    EXPECT_GT(share(picture.editor(), Red), 2);
+    EXPECT_GT(share(picture.editor(), highlight(w)), 2);
 }
 
 TEST(Picture, ShowsARefusedCodeAndItsBox) {
@@ -196,10 +275,10 @@ TEST(Picture, ShowsTheLastRowOfALongDocumentWhollyAboveTheTotals) {
         EXPECT_LE(w.cell(2000, Quantity).bottom(), Scale(*w.widget).pixels(grid.totalRowRect()).top());
     };
     expectClear();
-    EXPECT_TRUE(hasManyColours(w.picture("last-row")));
+    EXPECT_TRUE(isWritten(Picture(w, "last-row").cell(2000, Number)));
     w.type("2*3");
     expectClear();
     EXPECT_LE(w.editor().geometry().bottom(), Scale(*w.widget).pixels(grid.totalRowRect()).top());
-    EXPECT_TRUE(hasManyColours(w.picture("last-row-editing")));
+    EXPECT_TRUE(isWritten(Picture(w, "last-row-editing").editor()));
 }
 }  // namespace kxVsGrid::qt::testing
