@@ -139,10 +139,13 @@ void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<st
         setText(row, col, {});
         return;
     }
-    auto free = std::find(computed_.begin(), computed_.end(), nullptr);
-    if (free == computed_.end()) free = computed_.insert(free, nullptr);
-    *free = std::make_shared<const std::function<std::string()>>(std::move(compute));
-    const auto number = static_cast<std::uint32_t>(free - computed_.begin());
+    if (freeComputed_.empty()) {
+        freeComputed_.push_back(static_cast<std::uint32_t>(computed_.size()));
+        computed_.emplace_back();
+    }
+    const std::uint32_t number = freeComputed_.back();
+    computed_[number] = std::make_shared<const std::function<std::string()>>(std::move(compute));
+    freeComputed_.pop_back();
     Spot at = spot(row, col);
     provide(at, row);
     putTextSlot(at.column, *at.page, at.handle, slot::Computed | number);
@@ -210,10 +213,9 @@ void CellStore::setFormat(std::int32_t col, std::string_view pattern) {
 }
 
 void CellStore::releaseLongSlot(TextSlot s) {
-    if (slot::isComputed(s))
-        computed_[slot::reference(s)] = nullptr;
-    else
-        arena_.release(s);
+    if (!slot::isComputed(s)) return arena_.release(s);
+    computed_[slot::reference(s)] = nullptr;
+    freeComputed_.push_back(slot::reference(s));
 }
 
 void CellStore::clearColumn(GridColumn& c, std::int32_t row, std::int32_t n) {

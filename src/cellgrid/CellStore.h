@@ -143,7 +143,8 @@ class CellStore {
     std::vector<GridColumn> columns_;
     TextArena arena_;
     CellStyles styles_;
-    std::vector<Computer> computed_;
+    std::vector<Computer> computed_;           ///< by number, as the slots name them
+    std::vector<std::uint32_t> freeComputed_;  ///< numbers whose cells have another text now
     std::int32_t fixedRows_ = 0;
     bool numbered_ = false;
 };
