@@ -9,7 +9,8 @@
 // Rows and columns count from 0, fixed ones included: rows below FixedRows and columns below FixedCols are
 // headers. A cell has a text (what it shows), data (a hidden string, the tag), an alignment and two colours,
 // the last three "not set" until given. Sizes and places are twips. Misuse throws GridError, whose text names
-// the member and the value; nothing has changed then.
+// the member and the value; nothing has changed then. A listener of any event may destroy the grid: what was
+// going on ends there.
 //
 // Cost: memory follows the cells that were written, not the rows that exist. Reading and writing a cell is
 // constant time; position <-> row is logarithmic; inserting or removing a row in the middle of a million
@@ -17,9 +18,10 @@
 //
 // Order of a move of the current cell, by code or by the user: BeforeRowColChange (cancelled: stop) ->
 // LeaveCell (still the old cell) -> the cell changes -> EnterCell -> RowColChange -> AfterRowColChange ->
-// SelChange. A listener that moves the current cell itself replaces the move under way: its own move
-// completes first, with all its events, and the outer one raises nothing more. Rows that a listener inserts
-// or removes carry the target of the move along; a target that vanishes ends the move.
+// SelChange. A listener that moves the current cell itself completes its own move first, with all its events.
+// Before the current cell has changed that replaces the move under way, which raises nothing more; afterwards
+// the outer move goes on to tell of itself. Rows that a listener inserts or removes carry the target of the
+// move along; a target that vanishes ends the move.
 #pragma once
 
 #include <cstdint>
@@ -82,7 +84,8 @@ class CellGrid {
     void Row(std::int32_t row);
     std::int32_t Col() const;
     void Col(std::int32_t col);
-    /// One move. Moving to where it is raises nothing. False when BeforeRowColChange cancelled it.
+    /// One move. Moving to where it is raises nothing. False when BeforeRowColChange cancelled it, or when
+    /// what a listener did before the current cell changed replaced it or took its target away.
     bool Select(std::int32_t row, std::int32_t col);
 
     // --- Cells.
@@ -134,7 +137,8 @@ class CellGrid {
     /// Alignment of the column's cells in fixed rows.
     mEmflexAlign FixedAlignment(std::int32_t col) const;
     void FixedAlignment(std::int32_t col, mEmflexAlign alignment);
-    /// Number or date format: "#,##0.00", "0%", "yyyy-mm-dd"; see DisplayText. Empty: none.
+    /// Number or date format: "#,##0.00", "0%", "yyyy-mm-dd"; see DisplayText. Empty: none. Other letters
+    /// than those of dates stand in quotation marks; a word is no format and changes nothing.
     std::string ColFormat(std::int32_t col) const;
     void ColFormat(std::int32_t col, std::string_view format);
     mEmDataType ColDataType(std::int32_t col) const;
@@ -276,6 +280,8 @@ class CellGrid {
     };
     /// One watcher at a time; nullptr for none. It must outlive the grid or be taken away.
     void watch(Watcher* watcher);
+    /// Raises nothing any more, for an owner that is destroyed while the grid is still at work.
+    void silence();
 
     // --- Events.
     Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t, bool&> BeforeRowColChange;
@@ -305,6 +311,7 @@ class CellGrid {
 
   private:
     struct Impl;
-    std::unique_ptr<Impl> impl_;
+    std::shared_ptr<Impl> held() const { return impl_; }
+    std::shared_ptr<Impl> impl_;  // held by what goes on after an event, whose listener may destroy the grid
 };
 }  // namespace kxVsGrid

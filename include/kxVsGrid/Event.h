@@ -4,8 +4,9 @@
 //
 // Arguments that the host may change are references. Listeners run in the order in which they were connected
 // and see each other's changes. A listener may end its own or another connection, connect new listeners (they
-// hear the next event, not this one), raise the event again, or destroy the event's owner. An exception that
-// leaves a listener reaches whoever raised the event; the listeners after it are not called.
+// hear the next event, not this one), raise the event again, or destroy the event's owner: the listeners
+// after it are not called then. Neither are they when an exception leaves a listener; it reaches whoever
+// raised the event.
 //
 // Cost: an event that nobody listens to copies and allocates nothing when it is raised.
 #pragma once
@@ -71,6 +72,12 @@ class Event {
     /// Whatever is raised here is raised as `next` first, which must live at least as long. Costs nothing
     /// while nobody listens there.
     void passOn(const Event& next) { next_ = &next; }
+    /// Ends every listener, and the passing on.
+    void disconnectAll() {
+        next_ = nullptr;
+        if (!state_) return;
+        for (const auto& slot : state_->listeners) *slot->alive = false;
+    }
 
     /// Calls the listeners; what the control does, and what a test may do in its place.
     void operator()(Args... args) const {
@@ -105,7 +112,7 @@ class Event {
         Span(const Span&) = delete;
         Span& operator=(const Span&) = delete;
         void call(std::size_t count, Args&... args) const {
-            for (std::size_t i = 0; i < count; ++i) {
+            for (std::size_t i = 0; i < count && !state_->ownerGone; ++i) {
                 Slot& slot = *state_->listeners[i];
                 if (*slot.alive) slot.call(args...);
             }

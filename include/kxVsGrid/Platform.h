@@ -63,9 +63,12 @@ struct InputBox {
     friend bool operator==(const InputBox&, const InputBox&) = default;
 };
 
+/// Code of a key that has none of its own. Not 0, which says that somebody has used the key up.
+inline constexpr std::int16_t OtherKey = 10;
+
 /// One key going down, with the character that it types.
 struct KeyStroke {
-    std::int16_t code = 0;   ///< a Key, or the ASCII capital of a letter or digit
+    std::int16_t code = 0;   ///< a Key, the ASCII capital of a letter or digit, or OtherKey
     std::int16_t shift = 0;  ///< a sum of ShiftMask
     /// UTF-8; control characters for Enter "\r", Esc "\x1b", Backspace "\b", Ctrl+letter "\x01" to "\x1a";
     /// empty for keys that type none (arrows, function keys, Insert, Delete, Tab).
@@ -111,7 +114,8 @@ class Input {
     virtual void resized(std::int32_t width, std::int32_t height) = 0;
 };
 
-/// The place that one control has on its machine.
+/// The place that one control has on its machine. A control that a listener of its own destroys is at work a
+/// little longer: the seat then goes last, keeps the platform until it does, and does nothing any more.
 class Seat {
   public:
     virtual ~Seat() = default;

@@ -14,6 +14,8 @@
 // the high bit set name system colours. A property is a pair of overloads with the same name. Events are
 // listed in GridEvents.h.
 //
+// A listener of any event may destroy the control: what was going on ends, and nothing more is raised.
+//
 // Errors: SetCell, ReadCell and ReadSum show a message box and go on; a cell outside the grid is ignored. The
 // other members throw GridError when they are misused, and let a host handler's exception through.
 #pragma once
@@ -84,7 +86,8 @@ class kxGrid : public GridEvents {
     void SetVsControl(std::shared_ptr<cVsControl> definition);
 
     // --- State.
-    /// The clerk has changed something since loading; always False while Editable is False.
+    /// The clerk has committed something since loading; always False while Editable is False. A refused
+    /// expression empties its cell, but is no commit.
     bool bIsDirty() const;
     bool IsActive() const;
     bool Editable() const;
@@ -163,8 +166,13 @@ class kxGrid : public GridEvents {
     void Put(std::string_view name, const Variant& value);
 
     // --- For the machine.
-    Input& input();
+    /// The way into the control. It keeps what is behind the control until it is let go of: a machine holds
+    /// it for the length of a call, in which a listener may destroy the control.
+    std::shared_ptr<Input> input();
     const EditorView& editorView() const;
+    /// Whether the clerk may change a cell: the grid is editable, and so is the cell's column. False in the
+    /// fixed area and outside the grid.
+    bool cellEditable(std::int32_t Row, std::int32_t Col) const;
     /// Where the two grids lie in the control.
     Rect gridRect() const;
     Rect totalRowRect() const;
@@ -174,6 +182,7 @@ class kxGrid : public GridEvents {
 
   private:
     struct Parts;
-    std::unique_ptr<Parts> parts_;
+    std::shared_ptr<Parts> held() const { return parts_; }
+    std::shared_ptr<Parts> parts_;  // held by what goes on after an event
 };
 }  // namespace kxVsGrid

@@ -22,7 +22,7 @@ void requireSize(const char* member, std::int32_t twips) {
 }
 }  // namespace
 
-CellGrid::CellGrid(const TextMetrics& metrics) : impl_(std::make_unique<Impl>(*this, metrics)) {
+CellGrid::CellGrid(const TextMetrics& metrics) : impl_(std::make_shared<Impl>(*this, metrics)) {
     Rows(6);
     Cols(10);
     FixedRows(1);
@@ -30,37 +30,47 @@ CellGrid::CellGrid(const TextMetrics& metrics) : impl_(std::make_unique<Impl>(*t
     impl_->currentRow = impl_->currentCol = 1;
 }
 
-CellGrid::~CellGrid() = default;
+CellGrid::~CellGrid() {
+    impl_->there = false;
+}
+
+void CellGrid::silence() {
+    impl_->there = false;
+    const auto end = [](auto&... events) { (events.disconnectAll(), ...); };
+    end(BeforeRowColChange, LeaveCell, EnterCell, RowColChange, AfterRowColChange, SelChange, CellChanged,
+        KeyDown, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll, AfterUserResize,
+        AfterEdit, SizeChanged, RowMoved);
+}
 
 std::int32_t CellGrid::Rows() const {
     return impl_->rows();
 }
 void CellGrid::Rows(std::int32_t count) {
-    impl_->setRows(count);
+    held()->setRows(count);
 }
 std::int32_t CellGrid::Cols() const {
     return impl_->cols();
 }
 void CellGrid::Cols(std::int32_t count) {
-    impl_->setCols(count);
+    held()->setCols(count);
 }
 std::int32_t CellGrid::FixedRows() const {
     return impl_->layout.rows.fixed;
 }
 void CellGrid::FixedRows(std::int32_t count) {
-    impl_->setFixedRows(count);
+    held()->setFixedRows(count);
 }
 std::int32_t CellGrid::FixedCols() const {
     return impl_->layout.cols.fixed;
 }
 void CellGrid::FixedCols(std::int32_t count) {
-    impl_->setFixedCols(count);
+    held()->setFixedCols(count);
 }
 void CellGrid::InsertRow(std::int32_t position) {
-    impl_->insertRow(position);
+    held()->insertRow(position);
 }
 void CellGrid::RemoveRow(std::int32_t position) {
-    impl_->removeRow(position);
+    held()->removeRow(position);
 }
 
 std::int32_t CellGrid::Row() const {
@@ -68,18 +78,18 @@ std::int32_t CellGrid::Row() const {
 }
 void CellGrid::Row(std::int32_t row) {
     impl_->requireRow("Row", row);
-    impl_->move(row, impl_->currentCol);
+    held()->move(row, impl_->currentCol);
 }
 std::int32_t CellGrid::Col() const {
     return impl_->currentCol;
 }
 void CellGrid::Col(std::int32_t col) {
     impl_->requireCol("Col", col);
-    impl_->move(impl_->currentRow, col);
+    held()->move(impl_->currentRow, col);
 }
 bool CellGrid::Select(std::int32_t row, std::int32_t col) {
     impl_->requireCell("Select", row, col);
-    return impl_->move(row, col);
+    return held()->move(row, col);
 }
 
 // --- Cells.
@@ -278,6 +288,6 @@ std::string CellGrid::FormatString() const {
     return impl_->formatString;
 }
 void CellGrid::FormatString(std::string_view format) {
-    impl_->setFormatString(format);
+    held()->setFormatString(format);
 }
 }  // namespace kxVsGrid

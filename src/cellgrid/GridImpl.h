@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "cellgrid/CellStore.h"
 #include "cellgrid/DamageLog.h"
@@ -17,6 +18,12 @@ namespace kxVsGrid {
 
 struct CellGrid::Impl {
     Impl(CellGrid& owner, const TextMetrics& textMetrics) : grid(owner), metrics(textMetrics) {}
+
+    /// Raises an event of the grid's; none when a listener has destroyed the grid.
+    template <class... Args, class... Given>
+    void tell(Event<Args...> CellGrid::*event, Given&&... given) const {
+        if (there) (grid.*event)(std::forward<Given>(given)...);
+    }
 
     // --- Size (GridSize.cpp).
     std::int32_t rows() const { return layout.rows.axis.count(); }
@@ -102,6 +109,7 @@ struct CellGrid::Impl {
     };
 
     CellGrid& grid;
+    bool there = true;  ///< the grid, or somebody to hear of it; what goes on after an event asks
     const TextMetrics& metrics;
     cellgrid::CellStore store;
     cellgrid::Layout layout;
@@ -143,7 +151,9 @@ struct CellGrid::Impl {
     /// Tells of another number of rows or columns, the view being settled already.
     void countChanged();
     void viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol);
-    /// `oldRow` is a reference because it may follow rows while the events are raised.
+    bool targetGone(const Move& move) const {
+        return !there || move.newRow < 0 || move.newRow >= rows() || move.newCol >= cols();
+    }
     void announce(const Move& move);
     void announceForcedMove(std::int32_t oldRow, std::int32_t oldCol);
     void setCaption(std::int32_t field, std::string_view text, std::string_view caption);

@@ -74,10 +74,11 @@ bool CellGrid::Impl::navigate(Key key, bool ctrl) {
 }
 
 bool CellGrid::keyDown(std::int16_t code, std::int16_t shift) {
+    const auto impl = held();
     KeyDown(code, shift);
-    if (code == 0) return true;
+    if (code == 0 || !impl->there) return true;
     if ((shift & AltKey) != 0) return false;
-    return impl_->navigate(static_cast<Key>(code), (shift & CtrlKey) != 0);
+    return impl->navigate(static_cast<Key>(code), (shift & CtrlKey) != 0);
 }
 
 void CellGrid::keyPress(std::int16_t ascii) {

@@ -31,26 +31,29 @@ void CellGrid::Impl::dragged(std::int32_t x) {
 
 void CellGrid::Impl::resizeByUser(std::int32_t atCol, std::int32_t twips) {
     grid.ColWidth(atCol, twips);
-    grid.AfterUserResize(-1, atCol);
+    tell(&CellGrid::AfterUserResize, -1, atCol);
 }
 
 void CellGrid::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
-    impl_->pressed(button, x, y);
-    MouseDown(button, shift, static_cast<float>(x), static_cast<float>(y));
+    const auto impl = held();
+    impl->pressed(button, x, y);
+    impl->tell(&CellGrid::MouseDown, button, shift, static_cast<float>(x), static_cast<float>(y));
 }
 
 void CellGrid::mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
-    if (impl_->drag.col >= 0) impl_->dragged(x);
-    MouseMove(button, shift, static_cast<float>(x), static_cast<float>(y));
+    const auto impl = held();
+    if (impl->drag.col >= 0) impl->dragged(x);
+    impl->tell(&CellGrid::MouseMove, button, shift, static_cast<float>(x), static_cast<float>(y));
 }
 
 void CellGrid::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
+    const auto impl = held();
     const bool left = button == LeftButton;
-    const Impl::Drag drag = left ? std::exchange(impl_->drag, {}) : Impl::Drag{};
-    const bool clicked = left && std::exchange(impl_->pressInside, false) && drag.col < 0;
-    MouseUp(button, shift, static_cast<float>(x), static_cast<float>(y));
-    if (drag.col >= 0 && drag.col < Cols()) AfterUserResize(-1, drag.col);
-    if (clicked) Click();
+    const Impl::Drag drag = left ? std::exchange(impl->drag, {}) : Impl::Drag{};
+    const bool clicked = left && std::exchange(impl->pressInside, false) && drag.col < 0;
+    impl->tell(&CellGrid::MouseUp, button, shift, static_cast<float>(x), static_cast<float>(y));
+    if (drag.col >= 0 && drag.col < impl->cols()) impl->tell(&CellGrid::AfterUserResize, -1, drag.col);
+    if (clicked) impl->tell(&CellGrid::Click);
 }
 
 void CellGrid::doubleClick(std::int16_t button, std::int16_t, std::int32_t x, std::int32_t y) {
@@ -67,6 +70,6 @@ void CellGrid::wheel(std::int32_t rows) {
 }
 
 void CellGrid::userColWidth(std::int32_t col, std::int32_t twips) {
-    impl_->resizeByUser(col, twips);
+    held()->resizeByUser(col, twips);
 }
 }  // namespace kxVsGrid

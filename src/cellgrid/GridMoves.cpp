@@ -34,13 +34,11 @@ bool CellGrid::Impl::move(std::int32_t newRow, std::int32_t newCol) {
     Move move{currentRow, currentCol, newRow, newCol, nullptr};
     const MoveSpan span(moving, move);
     const std::uint64_t asked = movesAsked;
-    const auto stale = [&] {
-        return movesAsked != asked || move.newRow < 0 || move.newRow >= rows() || move.newCol >= cols();
-    };
+    const auto stale = [&] { return movesAsked != asked || targetGone(move); };
     bool cancel = false;
-    grid.BeforeRowColChange(move.oldRow, move.oldCol, move.newRow, move.newCol, cancel);
+    tell(&CellGrid::BeforeRowColChange, move.oldRow, move.oldCol, move.newRow, move.newCol, cancel);
     if (cancel || stale()) return false;
-    grid.LeaveCell();
+    tell(&CellGrid::LeaveCell);
     if (stale()) return false;
 
     move.oldRow = currentRow;
@@ -63,14 +61,13 @@ void CellGrid::Impl::announceForcedMove(std::int32_t oldRow, std::int32_t oldCol
 
 /// The events of a move that is done, as long as the cell that it went to is there.
 void CellGrid::Impl::announce(const Move& move) {
-    const auto gone = [&] { return move.newRow < 0 || move.newRow >= rows() || move.newCol >= cols(); };
-    grid.EnterCell();
-    if (gone()) return;
-    grid.RowColChange();
-    if (gone()) return;
-    grid.AfterRowColChange(move.oldRow, move.oldCol, move.newRow, move.newCol);
-    if (gone()) return;
-    grid.SelChange();
+    tell(&CellGrid::EnterCell);
+    if (targetGone(move)) return;
+    tell(&CellGrid::RowColChange);
+    if (targetGone(move)) return;
+    tell(&CellGrid::AfterRowColChange, move.oldRow, move.oldCol, move.newRow, move.newCol);
+    if (targetGone(move)) return;
+    tell(&CellGrid::SelChange);
 }
 
 void CellGrid::Impl::rowsInserted(std::int32_t position, std::int32_t n) {

@@ -41,7 +41,7 @@ void CellGrid::Impl::setRows(std::int32_t count) {
 
 void CellGrid::Impl::countChanged() {
     const Scroll scrolled = settle();
-    grid.SizeChanged();
+    tell(&CellGrid::SizeChanged);
     announce(scrolled);
 }
 
@@ -116,7 +116,7 @@ void CellGrid::Impl::insertRow(std::int32_t position) {
     insertRows(position, 1);
     if (currentRow < 0) currentRow = layout.rows.fixed;
     const Scroll scrolled = settle();
-    grid.RowMoved(position, true);
+    tell(&CellGrid::RowMoved, position, true);
     announce(scrolled);
 }
 
@@ -127,14 +127,14 @@ void CellGrid::Impl::removeRow(std::int32_t position) {
     removeRows(position, 1);
     rowRemoved(position);
     const Scroll scrolled = settle();
-    grid.RowMoved(position, false);
+    tell(&CellGrid::RowMoved, position, false);
     announce(scrolled);
 }
 
 /// A caption and the width it needs, in a column that an event's listener may have taken away.
 void CellGrid::Impl::setCaption(std::int32_t field, std::string_view text, std::string_view caption) {
     grid.ColWidth(field, metrics.textWidth(text) + metrics.padding());
-    if (layout.rows.fixed > 0) setText(0, field, caption);
+    if (there && layout.rows.fixed > 0) setText(0, field, caption);
 }
 
 void CellGrid::Impl::setFormatString(std::string_view format) {
@@ -143,17 +143,18 @@ void CellGrid::Impl::setFormatString(std::string_view format) {
     const auto named = static_cast<std::int64_t>(fields.columns.size());
     if (named > MaxCols) misuse("FormatString", named, "columns are more than the maximum");
     if (named > cols()) setCols(static_cast<std::int32_t>(named));
+    if (!there) return;
     formatString = kept;
     for (std::size_t i = 0; i < fields.columns.size(); ++i) {
         const cellgrid::FormatField& field = fields.columns[i];
         const auto at = static_cast<std::int32_t>(i);
-        if (at >= cols()) return;
+        if (!there || at >= cols()) return;
         if (field.align) grid.ColAlignment(at, *field.align);
         if (!field.text.empty()) setCaption(at, field.text, field.caption);
     }
     for (std::size_t i = 0; i < fields.rows.size(); ++i) {
         const auto at = static_cast<std::int64_t>(i) + layout.rows.fixed;
-        if (at >= rows() || cols() == 0) return;
+        if (!there || at >= rows() || cols() == 0) return;
         if (!fields.rows[i].text.empty()) setText(static_cast<std::int32_t>(at), 0, fields.rows[i].caption);
     }
 }

@@ -23,7 +23,7 @@ CellGrid::Impl::Scroll CellGrid::Impl::scroll(std::int32_t topRow, std::int32_t 
 void CellGrid::Impl::announce(const Scroll& done) {
     if (done.top == done.oldTop && done.left == done.oldLeft) return;
     if (done.top != layout.rows.first || done.left != layout.cols.first) return;
-    grid.AfterScroll(done.oldTop, done.oldLeft, done.top, done.left);
+    tell(&CellGrid::AfterScroll, done.oldTop, done.oldLeft, done.top, done.left);
 }
 
 CellGrid::Impl::Scroll CellGrid::Impl::settle() {
@@ -33,7 +33,7 @@ CellGrid::Impl::Scroll CellGrid::Impl::settle() {
 }
 
 void CellGrid::Impl::bringIntoView() {
-    if (currentRow < 0 || currentCol < 0) return;
+    if (!there || currentRow < 0 || currentCol < 0) return;
     scrollTo(grid.TopRowToShow(currentRow, layout.clientHeight() - layout.bottomStrip),
              grid.LeftColToShow(currentCol, layout.clientWidth()));
 }

@@ -34,10 +34,7 @@ void Editor::textChanged() {
 // ---------------------------------------------------------------------------------------------------------
 
 bool Editor::opensHere() const {
-    const std::int32_t row = grid_.Row();
-    const std::int32_t col = grid_.Col();
-    return owner_.editable() && columns::isDataCell(grid_, row, col) &&
-           columns::isEditableColumn(grid_, columns_, col);
+    return owner_.editable() && columns::isEditableCell(grid_, columns_, grid_.Row(), grid_.Col());
 }
 
 void Editor::open(Focus focus) {
@@ -97,15 +94,18 @@ void Editor::drop() {
 
 bool Editor::commit() {
     if (committing_) return false;
+    if (!owner_.editable()) {
+        drop();  // shown over a refused text when the grid became read-only
+        return true;
+    }
     Span committing(committing_);
     if (!checkChangedText()) return false;
     if (!writeText()) return false;
-    // A host that took the cell away as it heard of the text leaves none for the tag and the rest.
-    const bool cellIsThere = editedCellIsCurrent();
-    if (cellIsThere) grid_.Data(grid_.Row(), grid_.Col(), box_.tag());
+    // A host that takes the cell away as it hears of the text, or of the tag, leaves none for the rest.
+    if (editedCellIsCurrent()) grid_.Data(grid_.Row(), grid_.Col(), box_.tag());
     owner_.recalculate(-1);
     owner_.markChanged();
-    if (cellIsThere) tellAfterEdit();
+    if (editedCellIsCurrent()) tellAfterEdit();
     hide();
     return true;
 }
@@ -214,6 +214,10 @@ bool Editor::writeNumber(std::int32_t row, std::int32_t col) {
 }
 
 void Editor::commitForHost() {
+    commitUnlessRefused();
+}
+
+void Editor::commitUnlessRefused() {
     if (visible() && validLock_ == 0 && !committing_) commit();
 }
 
@@ -325,7 +329,7 @@ void Editor::selected(std::size_t selStart, std::size_t selLength) {
 }
 
 void Editor::focusLost() {
-    if (visible() && validLock_ == 0 && !committing_) commit();
+    commitUnlessRefused();
 }
 
 void Editor::help() {

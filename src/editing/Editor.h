@@ -39,8 +39,8 @@ class Editor {
     /// Opens over the current cell, or toggles a Boolean one. Does nothing, and raises nothing, when the cell
     /// cannot be edited; keeps text and caret when it is open there already.
     void open(Focus focus = Focus::Take);
-    /// Writes the editor into the current cell. False when the text is refused, or when a commit is under
-    /// way.
+    /// Writes the editor into the current cell; a read-only grid drops the text instead. False when the text
+    /// is refused, or when a commit is under way.
     bool commit();
     /// Applies the current column's rules on empty and zero values to the editor's tag, then commits an open
     /// editor. While a commit is under way only the rules are applied.
@@ -78,8 +78,7 @@ class Editor {
 
   private:
     friend class EditorKeys;
-    enum class Written { Accepted, Refused };
-
+    void commitUnlessRefused();
     void textChanged();
     bool opensHere() const;
     /// The cell that an open editor stands over is the one entered last; it may be gone.

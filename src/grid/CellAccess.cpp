@@ -57,13 +57,19 @@ bool isFixed(const CellGrid& grid, std::int32_t row, std::int32_t col) {
 
 void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
     Parts& p = *parts_;
+    std::shared_ptr<Parts> kept;  // only where a listener is called: the other writes do not pay for it
     try {
-        if (p.editor.visible()) p.editor.commitForHost();
+        if (p.editor.visible()) {
+            kept = held();
+            p.editor.commitForHost();
+        }
         const cVsControl* column = p.columns.find(Col);
         if (!column) return;
         if (!p.flags.bIsShowZero && isBlanked(column->iType(), psDisplay) && !isFixed(p.main, Row, Col))
             psDisplay = {};
-        if ((p.flags.ReDraw && column->b是否合计数据()) || p.main.CellChanged.heard())
+        const bool heard = p.main.CellChanged.heard();
+        if (heard) kept = held();
+        if ((p.flags.ReDraw && column->b是否合计数据()) || heard)
             return p.writeCell(Row, Col, psDisplay, psTag);
         // No total depends on it and nobody hears of it: the usual write when a table is filled.
         p.main.Cell(Row, Col, psDisplay, psTag);
@@ -81,8 +87,12 @@ void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_vi
 
 std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {
     Parts& p = *parts_;
+    std::shared_ptr<Parts> kept;
     try {
-        p.editor.commitForHost();
+        if (p.editor.visible()) {
+            kept = held();
+            p.editor.commitForHost();
+        }
         if (!holds(p.main, Row, Col)) return {};
         return piReturnTextorID ? p.main.DisplayText(Row, Col) : p.main.Data(Row, Col);
     } catch (const std::exception& error) {
@@ -103,7 +113,7 @@ std::string kxGrid::ReadSum(std::int32_t Col) const {
 }
 
 bool kxGrid::ValidTextData() {
-    return parts_->editor.validate();
+    return held()->editor.validate();
 }
 
 bool kxGrid::IsValid() {
@@ -115,7 +125,7 @@ std::string kxGrid::Text() const {
 }
 
 void kxGrid::Text(std::string_view text) {
-    parts_->editor.text(text);
+    held()->editor.text(text);
 }
 
 std::string kxGrid::TextTag() const {

@@ -89,14 +89,14 @@ bool InputRouter::gridKey(const KeyStroke& stroke) {
 void InputRouter::surfaceKey(const KeyStroke& stroke) {
     std::int16_t code = stroke.code;
     std::int16_t shift = stroke.shift;
-    c_.host.keyDown(code, shift);
+    c_.host.raise(&GridEvents::keyDown, code, shift);
     if (code == 0 || stroke.character.empty()) return;
     std::int16_t ascii = asciiOf(stroke.character);
-    c_.host.KeyPress(ascii);
+    c_.host.raise(&GridEvents::KeyPress, ascii);
 }
 
 void InputRouter::keyUp(std::int16_t code, std::int16_t shift) {
-    if (!composing_ && place_ == FocusPlace::Surface) c_.host.KeyUp(code, shift);
+    if (!composing_ && place_ == FocusPlace::Surface) c_.host.raise(&GridEvents::KeyUp, code, shift);
 }
 
 // --- The editor
@@ -169,7 +169,7 @@ void InputRouter::helpButtonPressed() {
 }
 
 void InputRouter::surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
-    c_.host.MouseMove(button, shift, x, y);
+    c_.host.raise(&GridEvents::MouseMove, button, shift, x, y);
 }
 
 void InputRouter::wheel(std::int32_t notches) {

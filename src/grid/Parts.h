@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "editing/Editor.h"
 #include "editing/EditorOwner.h"
@@ -11,6 +12,7 @@
 #include "grid/TotalRow.h"
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/Context.h"
+#include "grid/events/Host.h"
 #include "grid/events/Keys.h"
 #include "grid/events/MoveFlags.h"
 #include "grid/events/Navigation.h"
@@ -19,11 +21,14 @@
 
 namespace kxVsGrid {
 
-struct kxGrid::Parts : editing::EditorOwner {
+/// Held by every listener and member that goes on after an event, whose listener may destroy the control.
+struct kxGrid::Parts : editing::EditorOwner, std::enable_shared_from_this<kxGrid::Parts> {
     Parts(kxGrid& control, Platform& platform);
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
 
+    /// The control is being destroyed: its host hears no more.
+    void controlGone();
     void report(std::string_view setting) { seat->settingChanged(setting); }
     void showError(std::string_view text, std::string_view title);
     void realign();
@@ -31,24 +36,31 @@ struct kxGrid::Parts : editing::EditorOwner {
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
     // EditorOwner
-    bool editable() const override { return flags.Editable; }
+    bool editable() const override { return flags.Editable && host.there(); }
     void markChanged() override { flags.changed = true; }
     void allowMoves() override { moves.MoveAllowed = true; }
     void recalculate(std::int32_t col) override { totals.recalculate(col); }
     void appendIfLast(std::int32_t row) override { rows.appendIfLast(row); }
-    void addRowAtEnd() override { control.Rows(control.Rows() + 1); }
+    void addRowAtEnd() override {
+        if (host.there()) control.Rows(control.Rows() + 1);
+    }
     void bringCurrentCellIntoView() override;
-    void raiseBeforeTextEdit() override { control.BeforeTextEdit(); }
-    void raiseAfterEdit(std::int32_t row, std::int32_t col) override { control.AfterEdit(row, col); }
+    void raiseBeforeTextEdit() override { host.raise(&GridEvents::BeforeTextEdit); }
+    void raiseAfterEdit(std::int32_t row, std::int32_t col) override {
+        host.raise(&GridEvents::AfterEdit, row, col);
+    }
     void raiseTxtValidBmS(const cVsControl& column, const std::string& text, std::string& code,
                           std::string& name) override {
-        control.TxtValidBmS(column.s有效性判断基础(), column.s文本框对应编码字段(),
-                            column.s文本框对应名称字段(), text, code, name);
+        host.raise(&GridEvents::TxtValidBmS, column.s有效性判断基础(), column.s文本框对应编码字段(),
+                   column.s文本框对应名称字段(), text, code, name);
     }
-    void showMessage(const MessageBox& box) override { platform.showMessage(box); }
+    void showMessage(const MessageBox& box) override {
+        if (host.there()) platform.showMessage(box);
+    }
     DateTime now() const override { return platform.now(); }
 
     kxGrid& control;
+    events::Host host;
     Platform& platform;
     CellGrid main;
     CellGrid sums;
@@ -68,5 +80,13 @@ struct kxGrid::Parts : editing::EditorOwner {
   private:
     void connectMoves();
     void connectKeysAndMouse();
+    /// The work as a listener that keeps all this until it is done.
+    template <class Work>
+    auto keeping(Work work) {
+        return [this, work](auto&&... args) {
+            const auto kept = shared_from_this();
+            work(std::forward<decltype(args)>(args)...);
+        };
+    }
 };
 }  // namespace kxVsGrid

@@ -2,6 +2,7 @@
 #include "kxVsGrid/kxGrid.h"
 
 #include "grid/Parts.h"
+#include "grid/columns/EditableColumn.h"
 #include "grid/events/BringIntoView.h"
 
 namespace kxVsGrid {
@@ -10,12 +11,15 @@ namespace {
 constexpr std::int32_t CriticalStyle = 16;
 }
 
-kxGrid::kxGrid(Platform& platform) : parts_(std::make_unique<Parts>(*this, platform)) {}
+kxGrid::kxGrid(Platform& platform) : parts_(std::make_shared<Parts>(*this, platform)) {}
 
-kxGrid::~kxGrid() = default;
+kxGrid::~kxGrid() {
+    parts_->controlGone();
+}
 
 kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
     : control(owner),
+      host(owner),
       platform(machine),
       main(machine.textMetrics()),
       sums(machine.textMetrics()),
@@ -23,7 +27,7 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       totals(main, sums, columns),
       layout(main, sums, totals),
       editor(main, columns, *this, *seat),
-      context{main, sums, columns, owner, moves, flags, editor, totals, *seat, machine},
+      context{main, sums, columns, host, moves, flags, editor, totals, *seat, machine},
       navigation(context),
       rows(context, navigation),
       keys(context, rows),
@@ -33,47 +37,56 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
     connectKeysAndMouse();
 }
 
+void kxGrid::Parts::controlGone() {
+    host.controlGone();
+    main.silence();
+    sums.silence();
+}
+
 void kxGrid::Parts::connectMoves() {
-    main.BeforeRowColChange.connect([this](auto oldRow, auto oldCol, auto newRow, auto newCol, bool& cancel) {
-        navigation.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
-    });
-    main.LeaveCell.connect([this] { navigation.leaveCell(); });
-    main.EnterCell.connect([this] { navigation.enterCell(); });
-    main.RowColChange.connect([this] { navigation.rowColChange(); });
-    main.AfterRowColChange.connect([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
+    main.BeforeRowColChange.connect(
+        keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol, bool& cancel) {
+            navigation.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
+        }));
+    main.LeaveCell.connect(keeping([this] { navigation.leaveCell(); }));
+    main.EnterCell.connect(keeping([this] { navigation.enterCell(); }));
+    main.RowColChange.connect(keeping([this] { navigation.rowColChange(); }));
+    main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
         navigation.afterRowColChange(oldRow, oldCol, newRow, newCol);
-    });
-    main.SelChange.connect([this] { control.SelChange(); });
+    }));
+    main.SelChange.connect(keeping([this] { host.raise(&GridEvents::SelChange); }));
     main.CellChanged.passOn(control.CellChanged);
-    main.AfterScroll.connect(
-        [this](auto oldTopRow, auto oldLeftCol, auto, auto) { navigation.scrolled(oldTopRow, oldLeftCol); });
-    main.SizeChanged.connect([this] {
+    main.AfterScroll.connect(keeping(
+        [this](auto oldTopRow, auto oldLeftCol, auto, auto) { navigation.scrolled(oldTopRow, oldLeftCol); }));
+    main.SizeChanged.connect(keeping([this] {
         totals.followCols();
         columns.resize(main.Cols());
         editor.place();
-    });
-    main.RowMoved.connect([this](std::int32_t position, bool inserted) {
+    }));
+    main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted)
             editor.rowInserted(position);
         else
             editor.rowRemoved(position);
-    });
+    }));
 }
 
 void kxGrid::Parts::connectKeysAndMouse() {
-    main.KeyDown.connect([this](std::int16_t& code, std::int16_t) { keys.keyDown(code); });
-    main.KeyPress.connect([this](std::int16_t& ascii) { keys.keyPress(ascii, input.typedCharacter(ascii)); });
-    main.Click.connect([this] { control.Click(); });
-    main.DblClick.connect([this] { keys.doubleClick(); });
-    main.MouseDown.connect([this](std::int16_t button, std::int16_t shift, float x, float y) {
+    main.KeyDown.connect(keeping([this](std::int16_t& code, std::int16_t) { keys.keyDown(code); }));
+    main.KeyPress.connect(
+        keeping([this](std::int16_t& ascii) { keys.keyPress(ascii, input.typedCharacter(ascii)); }));
+    main.Click.connect(keeping([this] { host.raise(&GridEvents::Click); }));
+    main.DblClick.connect(keeping([this] { keys.doubleClick(); }));
+    main.MouseDown.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
         bool cancel = false;
-        control.MouseDown(button, shift, x, y, cancel);
-    });
-    main.MouseMove.connect([this](std::int16_t button, std::int16_t shift, float x, float y) {
-        control.MouseMove(button, shift, x, y);
-    });
-    main.AfterUserResize.connect([this](std::int32_t, std::int32_t) { realign(); });
-    main.AfterEdit.connect([this](std::int32_t row, std::int32_t col) { control.AfterEdit(row, col); });
+        host.raise(&GridEvents::MouseDown, button, shift, x, y, cancel);
+    }));
+    main.MouseMove.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
+        host.raise(&GridEvents::MouseMove, button, shift, x, y);
+    }));
+    main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t) { realign(); }));
+    main.AfterEdit.connect(keeping(
+        [this](std::int32_t row, std::int32_t col) { host.raise(&GridEvents::AfterEdit, row, col); }));
 }
 
 void kxGrid::Parts::bringCurrentCellIntoView() {
@@ -88,7 +101,7 @@ void kxGrid::Parts::realign() {
 }
 
 void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
-    platform.showMessage({std::string(text), CriticalStyle, std::string(title)});
+    showMessage({std::string(text), CriticalStyle, std::string(title)});
 }
 
 // --- Loading and saving
@@ -111,12 +124,17 @@ void kxGrid::WriteProperties(PropertyBag&) {}
 // --- For the machine
 // -------------------------------------------------------------------------------------------------
 
-Input& kxGrid::input() {
-    return parts_->input;
+std::shared_ptr<Input> kxGrid::input() {
+    return {parts_, &parts_->input};
 }
 
 const EditorView& kxGrid::editorView() const {
     return parts_->editor.view();
+}
+
+bool kxGrid::cellEditable(std::int32_t Row, std::int32_t Col) const {
+    Parts& p = *parts_;
+    return p.flags.Editable && columns::isEditableCell(p.main, p.columns, Row, Col);
 }
 
 Rect kxGrid::gridRect() const {
@@ -132,6 +150,6 @@ bool kxGrid::totalRowShown() const {
 }
 
 void kxGrid::AddRow(std::int32_t Position, bool WithDefaults, bool CopyData) {
-    parts_->rows.addRow(Position, WithDefaults, CopyData);
+    held()->rows.addRow(Position, WithDefaults, CopyData);
 }
 }  // namespace kxVsGrid

@@ -26,9 +26,10 @@ bool kxGrid::Editable() const {
 }
 
 void kxGrid::Editable(bool editable) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     if (!editable) {
-        if (p.editor.visible() && !p.editor.committing() && !p.editor.commit()) p.editor.drop();
+        if (p.editor.visible() && !p.editor.committing()) p.editor.commit();
         p.flags.changed = false;
     }
     p.flags.Editable = editable;
@@ -49,7 +50,8 @@ bool kxGrid::ReDraw() const {
 }
 
 void kxGrid::ReDraw(bool redraw) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     p.flags.ReDraw = redraw;
     if (!redraw) return;
     grid::setUpGrid(p.main, p.columns, p.totals);
@@ -62,7 +64,8 @@ bool kxGrid::SumRow() const {
 }
 
 void kxGrid::SumRow(bool show) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     p.flags.SumRow = show;
     p.layout.showTotalRow(show);
     p.seat->layoutChanged();
@@ -93,7 +96,8 @@ std::int32_t kxGrid::Rows() const {
 }
 
 void kxGrid::Rows(std::int32_t count) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     CellGrid& grid = p.main;
     count = std::max(count, grid.FixedRows());
     if (count >= grid.Rows()) {
@@ -119,7 +123,8 @@ std::int32_t kxGrid::Cols() const {
 }
 
 void kxGrid::Cols(std::int32_t count) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     p.main.Cols(count);
     p.main.FormatString(p.main.FormatString());
     p.realign();
@@ -131,8 +136,9 @@ std::int32_t kxGrid::FixedRows() const {
 }
 
 void kxGrid::FixedRows(std::int32_t count) {
-    parts_->main.FixedRows(count);
-    parts_->report("FixedRows");
+    const auto p = held();
+    p->main.FixedRows(count);
+    p->report("FixedRows");
 }
 
 std::int32_t kxGrid::FixedCols() const {
@@ -140,7 +146,8 @@ std::int32_t kxGrid::FixedCols() const {
 }
 
 void kxGrid::FixedCols(std::int32_t count) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     p.main.FixedCols(count);
     if (p.sums.FixedCols() != p.main.FixedCols()) p.totals.followFixedCols();
     p.sums.BackColorFixed(p.main.BackColorFixed());
@@ -168,7 +175,8 @@ std::string kxGrid::FormatString() const {
 }
 
 void kxGrid::FormatString(std::string_view format) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     p.main.FormatString(format);
     p.realign();
     p.report("FormatString");
@@ -179,7 +187,8 @@ bool kxGrid::ColHidden(std::int32_t Col) const {
 }
 
 void kxGrid::ColHidden(std::int32_t Col, bool hidden) {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     p.main.ColHidden(Col, hidden);
     p.sums.ColHidden(Col, hidden);
     p.columns.shared(Col)->bIsVisible(!hidden);
@@ -200,8 +209,9 @@ std::int32_t kxGrid::ColWidth(std::int32_t Col) const {
 }
 
 void kxGrid::ColWidth(std::int32_t Col, std::int32_t twips) {
-    parts_->main.ColWidth(Col, twips);
-    parts_->realign();
+    const auto p = held();
+    p->main.ColWidth(Col, twips);
+    p->realign();
 }
 
 mEmflexAlign kxGrid::ColAlignment(std::int32_t Col) const {
@@ -218,8 +228,9 @@ std::int32_t kxGrid::RowHeight(std::int32_t Row) const {
 }
 
 void kxGrid::RowHeight(std::int32_t Row, std::int32_t twips) {
-    parts_->main.RowHeight(Row, twips);
-    parts_->realign();
+    const auto p = held();
+    p->main.RowHeight(Row, twips);
+    p->realign();
 }
 
 std::int32_t kxGrid::SumRowHeight() const {
@@ -227,8 +238,9 @@ std::int32_t kxGrid::SumRowHeight() const {
 }
 
 void kxGrid::SumRowHeight(std::int32_t twips) {
-    parts_->totals.rowHeight(twips);
-    parts_->realign();
+    const auto p = held();
+    p->totals.rowHeight(twips);
+    p->realign();
 }
 
 mEmflexMerge kxGrid::MergeCells() const {
@@ -256,11 +268,12 @@ void kxGrid::MergeRow(std::int32_t Row, bool merge) {
 }
 
 void kxGrid::Clear() {
-    Parts& p = *parts_;
+    const auto kept = held();
+    Parts& p = *kept;
     p.editor.text("");
     p.editor.tag("");
     p.editor.hide();
-    Rows(p.main.FixedRows());
+    if (p.host.there()) Rows(p.main.FixedRows());
 }
 
 // --- Look

@@ -38,7 +38,7 @@ std::int16_t codeOf(char32_t character) {
     if (character < 0x80 && std::isalnum(static_cast<int>(character)))
         return static_cast<std::int16_t>(std::toupper(static_cast<int>(character)));
     if (character == ' ') return static_cast<std::int16_t>(Key::Space);
-    return 0;
+    return OtherKey;
 }
 }  // namespace
 
@@ -68,7 +68,7 @@ void Desk::stroke(const KeyStroke& key) {
     Station& at = station();
     if (records_->focused != &at || at.composing) return;
     records_->leftControl = 0;
-    const bool used = at.input().key(key);
+    const bool used = at.input()->key(key);
     if (at.removed) return;
     if (!used && static_cast<Key>(key.code) == Key::Tab) {
         const bool forward = (key.shift & ShiftKey) == 0;
@@ -77,7 +77,7 @@ void Desk::stroke(const KeyStroke& key) {
     } else if (!used && records_->place == FocusPlace::Editor) {
         applyToTextBox(at, key);
     }
-    if (!at.removed && records_->focused == &at) at.input().keyUp(key.code, key.shift);
+    if (!at.removed && records_->focused == &at) at.input()->keyUp(key.code, key.shift);
 }
 
 void Desk::applyToTextBox(Station& at, const KeyStroke& key) {
@@ -90,7 +90,7 @@ void Desk::applyToTextBox(Station& at, const KeyStroke& key) {
     if (at.box.text != before.text)
         at.report();
     else if (at.box.selStart != before.selStart || at.box.selLength != before.selLength)
-        at.input().selected(at.box.selStart, at.box.selLength);
+        at.input()->selected(at.box.selStart, at.box.selLength);
 }
 
 // --- Input method
@@ -101,10 +101,10 @@ Desk& Desk::compose(std::string_view text) {
     Station& at = station();
     if (records_->focused != &at) return *this;
     if (!at.composing) {
-        const bool open = records_->place == FocusPlace::Editor || at.input().openForTyping();
+        const bool open = records_->place == FocusPlace::Editor || at.input()->openForTyping();
         if (!open || at.removed) return *this;
         at.composing = true;
-        at.input().composing(true);
+        at.input()->composing(true);
     }
     at.composed = text;
     return *this;
@@ -116,7 +116,7 @@ Desk& Desk::commitComposition(std::string_view text) {
     if (!at.composing) return *this;
     at.composing = false;
     at.composed.clear();
-    at.input().composing(false);
+    at.input()->composing(false);
     if (!text.empty() && !at.removed && at.address->editorView().visible) {
         at.box.insert(text);
         at.report();
@@ -157,7 +157,7 @@ Desk& Desk::select(std::size_t start, std::size_t length) {
     const std::size_t end = support::characters(at.box.text);
     at.box.selStart = std::min(start, end);
     at.box.selLength = std::min(length, end - at.box.selStart);
-    at.input().selected(at.box.selStart, at.box.selLength);
+    at.input()->selected(at.box.selStart, at.box.selLength);
     return *this;
 }
 
@@ -206,8 +206,8 @@ Desk& Desk::doubleClick(std::int32_t row, std::int32_t col) {
     const Rect cell = reach(row, col);
     const std::int32_t x = cell.left + cell.width / 2;
     const std::int32_t y = cell.top + cell.height / 2;
-    at.input().doubleClick(LeftButton, 0, x, y);
-    if (!at.removed) at.input().mouseUp(LeftButton, 0, x, y);
+    at.input()->doubleClick(LeftButton, 0, x, y);
+    if (!at.removed) at.input()->mouseUp(LeftButton, 0, x, y);
     return *this;
 }
 
@@ -222,32 +222,32 @@ Desk& Desk::pressHelpButton() {
     Call call(*this);
     if (!grid().editorView().visible || !grid().editorView().helpButton)
         throw std::logic_error("the help button cannot be pressed: it is hidden");
-    station().input().helpButtonPressed();
+    station().input()->helpButtonPressed();
     return *this;
 }
 
 Desk& Desk::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     Call call(*this);
     endComposition();
-    station().input().mouseDown(button, shift, x, y);
+    station().input()->mouseDown(button, shift, x, y);
     return *this;
 }
 
 Desk& Desk::mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     Call call(*this);
-    station().input().mouseMove(button, shift, x, y);
+    station().input()->mouseMove(button, shift, x, y);
     return *this;
 }
 
 Desk& Desk::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     Call call(*this);
-    station().input().mouseUp(button, shift, x, y);
+    station().input()->mouseUp(button, shift, x, y);
     return *this;
 }
 
 Desk& Desk::surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
     Call call(*this);
-    station().input().surfaceMouseMove(button, shift, x, y);
+    station().input()->surfaceMouseMove(button, shift, x, y);
     return *this;
 }
 
@@ -259,19 +259,19 @@ Desk& Desk::dragColumn(std::int32_t col, std::int32_t twips) {
 
 Desk& Desk::wheel(std::int32_t notches) {
     Call call(*this);
-    station().input().wheel(notches);
+    station().input()->wheel(notches);
     return *this;
 }
 
 Desk& Desk::scrollTo(std::int32_t topRow, std::int32_t leftCol) {
     Call call(*this);
-    station().input().scrolled(topRow, leftCol);
+    station().input()->scrolled(topRow, leftCol);
     return *this;
 }
 
 Desk& Desk::resize(std::int32_t width, std::int32_t height) {
     Call call(*this);
-    station().input().resized(width, height);
+    station().input()->resized(width, height);
     return *this;
 }
 }  // namespace kxVsGrid::headless

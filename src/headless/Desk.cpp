@@ -16,13 +16,15 @@ constexpr std::int32_t FormHeight = 6000;
 
 Desk::Desk() : records_(std::make_unique<Records>()) {}
 
-Desk::~Desk() = default;
+Desk::~Desk() {
+    for (auto& station : stations_) station->grid.reset();  // whose seats keep the stations
+}
 
 std::unique_ptr<Seat> Desk::seat(kxGrid& control) {
-    auto station = std::make_unique<Station>();
+    auto station = std::make_shared<Station>();
     station->address = &control;
     stations_.push_back(std::move(station));
-    return std::make_unique<DeskSeat>(*this, *stations_.back());
+    return std::make_unique<DeskSeat>(*this, stations_.back());
 }
 
 kxGrid& Desk::place() {
@@ -81,9 +83,9 @@ void Desk::moveFocus(Station* station, FocusPlace place) {
     Station* before = records_->focused;
     records_->focused = place == FocusPlace::Elsewhere ? nullptr : station;
     records_->place = place;
-    if (before && before != records_->focused) before->input().focusMoved(FocusPlace::Elsewhere);
+    if (before && before != records_->focused) before->input()->focusMoved(FocusPlace::Elsewhere);
     // What the loss brought about may have moved the keyboard again.
-    if (records_->focused == station && records_->place == place) station->input().focusMoved(place);
+    if (records_->focused == station && records_->place == place) station->input()->focusMoved(place);
 }
 
 FocusPlace Desk::focusOwner() const {

@@ -1,5 +1,8 @@
-// The place of one control on a desk.
+// The place of one control on a desk. Does nothing once the control has been removed.
 #pragma once
+
+#include <memory>
+#include <utility>
 
 #include "headless/Station.h"
 
@@ -7,12 +10,16 @@ namespace kxVsGrid::headless {
 
 class Desk::DeskSeat : public Seat {
   public:
-    DeskSeat(Desk& desk, Station& station) : desk_(desk), station_(station) {}
+    DeskSeat(Desk& desk, std::shared_ptr<Station> station) : desk_(desk), station_(std::move(station)) {}
 
-    void giveFocus(FocusPlace place) override { desk_.moveFocus(&station_, place); }
-    void leaveControl(bool forward) override { desk_.records_->leftControl = forward ? 1 : -1; }
+    void giveFocus(FocusPlace place) override {
+        if (!station_->removed) desk_.moveFocus(station_.get(), place);
+    }
+    void leaveControl(bool forward) override {
+        if (!station_->removed) desk_.records_->leftControl = forward ? 1 : -1;
+    }
     void showEditor(const EditorView& editor) override {
-        TextLine& box = station_.box;
+        TextLine& box = station_->box;
         box.text = editor.text;
         box.selStart = editor.selStart;
         box.selLength = editor.selLength;
@@ -20,14 +27,17 @@ class Desk::DeskSeat : public Seat {
         box.multiLine = editor.multiLine;
     }
     void typeIntoEditor(std::string_view character) override {
-        station_.box.insert(character);
-        station_.report();
+        if (station_->removed) return;
+        station_->box.insert(character);
+        station_->report();
     }
     void layoutChanged() override {}
-    void settingChanged(std::string_view name) override { desk_.records_->reports.emplace_back(name); }
+    void settingChanged(std::string_view name) override {
+        if (!station_->removed) desk_.records_->reports.emplace_back(name);
+    }
 
   private:
     Desk& desk_;
-    Station& station_;
+    std::shared_ptr<Station> station_;
 };
 }  // namespace kxVsGrid::headless

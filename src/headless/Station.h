@@ -18,8 +18,8 @@ struct Desk::Station {
     std::string composed;
     bool removed = false;  ///< goes when the desk's call has returned
 
-    Input& input() const { return address->input(); }
-    void report() const { input().edited(box.text, box.selStart, box.selLength); }
+    std::shared_ptr<Input> input() const { return address->input(); }
+    void report() const { input()->edited(box.text, box.selStart, box.selLength); }
 };
 
 struct Desk::Records {

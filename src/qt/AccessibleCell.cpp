@@ -78,7 +78,7 @@ QAccessible::State AccessibleCell::state() const {
     state.focused = isSelected() && view_->hasFocus();
     state.invisible = grid().RowHidden(row_) || grid().ColHidden(col_);
     state.offscreen = !grid().RowIsVisible(row_) || !grid().ColIsVisible(col_);
-    state.readOnly = !view_->stage().editable(row_, col_);
+    state.readOnly = !view_->stage().grid().cellEditable(row_, col_);
     state.checkable = isCheckBox();
     state.checked = state.checkable && support::leadingNumber(textOf(grid(), row_, col_)) != 0;
     return state;
@@ -107,11 +107,12 @@ QStringList AccessibleCell::actionNames() const {
 /// As a press on it would do: an open editor is committed first, and keeps its cell when it is refused.
 void AccessibleCell::doAction(const QString& name) {
     if (name != setFocusAction() || !isValid() || isHeader()) return;
-    Stage& stage = view_->stage();
-    stage.guarded([&](Input&) {
-        if (stage.grid().editorView().visible && !stage.grid().ValidTextData()) return;
-        stage.grid().Grid().Select(row_, col_);
-        stage.giveFocus(FocusPlace::Grid);
+    const QPointer<GridView> view = view_;  // each step may destroy the widget, and this with it
+    view->stage().guarded([view, row = row_, col = col_](Input&) {
+        kxGrid& control = view->stage().grid();
+        if (control.editorView().visible && !control.ValidTextData()) return;
+        if (view) view->stage().grid().Grid().Select(row, col);
+        if (view) view->stage().giveFocus(FocusPlace::Grid);
     });
 }
 }  // namespace kxVsGrid::qt

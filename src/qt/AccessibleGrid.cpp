@@ -16,6 +16,10 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
     auto* view = dynamic_cast<GridView*>(object);
     return view != nullptr ? new AccessibleGrid(*view) : nullptr;
 }
+/// Row after row; cells whose index does not fit have the highest one.
+int indexOf(std::int64_t row, std::int64_t col, std::int64_t cols) {
+    return static_cast<int>(std::min<std::int64_t>(row * cols + col, std::numeric_limits<int>::max()));
+}
 }  // namespace
 
 AccessibleGrid::AccessibleGrid(GridView& view) : QAccessibleWidget(&view, QAccessible::Table) {}
@@ -37,8 +41,7 @@ void AccessibleGrid::tellCurrentCell(GridView& view) {
     const CellGrid& grid = view.stage().grid().Grid();
     if (grid.Row() < 0 || grid.Col() < 0) return;
     QAccessibleEvent event(&view, QAccessible::Focus);
-    const std::int64_t index = std::int64_t{grid.Row()} * grid.Cols() + grid.Col();
-    event.setChild(static_cast<int>(std::min<std::int64_t>(index, std::numeric_limits<int>::max())));
+    event.setChild(indexOf(grid.Row(), grid.Col(), grid.Cols()));
     QAccessible::updateAccessibility(&event);
 }
 
@@ -104,7 +107,7 @@ QAccessibleInterface* AccessibleGrid::focusChild() const {
 
 int AccessibleGrid::indexOfChild(const QAccessibleInterface* child) const {
     const auto* cell = dynamic_cast<const AccessibleCell*>(child);
-    return cell != nullptr ? cell->rowIndex() * columnCount() + cell->columnIndex() : -1;
+    return cell != nullptr ? indexOf(cell->rowIndex(), cell->columnIndex(), columnCount()) : -1;
 }
 
 int AccessibleGrid::selectedCellCount() const {

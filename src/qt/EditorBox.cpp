@@ -21,10 +21,6 @@ EditorBox::EditorBox(Stage& stage, QWidget& parent)
 
 EditorBox::~EditorBox() = default;
 
-bool EditorBox::owns(const QObject* object) const {
-    return object != nullptr && (object == &line_ || object == lines_);
-}
-
 // --- Mirroring ------------------------------------------------------------------------------------------
 
 void EditorBox::choose(bool multiLine) {

@@ -29,7 +29,6 @@ class EditorBox : private BoxEvents {
     bool visible() const { return view_.visible; }
     /// The box that is or was shown last.
     QWidget& widget() const { return port_->widget(); }
-    bool owns(const QObject* object) const;
 
     /// Types or pastes in place of the selection.
     void insert(const QString& text);

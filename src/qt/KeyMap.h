@@ -8,9 +8,6 @@
 
 namespace kxVsGrid::qt {
 
-/// Code of a key that has none of its own. Not 0, which means that somebody has swallowed the key.
-constexpr std::int16_t OtherKey = 10;
-
 /// The keys of the keypad are the main keys: digits, operators, decimal and Enter. Its decimal types a point
 /// whatever the locale, since numbers are written with one.
 KeyStroke strokeOf(const QKeyEvent& event);

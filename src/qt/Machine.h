@@ -1,7 +1,7 @@
 // The control and the platform that it runs on, in one piece.
 //
-// A call into the control holds it, so that it outlives a widget which a host handler destroys meanwhile, or
-// which the host destroys while a box is open.
+// The control's seat keeps it: a control that goes with its widget, destroyed by a host handler or while a
+// box is open, ends what it is at first, and its platform has to be there until then.
 #pragma once
 
 #include <memory>

@@ -6,8 +6,6 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-#include <memory>
-#include <utility>
 
 #include "qt/Captions.h"
 #include "qt/Encoding.h"
@@ -16,39 +14,13 @@
 #include "qt/QtSeat.h"
 
 namespace kxVsGrid::qt {
-namespace {
-
-/// Keeps the control while a box is open, and, where its widget has gone meanwhile, until the call that
-/// opened the box has returned to the event loop: it may be the host's own, which nothing else keeps.
-class Kept {
-  public:
-    explicit Kept(Machine& machine) : holder_(new Holder(machine.shared_from_this())) {}
-    ~Kept() {
-        if (holder_->machine->stage == nullptr)
-            holder_->deleteLater();
-        else
-            delete holder_;
-    }
-    Kept(const Kept&) = delete;
-    Kept& operator=(const Kept&) = delete;
-
-  private:
-    struct Holder : QObject {
-        explicit Holder(std::shared_ptr<Machine> held) : machine(std::move(held)) {}
-        std::shared_ptr<Machine> machine;
-    };
-
-    Holder* holder_;
-};
-}  // namespace
-
 void QtPlatform::widget(QWidget& widget) {
     widget_ = &widget;
     metrics_.use(widget);
 }
 
 std::unique_ptr<Seat> QtPlatform::seat(kxGrid&) {
-    return std::make_unique<QtSeat>(machine_);
+    return std::make_unique<QtSeat>(machine_.shared_from_this());
 }
 
 DateTime QtPlatform::now() const {
@@ -61,7 +33,6 @@ DateTime QtPlatform::now() const {
 void QtPlatform::showMessage(const MessageBox& box) {
     constexpr std::int32_t Critical = 16;
     if (machine_.stage == nullptr) return;  // the host has ended the widget: nobody is left to be told
-    const Kept kept(machine_);
     ModalBox<QMessageBox> shown(widget_);
     shown->setIcon(box.style == Critical ? QMessageBox::Critical : QMessageBox::Information);
     shown->setWindowTitle(toQt(box.title));
@@ -76,7 +47,6 @@ void QtPlatform::showMessage(const MessageBox& box) {
 
 std::optional<std::string> QtPlatform::askText(const InputBox& box) {
     if (machine_.stage == nullptr) return std::nullopt;
-    const Kept kept(machine_);
     ModalBox<QInputDialog> shown(widget_);
     shown->setInputMode(QInputDialog::TextInput);
     shown->setWindowTitle(toQt(box.title));

@@ -5,7 +5,7 @@
 namespace kxVsGrid::qt {
 
 Stage* QtSeat::shown() const {
-    return machine_.grid ? machine_.stage : nullptr;
+    return machine_->grid ? machine_->stage : nullptr;
 }
 
 void QtSeat::giveFocus(FocusPlace place) {

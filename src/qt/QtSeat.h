@@ -1,6 +1,9 @@
 // The control's place in its widget. Does nothing once the widget is gone.
 #pragma once
 
+#include <memory>
+#include <utility>
+
 #include "kxVsGrid/Platform.h"
 #include "qt/Machine.h"
 
@@ -8,7 +11,7 @@ namespace kxVsGrid::qt {
 
 class QtSeat : public Seat {
   public:
-    explicit QtSeat(Machine& machine) : machine_(machine) {}
+    explicit QtSeat(std::shared_ptr<Machine> machine) : machine_(std::move(machine)) {}
 
     void giveFocus(FocusPlace place) override;
     void leaveControl(bool forward) override;
@@ -21,6 +24,6 @@ class QtSeat : public Seat {
     /// Nothing while the control is made, and once its widget is gone.
     Stage* shown() const;
 
-    Machine& machine_;
+    std::shared_ptr<Machine> machine_;
 };
 }  // namespace kxVsGrid::qt

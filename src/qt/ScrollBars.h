@@ -17,7 +17,6 @@ class ScrollBars {
     void follow(const CellGrid& grid, const Scale& scale);
     /// Where the bars leave a corner between them; empty without one.
     QRect corner() const;
-    bool owns(const QWidget* widget) const { return widget == &horizontal_ || widget == &vertical_; }
 
   private:
     void place(const CellGrid& grid, const Scale& scale);

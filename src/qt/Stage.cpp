@@ -41,6 +41,7 @@ Stage::Stage(kxGridWidget& widget)
 
 Stage::~Stage() {
     close();
+    machine_->grid.reset();  // whose seat keeps the machine
 }
 
 void Stage::close() {
@@ -101,14 +102,6 @@ void Stage::settle() {
     if (moved) AccessibleGrid::tellCurrentCell(*view_);
 }
 
-bool Stage::editable(std::int32_t row, std::int32_t col) const {
-    constexpr std::int32_t NarrowestEditable = 16;
-    const CellGrid& cells = grid().Grid();
-    if (!grid().Editable() || row < cells.FixedRows() || col < cells.FixedCols() || col < 0) return false;
-    if (cells.ColWidth(col) < NarrowestEditable || cells.ColHidden(col)) return false;
-    return grid().VsCtrl(static_cast<std::int16_t>(col))->bIsEditable();
-}
-
 mEmDataType Stage::currentType() const {
     const std::int32_t col = grid().Grid().Col();
     return col < 0 ? flexDTEmpty : grid().VsCtrl(static_cast<std::int16_t>(col))->iType();
@@ -116,7 +109,7 @@ mEmDataType Stage::currentType() const {
 
 bool Stage::takesTyping() const {
     const CellGrid& cells = grid().Grid();
-    return editable(cells.Row(), cells.Col()) && currentType() != flexDTBoolean;
+    return grid().cellEditable(cells.Row(), cells.Col()) && currentType() != flexDTBoolean;
 }
 
 bool Stage::readsDigits() const {

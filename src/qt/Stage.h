@@ -44,7 +44,8 @@ class Stage {
         const std::shared_ptr<Machine> machine = machine_;
         if (machine->stage == nullptr) return false;
         if (!machine->grid) return true;
-        return attempt([&] { work(machine->grid->input()); }) && attempt([&] { settle(); });
+        const std::shared_ptr<Input> input = machine->grid->input();
+        return attempt([&] { work(*input); }) && attempt([&] { settle(); });
     }
     /// The same for looks at the control and its grids: their texts may be a host's to compute.
     bool attempt(const std::function<void()>& look);
@@ -79,8 +80,6 @@ class Stage {
     bool focusShown() const { return focusShown_; }
     void resized();
 
-    /// Whether the clerk may change a cell.
-    bool editable(std::int32_t row, std::int32_t col) const;
     /// Whether the current cell is typed into, and what is expected there.
     bool takesTyping() const;
     bool readsDigits() const;

@@ -141,14 +141,25 @@ TEST_F(EditableFlag, IsSwitchedOffOverARefusedTextToo) {
     EXPECT_EQ(text(1, 1), "");
 }
 
-TEST_F(EditableFlag, SwitchedOffClosesAnEditorWhoseTextIsRefused) {
+TEST_F(EditableFlag, SwitchedOffOverARefusedTextKeepsItFromBeingWritten) {
     column(1).iType(flexDTDouble);
     typeInto(1, 1, "abc");
     grid.Editable(false);
-    EXPECT_FALSE(desk.editor().visible);
-    EXPECT_EQ(grid.Text(), "");
-    desk.type("12").press(Key::Enter);
+    EXPECT_EQ(desk.editor().text, "abc");
+    desk.select(0, 3).type("12").press(Key::Enter);
     EXPECT_EQ(text(1, 1), "");
+    EXPECT_EQ(grid.Text(), "");
+    EXPECT_FALSE(desk.editor().visible);
+    EXPECT_EQ(heard(), moves(1, 1, 1, 2));
+}
+
+TEST_F(EditableFlag, SwitchedOnAgainLetsARefusedTextBeCorrected) {
+    column(1).iType(flexDTDouble);
+    typeInto(1, 1, "abc");
+    grid.Editable(false);
+    grid.Editable(true);
+    desk.select(0, 3).type("12").press(Key::Enter);
+    EXPECT_EQ(text(1, 1), "12");
 }
 
 TEST_F(EditableFlag, SwitchedOffChecksARefusedTextAgain) {

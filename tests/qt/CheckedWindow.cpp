@@ -53,7 +53,7 @@ void CheckedWindow::expectAllSelected(const QString& text) {
     EXPECT_EQ(grid().editorView().selStart, 0U);
     EXPECT_EQ(grid().editorView().selLength, static_cast<std::size_t>(text.size()));
     EXPECT_TRUE(grid().editorView().refused);
-    EXPECT_EQ(grid().input().focus(), FocusPlace::Editor);
+    EXPECT_EQ(grid().input()->focus(), FocusPlace::Editor);
     EXPECT_TRUE(grid().IsActive());
 }
 }  // namespace kxVsGrid::qt::testing

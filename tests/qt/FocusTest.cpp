@@ -50,7 +50,7 @@ TEST(Focus, GoesToTheGridThroughTheWidget) {
     Window w;
     w.widget->setFocus();
     EXPECT_TRUE(w.view().hasFocus());
-    EXPECT_EQ(w.grid().input().focus(), FocusPlace::Grid);
+    EXPECT_EQ(w.grid().input()->focus(), FocusPlace::Grid);
 }
 
 TEST(Focus, GoesFromCellToCellByTabAndLeavesAfterTheLast) {
@@ -214,6 +214,6 @@ TEST(Focus, KeepsTheSelectionOfTheEditorThatWaits) {
     ASSERT_TRUE(w.editorShown());
     EXPECT_EQ(w.grid().editorView().selStart, 2U);  // the refusal put the caret to the end
     w.editor().setFocus();
-    EXPECT_EQ(w.grid().input().focus(), FocusPlace::Editor);
+    EXPECT_EQ(w.grid().input()->focus(), FocusPlace::Editor);
 }
 }  // namespace kxVsGrid::qt::testing

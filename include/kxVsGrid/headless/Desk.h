@@ -53,8 +53,8 @@ class Desk : public Platform {
     /// Loads one from settings; returned also when reading failed.
     kxGrid& load(PropertyBag& bag);
     void use(kxGrid& grid);
-    /// Destroys a control, as closing its form does; allowed from inside its events: it then goes when the
-    /// call that the desk is carrying out has returned.
+    /// Destroys a control, as closing its form does; allowed from inside its events. While the desk is
+    /// carrying out a call it goes when that has returned.
     void remove(kxGrid& grid);
     kxGrid& grid();
 
@@ -139,7 +139,7 @@ class Desk : public Platform {
     void applyToTextBox(Station& at, const KeyStroke& key);
     Rect reach(std::int32_t row, std::int32_t col) const;
     Desk& clickCell(std::int16_t button, std::int32_t row, std::int32_t col, std::int16_t shift);
-    std::vector<std::unique_ptr<Station>> stations_;
+    std::vector<std::shared_ptr<Station>> stations_;
     Station* current_ = nullptr;
     std::unique_ptr<Records> records_;
 };

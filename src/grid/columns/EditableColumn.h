@@ -21,4 +21,9 @@ inline bool isEditableColumn(const CellGrid& grid, ColumnArray& columns, std::in
 inline bool isDataCell(const CellGrid& grid, std::int32_t row, std::int32_t col) {
     return row >= grid.FixedRows() && row < grid.Rows() && col >= grid.FixedCols() && col < grid.Cols();
 }
+
+/// A data cell of an editable column.
+inline bool isEditableCell(const CellGrid& grid, ColumnArray& columns, std::int32_t row, std::int32_t col) {
+    return isDataCell(grid, row, col) && isEditableColumn(grid, columns, col);
+}
 }  // namespace kxVsGrid::columns

@@ -5,9 +5,9 @@
 #include "grid/ControlFlags.h"
 #include "grid/TotalRow.h"
 #include "grid/columns/ColumnArray.h"
+#include "grid/events/Host.h"
 #include "grid/events/MoveFlags.h"
 #include "kxVsGrid/CellGrid.h"
-#include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/Platform.h"
 
 namespace kxVsGrid::events {
@@ -16,7 +16,7 @@ struct Context {
     CellGrid& grid;
     CellGrid& sums;
     columns::ColumnArray& columns;
-    GridEvents& host;
+    const Host& host;
     MoveFlags& moves;
     grid::ControlFlags& flags;
     editing::Editor& editor;

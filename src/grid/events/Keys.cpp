@@ -26,15 +26,15 @@ void Keys::keyDown(std::int16_t code) {
 
 bool Keys::asksTheHost(std::int16_t code) const {
     if (!c_.flags.Editable) return false;
-    if (code == static_cast<std::int16_t>(Key::Insert)) return c_.host.AddVsRow.heard();
-    return code == static_cast<std::int16_t>(Key::Delete) && c_.host.DeleteVsRow.heard();
+    if (code == static_cast<std::int16_t>(Key::Insert)) return c_.host.hears(&GridEvents::AddVsRow);
+    return code == static_cast<std::int16_t>(Key::Delete) && c_.host.hears(&GridEvents::DeleteVsRow);
 }
 
 /// Always at the end; the row commands insert at the current row.
 void Keys::insertRow() {
     CellGrid& grid = c_.grid;
     bool consent = false;
-    c_.host.AddVsRow(grid.Row(), consent);
+    c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
     if (!consent) return;
     rows_.appendEmptyRow();
     const std::int32_t row = grid.Rows() - 1;
@@ -47,14 +47,14 @@ void Keys::insertRow() {
 void Keys::deleteRow() {
     CellGrid& grid = c_.grid;
     bool consent = false;
-    c_.host.DeleteVsRow(grid.Row(), consent);
+    c_.host.raise(&GridEvents::DeleteVsRow, grid.Row(), consent);
     if (!consent || grid.Rows() <= grid.FixedRows() || grid.Row() < grid.FixedRows()) return;
     grid.RemoveRow(grid.Row());
     c_.editor.captureAndLoad();
     c_.totals.recalculate(grid::TotalRow::AllColumns);
     rows_.refill();
     grid.NumberRows();
-    c_.host.AfterDeleteVsRow();
+    c_.host.raise(&GridEvents::AfterDeleteVsRow);
 }
 
 bool Keys::isBoolean(std::int32_t col) {
@@ -89,8 +89,8 @@ void Keys::passToEditor(std::string_view typed) {
 bool Keys::openForTyping() {
     CellGrid& grid = c_.grid;
     if (c_.editor.visible()) return true;
-    if (!c_.flags.Editable || !columns::isDataCell(grid, grid.Row(), grid.Col()) || isBoolean(grid.Col()) ||
-        !columns::isEditableColumn(grid, c_.columns, grid.Col()))
+    if (!c_.flags.Editable || !columns::isEditableCell(grid, c_.columns, grid.Row(), grid.Col()) ||
+        isBoolean(grid.Col()))
         return false;
     rows_.appendIfLast(grid.Row());
     c_.editor.open(editing::Editor::Focus::LeaveWithGrid);
@@ -120,6 +120,6 @@ void Keys::doubleClick() {
         if (c_.editor.visible()) c_.editor.commit();
         c_.editor.open();
     }
-    c_.host.DblClick();
+    c_.host.raise(&GridEvents::DblClick);
 }
 }  // namespace kxVsGrid::events

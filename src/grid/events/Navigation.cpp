@@ -35,7 +35,7 @@ void Navigation::beforeRowColChange(std::int32_t oldRow, std::int32_t oldCol, st
         cancel = true;
         return;
     }
-    c_.host.BeforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
+    c_.host.raise(&GridEvents::BeforeRowColChange, oldRow, oldCol, newRow, newCol, cancel);
 }
 
 void Navigation::leaveCell() {
@@ -44,7 +44,7 @@ void Navigation::leaveCell() {
 
 void Navigation::enterCell() {
     c_.editor.enterCell();
-    c_.host.EnterCell();
+    c_.host.raise(&GridEvents::EnterCell);
 }
 
 void Navigation::rowColChange() {
@@ -53,11 +53,11 @@ void Navigation::rowColChange() {
     {
         Span changing(c_.moves.ChangingRow);
         std::int16_t result = 0;
-        c_.host.ValidData(result);
+        c_.host.raise(&GridEvents::ValidData, result);
         bringCurrentRowIntoView(c_.grid);
         bringCurrentColIntoView(c_.grid);
     }
-    c_.host.RowColChange();
+    c_.host.raise(&GridEvents::RowColChange);
 }
 
 void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
@@ -67,7 +67,7 @@ void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std
         if (currentWritten && !c_.editor.visible()) c_.editor.load();
     }
     c_.totals.recalculate(grid::TotalRow::AllColumns);
-    c_.host.AfterRowColChange(oldRow, oldCol, newRow, newCol);
+    c_.host.raise(&GridEvents::AfterRowColChange, oldRow, oldCol, newRow, newCol);
 }
 
 void Navigation::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {

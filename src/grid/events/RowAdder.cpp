@@ -13,7 +13,7 @@ using grid::TotalRow;
 void RowAdder::addRow(std::int32_t position, bool withDefaults, bool copyData) {
     CellGrid& grid = c_.grid;
     bool consent = true;
-    c_.host.AddVsRow(grid.Row(), consent);
+    c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
     if (!consent) return;
 
     support::Span automatic(c_.moves.AutoDefault, withDefaults, true);
@@ -32,7 +32,7 @@ void RowAdder::addRow(std::int32_t position, bool withDefaults, bool copyData) {
         navigation_.afterRowColChange(grid.Row(), grid.Col(), grid.Row(), grid.Col());
 
     bool keep = false;
-    c_.host.AfterAddRow(keep, position, copyData, source);
+    c_.host.raise(&GridEvents::AfterAddRow, keep, position, copyData, source);
     if (copyData && !keep) emptyRow(position);
     c_.totals.recalculate(TotalRow::AllColumns);
 }
@@ -72,7 +72,7 @@ void RowAdder::emptyRow(std::int32_t row) {
 void RowAdder::appendIfLast(std::int32_t row) {
     if (row < c_.grid.Rows() - 1) return;
     bool consent = false;
-    c_.host.AddVsRow(row, consent);
+    c_.host.raise(&GridEvents::AddVsRow, row, consent);
     if (!consent) return;
     appendEmptyRow();
     c_.grid.NumberRows();

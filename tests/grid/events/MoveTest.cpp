@@ -225,6 +225,20 @@ TEST(KeysOnTheSurface, AreToldToTheHost) {
     EXPECT_EQ(log.lines(), (Lines{line("keyDown", 113, 1), line("KeyUp", 113, 1)}));
 }
 
+TEST(KeysOnTheSurface, HaveACodeAlsoWhenTheyTypeASignOrAChineseCharacter) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    HostLog log(grid);
+    desk.focusSurface();
+    log.clear();
+    desk.type("*");
+    EXPECT_EQ(log.lines(),
+              (Lines{line("keyDown", OtherKey, 0), line("KeyPress", '*'), line("KeyUp", OtherKey, 0)}));
+    log.clear();
+    desk.type("品");
+    EXPECT_EQ(log.lines().size(), 3u);
+}
+
 TEST_F(Moves, RaiseNoKeyEventsOfTheSurfaceForKeysOfTheGrid) {
     desk.press(Key::F2);
     desk.press(Key::Insert, ShiftKey);

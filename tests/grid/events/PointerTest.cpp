@@ -275,6 +275,14 @@ TEST_F(Scrolling, IsFollowedByTheTotalRow) {
     EXPECT_EQ(grid.Grid_Sum().LeftCol(), 2);
 }
 
+TEST_F(Scrolling, BringsARowIntoViewUnderFixedRowsOfAnyHeight) {
+    grid.RowHeight(0, 800'000'000);
+    grid.FixedRows(3);
+    grid.Grid().TopRow(40);
+    grid.Row(20);
+    EXPECT_LE(grid.Grid().TopRow(), 20);
+}
+
 TEST_F(Scrolling, ToAFarCellIsFollowedByTheTotalRow) {
     grid.Col(19);
     EXPECT_GT(grid.Grid().LeftCol(), 1);
