@@ -34,9 +34,11 @@ bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, c
     };
     if (!holds()) return false;
     if (impl.watcher || CellChanged.heard()) [[unlikely]] {
-        const auto kept = held();
-        Data(row, col, data);
-        if (!kept->there || !holds()) return false;
+        if (impl.store.setTag(row, col, data)) {
+            const auto kept = held();
+            CellChanged(row, col);
+            if (!kept->there || !holds()) return false;
+        }
         impl.setText(row, col, text);
         return true;
     }

@@ -109,7 +109,6 @@ struct CellGrid::Impl {
     };
 
     CellGrid& grid;
-    bool there = true;  ///< the grid, or somebody to hear of it; what goes on after an event asks
     const TextMetrics& metrics;
     cellgrid::CellStore store;
     cellgrid::Layout layout;
@@ -142,6 +141,8 @@ struct CellGrid::Impl {
     std::int32_t redraw = 1;
     bool showCursor = true;
     bool selectsRows = false;
+
+    bool there = true;  ///< the grid, or somebody to hear of it; what goes on after an event asks
 
   private:
     void insertRows(std::int32_t position, std::int32_t n);

@@ -52,6 +52,8 @@ const End Ends[] = {
      [](CellGrid& g) { g.ScrollTo(80, 1); }},
     {"CellChangedByText", to(&CellGrid::CellChanged), [](CellGrid& g) { g.Text(1, 1, "x"); }},
     {"CellChangedByData", to(&CellGrid::CellChanged), [](CellGrid& g) { g.Data(1, 1, "x"); }},
+    {"CellChangedByTheTagOfACell", to(&CellGrid::CellChanged), [](CellGrid& g) { g.Cell(1, 1, "x", "y"); }},
+    {"CellChangedByTheTextOfACell", to(&CellGrid::CellChanged), [](CellGrid& g) { g.Cell(1, 1, "x", ""); }},
     {"CellChangedByCaption", to(&CellGrid::CellChanged), [](CellGrid& g) { g.FormatString("a|b|c;|x|y"); }},
     {"SizeChangedByRows", to(&CellGrid::SizeChanged), [](CellGrid& g) { g.Rows(5); }},
     {"SizeChangedByCols", to(&CellGrid::SizeChanged), [](CellGrid& g) { g.Cols(12); }},
