@@ -128,13 +128,6 @@ class RunBlocks {
         return place;
     }
 
-    void clear() {
-        blocks_.clear();
-        starts_.clear();
-        count_ = extent_ = 0;
-        stale_ = 0;
-    }
-
   private:
     struct Block {
         std::vector<Run> runs;

@@ -82,8 +82,6 @@ class RunList {
         return changed;
     }
 
-    void clear() { blocks_.clear(); }
-
   private:
     /// Gives the elements of [first, stop), which lie in one run, another value.
     void assign(std::int64_t first, std::int64_t stop, const T& value) {

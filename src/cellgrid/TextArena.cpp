@@ -66,10 +66,6 @@ std::string_view TextArena::longText(TextSlot s) const {
     return {big.bytes.get(), big.length};
 }
 
-void TextArena::clear() {
-    *this = TextArena();
-}
-
 std::size_t TextArena::footprint() const {
     std::size_t bytes = chunks_.size() * ChunkUnits * Unit;
     for (const Big& big : big_) bytes += big.length;

@@ -34,7 +34,6 @@ class TextArena {
     std::string_view text(TextSlot s, slot::Buffer& buffer) const {
         return slot::isShort(s) ? slot::shortText(s, buffer) : longText(s);
     }
-    void clear();
     /// Bytes of the chunks and big blocks taken from the system.
     std::size_t footprint() const;
     /// Bytes of the texts that are in it now.
