@@ -43,8 +43,9 @@ std::int32_t Axis::indexAt(std::int64_t position) const {
     position = std::max<std::int64_t>(position, 0);
     if (position >= blocks.extent()) return count();
     const auto place = blocks.findPosition(position);
-    return static_cast<std::int32_t>(place.first +
-                                     (position - place.position) / extentOf(blocks[place].value));
+    // A run that is found by a position in it has an extent.
+    const std::int64_t extent = std::max(1, extentOf(blocks[place].value));
+    return static_cast<std::int32_t>(place.first + (position - place.position) / extent);
 }
 
 std::int32_t Axis::firstFrom(std::int64_t position) const {

@@ -58,7 +58,7 @@ class InputRouter : public Input {
     Layout& layout_;
     FocusPlace place_ = FocusPlace::Elsewhere;
     bool composing_ = false;
-    std::int16_t pressesDelivered_ = 0;  ///< of the buttons that are down, a sum of MouseButton
+    int pressesDelivered_ = 0;  ///< of the buttons that are down, a sum of MouseButton
     bool lastPressDelivered_ = false;
     std::string_view typed_;
 };

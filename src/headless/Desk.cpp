@@ -85,7 +85,8 @@ void Desk::moveFocus(Station* station, FocusPlace place) {
     records_->place = place;
     if (before && before != records_->focused) before->input()->focusMoved(FocusPlace::Elsewhere);
     // What the loss brought about may have moved the keyboard again.
-    if (records_->focused == station && records_->place == place) station->input()->focusMoved(place);
+    if (station && records_->focused == station && records_->place == place)
+        station->input()->focusMoved(place);
 }
 
 FocusPlace Desk::focusOwner() const {
