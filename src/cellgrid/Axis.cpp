@@ -44,7 +44,7 @@ std::int32_t Axis::indexAt(std::int64_t position) const {
     if (position >= blocks.extent()) return count();
     const auto place = blocks.findPosition(position);
     // A run that is found by a position in it has an extent.
-    const std::int64_t extent = std::max(1, extentOf(blocks[place].value));
+    const std::int64_t extent = std::max<std::int64_t>(1, extentOf(blocks[place].value));
     return static_cast<std::int32_t>(place.first + (position - place.position) / extent);
 }
 
