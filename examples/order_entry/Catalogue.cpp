@@ -16,6 +16,14 @@ std::optional<Goods> Catalogue::goods(const QString& code) const {
     return goodsOf(found);
 }
 
+std::optional<CodeAndName> Catalogue::find(const QString& query, const QString& codeField,
+                                           const QString& nameField, const QString& text) const {
+    QSqlQuery found = database_.run(
+        u"核对编码"_s, u"SELECT %1, %2 FROM (%3) WHERE %1 = ?"_s.arg(codeField, nameField, query), {text});
+    if (!found.next()) return std::nullopt;
+    return CodeAndName{found.value(0).toString(), found.value(1).toString()};
+}
+
 std::vector<Goods> Catalogue::goodsStartingWith(const QString& text, int most) const {
     QString pattern = text;
     for (const QChar special : {u'\\', u'%', u'_'}) pattern.replace(special, u"\\"_s + special);

@@ -17,6 +17,12 @@ struct Goods {
     Cents price = 0;
 };
 
+/// What a code stands for.
+struct CodeAndName {
+    QString code;
+    QString name;
+};
+
 struct Customer {
     qint64 id = 0;
     QString code;
@@ -32,6 +38,10 @@ class Catalogue {
 
     /// Nothing for an unknown code.
     std::optional<Goods> goods(const QString& code) const;
+    /// The record of a query whose code field holds the text; nothing when there is none. Query and fields
+    /// are the host's own, never a clerk's.
+    std::optional<CodeAndName> find(const QString& query, const QString& codeField, const QString& nameField,
+                                    const QString& text) const;
     /// The goods whose code, name or pinyin initials start with the text, by code; at most `most`.
     std::vector<Goods> goodsStartingWith(const QString& text, int most) const;
     std::vector<Customer> customers() const;

@@ -4,13 +4,14 @@
 #include <QFileInfo>
 #include <QSqlError>
 #include <atomic>
+#include <initializer_list>
 
 #include "SampleData.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int SchemaVersion = 1;
+constexpr int SchemaVersion = 2;
 
 constexpr int SqliteConstraint = 19;  // the low byte of SQLite's extended error numbers
 
@@ -30,7 +31,13 @@ const char* const Tables[] = {
     " line_no INTEGER NOT NULL, goods_code TEXT NOT NULL, goods_name TEXT NOT NULL, spec TEXT NOT NULL,"
     " unit TEXT NOT NULL, quantity_milli INTEGER, price_cents INTEGER, amount_cents INTEGER,"
     " warehouse TEXT NOT NULL, delivery_date TEXT, is_gift INTEGER NOT NULL, remark TEXT NOT NULL,"
-    " PRIMARY KEY (order_id, line_no))",
+    " delivery_slot TEXT, entered_at TEXT, PRIMARY KEY (order_id, line_no))",
+};
+
+// What leads from each earlier version to the next one, the first entry from version 1.
+const std::initializer_list<const char*> Upgrades[SchemaVersion - 1] = {
+    {"ALTER TABLE order_line ADD COLUMN delivery_slot TEXT",
+     "ALTER TABLE order_line ADD COLUMN entered_at TEXT"},
 };
 
 QString inChinese(const QString& cause) {
@@ -47,6 +54,8 @@ QString inChinese(const QString& cause) {
         {"UNIQUE constraint failed", u"编号已经存在"},
         {"FOREIGN KEY constraint failed", u"引用的资料不存在"},
         {"malformed", u"数据库文件已损坏"},
+        {"duplicate column name", u"数据表的结构与版本号不符"},
+        {"no such table", u"缺少数据表"},
     };
     for (const auto& entry : known)
         if (cause.contains(QLatin1StringView(entry.english)))
@@ -99,11 +108,12 @@ void Database::open() {
         if (!database_.open()) fail(attempt, database_.lastError());
         open_ = true;  // so that run() does not come back here
         run(attempt, u"PRAGMA foreign_keys = ON"_s);
-        QSqlQuery version = run(attempt, u"PRAGMA user_version"_s);
-        const int found = version.next() ? version.value(0).toInt() : 0;
-        version.finish();
-        if (found == 0) createTables();
-        if (found > SchemaVersion)
+        const int found = version(attempt);
+        if (found == 0)
+            createTables();
+        else if (found < SchemaVersion)
+            upgrade();
+        else if (found > SchemaVersion)
             throw DatabaseError(attempt, file_, u"文件由本程序的更新版本建立(版本 %1)"_s.arg(found));
     } catch (...) {
         close();
@@ -111,11 +121,26 @@ void Database::open() {
     }
 }
 
+int Database::version(const QString& attempt) {
+    QSqlQuery found = run(attempt, u"PRAGMA user_version"_s);
+    return found.next() ? found.value(0).toInt() : 0;
+}
+
 void Database::createTables() {
     const QString attempt = u"建立数据库"_s;
     Transaction transaction(*this, attempt);
     for (const char* table : Tables) run(attempt, QString::fromLatin1(table));
     writeSampleData(*this);
+    run(attempt, u"PRAGMA user_version = %1"_s.arg(SchemaVersion));
+    transaction.commit();
+}
+
+void Database::upgrade() {
+    const QString attempt = u"升级数据库"_s;
+    Transaction transaction(*this, attempt);
+    // Another program may have upgraded the file since it was opened.
+    for (int from = version(attempt); from < SchemaVersion; ++from)
+        for (const char* step : Upgrades[from - 1]) run(attempt, QString::fromLatin1(step));
     run(attempt, u"PRAGMA user_version = %1"_s.arg(SchemaVersion));
     transaction.commit();
 }

@@ -33,7 +33,8 @@ class Database {
     const QString& file() const { return file_; }
     bool isOpen() const { return open_; }
 
-    /// Opens the file; one that has no tables yet gets them and the sample data, all or nothing.
+    /// Opens the file; one that has no tables yet gets them and the sample data, one of an earlier version
+    /// the columns that it lacks: all or nothing.
     void open();
     /// Runs one statement with its values; `attempt` says in an error message what it was for. Opens first
     /// where that has not happened yet.
@@ -44,7 +45,9 @@ class Database {
 
   private:
     friend class Transaction;
+    int version(const QString& attempt);
     void createTables();
+    void upgrade();
     void close();
     [[noreturn]] void fail(const QString& attempt, const QSqlError& error) const;
 

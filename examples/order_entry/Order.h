@@ -2,11 +2,24 @@
 #pragma once
 
 #include <QDate>
+#include <QDateTime>
 #include <QString>
 #include <optional>
 #include <vector>
 
 #include "Decimal.h"
+
+/// A moment as the grid and the database write it: "2026-11-20 08:05:09".
+inline const char16_t* const TimeForm = u"yyyy-MM-dd HH:mm:ss";
+
+inline QString timeText(const QDateTime& moment) {
+    return moment.toString(QString::fromUtf16(TimeForm));
+}
+
+/// Invalid for any other text.
+inline QDateTime timeOf(const QString& text) {
+    return QDateTime::fromString(text, QString::fromUtf16(TimeForm));
+}
 
 struct OrderLine {
     QString code;
@@ -18,13 +31,15 @@ struct OrderLine {
     std::optional<Cents> amount;
     QString warehouse;
     QDate delivery;  ///< invalid: none
+    QString slot;    ///< date and half of the day: "2026-11-27 上午"; empty: none
     bool gift = false;
     QString remark;
+    QDateTime entered;  ///< when the line was keyed, to the second; invalid: not known
 
     bool operator==(const OrderLine&) const = default;
 
-    /// A line that says nothing is not kept. Warehouse and delivery date alone say nothing: every row that
-    /// the clerk merely passes through gets them from the row above.
+    /// A line that says nothing is not kept. Warehouse, delivery date and half day alone say nothing: every
+    /// row that the clerk merely passes through gets them from the row above.
     bool isEmpty() const {
         return code.isEmpty() && name.isEmpty() && spec.isEmpty() && unit.isEmpty() && !quantity && !price &&
                !gift && remark.isEmpty();

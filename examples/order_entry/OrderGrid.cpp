@@ -6,35 +6,8 @@ using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr std::int32_t SheetRows = 24;            // data rows of a new sheet
-constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow the desktop's theme
-constexpr std::uint32_t ButtonText = 0x80000012;
+constexpr std::int32_t SheetRows = 24;   // data rows of a new sheet
 constexpr std::uint32_t Red = 0x0000C0;  // red is the low byte
-
-struct ColumnPlan {
-    const char* caption;
-    std::int32_t width;  // twips
-    mEmDataType type;
-    mEmflexAlign alignment;
-    bool editable;
-    std::int16_t limit;
-    const char* format;
-};
-
-constexpr ColumnPlan Plan[OrderGrid::ColumnCount] = {
-    {"行号", 600, flexDTString, flexAlignCenterCenter, false, 0, ""},
-    {"货号", 1100, flexDTString, flexAlignLeftCenter, true, 20, ""},
-    {"品名", 2250, flexDTString, flexAlignLeftCenter, false, 0, ""},
-    {"规格", 1850, flexDTString, flexAlignLeftCenter, false, 0, ""},
-    {"单位", 750, flexDTString, flexAlignCenterCenter, true, 10, ""},
-    {"数量", 1500, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.###"},
-    {"单价", 1350, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.00"},
-    {"金额", 1650, flexDTDouble, flexAlignRightCenter, false, 0, "#,##0.00"},
-    {"仓库", 1300, flexDTString, flexAlignLeftCenter, true, 20, ""},
-    {"交货日期", 1550, flexDTDate, flexAlignRightCenter, true, 0, "yyyy-mm-dd"},
-    {"赠品", 650, flexDTBoolean, flexAlignCenterCenter, true, 0, ""},
-    {"备注", 2200, flexDTString, flexAlignLeftCenter, true, 100, ""},
-};
 
 /// Holds a flag for the length of a block.
 class Span {
@@ -67,7 +40,7 @@ QString normalized(const QString& code) {
 }
 }  // namespace
 
-OrderGrid::OrderGrid(kxGrid& grid, FindGoods findGoods) : grid_(grid), findGoods_(std::move(findGoods)) {
+OrderGrid::OrderGrid(kxGrid& grid, Services services) : grid_(grid), services_(std::move(services)) {
     setUpColumns();
     setUpRules();
     connectEvents();
@@ -78,46 +51,6 @@ OrderGrid::OrderGrid(kxGrid& grid, FindGoods findGoods) : grid_(grid), findGoods
 
 OrderGrid::~OrderGrid() {
     for (Connection& connection : connections_) connection.disconnect();
-}
-
-void OrderGrid::setUpColumns() {
-    std::string captions;
-    for (const ColumnPlan& plan : Plan) captions += (captions.empty() ? "" : "|") + std::string(plan.caption);
-    grid_.FormatString(captions);
-    for (int c = 0; c < ColumnCount; ++c) {
-        const ColumnPlan& plan = Plan[c];
-        const auto definition = grid_.VsCtrl(static_cast<std::int16_t>(c));
-        definition->sName(plan.caption);
-        definition->iType(plan.type);
-        definition->iColAlignment(plan.alignment);
-        definition->bIsEditable(plan.editable);
-        definition->iLimitLength(plan.limit);
-        if (!plan.editable && c >= grid_.FixedCols()) {
-            definition->b是否设列颜色(true);
-            definition->d列背景色(ButtonFace);
-            definition->d列前景色(ButtonText);
-        }
-        grid_.ColWidth(c, plan.width);
-        if (*plan.format) grid_.ColFormat(c, plan.format);
-    }
-}
-
-void OrderGrid::setUpRules() {
-    // A known code brings everything up to the price: Enter goes straight to the quantity.
-    grid_.VsCtrl(Code)->sCellInput("," + std::to_string(Quantity));
-    for (const Column summed : {Quantity, Amount}) grid_.VsCtrl(summed)->b是否合计数据(true);
-
-    const auto delivery = grid_.VsCtrl(Delivery);
-    delivery->i有效性判断(1);
-    delivery->i字段有效性判断类型(ij日期型);
-    for (const Column copied : {Warehouse, Delivery}) {
-        grid_.VsCtrl(copied)->sDefaultText_Name("[-1,]");
-        grid_.VsCtrl(copied)->sDefaultText_Code("[-1,]");
-    }
-    // A price of 0 is a price: it is shown, and it comes back from the database as it was.
-    grid_.bIsShowZero(true);
-    grid_.BackColorBkg(ButtonFace);
-    grid_.SumRow(true);
 }
 
 void OrderGrid::connectEvents() {
@@ -133,8 +66,18 @@ void OrderGrid::connectEvents() {
                                                      text(row, Code), text(row, Name)));
     }));
     all.push_back(grid_.AfterDeleteVsRow.connect([this] { emit changed(); }));
-    all.push_back(grid_.AfterEdit.connect([this](std::int32_t row, std::int32_t) {
+    all.push_back(grid_.TxtValidBmS.connect([this](const std::string& query, const std::string& codeField,
+                                                   const std::string& nameField, const std::string& typed,
+                                                   std::string& code, std::string& name) {
+        const CodeAndName known =
+            confirm(QString::fromStdString(query), QString::fromStdString(codeField),
+                    QString::fromStdString(nameField), normalized(QString::fromStdString(typed)));
+        code = known.code.toStdString();
+        name = known.name.toStdString();
+    }));
+    all.push_back(grid_.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         settle(row);
+        settleTyped(row, static_cast<Column>(col));
         emit changed();
     }));
     // Fills, copies and pastes of the control itself raise no AfterEdit. They are settled when the control is
@@ -155,7 +98,7 @@ void OrderGrid::clear(const QDate& delivery) {
         const Span span(writing_);
         grid_.ReDraw(false);
         clearRows(SheetRows);
-        put(grid_.FixedRows(), Delivery, delivery.toString(Qt::ISODate), delivery.toString(Qt::ISODate));
+        putDelivery(grid_.FixedRows(), delivery);
         grid_.ReDraw(true);
         select(grid_.FixedRows(), Code);
     }
@@ -180,8 +123,7 @@ void OrderGrid::presetDelivery(const QDate& delivery) {
     if (!lines().empty()) return;
     const Span span(writing_);
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row)
-        if (!text(row, Delivery).isEmpty())
-            put(row, Delivery, delivery.toString(Qt::ISODate), delivery.toString(Qt::ISODate));
+        if (!text(row, Delivery).isEmpty()) putDelivery(row, delivery);
 }
 
 void OrderGrid::markSaved() {
@@ -194,20 +136,30 @@ void OrderGrid::select(std::int32_t row, std::int32_t col) {
     grid_.Grid().Select(row, col);
 }
 
-bool OrderGrid::commit() {
-    if (!grid_.ValidTextData()) return false;
-    settleAll();
-    return true;
-}
-
 // --- Cells and lines.
 
 QString OrderGrid::text(std::int32_t row, Column col) const {
     return QString::fromStdString(grid_.Grid().Text(row, col));
 }
 
+QString OrderGrid::tag(std::int32_t row, Column col) const {
+    return QString::fromStdString(grid_.Grid().Data(row, col));
+}
+
+QString OrderGrid::caption(Column col) const {
+    return QString::fromStdString(grid_.VsCtrl(static_cast<std::int16_t>(col))->sName());
+}
+
 void OrderGrid::put(std::int32_t row, Column col, const QString& text, const QString& tag) {
     grid_.SetCell(row, col, text.toStdString(), tag.toStdString());
+    // The rules of the current cell look at the editor's tag.
+    if (row == grid_.Row() && col == grid_.Col()) grid_.TextTag(tag.toStdString());
+}
+
+void OrderGrid::putDelivery(std::int32_t row, const QDate& delivery) {
+    const QString day = delivery.toString(Qt::ISODate);
+    put(row, Delivery, day, day);
+    put(row, Slot, day + u" 上午"_s, day + u" 上午"_s);
 }
 
 void OrderGrid::write(std::int32_t row, const OrderLine& line) {
@@ -216,13 +168,16 @@ void OrderGrid::write(std::int32_t row, const OrderLine& line) {
     markCode(row, !line.code.isEmpty() && line.name.isEmpty());
     put(row, Spec, line.spec);
     put(row, Unit, line.unit);
-    put(row, Quantity, ::text(line.quantity, QuantityDecimals));
+    const QString quantity = ::text(line.quantity, QuantityDecimals);
+    put(row, Quantity, quantity, quantity);
     put(row, Price, ::text(line.price, PriceDecimals));
     put(row, Amount, ::text(line.amount, PriceDecimals));
-    put(row, Warehouse, line.warehouse);
+    put(row, Warehouse, line.warehouse, line.warehouse);
     put(row, Delivery, line.delivery.toString(Qt::ISODate), line.delivery.toString(Qt::ISODate));
+    put(row, Slot, line.slot, line.slot);
     if (line.gift) put(row, Gift, u"-1"_s);
     put(row, Remark, line.remark);
+    put(row, Entered, timeText(line.entered), timeText(line.entered));
 }
 
 OrderLine OrderGrid::read(std::int32_t row) const {
@@ -238,7 +193,9 @@ OrderLine OrderGrid::read(std::int32_t row) const {
     line.delivery = date(text(row, Delivery));
     const QString gift = text(row, Gift);
     line.gift = !gift.isEmpty() && gift != u"0";
+    line.slot = text(row, Slot);
     line.remark = text(row, Remark);
+    line.entered = timeOf(text(row, Entered));
     return line;
 }
 
@@ -249,30 +206,6 @@ std::vector<OrderLine> OrderGrid::lines() const {
         if (!line.isEmpty()) result.push_back(std::move(line));
     }
     return result;
-}
-
-std::optional<OrderGrid::Problem> OrderGrid::problem() const {
-    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
-        const auto bad = [&](Column col, const char16_t* why) {
-            return Problem{row, col,
-                           u"第 %1 行的%2“%3”%4"_s.arg(QString::number(row - grid_.FixedRows() + 1),
-                                                       QString::fromUtf8(Plan[col].caption), text(row, col),
-                                                       QString::fromUtf16(why))};
-        };
-        const OrderLine line = read(row);
-        if (!line.quantity && !text(row, Quantity).isEmpty()) return bad(Quantity, u"太大,无法保存");
-        if (!line.price && !text(row, Price).isEmpty()) return bad(Price, u"太大,无法保存");
-        if (line.quantity && line.price && !line.amount) return bad(Quantity, u"乘以单价太大,无法保存");
-        if (!line.delivery.isValid() && !text(row, Delivery).isEmpty()) return bad(Delivery, u"不是日期");
-    }
-    return std::nullopt;
-}
-
-int OrderGrid::unknownGoods() const {
-    const std::vector<OrderLine> all = lines();
-    return static_cast<int>(std::count_if(all.begin(), all.end(), [](const OrderLine& line) {
-        return !line.code.isEmpty() && line.name.isEmpty();
-    }));
 }
 
 // --- What follows from what was typed.
@@ -288,6 +221,28 @@ void OrderGrid::settle(std::int32_t row) {
     const Span span(writing_);
     settleGoods(row);
     settleAmount(row);
+    settleWarehouse(row);
+}
+
+// What follows from what the clerk has typed himself, but not from what the control has filled.
+void OrderGrid::settleTyped(std::int32_t row, Column col) {
+    const Span span(writing_);
+    const QString slot = text(row, Slot);
+    const QString day = text(row, Delivery);
+    if (col == Delivery && !day.isEmpty() && slot.contains(u' ')) {
+        const QString moved = day + slot.mid(slot.indexOf(u' '));
+        put(row, Slot, moved, moved);
+    }
+    if (col != Entered && text(row, Entered).isEmpty() && !read(row).isEmpty()) {
+        const QString now = timeText(services_.now());
+        put(row, Entered, now, now);
+    }
+}
+
+// The tag is where the rule "not empty" looks.
+void OrderGrid::settleWarehouse(std::int32_t row) {
+    const QString name = text(row, Warehouse);
+    if (tag(row, Warehouse) != name) put(row, Warehouse, name, name);
 }
 
 void OrderGrid::settleGoods(std::int32_t row) {
@@ -296,7 +251,7 @@ void OrderGrid::settleGoods(std::int32_t row) {
     if (code != text(row, Code)) put(row, Code, code);
     if (code.toStdString() == grid_.Grid().Data(row, Name)) return;
     try {
-        putGoods(row, code, code.isEmpty() ? std::nullopt : findGoods_(code));
+        putGoods(row, code, code.isEmpty() ? std::nullopt : services_.goods(code));
     } catch (const DatabaseError& error) {
         emit said(u"货号 %1 没有查到品名:"_s.arg(code) + error.text().simplified(), true);
     }
@@ -324,9 +279,12 @@ void OrderGrid::markCode(std::int32_t row, bool unknown) {
 }
 
 void OrderGrid::settleAmount(std::int32_t row) {
+    // The number goes into the tag as well: that is where the rule "not zero" looks.
     const auto rounded = [&](Column col, int decimals) {
-        const std::optional<std::int64_t> value = number(text(row, col), decimals);
-        if (value && text(row, col) != ::text(value, decimals)) put(row, col, ::text(value, decimals));
+        const QString typed = text(row, col);
+        const std::optional<std::int64_t> value = number(typed, decimals);
+        const QString wanted = value ? ::text(value, decimals) : typed;
+        if (typed != wanted || tag(row, col) != wanted) put(row, col, wanted, wanted);
         return value;
     };
     const std::optional<Thousandths> quantity = rounded(Quantity, QuantityDecimals);
@@ -338,44 +296,4 @@ void OrderGrid::settleAmount(std::int32_t row) {
     }
     const QString wanted = ::text(amount, PriceDecimals);
     if (text(row, Amount) != wanted) put(row, Amount, wanted);
-}
-
-// --- Looks.
-
-QString OrderGrid::hint() const {
-    switch (grid_.Col()) {
-        case Code:
-            return u"输入货号后按回车,带出品名、规格、单位和单价"_s;
-        case Name:
-        case Spec:
-            return u"由货号带出,不能修改"_s;
-        case Unit:
-            return u"由货号带出,可以修改"_s;
-        case Quantity:
-            return u"可以输入算式,例如 12*3+5;回车到单价"_s;
-        case Price:
-            return u"由货号带出,可以修改,也可以输入算式"_s;
-        case Amount:
-            return u"数量 × 单价,自动计算到分"_s;
-        case Warehouse:
-            return u"输入仓库;新行沿用上一行"_s;
-        case Delivery:
-            return u"年-月-日;新行沿用上一行"_s;
-        case Gift:
-            return u"按空格键切换"_s;
-        case Remark:
-            return u"回车到下一行的货号"_s;
-        default:
-            return {};
-    }
-}
-
-void OrderGrid::fitWidth(std::int32_t width) {
-    std::int32_t others = grid_.Grid().VerticalBarShown() ? CellGrid::VerticalBarWidth : 0;
-    for (std::int32_t c = 0; c < Remark; ++c) others += grid_.ColWidth(c);
-    // The control's layout counts columns as too wide when they leave less than 60 twips beside them.
-    const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 90);
-    if (rest == grid_.ColWidth(Remark)) return;
-    grid_.ColWidth(Remark, rest);
-    grid_.Grid_Sum().ColWidth(Remark, rest);  // otherwise it follows with the next layout only
 }

@@ -2,6 +2,7 @@
 // between the grid's texts and an order's lines. Knows no window, so it works on any control.
 #pragma once
 
+#include <QDateTime>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -31,18 +32,28 @@ class OrderGrid : public QObject {
         Amount,
         Warehouse,
         Delivery,
+        Slot,
         Gift,
         Remark,
+        Entered,
         ColumnCount
     };
 
-    /// Answers goods by code, nothing for an unknown one; may throw DatabaseError.
-    using FindGoods = std::function<std::optional<Goods>(const QString& code)>;
+    /// What the grid's host needs of the world. The first two answer nothing for an unknown code, and may
+    /// throw DatabaseError.
+    struct Services {
+        std::function<std::optional<Goods>(const QString& code)> goods;
+        /// The record of a query whose code field holds the text.
+        std::function<std::optional<CodeAndName>(const QString& query, const QString& codeField,
+                                                 const QString& nameField, const QString& text)>
+            find;
+        std::function<QDateTime()> now;
+    };
     /// Whether a row with content may go; the text names it.
     using MayDelete = std::function<bool(const QString& row)>;
 
-    /// Both must outlive this; sets up the columns.
-    OrderGrid(kxVsGrid::kxGrid& grid, FindGoods findGoods);
+    /// The grid must outlive this; sets up its columns.
+    OrderGrid(kxVsGrid::kxGrid& grid, Services services);
     ~OrderGrid() override;
 
     void mayDelete(MayDelete ask) { mayDelete_ = std::move(ask); }
@@ -56,18 +67,19 @@ class OrderGrid : public QObject {
     /// The lines as they stand, without an editor that is still open. Lines that say nothing are left out.
     std::vector<OrderLine> lines() const;
 
-    /// A cell whose text cannot be kept.
+    /// A cell that keeps the order from being saved.
     struct Problem {
         std::int32_t row = 0;
         std::int32_t col = 0;
-        QString text;
+        QString text;        ///< names row, column and reason
+        bool shown = false;  ///< the control has told the clerk in a message box
     };
-    std::optional<Problem> problem() const;
-    /// How many lines name goods that the catalogue does not know.
-    int unknownGoods() const;
+    /// The first one, row by row; to be asked after commit().
+    std::optional<Problem> firstProblem();
     void select(std::int32_t row, std::int32_t col);
 
-    /// Takes over what is being typed and what follows from it; false when it is refused.
+    /// Takes over what is being typed and what follows from it; false when it is refused and still in the
+    /// editor.
     bool commit();
     /// The clerk has typed something since markSaved(), clear() or show().
     bool typed() const { return grid_.bIsDirty(); }
@@ -94,17 +106,28 @@ class OrderGrid : public QObject {
     void write(std::int32_t row, const OrderLine& line);
     OrderLine read(std::int32_t row) const;
     QString text(std::int32_t row, Column col) const;
+    QString tag(std::int32_t row, Column col) const;
+    QString caption(Column col) const;
     void put(std::int32_t row, Column col, const QString& text, const QString& tag = {});
+    void putDelivery(std::int32_t row, const QDate& delivery);
+
+    /// Answers a code check; an empty name refuses the text.
+    CodeAndName confirm(const QString& query, const QString& codeField, const QString& nameField,
+                        const QString& typed);
+    static bool isRuled(const OrderLine& line, Column col);
+    static QString whyUnsavable(const OrderLine& line, Column col, const QString& text);
 
     void settleAll();
     void settle(std::int32_t row);
+    void settleTyped(std::int32_t row, Column col);
+    void settleWarehouse(std::int32_t row);
     void settleGoods(std::int32_t row);
     void settleAmount(std::int32_t row);
     void markCode(std::int32_t row, bool unknown);
     void putGoods(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
 
     kxVsGrid::kxGrid& grid_;
-    FindGoods findGoods_;
+    Services services_;
     MayDelete mayDelete_;
     std::vector<kxVsGrid::Connection> connections_;
     QTimer settleLater_;

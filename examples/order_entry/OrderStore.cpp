@@ -11,6 +11,15 @@ QVariant orNull(const QDate& date) {
     return date.isValid() ? QVariant(date.toString(Qt::ISODate)) : QVariant(QMetaType::fromType<QString>());
 }
 
+QVariant orNull(const QDateTime& moment) {
+    return moment.isValid() ? QVariant(timeText(moment)) : QVariant(QMetaType::fromType<QString>());
+}
+
+// An empty text that stands for nothing.
+QVariant orNull(const QString& text) {
+    return text.isEmpty() ? QVariant(QMetaType::fromType<QString>()) : QVariant(text);
+}
+
 // A null QString would be stored as NULL.
 QVariant filled(const QString& text) {
     return text.isNull() ? u""_s : text;
@@ -34,6 +43,8 @@ OrderLine lineOf(const QSqlQuery& row) {
     line.delivery = QDate::fromString(row.value(8).toString(), Qt::ISODate);
     line.gift = row.value(9).toBool();
     line.remark = row.value(10).toString();
+    line.slot = row.value(11).toString();
+    line.entered = timeOf(row.value(12).toString());
     return line;
 }
 }  // namespace
@@ -53,7 +64,7 @@ std::optional<Order> OrderStore::load(qint64 id) const {
     QSqlQuery lines = database_.run(
         attempt,
         u"SELECT goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse,"
-        " delivery_date, is_gift, remark FROM order_line WHERE order_id = ? ORDER BY line_no"_s,
+        " delivery_date, is_gift, remark, delivery_slot, entered_at FROM order_line WHERE order_id = ? ORDER BY line_no"_s,
         {id});
     while (lines.next()) order.lines.push_back(lineOf(lines));
     return order;
@@ -97,14 +108,14 @@ void OrderStore::writeHead(Order& order, const QString& attempt) {
 void OrderStore::writeLines(const Order& order, const QString& attempt) {
     int number = 0;
     for (const OrderLine& line : order.lines) {
-        database_.run(
-            attempt,
-            u"INSERT INTO order_line (order_id, line_no, goods_code, goods_name, spec, unit,"
-            " quantity_milli, price_cents, amount_cents, warehouse, delivery_date, is_gift, remark)"
-            " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
-            {order.id, ++number, filled(line.code), filled(line.name), filled(line.spec), filled(line.unit),
-             orNull(line.quantity), orNull(line.price), orNull(line.amount), filled(line.warehouse),
-             orNull(line.delivery), line.gift ? 1 : 0, filled(line.remark)});
+        database_.run(attempt,
+                      u"INSERT INTO order_line (order_id, line_no, goods_code, goods_name, spec, unit,"
+                      " quantity_milli, price_cents, amount_cents, warehouse, delivery_date, is_gift, remark,"
+                      " delivery_slot, entered_at) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+                      {order.id, ++number, filled(line.code), filled(line.name), filled(line.spec),
+                       filled(line.unit), orNull(line.quantity), orNull(line.price), orNull(line.amount),
+                       filled(line.warehouse), orNull(line.delivery), line.gift ? 1 : 0, filled(line.remark),
+                       orNull(line.slot), orNull(line.entered)});
     }
 }
 

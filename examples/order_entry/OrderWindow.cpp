@@ -20,16 +20,15 @@ QString money(Cents amount) {
 }
 }  // namespace
 
-OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, const QDate& today)
+OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Clock clock)
     : database_(databaseFile),
       catalogue_(database_),
       store_(database_),
       questions_(questions),
-      today_(today),
+      clock_(std::move(clock)),
       header_(new OrderHeader(this)),
       widget_(new kxVsGrid::qt::kxGridWidget(this)),
-      grid_(std::make_unique<OrderGrid>(widget_->grid(),
-                                        [this](const QString& code) { return catalogue_.goods(code); })),
+      grid_(std::make_unique<OrderGrid>(widget_->grid(), services())),
       state_(new QLabel(this)),
       hint_(new QLabel(this)),
       message_(new QLabel(this)),
@@ -38,7 +37,16 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, cons
     addActions();
     addStatus();
     connectParts();
-    resize(1180, 720);
+    resize(1264, 720);
+}
+
+OrderGrid::Services OrderWindow::services() {
+    OrderGrid::Services result;
+    result.goods = [this](const QString& code) { return catalogue_.goods(code); };
+    result.find = [this](const QString& query, const QString& codeField, const QString& nameField,
+                         const QString& text) { return catalogue_.find(query, codeField, nameField, text); };
+    result.now = clock_;
+    return result;
 }
 
 // The grid's host goes before the grid: what the control still raises while it goes finds nobody.
@@ -98,10 +106,10 @@ bool OrderWindow::newOrder() {
 
 void OrderWindow::startNewOrder() {
     Order order;
-    order.date = today_;
+    order.date = clock_().date();
     say({});
     try {
-        if (database_.isOpen()) order.number = store_.nextNumber(today_);
+        if (database_.isOpen()) order.number = store_.nextNumber(order.date);
     } catch (const DatabaseError& error) {
         say(error.text().simplified(), true);
     }
@@ -206,15 +214,19 @@ bool OrderWindow::readyToSave() {
         return refuse(what);
     };
     if (order.number.isEmpty()) return missing(OrderHeader::Field::Number, u"请输入单号"_s);
-    if (order.customer == 0) return missing(OrderHeader::Field::Customer, u"请选择客户"_s);
+    if (order.customer == 0)
+        return missing(OrderHeader::Field::Customer,
+                       header_->customerUnclear() ? u"没有这个客户,请重新选择"_s : u"请选择客户"_s);
     if (order.lines.empty()) {
         enterLines();
         return refuse(u"订单还没有明细"_s);
     }
-    if (const auto problem = grid_->problem()) {
+    if (const auto problem = grid_->firstProblem()) {
         enterLines();
         grid_->select(problem->row, problem->col);
-        return refuse(problem->text);
+        if (!problem->shown) return refuse(problem->text);
+        say(problem->text + u",订单没有保存"_s, true);
+        return false;
     }
     return true;
 }
@@ -233,11 +245,8 @@ bool OrderWindow::save() {
     saved_ = order;
     grid_->markSaved();
     refresh();
-    QString text = u"订单 %1 已保存:%2 行,金额 %3"_s.arg(order.number, QString::number(order.lines.size()),
-                                                         money(order.total()));
-    const int unknown = grid_->unknownGoods();
-    if (unknown > 0) text += u";其中 %1 行的货号不在商品目录中"_s.arg(unknown);
-    say(text, unknown > 0);
+    say(u"订单 %1 已保存:%2 行,金额 %3"_s.arg(order.number, QString::number(order.lines.size()),
+                                              money(order.total())));
     return true;
 }
 

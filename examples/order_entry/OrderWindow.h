@@ -3,14 +3,15 @@
 
 #include <QDate>
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 
 #include "Catalogue.h"
 #include "Database.h"
+#include "OrderGrid.h"
 #include "OrderStore.h"
 #include "Questions.h"
 
-class OrderGrid;
 class OrderHeader;
 class QLabel;
 
@@ -22,8 +23,11 @@ class OrderWindow : public QMainWindow {
     Q_OBJECT
 
   public:
+    /// The current date and time.
+    using Clock = std::function<QDateTime()>;
+
     /// `questions` must outlive the window.
-    OrderWindow(const QString& databaseFile, Questions& questions, const QDate& today);
+    OrderWindow(const QString& databaseFile, Questions& questions, Clock clock);
     ~OrderWindow() override;
 
     /// Opens the database, reporting what goes wrong; without one everything but saving works. Called once
@@ -51,6 +55,7 @@ class OrderWindow : public QMainWindow {
 
   private:
     void layOut();
+    OrderGrid::Services services();
     void connectParts();
     void addActions();
     void addStatus();
@@ -77,7 +82,7 @@ class OrderWindow : public QMainWindow {
     Catalogue catalogue_;
     OrderStore store_;
     Questions& questions_;
-    QDate today_;
+    Clock clock_;
     Order saved_;  ///< what the database holds; for a new order what the window proposed
 
     OrderHeader* header_;

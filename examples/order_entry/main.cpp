@@ -1,6 +1,7 @@
 // 销售订单录入: order entry with the data-entry grid on an embedded database.
 //
-//     order_entry [--db FILE] [--seed-only] [--today YYYY-MM-DD] [--keys FILE] [--picture FILE]
+//     order_entry [--db FILE] [--seed-only] [--today YYYY-MM-DD | --now "YYYY-MM-DD HH:MM:SS"]
+//                 [--keys FILE] [--picture FILE]
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
@@ -20,7 +21,7 @@ namespace {
 struct Options {
     QString database;
     bool seedOnly = false;
-    QDate today = QDate::currentDate();
+    OrderWindow::Clock clock = [] { return QDateTime::currentDateTime(); };
     QString keys;
     QString picture;
 };
@@ -33,6 +34,7 @@ Options readOptions() {
         {u"db"_s, u"数据库文件;不存在时建立"_s, u"文件"_s},
         {u"seed-only"_s, u"只建立数据库,不显示窗口"_s},
         {u"today"_s, u"当作今天的日期"_s, u"yyyy-mm-dd"_s},
+        {u"now"_s, u"当作现在的日期和时间,不再走动"_s, u"yyyy-mm-dd HH:mm:ss"_s},
         {u"keys"_s, u"播放按键脚本,然后退出(格式见 KeyPlayer.h)"_s, u"文件"_s},
         {u"picture"_s, u"退出之前把窗口保存为 PNG 图片"_s, u"文件"_s},
     });
@@ -44,7 +46,9 @@ Options readOptions() {
             QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + u"/orders.sqlite"_s;
     options.seedOnly = parser.isSet(u"seed-only"_s);
     const QDate today = QDate::fromString(parser.value(u"today"_s), Qt::ISODate);
-    if (today.isValid()) options.today = today;
+    if (today.isValid()) options.clock = [today] { return QDateTime(today, QTime::currentTime()); };
+    const QDateTime now = timeOf(parser.value(u"now"_s));
+    if (now.isValid()) options.clock = [now] { return now; };
     options.keys = parser.value(u"keys"_s);
     options.picture = parser.value(u"picture"_s);
     return options;
@@ -101,7 +105,7 @@ int main(int argc, char** argv) {
     const Options options = readOptions();
     if (options.seedOnly) return seed(options.database);
     Questions questions;
-    OrderWindow window(options.database, questions, options.today);
+    OrderWindow window(options.database, questions, options.clock);
     window.show();
     if (!options.keys.isEmpty() || !options.picture.isEmpty()) return playKeys(window, options);
     window.start();

@@ -5,10 +5,10 @@ import sqlite3
 
 from desktop import wait_for
 
-TODAY = "2026-11-20"
+NOW = "2026-11-20 09:30:00"
 LINE_COLUMNS = (
     "goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse, delivery_date, is_gift,"
-    " remark"
+    " remark, delivery_slot, entered_at"
 )
 
 
@@ -18,7 +18,7 @@ class OrderWindow:
     def __init__(self, desktop, program, database):
         self.database = desktop.folder / database
         self.window = desktop.open(
-            [os.path.abspath(program), "--db", str(self.database), "--today", TODAY], title="销售订单录入"
+            [os.path.abspath(program), "--db", str(self.database), "--now", NOW], title="销售订单录入"
         )
 
     def query(self, statement, *values):

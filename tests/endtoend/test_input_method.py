@@ -52,16 +52,17 @@ def key_case(window, number, case):
     def go_to_remark():
         window.keys(*["Right"] * 4)
         window.type(str(number))
-        window.keys("Return", *["Right"] * 5)
+        window.keys("Return", *["Right"] * 6)
 
     go_to_remark()
     if case.before:
         window.type(case.before)
-        window.keys("Return", "Up")
+        window.keys("Return", "Return", "Up")
         go_to_remark()
     for group in case.keys:
         window.keys(*group)
         window.desktop.settle()
+    window.keys("Return")  # the time of entry stays
 
 
 def check(rows):

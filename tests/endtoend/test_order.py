@@ -9,7 +9,7 @@ import decimal
 import sys
 
 from desktop import Desktop, Failure
-from order_window import OrderWindow
+from order_window import NOW, OrderWindow
 
 WAREHOUSE = "A-1"
 
@@ -76,7 +76,7 @@ def expected_rows(goods):
         delivery = "2026-11-27"
         rows.append(
             (code, name, spec, unit, int(quantity * 1000), int(price * 100), cents(quantity * price), warehouse)
-            + (delivery, int(line.gift), line.remark)
+            + (delivery, int(line.gift), line.remark, delivery + " 上午", NOW)
         )
     return rows
 
@@ -94,13 +94,13 @@ def key_line(window, code, line):
     if line.warehouse:
         window.type(line.warehouse)
     window.keys("Return")
-    window.keys("Return")  # the delivery date stays
+    window.keys("Return", "Return")  # delivery date and half day stay
     if line.gift:
         window.keys("space")
     window.keys("Return")
     if line.remark:
         window.type(line.remark)
-    window.keys("Return")
+    window.keys("Return", "Return")  # and so does the time of entry
 
 
 def key_wrong_line_and_delete_it(window, code):

@@ -3,12 +3,41 @@
 #include <QDir>
 #include <QFile>
 #include <QSet>
+#include <QSqlError>
 
 #include "Catalogue.h"
+#include "OrderStore.h"
 #include "SampleData.h"
 #include "Scratch.h"
 
 namespace {
+// The file as it is, without what opening it through the program does.
+class Connection {
+  public:
+    explicit Connection(const QString& file) : database_(QSqlDatabase::addDatabase("QSQLITE", "raw")) {
+        database_.setDatabaseName(file);
+        EXPECT_TRUE(database_.open());
+    }
+    ~Connection() {
+        database_ = {};
+        QSqlDatabase::removeDatabase("raw");
+    }
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    void run(const QString& statement) {
+        QSqlQuery query(database_);
+        EXPECT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();
+    }
+    QVariant value(const QString& statement) {
+        QSqlQuery query(database_);
+        return query.exec(statement) && query.next() ? query.value(0) : QVariant();
+    }
+
+  private:
+    QSqlDatabase database_;
+};
+
 class DatabaseFile : public Scratch {
   protected:
     static QString failure(const QString& file) {
@@ -18,6 +47,25 @@ class DatabaseFile : public Scratch {
             return error.text();
         }
         return "opened";
+    }
+
+    /// A file as the program's first version left it, with order 7 of one line.
+    void makeEarlierLayout() {
+        Connection connection(madeDatabase());
+        connection.run("DROP TABLE order_line");
+        connection.run(
+            "CREATE TABLE order_line (order_id INTEGER NOT NULL REFERENCES sales_order (id) ON DELETE "
+            "CASCADE,"
+            " line_no INTEGER NOT NULL, goods_code TEXT NOT NULL, goods_name TEXT NOT NULL, spec TEXT NOT "
+            "NULL,"
+            " unit TEXT NOT NULL, quantity_milli INTEGER, price_cents INTEGER, amount_cents INTEGER,"
+            " warehouse TEXT NOT NULL, delivery_date TEXT, is_gift INTEGER NOT NULL, remark TEXT NOT NULL,"
+            " PRIMARY KEY (order_id, line_no))");
+        connection.run("INSERT INTO sales_order VALUES (7, 'A-7', '2026-02-20', 1, 1)");
+        connection.run(
+            "INSERT INTO order_line VALUES (7, 1, '100001', '螺栓', 'M8', '个', 5000, 300, 1500, '主仓库',"
+            " '2026-02-28', 0, '旧行')");
+        connection.run("PRAGMA user_version = 1");
     }
 };
 }  // namespace
@@ -80,6 +128,48 @@ TEST_F(DatabaseFile, OfANewerProgramIsRefused) {
     EXPECT_TRUE(failure(databaseFile()).contains("99"));
 }
 
+TEST_F(DatabaseFile, OfTheEarlierLayoutIsUpgradedAndKeepsItsOrders) {
+    makeEarlierLayout();
+    Database database(databaseFile());
+    EXPECT_EQ(value(database, "PRAGMA user_version").toInt(), 2);
+    OrderStore store(database);
+    Order old = *store.load(7);
+    ASSERT_EQ(old.lines.size(), 1u);
+    EXPECT_EQ(old.lines[0].remark, QString("旧行"));
+    EXPECT_EQ(old.lines[0].amount, 1500);
+    EXPECT_EQ(old.lines[0].slot, QString());
+    EXPECT_FALSE(old.lines[0].entered.isValid());
+    old.lines[0].slot = "2026-02-28 下午";
+    store.save(old);
+    EXPECT_TRUE(store.load(7) == old);
+}
+
+TEST_F(DatabaseFile, IsUpgradedOnceOnly) {
+    makeEarlierLayout();
+    Database(databaseFile()).open();
+    EXPECT_EQ(failure(databaseFile()), QString("opened"));
+}
+
+TEST_F(DatabaseFile, ThatCannotBeUpgradedIsReportedAndLeftAlone) {
+    makeEarlierLayout();
+    {
+        Connection connection(databaseFile());
+        connection.run("ALTER TABLE order_line ADD COLUMN entered_at TEXT");
+    }
+    const QString text = failure(databaseFile());
+    EXPECT_TRUE(text.contains("升级数据库失败")) << text.toStdString();
+    EXPECT_TRUE(text.contains(databaseFile())) << text.toStdString();
+    EXPECT_TRUE(text.contains("duplicate column name: entered_at")) << text.toStdString();
+    Connection connection(databaseFile());
+    EXPECT_EQ(connection.value("PRAGMA user_version").toInt(), 1);
+    EXPECT_EQ(connection
+                  .value("SELECT COUNT(*) FROM pragma_table_info('order_line')"
+                         " WHERE name = 'delivery_slot'")
+                  .toInt(),
+              0);
+    EXPECT_EQ(connection.value("SELECT remark FROM order_line").toString(), QString("旧行"));
+}
+
 TEST_F(DatabaseFile, CanBeOpenedOnceTheObstacleIsGone) {
     ASSERT_TRUE(QDir().mkpath(databaseFile()));
     Database database(databaseFile());
@@ -130,4 +220,16 @@ TEST_F(DatabaseFile, FindsGoodsByCodeNameOrInitials) {
     EXPECT_EQ(catalogue.goodsStartingWith(first.name, 10).front().name, first.name);
     EXPECT_TRUE(catalogue.goodsStartingWith("bxgljls", 10).front().name.startsWith("不锈钢六角螺栓"));
     EXPECT_TRUE(catalogue.goodsStartingWith("%", 10).empty());
+}
+
+TEST_F(DatabaseFile, ConfirmsACodeOfAnyQueryByItsFields) {
+    Database database(madeDatabase());
+    const Catalogue catalogue(database);
+    const auto found = catalogue.find("SELECT code, name FROM goods", "code", "name", "100001");
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->code, QString("100001"));
+    EXPECT_EQ(found->name, catalogue.goods("100001")->name);
+    EXPECT_EQ(catalogue.find("SELECT code, name FROM warehouse", "code", "name", "C01")->name,
+              QString("主仓库"));
+    EXPECT_FALSE(catalogue.find("SELECT code, name FROM goods", "code", "name", "' OR '1' = '1"));
 }

@@ -18,6 +18,8 @@ TEST_F(StoredOrders, ComeBackAsTheyWereSaved) {
     full.unit = "个";
     full.warehouse = "主仓库";
     full.delivery = QDate(2026, 2, 28);
+    full.slot = "2026-02-28 下午";
+    full.entered = QDateTime(QDate(2026, 2, 1), QTime(8, 5, 9));
     full.gift = true;
     full.remark = "加急 'quoted' %1";
     OrderLine note;

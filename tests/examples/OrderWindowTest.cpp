@@ -44,7 +44,8 @@ class PreparedAnswers : public Questions {
 class OrderEntry : public Scratch {
   protected:
     void open(const QString& file) {
-        window = std::make_unique<OrderWindow>(file, answers, QDate(2026, 11, 20));
+        window = std::make_unique<OrderWindow>(file, answers,
+                                               [] { return QDateTime(QDate(2026, 11, 20), QTime(9, 30)); });
         window->show();
         QApplication::setActiveWindow(window.get());
         window->start();
@@ -72,7 +73,7 @@ class OrderEntry : public Scratch {
     // A whole order by keyboard alone.
     void typeOrder() {
         play({"type K0002", "key Enter", "type 100001", "key Enter", "type 12*3", "key Enter", "type 2.5",
-              "key Enter"});
+              "key Enter", "type 主仓库", "key Enter"});
     }
 
     PreparedAnswers answers;
@@ -122,7 +123,7 @@ TEST_F(OrderEntry, SavesAndOpensTheSameOrder) {
 TEST_F(OrderEntry, SavesWhatIsStillBeingTyped) {
     open();
     typeOrder();
-    play({"type 五金仓", "key Ctrl+S"});
+    play({"key F7", "key Left", "type 五金仓", "key Ctrl+S"});
     EXPECT_EQ(window->onScreen().lines.at(0).warehouse, QString("五金仓"));
     EXPECT_FALSE(window->hasUnsavedWork());
 }
@@ -194,7 +195,8 @@ TEST_F(OrderEntry, ADatabaseThatCannotBeOpenedIsReportedAndTheScreenStaysUsable)
     ASSERT_EQ(answers.problems.size(), 1);
     EXPECT_TRUE(answers.problems[0].contains(file)) << answers.problems[0].toStdString();
     EXPECT_TRUE(answers.problems[0].contains("无法打开数据库文件")) << answers.problems[0].toStdString();
-    play({"key F7", "type 100001", "key Enter", "type 3", "key Enter", "type 2", "key Enter"});
+    play({"key F7", "type 100001", "key Enter", "type 3", "key Enter", "type 2", "key Enter", "type 主仓库",
+          "key Enter"});
     EXPECT_EQ(cell(1, OrderGrid::Amount), QString("6.00"));
     EXPECT_FALSE(window->save());
     EXPECT_EQ(answers.problems.size(), 2);
@@ -236,7 +238,7 @@ TEST_F(OrderEntry, AnOrderThatSomebodyElseChangedCanBeSavedAsANewOne) {
     Order there = *store.load(window->onScreen().id);
     there.lines.clear();
     store.save(there);
-    play({"type 主仓库", "key Enter"});
+    play({"key Left", "type 五金仓", "key Enter"});
     EXPECT_FALSE(window->save());
     EXPECT_TRUE(window->hasUnsavedWork());
     EXPECT_EQ(store.load(there.id)->lines.size(), 0u);
@@ -244,7 +246,7 @@ TEST_F(OrderEntry, AnOrderThatSomebodyElseChangedCanBeSavedAsANewOne) {
     EXPECT_TRUE(window->save());
     EXPECT_EQ(window->header().number(), QString("XS-20261120-002"));
     EXPECT_EQ(store.list({}, 10).size(), 2u);
-    EXPECT_EQ(store.load(window->onScreen().id)->lines.at(0).warehouse, QString("主仓库"));
+    EXPECT_EQ(store.load(window->onScreen().id)->lines.at(0).warehouse, QString("五金仓"));
 }
 
 TEST_F(OrderEntry, ADatabaseFileThatWasRemovedIsMadeAnewAndTheOrderIsKept) {
@@ -296,7 +298,7 @@ TEST_F(OrderEntry, ACustomerIsFoundByItsInitials) {
 
 TEST_F(OrderEntry, AWholeRowIsVisibleAtTheFirstSize) {
     open();
-    EXPECT_EQ(window->size(), QSize(1180, 720));
+    EXPECT_EQ(window->size(), QSize(1264, 720));
     EXPECT_FALSE(grid().Grid().HorizontalBarShown());
 }
 
@@ -304,5 +306,64 @@ TEST_F(OrderEntry, SavesAPictureOfTheWindow) {
     open();
     const QString file = path("picture.png");
     play({"picture " + file});
-    EXPECT_EQ(QImage(file).size(), QSize(1180, 720));
+    EXPECT_EQ(QImage(file).size(), QSize(1264, 720));
+}
+
+TEST_F(OrderEntry, AnUnknownCodeIsRefusedInABoxCorrectedAndSaved) {
+    open();
+    play({"type K0002", "key Enter", "type 999999", "key Enter",
+          "key Enter",  // closes the box
+          "type 100001", "key Enter", "type 4", "key Enter", "key Enter", "type 主仓库", "key Enter",
+          "key Ctrl+S"});
+    EXPECT_TRUE(answers.problems.isEmpty()) << answers.problems.join('\n').toStdString();
+    EXPECT_EQ(window->onScreen().lines.at(0).code, QString("100001"));
+    EXPECT_FALSE(window->hasUnsavedWork());
+}
+
+TEST_F(OrderEntry, SavingLeadsToTheFirstFaultyCellAndNamesRowAndColumn) {
+    open();
+    typeOrder();
+    play({"key F7", "key Ctrl+S"});
+    ASSERT_FALSE(window->hasUnsavedWork());
+    play({"key Down", "key Home", "type 100002", "key Enter", "type 0", "key Enter", "key Ctrl+S",
+          "key Enter"});
+    EXPECT_TRUE(window->hasUnsavedWork());
+    EXPECT_EQ(window->message(), QString("第 2 行的数量不能为零,订单没有保存"));
+    EXPECT_EQ(grid().Row(), 2);
+    EXPECT_EQ(grid().Col(), OrderGrid::Quantity);
+    EXPECT_TRUE(grid().IsActive());
+    EXPECT_FALSE(grid().editorView().visible);
+    play({"type 3", "key Enter", "key Ctrl+S"});
+    EXPECT_FALSE(window->hasUnsavedWork()) << window->message().toStdString();
+    Database database(databaseFile());
+    EXPECT_EQ(value(database, "SELECT quantity_milli FROM order_line WHERE line_no = 2").toInt(), 3000);
+}
+
+TEST_F(OrderEntry, ARefusedTextIsNotSavedAndNotToldTwice) {
+    open();
+    typeOrder();
+    play({"key F7", "type 2011-02-30", "key Enter", "key Enter", "key Ctrl+S"});
+    EXPECT_EQ(window->onScreen().id, 0);
+    EXPECT_TRUE(window->message().contains("没有保存")) << window->message().toStdString();
+    EXPECT_TRUE(grid().editorView().visible);
+    EXPECT_EQ(grid().Text(), "2011-02-30");
+}
+
+TEST_F(OrderEntry, ACustomerThatNobodyKnowsIsRefusedBySaving) {
+    open();
+    typeOrder();
+    window->header().findChild<CustomerBox*>("customer")->setText("无此客户");
+    EXPECT_FALSE(window->save());
+    EXPECT_EQ(answers.problems.value(0), QString("没有这个客户,请重新选择"));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QString("customer"));
+}
+
+TEST_F(OrderEntry, SavesHalfDayAndTimeOfEntry) {
+    open();
+    typeOrder();
+    play({"key F7", "type 2026/12/5", "key Enter", "type 2026-12-5 下午", "key Enter", "key Ctrl+S"});
+    Database database(databaseFile());
+    EXPECT_EQ(value(database, "SELECT delivery_slot FROM order_line").toString(), QString("2026-12-05 下午"));
+    EXPECT_EQ(value(database, "SELECT entered_at FROM order_line").toString(),
+              QString("2026-11-20 09:30:00"));
 }

@@ -1,0 +1,115 @@
+// What the grid asks its host while it checks a typed text, and what the host checks before it saves.
+#include "OrderGrid.h"
+
+using namespace kxVsGrid;
+using namespace Qt::StringLiterals;
+
+namespace {
+/// The current cell and the part of the grid that is in view, put back at the end of a block.
+class Place {
+  public:
+    explicit Place(kxGrid& grid)
+        : grid_(grid.Grid()),
+          row_(grid_.Row()),
+          col_(grid_.Col()),
+          top_(grid_.TopRow()),
+          left_(grid_.LeftCol()) {}
+    ~Place() {
+        if (leaving_) return;
+        grid_.Select(row_, col_);
+        grid_.TopRow(top_);
+        grid_.LeftCol(left_);
+    }
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+
+    /// The clerk goes where the grid stands now.
+    void leave() { leaving_ = true; }
+
+  private:
+    CellGrid& grid_;
+    std::int32_t row_;
+    std::int32_t col_;
+    std::int32_t top_;
+    std::int32_t left_;
+    bool leaving_ = false;
+};
+
+bool isHalfDay(const QString& text) {
+    const QString half = text.section(u' ', 1);
+    return QDate::fromString(text.section(u' ', 0, 0), Qt::ISODate).isValid() &&
+           (half == u"上午" || half == u"下午");
+}
+}  // namespace
+
+CodeAndName OrderGrid::confirm(const QString& query, const QString& codeField, const QString& nameField,
+                               const QString& typed) {
+    // An empty code is asked about like any other. A line without goods is a note; any name says yes to it.
+    if (typed.isEmpty()) return {{}, u"无货号"_s};
+    try {
+        return services_.find(query, codeField, nameField, typed).value_or(CodeAndName{});
+    } catch (const DatabaseError&) {
+        // Nobody knows: the clerk goes on, settleGoods says why, and the code is looked up again when saving.
+        return {typed, typed};
+    }
+}
+
+bool OrderGrid::commit() {
+    // Reading a cell commits what is being typed. What is refused stays in the editor, and a text that was
+    // refused already is not checked again.
+    grid_.ReadCell(grid_.Row(), grid_.Col());
+    if (grid_.editorView().visible) return false;
+    settleAll();
+    return true;
+}
+
+std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
+    Place place(grid_);
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
+        const OrderLine line = read(row);
+        for (int c = grid_.FixedCols(); c < ColumnCount; ++c) {
+            const auto col = static_cast<Column>(c);
+            const QString where =
+                u"第 %1 行的%2"_s.arg(QString::number(row - grid_.FixedRows() + 1), caption(col));
+            const QString why = whyUnsavable(line, col, text(row, col));
+            if (!why.isEmpty()) return Problem{row, col, where + why, false};
+            if (!isRuled(line, col)) continue;
+            // The control applies the column's rule to its current cell, and tells the clerk.
+            select(row, col);
+            if (grid_.IsValid()) continue;
+            place.leave();
+            return Problem{row, col, where + (col == Quantity ? u"不能为零"_s : u"不能为空"_s), true};
+        }
+    }
+    return std::nullopt;
+}
+
+// A line without goods is a note: it needs neither quantity nor warehouse.
+bool OrderGrid::isRuled(const OrderLine& line, Column col) {
+    return !line.code.isEmpty() && (col == Quantity || col == Warehouse);
+}
+
+// Fills and copies of the control put texts into cells that nobody has checked.
+QString OrderGrid::whyUnsavable(const OrderLine& line, Column col, const QString& text) {
+    if (text.isEmpty()) return {};
+    const auto unless = [&](bool good, const char16_t* why) {
+        return good ? QString() : u"“%1”%2"_s.arg(text, QString::fromUtf16(why));
+    };
+    switch (col) {
+        case Code:
+            return unless(!line.name.isEmpty(), u"没有在商品目录中查到");
+        case Quantity:
+            if (line.quantity && line.price) return unless(line.amount.has_value(), u"乘以单价太大,无法保存");
+            return unless(line.quantity.has_value(), u"太大,无法保存");
+        case Price:
+            return unless(line.price.has_value(), u"太大,无法保存");
+        case Delivery:
+            return unless(line.delivery.isValid(), u"不是日期");
+        case Slot:
+            return unless(isHalfDay(line.slot), u"不是日期加上午或下午");
+        case Entered:
+            return unless(line.entered.isValid(), u"不是日期加时间");
+        default:
+            return {};
+    }
+}

@@ -1,0 +1,143 @@
+// The columns of an order: what each holds, how it looks, and how the control checks what is typed into it.
+#include <algorithm>
+
+#include "OrderGrid.h"
+
+using namespace kxVsGrid;
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow the desktop's theme
+constexpr std::uint32_t ButtonText = 0x80000012;
+
+// The date forms that have no name of their own: a date with half a day, a date with a time.
+constexpr auto DateAndHalfDay = static_cast<gEmJudgeType>(4);
+constexpr auto DateAndTime = static_cast<gEmJudgeType>(5);
+
+struct ColumnPlan {
+    const char* caption;
+    std::int32_t width;  // twips
+    mEmDataType type;
+    mEmflexAlign alignment;
+    bool editable;
+    std::int16_t limit;
+    const char* format;
+};
+
+constexpr ColumnPlan Plan[OrderGrid::ColumnCount] = {
+    {"行号", 500, flexDTString, flexAlignCenterCenter, false, 0, ""},
+    {"货号", 1000, flexDTString, flexAlignLeftCenter, true, 20, ""},
+    {"品名", 2000, flexDTString, flexAlignLeftCenter, false, 0, ""},
+    {"规格", 1800, flexDTString, flexAlignLeftCenter, false, 0, ""},
+    {"单位", 650, flexDTString, flexAlignCenterCenter, true, 10, ""},
+    {"数量", 1350, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.###"},
+    {"单价", 1200, flexDTDouble, flexAlignRightCenter, true, 0, "#,##0.00"},
+    {"金额", 1500, flexDTDouble, flexAlignRightCenter, false, 0, "#,##0.00"},
+    {"仓库", 1000, flexDTString, flexAlignLeftCenter, true, 20, ""},
+    {"交货日期", 1250, flexDTDate, flexAlignRightCenter, true, 0, "yyyy-mm-dd"},
+    // A text column: in a date column SetCell would blank what has half a day in it.
+    {"时段", 1700, flexDTString, flexAlignLeftCenter, true, 0, ""},
+    {"赠品", 600, flexDTBoolean, flexAlignCenterCenter, true, 0, ""},
+    {"备注", 1900, flexDTString, flexAlignLeftCenter, true, 100, ""},
+    {"录入时间", 2150, flexDTDate, flexAlignRightCenter, true, 0, "yyyy-mm-dd HH:mm:ss"},
+};
+
+}  // namespace
+
+void OrderGrid::setUpColumns() {
+    std::string captions;
+    for (const ColumnPlan& plan : Plan) captions += (captions.empty() ? "" : "|") + std::string(plan.caption);
+    grid_.FormatString(captions);
+    for (int c = 0; c < ColumnCount; ++c) {
+        const ColumnPlan& plan = Plan[c];
+        const auto definition = grid_.VsCtrl(static_cast<std::int16_t>(c));
+        definition->sName(plan.caption);
+        definition->iType(plan.type);
+        definition->iColAlignment(plan.alignment);
+        definition->bIsEditable(plan.editable);
+        definition->iLimitLength(plan.limit);
+        if (!plan.editable && c >= grid_.FixedCols()) {
+            definition->b是否设列颜色(true);
+            definition->d列背景色(ButtonFace);
+            definition->d列前景色(ButtonText);
+        }
+        grid_.ColWidth(c, plan.width);
+        if (*plan.format) grid_.ColFormat(c, plan.format);
+    }
+}
+
+void OrderGrid::setUpRules() {
+    // A known code brings everything up to the price: Enter goes straight to the quantity.
+    grid_.VsCtrl(Code)->sCellInput("," + std::to_string(Quantity));
+    for (const Column summed : {Quantity, Amount}) grid_.VsCtrl(summed)->b是否合计数据(true);
+
+    const auto code = grid_.VsCtrl(Code);
+    code->i有效性判断(1);
+    code->i字段有效性判断类型(ij编码型);
+    code->s有效性判断基础("SELECT code, name FROM goods");
+    code->s文本框对应编码字段("code");
+    code->s文本框对应名称字段("name");
+    code->i帮助返回值显示类型(iText记Code);
+    code->s错误提示信息("商品目录中没有这个货号,请更正。");
+    grid_.VsCtrl(Quantity)->i是否允许为空(i字段不能为零);
+    grid_.VsCtrl(Warehouse)->i是否允许为空(i字段不能为空);
+    const auto checkDates = [&](Column col, gEmJudgeType form) {
+        grid_.VsCtrl(col)->i有效性判断(1);
+        grid_.VsCtrl(col)->i字段有效性判断类型(form);
+    };
+    checkDates(Delivery, ij日期型);
+    checkDates(Slot, DateAndHalfDay);
+    checkDates(Entered, DateAndTime);
+
+    for (const Column copied : {Warehouse, Delivery, Slot}) {
+        grid_.VsCtrl(copied)->sDefaultText_Name("[-1,]");
+        grid_.VsCtrl(copied)->sDefaultText_Code("[-1,]");
+    }
+    // A price of 0 is a price: it is shown, and it comes back from the database as it was.
+    grid_.bIsShowZero(true);
+    grid_.BackColorBkg(ButtonFace);
+    grid_.SumRow(true);
+}
+
+QString OrderGrid::hint() const {
+    switch (grid_.Col()) {
+        case Code:
+            return u"输入商品目录中的货号后按回车,带出品名、规格、单位和单价"_s;
+        case Name:
+        case Spec:
+            return u"由货号带出,不能修改"_s;
+        case Unit:
+            return u"由货号带出,可以修改"_s;
+        case Quantity:
+            return u"不能为零;可以输入算式,例如 12*3+5;回车到单价"_s;
+        case Price:
+            return u"由货号带出,可以修改,也可以输入算式"_s;
+        case Amount:
+            return u"数量 × 单价,自动计算到分"_s;
+        case Warehouse:
+            return u"输入仓库,不能为空;新行沿用上一行"_s;
+        case Delivery:
+            return u"年-月-日;时段的日期随之改变;新行沿用上一行"_s;
+        case Slot:
+            return u"日期、空格、上午或下午,例如 2026-11-27 下午;新行沿用上一行"_s;
+        case Gift:
+            return u"按空格键切换"_s;
+        case Remark:
+            return u"本行的说明,可以为空"_s;
+        case Entered:
+            return u"日期、空格、时:分:秒;录入本行时自动填写,可以修改;回车到下一行的货号"_s;
+        default:
+            return {};
+    }
+}
+
+void OrderGrid::fitWidth(std::int32_t width) {
+    std::int32_t others = grid_.Grid().VerticalBarShown() ? CellGrid::VerticalBarWidth : 0;
+    for (std::int32_t c = 0; c < ColumnCount; ++c)
+        if (c != Remark) others += grid_.ColWidth(c);
+    // The control's layout counts columns as too wide when they leave less than 60 twips beside them.
+    const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 90);
+    if (rest == grid_.ColWidth(Remark)) return;
+    grid_.ColWidth(Remark, rest);
+    grid_.Grid_Sum().ColWidth(Remark, rest);  // otherwise it follows with the next layout only
+}

@@ -1,0 +1,207 @@
+// What the order's grid refuses while it is keyed, and what keeps an order from being saved.
+#include "OrderSheet.h"
+
+namespace {
+using Box = kxVsGrid::MessageBox;
+
+const Box UnknownCode{"商品目录中没有这个货号,请更正。", 16, "错误："};
+}  // namespace
+
+TEST_F(OrderSheet, AnUnknownCodeIsRefusedAndLosesNothing) {
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Code, "4711");
+    ASSERT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(desk.messages()[0], UnknownCode);
+    EXPECT_EQ(desk.editor().text, "4711");
+    EXPECT_EQ(desk.editor().selLength, 4u);
+    EXPECT_EQ(cell(1, OrderGrid::Code), "100001");
+    EXPECT_EQ(cell(1, OrderGrid::Name), "六角螺栓");
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), "5");
+}
+
+TEST_F(OrderSheet, ARefusedCodeIsCorrectedAndGoesOn) {
+    enter(1, OrderGrid::Code, "4711");
+    desk.press(Key::Enter);
+    EXPECT_EQ(desk.messages().size(), 1u) << "a second Enter says nothing";
+    desk.type("100002").press(Key::Enter);
+    EXPECT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(cell(1, OrderGrid::Name), "无缝钢管");
+    EXPECT_EQ(control.Col(), OrderGrid::Quantity);
+}
+
+TEST_F(OrderSheet, ALineGivesUpItsGoodsWhenTheCodeIsCleared) {
+    enterLine(1, "100001");
+    at(1, OrderGrid::Code);
+    desk.type("1").press(Key::Back).press(Key::Enter);
+    EXPECT_TRUE(desk.messages().empty());
+    EXPECT_EQ(cell(1, OrderGrid::Code), "");
+    EXPECT_EQ(cell(1, OrderGrid::Name), "");
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderSheet, ADeliveryDateIsRewrittenOrRefused) {
+    desk.setNow(2026, 11, 20, 14, 5, 9);
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Delivery, "2026/12/1");
+    EXPECT_EQ(grid.lines().front().delivery, QDate(2026, 12, 1));
+    enter(1, OrderGrid::Delivery, "2011-02-30");
+    ASSERT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(desk.messages()[0], (Box{"非法公历日期!(格式:2026-11-20)", 64, "提示："}));
+    EXPECT_FALSE(grid.commit());
+    EXPECT_EQ(desk.messages().size(), 1u) << "a refused text is not told twice";
+    EXPECT_EQ(desk.editor().text, "2011-02-30");
+    EXPECT_EQ(cell(1, OrderGrid::Delivery), "2026-12-01");
+}
+
+TEST_F(OrderSheet, AHalfDayIsRewrittenOrRefused) {
+    desk.setNow(2026, 11, 20, 14, 5, 9);
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Slot, "2026.12.1 下午");
+    EXPECT_EQ(grid.lines().front().slot, QString("2026-12-01 下午"));
+    enter(1, OrderGrid::Slot, "2026-12-01 晚上");
+    ASSERT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(desk.messages()[0], (Box{"非法公历日期!(格式:2026-11-20 下午)", 64, "提示："}));
+    desk.press(Key::Escape);
+    EXPECT_EQ(cell(1, OrderGrid::Slot), "2026-12-01 下午");
+}
+
+TEST_F(OrderSheet, ATimeOfEntryIsRewrittenOrRefused) {
+    desk.setNow(2026, 11, 20, 14, 5, 9);
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Entered, "2026-11-19 8:5:9");
+    EXPECT_EQ(grid.lines().front().entered, QDateTime(QDate(2026, 11, 19), QTime(8, 5, 9)));
+    enter(1, OrderGrid::Entered, "2026-11-19 24:00:00");
+    ASSERT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(desk.messages()[0], (Box{"非法公历日期!(格式:2026-11-20 14:05:09)", 64, "提示："}));
+}
+
+TEST_F(OrderSheet, ATimeOfEntryThatTheClerkClearsStaysEmpty) {
+    enterLine(1, "100001");
+    at(1, OrderGrid::Entered);
+    desk.type("1").press(Key::Back).press(Key::Enter);
+    EXPECT_EQ(cell(1, OrderGrid::Entered), "");
+    EXPECT_FALSE(grid.lines().front().entered.isValid());
+}
+
+TEST_F(OrderSheet, AnOrderWithoutFaultsHasNoProblemAndTheClerkStaysWhereHeIs) {
+    enterLine(1, "100001");
+    enterLine(2, "100002");
+    at(2, OrderGrid::Remark);
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+    EXPECT_TRUE(desk.messages().empty());
+    EXPECT_EQ(control.Row(), 2);
+    EXPECT_EQ(control.Col(), OrderGrid::Remark);
+}
+
+TEST_F(OrderSheet, AQuantityThatIsStillBeingTypedCounts) {
+    enter(1, OrderGrid::Warehouse, "主仓库");
+    enter(1, OrderGrid::Code, "100001");
+    desk.type("2*3");
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), "6");
+}
+
+TEST_F(OrderSheet, AQuantityOfZeroIsTheFirstProblem) {
+    for (const std::string_view zero : {"0", "3-3", "0.0001"}) {
+        desk.clear();
+        enterLine(1, "100001");
+        enterLine(2, "100002");
+        enter(2, OrderGrid::Quantity, zero);
+        EXPECT_TRUE(grid.commit());
+        const auto found = grid.firstProblem();
+        ASSERT_TRUE(found) << zero;
+        EXPECT_EQ(found->text, QString("第 2 行的数量不能为零"));
+        EXPECT_TRUE(found->shown);
+        ASSERT_EQ(desk.messages().size(), 1u) << zero;
+        EXPECT_EQ(desk.messages()[0], (Box{"数量不能为零!", 64, "提示："}));
+        EXPECT_EQ(control.Row(), 2);
+        EXPECT_EQ(control.Col(), OrderGrid::Quantity);
+    }
+}
+
+TEST_F(OrderSheet, AQuantityThatWasNeverKeyedIsZero) {
+    enter(1, OrderGrid::Warehouse, "主仓库");
+    enter(1, OrderGrid::Code, "100001");
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString("第 1 行的数量不能为零"));
+}
+
+TEST_F(OrderSheet, AQuantityThatWasFilledIsNoZero) {
+    enterLine(1, "100001");
+    control.SetCell(1, OrderGrid::Quantity, "4");  // without a tag, as a fill of the control writes it
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderSheet, AMissingWarehouseIsAProblem) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderGrid::Quantity, "5");
+    EXPECT_TRUE(grid.commit());
+    const auto found = grid.firstProblem();
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->text, QString("第 1 行的仓库不能为空"));
+    ASSERT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(desk.messages()[0], (Box{"仓库不能为空!", 64, "提示："}));
+    EXPECT_EQ(control.Col(), OrderGrid::Warehouse);
+    desk.type("主仓库").press(Key::Enter);
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderSheet, AWarehouseOfBlanksIsMissing) {
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Warehouse, "   ");
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString("第 1 行的仓库不能为空"));
+}
+
+TEST_F(OrderSheet, ANoteNeedsNeitherQuantityNorWarehouse) {
+    enter(1, OrderGrid::Remark, "运费另计");
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderSheet, LinesOfAnOrderThatIsShownPassTheRules) {
+    enterLine(1, "100001");
+    grid.show(grid.lines());
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderSheet, WhatWasFilledUncheckedIsAProblem) {
+    const struct {
+        OrderGrid::Column col;
+        std::string_view text;
+        QString problem;
+    } cases[] = {
+        {OrderGrid::Code, "4711", "第 1 行的货号“4711”没有在商品目录中查到"},
+        {OrderGrid::Delivery, "2011-02-30", "第 1 行的交货日期“2011-02-30”不是日期"},
+        {OrderGrid::Slot, "2026-12-01 晚上", "第 1 行的时段“2026-12-01 晚上”不是日期加上午或下午"},
+        {OrderGrid::Entered, "2026-12-01", "第 1 行的录入时间“2026-12-01”不是日期加时间"},
+    };
+    for (const auto& one : cases) {
+        grid.clear(QDate(2026, 11, 27));
+        enterLine(1, "100001");
+        control.Grid().Text(1, one.col, one.text);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(grid.commit());
+        EXPECT_EQ(problem(), one.problem);
+    }
+    EXPECT_TRUE(desk.messages().empty());
+}
+
+TEST_F(OrderSheet, AnAmountThatIsTooLargeIsAProblem) {
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Quantity, "999999999999");
+    enter(1, OrderGrid::Price, "999999999999");
+    EXPECT_TRUE(warned);
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString("第 1 行的数量“999999999999”乘以单价太大,无法保存"));
+    enter(1, OrderGrid::Quantity, "2");
+    enter(1, OrderGrid::Price, "2");
+    EXPECT_EQ(problem(), QString());
+}
