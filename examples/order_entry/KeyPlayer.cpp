@@ -89,9 +89,11 @@ void KeyPlayer::step() {
 // a window manager has to be asked to give it back after a box, and may leave it with a list that is gone.
 bool KeyPlayer::hasKeyboard() {
     if (QApplication::activePopupWidget()) return true;
-    const QWidget* active = QApplication::activeWindow();
-    if (QApplication::focusWidget() && active && active->isVisible()) return true;
     QWidget* modal = QApplication::activeModalWidget();
+    const QWidget* active = QApplication::activeWindow();
+    // A box that has just been opened blocks the window before it gets the keyboard.
+    if (QApplication::focusWidget() && active && active->isVisible() && (!modal || active == modal->window()))
+        return true;
     (modal ? modal : &window_)->activateWindow();
     return patience_-- <= 0;
 }
