@@ -1,6 +1,7 @@
 #include "CustomerBox.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QStandardItemModel>
@@ -36,6 +37,7 @@ CustomerBox::CustomerBox(QWidget* parent) : QLineEdit(parent), model_(new QStand
     finder->setCaseSensitivity(Qt::CaseInsensitive);
     finder->setMaxVisibleItems(12);
     setCompleter(finder);
+    finder->popup()->installEventFilter(this);  // after the completer, so that this filter is asked first
     setPlaceholderText(u"编码、名称或拼音首字母"_s);
     connect(this, &QLineEdit::textChanged, this, &CustomerBox::customerChanged);
 }
@@ -129,6 +131,19 @@ void CustomerBox::keyPressEvent(QKeyEvent* event) {
         default:
             QLineEdit::keyPressEvent(event);
     }
+}
+
+// A busy desktop still hands keys to the list for a moment after it was closed. They are meant for whoever
+// has the keyboard now, and would end in this field.
+bool CustomerBox::eventFilter(QObject* watched, QEvent* event) {
+    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease ||
+                     event->type() == QEvent::ShortcutOverride;
+    QWidget* list = completer() ? completer()->popup() : nullptr;
+    QWidget* owner = QApplication::focusWidget();
+    if (!key || watched != list || list->isVisible() || !owner || owner == list)
+        return QLineEdit::eventFilter(watched, event);
+    QCoreApplication::sendEvent(owner, event);
+    return true;
 }
 
 void CustomerBox::focusOutEvent(QFocusEvent* event) {

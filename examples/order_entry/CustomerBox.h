@@ -33,6 +33,7 @@ class CustomerBox : public QLineEdit {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     /// Takes the text for a customer where it can only mean one.

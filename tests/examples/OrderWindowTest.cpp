@@ -1,7 +1,9 @@
 // The whole window, driven by keys, with a clerk whose answers are prepared.
 #include "OrderWindow.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
 #include <QDir>
 #include <QImage>
 #include <QLineEdit>
@@ -294,6 +296,16 @@ TEST_F(OrderEntry, ACustomerIsFoundByItsInitials) {
     const Customer wanted = Catalogue(database).customers().at(41);
     play({"type " + wanted.pinyin, "key Tab"});
     EXPECT_EQ(window->onScreen().customer, wanted.id);
+}
+
+TEST_F(OrderEntry, KeysThatStillReachTheClosedListOfCustomersGoToTheGrid) {
+    open();
+    play({"type K0002", "key Enter"});
+    QAbstractItemView* list = window->header().findChild<CustomerBox*>("customer")->completer()->popup();
+    ASSERT_FALSE(list->isVisible());
+    QTest::keyClicks(list, "100001");
+    EXPECT_EQ(grid().Text(), "100001");
+    EXPECT_EQ(window->onScreen().customer, 2);
 }
 
 TEST_F(OrderEntry, AWholeRowIsVisibleAtTheFirstSize) {
