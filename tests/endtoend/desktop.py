@@ -254,11 +254,34 @@ class Window:
         if result.returncode != 0 or result.stderr:
             raise Failure(f"keys {names}: {result.stderr}")
 
-    def answer_box(self, *names):
-        """Waits for a box of the program, presses keys in it, and waits until it has gone."""
-        wait_for("a box", lambda: not self.is_active())
+    def answer_box(self, *names, title="", picture=""):
+        """Waits for a box of the program, which has to stand over the window and may have to have a title, presses
+        keys in it, and waits until it has gone. `picture` keeps a picture of it."""
+        wait_for(f"a box {title}", lambda: self._box_title() is not None and title in self._box_title())
+        self._check_box_over_window()
+        if picture:
+            self.desktop.settle()
+            self.desktop.picture(picture)
         self.keys(*names)
         wait_for("the end of the box", self.is_active)
+
+    def _box_title(self):
+        """The title of the window in front when that is not this one."""
+        if self.is_active():
+            return None
+        answer = self.desktop.xdotool("getactivewindow", "getwindowname")
+        return answer.stdout.strip() if answer.returncode == 0 else None
+
+    def _check_box_over_window(self):
+        x, y, width, height = self._rectangle(self.id)
+        left, top, wide, high = self._rectangle(self.desktop.xdotool("getactivewindow").stdout.strip())
+        if not (x <= left and left + wide <= x + width and y <= top and top + high <= y + height):
+            raise Failure(f"the box at {left},{top} is {wide} x {high}, the window at {x},{y} is {width} x {height}")
+
+    def _rectangle(self, window):
+        lines = self.desktop.xdotool("getwindowgeometry", "--shell", window).stdout.splitlines()
+        values = dict(line.split("=") for line in lines)
+        return [int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")]
 
     def type(self, text):
         """Types ASCII characters, each with the shift key that it needs."""

@@ -40,10 +40,11 @@ class OrderWindow:
 
     def save(self):
         """Saves by key, and returns the lines of the one order as the database then has them."""
-        before = self._version()
+        before = self.saves()
         self.window.keys("ctrl+s")
-        wait_for("the saved order", lambda: self._version() > before or self.window.check_undisturbed())
+        wait_for("the saved order", lambda: self.saves() > before or self.window.check_undisturbed())
         return self.query(f"SELECT {LINE_COLUMNS} FROM order_line ORDER BY order_id, line_no")
 
-    def _version(self):
+    def saves(self):
+        """How often the one order was saved."""
         return self.query("SELECT COALESCE(MAX(version), 0) FROM sales_order")[0][0]
