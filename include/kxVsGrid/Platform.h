@@ -22,6 +22,7 @@
 
 namespace kxVsGrid {
 
+class Form;
 class kxGrid;
 
 /// Who has the keyboard. Elsewhere means another control of the same window: another window, a box of ours, a
@@ -130,6 +131,8 @@ class Seat {
     virtual void typeIntoEditor(std::string_view character) = 0;
     /// Places or scroll ranges may have changed; the control's totalRowRect() and its grids tell.
     virtual void layoutChanged() = 0;
+    /// Where a place in the control lies on the screen, in twips of the screen.
+    virtual Rect onScreen(const Rect& place) const = 0;
     /// A persisted setting has changed: the container may want to save.
     virtual void settingChanged(std::string_view name) = 0;
 };
@@ -147,6 +150,10 @@ class Platform {
     virtual void showMessage(const MessageBox& box) = 0;
     /// The answer, or nothing when the box was cancelled.
     virtual std::optional<std::string> askText(const InputBox& box) = 0;
+    /// Shows the form in front of everything else, near a place on the screen (twips; an empty one is
+    /// nowhere in particular), and returns when it has closed. An exception that leaves the form's code
+    /// closes it and goes on to the caller.
+    virtual void showForm(Form& form, const Rect& anchor) = 0;
     virtual void clipboardText(std::string_view text) = 0;
     /// Lets input that waits be handled, as a typed key is passed on to the editor.
     virtual void processPendingInput() = 0;

@@ -4,6 +4,7 @@
 
 #include "editing/EditorKeys.h"
 #include "editing/FieldCheck.h"
+#include "editing/HelpDriver.h"
 #include "grid/columns/EditableColumn.h"
 #include "kxVsGrid/mbasTxt.h"
 #include "support/Numbers.h"
@@ -333,8 +334,27 @@ void Editor::focusLost() {
 }
 
 void Editor::help() {
-    // No help can be shown yet; the key is used up all the same and the focus stays where help would leave
-    // it.
-    if (visible_) seat_.giveFocus(FocusPlace::Editor);
+    if (!visible_) return;
+    const std::int32_t col = grid_.Col();
+    const std::shared_ptr<cVsControl> column = columns_.shared(col);
+    {
+        Span hiding(hiding_);
+        HelpDriver driver(owner_, *column, grid_.CellRect(grid_.Row(), col));
+        driver.Drbmhelp(column->i帮助类型(), std::string(support::trim(box_.text())),
+                        std::string(support::trim(column->sHelp_Code())));
+        // A host that wrote or read cells meanwhile has committed the editor: what was chosen is not lost.
+        if (!HelpExchange::shared().ReturnCode.empty() && grid_.Col() == col) takeChosen(*column);
+    }
+    seat_.giveFocus(visible_ ? FocusPlace::Editor : FocusPlace::Grid);
+}
+
+/// Puts the chosen pair into the editor. Which half of it shows is the column's choice, as with a typed code.
+void Editor::takeChosen(const cVsControl& column) {
+    if (!visible_ && opensHere()) show(Focus::LeaveWithGrid);
+    if (!visible_) return;
+    const HelpExchange chosen = HelpExchange::shared();
+    const bool showsName = column.i帮助返回值显示类型() == iText记Name;
+    text(showsName ? chosen.ReturnName : chosen.ReturnCode);
+    tag(showsName ? chosen.ReturnCode : chosen.ReturnName);
 }
 }  // namespace kxVsGrid::editing

@@ -73,7 +73,7 @@ class Editor {
     void edited(std::string_view text, std::size_t selStart, std::size_t selLength);
     void selected(std::size_t selStart, std::size_t selLength);
     void focusLost();
-    /// Opens the column's help.
+    /// Opens the column's help over an open editor, and takes what was chosen there.
     void help();
 
   private:
@@ -93,6 +93,7 @@ class Editor {
     bool refuseByRule(const std::string& message);
     bool writeText();
     bool writeNumber(std::int32_t row, std::int32_t col);
+    void takeChosen(const cVsControl& column);
     void publish();
 
     CellGrid& grid_;

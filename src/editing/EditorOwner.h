@@ -6,6 +6,7 @@
 
 #include "kxVsGrid/DateTime.h"
 #include "kxVsGrid/Platform.h"
+#include "kxVsGrid/Variant.h"
 #include "kxVsGrid/cVsControl.h"
 
 namespace kxVsGrid::editing {
@@ -30,7 +31,18 @@ class EditorOwner {
     /// Asks the host for the record that matches a typed code.
     virtual void raiseTxtValidBmS(const cVsControl& column, const std::string& text, std::string& code,
                                   std::string& name) = 0;
+    /// Asks the host for the tables of a code lookup.
+    virtual void raiseGetHelpCodeInfo(const std::string& code, Variant& Grid_code, Variant& GridInfo,
+                                      Variant& GridData) = 0;
+    /// The host shows its own help at a place on the screen (twips).
+    virtual void raiseUserHelpEvent(std::int32_t x, std::int32_t y, std::string& text, Variant& value) = 0;
+    /// The host edits the list of a code lookup.
+    virtual void raiseGetHelpEdit(const std::string& component, Variant& GridData) = 0;
     virtual void showMessage(const MessageBox& box) = 0;
+    virtual void showForm(Form& form, const Rect& anchor) = 0;
+    /// Where a place in the control's grid lies on the screen.
+    virtual Rect onScreen(const Rect& place) const = 0;
+    virtual const TextMetrics& textMetrics() const = 0;
     virtual DateTime now() const = 0;
 };
 }  // namespace kxVsGrid::editing

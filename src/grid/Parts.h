@@ -57,6 +57,21 @@ struct kxGrid::Parts : editing::EditorOwner, std::enable_shared_from_this<kxGrid
     void showMessage(const MessageBox& box) override {
         if (host.there()) platform.showMessage(box);
     }
+    void raiseGetHelpCodeInfo(const std::string& code, Variant& Grid_code, Variant& GridInfo,
+                              Variant& GridData) override {
+        host.raise(&GridEvents::GetHelpCodeInfo, Variant(code), Grid_code, GridInfo, GridData);
+    }
+    void raiseUserHelpEvent(std::int32_t x, std::int32_t y, std::string& text, Variant& value) override {
+        host.raise(&GridEvents::UserHelpEvent, x, y, text, value);
+    }
+    void raiseGetHelpEdit(const std::string& component, Variant& GridData) override {
+        host.raise(&GridEvents::GetHelpEdit, component, GridData);
+    }
+    void showForm(Form& form, const Rect& anchor) override {
+        if (host.there()) platform.showForm(form, anchor);
+    }
+    Rect onScreen(const Rect& place) const override;
+    const TextMetrics& textMetrics() const override { return platform.textMetrics(); }
     DateTime now() const override { return platform.now(); }
 
     kxGrid& control;

@@ -94,6 +94,11 @@ void kxGrid::Parts::bringCurrentCellIntoView() {
     events::bringCurrentColIntoView(main);
 }
 
+Rect kxGrid::Parts::onScreen(const Rect& place) const {
+    const Rect grid = layout.mainRect();
+    return seat->onScreen({grid.left + place.left, grid.top + place.top, place.width, place.height});
+}
+
 void kxGrid::Parts::realign() {
     layout.alignTotalRow();
     editor.place();

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "headless/Call.h"
 #include "headless/DeskSeat.h"
 #include "headless/Station.h"
 
@@ -116,6 +117,28 @@ std::optional<std::string> Desk::askText(const InputBox& box) {
     return answer;
 }
 
+namespace {
+
+template <class Dialog>
+void work(Form& form, const Rect& anchor, std::vector<ShownDialog>& shown,
+          const std::function<void(Dialog&)>& script) {
+    Dialog dialog(form);
+    shown.push_back({form.name(), form.ScaleWidth(), form.ScaleHeight(), anchor});
+    if (script) script(dialog);
+}
+}  // namespace
+
+void Desk::showForm(Form& form, const Rect& anchor) {
+    Call call(*this);
+    Records& r = *records_;
+    if (form.name() == "XT_TybmczFrm")
+        work(form, anchor, r.dialogs, r.lookupScript);
+    else if (form.name() == "XT_calendar")
+        work(form, anchor, r.dialogs, r.calendarScript);
+    else if (form.name() == "XT_Const")
+        work(form, anchor, r.dialogs, r.constantScript);
+}
+
 void Desk::clipboardText(std::string_view text) {
     records_->clipboard = text;
 }
@@ -143,6 +166,25 @@ Desk& Desk::cancelInputBox() {
     return *this;
 }
 
+Desk& Desk::onDialog(std::function<void(LookupDialog&)> script) {
+    records_->lookupScript = std::move(script);
+    return *this;
+}
+
+Desk& Desk::onDialog(std::function<void(CalendarDialog&)> script) {
+    records_->calendarScript = std::move(script);
+    return *this;
+}
+
+Desk& Desk::onDialog(std::function<void(ConstantDialog&)> script) {
+    records_->constantScript = std::move(script);
+    return *this;
+}
+
+const std::vector<ShownDialog>& Desk::dialogs() const {
+    return records_->dialogs;
+}
+
 const std::string& Desk::clipboard() const {
     return records_->clipboard;
 }
@@ -164,6 +206,7 @@ Desk& Desk::setNow(std::int32_t year, std::int32_t month, std::int32_t day, std:
 Desk& Desk::clear() {
     records_->messages.clear();
     records_->inputBoxes.clear();
+    records_->dialogs.clear();
     records_->reports.clear();
     records_->clipboard.clear();
     records_->leftControl = 0;

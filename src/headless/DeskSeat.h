@@ -32,6 +32,9 @@ class Desk::DeskSeat : public Seat {
         station_->report();
     }
     void layoutChanged() override {}
+    Rect onScreen(const Rect& place) const override {
+        return {ScreenLeft + place.left, ScreenTop + place.top, place.width, place.height};
+    }
     void settingChanged(std::string_view name) override {
         if (!station_->removed) desk_.records_->reports.emplace_back(name);
     }

@@ -26,6 +26,10 @@ struct Desk::Records {
     std::vector<MessageBox> messages;
     std::vector<InputBox> inputBoxes;
     std::deque<std::optional<std::string>> answers;
+    std::vector<ShownDialog> dialogs;
+    std::function<void(LookupDialog&)> lookupScript;
+    std::function<void(CalendarDialog&)> calendarScript;
+    std::function<void(ConstantDialog&)> constantScript;
     std::vector<std::string> reports;
     std::string clipboard;
     DateTime now{2026, 11, 20, 9, 30, 0};

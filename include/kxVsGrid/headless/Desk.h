@@ -10,14 +10,15 @@
 //     assert(desk.messages().empty());
 //
 // It shows nothing, records everything and answers from scripts: input boxes that were not scripted are
-// cancelled. Several controls may live on one desk; what the clerk does goes to the one that was placed,
-// loaded or chosen with use() last. Its text box carries out characters, Backspace, Delete, Left, Right,
-// Home, End and, where several lines are allowed, Enter (a line feed).
+// cancelled, dialogs closed by their frame. Several controls may live on one desk; what the clerk does goes
+// to the one that was placed, loaded or chosen with use() last. Its text box carries out characters,
+// Backspace, Delete, Left, Right, Home, End and, where several lines are allowed, Enter (a line feed).
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,6 +26,7 @@
 #include <vector>
 
 #include "kxVsGrid/Platform.h"
+#include "kxVsGrid/headless/Dialogs.h"
 #include "kxVsGrid/kxGrid.h"
 
 namespace kxVsGrid::headless {
@@ -42,8 +44,21 @@ struct EditorState {
     bool refused = false;
 };
 
+/// A dialog that was shown: the name of its form, its inner size and the place that it was shown near.
+struct ShownDialog {
+    std::string name;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    Rect anchor;
+    friend bool operator==(const ShownDialog&, const ShownDialog&) = default;
+};
+
 class Desk : public Platform {
   public:
+    /// Where the controls' left top corners stand on the screen, twips.
+    static constexpr std::int32_t ScreenLeft = 3000;
+    static constexpr std::int32_t ScreenTop = 1500;
+
     Desk();
     ~Desk() override;
 
@@ -104,6 +119,12 @@ class Desk : public Platform {
     /// The answer to the next input box that has none yet.
     Desk& answerInputBox(std::string answer);
     Desk& cancelInputBox();
+    /// Works every dialog of its kind from now on; an empty script leaves them to their frame.
+    Desk& onDialog(std::function<void(LookupDialog&)> script);
+    Desk& onDialog(std::function<void(CalendarDialog&)> script);
+    Desk& onDialog(std::function<void(ConstantDialog&)> script);
+    /// The dialogs shown so far.
+    const std::vector<ShownDialog>& dialogs() const;
     const std::string& clipboard() const;
     /// Names of changed settings, in order, of all controls.
     const std::vector<std::string>& reports() const;
@@ -123,6 +144,7 @@ class Desk : public Platform {
     DateTime now() const override;
     void showMessage(const MessageBox& box) override;
     std::optional<std::string> askText(const InputBox& box) override;
+    void showForm(Form& form, const Rect& anchor) override;
     void clipboardText(std::string_view text) override;
     void processPendingInput() override;
 

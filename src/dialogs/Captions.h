@@ -1,0 +1,15 @@
+// What the dialogs say where nothing else settles it.
+#pragma once
+
+namespace kxVsGrid::dialogs::captions {
+
+inline constexpr const char* Ok = "确定";
+inline constexpr const char* Cancel = "取消";
+inline constexpr const char* Today = "今天";
+inline constexpr const char* Edit = "编辑";
+inline constexpr const char* Search = "查找：";
+
+inline constexpr const char* LookupTitle = "编码帮助";
+inline constexpr const char* CalendarTitle = "日期";
+inline constexpr const char* ConstantsTitle = "常量";
+}  // namespace kxVsGrid::dialogs::captions

@@ -1,0 +1,9 @@
+#include "kxVsGrid/HelpExchange.h"
+
+namespace kxVsGrid {
+
+HelpExchange& HelpExchange::shared() {
+    static HelpExchange record;
+    return record;
+}
+}  // namespace kxVsGrid

@@ -1,0 +1,212 @@
+#include "dialogs/LookupForm.h"
+
+#include <algorithm>
+
+#include "cellgrid/CellFormat.h"
+#include "dialogs/Captions.h"
+#include "kxVsGrid/HelpExchange.h"
+#include "support/Text.h"
+
+namespace kxVsGrid::dialogs {
+
+LookupForm::LookupForm(const TextMetrics& metrics)
+    : Form("XT_TybmczFrm", captions::LookupTitle, 7200, 5100),
+      grid_(metrics),
+      text_(add("TextBox", "CodeText", captions::Search, {840, 120, 6240, 330})),
+      list_(add("CellGrid", "CzxsGrid", captions::LookupTitle, {120, 570, 6960, 3870})),
+      message_(add("Label", "lblmessage", "", {120, 4650, 2400, 240})),
+      edit_(add("kxButton", "Bjcommand", captions::Edit, {3240, 4560, 1200, 420})),
+      ok_(add("CommandButton", "QdCommand", captions::Ok, {4560, 4560, 1200, 420})) {
+    add("Label", "Label1", captions::Search, {120, 180, 720, 240});
+    add("CommandButton", "QxCommand", captions::Cancel, {5880, 4560, 1200, 420}).isCancel = true;
+    list_.grid = &grid_;
+    ok_.isDefault = true;
+    edit_.visible = false;
+}
+
+LookupForm::~LookupForm() = default;
+
+// --- Load
+// ------------------------------------------------------------------------------------------------------------
+
+void LookupForm::load() {
+    HelpExchange& exchange = HelpExchange::shared();
+    helpCode_ = std::exchange(exchange.HelpCode, {});
+    definition_.emplace(exchange.GridInfo);
+    edit_.visible = definition_->editable();
+    searchColumns_ = definition_->searchColumns();
+    nameColumn_ = definition_->FindColumn(definition_->nameField());
+    grid_.Redraw(0);
+    layOut();
+    fill();
+    grid_.Redraw(1);
+    const std::string start(support::trim(exchange.SearchText));
+    resize_.py_Init(*this);
+    giveFocus(text_);
+    text_.text = start;
+    text_.selStart = 0;
+    text_.selLength = static_cast<std::int32_t>(support::characters(start));
+    changed(text_);
+    changed(edit_);
+    if (start.empty()) return;
+    search();
+    startRow_ = grid_.Row();
+}
+
+void LookupForm::layOut() {
+    const std::vector<LookupField>& fields = definition_->fields();
+    grid_.Cols(static_cast<std::int32_t>(fields.size()));
+    grid_.FixedCols(0);
+    grid_.FixedRows(1);
+    grid_.SelectsRows(true);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const auto col = static_cast<std::int32_t>(i);
+        const LookupField& field = fields[i];
+        grid_.Text(0, col, field.header);
+        grid_.ColWidth(col, field.width);
+        grid_.ColAlignment(col, field.alignment);
+        grid_.ColHidden(col, !field.visible);
+        grid_.ColFormat(col, field.format);
+    }
+}
+
+/// One row for each record; a value that is missing leaves its cell empty.
+void LookupForm::fill() {
+    const Variant& data = HelpExchange::shared().GridData;
+    grid_.Rows(grid_.FixedRows());
+    const Table* const table = data.table();
+    const std::int32_t cols = grid_.Cols();
+    const std::int64_t records = table ? std::int64_t{table->upper()} - table->lower() + 1 : 0;
+    grid_.Rows(
+        static_cast<std::int32_t>(std::min<std::int64_t>(grid_.FixedRows() + records, CellGrid::MaxRows)));
+    for (std::int32_t col = 0; col < cols; ++col) {
+        const cellgrid::CellFormat format(definition_->fields()[static_cast<std::size_t>(col)].format);
+        std::string shown;
+        for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
+            const std::int32_t record = table->lower() + row - grid_.FixedRows();
+            const std::int32_t first = table->dimensions() == 2 ? table->lower(2) : 0;
+            const std::string value = textOf(elementOf(data, record, first + col));
+            if (!value.empty()) grid_.Text(row, col, format.apply(value, shown) ? shown : value);
+        }
+    }
+    message_.caption = "共 " + std::to_string(records) + " 条";
+    changed(message_);
+    buildIndexes();
+}
+
+// --- Search
+// ----------------------------------------------------------------------------------------------------------
+
+/// The order that a search needs is made while nothing else is to be done.
+void LookupForm::buildIndexes() {
+    indexes_.clear();
+    std::vector<std::int32_t> columns = searchColumns_;
+    columns.push_back(nameColumn_);
+    const std::int32_t fixed = grid_.FixedRows();
+    for (const std::int32_t col : columns) {
+        if (indexOf(col) || col >= grid_.Cols()) continue;
+        const auto text = [this, col, fixed](std::int32_t row) { return grid_.Text(row + fixed, col); };
+        indexes_.emplace_back(col, std::make_unique<PrefixIndex>(grid_.Rows() - fixed, text));
+    }
+    if (building_ || !window()) return;
+    building_ = true;
+    window()->whenIdle([this] {
+        const auto waiting = std::find_if(indexes_.begin(), indexes_.end(),
+                                          [](const Indexed& each) { return !each.second->built(); });
+        building_ = waiting != indexes_.end();
+        if (building_) waiting->second->build();
+        return building_;
+    });
+}
+
+const PrefixIndex* LookupForm::indexOf(std::int32_t col) const {
+    for (const auto& [indexed, index] : indexes_)
+        if (indexed == col) return index.get();
+    return nullptr;
+}
+
+/// Lowest row first, then first column in the list; the name column when no search column has the text.
+std::optional<LookupForm::Hit> LookupForm::find(std::string_view text) const {
+    std::optional<Hit> best;
+    const auto look = [&](std::int32_t col) {
+        const PrefixIndex* const index = indexOf(col);
+        const auto record = index ? index->find(text) : std::nullopt;
+        if (!record) return;
+        const std::int32_t row = grid_.FixedRows() + *record;
+        if (!best || row < best->row) best = Hit{row, col};
+    };
+    for (const std::int32_t col : searchColumns_) look(col);
+    if (!best) look(nameColumn_);
+    return best;
+}
+
+void LookupForm::search() {
+    const auto hit = find(support::trim(text_.text));
+    if (hit) show(*hit);
+}
+
+/// The keyboard is the grid's for one Left key, which scrolls back to the first columns, and the text box's
+/// again; the window leaves it where it is all the while.
+void LookupForm::show(const Hit& hit) {
+    grid_.Select(hit.row, hit.col);
+    grid_.keyDown(static_cast<std::int16_t>(Key::Left), 0);
+    grid_.TopRow(hit.row);
+}
+
+void LookupForm::textChanged(FormControl& box) {
+    if (&box == &text_) search();
+}
+
+// --- The clerk
+// -----------------------------------------------------------------------------------------------------------
+
+/// Keys that move the highlight do so from the search box too.
+bool LookupForm::keyDown(FormControl& focused, std::int16_t code, std::int16_t shift) {
+    if (&focused != &text_ || shift != 0) return false;
+    const auto key = static_cast<Key>(code);
+    if (key != Key::Up && key != Key::Down && key != Key::PageUp && key != Key::PageDown) return false;
+    grid_.keyDown(code, 0);
+    return true;
+}
+
+void LookupForm::doubleClicked(FormControl& control) {
+    if (&control == &list_) accept();
+}
+
+void LookupForm::pressed(FormControl& button) {
+    if (&button == &ok_)
+        accept();
+    else if (&button == &edit_)
+        edit();
+    else
+        finish({}, {});
+}
+
+std::string LookupForm::cell(std::int32_t row, std::string_view field) const {
+    return std::string(support::trim(grid_.Text(row, definition_->FindColumn(field))));
+}
+
+void LookupForm::accept() {
+    const std::int32_t row = grid_.Row();
+    if (row < grid_.FixedRows() || grid_.Cols() == 0) return finish({}, {});
+    // Nothing was changed where the initial text names its row already.
+    if (row == startRow_ && cell(row, definition_->nameField()) == text_.text) return finish({}, {});
+    finish(cell(row, definition_->codeField()), cell(row, definition_->nameField()));
+}
+
+void LookupForm::finish(std::string code, std::string name) {
+    HelpExchange::shared().ReturnCode = std::move(code);
+    HelpExchange::shared().ReturnName = std::move(name);
+    close();
+}
+
+void LookupForm::edit() {
+    Variant& data = HelpExchange::shared().GridData;
+    EvHasGetHelpEdit(data, definition_->editComponent());
+    if (!data.isEmpty() && !data.isNull()) fill();
+}
+
+void LookupForm::resized() {
+    resize_.ResizeForm(*this);
+}
+}  // namespace kxVsGrid::dialogs
