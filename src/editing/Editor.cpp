@@ -334,7 +334,7 @@ void Editor::focusLost() {
 }
 
 void Editor::help() {
-    if (!visible_) return;
+    if (!visible()) return;
     const std::int32_t col = grid_.Col();
     const std::shared_ptr<cVsControl> column = columns_.shared(col);
     {
@@ -345,13 +345,13 @@ void Editor::help() {
         // A host that wrote or read cells meanwhile has committed the editor: what was chosen is not lost.
         if (!HelpExchange::shared().ReturnCode.empty() && grid_.Col() == col) takeChosen(*column);
     }
-    seat_.giveFocus(visible_ ? FocusPlace::Editor : FocusPlace::Grid);
+    seat_.giveFocus(visible() ? FocusPlace::Editor : FocusPlace::Grid);
 }
 
 /// Puts the chosen pair into the editor. Which half of it shows is the column's choice, as with a typed code.
 void Editor::takeChosen(const cVsControl& column) {
-    if (!visible_ && opensHere()) show(Focus::LeaveWithGrid);
-    if (!visible_) return;
+    if (!visible() && opensHere()) show(Focus::LeaveWithGrid);
+    if (!visible()) return;
     const HelpExchange chosen = HelpExchange::shared();
     const bool showsName = column.i帮助返回值显示类型() == iText记Name;
     text(showsName ? chosen.ReturnName : chosen.ReturnCode);
