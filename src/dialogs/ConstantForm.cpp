@@ -27,6 +27,7 @@ ConstantForm::ConstantForm(const TextMetrics& metrics)
 
 void ConstantForm::load() {
     grid_.Redraw(0);
+    grid_.Resize(list_.place.width, list_.place.height);
     grid_.Cols(3);
     grid_.FixedRows(1);
     grid_.FixedCols(1);
@@ -57,6 +58,7 @@ void ConstantForm::fill() {
 
 void ConstantForm::resized() {
     resize_.ResizeForm(*this);
+    grid_.Resize(list_.place.width, list_.place.height);
 }
 
 void ConstantForm::pressed(FormControl& button) {

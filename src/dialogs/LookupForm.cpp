@@ -9,6 +9,16 @@
 
 namespace kxVsGrid::dialogs {
 
+namespace {
+
+/// The lower bound of a record's fields; each array in an array has its own.
+std::int32_t firstFieldOf(const Table& records, std::int32_t record) {
+    if (records.dimensions() == 2) return records.lower(2);
+    const Table* const fields = records.at(record).table();
+    return fields ? fields->lower() : 0;
+}
+}  // namespace
+
 LookupForm::LookupForm(const TextMetrics& metrics)
     : Form("XT_TybmczFrm", captions::LookupTitle, 7200, 5100),
       grid_(metrics),
@@ -37,6 +47,7 @@ void LookupForm::load() {
     searchColumns_ = definition_->searchColumns();
     nameColumn_ = definition_->FindColumn(definition_->nameField());
     grid_.Redraw(0);
+    grid_.Resize(list_.place.width, list_.place.height);
     layOut();
     fill();
     grid_.Redraw(1);
@@ -84,8 +95,7 @@ void LookupForm::fill() {
         std::string shown;
         for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
             const std::int32_t record = table->lower() + row - grid_.FixedRows();
-            const std::int32_t first = table->dimensions() == 2 ? table->lower(2) : 0;
-            const std::string value = textOf(elementOf(data, record, first + col));
+            const std::string value = textOf(elementOf(data, record, firstFieldOf(*table, record) + col));
             if (!value.empty()) grid_.Text(row, col, format.apply(value, shown) ? shown : value);
         }
     }
@@ -208,5 +218,6 @@ void LookupForm::edit() {
 
 void LookupForm::resized() {
     resize_.ResizeForm(*this);
+    grid_.Resize(list_.place.width, list_.place.height);
 }
 }  // namespace kxVsGrid::dialogs
