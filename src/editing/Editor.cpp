@@ -4,6 +4,7 @@
 
 #include "editing/EditorKeys.h"
 #include "editing/FieldCheck.h"
+#include "editing/FollowedCell.h"
 #include "editing/HelpDriver.h"
 #include "grid/columns/EditableColumn.h"
 #include "kxVsGrid/mbasTxt.h"
@@ -335,15 +336,15 @@ void Editor::focusLost() {
 
 void Editor::help() {
     if (!visible()) return;
-    const std::int32_t col = grid_.Col();
-    const std::shared_ptr<cVsControl> column = columns_.shared(col);
+    const FollowedCell cell(grid_);
+    const std::shared_ptr<cVsControl> column = columns_.shared(grid_.Col());
     {
         Span hiding(hiding_);
-        HelpDriver driver(owner_, *column, grid_.CellRect(grid_.Row(), col));
+        HelpDriver driver(owner_, *column, grid_.CellRect(grid_.Row(), grid_.Col()));
         driver.Drbmhelp(column->i帮助类型(), std::string(support::trim(box_.text())),
                         std::string(support::trim(column->sHelp_Code())));
         // A host that wrote or read cells meanwhile has committed the editor: what was chosen is not lost.
-        if (!HelpExchange::shared().ReturnCode.empty() && grid_.Col() == col) takeChosen(*column);
+        if (!HelpExchange::shared().ReturnCode.empty() && cell.isCurrent()) takeChosen(*column);
     }
     seat_.giveFocus(visible() ? FocusPlace::Editor : FocusPlace::Grid);
 }

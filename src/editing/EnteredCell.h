@@ -12,6 +12,9 @@ class EnteredCell {
   public:
     /// True when (row, col) is the cell entered last.
     bool is(std::int32_t row, std::int32_t col) const { return row == row_ && col == col_; }
+    /// -1 when there is none.
+    std::int32_t row() const { return row_; }
+    std::int32_t col() const { return col_; }
     /// The display text on entry: a commit of the same text is not checked again.
     const std::string& entryText() const { return text_; }
     const std::string& entryTag() const { return tag_; }
