@@ -3,15 +3,17 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr QLatin1StringView GoodsColumns("code, name, spec, unit, price_cents, pinyin");
+
 Goods goodsOf(const QSqlQuery& row) {
-    return {row.value(0).toString(), row.value(1).toString(), row.value(2).toString(),
-            row.value(3).toString(), row.value(4).toLongLong()};
+    return {row.value(0).toString(), row.value(1).toString(),   row.value(2).toString(),
+            row.value(3).toString(), row.value(4).toLongLong(), row.value(5).toString()};
 }
 }  // namespace
 
 std::optional<Goods> Catalogue::goods(const QString& code) const {
-    QSqlQuery found = database_.run(
-        u"查找商品"_s, u"SELECT code, name, spec, unit, price_cents FROM goods WHERE code = ?"_s, {code});
+    QSqlQuery found =
+        database_.run(u"查找商品"_s, u"SELECT %1 FROM goods WHERE code = ?"_s.arg(GoodsColumns), {code});
     if (!found.next()) return std::nullopt;
     return goodsOf(found);
 }
@@ -30,12 +32,28 @@ std::vector<Goods> Catalogue::goodsStartingWith(const QString& text, int most) c
     pattern += u'%';
     QSqlQuery found =
         database_.run(u"查找商品"_s,
-                      u"SELECT code, name, spec, unit, price_cents FROM goods WHERE code LIKE ? ESCAPE '\\'"
-                      " OR name LIKE ? ESCAPE '\\' OR pinyin LIKE ? ESCAPE '\\' ORDER BY code LIMIT ?"_s,
+                      u"SELECT "_s + GoodsColumns +
+                          u" FROM goods WHERE code LIKE ? ESCAPE '\\'"
+                          " OR name LIKE ? ESCAPE '\\' OR pinyin LIKE ? ESCAPE '\\' ORDER BY code LIMIT ?"_s,
                       {pattern, pattern, pattern, most});
     std::vector<Goods> result;
     while (found.next()) result.push_back(goodsOf(found));
     return result;
+}
+
+std::vector<Goods> Catalogue::allGoods() const {
+    QSqlQuery found = database_.run(u"读取商品"_s, u"SELECT %1 FROM goods ORDER BY code"_s.arg(GoodsColumns));
+    std::vector<Goods> result;
+    while (found.next()) result.push_back(goodsOf(found));
+    return result;
+}
+
+void Catalogue::add(const Goods& goods) {
+    // A null QString would be stored as NULL.
+    const auto filled = [](const QString& text) { return text.isNull() ? u""_s : text; };
+    database_.run(u"保存商品"_s, u"INSERT INTO goods (%1) VALUES (?, ?, ?, ?, ?, ?)"_s.arg(GoodsColumns),
+                  {goods.code, goods.name, filled(goods.spec), goods.unit, QVariant::fromValue(goods.price),
+                   filled(goods.pinyin)});
 }
 
 std::vector<Customer> Catalogue::customers() const {
@@ -48,9 +66,9 @@ std::vector<Customer> Catalogue::customers() const {
     return result;
 }
 
-QStringList Catalogue::warehouses() const {
-    QSqlQuery found = database_.run(u"读取仓库"_s, u"SELECT name FROM warehouse ORDER BY code"_s);
-    QStringList result;
-    while (found.next()) result << found.value(0).toString();
+std::vector<CodeAndName> Catalogue::warehouses() const {
+    QSqlQuery found = database_.run(u"读取仓库"_s, u"SELECT code, name FROM warehouse ORDER BY code"_s);
+    std::vector<CodeAndName> result;
+    while (found.next()) result.push_back({found.value(0).toString(), found.value(1).toString()});
     return result;
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -15,6 +14,7 @@ struct Goods {
     QString spec;
     QString unit;
     Cents price = 0;
+    QString pinyin = {};  ///< initials of the name
 };
 
 /// What a code stands for.
@@ -44,8 +44,12 @@ class Catalogue {
                                     const QString& text) const;
     /// The goods whose code, name or pinyin initials start with the text, by code; at most `most`.
     std::vector<Goods> goodsStartingWith(const QString& text, int most) const;
+    /// All of them, by code.
+    std::vector<Goods> allGoods() const;
+    /// New goods. The error of a code that is there already isDuplicate().
+    void add(const Goods& goods);
     std::vector<Customer> customers() const;
-    QStringList warehouses() const;
+    std::vector<CodeAndName> warehouses() const;
 
   private:
     Database& database_;

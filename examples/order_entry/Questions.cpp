@@ -3,7 +3,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "GoodsEditor.h"
 #include "OrderListDialog.h"
+#include "WarehouseList.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,4 +48,17 @@ std::optional<qint64> Questions::chooseOrder(QWidget* parent, const OrderStore& 
     OrderListDialog dialog(store, parent);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.chosen();
+}
+
+bool Questions::enterGoods(QWidget* parent, Catalogue& catalogue) {
+    return GoodsEditor(catalogue, parent).exec() == QDialog::Accepted;
+}
+
+std::optional<CodeAndName> Questions::chooseWarehouse(QWidget* parent,
+                                                      const std::vector<CodeAndName>& warehouses,
+                                                      const QString& typed, const QPoint& corner) {
+    WarehouseList list(warehouses, typed, parent);
+    list.place(corner);
+    list.exec();
+    return list.chosen();
 }

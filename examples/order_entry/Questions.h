@@ -1,8 +1,12 @@
 // What the window asks and tells the clerk in boxes. A test puts its own answers in this place.
 #pragma once
 
+#include <QPoint>
 #include <QString>
 #include <optional>
+#include <vector>
+
+#include "Catalogue.h"
 
 class OrderStore;
 class QWidget;
@@ -20,4 +24,10 @@ class Questions {
     virtual void information(QWidget* parent, const QString& title, const QString& text);
     /// The order to open, or nothing. Throws DatabaseError.
     virtual std::optional<qint64> chooseOrder(QWidget* parent, const OrderStore& store);
+    /// Takes new goods into the catalogue; false when the clerk gave up.
+    virtual bool enterGoods(QWidget* parent, Catalogue& catalogue);
+    /// The warehouse that the clerk takes out of a list at a place of the screen, or nothing.
+    virtual std::optional<CodeAndName> chooseWarehouse(QWidget* parent,
+                                                       const std::vector<CodeAndName>& warehouses,
+                                                       const QString& typed, const QPoint& corner);
 };
