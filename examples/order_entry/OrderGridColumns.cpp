@@ -102,12 +102,12 @@ void OrderGrid::setUpRules() {
 QString OrderGrid::hint() const {
     switch (grid_.Col()) {
         case Code:
-            return u"输入商品目录中的货号后按回车,带出品名、规格、单位和单价"_s;
+            return u"输入货号后按回车,带出品名、规格、单位和单价;F2 按货号、品名或简码查找"_s;
         case Name:
         case Spec:
             return u"由货号带出,不能修改"_s;
         case Unit:
-            return u"由货号带出,可以修改"_s;
+            return u"由货号带出,可以修改;F2 从列表中选择"_s;
         case Quantity:
             return u"不能为零;可以输入算式,例如 12*3+5;回车到单价"_s;
         case Price:
@@ -115,17 +115,17 @@ QString OrderGrid::hint() const {
         case Amount:
             return u"数量 × 单价,自动计算到分"_s;
         case Warehouse:
-            return u"输入仓库,不能为空;新行沿用上一行"_s;
+            return u"输入仓库,不能为空;F2 从列表中选择;新行沿用上一行"_s;
         case Delivery:
-            return u"年-月-日;时段的日期随之改变;新行沿用上一行"_s;
+            return u"年-月-日;F2 打开日历;时段的日期随之改变;新行沿用上一行"_s;
         case Slot:
-            return u"日期、空格、上午或下午,例如 2026-11-27 下午;新行沿用上一行"_s;
+            return u"日期、空格、上午或下午,例如 2026-11-27 下午;F2 打开日历;新行沿用上一行"_s;
         case Gift:
             return u"按空格键切换"_s;
         case Remark:
             return u"本行的说明,可以为空"_s;
         case Entered:
-            return u"日期、空格、时:分:秒;录入本行时自动填写,可以修改;回车到下一行的货号"_s;
+            return u"日期、空格、时:分:秒;录入本行时自动填写;F2 打开日历;回车到下一行的货号"_s;
         default:
             return {};
     }

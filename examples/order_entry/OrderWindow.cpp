@@ -1,5 +1,6 @@
 #include "OrderWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int DeliveryDays = 7;
+constexpr int TwipsPerInch = 1440;
 
 QString money(Cents amount) {
     return QString::fromStdString(moneyText(amount));
@@ -29,6 +31,7 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Cloc
       header_(new OrderHeader(this)),
       widget_(new kxVsGrid::qt::kxGridWidget(this)),
       grid_(std::make_unique<OrderGrid>(widget_->grid(), services())),
+      help_(std::make_unique<OrderGridHelp>(widget_->grid(), helpServices())),
       state_(new QLabel(this)),
       hint_(new QLabel(this)),
       message_(new QLabel(this)),
@@ -49,8 +52,27 @@ OrderGrid::Services OrderWindow::services() {
     return result;
 }
 
+OrderGridHelp::Services OrderWindow::helpServices() {
+    OrderGridHelp::Services result;
+    result.goods = [this] { return catalogue_.allGoods(); };
+    // In front of the list that its edit button belongs to.
+    result.enterGoods = [this] {
+        QWidget* list = QApplication::activeModalWidget();
+        return questions_.enterGoods(list ? list : this, catalogue_);
+    };
+    result.chooseWarehouse = [this](std::int32_t x, std::int32_t y, const QString& typed) {
+        const auto pixel = [this](std::int32_t twips) {
+            return qRound(double(twips) * widget_->logicalDpiX() / TwipsPerInch);
+        };
+        return questions_.chooseWarehouse(this, catalogue_.warehouses(), typed, {pixel(x), pixel(y)});
+    };
+    result.failed = [this](const QString& why) { say(why.simplified(), true); };
+    return result;
+}
+
 // The grid's host goes before the grid: what the control still raises while it goes finds nobody.
 OrderWindow::~OrderWindow() {
+    help_.reset();
     grid_.reset();
 }
 
@@ -323,7 +345,7 @@ void OrderWindow::enterLines() {
 }
 
 void OrderWindow::fitGrid(int width) {
-    grid_->fitWidth(width * 1440 / widget_->logicalDpiX());
+    grid_->fitWidth(width * TwipsPerInch / widget_->logicalDpiX());
 }
 
 bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -9,6 +9,7 @@
 #include "Catalogue.h"
 #include "Database.h"
 #include "OrderGrid.h"
+#include "OrderGridHelp.h"
 #include "OrderStore.h"
 #include "Questions.h"
 
@@ -56,6 +57,7 @@ class OrderWindow : public QMainWindow {
   private:
     void layOut();
     OrderGrid::Services services();
+    OrderGridHelp::Services helpServices();
     void connectParts();
     void addActions();
     void addStatus();
@@ -88,6 +90,7 @@ class OrderWindow : public QMainWindow {
     OrderHeader* header_;
     kxVsGrid::qt::kxGridWidget* widget_;
     std::unique_ptr<OrderGrid> grid_;
+    std::unique_ptr<OrderGridHelp> help_;
     QLabel* state_;
     QLabel* hint_;
     QLabel* message_;

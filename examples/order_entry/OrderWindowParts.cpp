@@ -105,6 +105,7 @@ void OrderWindow::showKeys() {
                            "Tab\t下一格(Shift+Tab 上一格)\n"
                            "\n在明细中:\n"
                            "回车\t确认并到下一格;直接输入即可修改,Esc 放弃\n"
+                           "F2\t输入时打开帮助:商品、单位、仓库、日历\n"
                            "空格\t切换赠品\n"
                            "Insert\t在末尾增加一行\n"
                            "Delete\t删除当前行"_s);

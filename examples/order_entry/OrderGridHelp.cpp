@@ -1,0 +1,102 @@
+#include "OrderGridHelp.h"
+
+#include "Decimal.h"
+#include "OrderGrid.h"
+#include "kxVsGrid/HelpTable.h"
+
+using namespace kxVsGrid;
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr const char* GoodsList = "goods";
+
+// The calendars that have no name of their own: a date with half a day, a date with a time.
+constexpr auto DateAndHalfDay = static_cast<gEmHelpType>(4);
+constexpr auto DateAndTime = static_cast<gEmHelpType>(5);
+
+constexpr const char* Units = "个|百个|件|只|套|台|把|副|盒|箱|桶|卷|根|片|张|米|平方米|千克|吨";
+
+HelpTable tableOf(const std::vector<Goods>& goods) {
+    HelpTable table("商品");
+    table.field("code", "货号", 1100)
+        .alignment(flexAlignLeftCenter)
+        .field("name", "品名", 2500)
+        .field("pinyin", "简码", 1200);
+    table.field("spec", "规格", 2000).field("unit", "单位", 800);
+    table.field("price", "单价", 1300, HelpKind::Number, PriceDecimals);
+    table.result("code", "name").search({"code", "name", "pinyin"}).editable(GoodsList);
+    for (const Goods& one : goods)
+        table.row({one.code.toStdString(), one.name.toStdString(), one.pinyin.toStdString(),
+                   one.spec.toStdString(), one.unit.toStdString(), plainText(one.price, PriceDecimals)});
+    return table;
+}
+}  // namespace
+
+OrderGridHelp::OrderGridHelp(kxGrid& grid, Services services) : grid_(grid), services_(std::move(services)) {
+    setUpColumns();
+    connectEvents();
+}
+
+OrderGridHelp::~OrderGridHelp() {
+    for (Connection& connection : connections_) connection.disconnect();
+}
+
+void OrderGridHelp::setUpColumns() {
+    const auto offer = [this](OrderGrid::Column col, gEmHelpType type, gEmShowCodeName shown,
+                              const char* code = "") {
+        const auto definition = grid_.VsCtrl(static_cast<std::int16_t>(col));
+        definition->b是否提供帮助(true);
+        definition->i帮助类型(type);
+        definition->i帮助返回值显示类型(shown);
+        definition->sHelp_Code(code);
+    };
+    offer(OrderGrid::Code, ih通用型, iText记Code, GoodsList);
+    offer(OrderGrid::Unit, ih常量型, iText记Name, Units);
+    offer(OrderGrid::Warehouse, ih特殊型, iText记Name);
+    offer(OrderGrid::Delivery, ih日期型, iText记Code);
+    offer(OrderGrid::Slot, DateAndHalfDay, iText记Code);
+    offer(OrderGrid::Entered, DateAndTime, iText记Code);
+    grid_.VsCtrl(OrderGrid::Code)->HelpWidth(9600);  // all of the list's columns side by side
+}
+
+void OrderGridHelp::connectEvents() {
+    connections_.push_back(grid_.GetHelpCodeInfo.connect(
+        [this](const Variant& list, Variant& Grid_code, Variant& GridInfo, Variant& GridData) {
+            if (list.toText() == GoodsList) offerGoods(Grid_code, GridInfo, GridData);
+        }));
+    connections_.push_back(grid_.GetHelpEdit.connect([this](const std::string& list, Variant& GridData) {
+        if (list == GoodsList) editGoods(GridData);
+    }));
+    connections_.push_back(grid_.UserHelpEvent.connect(
+        [this](std::int32_t x, std::int32_t y, std::string& text, Variant& value) {
+            if (grid_.Col() == OrderGrid::Warehouse) chooseWarehouse(x, y, text, value);
+        }));
+}
+
+// Without an answer the control tells the clerk that there is no list; the host says why.
+void OrderGridHelp::offerGoods(Variant& Grid_code, Variant& GridInfo, Variant& GridData) {
+    try {
+        tableOf(services_.goods()).answer(Grid_code, GridInfo, GridData);
+    } catch (const DatabaseError& error) {
+        services_.failed(error.text());
+    }
+}
+
+void OrderGridHelp::editGoods(Variant& GridData) {
+    try {
+        if (services_.enterGoods()) GridData = tableOf(services_.goods()).GridData();
+    } catch (const DatabaseError& error) {
+        services_.failed(error.text());
+    }
+}
+
+void OrderGridHelp::chooseWarehouse(std::int32_t x, std::int32_t y, std::string& name, Variant& code) {
+    try {
+        const auto chosen = services_.chooseWarehouse(x, y, QString::fromStdString(name));
+        if (!chosen) return;
+        name = chosen->name.toStdString();
+        code = chosen->code.toStdString();
+    } catch (const DatabaseError& error) {
+        services_.failed(error.text());
+    }
+}
