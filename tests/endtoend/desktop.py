@@ -192,6 +192,10 @@ class Desktop:
     def xdotool(self, *arguments):
         return subprocess.run(["xdotool", *arguments], env=self.environment, capture_output=True, text=True, check=False)
 
+    def active_window(self):
+        """The id of the window in front."""
+        return self.xdotool("getactivewindow").stdout.strip()
+
     def picture(self, name):
         """Saves what the screen shows."""
         file = self.keep / (name + ".png")
