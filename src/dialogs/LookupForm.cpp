@@ -140,13 +140,14 @@ std::optional<LookupForm::Hit> LookupForm::find(std::string_view text) const {
     std::optional<Hit> best;
     const auto look = [&](std::int32_t col) {
         const PrefixIndex* const index = indexOf(col);
-        const auto record = index ? index->find(text) : std::nullopt;
-        if (!record) return;
-        const std::int32_t row = grid_.FixedRows() + *record;
-        if (!best || row < best->row) best = Hit{row, col};
+        const std::int32_t stop = (best ? best->row : grid_.Rows()) - grid_.FixedRows();
+        const auto record = index ? index->find(text, stop) : std::nullopt;
+        if (record && *record < stop) best = Hit{grid_.FixedRows() + *record, col};
     };
     for (const std::int32_t col : searchColumns_) look(col);
-    if (!best) look(nameColumn_);
+    const auto& searched = searchColumns_;
+    if (!best && std::find(searched.begin(), searched.end(), nameColumn_) == searched.end())
+        look(nameColumn_);
     return best;
 }
 

@@ -58,6 +58,26 @@ TEST(PrefixIndex, TellsTextsApartWhoseFirstEightBytesAreTheSame) {
                 {"1234567", "12345678", "123456789", "12345678a", "12345678b", "12345678z9", "1234567\xff"});
 }
 
+TEST(PrefixIndex, TellsTextsApartWhoseFirstSixteenBytesAreTheSame) {
+    const std::string half = "12345678";
+    const std::string both = half + half;
+    expectFound(
+        {both + "z", both, both + "a", both + "9", half, half + "1234567", half + std::string(8, '\0')},
+        {half, both, both + "9", both + "a", both + "b", both + "z9", half + "1234567\xff", half + "2",
+         half + "1", half + std::string(1, '\0'), half + std::string(8, '\0'), half + std::string(9, '\0')});
+}
+
+TEST(PrefixIndex, NeedNotLookAtRowsFromTheStopOn) {
+    const Texts texts = {"b", "a", "ab", "c"};
+    PrefixIndex index = indexOf(texts);
+    EXPECT_EQ(index.find("a", 2), 1);
+    EXPECT_EQ(index.find("c", 3), std::nullopt);
+    EXPECT_EQ(index.find("b", 1), 0);
+    while (index.build()) {
+    }
+    EXPECT_EQ(index.find("a", 2), 1);
+}
+
 TEST(PrefixIndex, TellsAShortTextFromOneThatGoesOnWithZeroBytes) {
     const auto zeros = [](std::size_t n) { return "ab" + std::string(n, '\0'); };
     Texts texts;
