@@ -59,4 +59,5 @@ void planAppend(Plan& plan);
 void planEvaluator(Plan& plan);
 void planFrames(Plan& plan);
 void planEntry(Plan& plan);
+void planLookup(Plan& plan);
 }  // namespace kxbench

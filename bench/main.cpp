@@ -47,6 +47,7 @@ Plan makePlan() {
     planEvaluator(plan);
     planFrames(plan);
     planEntry(plan);
+    planLookup(plan);
     return plan;
 }
 
