@@ -37,7 +37,6 @@ class OrderWindow:
         self.window.keys("F6")
         self.window.type(self.query("SELECT code FROM customer ORDER BY code LIMIT 1")[0][0])
         self.window.keys("Return", "F7")
-        self.window.desktop.settle()
 
     def save(self):
         """Saves by key, and returns the lines of the one order as the database then has them."""
