@@ -49,33 +49,26 @@ Good goodOf(std::int32_t row) {
     return good;
 }
 
-/// What is typed: two texts of a kind take turns, so that every key changes the text.
+/// What is typed: another text of its kind at every turn, since a completer keeps what it found before.
 struct Typing {
     const char* name;
     const char* work;
-    std::array<std::string, 2> (*texts)(std::int32_t rows);
+    std::string (*text)(std::int32_t rows, std::int32_t turn);
 };
 const Typing Typings[] = {
     {"letter", "one letter",
-     [](std::int32_t) -> std::array<std::string, 2> {
-         return {"S", "q"};
+     [](std::int32_t, std::int32_t turn) {
+         static constexpr std::string_view Letters = "SqzbksdylmABCDEFGHIJKLMNOPQRTUVWXYZacefghijnoprtuvwx";
+         return std::string(1, Letters[static_cast<std::size_t>(turn) % Letters.size()]);
      }},
     {"early", "a code of the first rows",
-     [](std::int32_t) -> std::array<std::string, 2> {
-         return {goodOf(10).code, goodOf(11).code};
-     }},
+     [](std::int32_t, std::int32_t turn) { return goodOf(10 + turn % 100).code; }},
     {"late", "a code of the last rows",
-     [](std::int32_t rows) -> std::array<std::string, 2> {
-         return {goodOf(rows - 1).code, goodOf(rows - 2).code};
-     }},
-    {"long", "a whole name, late",
-     [](std::int32_t rows) -> std::array<std::string, 2> {
-         return {goodOf(rows - 3).name, goodOf(rows - 5).name};
-     }},
+     [](std::int32_t rows, std::int32_t turn) { return goodOf(rows - 1 - turn % 20'000).code; }},
+    {"long", "a whole name of the last rows",
+     [](std::int32_t rows, std::int32_t turn) { return goodOf(rows - 1 - turn % 20'000).name; }},
     {"nothing", "what nothing starts with",
-     [](std::int32_t) -> std::array<std::string, 2> {
-         return {"SKU-24-x", "zz8"};
-     }},
+     [](std::int32_t, std::int32_t turn) { return (turn % 2 ? "SKU-24-x" : "z8") + std::to_string(turn); }},
 };
 
 // --- Ours
@@ -210,11 +203,12 @@ void addTyping(const std::string& group, const char* who, std::int32_t rows, int
                int repetitions) {
     for (const Typing& typing : Typings)
         measure(group + "/" + typing.name + "_" + who, iterations, repetitions,
-                [texts = typing.texts(rows)](benchmark::State& state) {
+                [typing, rows, turn = std::make_shared<std::int32_t>(0)](benchmark::State& state) {
                     Contestant& contestant = Shared<Contestant>::get();
-                    std::size_t turn = 0;
-                    for (auto _ : state)
-                        state.SetIterationTime(seconds([&] { contestant.type(texts[++turn % 2]); }));
+                    for (auto _ : state) {
+                        const std::string text = typing.text(rows, ++*turn);
+                        state.SetIterationTime(seconds([&] { contestant.type(text); }));
+                    }
                 });
 }
 
