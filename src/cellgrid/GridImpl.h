@@ -82,7 +82,7 @@ struct CellGrid::Impl {
     /// not.
     Scroll settle();
     void geometryChanged() { announce(settle()); }
-    void bringIntoView();
+    void bringIntoView(bool sideways);
     void damageCell(std::int32_t row, std::int32_t col);
     void damageCursor();
 

@@ -39,7 +39,9 @@ bool CellGrid::Impl::moveByUser(std::int32_t newRow, std::int32_t newCol) {
     const bool moves = newRow != currentRow || newCol != currentCol;
     const std::int32_t oldTop = layout.rows.first;
     const std::int32_t oldLeft = layout.cols.first;
-    if (move(newRow, newCol)) bringIntoView();
+    // where whole rows are selected, another row is no reason to go sideways
+    const bool sideways = !selectsRows || newCol != currentCol;
+    if (move(newRow, newCol)) bringIntoView(sideways);
     return moves || layout.rows.first != oldTop || layout.cols.first != oldLeft;
 }
 

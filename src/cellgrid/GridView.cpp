@@ -32,10 +32,10 @@ CellGrid::Impl::Scroll CellGrid::Impl::settle() {
     return scroll(layout.rows.first, layout.cols.first);
 }
 
-void CellGrid::Impl::bringIntoView() {
+void CellGrid::Impl::bringIntoView(bool sideways) {
     if (!there || currentRow < 0 || currentCol < 0) return;
     scrollTo(grid.TopRowToShow(currentRow, layout.clientHeight() - layout.bottomStrip),
-             grid.LeftColToShow(currentCol, layout.clientWidth()));
+             sideways ? grid.LeftColToShow(currentCol, layout.clientWidth()) : layout.cols.first);
 }
 
 void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {

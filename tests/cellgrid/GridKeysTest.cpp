@@ -191,6 +191,18 @@ TEST_F(Keys, OnlyScrollSidewaysWhereWholeRowsAreSelected) {
     EXPECT_EQ(at(), "2,1");
 }
 
+TEST_F(Keys, FromRowToRowDoNotScrollSidewaysWhereWholeRowsAreSelected) {
+    grid.SelectsRows(true);
+    grid.Select(1, 3);
+    grid.LeftCol(1);
+    grid.Resize(2500, 1500);
+    EXPECT_TRUE(press(Key::Down));
+    EXPECT_TRUE(press(Key::PageDown));
+    EXPECT_EQ(grid.LeftCol(), 1);
+    EXPECT_TRUE(press(Key::End));
+    EXPECT_GT(grid.LeftCol(), 1);
+}
+
 TEST_F(Keys, ThatAreCharactersAreRaisedAsSuch) {
     std::vector<int> characters;
     grid.KeyPress.connect([&](std::int16_t& ascii) { characters.push_back(ascii); });
