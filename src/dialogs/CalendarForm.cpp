@@ -40,8 +40,8 @@ CalendarForm::CalendarForm(Mode mode, const DateTime& today)
       mode_(mode),
       today_(today),
       month_(add("MonthView", "MonthView1", captions::CalendarTitle, {120, 120, 3960, 3240})),
-      time_(add("DTPicker", "DTPTime", "", {120, 3480, 1800, 360})),
-      half_(add("ComboBox", "Cob", "", {120, 3480, 1800, 360})),
+      time_(add("DTPicker", "DTPTime", captions::Time, {120, 3450, 1800, 345})),
+      half_(add("ComboBox", "Cob", captions::HalfDay, {120, 3450, 1800, 345})),
       todayButton_(add("kxButton", "Jtcommand", captions::Today, {120, ScaleHeight() - 540, 1200, 420})),
       ok_(add("kxButton", "QdCommand", captions::Ok, {2880, ScaleHeight() - 540, 1200, 420})) {
     time_.visible = mode == Mode::Time;

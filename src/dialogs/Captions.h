@@ -7,7 +7,9 @@ inline constexpr const char* Ok = "确定";
 inline constexpr const char* Cancel = "取消";
 inline constexpr const char* Today = "今天";
 inline constexpr const char* Edit = "编辑";
-inline constexpr const char* Search = "查找：";
+inline constexpr const char* Time = "时间";
+inline constexpr const char* HalfDay = "上午或下午";
+inline constexpr const char* Search = "查找";
 
 inline constexpr const char* LookupTitle = "编码帮助";
 inline constexpr const char* CalendarTitle = "日期";

@@ -1,5 +1,6 @@
 #include "dialogs/ConstantForm.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "dialogs/Captions.h"
@@ -13,16 +14,18 @@ namespace {
 constexpr std::int32_t Name = 1;
 constexpr std::int32_t Value = 2;
 constexpr std::int32_t RowHeight = 300;
+constexpr std::int32_t WidestColumn = 6000;
 }  // namespace
 
 ConstantForm::ConstantForm(const TextMetrics& metrics)
     : Form("XT_Const", captions::ConstantsTitle, 4200, 3900),
+      metrics_(metrics),
       grid_(metrics),
-      list_(add("CellGrid", "CzxsGrid", captions::ConstantsTitle, {120, 120, 3960, 3120})),
-      ok_(add("kxButton", "QdCommand", captions::Ok, {1500, 3360, 1200, 420})) {
+      list_(add("CellGrid", "CzxsGrid", captions::ConstantsTitle, {120, 120, 3960, 2940})),
+      ok_(add("kxButton", "QdCommand", captions::Ok, {1500, 3180, 1200, 360})) {
     list_.grid = &grid_;
     ok_.isDefault = true;
-    add("CommandButton", "QxCommand", captions::Cancel, {2880, 3360, 1200, 420}).isCancel = true;
+    add("CommandButton", "QxCommand", captions::Cancel, {2880, 3180, 1200, 360}).isCancel = true;
 }
 
 void ConstantForm::load() {
@@ -35,8 +38,11 @@ void ConstantForm::load() {
     grid_.RowHeightMin(RowHeight);
     grid_.FormatString(" |名称          |值");
     grid_.ColAlignment(Name, flexAlignLeftCenter);
+    grid_.FixedAlignment(Name, flexAlignCenterCenter);
+    grid_.FixedAlignment(Value, flexAlignCenterCenter);
     grid_.SelectsRows(true);
     fill();
+    fitColumns();
     grid_.Redraw(1);
     resize_.py_Init(*this);
     giveFocus(list_);
@@ -53,6 +59,20 @@ void ConstantForm::fill() {
         const std::vector<std::string_view> parts = splitAt(item, ';');
         grid_.Text(row, Name, parts[0]);
         grid_.Text(row, Value, parts.size() > 1 ? parts[1] : parts[0]);
+    }
+}
+
+/// No text is cut that is not very long.
+void ConstantForm::fitColumns() {
+    constexpr std::size_t VeryLong = 200;
+    for (const std::int32_t col : {Name, Value}) {
+        std::int32_t width = grid_.ColWidth(col);
+        for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows() && width < WidestColumn; ++row) {
+            const std::string text = grid_.Text(row, col);
+            const bool longText = text.size() > VeryLong;
+            width = std::max(width, longText ? WidestColumn : metrics_.textWidth(text) + metrics_.padding());
+        }
+        grid_.ColWidth(col, std::min(width, WidestColumn));
     }
 }
 

@@ -23,9 +23,11 @@ class ConstantForm : public Form {
 
   private:
     void fill();
+    void fitColumns();
     void accept();
     void finish(std::string code, std::string name);
 
+    const TextMetrics& metrics_;
     CellGrid grid_;
     FormControl& list_;
     FormControl& ok_;

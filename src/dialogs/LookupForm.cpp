@@ -19,16 +19,17 @@ std::int32_t firstFieldOf(const Table& records, std::int32_t record) {
 }
 }  // namespace
 
+/// At half of this size the controls that keep their height still clear each other and the edge.
 LookupForm::LookupForm(const TextMetrics& metrics)
     : Form("XT_TybmczFrm", captions::LookupTitle, 7200, 5100),
       grid_(metrics),
-      text_(add("TextBox", "CodeText", captions::Search, {840, 120, 6240, 330})),
-      list_(add("CellGrid", "CzxsGrid", captions::LookupTitle, {120, 570, 6960, 3870})),
-      message_(add("Label", "lblmessage", "", {120, 4650, 2400, 240})),
-      edit_(add("kxButton", "Bjcommand", captions::Edit, {3240, 4560, 1200, 420})),
-      ok_(add("CommandButton", "QdCommand", captions::Ok, {4560, 4560, 1200, 420})) {
-    add("Label", "Label1", captions::Search, {120, 180, 720, 240});
-    add("CommandButton", "QxCommand", captions::Cancel, {5880, 4560, 1200, 420}).isCancel = true;
+      text_(add("TextBox", "CodeText", captions::Search, {840, 75, 6240, 330})),
+      list_(add("CellGrid", "CzxsGrid", captions::LookupTitle, {120, 735, 6960, 3525})),
+      message_(add("Label", "lblmessage", "", {120, 4440, 2400, 240})),
+      edit_(add("kxButton", "Bjcommand", captions::Edit, {3240, 4380, 1200, 360})),
+      ok_(add("CommandButton", "QdCommand", captions::Ok, {4560, 4380, 1200, 360})) {
+    add("Label", "Label1", captions::Search, {120, 120, 720, 240});
+    add("CommandButton", "QxCommand", captions::Cancel, {5880, 4380, 1200, 360}).isCancel = true;
     list_.grid = &grid_;
     ok_.isDefault = true;
     edit_.visible = false;
@@ -76,6 +77,7 @@ void LookupForm::layOut() {
         grid_.Text(0, col, field.header);
         grid_.ColWidth(col, field.width);
         grid_.ColAlignment(col, field.alignment);
+        grid_.FixedAlignment(col, flexAlignCenterCenter);
         grid_.ColHidden(col, !field.visible);
         grid_.ColFormat(col, field.format);
     }
