@@ -8,7 +8,6 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QToolTip>
-#include <cmath>
 #include <utility>
 
 #include "qt/AccessibleGrid.h"
@@ -20,14 +19,6 @@
 #include "qt/Stage.h"
 
 namespace kxVsGrid::qt {
-namespace {
-
-/// Middle of the pixel that the mouse points at: on the side of a cell's edge that the pixel is painted on.
-std::int32_t middle(const Scale& scale, double pixel) {
-    return scale.twips(std::floor(pixel) + 0.5);
-}
-}  // namespace
-
 GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
     AccessibleGrid::install();  // before anything asks for this view
     setFocusPolicy(Qt::TabFocus);
@@ -46,44 +37,24 @@ Rect GridView::mainPlace() const {
 // --- Painting -------------------------------------------------------------------------------------------
 
 void GridView::repaintDamage(const CellGrid::Damage& damage, const Rect& origin) {
-    const Scale scale = stage_.scale();
     if (damage.all) {
         update();
         return;
     }
-    QRegion region;
-    for (Rect rect : damage.rects) {
-        rect.left += origin.left;
-        rect.top += origin.top;
-        region += scale.pixels(rect).adjusted(-1, -1, 1, 1);
-    }
+    const QRegion region = pixelsOf(damage, origin, stage_.scale());
     if (!region.isEmpty()) update(region);
 }
 
 void GridView::paintEvent(QPaintEvent* event) {
-    constexpr int ManyParts = 8;
     QPainter painter(this);
-    if (palette().cacheKey() != paletteKey_) {
-        paletteKey_ = palette().cacheKey();
-        colors_ = SystemColors(palette());
-    }
-    frames_.look(font(), colors_, stage_.scale(), this);
-    // Qt does not tell when the window has come to a screen of another scale
-    if (const Scale now = stage_.scale(); !(scale_ == now)) {
-        if (scale_)
-            QMetaObject::invokeMethod(
-                this, [this] { stage_.lookChanged(); }, Qt::QueuedConnection);
-        scale_ = now;
-    }
+    if (painter_.follow(*this))
+        QMetaObject::invokeMethod(
+            this, [this] { stage_.lookChanged(); }, Qt::QueuedConnection);
     partFailed_ = false;
     const QRegion& region = event->region();
-    if (region.rectCount() > ManyParts) return paintPart(painter, region.boundingRect());
-    const bool one = region.rectCount() == 1;
-    for (const QRect& part : region) {
-        if (!one) painter.setClipRect(part);
-        paintPart(painter, part);
-    }
-    if (!partFailed_ && one && region.boundingRect().contains(rect())) toldFailure_ = false;
+    paintParts(painter, region, [&](const QRect& part) { paintPart(painter, part); });
+    const bool all = region.rectCount() == 1 && region.boundingRect().contains(rect());
+    if (!partFailed_ && all) toldFailure_ = false;
 }
 
 void GridView::paintPart(QPainter& painter, const QRect& part) {
@@ -104,24 +75,21 @@ void GridView::paintTotalEdges(QPainter& painter) {
     const QRect totals = scale.pixels(grid.totalRowRect());
     const int end = scale.pixel(grid.Grid().ClientHeight());
     painter.fillRect(QRectF(totals.left(), totals.top(), totals.width(), 1 / scale.ratio()),
-                     QColor(colors_.rgb(Shadow)));
+                     QColor(painter_.colors().rgb(Shadow)));
     painter.fillRect(QRect(totals.left(), totals.bottom() + 1, totals.width(), end - totals.bottom() - 1),
-                     QColor(colors_.rgb(grid.Grid_Sum().BackColorBkg())));
+                     QColor(painter_.colors().rgb(grid.Grid_Sum().BackColorBkg())));
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
                          Frame& frame) {
-    const Scale scale = stage_.scale();
-    if (!scale.pixels(origin).intersects(part)) return;
     FrameState state;
     state.focused = stage_.focusShown();
     state.editorOpen = stage_.box().visible();
-    state.clip = scale.twips(part);
-    state.clip.left -= origin.left;
-    state.clip.top -= origin.top;
-    const QString failure = Stage::failureOf([&] { makeFrame(frame, grid, state); });
-    if (failure.isNull()) return frames_.paint(painter, frame, origin);
-    painter.fillRect(scale.pixels(origin) & part, QColor(colors_.rgb(grid.BackColorBkg())));
+    const QString failure =
+        Stage::failureOf([&] { painter_.paint(painter, part, grid, origin, state, frame); });
+    if (failure.isNull()) return;
+    painter.fillRect(stage_.scale().pixels(origin) & part,
+                     QColor(painter_.colors().rgb(grid.BackColorBkg())));
     paintFailed(failure);
 }
 
@@ -314,15 +282,9 @@ void GridView::showWholeText(const QHelpEvent& event) {
     const CellGrid& cells = totals ? grid.Grid_Sum() : grid.Grid();
     const Rect origin = totals ? grid.totalRowRect() : Rect{};
     const GridHit hit = cells.HitTest(x - origin.left, y - origin.top);
-    const bool cell = hit.part == GridHit::Part::Cell || hit.part == GridHit::Part::FixedCell;
-    QString text;
-    if (cell && (totals || cells.ColDataType(hit.col) != flexDTBoolean)) {
-        const std::string shown = cells.DisplayText(hit.row, hit.col);
-        const TextMetrics& metrics = stage_.metrics();
-        const std::int32_t width = metrics.textWidth(shown) + metrics.padding();
-        if (width > cells.CellRect(hit.row, hit.col).width || shown.find('\n') != std::string::npos)
-            text = toQt(shown);
-    }
+    const bool checkBox =
+        !totals && hit.part == GridHit::Part::Cell && cells.ColDataType(hit.col) == flexDTBoolean;
+    const QString text = checkBox ? QString() : toQt(cutText(cells, hit, stage_.metrics()));
     QToolTip::showText(event.globalPos(), text.isEmpty() ? text : text.toHtmlEscaped(), this);
 }
 

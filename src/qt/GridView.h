@@ -5,11 +5,10 @@
 
 #include <QHelpEvent>
 #include <QWidget>
-#include <optional>
 
 #include "kxVsGrid/Frame.h"
 #include "kxVsGrid/Platform.h"
-#include "qt/FramePainter.h"
+#include "qt/GridPainter.h"
 #include "qt/MousePress.h"
 
 namespace kxVsGrid::qt {
@@ -64,10 +63,7 @@ class GridView : public QWidget {
     QVariant boxQuery(Qt::InputMethodQuery query) const;
 
     Stage& stage_;
-    FramePainter frames_;
-    SystemColors colors_;
-    qint64 paletteKey_ = -1;
-    std::optional<Scale> scale_;  // that was painted with
+    GridPainter painter_;
     Frame mainFrame_;
     Frame totalFrame_;
     bool splitCursor_ = false;

@@ -28,6 +28,11 @@ void QtSeat::layoutChanged() {
     if (Stage* stage = shown()) stage->layoutChanged();
 }
 
+Rect QtSeat::onScreen(const Rect& place) const {
+    const Stage* stage = shown();
+    return stage != nullptr ? stage->onScreen(place) : Rect{};
+}
+
 void QtSeat::settingChanged(std::string_view name) {
     if (Stage* stage = shown()) stage->settingChanged(name);
 }

@@ -18,6 +18,7 @@ class QtSeat : public Seat {
     void showEditor(const EditorView& editor) override;
     void typeIntoEditor(std::string_view character) override;
     void layoutChanged() override;
+    Rect onScreen(const Rect& place) const override;
     void settingChanged(std::string_view name) override;
 
   private:

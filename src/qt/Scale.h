@@ -67,4 +67,9 @@ class Scale {
     double pixelsPerTwip_;
     double ratio_;
 };
+
+/// Middle of the pixel that the mouse points at: on the side of a cell's edge that the pixel is painted on.
+inline std::int32_t middle(const Scale& scale, double pixel) {
+    return scale.twips(std::floor(pixel) + 0.5);
+}
 }  // namespace kxVsGrid::qt

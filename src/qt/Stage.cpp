@@ -14,10 +14,6 @@
 #include "qt/KeyMap.h"
 
 namespace kxVsGrid::qt {
-namespace {
-
-constexpr int EighthsPerNotch = 120;
-}  // namespace
 
 Stage::Stage(kxGridWidget& widget)
     : widget_(widget),
@@ -162,6 +158,15 @@ void Stage::layoutChanged() {
     view_->update();
 }
 
+Rect Stage::onScreen(const Rect& place) const {
+    const Scale now = scale();
+    const QRect pixels = now.pixels(place).translated(view_->mapToGlobal(QPoint()));
+    const std::int32_t left = now.twips(pixels.left());
+    const std::int32_t top = now.twips(pixels.top());
+    return {left, top, now.twips(pixels.left() + pixels.width()) - left,
+            now.twips(pixels.top() + pixels.height()) - top};
+}
+
 void Stage::settingChanged(std::string_view name) {
     Q_EMIT widget_.settingChanged(toQt(name));
 }
@@ -250,13 +255,9 @@ void Stage::keyUp(const QKeyEvent& event) {
 }
 
 void Stage::wheel(const QWheelEvent& event) {
-    wheelDown_ -= event.angleDelta().y();
-    wheelRight_ -= event.angleDelta().x();
-    const int down = wheelDown_ / EighthsPerNotch;
-    const int right = wheelRight_ / EighthsPerNotch;
-    wheelDown_ -= down * EighthsPerNotch;
-    wheelRight_ -= right * EighthsPerNotch;
-    if (down != 0 && !guarded([&](Input& input) { input.wheel(down); })) return;
+    const QPoint notches = notches_.add(event);
+    const std::int32_t right = notches.x();
+    if (notches.y() != 0 && !guarded([&](Input& input) { input.wheel(notches.y()); })) return;
     const CellGrid& cells = grid().Grid();
     if (right != 0) guarded([&](Input& input) { input.scrolled(cells.TopRow(), cells.LeftCol() + right); });
 }

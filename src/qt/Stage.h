@@ -15,6 +15,7 @@
 #include "qt/MousePress.h"
 #include "qt/Scale.h"
 #include "qt/ScrollBars.h"
+#include "qt/WheelNotches.h"
 
 namespace kxVsGrid::qt {
 
@@ -59,6 +60,7 @@ class Stage {
     void showEditor(const EditorView& view);
     void typeIntoEditor(std::string_view character);
     void layoutChanged();
+    Rect onScreen(const Rect& place) const;
     void settingChanged(std::string_view name);
 
     // --- What the pieces tell.
@@ -119,8 +121,7 @@ class Stage {
     TypingPlace typingPlace_;
     Rect totalsShown_;
     std::int32_t fittedHeight_ = 0;
-    int wheelDown_ = 0;  // eighths of a degree that are no whole notch yet
-    int wheelRight_ = 0;
+    WheelNotches notches_;
     bool focusShown_ = false;
     bool away_ = false;  // the keyboard is with another window, a menu or a popup
     bool composingOnGrid_ = false;
