@@ -1,7 +1,5 @@
 #include "qt/EditorBox.h"
 
-#include <QGuiApplication>
-#include <QInputMethod>
 #include <algorithm>
 
 #include "qt/BoxParts.h"
@@ -38,12 +36,7 @@ void EditorBox::choose(bool multiLine) {
 }
 
 void EditorBox::hide() {
-    if (composing_) {
-        composing_ = false;
-        preedit_.clear();
-        QGuiApplication::inputMethod()->reset();
-        stage_.composing(false);
-    }
+    composition_.forget();
     QWidget& box = port_->widget();
     if (box.isHidden()) return;
     // a hidden widget's focus would go to the next control of the window, as if the clerk had left
@@ -60,7 +53,7 @@ void EditorBox::show(const EditorView& view) {
         return;
     }
     choose(view.multiLine);
-    if (!composing_ || view.text != known_.text) {
+    if (!composing() || view.text != known_.text) {
         mirrorText(view);
         mirrorSelection(view);
     }
@@ -85,12 +78,7 @@ void EditorBox::place() {
 
 void EditorBox::mirrorText(const EditorView& view) {
     if (view.text == known_.text) return;
-    if (composing_) {
-        composing_ = false;
-        preedit_.clear();
-        QGuiApplication::inputMethod()->reset();
-        stage_.composing(false);
-    }
+    composition_.forget();
     const bool carriage = view.multiLine && view.text.find("\r\n") != std::string::npos;
     lineEnds_ = carriage ? LineEnds::CarriageReturnAndLineFeed : LineEnds::Single;
     QString text = toQt(view.text);
@@ -127,22 +115,22 @@ EditorBox::Known EditorBox::known(const BoxState& state) const {
     return {fromQt(text), start, end - start};
 }
 
-/// Compares the box with what the core knows of it.
-void EditorBox::look() {
-    if (mirroring_ || composing_ || !view_.visible) return;
+/// Compares the box with what the core knows of it. False when the widget was destroyed meanwhile.
+bool EditorBox::look() {
+    if (mirroring_ || composition_.busy() || !view_.visible) return true;
     if (port_->state().text != shown_.text) limitTyping(shown_.text);
-    report();
+    return report();
 }
 
-void EditorBox::report() {
+bool EditorBox::report() {
     const BoxState now = port_->state();
-    if (now == shown_) return;
+    if (now == shown_) return true;
     const bool sameText = now.text == shown_.text;
     Known told = known(now);
     if (sameText) told.text = known_.text;
     shown_ = now;
     known_ = told;
-    stage_.guarded([&](Input& input) {
+    return stage_.guarded([&](Input& input) {
         if (sameText)
             input.selected(told.selStart, told.selLength);
         else
@@ -184,7 +172,7 @@ void EditorBox::paste() {
 // --- Keys, focus, menu ----------------------------------------------------------------------------------
 
 bool EditorBox::keyDown(const QKeyEvent& event) {
-    if (composing_) return true;
+    if (composing()) return true;
     bool used = true;
     const bool alive = stage_.guarded([&](Input& input) { used = input.key(strokeOf(event)); });
     return used || !alive;
@@ -223,60 +211,19 @@ void EditorBox::inputMethod(QInputMethodEvent& event) {
 }
 
 void EditorBox::compose(QInputMethodEvent& event) {
-    const bool shows = !event.preeditString().isEmpty();
-    const bool commits = !event.commitString().isEmpty() || event.replacementLength() > 0;
-    if (shows && !composing_) beginComposition();
-    const bool wasComposing = composing_;
-    preedit_ = event.preeditString();
-    {
-        const Span mirroring(mirroring_);
-        port_->applyInputMethod(event);
-    }
-    event.accept();
-    if (commits) {
-        composed();
-    } else if (wasComposing && !shows) {
-        dropped();
-    }
+    composition_.apply(*port_, event);
 }
 
-void EditorBox::beginComposition() {
-    beforeComposing_ = port_->state();
-    composing_ = true;
-    stage_.composing(true);
+void EditorBox::composes(bool underway) {
+    stage_.composing(underway);
 }
 
-/// A text was committed. Another composition may have begun in the same breath: what has been committed is
-/// reported then as well, and is what dropping the new one goes back to.
-void EditorBox::composed() {
-    const bool goesOn = !preedit_.isEmpty();
-    const bool wasComposing = composing_;
-    composing_ = false;
-    if (wasComposing) stage_.composing(false);
-    look();
-    if (!goesOn || !view_.visible) return;
-    beginComposition();
-}
-
-void EditorBox::dropped() {
-    {
-        const Span mirroring(mirroring_);
-        if (port_->state().text != beforeComposing_.text) port_->setText(beforeComposing_.text);
-        port_->select(beforeComposing_.start, beforeComposing_.length);
-    }
-    composing_ = false;
-    stage_.composing(false);
+bool EditorBox::committed() {
+    return look() && view_.visible;
 }
 
 void EditorBox::endComposition() {
-    if (!composing_) return;
-    // most input methods commit by themselves when they are told to
-    QGuiApplication::inputMethod()->commit();
-    if (!composing_) return;
-    QInputMethodEvent commit;
-    commit.setCommitString(preedit_);
-    compose(commit);
-    QGuiApplication::inputMethod()->reset();
+    composition_.end(*port_);
 }
 
 QVariant EditorBox::query(Qt::InputMethodQuery query) const {

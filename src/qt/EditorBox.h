@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "kxVsGrid/Platform.h"
+#include "qt/Composition.h"
 #include "qt/Encoding.h"
 #include "qt/TextBoxes.h"
 
@@ -17,7 +18,7 @@ namespace kxVsGrid::qt {
 
 class Stage;
 
-class EditorBox : private BoxEvents {
+class EditorBox : private BoxEvents, private Composition::Listener {
   public:
     EditorBox(Stage& stage, QWidget& parent);
     ~EditorBox() override;
@@ -36,7 +37,7 @@ class EditorBox : private BoxEvents {
 
     // --- Input method, also for the grid, which composes in the box while it keeps the keyboard.
     void compose(QInputMethodEvent& event);
-    bool composing() const { return composing_; }
+    bool composing() const { return composition_.underway(); }
     /// Commits what is being composed, exactly once.
     void endComposition() override;
     QVariant query(Qt::InputMethodQuery query) const;
@@ -64,13 +65,12 @@ class EditorBox : private BoxEvents {
     void hide();
     void mirrorText(const EditorView& view);
     void mirrorSelection(const EditorView& view);
-    void look();
+    bool look();
     void limitTyping(const QString& before);
     Known known(const BoxState& state) const;
-    void report();
-    void beginComposition();
-    void composed();
-    void dropped();
+    bool report();
+    void composes(bool underway) override;
+    bool committed() override;
 
     Stage& stage_;
     LineBox& line_;
@@ -82,8 +82,6 @@ class EditorBox : private BoxEvents {
     Known known_;     ///< the same in the core's own terms
     int acting_ = 0;
     bool mirroring_ = false;
-    bool composing_ = false;
-    QString preedit_;
-    BoxState beforeComposing_;
+    Composition composition_{*this};
 };
 }  // namespace kxVsGrid::qt
