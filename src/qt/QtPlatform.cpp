@@ -12,8 +12,10 @@
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 #include "qt/QtSeat.h"
+#include "qt/forms/FormDialog.h"
 
 namespace kxVsGrid::qt {
+
 void QtPlatform::widget(QWidget& widget) {
     widget_ = &widget;
     metrics_.use(widget);
@@ -56,6 +58,11 @@ std::optional<std::string> QtPlatform::askText(const InputBox& box) {
     shown->setCancelButtonText(captions::Cancel);
     if (shown->exec() != QDialog::Accepted || !shown) return std::nullopt;
     return fromQt(shown->textValue());
+}
+
+void QtPlatform::showForm(Form& form, const Rect& anchor) {
+    if (machine_.stage == nullptr) return;  // the host has ended the widget: nobody is left to choose
+    runForm(widget_, form, anchor);
 }
 
 void QtPlatform::clipboardText(std::string_view text) {

@@ -24,6 +24,7 @@ class QtPlatform : public Platform {
     DateTime now() const override;
     void showMessage(const MessageBox& box) override;
     std::optional<std::string> askText(const InputBox& box) override;
+    void showForm(Form& form, const Rect& anchor) override;
     void clipboardText(std::string_view text) override;
     void processPendingInput() override;
 

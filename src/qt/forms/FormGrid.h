@@ -1,0 +1,65 @@
+// A form's grid: paints it as the main grid is painted, and hands keys, mouse and wheel on to it.
+#pragma once
+
+#include <QFrame>
+#include <QTimer>
+#include <exception>
+
+#include "kxVsGrid/Form.h"
+#include "kxVsGrid/Frame.h"
+#include "qt/GridPainter.h"
+#include "qt/QtMetrics.h"
+#include "qt/ScrollBars.h"
+#include "qt/WheelNotches.h"
+
+namespace kxVsGrid::qt {
+
+class FormDialog;
+
+/// The grid within its frame.
+class FormGrid : public QFrame {
+  public:
+    FormGrid(FormDialog& dialog, FormControl& control);
+
+    CellGrid& grid() const { return *control_.grid; }
+
+  private:
+    FormControl& control_;
+};
+
+class FormGridView : public QWidget {
+  public:
+    FormGridView(FormDialog& dialog, FormControl& control, QWidget* parent);
+    ~FormGridView() override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    GridHit hit(const QPointF& at) const;
+    void fit();
+    void repaintDamage();
+    void fail(const std::exception_ptr& failure);
+    void showWholeText(const QHelpEvent& event);
+
+    FormDialog& dialog_;
+    FormControl& control_;
+    CellGrid& grid_;
+    QtMetrics metrics_;
+    ScrollBars bars_;
+    GridPainter painter_;
+    Frame frame_;
+    QTimer repaint_;
+    WheelNotches notches_;
+    bool onRow_ = false;  // the last press, the first of a double click, was on a data row
+};
+}  // namespace kxVsGrid::qt

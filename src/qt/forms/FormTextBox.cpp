@@ -1,0 +1,85 @@
+#include "qt/forms/FormTextBox.h"
+
+#include <limits>
+
+#include "qt/EditMenu.h"
+#include "qt/Encoding.h"
+#include "qt/forms/FormDialog.h"
+#include "support/Span.h"
+
+namespace kxVsGrid::qt {
+
+FormTextBox::FormTextBox(FormDialog& dialog, FormControl& control)
+    : LineBox(*this, &dialog), dialog_(dialog), control_(control) {
+    setFrame(true);
+    setTextMargins(0, 0, 0, 0);
+    setFocusPolicy(Qt::StrongFocus);
+    setMaxLength(std::numeric_limits<int>::max());
+}
+
+void FormTextBox::mirror() {
+    const support::Span mirroring(mirroring_);
+    const QString text = toQt(control_.text);
+    if (text != shown_.text) {
+        composition_.forget();
+        LineBox::setText(text);
+    }
+    if (composition_.underway()) return;
+    const qsizetype start = positionOf(text, static_cast<std::size_t>(control_.selStart), LineEnds::Single);
+    const auto end = static_cast<std::size_t>(control_.selStart + control_.selLength);
+    select(start, positionOf(text, end, LineEnds::Single) - start);
+    shown_ = state();
+}
+
+// --- What the clerk changes -----------------------------------------------------------------------------
+
+void FormTextBox::clerkActs(bool begins) {
+    acting_ += begins ? 1 : -1;
+    if (acting_ == 0) look();
+}
+
+void FormTextBox::look() {
+    if (mirroring_ || composition_.busy()) return;
+    const BoxState now = state();
+    if (now == shown_) return;
+    const std::string text = now.text == shown_.text ? control_.text : fromQt(now.text);
+    shown_ = now;
+    const std::size_t start = charactersBefore(now.text, now.start, LineEnds::Single);
+    const std::size_t end = charactersBefore(now.text, now.start + now.length, LineEnds::Single);
+    dialog_.act([&](Form& form) {
+        form.edit(control_, text, static_cast<std::int32_t>(start), static_cast<std::int32_t>(end - start));
+    });
+}
+
+bool FormTextBox::keyDown(const QKeyEvent& event) {
+    return composition_.underway() || dialog_.key(control_, event);
+}
+
+void FormTextBox::inputMethod(QInputMethodEvent& event) {
+    composition_.apply(*this, event);
+}
+
+bool FormTextBox::committed() {
+    look();
+    return true;
+}
+
+void FormTextBox::endComposition() {
+    composition_.end(*this);
+}
+
+// --- As text boxes of dialogs do ------------------------------------------------------------------------
+
+bool FormTextBox::leave(bool forward) {
+    return QLineEdit::focusNextPrevChild(forward);
+}
+
+void FormTextBox::menu(const QPoint& place) {
+    endComposition();
+    showEditMenu(*this, *this, place);
+}
+
+void FormTextBox::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+}
+}  // namespace kxVsGrid::qt
