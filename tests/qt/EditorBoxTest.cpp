@@ -2,6 +2,7 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include "qt/Boxes.h"
 #include "qt/Encoding.h"
 #include "qt/Window.h"
 
@@ -182,6 +183,7 @@ TEST(EditorBox, HasAMenuInTheControlsOwnWords) {
 
 TEST(EditorBox, ShowsTheHelpButtonBesideIt) {
     Window w;
+    Boxes boxes;  // nobody answers the help
     w.grid().VsCtrl(Code)->b是否提供帮助(true);
     w.focusCell(1, Code);
     w.type("x");
@@ -191,6 +193,7 @@ TEST(EditorBox, ShowsTheHelpButtonBesideIt) {
     EXPECT_EQ(w.editor().geometry().united(button->geometry()), cell);
     EXPECT_FALSE(w.editor().geometry().intersects(button->geometry()));
     QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(boxes.texts(), QStringList("当前的帮助编码返回错误，或找不到当前的帮助编码"));
     EXPECT_TRUE(w.editorShown());
     EXPECT_TRUE(w.editor().hasFocus());
     w.press(Qt::Key_Escape);

@@ -1,0 +1,92 @@
+#include "qt/Dialogs.h"
+
+#include <QDir>
+#include <QPointer>
+#include <QTimer>
+#include <QWheelEvent>
+#include <QWindow>
+
+#include "qt/Scale.h"
+
+namespace kxVsGrid::qt::testing {
+
+void Dialog::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
+    QTest::keyClick(window.windowHandle(), key, modifiers);
+}
+
+void Dialog::type(const QString& text) const {
+    for (const QChar character : text) {
+        const bool ascii = character.unicode() < 0x80;
+        const Qt::Key key = ascii ? QTest::asciiToKey(character.toLatin1()) : Qt::Key_unknown;
+        QTest::sendKeyEvent(QTest::Click, &testing::focused(), key, QString(character), Qt::NoModifier);
+    }
+}
+
+void Dialog::compose(const QString& preedit, const QString& commit) const {
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QApplication::sendEvent(&testing::focused(), &event);
+}
+
+QPoint Dialog::cell(const CellGrid& grid, std::int32_t row, std::int32_t col) const {
+    return Scale(window).pixels(grid.CellRect(row, col)).center();
+}
+
+void Dialog::twice(QWidget& target, const QPoint& at) {
+    screen::doubleClick(target, at);
+}
+
+void Dialog::wheel(QWidget& target, int notches) {
+    const QPointF at = target.rect().center();
+    QWheelEvent event(at, target.mapToGlobal(at), {}, {0, -120 * notches}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&target, &event);
+}
+
+QImage Dialog::picture(const QString& name) const {
+    Window::settle();
+    const QImage image = window.grab().toImage();
+    const QString folder = QStringLiteral(KX_PICTURES);
+    QDir().mkpath(folder);
+    const int percent = qRound(window.devicePixelRatioF() * 100);
+    EXPECT_TRUE(image.save(QStringLiteral("%1/%2-%3.png").arg(folder, name).arg(percent)));
+    return image;
+}
+
+Dialogs::Dialogs(Act act) : act_(std::move(act)) {
+    qApp->installEventFilter(this);
+}
+
+Dialogs::~Dialogs() {
+    qApp->removeEventFilter(this);
+}
+
+bool Dialogs::eventFilter(QObject* object, QEvent* event) {
+    auto* window = event->type() == QEvent::Show ? dynamic_cast<FormDialog*>(object) : nullptr;
+    if (window != nullptr) QTimer::singleShot(0, window, [this, window] { opened(*window); });
+    return false;
+}
+
+void Dialogs::opened(FormDialog& window) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }, 2000));
+    ++count;
+    const QPointer<FormDialog> alive(&window);
+    Dialog dialog(window);
+    try {
+        act_(dialog);
+    } catch (const std::exception& error) {
+        ADD_FAILURE() << error.what();
+    }
+    Window::settle();
+    if (!alive || !alive->isVisible()) return;
+    ADD_FAILURE() << "the dialog did not close: " << window.windowTitle().toStdString();
+    window.done(0);
+}
+
+void work(Form& form, const Dialogs::Act& act, const Rect& anchor) {
+    Window w;
+    Dialogs dialogs(act);
+    runForm(w.widget, form, anchor);
+    EXPECT_EQ(dialogs.count, 1);
+}
+}  // namespace kxVsGrid::qt::testing

@@ -1,0 +1,139 @@
+// Pictures of the help dialogs, kept beside the build for people to look at.
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPushButton>
+
+#include "qt/HelpWindow.h"
+#include "qt/Palettes.h"
+
+namespace kxVsGrid::qt::testing {
+namespace {
+
+QString textOf(const QWidget& part) {
+    if (const auto* label = qobject_cast<const QLabel*>(&part)) return label->text();
+    const auto* button = qobject_cast<const QAbstractButton*>(&part);
+    return button != nullptr ? button->text() : QString();
+}
+
+/// What a control covers: a label its text alone.
+QRect inkOf(const QWidget& part) {
+    QRect place = part.geometry();
+    if (qobject_cast<const QLabel*>(&part)) place.setWidth(part.sizeHint().width());
+    return place;
+}
+
+/// No control is smaller than what it shows, and none lies over another.
+void expectWhole(const Dialog& d) {
+    QList<QWidget*> shown;
+    for (auto* part : d.window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (part->isVisible()) shown << part;
+    for (const QWidget* part : shown) {
+        const std::string name = part->objectName().toStdString();
+        const int letters = part->fontMetrics().horizontalAdvance(textOf(*part));
+        const bool button = qobject_cast<const QPushButton*>(part) != nullptr;
+        EXPECT_GE(part->width(), button ? letters + 8 : letters) << name;
+        EXPECT_TRUE(button || part->width() >= part->minimumSizeHint().width()) << name;
+        EXPECT_GE(part->height(), part->minimumSizeHint().height()) << name;
+        EXPECT_TRUE(d.window.rect().contains(part->geometry())) << name;
+        for (const QWidget* other : shown)
+            EXPECT_TRUE(other == part || !inkOf(*other).intersects(inkOf(*part)))
+                << name << " and " << other->objectName().toStdString();
+    }
+}
+
+/// How much of an image, in hundredths, is of a colour.
+double share(const QImage& image, const QColor& color) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == color.rgb() ? 1 : 0;
+    return 100.0 * count / (image.width() * image.height());
+}
+
+/// Keeps a picture, in which the chosen row or day stands out.
+void takePicture(const Dialog& d, const QString& name) {
+    const QImage image = d.picture(name);
+    EXPECT_GT(share(image, d.window.palette().color(QPalette::Highlight)), 0.5) << name.toStdString();
+    EXPECT_LT(share(image, d.window.palette().color(QPalette::Highlight)), 20) << name.toStdString();
+    expectWhole(d);
+}
+}  // namespace
+
+TEST(HelpPicture, ShowsTheLookup) {
+    HelpWindow w;
+    w.editable = true;
+    Dialogs dialogs([&](Dialog& d) {
+        takePicture(d, "help-lookup-opened");
+        d.type("B00");
+        takePicture(d, "help-lookup");
+        w.picture("help-lookup-over", &d.window);
+        d.press(Qt::Key_Escape);
+    });
+    w.write(2, Code, "A00");
+    w.press(Qt::Key_F2);
+    EXPECT_EQ(dialogs.count, 1);
+}
+
+TEST(HelpPicture, ShowsTheCalendars) {
+    for (const int type : {1, 4, 5}) {
+        HelpWindow w;
+        w.grid().VsCtrl(Date)->i帮助类型(static_cast<gEmHelpType>(type));
+        Dialogs dialogs([&](Dialog& d) {
+            takePicture(d, QStringLiteral("help-calendar-%1").arg(type));
+            if (type == 5) w.picture("help-calendar-over", &d.window);
+            d.press(Qt::Key_Escape);
+        });
+        w.write(2, Date, "2026-11-20 下午");
+        w.press(Qt::Key_F2);
+        EXPECT_EQ(dialogs.count, 1);
+    }
+}
+
+TEST(HelpPicture, ShowsTheConstants) {
+    HelpWindow w;
+    Dialogs dialogs([&](Dialog& d) {
+        d.press(Qt::Key_Down);
+        d.press(Qt::Key_Down);
+        takePicture(d, "help-constants");
+        w.picture("help-constants-over", &d.window);
+        d.press(Qt::Key_Escape);
+    });
+    w.write(2, Remark, "x");
+    w.press(Qt::Key_F2);
+    EXPECT_EQ(dialogs.count, 1);
+}
+
+TEST(HelpPicture, ShowsTheDialogsAsSmallAsTheyGet) {
+    for (const Column col : {Code, Date, Remark}) {
+        HelpWindow w;
+        w.editable = true;
+        w.grid().VsCtrl(Date)->i帮助类型(static_cast<gEmHelpType>(5));
+        w.grid().VsCtrl(col)->HelpWidth(1);
+        w.grid().VsCtrl(col)->HelpHeight(1);
+        Dialogs dialogs([&](Dialog& d) {
+            d.press(Qt::Key_Down);
+            EXPECT_EQ(d.window.size(), d.window.minimumSize());
+            takePicture(d, QStringLiteral("help-small-%1").arg(int{col}));
+            d.press(Qt::Key_Escape);
+        });
+        w.write(2, col, "1");
+        w.press(Qt::Key_F2);
+        EXPECT_EQ(dialogs.count, 1);
+    }
+}
+
+TEST(HelpPicture, ShowsTheDialogsInADarkPalette) {
+    for (const Column col : {Code, Date, Remark}) {
+        HelpWindow w;
+        w.window.setPalette(darkPalette());
+        w.grid().VsCtrl(Date)->i帮助类型(static_cast<gEmHelpType>(5));
+        Dialogs dialogs([&](Dialog& d) {
+            d.press(Qt::Key_Down);
+            takePicture(d, QStringLiteral("help-dark-%1").arg(int{col}));
+            d.press(Qt::Key_Escape);
+        });
+        w.write(2, col, "1");
+        w.press(Qt::Key_F2);
+        EXPECT_EQ(dialogs.count, 1);
+    }
+}
+}  // namespace kxVsGrid::qt::testing
