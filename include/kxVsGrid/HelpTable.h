@@ -10,8 +10,8 @@
 //
 // The tables by hand:
 //
-// Grid_code has one dimension: element 0 is the help code, element 1 the list's name, which the message about
-// an empty list shows.
+// Grid_code has one dimension: element 0 is the host's own (HelpTable puts the code field's name there),
+// element 1 the list's name, which the message about an empty list shows.
 //
 // GridInfo has one entry per field (first index, from 0) with numbered attributes (second index), see
 // HelpPosition. Entry 0 carries, beside its own field, the settings of the whole help. Trailing entries
