@@ -36,14 +36,14 @@ DateTime timeOf(std::string_view text) {
 }  // namespace
 
 CalendarForm::CalendarForm(Mode mode, const DateTime& today)
-    : Form("XT_calendar", captions::CalendarTitle, 4200, mode == Mode::Date ? 4020 : 4500),
+    : Form("XT_calendar", captions::CalendarTitle, 4200, mode == Mode::Date ? 4320 : 4800),
       mode_(mode),
       today_(today),
-      month_(add("MonthView", "MonthView1", captions::CalendarTitle, {120, 120, 3960, 3240})),
-      time_(add("DTPicker", "DTPTime", captions::Time, {120, 3450, 1800, 345})),
-      half_(add("ComboBox", "Cob", captions::HalfDay, {120, 3450, 1800, 345})),
-      todayButton_(add("kxButton", "Jtcommand", captions::Today, {120, ScaleHeight() - 540, 1200, 420})),
-      ok_(add("kxButton", "QdCommand", captions::Ok, {2880, ScaleHeight() - 540, 1200, 420})) {
+      month_(add("MonthView", "MonthView1", captions::CalendarTitle, {240, 240, 3720, 3240})),
+      time_(add("DTPicker", "DTPTime", captions::Time, {240, 3600, 1800, 345})),
+      half_(add("ComboBox", "Cob", captions::HalfDay, {240, 3600, 1800, 345})),
+      todayButton_(add("kxButton", "Jtcommand", captions::Today, {240, ScaleHeight() - 600, 1200, 360})),
+      ok_(add("kxButton", "QdCommand", captions::Ok, {2760, ScaleHeight() - 600, 1200, 360})) {
     time_.visible = mode == Mode::Time;
     half_.visible = mode == Mode::HalfDay;
     half_.list = {Morning, Afternoon};

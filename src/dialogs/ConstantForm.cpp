@@ -21,11 +21,11 @@ ConstantForm::ConstantForm(const TextMetrics& metrics)
     : Form("XT_Const", captions::ConstantsTitle, 4200, 3900),
       metrics_(metrics),
       grid_(metrics),
-      list_(add("CellGrid", "CzxsGrid", captions::ConstantsTitle, {120, 120, 3960, 2940})),
-      ok_(add("kxButton", "QdCommand", captions::Ok, {1500, 3180, 1200, 360})) {
+      list_(add("CellGrid", "CzxsGrid", captions::ConstantsTitle, {240, 240, 3720, 2760})),
+      ok_(add("kxButton", "QdCommand", captions::Ok, {1440, 3180, 1200, 360})) {
     list_.grid = &grid_;
     ok_.isDefault = true;
-    add("CommandButton", "QxCommand", captions::Cancel, {2880, 3180, 1200, 360}).isCancel = true;
+    add("CommandButton", "QxCommand", captions::Cancel, {2760, 3180, 1200, 360}).isCancel = true;
 }
 
 void ConstantForm::load() {

@@ -23,12 +23,12 @@ std::int32_t firstFieldOf(const Table& records, std::int32_t record) {
 LookupForm::LookupForm(const TextMetrics& metrics)
     : Form("XT_TybmczFrm", captions::LookupTitle, 7200, 5100),
       grid_(metrics),
-      text_(add("TextBox", "CodeText", captions::Search, {840, 75, 6240, 330})),
-      list_(add("CellGrid", "CzxsGrid", captions::LookupTitle, {120, 735, 6960, 3525})),
+      text_(add("TextBox", "CodeText", captions::Search, {840, 150, 6240, 330})),
+      list_(add("CellGrid", "CzxsGrid", captions::LookupTitle, {120, 810, 6960, 3420})),
       message_(add("Label", "lblmessage", "", {120, 4440, 2400, 240})),
       edit_(add("kxButton", "Bjcommand", captions::Edit, {3240, 4380, 1200, 360})),
       ok_(add("CommandButton", "QdCommand", captions::Ok, {4560, 4380, 1200, 360})) {
-    add("Label", "Label1", captions::Search, {120, 120, 720, 240});
+    add("Label", "Label1", captions::Search, {120, 195, 720, 240});
     add("CommandButton", "QxCommand", captions::Cancel, {5880, 4380, 1200, 360}).isCancel = true;
     list_.grid = &grid_;
     ok_.isDefault = true;

@@ -26,7 +26,8 @@ void FormTextBox::mirror() {
     }
     if (composition_.underway()) return;
     const qsizetype start = positionOf(text, static_cast<std::size_t>(control_.selStart), LineEnds::Single);
-    const auto end = static_cast<std::size_t>(control_.selStart + control_.selLength);
+    const std::size_t end =
+        static_cast<std::size_t>(control_.selStart) + static_cast<std::size_t>(control_.selLength);
     select(start, positionOf(text, end, LineEnds::Single) - start);
     shown_ = state();
 }
