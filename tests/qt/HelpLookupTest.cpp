@@ -327,6 +327,32 @@ TEST(HelpLookup, TakesTheColumnsHelpSize) {
     EXPECT_EQ(dialogs.count, 1);
 }
 
+TEST(HelpLookup, KeepsItsProportionsWhenItIsResized) {
+    HelpWindow w;
+    w.editable = true;
+    Dialogs dialogs([&](Dialog& d) {
+        const auto place = [&](const char* name) { return d.part(name).geometry(); };
+        d.window.setMinimumSize(1, 1);
+        d.window.resize(480, 340);
+        const QRect text = place("CodeText");
+        const QRect grid = place("CzxsGrid");
+        const QRect edit = place("Bjcommand");
+        const QRect ok = place("QdCommand");
+        const QRect count = place("lblmessage");
+        d.window.resize(960, 680);
+        EXPECT_EQ(place("CodeText"), QRect(text.topLeft() * 2, QSize(text.width() * 2, text.height())));
+        EXPECT_EQ(place("CzxsGrid"), QRect(grid.topLeft() * 2, grid.size() * 2));
+        EXPECT_EQ(place("Bjcommand"), QRect(edit.topLeft() * 2, edit.size() * 2));
+        EXPECT_EQ(place("QdCommand"), QRect(ok.topLeft() * 2, QSize(ok.width() * 2, ok.height())));
+        EXPECT_EQ(place("lblmessage"), QRect(count.topLeft() * 2, count.size()));
+        EXPECT_GT(list(d).ClientHeight(), 6000);
+        d.press(Qt::Key_Escape);
+    });
+    w.write(2, Code, "x");
+    w.press(Qt::Key_F2);
+    EXPECT_EQ(dialogs.count, 1);
+}
+
 TEST(HelpLookup, StandsUnderItsCellAndOnTheScreen) {
     HelpWindow w;
     w.grid().VsCtrl(Code)->HelpWidth(3600);

@@ -239,8 +239,8 @@ void FormDialog::takePlace(const QMargins& frame) {
     setMinimumSize(minimumSize().boundedTo(inner));
     move(place.topLeft());
     resize(inner);
-    takeSize();  // a window that is not yet visible hears of its size when it is shown: too late to close
-                 // then
+    // Qt tells a hidden window of its size while it is being shown, when the form must not close it any more
+    takeSize();
 }
 
 /// How wide the window's own frame is shows only when it stands on the screen.
