@@ -19,6 +19,7 @@
 #include "kxVsGrid/DateTime.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Geometry.h"
+#include "kxVsGrid/Menu.h"
 
 namespace kxVsGrid {
 
@@ -150,6 +151,11 @@ class Platform {
     virtual void showMessage(const MessageBox& box) = 0;
     /// The answer, or nothing when the box was cancelled.
     virtual std::optional<std::string> askText(const InputBox& box) = 0;
+    /// Pops the menu up at a place on the screen (twips): the visible items, separators only between items.
+    /// Answers what the clerk chose; nothing when the menu was left.
+    virtual MenuChoice popUp(const Menu& menu, const Rect& anchor) = 0;
+    /// Something takes its time (calls are balanced).
+    virtual void waitCursor(bool on) = 0;
     /// Shows the form in front of everything else, near a place on the screen (twips; an empty one is
     /// nowhere in particular), and returns when it has closed. An exception that leaves the form's code
     /// closes it and goes on to the caller.

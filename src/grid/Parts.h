@@ -14,6 +14,7 @@
 #include "grid/events/Context.h"
 #include "grid/events/Host.h"
 #include "grid/events/Keys.h"
+#include "grid/events/Menus.h"
 #include "grid/events/MoveFlags.h"
 #include "grid/events/Navigation.h"
 #include "grid/events/RowAdder.h"
@@ -22,7 +23,7 @@
 namespace kxVsGrid {
 
 /// Held by every listener and member that goes on after an event, whose listener may destroy the control.
-struct kxGrid::Parts : editing::EditorOwner, std::enable_shared_from_this<kxGrid::Parts> {
+struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_shared_from_this<kxGrid::Parts> {
     Parts(kxGrid& control, Platform& platform);
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
@@ -74,6 +75,14 @@ struct kxGrid::Parts : editing::EditorOwner, std::enable_shared_from_this<kxGrid
     const TextMetrics& textMetrics() const override { return platform.textMetrics(); }
     DateTime now() const override { return platform.now(); }
 
+    // CellAccess
+    std::string readCell(std::int32_t row, std::int32_t col, bool text) override {
+        return host.there() ? control.ReadCell(row, col, text) : std::string();
+    }
+    void setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) override {
+        if (host.there()) control.SetCell(row, col, text, tag);
+    }
+
     kxGrid& control;
     events::Host host;
     Platform& platform;
@@ -90,11 +99,13 @@ struct kxGrid::Parts : editing::EditorOwner, std::enable_shared_from_this<kxGrid
     events::Navigation navigation;
     events::RowAdder rows;
     events::Keys keys;
+    events::Menus menus;
     grid::InputRouter input;
 
   private:
     void connectMoves();
     void connectKeysAndMouse();
+    void keyDown(std::int16_t& code, std::int16_t shift);
     /// The work as a listener that keeps all this until it is done.
     template <class Work>
     auto keeping(Work work) {

@@ -27,10 +27,11 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       totals(main, sums, columns),
       layout(main, sums, totals),
       editor(main, columns, *this, *seat),
-      context{main, sums, columns, host, moves, flags, editor, totals, *seat, machine},
+      context{main, sums, columns, host, moves, flags, editor, totals, *seat, machine, layout},
       navigation(context),
       rows(context, navigation),
       keys(context, rows),
+      menus(context, rows, keys, *this),
       input(context, navigation, keys, layout) {
     columns.resize(main.Cols());
     connectMoves();
@@ -72,14 +73,13 @@ void kxGrid::Parts::connectMoves() {
 }
 
 void kxGrid::Parts::connectKeysAndMouse() {
-    main.KeyDown.connect(keeping([this](std::int16_t& code, std::int16_t) { keys.keyDown(code); }));
+    main.KeyDown.connect(keeping([this](std::int16_t& code, std::int16_t shift) { keyDown(code, shift); }));
     main.KeyPress.connect(
         keeping([this](std::int16_t& ascii) { keys.keyPress(ascii, input.typedCharacter(ascii)); }));
     main.Click.connect(keeping([this] { host.raise(&GridEvents::Click); }));
     main.DblClick.connect(keeping([this] { keys.doubleClick(); }));
     main.MouseDown.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
-        bool cancel = false;
-        host.raise(&GridEvents::MouseDown, button, shift, x, y, cancel);
+        menus.mouseDown(button, shift, x, y);
     }));
     main.MouseMove.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
         host.raise(&GridEvents::MouseMove, button, shift, x, y);
@@ -87,6 +87,14 @@ void kxGrid::Parts::connectKeysAndMouse() {
     main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t) { realign(); }));
     main.AfterEdit.connect(keeping(
         [this](std::int32_t row, std::int32_t col) { host.raise(&GridEvents::AfterEdit, row, col); }));
+}
+
+void kxGrid::Parts::keyDown(std::int16_t& code, std::int16_t shift) {
+    const bool opensMenu = code == static_cast<std::int16_t>(Key::Menu) ||
+                           (code == static_cast<std::int16_t>(Key::F10) && (shift & ShiftKey) != 0);
+    if (!opensMenu) return keys.keyDown(code);
+    code = 0;
+    menus.open(static_cast<std::int16_t>(shift & ~ShiftKey));
 }
 
 void kxGrid::Parts::bringCurrentCellIntoView() {

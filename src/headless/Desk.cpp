@@ -128,6 +128,18 @@ void work(Form& form, const Rect& anchor, std::vector<ShownDialog>& shown,
 }
 }  // namespace
 
+MenuChoice Desk::popUp(const Menu& menu, const Rect& anchor) {
+    Call call(*this);
+    records_->lastMenu = menu;
+    PoppedMenu popped(menu, anchor);
+    if (records_->menuScript) records_->menuScript(popped);
+    return popped.choice();
+}
+
+void Desk::waitCursor(bool on) {
+    if (on) ++records_->waits;
+}
+
 void Desk::showForm(Form& form, const Rect& anchor) {
     Call call(*this);
     Records& r = *records_;
@@ -164,6 +176,20 @@ Desk& Desk::answerInputBox(std::string answer) {
 Desk& Desk::cancelInputBox() {
     records_->answers.emplace_back(std::nullopt);
     return *this;
+}
+
+Desk& Desk::onPopup(std::function<void(PoppedMenu&)> script) {
+    records_->menuScript = std::move(script);
+    return *this;
+}
+
+const Menu& Desk::lastMenu() const {
+    if (!records_->lastMenu) throw std::logic_error("no menu has popped up");
+    return *records_->lastMenu;
+}
+
+int Desk::waits() const {
+    return records_->waits;
 }
 
 Desk& Desk::onDialog(std::function<void(LookupDialog&)> script) {
@@ -207,6 +233,8 @@ Desk& Desk::clear() {
     records_->messages.clear();
     records_->inputBoxes.clear();
     records_->dialogs.clear();
+    records_->lastMenu.reset();
+    records_->waits = 0;
     records_->reports.clear();
     records_->clipboard.clear();
     records_->leftControl = 0;

@@ -26,6 +26,9 @@ struct Desk::Records {
     std::vector<MessageBox> messages;
     std::vector<InputBox> inputBoxes;
     std::deque<std::optional<std::string>> answers;
+    std::function<void(PoppedMenu&)> menuScript;
+    std::optional<Menu> lastMenu;
+    int waits = 0;
     std::vector<ShownDialog> dialogs;
     std::function<void(LookupDialog&)> lookupScript;
     std::function<void(CalendarDialog&)> calendarScript;

@@ -31,7 +31,7 @@ OUTSIDE_THE_CORE = {"qt", "examples"}
 
 # A public header counts with the folder that implements it.
 PUBLIC_HEADERS = {
-    "support": "DateTime Enumerations Event Form Geometry Members PropertyBag Variant VsNode cResize mbasTxt",
+    "support": "DateTime Enumerations Event Form Geometry Members Menu PropertyBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid Frame",
     "platform": "Platform",
     "grid/columns": "GridEvents cVsControl",

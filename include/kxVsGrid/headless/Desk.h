@@ -53,6 +53,26 @@ struct ShownDialog {
     friend bool operator==(const ShownDialog&, const ShownDialog&) = default;
 };
 
+/// A menu that has popped up, before the clerk.
+class PoppedMenu {
+  public:
+    explicit PoppedMenu(const Menu& menu, const Rect& anchor) : menu_(menu), anchor_(anchor) {}
+    const Menu& menu() const { return menu_; }
+    /// Where it popped up, twips of the screen.
+    const Rect& anchor() const { return anchor_; }
+    /// By the captions as they stand, of an item or of an item under another one.
+    void choose(std::string_view caption);
+    void choose(std::string_view caption, std::string_view under);
+    void choose(std::int32_t index);
+    const MenuChoice& choice() const { return choice_; }
+
+  private:
+    void take(const std::string& array, const MenuItem& item);
+    const Menu& menu_;
+    Rect anchor_;
+    MenuChoice choice_;
+};
+
 class Desk : public Platform {
   public:
     /// Where the controls' left top corners stand on the screen, twips.
@@ -119,6 +139,13 @@ class Desk : public Platform {
     /// The answer to the next input box that has none yet.
     Desk& answerInputBox(std::string answer);
     Desk& cancelInputBox();
+    /// Chooses from every menu from now on; an empty script leaves them. Choosing what is hidden or disabled
+    /// throws std::logic_error.
+    Desk& onPopup(std::function<void(PoppedMenu&)> script);
+    /// The last menu that was popped up; std::logic_error when there was none.
+    const Menu& lastMenu() const;
+    /// How often the machine showed that it works.
+    int waits() const;
     /// Works every dialog of its kind from now on; an empty script leaves them to their frame.
     Desk& onDialog(std::function<void(LookupDialog&)> script);
     Desk& onDialog(std::function<void(CalendarDialog&)> script);
@@ -144,6 +171,8 @@ class Desk : public Platform {
     DateTime now() const override;
     void showMessage(const MessageBox& box) override;
     std::optional<std::string> askText(const InputBox& box) override;
+    MenuChoice popUp(const Menu& menu, const Rect& anchor) override;
+    void waitCursor(bool on) override;
     void showForm(Form& form, const Rect& anchor) override;
     void clipboardText(std::string_view text) override;
     void processPendingInput() override;

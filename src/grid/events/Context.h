@@ -3,6 +3,7 @@
 
 #include "editing/Editor.h"
 #include "grid/ControlFlags.h"
+#include "grid/Layout.h"
 #include "grid/TotalRow.h"
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/Host.h"
@@ -23,5 +24,6 @@ struct Context {
     grid::TotalRow& totals;
     Seat& seat;
     Platform& platform;
+    const grid::Layout& layout;
 };
 }  // namespace kxVsGrid::events

@@ -1,0 +1,42 @@
+// The context menus of the grid: which items they show for a click, and what the items do.
+#pragma once
+
+#include <cstdint>
+
+#include "grid/events/Context.h"
+#include "grid/events/Fills.h"
+#include "kxVsGrid/Menu.h"
+
+namespace kxVsGrid::events {
+
+class Keys;
+class RowAdder;
+
+class Menus {
+  public:
+    Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cells);
+
+    /// A press in the grid, at twips in it: the host hears of it and may cancel; a right press opens a menu.
+    void mouseDown(std::int16_t button, std::int16_t shift, float x, float y);
+    /// The same at the current cell, for the keys that open menus.
+    void open(std::int16_t shift);
+
+  private:
+    void showRowMenu(std::int16_t shift, float x, float y);
+    bool someColumnHasDefaults();
+    void chooseRowItems(std::int16_t shift);
+    void chooseFillItems();
+    void show(std::int32_t index, bool visible) { rowMenu_.item("mnuVs", index).visible = visible; }
+    MenuChoice popUp(const Menu& menu, float x, float y);
+    void rowCommand(std::int32_t index);
+    void addSeveral(bool atEnd, bool withDefaults);
+    void copyCell();
+
+    Context c_;
+    RowAdder& rows_;
+    Keys& keys_;
+    Fills fills_;
+    Menu rowMenu_;
+    Menu copyMenu_;
+};
+}  // namespace kxVsGrid::events
