@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "qt/Captions.h"
+#include "qt/ContextMenu.h"
 #include "qt/Encoding.h"
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
@@ -63,6 +64,16 @@ std::optional<std::string> QtPlatform::askText(const InputBox& box) {
 void QtPlatform::showForm(Form& form, const Rect& anchor) {
     if (machine_.stage == nullptr) return;  // the host has ended the widget: nobody is left to choose
     runForm(widget_, form, anchor);
+MenuChoice QtPlatform::popUp(const Menu& menu, const Rect& anchor) {
+    if (machine_.stage == nullptr || !widget_) return std::nullopt;
+    return chooseFrom(menu, widget_, Scale(*widget_).pixels(anchor).topLeft());
+}
+
+void QtPlatform::waitCursor(bool on) {
+    if (on)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
 }
 
 void QtPlatform::clipboardText(std::string_view text) {

@@ -25,6 +25,8 @@ class QtPlatform : public Platform {
     void showMessage(const MessageBox& box) override;
     std::optional<std::string> askText(const InputBox& box) override;
     void showForm(Form& form, const Rect& anchor) override;
+    MenuChoice popUp(const Menu& menu, const Rect& anchor) override;
+    void waitCursor(bool on) override;
     void clipboardText(std::string_view text) override;
     void processPendingInput() override;
 

@@ -1,0 +1,46 @@
+#include "qt/ContextMenu.h"
+
+#include <QMenu>
+#include <QPointer>
+#include <map>
+
+#include "qt/Encoding.h"
+
+namespace kxVsGrid::qt {
+namespace {
+
+using Choices = std::map<const QAction*, MenuChoice>;
+
+/// Submenus belong to the menu that they hang under.
+void fill(QMenu& shown, const Menu& menu, const std::string& array, const std::vector<MenuItem>& items,
+          Choices& choices) {
+    for (const MenuItem& item : items) {
+        if (!item.visible) continue;
+        const Submenu* const under = array == menu.array ? menu.under(item.index) : nullptr;
+        QAction* action = nullptr;
+        if (item.caption == "-") {
+            shown.addSeparator();
+        } else if (under) {
+            QMenu* const next = shown.addMenu(toQt(item.caption));
+            fill(*next, menu, under->array, under->items, choices);
+            action = next->menuAction();
+        } else {
+            action = shown.addAction(toQt(item.caption));
+            choices[action] = {array, item.index};
+        }
+        if (action) action->setEnabled(item.enabled);
+    }
+}
+}  // namespace
+
+MenuChoice chooseFrom(const Menu& menu, QWidget* widget, const QPoint& place) {
+    const QPointer<QMenu> shown(new QMenu(widget));
+    Choices choices;
+    shown->setSeparatorsCollapsible(true);
+    fill(*shown, menu, menu.array, menu.items, choices);
+    const QAction* const chosen = shown->exec(place);
+    const auto found = choices.find(chosen);
+    delete shown.data();  // unless its widget was destroyed meanwhile
+    return found == choices.end() ? std::nullopt : found->second;
+}
+}  // namespace kxVsGrid::qt
