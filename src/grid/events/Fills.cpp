@@ -1,7 +1,11 @@
 #include "grid/events/Fills.h"
 
-#include <functional>
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "support/Dates.h"
@@ -12,9 +16,21 @@ namespace {
 
 using TextAndTag = std::pair<std::string, std::string>;
 
-/// A number as its text says it: what a series adds up never drifts away from what it shows.
-double asShown(double value) {
-    return support::leadingNumber(support::numberText(value));
+/// How many decimal places the number's text has.
+int decimalPlaces(double value) {
+    const std::string text = support::numberText(value);
+    const std::size_t point = text.find('.');
+    return point == std::string::npos ? 0 : static_cast<int>(text.size() - point - 1);
+}
+
+/// The number of so many decimal places that is nearest. A series adds up numbers of as many places as its
+/// first two have: it never drifts, also where large numbers give way to small ones.
+double toPlaces(double value, int places) {
+    std::array<char, 1024> text;  // the largest number has 309 digits, the smallest 324 places
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, places);
+    if (error != std::errc{}) return value;
+    return support::leadingNumber({text.data(), static_cast<std::size_t>(end - text.data())});
 }
 }  // namespace
 
@@ -89,10 +105,13 @@ void Fills::dateSeries(const std::string& above, const std::string& text) {
 
 void Fills::numberSeries(const std::string& above, const std::string& text) {
     double value = support::leadingNumberOfDisplayed(text);
-    double step = asShown(value - support::leadingNumberOfDisplayed(above));
+    const double before = support::leadingNumberOfDisplayed(above);
+    const int places = std::max(decimalPlaces(value), decimalPlaces(before));
+    double step = toPlaces(value - before, places);
     if (step == 0) step = 1;
     writeBelow([&]() -> std::optional<TextAndTag> {
-        value = asShown(value + step);
+        if (!std::isfinite(value + step)) return std::nullopt;
+        value = toPlaces(value + step, places);
         return TextAndTag{support::numberText(value), "-1"};
     });
 }
