@@ -62,13 +62,17 @@ void kxGrid::Parts::connectMoves() {
     main.SizeChanged.connect(keeping([this] {
         totals.followCols();
         columns.resize(main.Cols());
+        rows.follower().rowsLimited(main.Rows());
         editor.place();
     }));
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
-        if (inserted)
+        if (inserted) {
+            rows.follower().rowInserted(position);
             editor.rowInserted(position);
-        else
+        } else {
+            rows.follower().rowRemoved(position);
             editor.rowRemoved(position);
+        }
     }));
 }
 
@@ -90,11 +94,12 @@ void kxGrid::Parts::connectKeysAndMouse() {
 }
 
 void kxGrid::Parts::keyDown(std::int16_t& code, std::int16_t shift) {
-    const bool opensMenu = code == static_cast<std::int16_t>(Key::Menu) ||
-                           (code == static_cast<std::int16_t>(Key::F10) && (shift & ShiftKey) != 0);
-    if (!opensMenu) return keys.keyDown(code);
+    const bool menuKey = code == static_cast<std::int16_t>(Key::Menu);
+    const bool shiftF10 = code == static_cast<std::int16_t>(Key::F10) && (shift & ShiftKey) != 0;
+    if (!menuKey && !shiftF10) return keys.keyDown(code);
     code = 0;
-    menus.open(static_cast<std::int16_t>(shift & ~ShiftKey));
+    bringCurrentCellIntoView();
+    menus.open(shiftF10 ? static_cast<std::int16_t>(shift & ~ShiftKey) : shift);  // its Shift names the key
 }
 
 void kxGrid::Parts::bringCurrentCellIntoView() {

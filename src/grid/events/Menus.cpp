@@ -84,33 +84,39 @@ Menus::Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cel
 // ---------------------------------------------------------------------------------------------------------
 
 void Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
-    bool cancel = false;
-    c_.host.raise(&GridEvents::MouseDown, button, shift, x, y, cancel);
-    if (cancel || button != RightButton || !c_.host.there()) return;
-    if (c_.flags.Editable) {
-        showRowMenu(shift, x, y);
-    } else if (popUp(copyMenu_, x, y)) {
-        copyCell();
-    }
+    pressed(button, shift, x, y, {static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0});
 }
 
 void Menus::open(std::int16_t shift) {
     const CellGrid& grid = c_.grid;
     if (grid.Row() < 0 || grid.Col() < 0) return;
     const Rect cell = grid.CellRect(grid.Row(), grid.Col());
-    mouseDown(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.bottom()));
+    pressed(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.top),
+            {cell.left, cell.bottom(), 0, 0});
 }
 
-MenuChoice Menus::popUp(const Menu& menu, float x, float y) {
+/// A press that the host hears of at (x, y); the menu pops up at `place`.
+void Menus::pressed(std::int16_t button, std::int16_t shift, float x, float y, const Rect& place) {
+    bool cancel = false;
+    c_.host.raise(&GridEvents::MouseDown, button, shift, x, y, cancel);
+    if (cancel || button != RightButton || !c_.host.there()) return;
+    if (c_.flags.Editable) {
+        showRowMenu(shift, place);
+    } else if (popUp(copyMenu_, place)) {
+        copyCell();
+    }
+}
+
+MenuChoice Menus::popUp(const Menu& menu, const Rect& place) {
+    const Rect grid = c_.layout.mainRect();
     return c_.platform.popUp(
-        menu, c_.seat.onScreen({static_cast<std::int32_t>(x) + c_.layout.mainRect().left,
-                                static_cast<std::int32_t>(y) + c_.layout.mainRect().top, 0, 0}));
+        menu, c_.seat.onScreen({grid.left + place.left, grid.top + place.top, place.width, place.height}));
 }
 
-void Menus::showRowMenu(std::int16_t shift, float x, float y) {
+void Menus::showRowMenu(std::int16_t shift, const Rect& place) {
     chooseRowItems(shift);
     chooseFillItems();
-    const MenuChoice choice = popUp(rowMenu_, x, y);
+    const MenuChoice choice = popUp(rowMenu_, place);
     if (!choice || !c_.host.there()) return;
     if (choice->first == "mnuFill")
         fills_.fill(static_cast<Fills::Way>(choice->second));

@@ -18,16 +18,19 @@ class Menus {
 
     /// A press in the grid, at twips in it: the host hears of it and may cancel; a right press opens a menu.
     void mouseDown(std::int16_t button, std::int16_t shift, float x, float y);
-    /// The same at the current cell, for the keys that open menus.
+    /// The same at the current cell, for the keys that open menus: the host hears of a press on it, the menu
+    /// stands below it.
     void open(std::int16_t shift);
 
   private:
-    void showRowMenu(std::int16_t shift, float x, float y);
+    void pressed(std::int16_t button, std::int16_t shift, float x, float y, const Rect& place);
+    void showRowMenu(std::int16_t shift, const Rect& place);
     bool someColumnHasDefaults();
     void chooseRowItems(std::int16_t shift);
     void chooseFillItems();
     void show(std::int32_t index, bool visible) { rowMenu_.item("mnuVs", index).visible = visible; }
-    MenuChoice popUp(const Menu& menu, float x, float y);
+    /// At a place in the grid.
+    MenuChoice popUp(const Menu& menu, const Rect& place);
     void rowCommand(std::int32_t index);
     void addSeveral(bool atEnd, bool withDefaults);
     void copyCell();

@@ -20,20 +20,21 @@ void RowAdder::addRow(std::int32_t position, bool withDefaults, bool copyData) {
     const std::int32_t col = grid.Col();
     const std::int32_t current = grid.Row();
     position = insertRow(position);
-    const std::int32_t source = current < position ? current : current + 1;
+    const FollowedRow made(follower_, position);
+    const FollowedRow source(follower_, current < position ? current : current + 1);
     if (!grid.RowIsVisible(position))
         grid.TopRow(grid.TopRowToShow(position, grid.ClientHeight() - grid.BottomStrip()));
-    if (grid.Col() >= 0) grid.Row(position);
+    if (grid.Col() >= 0 && made.there()) grid.Row(made.row());
     grid.NumberRows();
 
     if (copyData)
-        copyRow(source, position);
+        copyRow(source, made);
     else if (grid.Col() == col && withDefaults)
         navigation_.afterRowColChange(grid.Row(), grid.Col(), grid.Row(), grid.Col());
 
     bool keep = false;
-    c_.host.raise(&GridEvents::AfterAddRow, keep, position, copyData, source);
-    if (copyData && !keep) emptyRow(position);
+    c_.host.raise(&GridEvents::AfterAddRow, keep, made.row(), copyData, source.row());
+    if (copyData && !keep) emptyRow(made);
     c_.totals.recalculate(TotalRow::AllColumns);
 }
 
@@ -51,21 +52,21 @@ std::int32_t RowAdder::insertRow(std::int32_t position) {
     return position;
 }
 
-void RowAdder::copyRow(std::int32_t from, std::int32_t to) {
+/// A host that takes one of the rows away as it hears of a change ends the copy.
+void RowAdder::copyRow(const FollowedRow& from, const FollowedRow& to) {
     CellGrid& grid = c_.grid;
-    for (std::int32_t c = grid.FixedCols(); c < grid.Cols(); ++c) {
-        if (std::max(from, to) >= grid.Rows()) return;  // a host took rows away as it heard of a change
-        grid.Data(to, c, grid.Data(from, c));
-        if (std::max(from, to) >= grid.Rows()) return;
-        grid.Text(to, c, grid.Text(from, c));
+    const auto both = [&] { return from.there() && to.there(); };
+    for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && both(); ++c) {
+        grid.Data(to.row(), c, grid.Data(from.row(), c));
+        if (both() && c < grid.Cols()) grid.Text(to.row(), c, grid.Text(from.row(), c));
     }
 }
 
-void RowAdder::emptyRow(std::int32_t row) {
+void RowAdder::emptyRow(const FollowedRow& row) {
     CellGrid& grid = c_.grid;
-    for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && row < grid.Rows(); ++c) {
-        grid.Data(row, c, "");
-        if (row < grid.Rows()) grid.Text(row, c, "");
+    for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && row.there(); ++c) {
+        grid.Data(row.row(), c, "");
+        if (row.there() && c < grid.Cols()) grid.Text(row.row(), c, "");
     }
 }
 

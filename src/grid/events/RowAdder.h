@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "grid/events/Context.h"
+#include "grid/events/FollowedRow.h"
 
 namespace kxVsGrid::events {
 
@@ -31,12 +32,16 @@ class RowAdder {
     /// Empty rows at the end until there are enough to key into.
     void refill();
 
+    /// Hears what becomes of the rows, so that a row under way stays the one it is.
+    RowFollower& follower() { return follower_; }
+
   private:
     std::int32_t insertRow(std::int32_t position);
-    void copyRow(std::int32_t from, std::int32_t to);
-    void emptyRow(std::int32_t row);
+    void copyRow(const FollowedRow& from, const FollowedRow& to);
+    void emptyRow(const FollowedRow& row);
 
     Context c_;
     Navigation& navigation_;
+    RowFollower follower_;
 };
 }  // namespace kxVsGrid::events
