@@ -56,6 +56,7 @@ void planFill(Plan& plan);
 void planWrites(Plan& plan);
 void planRows(Plan& plan);
 void planAppend(Plan& plan);
+void planMenus(Plan& plan);
 void planEvaluator(Plan& plan);
 void planFrames(Plan& plan);
 void planEntry(Plan& plan);

@@ -44,6 +44,7 @@ Plan makePlan() {
     planWrites(plan);
     planRows(plan);
     planAppend(plan);
+    planMenus(plan);
     planEvaluator(plan);
     planFrames(plan);
     planEntry(plan);
