@@ -64,6 +64,8 @@ std::optional<std::string> QtPlatform::askText(const InputBox& box) {
 void QtPlatform::showForm(Form& form, const Rect& anchor) {
     if (machine_.stage == nullptr) return;  // the host has ended the widget: nobody is left to choose
     runForm(widget_, form, anchor);
+}
+
 MenuChoice QtPlatform::popUp(const Menu& menu, const Rect& anchor) {
     if (machine_.stage == nullptr || !widget_) return std::nullopt;
     return chooseFrom(menu, widget_, Scale(*widget_).pixels(anchor).topLeft());
