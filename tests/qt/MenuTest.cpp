@@ -1,0 +1,162 @@
+// The control's menus as real ones: opened by mouse and by keys, chosen from, left.
+#include <QClipboard>
+#include <QInputDialog>
+#include <QMenu>
+#include <QTimer>
+
+#include "qt/Palettes.h"
+#include "qt/Window.h"
+
+namespace kxVsGrid::qt::testing {
+namespace {
+
+/// What the clerk does with every menu that pops up, and what was seen of it.
+class Menus : public QObject {
+  public:
+    using Act = std::function<void(QMenu&)>;
+
+    explicit Menus(Act act) : act_(std::move(act)) { qApp->installEventFilter(this); }
+
+    std::vector<QStringList> seen;
+    QPoint place;
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        auto* menu = qobject_cast<QMenu*>(object);
+        if (menu && event->type() == QEvent::Show && !qobject_cast<QMenu*>(menu->parentWidget()))
+            QTimer::singleShot(0, menu, [this, menu] { opened(*menu); });
+        return QObject::eventFilter(object, event);
+    }
+
+  private:
+    void opened(QMenu& menu) {
+        QStringList texts;
+        for (const QAction* action : menu.actions())
+            texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+        seen.push_back(texts);
+        place = menu.pos();
+        act_(menu);
+        menu.close();
+    }
+    Act act_;
+};
+
+QAction& item(QMenu& menu, const QString& text) {
+    for (QAction* action : menu.actions())
+        if (action->text() == text) return *action;
+    throw std::logic_error("the menu has no such item");
+}
+
+void chooseByKeys(QMenu& menu, const QString& text) {
+    menu.setActiveAction(&item(menu, text));
+    QTest::keyClick(&menu, Qt::Key_Return);
+}
+
+void rightClick(Window& w, std::int32_t row, std::int32_t col, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mouseClick(&w.view(), Qt::RightButton, modifiers, w.at(row, col));
+}
+}  // namespace
+
+TEST(Menus, PopUpWhereTheMousePressedWithTheItemsThatAreShown) {
+    Window w;
+    w.focusCell(1, Code);
+    Menus menus([](QMenu&) {});
+    rightClick(w, 2, Code);
+    ASSERT_EQ(menus.seen.size(), 1U);
+    EXPECT_EQ(menus.seen[0],
+              (QStringList{"新增行", "复制行", "插入行", "复制插入行", "-", "删除行", "-", "填充列"}));
+    EXPECT_EQ(menus.place, w.view().mapToGlobal(w.at(2, Code)));
+    EXPECT_EQ(w.current(), "1,1");
+}
+
+TEST(Menus, LeftByEscDoNothingAndGiveTheKeyboardBack) {
+    Window w;
+    w.focusCell(1, Code);
+    const std::int32_t rows = w.grid().Rows();
+    Menus menus([](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_Escape); });
+    rightClick(w, 1, Code);
+    EXPECT_EQ(menus.seen.size(), 1U);
+    EXPECT_EQ(w.grid().Rows(), rows);
+    EXPECT_EQ(&focused(), &w.view());
+}
+
+TEST(Menus, CarryOutWhatIsChosenByKeys) {
+    Window w;
+    w.focusCell(1, Code);
+    const std::int32_t rows = w.grid().Rows();
+    Menus menus([](QMenu& menu) { chooseByKeys(menu, "新增行"); });
+    rightClick(w, 1, Code);
+    EXPECT_EQ(w.grid().Rows(), rows + 1);
+}
+
+TEST(Menus, OpenByTheMenuKeyAndByShiftF10UnderTheCurrentCell) {
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+    } ways[] = {{Qt::Key_Menu, Qt::NoModifier}, {Qt::Key_F10, Qt::ShiftModifier}};
+    for (const auto& way : ways) {
+        Window w;
+        w.focusCell(2, Code);
+        Menus menus([](QMenu&) {});
+        w.press(way.key, way.modifiers);
+        ASSERT_EQ(menus.seen.size(), 1U) << way.key;
+        const QRect cell = w.cell(2, Code);
+        EXPECT_NEAR(menus.place.y(), w.view().mapToGlobal(cell.bottomLeft()).y(), 2) << way.key;
+    }
+}
+
+TEST(Menus, FillFromASubmenuByItsMnemonic) {
+    Window w;
+    w.grid().SetCell(1, Quantity, "1");
+    w.focusCell(1, Quantity);
+    Menus menus([](QMenu& menu) {
+        QMenu* fills = item(menu, "填充列").menu();
+        ASSERT_NE(fills, nullptr);
+        menu.setActiveAction(fills->menuAction());
+        QTest::keyClick(&menu, Qt::Key_Right);
+        QTest::keyClick(fills, Qt::Key_S);
+    });
+    rightClick(w, 1, Quantity);
+    EXPECT_EQ(w.text(2, Quantity), "2");
+    EXPECT_EQ(w.text(3, Quantity), "3");
+}
+
+TEST(Menus, AskForTheNumberOfRowsInARealBox) {
+    Window w;
+    w.focusCell(1, Code);
+    const std::int32_t rows = w.grid().Rows();
+    QString asked;
+    Menus menus([&](QMenu& menu) {
+        QTimer::singleShot(50, qApp, [&] {
+            auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            asked = box->windowTitle() + "/" + box->labelText() + "/" + box->textValue();
+            box->setTextValue("3");
+            box->accept();
+        });
+        chooseByKeys(menu, "新增..行");
+    });
+    rightClick(w, 1, Code, Qt::ControlModifier);
+    EXPECT_EQ(asked, "新增行/录入需要新增的行数/5");
+    EXPECT_EQ(w.grid().Rows(), rows + 3);
+}
+
+TEST(Menus, OfferOnlyTheClipboardWhereNothingCanBeChanged) {
+    Window w;
+    w.grid().SetCell(1, Code, "A001");
+    w.grid().Editable(false);
+    w.focusCell(1, Code);
+    Menus menus([](QMenu& menu) { chooseByKeys(menu, "复制单元格"); });
+    rightClick(w, 1, Code);
+    EXPECT_EQ(menus.seen, (std::vector<QStringList>{{"复制单元格"}}));
+    EXPECT_EQ(QApplication::clipboard()->text(), "A001");
+}
+
+TEST(Menus, SurviveAHostThatDestroysTheWidgetWhileTheyAreOpen) {
+    Window w;
+    w.focusCell(1, Code);
+    Menus menus([&](QMenu&) { delete w.widget; });
+    rightClick(w, 1, Code);
+    EXPECT_EQ(menus.seen.size(), 1U);
+}
+}  // namespace kxVsGrid::qt::testing
