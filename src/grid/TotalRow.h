@@ -46,9 +46,6 @@ class TotalRow : private CellGrid::Watcher {
     /// A column that is not summed keeps what it shows.
     void recalculate(std::int32_t col);
 
-    /// Whether the definitions ask for a total of the column.
-    bool isSummed(std::int32_t col) { return col <= columns_.upper() && columns_.at(col).b是否合计数据(); }
-
     /// The main grid has another number of columns; so has the total row from now on.
     void followCols();
 
@@ -107,6 +104,7 @@ class TotalRow : private CellGrid::Watcher {
         return static_cast<std::size_t>(col) < totals_.size() &&
                totals_[static_cast<std::size_t>(col)].pending;
     }
+    bool isSummed(std::int32_t col) { return col <= columns_.upper() && columns_.at(col).b是否合计数据(); }
     double sumBeforeWrite(std::int32_t col) const;
     void settle(std::int32_t col);
     void forget(std::int32_t col);

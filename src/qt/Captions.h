@@ -1,12 +1,14 @@
-// Words of the widget's own that nothing else settles.
+// Words of the widget's own that nothing else settles; its boxes say what the dialogs say.
 #pragma once
 
 #include <QString>
 
+#include "dialogs/Captions.h"
+
 namespace kxVsGrid::qt::captions {
 
-inline const QString Ok = QStringLiteral("确定");
-inline const QString Cancel = QStringLiteral("取消");
+inline const QString Ok = QString::fromUtf8(dialogs::captions::Ok);
+inline const QString Cancel = QString::fromUtf8(dialogs::captions::Cancel);
 inline const QString Undo = QStringLiteral("撤销(&U)");
 inline const QString Redo = QStringLiteral("重做(&R)");
 inline const QString Cut = QStringLiteral("剪切(&T)");
