@@ -100,6 +100,7 @@ void CustomerBox::resolve() {
 }
 
 void CustomerBox::offer() {
+    if (isReadOnly()) return;
     completer()->setCompletionPrefix(customer() ? QString() : text().trimmed());
     completer()->complete();
     QAbstractItemView* list = completer()->popup();

@@ -11,7 +11,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int SchemaVersion = 2;
+constexpr int SchemaVersion = 3;
 
 constexpr int SqliteConstraint = 19;  // the low byte of SQLite's extended error numbers
 
@@ -24,7 +24,8 @@ const char* const Tables[] = {
     "CREATE TABLE warehouse (code TEXT PRIMARY KEY, name TEXT NOT NULL UNIQUE)",
     // version counts the saves, so that two windows cannot overwrite each other unnoticed.
     "CREATE TABLE sales_order (id INTEGER PRIMARY KEY, number TEXT NOT NULL UNIQUE, order_date TEXT NOT NULL,"
-    " customer_id INTEGER NOT NULL REFERENCES customer (id), version INTEGER NOT NULL)",
+    " customer_id INTEGER NOT NULL REFERENCES customer (id), version INTEGER NOT NULL,"
+    " is_approved INTEGER NOT NULL DEFAULT 0)",
     // Quantities are thousandths, prices and amounts cents. The goods' name, specification and price are
     // copies: an order keeps what was agreed when the catalogue changes.
     "CREATE TABLE order_line (order_id INTEGER NOT NULL REFERENCES sales_order (id) ON DELETE CASCADE,"
@@ -38,6 +39,7 @@ const char* const Tables[] = {
 const std::initializer_list<const char*> Upgrades[SchemaVersion - 1] = {
     {"ALTER TABLE order_line ADD COLUMN delivery_slot TEXT",
      "ALTER TABLE order_line ADD COLUMN entered_at TEXT"},
+    {"ALTER TABLE sales_order ADD COLUMN is_approved INTEGER NOT NULL DEFAULT 0"},
 };
 
 QString inChinese(const QString& cause) {

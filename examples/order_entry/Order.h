@@ -51,7 +51,8 @@ struct Order {
     int version = 0;  ///< counts the saves
     QString number;
     QDate date;
-    qint64 customer = 0;  ///< 0: none chosen
+    qint64 customer = 0;    ///< 0: none chosen
+    bool approved = false;  ///< closed: nothing changes any more
     std::vector<OrderLine> lines;
 
     bool operator==(const Order&) const = default;

@@ -55,15 +55,18 @@ OrderGrid::~OrderGrid() {
 
 void OrderGrid::connectEvents() {
     auto& all = connections_;
-    all.push_back(grid_.AddVsRow.connect([](std::int32_t, bool& consent) { consent = true; }));
-    all.push_back(grid_.AfterAddRow.connect([this](bool& keepCopy, std::int32_t, bool, std::int32_t) {
-        keepCopy = true;
-        emit changed();
-    }));
+    all.push_back(
+        grid_.AddVsRow.connect([this](std::int32_t, bool& consent) { consent = grid_.Editable(); }));
+    all.push_back(
+        grid_.AfterAddRow.connect([this](bool& keepCopy, std::int32_t row, bool copied, std::int32_t) {
+            if (copied) keepOrClearCopy(row, keepCopy);
+            emit changed();
+        }));
     all.push_back(grid_.DeleteVsRow.connect([this](std::int32_t row, bool& consent) {
-        consent = read(row).isEmpty() || !mayDelete_ ||
-                  mayDelete_(u"第 %1 行 %2 %3"_s.arg(QString::number(row - grid_.FixedRows() + 1),
-                                                     text(row, Code), text(row, Name)));
+        consent = grid_.Editable() &&
+                  (read(row).isEmpty() || !mayDelete_ ||
+                   mayDelete_(u"第 %1 行 %2 %3"_s.arg(QString::number(row - grid_.FixedRows() + 1),
+                                                      text(row, Code), text(row, Name))));
     }));
     all.push_back(grid_.AfterDeleteVsRow.connect([this] { emit changed(); }));
     all.push_back(grid_.TxtValidBmS.connect([this](const std::string& query, const std::string& codeField,
@@ -128,8 +131,13 @@ void OrderGrid::presetDelivery(const QDate& delivery) {
 
 void OrderGrid::markSaved() {
     // Switching Editable off is what clears the control's changed-data flag.
+    const bool editable = grid_.Editable();
     grid_.Editable(false);
-    grid_.Editable(true);
+    grid_.Editable(editable);
+}
+
+void OrderGrid::setReadOnly(bool readOnly) {
+    grid_.Editable(!readOnly);
 }
 
 void OrderGrid::select(std::int32_t row, std::int32_t col) {
@@ -210,7 +218,23 @@ std::vector<OrderLine> OrderGrid::lines() const {
 
 // --- What follows from what was typed.
 
+// Goods are what a copied line is for: without a code there is nothing to keep. The control writes cells as
+// they are; the mark of an unknown code and the time of entry are ours.
+void OrderGrid::keepOrClearCopy(std::int32_t row, bool& keep) {
+    keep = !text(row, Code).isEmpty();
+    if (!keep) {
+        emit said(u"没有货号的行不复制,新增了一个空行"_s, false);
+        return;
+    }
+    const Span span(writing_);
+    const QString now = timeText(services_.now());
+    put(row, Entered, now, now);
+    markCode(row, text(row, Name).isEmpty());
+}
+
 void OrderGrid::settleAll() {
+    // A closed order stays as it is.
+    if (!grid_.Editable()) return;
     // Writing a cell would commit what the clerk is typing; the next commit comes back here.
     if (grid_.editorView().visible) return;
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) settle(row);

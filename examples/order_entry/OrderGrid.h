@@ -61,6 +61,8 @@ class OrderGrid : public QObject {
     /// An empty sheet; the first row gets the delivery date, each further row copies the one above.
     void clear(const QDate& delivery);
     void show(const std::vector<OrderLine>& lines);
+    /// What is shown then can neither be typed into nor get other rows.
+    void setReadOnly(bool readOnly);
     /// Another delivery date for the rows of a sheet that is still empty.
     void presetDelivery(const QDate& delivery);
 
@@ -117,6 +119,7 @@ class OrderGrid : public QObject {
     static bool isRuled(const OrderLine& line, Column col);
     static QString whyUnsavable(const OrderLine& line, Column col, const QString& text);
 
+    void keepOrClearCopy(std::int32_t row, bool& keep);
     void settleAll();
     void settle(std::int32_t row);
     void settleTyped(std::int32_t row, Column col);

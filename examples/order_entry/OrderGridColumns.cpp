@@ -100,6 +100,7 @@ void OrderGrid::setUpRules() {
 }
 
 QString OrderGrid::hint() const {
+    if (!grid_.Editable()) return u"订单已审核,不能修改;右键复制单元格"_s;
     switch (grid_.Col()) {
         case Code:
             return u"输入货号后按回车,带出品名、规格、单位和单价;F2 按货号、品名或简码查找"_s;

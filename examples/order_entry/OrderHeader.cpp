@@ -72,6 +72,12 @@ void OrderHeader::showNumber(const QString& number) {
     number_->setText(number);
 }
 
+void OrderHeader::setReadOnly(bool readOnly) {
+    number_->setReadOnly(readOnly);
+    date_->setReadOnly(readOnly);
+    customer_->setReadOnly(readOnly);
+}
+
 void OrderHeader::read(Order& order) const {
     order.number = number();
     order.date = date();

@@ -21,6 +21,8 @@ class OrderHeader : public QWidget {
     /// Shows an order's head without reporting a change.
     void show(const Order& order);
     void showNumber(const QString& number);
+    /// The fields can be read and copied from, not changed.
+    void setReadOnly(bool readOnly);
     /// Writes the fields into an order.
     void read(Order& order) const;
     /// Something was typed for a customer that names none.

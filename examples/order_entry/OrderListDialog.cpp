@@ -14,7 +14,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int MostOrders = 500;
-enum ListColumn { NumberColumn, DateColumn, CustomerColumn, LinesColumn, TotalColumn, ListColumns };
+enum ListColumn {
+    NumberColumn,
+    DateColumn,
+    CustomerColumn,
+    LinesColumn,
+    TotalColumn,
+    StateColumn,
+    ListColumns
+};
 }  // namespace
 
 OrderListDialog::OrderListDialog(const OrderStore& store, QWidget* parent)
@@ -44,7 +52,7 @@ void OrderListDialog::layOut() {
     top->addWidget(text_);
 
     table_->setObjectName(u"orders"_s);
-    table_->setHorizontalHeaderLabels({u"单号"_s, u"日期"_s, u"客户"_s, u"行数"_s, u"金额"_s});
+    table_->setHorizontalHeaderLabels({u"单号"_s, u"日期"_s, u"客户"_s, u"行数"_s, u"金额"_s, u"状态"_s});
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -52,7 +60,7 @@ void OrderListDialog::layOut() {
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setSectionResizeMode(CustomerColumn, QHeaderView::Stretch);
-    const int widths[] = {150, 100, 0, 60, 130};
+    const int widths[] = {150, 100, 0, 60, 130, 70};
     for (int c = 0; c < ListColumns; ++c)
         if (widths[c] > 0) table_->setColumnWidth(c, widths[c]);
 
@@ -84,9 +92,12 @@ void OrderListDialog::fill() {
     table_->setRowCount(static_cast<int>(found_.size()));
     int row = 0;
     for (const OrderSummary& order : found_) {
-        const QString texts[] = {order.number, order.date.toString(Qt::ISODate), order.customer,
+        const QString texts[] = {order.number,
+                                 order.date.toString(Qt::ISODate),
+                                 order.customer,
                                  QString::number(order.lines),
-                                 QString::fromStdString(moneyText(order.total))};
+                                 QString::fromStdString(moneyText(order.total)),
+                                 order.approved ? u"已审核"_s : QString()};
         for (int c = 0; c < ListColumns; ++c) {
             auto* item = new QTableWidgetItem(texts[c]);
             const bool right = c == LinesColumn || c == TotalColumn;

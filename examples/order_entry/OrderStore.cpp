@@ -51,9 +51,11 @@ OrderLine lineOf(const QSqlQuery& row) {
 
 std::optional<Order> OrderStore::load(qint64 id) const {
     const QString attempt = u"读取订单"_s;
-    QSqlQuery head = database_.run(
-        attempt, u"SELECT id, version, number, order_date, customer_id FROM sales_order WHERE id = ?"_s,
-        {id});
+    QSqlQuery head =
+        database_.run(attempt,
+                      u"SELECT id, version, number, order_date, customer_id, is_approved FROM sales_order"
+                      " WHERE id = ?"_s,
+                      {id});
     if (!head.next()) return std::nullopt;
     Order order;
     order.id = head.value(0).toLongLong();
@@ -61,6 +63,7 @@ std::optional<Order> OrderStore::load(qint64 id) const {
     order.number = head.value(2).toString();
     order.date = QDate::fromString(head.value(3).toString(), Qt::ISODate);
     order.customer = head.value(4).toLongLong();
+    order.approved = head.value(5).toBool();
     QSqlQuery lines = database_.run(
         attempt,
         u"SELECT goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse,"
@@ -96,10 +99,9 @@ void OrderStore::writeHead(Order& order, const QString& attempt) {
         const QSqlQuery written =
             database_.run(attempt,
                           u"UPDATE sales_order SET number = ?, order_date = ?, customer_id = ?,"
-                          " version = ? WHERE id = ? AND version = ?"_s,
+                          " version = ? WHERE id = ? AND version = ? AND is_approved = 0"_s,
                           values + QVariantList{order.id, order.version});
-        if (written.numRowsAffected() != 1)
-            throw OrderChanged(attempt, database_.file(), u"订单在打开之后已被别处修改或删除"_s);
+        expectOne(written, attempt);
         database_.run(attempt, u"DELETE FROM order_line WHERE order_id = ?"_s, {order.id});
     }
     ++order.version;
@@ -122,18 +124,37 @@ void OrderStore::writeLines(const Order& order, const QString& attempt) {
 void OrderStore::remove(const Order& order) {
     const QString attempt = u"删除订单 "_s + order.number;
     Transaction transaction(database_, attempt);
-    const QSqlQuery removed = database_.run(
-        attempt, u"DELETE FROM sales_order WHERE id = ? AND version = ?"_s, {order.id, order.version});
-    if (removed.numRowsAffected() != 1)
-        throw OrderChanged(attempt, database_.file(), u"订单在打开之后已被别处修改或删除"_s);
+    const QSqlQuery removed =
+        database_.run(attempt, u"DELETE FROM sales_order WHERE id = ? AND version = ? AND is_approved = 0"_s,
+                      {order.id, order.version});
+    expectOne(removed, attempt);
     transaction.commit();
+}
+
+void OrderStore::approve(Order& order) {
+    const QString attempt = u"审核订单 "_s + order.number;
+    Transaction transaction(database_, attempt);
+    const QSqlQuery approved = database_.run(attempt,
+                                             u"UPDATE sales_order SET is_approved = 1, version = ?"
+                                             " WHERE id = ? AND version = ? AND is_approved = 0"_s,
+                                             {order.version + 1, order.id, order.version});
+    expectOne(approved, attempt);
+    transaction.commit();
+    ++order.version;
+    order.approved = true;
+}
+
+void OrderStore::expectOne(const QSqlQuery& written, const QString& attempt) const {
+    if (written.numRowsAffected() != 1)
+        throw OrderChanged(attempt, database_.file(), u"订单在打开之后已被别处修改、审核或删除"_s);
 }
 
 std::vector<OrderSummary> OrderStore::list(const QString& text, int most) const {
     const QVariant wanted = filled(text);
     QSqlQuery found = database_.run(
         u"读取订单列表"_s,
-        u"SELECT o.id, o.number, o.order_date, c.name, COUNT(l.line_no), COALESCE(SUM(l.amount_cents), 0)"
+        u"SELECT o.id, o.number, o.order_date, c.name, COUNT(l.line_no), COALESCE(SUM(l.amount_cents), 0),"
+        " o.is_approved"
         " FROM sales_order o JOIN customer c ON c.id = o.customer_id"
         " LEFT JOIN order_line l ON l.order_id = o.id"
         " WHERE instr(o.number, ?) > 0 OR instr(c.name, ?) > 0 OR instr(c.pinyin, lower(?)) > 0"
@@ -143,7 +164,8 @@ std::vector<OrderSummary> OrderStore::list(const QString& text, int most) const 
     while (found.next())
         result.push_back({found.value(0).toLongLong(), found.value(1).toString(),
                           QDate::fromString(found.value(2).toString(), Qt::ISODate),
-                          found.value(3).toString(), found.value(4).toInt(), found.value(5).toLongLong()});
+                          found.value(3).toString(), found.value(4).toInt(), found.value(5).toLongLong(),
+                          found.value(6).toBool()});
     return result;
 }
 

@@ -15,9 +15,10 @@ struct OrderSummary {
     QString customer;
     int lines = 0;
     Cents total = 0;
+    bool approved = false;
 };
 
-/// The order was saved or deleted by somebody else since it was read.
+/// The order was saved, approved or deleted by somebody else since it was read.
 class OrderChanged : public DatabaseError {
   public:
     using DatabaseError::DatabaseError;
@@ -32,12 +33,15 @@ class OrderStore {
     /// Inserts a new order or replaces the one with its id; sets id and version once everything is written.
     void save(Order& order);
     void remove(const Order& order);
+    /// Closes the order as it was saved last: it can be neither saved nor removed any more.
+    void approve(Order& order);
     /// Newest first; those whose number or customer contains the text, at most `most`.
     std::vector<OrderSummary> list(const QString& text, int most) const;
     /// The next free number of a day: XS-20261120-001.
     QString nextNumber(const QDate& date) const;
 
   private:
+    void expectOne(const QSqlQuery& written, const QString& attempt) const;
     void writeHead(Order& order, const QString& attempt);
     void writeLines(const Order& order, const QString& attempt);
 

@@ -181,11 +181,18 @@ void OrderWindow::display(const Order& order) {
     else
         grid_->show(order.lines);
     saved_ = order;
+    showWhetherApproved();
+}
+
+void OrderWindow::showWhetherApproved() {
+    header_->setReadOnly(saved_.approved);
+    grid_->setReadOnly(saved_.approved);
     refresh();
     refreshHint();
 }
 
 bool OrderWindow::deleteOrder() {
+    if (refusedAsApproved()) return false;
     const bool stored = saved_.id != 0;
     const QString what = stored ? u"删除订单 %1?删除后不能恢复。"_s.arg(saved_.number)
                                 : u"放弃尚未保存的订单 %1?"_s.arg(header_->number());
@@ -199,6 +206,27 @@ bool OrderWindow::deleteOrder() {
     startNewOrder();
     say(stored ? u"订单 %1 已删除"_s.arg(number) : u"已放弃"_s);
     return true;
+}
+
+bool OrderWindow::approveOrder() {
+    if (refusedAsApproved() || !connectDatabase() || !readyToSave()) return false;
+    if (!questions_.confirm(this, u"保存并审核订单 %1?审核后不能再修改。"_s.arg(header_->number()),
+                            u"审核(&A)"_s))
+        return false;
+    if (isUnsaved(onScreen()) && !save()) return false;
+    try {
+        store_.approve(saved_);
+    } catch (const DatabaseError& error) {
+        return report(error, u"订单没有审核,屏幕上的内容没有改变。"_s);
+    }
+    showWhetherApproved();
+    say(u"订单 %1 已审核"_s.arg(saved_.number));
+    return true;
+}
+
+bool OrderWindow::refusedAsApproved() {
+    if (saved_.approved) say(u"订单 %1 已审核,不能修改"_s.arg(saved_.number), true);
+    return saved_.approved;
 }
 
 // --- Saving.
@@ -254,7 +282,7 @@ bool OrderWindow::readyToSave() {
 }
 
 bool OrderWindow::save() {
-    if (!connectDatabase() || !readyToSave()) return false;
+    if (refusedAsApproved() || !connectDatabase() || !readyToSave()) return false;
     Order order = onScreen();
     try {
         store_.save(order);
@@ -330,7 +358,10 @@ void OrderWindow::refresh() {
     totals_->setText(u"共 %1 行    数量 %2    金额 ¥ %3"_s.arg(QString::number(order.lines.size()),
                                                                QString::fromStdString(quantityText(quantity)),
                                                                money(order.total())));
-    state_->setText(unsaved ? u"未保存"_s : order.id == 0 ? u"新订单"_s : u"已保存"_s);
+    state_->setText(unsaved          ? u"未保存"_s
+                    : order.id == 0  ? u"新订单"_s
+                    : order.approved ? u"已审核"_s
+                                     : u"已保存"_s);
     setWindowTitle(u"销售订单录入 - "_s + order.number + u"[*]"_s);
     setWindowModified(unsaved);
     fitGrid(widget_->width());  // more rows may have brought a scroll bar

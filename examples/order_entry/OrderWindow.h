@@ -40,6 +40,8 @@ class OrderWindow : public QMainWindow {
     bool chooseOrder();
     bool openOrder(qint64 id);
     bool deleteOrder();
+    /// Saves the order and closes it for good.
+    bool approveOrder();
 
     bool save();
     /// What is on the screen, as it would be saved; an editor that is still open is left alone.
@@ -69,6 +71,8 @@ class OrderWindow : public QMainWindow {
     void display(const Order& order);
     bool readyToSave();
     bool saveAsNew(const QString& why);
+    bool refusedAsApproved();
+    void showWhetherApproved();
     bool refuse(const QString& why);
     void renumber(const QDate& date);
     bool report(const DatabaseError& error, const QString& consolation);

@@ -69,6 +69,8 @@ void OrderWindow::addActions() {
     add(u"打开(&O)…"_s, u"打开"_s, QKeySequence(u"Ctrl+O"_s), QStyle::SP_DialogOpenButton,
         [this] { chooseOrder(); });
     add(u"保存(&S)"_s, u"保存"_s, QKeySequence(u"Ctrl+S"_s), QStyle::SP_DialogSaveButton, [this] { save(); });
+    add(u"审核(&A)…"_s, u"审核"_s, QKeySequence(u"F9"_s), QStyle::SP_DialogApplyButton,
+        [this] { approveOrder(); });
     order->addSeparator();
     add(u"删除订单(&D)…"_s, u"删除"_s, QKeySequence(u"Ctrl+D"_s), QStyle::SP_TrashIcon,
         [this] { deleteOrder(); });
@@ -101,6 +103,7 @@ void OrderWindow::showKeys() {
                            "Ctrl+O\t打开订单\n"
                            "Ctrl+S\t保存订单\n"
                            "Ctrl+D\t删除订单\n"
+                           "F9\t审核订单,此后不能修改\n"
                            "F6 / F7\t到表头 / 到明细\n"
                            "Tab\t下一格(Shift+Tab 上一格)\n"
                            "\n在明细中:\n"
@@ -108,5 +111,6 @@ void OrderWindow::showKeys() {
                            "F2\t输入时打开帮助:商品、单位、仓库、日历\n"
                            "空格\t切换赠品\n"
                            "Insert\t在末尾增加一行\n"
-                           "Delete\t删除当前行"_s);
+                           "Delete\t删除当前行\n"
+                           "Shift+F10\t行命令和列填充(右键;按住 Ctrl 可一次加多行)"_s);
 }

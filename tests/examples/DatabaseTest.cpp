@@ -53,6 +53,7 @@ class DatabaseFile : public Scratch {
     void makeEarlierLayout() {
         Connection connection(madeDatabase());
         connection.run("DROP TABLE order_line");
+        connection.run("ALTER TABLE sales_order DROP COLUMN is_approved");
         connection.run(
             "CREATE TABLE order_line (order_id INTEGER NOT NULL REFERENCES sales_order (id) ON DELETE "
             "CASCADE,"
@@ -131,7 +132,7 @@ TEST_F(DatabaseFile, OfANewerProgramIsRefused) {
 TEST_F(DatabaseFile, OfTheEarlierLayoutIsUpgradedAndKeepsItsOrders) {
     makeEarlierLayout();
     Database database(databaseFile());
-    EXPECT_EQ(value(database, "PRAGMA user_version").toInt(), 2);
+    EXPECT_EQ(value(database, "PRAGMA user_version").toInt(), 3);
     OrderStore store(database);
     Order old = *store.load(7);
     ASSERT_EQ(old.lines.size(), 1u);
@@ -139,9 +140,25 @@ TEST_F(DatabaseFile, OfTheEarlierLayoutIsUpgradedAndKeepsItsOrders) {
     EXPECT_EQ(old.lines[0].amount, 1500);
     EXPECT_EQ(old.lines[0].slot, QString());
     EXPECT_FALSE(old.lines[0].entered.isValid());
+    EXPECT_FALSE(old.approved);
     old.lines[0].slot = "2026-02-28 下午";
     store.save(old);
     EXPECT_TRUE(store.load(7) == old);
+}
+
+TEST_F(DatabaseFile, OfTheSecondLayoutIsUpgradedAndItsOrdersCanBeApproved) {
+    {
+        Connection connection(madeDatabase());
+        connection.run("ALTER TABLE sales_order DROP COLUMN is_approved");
+        connection.run("INSERT INTO sales_order VALUES (7, 'A-7', '2026-02-20', 1, 1)");
+        connection.run("PRAGMA user_version = 2");
+    }
+    Database database(databaseFile());
+    OrderStore store(database);
+    Order old = *store.load(7);
+    EXPECT_FALSE(old.approved);
+    store.approve(old);
+    EXPECT_TRUE(store.load(7)->approved);
 }
 
 TEST_F(DatabaseFile, IsUpgradedOnceOnly) {

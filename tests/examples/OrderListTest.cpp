@@ -62,6 +62,14 @@ TEST_F(OrderList, IsNarrowedByWhatIsTyped) {
     EXPECT_TRUE(dialog->isVisible());
 }
 
+TEST_F(OrderList, SaysWhichOrdersAreApproved) {
+    Order approved = *store.load(ids[1]);
+    store.approve(approved);
+    open();
+    EXPECT_EQ(table->item(1, 5)->text(), QString("已审核"));
+    EXPECT_EQ(table->item(0, 5)->text(), QString());
+}
+
 TEST_F(OrderList, ThatCannotBeReadIsAnError) {
     database.run("test", "DROP TABLE sales_order");
     EXPECT_THROW(OrderListDialog{store}, DatabaseError);

@@ -136,6 +136,31 @@ TEST_F(StoredOrders, AreDeletedWithTheirLines) {
     EXPECT_EQ(count("order_line"), 0);
 }
 
+TEST_F(StoredOrders, ThatAreApprovedAreNeitherSavedNorRemovedNorApprovedAgain) {
+    Order saved = order("A-1", {line("100001", 1000, 100)});
+    store.save(saved);
+    store.approve(saved);
+    EXPECT_TRUE(saved.approved);
+    EXPECT_TRUE(store.load(saved.id) == saved);
+    EXPECT_TRUE(store.list({}, 10).front().approved);
+    const Order closed = saved;
+    saved.lines.clear();
+    EXPECT_THROW(store.save(saved), OrderChanged);
+    EXPECT_THROW(store.remove(saved), OrderChanged);
+    EXPECT_THROW(store.approve(saved), OrderChanged);
+    EXPECT_TRUE(store.load(saved.id) == closed);
+}
+
+TEST_F(StoredOrders, AreNotApprovedInAnOlderVersion) {
+    Order here = order("A-1", {line("100001", 1000, 100)});
+    store.save(here);
+    Order there = *store.load(here.id);
+    store.save(there);
+    EXPECT_THROW(store.approve(here), OrderChanged);
+    EXPECT_FALSE(here.approved);
+    EXPECT_FALSE(store.load(here.id)->approved);
+}
+
 TEST_F(StoredOrders, AreListedNewestFirstAndFoundByNumberOrCustomer) {
     Order old = order("A-1", {line("100001", 1000, 100)});
     old.date = QDate(2026, 1, 5);

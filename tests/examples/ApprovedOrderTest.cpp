@@ -1,0 +1,146 @@
+// Approved orders: closed in the window, opened again, and what others may have done to them meanwhile.
+#include <QClipboard>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTimer>
+
+#include "CustomerBox.h"
+#include "OrderEntry.h"
+
+namespace {
+class ApprovedOrder : public OrderEntry {
+  protected:
+    void openAndType() {
+        open();
+        typeOrder();
+        answers.agrees = true;
+    }
+    void approve() {
+        openAndType();
+        play({"key F9"});
+        ASSERT_TRUE(window->onScreen().approved) << window->message().toStdString();
+    }
+    // Right click at a cell, then the item by keyboard; answers what the menu offered.
+    QStringList choose(int row, OrderGrid::Column col, const QString& text) {
+        QStringList offered;
+        grid().Grid().Select(row, col);
+        auto* view = QApplication::focusWidget();
+        QTimer::singleShot(50, qApp, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(menu, nullptr);
+            for (QAction* action : menu->actions()) {
+                if (action->isSeparator()) continue;
+                offered << action->text();
+                if (action->text() == text) menu->setActiveAction(action);
+            }
+            QTest::keyClick(menu, Qt::Key_Return);
+            if (menu->isVisible()) menu->close();
+        });
+        const kxVsGrid::Rect place = grid().Grid().CellRect(row, col);
+        QTest::mouseClick(view, Qt::RightButton, {},
+                          QPoint(place.left + 60, place.top + 60) / (1440 / view->logicalDpiX()));
+        QCoreApplication::processEvents();
+        return offered;
+    }
+};
+}  // namespace
+
+TEST_F(ApprovedOrder, IsSavedAndClosedAfterAQuestion) {
+    open();
+    typeOrder();
+    play({"key F9"});
+    EXPECT_EQ(answers.asked, QStringList("保存并审核订单 XS-20261120-001?审核后不能再修改。"));
+    EXPECT_FALSE(window->onScreen().approved);
+    EXPECT_TRUE(window->hasUnsavedWork());
+    answers.agrees = true;
+    play({"key F9"});
+    EXPECT_EQ(window->message(), QString("订单 XS-20261120-001 已审核"));
+    EXPECT_FALSE(window->hasUnsavedWork());
+    Database database(databaseFile());
+    EXPECT_TRUE(OrderStore(database).load(1) == window->onScreen());
+    EXPECT_EQ(value(database, "SELECT is_approved FROM sales_order").toInt(), 1);
+}
+
+TEST_F(ApprovedOrder, IsNotMadeOfAnOrderThatCannotBeSaved) {
+    open();
+    answers.agrees = true;
+    EXPECT_FALSE(window->approveOrder());
+    EXPECT_TRUE(answers.problems.value(0).contains("客户"));
+    typeOrder();
+    play({"key F7", "key Down", "key Home", "type 100002", "key Enter", "type 0", "key Enter", "key F9",
+          "key Enter"});
+    EXPECT_EQ(window->message(), QString("第 2 行的数量不能为零,订单没有保存"));
+    EXPECT_FALSE(window->onScreen().approved);
+    EXPECT_EQ(window->onScreen().id, 0);
+}
+
+TEST_F(ApprovedOrder, CannotBeChangedSavedOrDeleted) {
+    approve();
+    const Order closed = window->onScreen();
+    play({"key F7", "key Home", "type 9", "key Insert", "key Delete", "key Ctrl+S"});
+    EXPECT_EQ(window->message(), QString("订单 XS-20261120-001 已审核,不能修改"));
+    play({"key F6", "key End", "type x", "key Backspace", "key Down", "key Shift+Tab", "key Up", "key Ctrl+D",
+          "key F9"});
+    EXPECT_EQ(answers.asked.size(), 1);
+    EXPECT_TRUE(window->onScreen() == closed);
+    EXPECT_FALSE(window->hasUnsavedWork());
+    EXPECT_TRUE(window->header().findChild<QLineEdit*>("number")->isReadOnly());
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(answers.asked.size(), 1);
+    Database database(databaseFile());
+    EXPECT_TRUE(OrderStore(database).load(1) == closed);
+}
+
+TEST_F(ApprovedOrder, IsReadOnlyAtOnceWhenItIsOpenedFromTheList) {
+    approve();
+    play({"key Ctrl+N"});
+    EXPECT_TRUE(grid().Editable());
+    EXPECT_FALSE(window->header().findChild<CustomerBox*>("customer")->isReadOnly());
+    play({"key Ctrl+O"});
+    EXPECT_TRUE(window->onScreen().approved);
+    EXPECT_FALSE(grid().Editable());
+    EXPECT_EQ(choose(1, OrderGrid::Quantity, "复制单元格"), QStringList("复制单元格"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QString("36"));
+}
+
+TEST_F(ApprovedOrder, LeavesTheNextOrderEditable) {
+    approve();
+    play({"key Ctrl+N"});
+    typeOrder();
+    EXPECT_EQ(choose(1, OrderGrid::Quantity, "复制行").size(), 8);
+    EXPECT_EQ(window->onScreen().lines.size(), 2u);
+    play({"key Ctrl+S"});
+    EXPECT_FALSE(window->hasUnsavedWork()) << window->message().toStdString();
+    EXPECT_FALSE(window->onScreen().approved);
+    EXPECT_EQ(window->onScreen().lines.at(1).amount, 9000);
+}
+
+TEST_F(ApprovedOrder, BySomebodyElseCanBeKeptAsANewOne) {
+    openAndType();
+    ASSERT_TRUE(window->save());
+    Database database(databaseFile());
+    OrderStore store(database);
+    Order there = *store.load(1);
+    store.approve(there);
+    play({"key F7", "key Left", "type 五金仓", "key Enter", "key Ctrl+S"});
+    EXPECT_TRUE(answers.asked.value(0).contains("审核")) << answers.asked.join('\n').toStdString();
+    EXPECT_EQ(window->header().number(), QString("XS-20261120-002"));
+    EXPECT_FALSE(window->onScreen().approved);
+    EXPECT_EQ(window->onScreen().lines.at(0).warehouse, QString("五金仓"));
+    EXPECT_TRUE(store.load(1) == there);
+    EXPECT_TRUE(store.load(2) == window->onScreen());
+}
+
+TEST_F(ApprovedOrder, IsNotMadeOfWhatSomebodyElseHasChanged) {
+    openAndType();
+    ASSERT_TRUE(window->save());
+    Database database(databaseFile());
+    OrderStore store(database);
+    Order there = *store.load(1);
+    store.save(there);
+    EXPECT_FALSE(window->approveOrder());
+    EXPECT_TRUE(answers.problems.value(0).contains("没有审核")) << answers.problems.join('\n').toStdString();
+    EXPECT_TRUE(grid().Editable());
+    EXPECT_FALSE(store.load(1)->approved);
+}

@@ -1,0 +1,193 @@
+// The grid's row commands and column fills on an order: what becomes of lines, amounts and totals.
+#include "OrderSheet.h"
+
+namespace {
+class OrderRows : public OrderSheet {
+  protected:
+    OrderRows() {
+        enterLine(1, "100001");
+        enterLine(2, "100002");
+        enter(3, OrderGrid::Remark, "运费另计");
+        before = control.Rows();
+    }
+
+    /// Right press at a cell that has been made the current one.
+    void choose(int row, OrderGrid::Column col, const char* caption, const char* under = nullptr,
+                std::int16_t shift = 0) {
+        desk.onPopup([=](kxVsGrid::headless::PoppedMenu& menu) {
+            under ? menu.choose(caption, under) : menu.choose(caption);
+        });
+        at(row, col);
+        desk.rightClick(row, col, shift);
+        QCoreApplication::processEvents();
+        expectWhole();
+    }
+    void chooseWithCtrl(int row, const char* caption, const char* answer) {
+        desk.answerInputBox(answer);
+        choose(row, OrderGrid::Code, caption, nullptr, kxVsGrid::CtrlKey);
+    }
+
+    /// Rows are numbered from 1, each amount is that of its line, the totals are those of the lines.
+    void expectWhole() {
+        Cents amount = 0;
+        Thousandths quantity = 0;
+        for (int row = control.FixedRows(); row < control.Rows(); ++row)
+            EXPECT_EQ(cell(row, OrderGrid::RowNumber), std::to_string(row)) << desk.ascii();
+        for (const OrderLine& one : grid.lines()) {
+            if (one.quantity && one.price) {
+                EXPECT_EQ(one.amount, amountOf(*one.quantity, *one.price)) << desk.ascii();
+            }
+            amount += one.amount.value_or(0);
+            quantity += one.quantity.value_or(0);
+        }
+        EXPECT_EQ(scaledNumber(control.ReadSum(OrderGrid::Amount), PriceDecimals).value_or(0), amount);
+        EXPECT_EQ(scaledNumber(control.ReadSum(OrderGrid::Quantity), QuantityDecimals).value_or(0), quantity);
+    }
+
+    std::string codes(int first, int last) {
+        std::string result;
+        for (int row = first; row <= last; ++row) result += cell(row, OrderGrid::Code) + '|';
+        return result;
+    }
+
+    int before;
+};
+}  // namespace
+
+TEST_F(OrderRows, AreAddedAtTheEndWithTheWarehouseAndDeliveryOfTheRowAbove) {
+    enter(before - 1, OrderGrid::Warehouse, "五金仓");  // in the last row: another one follows
+    choose(1, OrderGrid::Code, "新增行");
+    EXPECT_EQ(control.Rows(), before + 2);
+    EXPECT_EQ(control.Row(), before + 1);
+    choose(3, OrderGrid::Code, "插入行");
+    EXPECT_EQ(control.Row(), 3);
+    EXPECT_EQ(cell(3, OrderGrid::Warehouse), "主仓库");
+    EXPECT_EQ(cell(3, OrderGrid::Delivery), "2026-11-27");
+    EXPECT_EQ(cell(4, OrderGrid::Remark), "运费另计");
+    EXPECT_EQ(grid.lines().size(), 3u);
+}
+
+TEST_F(OrderRows, AreEmptyWhenTheClerkAsksForEmptyOnes) {
+    choose(3, OrderGrid::Code, "插入空行");
+    EXPECT_EQ(control.Rows(), before + 1);
+    EXPECT_EQ(cell(3, OrderGrid::Warehouse), "");
+    EXPECT_EQ(cell(3, OrderGrid::Delivery), "");
+    choose(1, OrderGrid::Code, "新增空行");
+    EXPECT_EQ(control.Row(), before + 1);
+    EXPECT_EQ(cell(before + 1, OrderGrid::Warehouse), "");
+}
+
+TEST_F(OrderRows, AreAddedSeveralAtATime) {
+    chooseWithCtrl(2, "插入..行", "3");
+    EXPECT_EQ(control.Rows(), before + 3);
+    EXPECT_EQ(codes(1, 5), "100001||||100002|");
+    EXPECT_EQ(cell(2, OrderGrid::Warehouse), "主仓库");
+    chooseWithCtrl(1, "新增..行", "2");
+    chooseWithCtrl(1, "插入空白..行", "1");
+    chooseWithCtrl(1, "新增空行..行", "4");
+    EXPECT_EQ(control.Rows(), before + 10);
+    EXPECT_EQ(codes(1, 6), "|100001||||100002|");
+}
+
+TEST_F(OrderRows, WithACodeAreCopiedWithEverythingButTheTimeOfEntry) {
+    enter(2, OrderGrid::Remark, "加急");
+    now = now.addSecs(3600);
+    choose(2, OrderGrid::Quantity, "复制插入行");
+    ASSERT_EQ(grid.lines().size(), 4u);
+    OrderLine copy = grid.lines()[1];
+    const OrderLine source = grid.lines()[2];
+    EXPECT_EQ(copy.code, QString("100002"));
+    EXPECT_EQ(copy.amount, 9250);
+    EXPECT_EQ(copy.entered, now);
+    copy.entered = source.entered;
+    EXPECT_TRUE(copy == source) << desk.ascii();
+    EXPECT_FALSE(grid.firstProblem());
+    choose(1, OrderGrid::Quantity, "复制行");
+    EXPECT_EQ(cell(before + 1, OrderGrid::Code), "100001");
+    EXPECT_EQ(control.ReadSum(OrderGrid::Amount), "218.30");  // 2 x 16.65 and 2 x 92.50
+}
+
+TEST_F(OrderRows, WithoutACodeAreNotCopied) {
+    choose(3, OrderGrid::Remark, "复制插入行");
+    EXPECT_EQ(control.Rows(), before + 1);
+    EXPECT_EQ(cell(3, OrderGrid::Remark), "");
+    EXPECT_EQ(cell(3, OrderGrid::Warehouse), "");
+    EXPECT_EQ(cell(4, OrderGrid::Remark), "运费另计");
+    EXPECT_EQ(said, QString("没有货号的行不复制,新增了一个空行"));
+    choose(before, OrderGrid::Code, "复制行");
+    EXPECT_EQ(grid.lines().size(), 3u);
+}
+
+TEST_F(OrderRows, OfAnUnknownCodeAreCopiedWithItsMark) {
+    control.SetCell(2, OrderGrid::Code, "999");
+    QCoreApplication::processEvents();
+    choose(2, OrderGrid::Code, "复制插入行");
+    for (const int row : {2, 3}) {
+        EXPECT_EQ(cell(row, OrderGrid::Code), "999");
+        EXPECT_EQ(control.Grid().CellForeColor(row, OrderGrid::Code), 0x0000C0u);
+    }
+}
+
+TEST_F(OrderRows, WithContentAreDeletedWhenTheClerkAgrees) {
+    bool agrees = false;
+    grid.mayDelete([&](const QString&) { return agrees; });
+    choose(1, OrderGrid::Code, "删除行");
+    EXPECT_EQ(codes(1, 2), "100001|100002|");
+    agrees = true;
+    choose(1, OrderGrid::Code, "删除行");
+    EXPECT_EQ(codes(1, 2), "100002||");
+    EXPECT_EQ(control.ReadSum(OrderGrid::Amount), "92.50");
+}
+
+TEST_F(OrderRows, GetAmountsAndTotalsForAFilledSeriesOfQuantities) {
+    control.Rows(4);
+    enter(3, OrderGrid::Code, "100001");
+    control.Rows(5);
+    enter(4, OrderGrid::Code, "100002");
+    control.Rows(5);
+    enter(2, OrderGrid::Quantity, "7");
+    choose(2, OrderGrid::Quantity, "填充列", "序列方式填充(&S)");
+    EXPECT_EQ(cell(3, OrderGrid::Quantity), "9");
+    EXPECT_EQ(cell(4, OrderGrid::Quantity), "11");
+    EXPECT_EQ(cell(3, OrderGrid::Amount), "29.97");
+    EXPECT_EQ(cell(4, OrderGrid::Amount), "203.50");
+}
+
+TEST_F(OrderRows, GetTheirGoodsForACopiedCode) {
+    control.Rows(5);
+    choose(2, OrderGrid::Code, "填充列", "复制单元格(&C)");
+    EXPECT_EQ(codes(1, 4), "100001|100002|100002|100002|");
+    EXPECT_EQ(cell(4, OrderGrid::Name), "无缝钢管");
+    EXPECT_EQ(cell(4, OrderGrid::Price), "18.50");
+}
+
+TEST_F(OrderRows, AreDeliveredAMonthApartWhereTheDatesAreFilledSo) {
+    control.Rows(5);
+    enter(1, OrderGrid::Delivery, "2026-01-31");
+    choose(1, OrderGrid::Delivery, "填充列", "以月填充(&M)");
+    EXPECT_EQ(grid.lines()[1].delivery, QDate(2026, 2, 28));
+    EXPECT_EQ(grid.lines()[2].delivery, QDate(2026, 3, 28));
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderRows, OfAReadOnlyOrderOfferNothingButTheClipboard) {
+    grid.setReadOnly(true);
+    choose(2, OrderGrid::Code, "复制单元格");
+    EXPECT_EQ(desk.lastMenu().items.size(), 1u);
+    EXPECT_EQ(desk.clipboard(), "100002");
+    at(2, OrderGrid::Code);
+    desk.press(Key::Insert).press(Key::Delete).type("9").press(Key::Enter);
+    EXPECT_FALSE(desk.editor().visible);
+    EXPECT_EQ(control.Rows(), before);
+    EXPECT_EQ(codes(1, 3), "100001|100002||");
+}
+
+TEST_F(OrderRows, OfAReadOnlyOrderCanBeChangedAgainInTheNextOne) {
+    grid.setReadOnly(true);
+    grid.markSaved();
+    EXPECT_FALSE(control.Editable());
+    grid.setReadOnly(false);
+    choose(1, OrderGrid::Code, "新增行");
+    EXPECT_EQ(control.Rows(), before + 1);
+    EXPECT_FALSE(grid.typed());
+}
