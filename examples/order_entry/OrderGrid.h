@@ -116,7 +116,7 @@ class OrderGrid : public QObject {
     /// Answers a code check; an empty name refuses the text.
     CodeAndName confirm(const QString& query, const QString& codeField, const QString& nameField,
                         const QString& typed);
-    static bool isRuled(const OrderLine& line, Column col);
+    static bool breaksRule(const OrderLine& line, Column col);
     static QString whyUnsavable(const OrderLine& line, Column col, const QString& text);
 
     void keepOrClearCopy(std::int32_t row, bool& keep);

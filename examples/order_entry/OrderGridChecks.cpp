@@ -66,17 +66,21 @@ bool OrderGrid::commit() {
 std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
     Place place(grid_);
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
-        const OrderLine line = read(row);
+        OrderLine line = read(row);
         for (int c = grid_.FixedCols(); c < ColumnCount; ++c) {
             const auto col = static_cast<Column>(c);
             const QString where =
                 u"第 %1 行的%2"_s.arg(QString::number(row - grid_.FixedRows() + 1), caption(col));
             const QString why = whyUnsavable(line, col, text(row, col));
             if (!why.isEmpty()) return Problem{row, col, where + why, false};
-            if (!isRuled(line, col)) continue;
-            // The control applies the column's rule to its current cell, and tells the clerk.
+            if (!breaksRule(line, col)) continue;
+            // The control applies the column's rule to its current cell, and tells the clerk. A row that
+            // becomes the current one gets its default texts; they may be what was missing.
             select(row, col);
-            if (grid_.IsValid()) continue;
+            if (grid_.IsValid()) {
+                line = read(row);
+                continue;
+            }
             place.leave();
             return Problem{row, col, where + (col == Quantity ? u"不能为零"_s : u"不能为空"_s), true};
         }
@@ -84,9 +88,12 @@ std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
     return std::nullopt;
 }
 
-// A line without goods is a note: it needs neither quantity nor warehouse.
-bool OrderGrid::isRuled(const OrderLine& line, Column col) {
-    return !line.code.isEmpty() && (col == Quantity || col == Warehouse);
+// A line without goods is a note: it needs neither quantity nor warehouse. Only cells that are led to are
+// visited: looking at an order must not fill it.
+bool OrderGrid::breaksRule(const OrderLine& line, Column col) {
+    if (line.code.isEmpty()) return false;
+    return (col == Quantity && line.quantity.value_or(0) == 0) ||
+           (col == Warehouse && line.warehouse.isEmpty());
 }
 
 // Fills and copies of the control put texts into cells that nobody has checked.

@@ -258,6 +258,40 @@ class Window:
         if result.returncode != 0 or result.stderr:
             raise Failure(f"keys {names}: {result.stderr}")
 
+    def click(self, x, y, button="left", held="", window=None):
+        """Clicks at a place of the inside of the window, or of another one, with a key held down when one is named."""
+        self.check_alive()
+        number = {"left": "1", "right": "3"}[button]
+        click = ["mousemove", "--window", window or self.id, str(x), str(y), "click", number]
+        if held:
+            click = ["keydown", held, *click, "keyup", held]
+        result = self.desktop.xdotool(*click)
+        if result.returncode != 0 or result.stderr:
+            raise Failure(f"click at {x},{y}: {result.stderr}")
+
+    def corner(self):
+        """The upper left corner of the window's inside on the screen."""
+        self.desktop.xdotool("mousemove", "--window", self.id, "0", "0")
+        lines = self.desktop.xdotool("getmouselocation", "--shell").stdout.splitlines()
+        values = dict(line.split("=") for line in lines)
+        return int(values["X"]), int(values["Y"])
+
+    def popups(self):
+        """The menus that stand open, in the order in which they were opened. A menu never becomes the active window."""
+        found = self.desktop.xdotool("search", "--onlyvisible", "--class", self.name).stdout.split()
+        windows = {self.id, self.desktop.active_window()}
+        return sorted(int(window) for window in found if window not in windows)
+
+    def await_popups(self, count):
+        wait_for(f"{count} open menus", lambda: len(self.popups()) == count)
+        self.desktop.settle()
+
+    def click_item(self, from_top=None, from_bottom=None):
+        """Clicks the item of the newest menu that lies so many pixels from its upper or lower edge."""
+        menu = str(self.popups()[-1])
+        _, _, width, height = self._rectangle(menu)
+        self.click(width // 3, from_top if from_top is not None else height - from_bottom, window=menu)
+
     def answer_box(self, *names, title="", picture=""):
         """Waits for a box of the program, which has to stand over the window and may have to have a title, presses
         keys in it, and waits until it has gone. `picture` keeps a picture of it."""

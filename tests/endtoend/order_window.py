@@ -11,6 +11,12 @@ LINE_COLUMNS = (
     " remark, delivery_slot, entered_at"
 )
 
+COLUMNS = "行号 货号 品名 规格 单位 数量 单价 金额 仓库 交货日期 时段 赠品 备注 录入时间".split()
+# Of the grid in the inside of the window, in pixels: its corner, a row's height, where the columns up to 交货日期 end.
+LEFT, TOP, ROW = 13, 125, 20
+WIDTH, HEIGHT = 1215, 544
+COLUMN_ENDS = dict(zip(COLUMNS, (33, 100, 233, 353, 397, 487, 567, 667, 733, 817)))
+
 
 class OrderWindow:
     """The example with a database file of its own, opened on a desktop."""
@@ -43,8 +49,36 @@ class OrderWindow:
         before = self.saves()
         self.window.keys("ctrl+s")
         wait_for("the saved order", lambda: self.saves() > before or self.window.check_undisturbed())
+        return self.lines()
+
+    def lines(self):
+        """The lines of the one order as the database has them."""
         return self.query(f"SELECT {LINE_COLUMNS} FROM order_line ORDER BY order_id, line_no")
 
     def saves(self):
         """How often the one order was saved."""
         return self.query("SELECT COALESCE(MAX(version), 0) FROM sales_order")[0][0]
+
+    def cell(self, row, column):
+        """A place inside a cell that stands in view, in the inside of the window."""
+        return LEFT + COLUMN_ENDS[column] - 8, TOP + row * ROW + ROW // 2
+
+    def grid_on_screen(self):
+        """x, y, width and height of the grid with its total row, without the scroll bar."""
+        x, y = self.window.corner()
+        return x + LEFT, y + TOP, WIDTH, HEIGHT
+
+    def select(self, row, column):
+        self.window.click(*self.cell(row, column))
+
+    def open_menu(self, row, column, held=""):
+        """Makes a cell the current one, and opens the menu there with the right button."""
+        self.select(row, column)
+        self.window.click(*self.cell(row, column), button="right", held=held)
+        self.window.await_popups(1)
+
+    def choose(self, row, column, item, held=""):
+        """Chooses the item at a position of the menu, counted from 1 without separators, by keyboard."""
+        self.open_menu(row, column, held)
+        self.window.keys(*["Down"] * item, "Return")
+        self.window.await_popups(0)

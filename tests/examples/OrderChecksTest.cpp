@@ -205,3 +205,28 @@ TEST_F(OrderSheet, AnAmountThatIsTooLargeIsAProblem) {
     enter(1, OrderGrid::Price, "2");
     EXPECT_EQ(problem(), QString());
 }
+
+TEST_F(OrderSheet, LookingForProblemsFillsNoRow) {
+    enterLine(1, "100001");
+    for (const int row : {2, 3}) {
+        control.SetCell(row, OrderGrid::Code, "100002");
+        control.SetCell(row, OrderGrid::Quantity, "4");
+        control.SetCell(row, OrderGrid::Warehouse, "主仓库");
+    }
+    EXPECT_TRUE(grid.commit());
+    const std::vector<OrderLine> before = grid.lines();
+    ASSERT_EQ(before.size(), 3u);
+    EXPECT_EQ(problem(), QString());
+    EXPECT_TRUE(grid.lines() == before) << desk.ascii();
+    EXPECT_EQ(before[2].slot, QString());
+}
+
+TEST_F(OrderSheet, AMissingWarehouseIsThatOfTheRowAboveOnceTheLineIsLookedInto) {
+    enterLine(1, "100001");
+    control.SetCell(2, OrderGrid::Code, "100002");
+    control.SetCell(2, OrderGrid::Quantity, "4");
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString());
+    EXPECT_EQ(cell(2, OrderGrid::Warehouse), "主仓库");
+    EXPECT_EQ(cell(2, OrderGrid::Slot), "2026-11-27 上午");
+}

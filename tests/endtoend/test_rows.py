@@ -1,0 +1,163 @@
+#!/usr/bin/env python3
+"""A clerk works with the row commands at a real display, by mouse and keyboard: rows inserted, copied and deleted,
+columns filled, the order saved and approved. The database must hold what the commands are for, and another program that
+reads it must show, pixel by pixel, what the screen showed before the order was saved.
+
+    test_rows.py PROGRAM KEEP
+"""
+
+import datetime
+import subprocess
+import sys
+
+from desktop import Desktop, Failure
+from order_window import NOW, OrderWindow
+
+WAREHOUSE = "A-1"
+DELIVERY = datetime.date(2026, 11, 27)
+SHEET_ROWS = 24
+IN_FIRST_OR_LAST_ITEM = 12  # pixels from the menu's edge
+
+# Where the items stand in the menu, without separators.
+COPY_INSERT, DELETE, FILL = 4, 7, 8
+INSERT_SEVERAL = 4  # with Ctrl
+
+
+def key_line(order, row, code, quantity):
+    order.select(row, "货号")
+    order.window.type(code)
+    order.window.keys("Return")
+    order.window.type(quantity)
+    order.window.keys("Return")
+
+
+def add_row_by_mouse(order):
+    order.open_menu(2, "数量")
+    order.window.desktop.picture("rows-menu")
+    order.window.click_item(from_top=IN_FIRST_OR_LAST_ITEM)
+    order.window.await_popups(0)
+
+
+def insert_rows(order, count):
+    order.open_menu(2, "货号", held="ctrl")
+    order.window.desktop.picture("rows-menu-ctrl")
+    order.window.keys(*["Down"] * INSERT_SEVERAL, "Return")
+    order.window.answer_box(str(count), "Return", title="新增行", picture="rows-box")
+
+
+def fill_by_mouse(order, row, column):
+    """Copies of the cell: the last item of the last item."""
+    order.open_menu(row, column)
+    order.window.click_item(from_bottom=IN_FIRST_OR_LAST_ITEM)
+    order.window.await_popups(2)
+    order.window.desktop.picture("rows-fill")
+    order.window.click_item(from_bottom=IN_FIRST_OR_LAST_ITEM)
+    order.window.await_popups(0)
+
+
+def fill_by_keys(order, row, column, letter):
+    order.open_menu(row, column)
+    order.window.keys(*["Down"] * FILL, "Right", letter)
+    order.window.await_popups(0)
+
+
+def work(order, goods):
+    """Leaves the lines that expected_rows() names."""
+    window = order.window
+    key_line(order, 1, goods[0][0], "10")
+    order.select(1, "仓库")
+    window.type(WAREHOUSE)
+    window.keys("Return")
+    key_line(order, 2, goods[1][0], "13")
+    add_row_by_mouse(order)
+    order.choose(2, "货号", COPY_INSERT)
+    insert_rows(order, 2)  # between the first line and the copy
+    key_line(order, 2, goods[2][0], "1")
+    order.choose(3, "货号", DELETE)  # empty: no question
+    order.choose(4, "数量", DELETE)  # what was copied
+    window.answer_box("alt+d")
+    fill_by_mouse(order, 3, "货号")
+    fill_by_keys(order, 3, "数量", "s")
+    fill_by_keys(order, 3, "仓库", "c")
+    fill_by_keys(order, 3, "交货日期", "d")
+
+
+def line(good, quantity, delivery, keyed):
+    """Half day and time of entry are where the clerk has been."""
+    code, name, spec, unit, price = good
+    slot, entered = (f"{delivery} 上午", NOW) if keyed else (None, None)
+    return (
+        (code, name, spec, unit, quantity * 1000, price, quantity * price, WAREHOUSE, str(delivery), 0, "")
+        + (slot, entered)
+    )
+
+
+def expected_rows(goods):
+    rows = [line(goods[0], 10, DELIVERY, True), line(goods[2], 1, DELIVERY, True), line(goods[1], 13, DELIVERY, True)]
+    # One added at the end, one copied, two inserted, two deleted.
+    for row in range(4, SHEET_ROWS + 2 + 1):
+        rows.append(line(goods[1], 13 + 12 * (row - 3), DELIVERY + datetime.timedelta(row - 3), False))
+    return rows
+
+
+def check(expected, rows):
+    for number, (want, have) in enumerate(zip(expected, rows), 1):
+        if want != have:
+            raise Failure(f"line {number}: expected {want}, saved {have}")
+    if len(rows) != len(expected):
+        raise Failure(f"expected {len(expected)} lines, saved {len(rows)}: {rows}")
+
+
+def approve(order):
+    """Afterwards neither keys nor the right button change anything."""
+    order.window.keys("F9")
+    order.window.answer_box("alt+a")
+    order.open_menu(1, "数量")
+    order.window.desktop.picture("rows-approved")
+    order.window.keys("Down", "Return")
+    order.window.await_popups(0)
+    order.window.keys("Insert", "Delete", "9", "Return", "ctrl+s")
+    order.window.desktop.settle()
+    order.window.check_undisturbed()
+
+
+def what_is_shown(order, name):
+    """The grid with the first code as current cell, without its scroll bar: the sheets differ in empty rows."""
+    order.select(1, "货号")
+    order.window.desktop.settle()
+    x, y, width, height = order.grid_on_screen()
+    file = order.window.desktop.picture(name)
+    subprocess.run(["convert", file, "-crop", f"{width}x{height}+{x}+{y}", "+repage", file], check=True)
+    return file
+
+
+def compare(before, after):
+    result = subprocess.run(
+        ["compare", "-metric", "AE", before, after, "null:"], capture_output=True, text=True, check=False
+    )
+    if result.stderr.strip() != "0":
+        raise Failure(f"{before} and {after} differ in {result.stderr} pixels")
+
+
+def main(program, keep):
+    with Desktop(keep) as desktop:
+        order = OrderWindow(desktop, program, "orders.sqlite")
+        goods = order.goods(3)
+        order.choose_customer()
+        work(order, goods)
+        before = what_is_shown(order, "rows-before")
+        rows = order.save()
+        check(expected_rows(goods), rows)
+        approve(order)
+        order.window.close()
+        again = OrderWindow(desktop, program, "orders.sqlite")
+        again.window.keys("ctrl+o")
+        again.window.answer_box("Return", title="订单列表")
+        compare(before, what_is_shown(again, "rows-after"))
+        check(rows, again.lines())
+        again.window.close()
+    print(f"{len(rows)} lines, shown as they were saved")
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
