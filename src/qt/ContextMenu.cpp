@@ -14,6 +14,7 @@ using Choices = std::map<const QAction*, MenuChoice>;
 /// Submenus belong to the menu that they hang under.
 void fill(QMenu& shown, const Menu& menu, const std::string& array, const std::vector<MenuItem>& items,
           Choices& choices) {
+    shown.setAttribute(Qt::WA_WindowPropagation);  // it wears the palette and the font of the grid
     for (const MenuItem& item : items) {
         if (!item.visible) continue;
         const Submenu* const under = array == menu.array ? menu.under(item.index) : nullptr;
@@ -30,6 +31,8 @@ void fill(QMenu& shown, const Menu& menu, const std::string& array, const std::v
         }
         if (action) action->setEnabled(item.enabled);
     }
+    // Styles draw margins that grow with the font, and measure them without that: large texts would be cut.
+    shown.setMinimumWidth(shown.sizeHint().width() + shown.fontMetrics().height());
 }
 }  // namespace
 

@@ -14,6 +14,8 @@ inline QPalette darkPalette() {
     palette.setColor(QPalette::ButtonText, QColor(220, 220, 220));
     palette.setColor(QPalette::Highlight, QColor(38, 121, 191));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(120, 120, 120));
     return palette;
 }
 }  // namespace kxVsGrid::qt::testing

@@ -139,10 +139,35 @@ QImage Window::picture(const QString& name, QWidget* box) {
         painter.setPen(window.palette().color(QPalette::WindowText));
         painter.drawRect(place.adjusted(-1, -1, 0, 0));
     }
+    keep(image, name);
+    return image;
+}
+
+QImage Window::pictureAround(const QString& name, const QList<QWidget*>& menus) {
+    constexpr int Margin = 24;
+    settle();
+    const QPixmap behind = window.grab();
+    QRect around;
+    for (const QWidget* menu : menus) around |= QRect(menu->mapToGlobal(QPoint()), menu->size());
+    around.adjust(-Margin, -Margin, Margin, Margin);
+    const double ratio = window.devicePixelRatioF();
+    QImage image((QSizeF(around.size()) * ratio).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(window.palette().color(QPalette::Window));
+    QPainter painter(&image);
+    painter.drawPixmap(window.mapToGlobal(QPoint()) - around.topLeft(), behind);
+    for (QWidget* menu : menus)
+        painter.drawPixmap(menu->mapToGlobal(QPoint()) - around.topLeft(), menu->grab());
+    painter.end();
+    keep(image, name);
+    return image;
+}
+
+/// The scale is a part of the file's name.
+void Window::keep(const QImage& image, const QString& name) const {
     const QString folder = QStringLiteral(KX_PICTURES);
     QDir().mkpath(folder);
     const int percent = qRound(window.devicePixelRatioF() * 100);
     EXPECT_TRUE(image.save(QStringLiteral("%1/%2-%3.png").arg(folder, name).arg(percent)));
-    return image;
 }
 }  // namespace kxVsGrid::qt::testing

@@ -52,6 +52,11 @@ class Window {
     static void settle();
     /// Takes a picture of the window, and of the box in front of it, and keeps it.
     QImage picture(const QString& name, QWidget* box = nullptr);
+    /// The same with menus in front, the first one lowest; of the window only what lies around them.
+    QImage pictureAround(const QString& name, const QList<QWidget*>& menus);
+
+  private:
+    void keep(const QImage& image, const QString& name) const;
 };
 
 inline QWidget& focused() {
