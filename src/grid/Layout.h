@@ -22,6 +22,10 @@ class Layout {
     bool totalRowShown() const { return totalRowShown_; }
     Rect mainRect() const { return mainRect_; }
     Rect totalRowRect() const { return totalRect_; }
+    /// A place in the main grid as one in the control.
+    Rect inControl(const Rect& inGrid) const {
+        return {mainRect_.left + inGrid.left, mainRect_.top + inGrid.top, inGrid.width, inGrid.height};
+    }
 
   private:
     std::int32_t scrollBarAllowance() const;

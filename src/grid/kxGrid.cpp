@@ -108,8 +108,7 @@ void kxGrid::Parts::bringCurrentCellIntoView() {
 }
 
 Rect kxGrid::Parts::onScreen(const Rect& place) const {
-    const Rect grid = layout.mainRect();
-    return seat->onScreen({grid.left + place.left, grid.top + place.top, place.width, place.height});
+    return seat->onScreen(layout.inControl(place));
 }
 
 void kxGrid::Parts::realign() {

@@ -64,16 +64,25 @@ void Fills::writeBelow(Next next) {
     }
 }
 
-void Fills::dates(Way way, const std::string& text) {
-    std::optional<DateTime> date = support::parseDate(text);
-    if (!date) return;
+/// Each date as text and as tag, until there is no next one.
+template <class Next>
+void Fills::writeDates(DateTime date, Next next) {
     writeBelow([&]() -> std::optional<TextAndTag> {
-        date = way == Days    ? support::addDays(*date, 1)
-               : way == Years ? support::addYears(*date, 1)
-                              : support::addMonths(*date, 1);
-        if (!date) return std::nullopt;
-        const std::string shown = support::shortDateText(*date);
+        const std::optional<DateTime> following = next(date);
+        if (!following) return std::nullopt;
+        date = *following;
+        const std::string shown = support::shortDateText(date);
         return TextAndTag{shown, shown};
+    });
+}
+
+void Fills::dates(Way way, const std::string& text) {
+    const std::optional<DateTime> date = support::parseDate(text);
+    if (!date) return;
+    writeDates(*date, [way](const DateTime& from) {
+        return way == Days    ? support::addDays(from, 1)
+               : way == Years ? support::addYears(from, 1)
+                              : support::addMonths(from, 1);
     });
 }
 
@@ -90,17 +99,12 @@ void Fills::series(const std::string& text) {
 }
 
 void Fills::dateSeries(const std::string& above, const std::string& text) {
-    std::optional<DateTime> date = support::parseDate(text);
+    const std::optional<DateTime> date = support::parseDate(text);
     if (!date) return;
     const std::optional<DateTime> before = support::parseDate(above);
     std::int64_t step = before ? support::dayNumber(*date) - support::dayNumber(*before) : 1;
     if (step == 0) step = 1;
-    writeBelow([&]() -> std::optional<TextAndTag> {
-        date = support::addDays(*date, step);
-        if (!date) return std::nullopt;
-        const std::string shown = support::shortDateText(*date);
-        return TextAndTag{shown, shown};
-    });
+    writeDates(*date, [step](const DateTime& from) { return support::addDays(from, step); });
 }
 
 void Fills::numberSeries(const std::string& above, const std::string& text) {

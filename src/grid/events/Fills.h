@@ -42,6 +42,8 @@ class Fills {
   private:
     template <class Next>
     void writeBelow(Next next);
+    template <class Next>
+    void writeDates(DateTime date, Next next);
     void dates(Way way, const std::string& text);
     void series(const std::string& text);
     void dateSeries(const std::string& above, const std::string& text);

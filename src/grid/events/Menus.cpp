@@ -108,9 +108,7 @@ void Menus::pressed(std::int16_t button, std::int16_t shift, float x, float y, c
 }
 
 MenuChoice Menus::popUp(const Menu& menu, const Rect& place) {
-    const Rect grid = c_.layout.mainRect();
-    return c_.platform.popUp(
-        menu, c_.seat.onScreen({grid.left + place.left, grid.top + place.top, place.width, place.height}));
+    return c_.platform.popUp(menu, c_.seat.onScreen(c_.layout.inControl(place)));
 }
 
 void Menus::showRowMenu(std::int16_t shift, const Rect& place) {
