@@ -1,5 +1,6 @@
 #include "OrderGrid.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 
 using namespace kxVsGrid;
@@ -22,8 +23,11 @@ class Span {
     bool before_;
 };
 
+// The control copies a cell as it is displayed: 1,234.5.
 std::optional<std::int64_t> number(const QString& text, int decimals) {
-    return scaledNumber(text.toStdString(), decimals);
+    static const QRegularExpression grouped(u"^-?\\d{1,3}(,\\d{3})+(\\.\\d*)?$"_s);
+    const bool isGrouped = text.contains(u',') && grouped.match(text).hasMatch();
+    return scaledNumber((isGrouped ? QString(text).remove(u',') : text).toStdString(), decimals);
 }
 
 QString text(const std::optional<std::int64_t>& value, int decimals) {

@@ -40,8 +40,15 @@ class OrderRows : public OrderSheet {
             amount += one.amount.value_or(0);
             quantity += one.quantity.value_or(0);
         }
-        EXPECT_EQ(scaledNumber(control.ReadSum(OrderGrid::Amount), PriceDecimals).value_or(0), amount);
-        EXPECT_EQ(scaledNumber(control.ReadSum(OrderGrid::Quantity), QuantityDecimals).value_or(0), quantity);
+        EXPECT_EQ(scaledNumber(sum(OrderGrid::Amount), PriceDecimals).value_or(0), amount);
+        EXPECT_EQ(scaledNumber(sum(OrderGrid::Quantity), QuantityDecimals).value_or(0), quantity);
+    }
+
+    /// A total, without the signs between its thousands.
+    std::string sum(OrderGrid::Column col) {
+        std::string text = control.ReadSum(col);
+        std::erase(text, ',');
+        return text;
     }
 
     std::string codes(int first, int last) {
@@ -151,6 +158,18 @@ TEST_F(OrderRows, GetAmountsAndTotalsForAFilledSeriesOfQuantities) {
     EXPECT_EQ(cell(4, OrderGrid::Quantity), "11");
     EXPECT_EQ(cell(3, OrderGrid::Amount), "29.97");
     EXPECT_EQ(cell(4, OrderGrid::Amount), "203.50");
+}
+
+TEST_F(OrderRows, GetTheSameQuantityAndPriceWhereThoseAreCopiedDown) {
+    control.Rows(5);
+    enter(1, OrderGrid::Quantity, "1234.5");
+    enter(1, OrderGrid::Price, "1000.25");
+    choose(1, OrderGrid::Quantity, "填充列", "复制单元格(&C)");
+    choose(1, OrderGrid::Price, "填充列", "复制单元格(&C)");
+    for (const std::size_t line : {0, 1, 2}) {
+        EXPECT_EQ(grid.lines().at(line).quantity, 1234500) << desk.ascii();
+        EXPECT_EQ(grid.lines().at(line).amount, 123480863) << desk.ascii();
+    }
 }
 
 TEST_F(OrderRows, GetTheirGoodsForACopiedCode) {

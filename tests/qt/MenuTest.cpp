@@ -5,6 +5,8 @@
 #include <QInputDialog>
 #include <QMouseEvent>
 
+#include "qt/ContextMenu.h"
+
 namespace kxVsGrid::qt::testing {
 
 TEST(Menus, PopUpWhereTheMousePressedWithTheItemsThatAreShown) {
@@ -89,6 +91,72 @@ TEST(Menus, AskForTheNumberOfRowsInARealBox) {
     rightClick(w, 1, Code, Qt::ControlModifier);
     EXPECT_EQ(asked, "新增行/录入需要新增的行数/5");
     EXPECT_EQ(w.grid().Rows(), rows + 3);
+}
+
+TEST(Menus, AddNoRowWhenTheBoxIsLeftByEsc) {
+    Window w;
+    w.focusCell(1, Code);
+    const std::int32_t rows = w.grid().Rows();
+    bool left = false;
+    Menus menus([&](QMenu& menu) {
+        QTimer::singleShot(50, qApp, [&] {
+            auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            QTest::keyClick(box, Qt::Key_Escape);
+            left = !box->isVisible();
+        });
+        chooseByKeys(menu, "插入..行");
+    });
+    rightClick(w, 1, Code, Qt::ControlModifier);
+    EXPECT_TRUE(left);
+    EXPECT_EQ(w.grid().Rows(), rows);
+}
+
+TEST(Menus, AreKeptAwayByAHostThatCancelsThePress) {
+    Window w;
+    w.focusCell(1, Code);
+    bool cancels = true;
+    w.grid().MouseDown.connect(
+        [&](std::int16_t, std::int16_t, float, float, bool& cancel) { cancel = cancels; });
+    Menus menus([](QMenu&) {});
+    rightClick(w, 1, Code);
+    w.press(Qt::Key_Menu);
+    EXPECT_TRUE(menus.seen.empty());
+    cancels = false;
+    rightClick(w, 1, Code);
+    EXPECT_EQ(menus.seen.size(), 1U);
+}
+
+TEST(Menus, ShowTheWaitCursorWhileAColumnIsFilled) {
+    Window w;
+    w.grid().SetCell(1, Quantity, "1");
+    w.focusCell(1, Quantity);
+    int waiting = 0;
+    w.grid().CellChanged.connect([&](std::int32_t, std::int32_t) {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        if (cursor != nullptr && cursor->shape() == Qt::WaitCursor) ++waiting;
+    });
+    Menus menus([](QMenu& menu) {
+        QMenu* fills = item(menu, "填充列").menu();
+        menu.setActiveAction(fills->menuAction());
+        QTest::keyClick(&menu, Qt::Key_Right);
+        QTest::keyClick(fills, Qt::Key_C);
+    });
+    rightClick(w, 1, Quantity);
+    EXPECT_EQ(w.text(w.grid().Rows() - 1, Quantity), "1.00");
+    EXPECT_GT(waiting, 0);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(Menus, DrawNoSeparatorFirstLastOrBesideAnother) {
+    Window w;
+    const Menu plan{"menu", "", "items", {{1, "-"}, {2, "a"}, {3, "-"}, {4, "-"}, {5, "b"}, {6, "-"}}, {}};
+    std::vector<bool> drawn;
+    Menus menus([&](QMenu& menu) {
+        for (QAction* action : menu.actions()) drawn.push_back(!menu.actionGeometry(action).isEmpty());
+    });
+    EXPECT_FALSE(chooseFrom(plan, w.widget, w.widget->mapToGlobal(QPoint(20, 20))));
+    EXPECT_EQ(drawn, (std::vector<bool>{false, true, true, false, true, false}));
 }
 
 TEST(Menus, OfferOnlyTheClipboardWhereNothingCanBeChanged) {
