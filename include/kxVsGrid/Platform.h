@@ -116,6 +116,19 @@ class Input {
     virtual void resized(std::int32_t width, std::int32_t height) = 0;
 };
 
+/// The object through which the wheel's turns over a loaded control are caught, on machines where a control
+/// does not hear them by itself.
+class WheelHook {
+  public:
+    virtual ~WheelHook() = default;
+    /// The grid's fixed rows, and the whole part of (Rows - 1) / 5: how far one turn may go.
+    virtual void range(std::int32_t fixedRows, std::int32_t step) = 0;
+    /// The first row shown below the fixed ones, and the grid's last row.
+    virtual void position(std::int32_t topRow, std::int32_t lastRow) = 0;
+    /// The mouse is over the grid: its window is the one whose wheel is meant. Told again and again.
+    virtual void attach() = 0;
+};
+
 /// The place that one control has on its machine. A control that a listener of its own destroys is at work a
 /// little longer: the seat then goes last, keeps the platform until it does, and does nothing any more.
 class Seat {
@@ -136,6 +149,8 @@ class Seat {
     virtual Rect onScreen(const Rect& place) const = 0;
     /// A persisted setting has changed: the container may want to save.
     virtual void settingChanged(std::string_view name) = 0;
+    /// A hook for a control that has read its settings; nothing where the machine needs none.
+    virtual std::unique_ptr<WheelHook> wheelHook() = 0;
 };
 
 class Platform {

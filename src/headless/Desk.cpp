@@ -215,6 +215,10 @@ const std::string& Desk::clipboard() const {
     return records_->clipboard;
 }
 
+const std::optional<WheelHookState>& Desk::wheelHook() const {
+    return station().wheelHook;
+}
+
 const std::vector<std::string>& Desk::reports() const {
     return records_->reports;
 }

@@ -38,6 +38,28 @@ class Desk::DeskSeat : public Seat {
     void settingChanged(std::string_view name) override {
         if (!station_->removed) desk_.records_->reports.emplace_back(name);
     }
+    std::unique_ptr<WheelHook> wheelHook() override {
+        class Hook : public WheelHook {
+          public:
+            explicit Hook(std::shared_ptr<Station> station) : station_(std::move(station)) {
+                station_->wheelHook.emplace();
+            }
+            ~Hook() override { station_->wheelHook.reset(); }
+            void range(std::int32_t fixedRows, std::int32_t step) override {
+                station_->wheelHook->fixedRows = fixedRows;
+                station_->wheelHook->step = step;
+            }
+            void position(std::int32_t topRow, std::int32_t lastRow) override {
+                station_->wheelHook->topRow = topRow;
+                station_->wheelHook->lastRow = lastRow;
+            }
+            void attach() override { station_->wheelHook->attached = true; }
+
+          private:
+            std::shared_ptr<Station> station_;
+        };
+        return std::make_unique<Hook>(station_);
+    }
 
   private:
     Desk& desk_;

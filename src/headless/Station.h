@@ -16,6 +16,7 @@ struct Desk::Station {
     TextLine box;
     bool composing = false;
     std::string composed;
+    std::optional<WheelHookState> wheelHook;
     bool removed = false;  ///< goes when the desk's call has returned
 
     std::shared_ptr<Input> input() const { return address->input(); }

@@ -20,6 +20,8 @@ class QtSeat : public Seat {
     void layoutChanged() override;
     Rect onScreen(const Rect& place) const override;
     void settingChanged(std::string_view name) override;
+    /// None: the widget hears its wheel itself.
+    std::unique_ptr<WheelHook> wheelHook() override { return nullptr; }
 
   private:
     /// Nothing while the control is made, and once its widget is gone.

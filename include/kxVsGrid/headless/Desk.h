@@ -53,6 +53,16 @@ struct ShownDialog {
     friend bool operator==(const ShownDialog&, const ShownDialog&) = default;
 };
 
+/// What a control has told its wheel hook last.
+struct WheelHookState {
+    std::int32_t fixedRows = 0;
+    std::int32_t step = 0;
+    std::int32_t topRow = 0;
+    std::int32_t lastRow = 0;
+    bool attached = false;
+    friend bool operator==(const WheelHookState&, const WheelHookState&) = default;
+};
+
 /// A menu that has popped up, before the clerk.
 class PoppedMenu {
   public:
@@ -153,6 +163,8 @@ class Desk : public Platform {
     /// The dialogs shown so far.
     const std::vector<ShownDialog>& dialogs() const;
     const std::string& clipboard() const;
+    /// The wheel hook of the control in use; nothing until it has read its settings.
+    const std::optional<WheelHookState>& wheelHook() const;
     /// Names of changed settings, in order, of all controls.
     const std::vector<std::string>& reports() const;
     /// How the last press of Tab ended: 1 and -1 left the control forwards and backwards, 0 did not.

@@ -1,0 +1,86 @@
+// The page on which the columns of a grid are set up where forms are designed: one column at a time, every
+// property of its definition, written back when the page is applied.
+//
+//     kxVsGrid::GridColumns columns(grid);            // or a ColumnSource of the designer's own
+//     kxVsGrid::ControlPage page;
+//     page.select({&columns});
+//     platform.showForm(page, {});                    // or qt::showForm(parent, page)
+//
+// The page is a form: a machine shows its controls and tells it what is done there. Its button Command1 loads
+// the list of columns into Combo1; Combo2 holds the alignments, Combo3 the kinds of data, Txt(0), Txt(1), ...
+// the texts and numbers, Chk(0), Chk(1), ... the yes/no settings, each with its property's name beside it.
+// QdCommand (OK) applies and closes, QxCommand (Cancel) closes, YyCommand (Apply) is enabled by changes.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kxVsGrid/Form.h"
+#include "kxVsGrid/cVsControl.h"
+
+namespace kxVsGrid {
+
+/// A grid control as the page sees it.
+class ColumnSource {
+  public:
+    virtual ~ColumnSource() = default;
+    virtual std::string FormatString() = 0;
+    virtual std::int32_t Cols() = 0;
+    /// The current column; SetVsControl is its definition.
+    virtual std::int32_t Col() = 0;
+    virtual void Col(std::int32_t col) = 0;
+    virtual std::shared_ptr<cVsControl> SetVsControl() = 0;
+    virtual void SetVsControl(std::shared_ptr<cVsControl> definition) = 0;
+    /// The page has written a definition: the grid shows it.
+    virtual void applied() {}
+};
+
+class ControlPage : public Form {
+  public:
+    ControlPage();
+    ~ControlPage() override;
+
+    /// The grid controls that are selected in the designer; the page works on the first and must not outlive
+    /// it. Shows its current column; what was typed and not applied is dropped. None empties the page.
+    void select(const std::vector<ColumnSource*>& grids);
+    /// Something was changed that has not been applied.
+    bool Changed() const { return changed_; }
+    /// Told when that changes.
+    void onChanged(std::function<void(bool)> listener) { listener_ = std::move(listener); }
+    /// Writes everything shown into the definition of the chosen column. False when a box holds no number
+    /// where one is needed: nothing is written then, the box gets the keyboard, and problem() names it.
+    bool Apply();
+
+    /// What the page has to say at its bottom; empty most of the time.
+    const std::string& problem() const;
+    /// Says something there, until the page is applied or another grid is selected.
+    void explain(std::string_view text);
+
+    /// Presses Command1: loads the list of columns.
+    void loadColumns();
+
+  protected:
+    void pressed(FormControl& button) override;
+    void textChanged(FormControl& box) override;
+    void checkChanged(FormControl& box) override;
+    void picked(FormControl& list) override;
+    void resized() override;
+    bool keyDown(FormControl& focused, std::int16_t code, std::int16_t shift) override;
+
+  private:
+    struct Boxes;
+    void build();
+    void fillLists();
+    void show();
+    void changed(bool now);
+
+    std::unique_ptr<Boxes> boxes_;
+    std::function<void(bool)> listener_;
+    ColumnSource* source_ = nullptr;
+    bool changed_ = false;
+};
+}  // namespace kxVsGrid
