@@ -10,8 +10,8 @@
 // Values that equal their default are left out. The types are Boolean (True or False), Int16, Int32, Double
 // (the shortest decimal that reads back the same), Text, Empty and Null. In texts \\ \" \n \r \t stand for
 // themselves, and \xHH for any other byte that is a control character or no UTF-8. A name with anything but
-// letters, digits, "_" and "." is quoted like a text. Empty lines and lines that begin with # are skipped,
-// line ends may be CR LF.
+// ASCII and Chinese letters, digits, "_" and "." is quoted like a text. Empty lines and lines that begin with
+// # are skipped, line ends may be CR LF.
 //
 // A damaged text (cut off, a line that is none, a name that stands there twice) keeps the values above the
 // damage. Reading a value that is not among them throws BagError, which says what is wrong and in which line:
@@ -46,8 +46,10 @@ class TextBag : public PropertyBag {
     /// What is wrong with the text that the bag was made from; empty when nothing is.
     const std::string& damage() const { return damage_; }
     const MemoryBag& values() const { return values_; }
+    /// Empties the bag, which is then no longer damaged.
     void clear();
 
+    /// BagError while the bag is damaged: what stands below the damage would be lost.
     std::string text() const;
 
   private:

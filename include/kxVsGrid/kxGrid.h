@@ -47,9 +47,11 @@ class kxGrid : public GridEvents {
 
     /// A newly placed control: Editable True, bIsShowZero False, SumRow False.
     void InitProperties();
-    /// Loads the settings that a container kept.
+    /// Loads the settings that a container kept (StoredKeys.h names them), applying each at once. An error of
+    /// the bag or a value that does not fit shows a message box and ends the reading: what was applied stays,
+    /// and from then on no control of the process saves, until one has read completely or is newly placed.
     void ReadProperties(PropertyBag& bag);
-    /// Saves them.
+    /// Saves them; nothing while a control of the process is being loaded. An error shows a message box.
     void WriteProperties(PropertyBag& bag);
 
     // --- The editor.

@@ -9,7 +9,9 @@
 #include "grid/ControlFlags.h"
 #include "grid/InputRouter.h"
 #include "grid/Layout.h"
+#include "grid/Settings.h"
 #include "grid/TotalRow.h"
+#include "grid/Wheel.h"
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/Context.h"
 #include "grid/events/Host.h"
@@ -94,6 +96,8 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     std::unique_ptr<Seat> seat;
     grid::TotalRow totals;
     grid::Layout layout;
+    grid::Wheel wheel;
+    grid::Settings settings;
     editing::Editor editor;
     events::Context context;
     events::Navigation navigation;

@@ -9,7 +9,8 @@ namespace kxVsGrid {
 namespace {
 
 constexpr std::int32_t CriticalStyle = 16;
-}
+constexpr const char* SettingsErrorTitle = "错误:";
+}  // namespace
 
 kxGrid::kxGrid(Platform& platform) : parts_(std::make_shared<Parts>(*this, platform)) {}
 
@@ -26,8 +27,10 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       seat(machine.seat(owner)),
       totals(main, sums, columns),
       layout(main, sums, totals),
+      wheel(main),
+      settings(main, sums, columns, flags, totals, layout),
       editor(main, columns, *this, *seat),
-      context{main, sums, columns, host, moves, flags, editor, totals, *seat, machine, layout},
+      context{main, sums, columns, host, moves, flags, editor, totals, *seat, machine, layout, wheel},
       navigation(context),
       rows(context, navigation),
       keys(context, rows),
@@ -86,6 +89,7 @@ void kxGrid::Parts::connectKeysAndMouse() {
         menus.mouseDown(button, shift, x, y);
     }));
     main.MouseMove.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
+        wheel.mouseOver();
         host.raise(&GridEvents::MouseMove, button, shift, x, y);
     }));
     main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t) { realign(); }));
@@ -131,12 +135,33 @@ void kxGrid::InitProperties() {
     p.flags.bIsShowZero = false;
     p.flags.SumRow = false;
     p.layout.showTotalRow(false);
+    grid::SettingsLoading::underway(false);
 }
 
-// Settings are neither read nor written yet: a loaded control starts with what a bare one has.
-void kxGrid::ReadProperties(PropertyBag&) {}
+void kxGrid::ReadProperties(PropertyBag& bag) {
+    const auto kept = held();
+    Parts& p = *kept;
+    grid::SettingsLoading::underway(true);
+    try {
+        p.settings.read(bag);
+        p.wheel.hook(*p.seat);
+        grid::SettingsLoading::underway(false);
+        p.flags.changed = false;
+    } catch (const std::exception& error) {
+        p.showError("ReadProperError:" + std::string(error.what()), SettingsErrorTitle);
+    }
+    p.realign();
+}
 
-void kxGrid::WriteProperties(PropertyBag&) {}
+void kxGrid::WriteProperties(PropertyBag& bag) {
+    if (grid::SettingsLoading::underway()) return;
+    const auto kept = held();
+    try {
+        kept->settings.write(bag);
+    } catch (const std::exception& error) {
+        kept->showError("WriteProperError:" + std::string(error.what()), SettingsErrorTitle);
+    }
+}
 
 // --- For the machine
 // -------------------------------------------------------------------------------------------------

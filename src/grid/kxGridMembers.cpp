@@ -113,6 +113,7 @@ void kxGrid::Rows(std::int32_t count) {
     grid.NumberRows();
     columns::paintColumns(grid, p.columns);
     p.totals.recalculate(TotalRow::AllColumns);
+    p.wheel.rowsChanged();
     p.editor.place();
     if (p.input.keyboardInGrid()) p.navigation.leaveFixedArea();  // where the clerk could not type on
     p.report("Rows");

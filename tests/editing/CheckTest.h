@@ -74,6 +74,7 @@ class WatchedDesk : public headless::Desk {
         void layoutChanged() override { seat_->layoutChanged(); }
         Rect onScreen(const Rect& place) const override { return seat_->onScreen(place); }
         void settingChanged(std::string_view name) override { seat_->settingChanged(name); }
+        std::unique_ptr<WheelHook> wheelHook() override { return seat_->wheelHook(); }
 
       private:
         static std::string describe(const EditorView& editor) {

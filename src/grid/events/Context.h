@@ -5,6 +5,7 @@
 #include "grid/ControlFlags.h"
 #include "grid/Layout.h"
 #include "grid/TotalRow.h"
+#include "grid/Wheel.h"
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/Host.h"
 #include "grid/events/MoveFlags.h"
@@ -25,5 +26,6 @@ struct Context {
     Seat& seat;
     Platform& platform;
     const grid::Layout& layout;
+    const grid::Wheel& wheel;
 };
 }  // namespace kxVsGrid::events

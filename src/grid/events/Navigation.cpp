@@ -62,6 +62,7 @@ void Navigation::rowColChange() {
 
 void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                                    std::int32_t newCol) {
+    c_.wheel.moved();
     if (c_.flags.Editable && c_.moves.AutoDefault && newRow > c_.grid.FixedRows()) {
         const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, newRow);
         if (currentWritten && !c_.editor.visible()) c_.editor.load();
