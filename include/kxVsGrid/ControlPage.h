@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "kxVsGrid/Form.h"
+#include "kxVsGrid/cResize.h"
 #include "kxVsGrid/cVsControl.h"
 
 namespace kxVsGrid {
@@ -44,43 +45,48 @@ class ControlPage : public Form {
     ControlPage();
     ~ControlPage() override;
 
-    /// The grid controls that are selected in the designer; the page works on the first and must not outlive
-    /// it. Shows its current column; what was typed and not applied is dropped. None empties the page.
+    /// The grid controls that are selected in the designer; the page works on the first, which must outlive
+    /// its use here. Shows its current column; what was typed and not applied is dropped. None empties the
+    /// page.
     void select(const std::vector<ColumnSource*>& grids);
+    /// Presses Command1: loads the list of columns and of what Combo2 and Combo3 offer.
+    void loadColumns();
     /// Something was changed that has not been applied.
     bool Changed() const { return changed_; }
     /// Told when that changes.
     void onChanged(std::function<void(bool)> listener) { listener_ = std::move(listener); }
-    /// Writes everything shown into the definition of the chosen column. False when a box holds no number
-    /// where one is needed: nothing is written then, the box gets the keyboard, and problem() names it.
+    /// Writes everything shown into the definition of the chosen column. False when that cannot be done (a
+    /// box holds no number where one is needed, the column has gone): nothing is written then, the box gets
+    /// the keyboard, and problem() says what is wrong.
     bool Apply();
 
     /// What the page has to say at its bottom; empty most of the time.
     const std::string& problem() const;
-    /// Says something there, until the page is applied or another grid is selected.
+    /// Says something there, until the page is applied or shows another column.
     void explain(std::string_view text);
 
-    /// Presses Command1: loads the list of columns.
-    void loadColumns();
-
   protected:
+    void load() override;
+    void resized() override;
     void pressed(FormControl& button) override;
     void textChanged(FormControl& box) override;
     void checkChanged(FormControl& box) override;
     void picked(FormControl& list) override;
-    void resized() override;
-    bool keyDown(FormControl& focused, std::int16_t code, std::int16_t shift) override;
 
   private:
     struct Boxes;
-    void build();
     void fillLists();
+    void chooseColumn(std::int32_t col);
     void show();
-    void changed(bool now);
+    void showChoice();
+    void enable(bool there);
+    void markChanged(bool now);
 
     std::unique_ptr<Boxes> boxes_;
+    cResize resize_;
     std::function<void(bool)> listener_;
     ColumnSource* source_ = nullptr;
+    std::int32_t col_ = -1;
     bool changed_ = false;
 };
 }  // namespace kxVsGrid

@@ -5,6 +5,8 @@ namespace kxVsGrid::dialogs::captions {
 
 inline constexpr const char* Ok = "确定";
 inline constexpr const char* Cancel = "取消";
+inline constexpr const char* Apply = "应用(&A)";
+inline constexpr const char* LoadColumns = "读取列(&L)";
 inline constexpr const char* Today = "今天";
 inline constexpr const char* Edit = "编辑";
 inline constexpr const char* Time = "时间";
@@ -14,4 +16,5 @@ inline constexpr const char* Search = "查找";
 inline constexpr const char* LookupTitle = "编码帮助";
 inline constexpr const char* CalendarTitle = "日期";
 inline constexpr const char* ConstantsTitle = "常量";
+inline constexpr const char* ControlPageTitle = "列设置";
 }  // namespace kxVsGrid::dialogs::captions
