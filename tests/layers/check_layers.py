@@ -31,12 +31,12 @@ OUTSIDE_THE_CORE = {"qt", "examples"}
 
 # A public header counts with the folder that implements it.
 PUBLIC_HEADERS = {
-    "support": "DateTime Enumerations Event Form Geometry Members Menu PropertyBag Variant VsNode cResize mbasTxt",
+    "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid Frame",
     "platform": "Platform",
     "grid/columns": "GridEvents cVsControl",
     "dialogs": "ControlPage HelpExchange HelpTable",
-    "grid": "kxGrid",
+    "grid": "GridColumns StoredKeys kxGrid",
     "headless": "kxVsGrid",  # the umbrella stands above all that it includes
 }
 LAYER_OF_PUBLIC_HEADER = {name: layer for layer, names in PUBLIC_HEADERS.items() for name in names.split()}
