@@ -50,6 +50,7 @@ void GridView::paintEvent(QPaintEvent* event) {
     if (painter_.follow(*this))
         QMetaObject::invokeMethod(
             this, [this] { stage_.lookChanged(); }, Qt::QueuedConnection);
+    if (!stage_.attempt([this] { stage_.fitRows(); })) return;
     partFailed_ = false;
     const QRegion& region = event->region();
     paintParts(painter, region, [&](const QRect& part) { paintPart(painter, part); });

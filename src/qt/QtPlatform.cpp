@@ -36,6 +36,7 @@ DateTime QtPlatform::now() const {
 void QtPlatform::showMessage(const MessageBox& box) {
     constexpr std::int32_t Critical = 16;
     if (machine_.stage == nullptr) return;  // the host has ended the widget: nobody is left to be told
+    if (boxesWait) return showMessageLater(box);
     ModalBox<QMessageBox> shown(widget_);
     shown->setIcon(box.style == Critical ? QMessageBox::Critical : QMessageBox::Information);
     shown->setWindowTitle(toQt(box.title));
@@ -46,6 +47,11 @@ void QtPlatform::showMessage(const MessageBox& box) {
     shown->setEscapeButton(ok);
     ok->installEventFilter(new NewKeysOnly(ok));
     shown->exec();
+}
+
+void QtPlatform::showMessageLater(const MessageBox& box) {
+    QMetaObject::invokeMethod(
+        widget_, [this, box] { showMessage(box); }, Qt::QueuedConnection);
 }
 
 std::optional<std::string> QtPlatform::askText(const InputBox& box) {

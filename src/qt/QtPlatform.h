@@ -19,6 +19,9 @@ class QtPlatform : public Platform {
     void widget(QWidget& widget);
     const QtMetrics& metrics() const { return metrics_; }
 
+    /// While True, message boxes are not shown at once but when Qt's event loop comes to it.
+    bool boxesWait = false;
+
     std::unique_ptr<Seat> seat(kxGrid& control) override;
     const TextMetrics& textMetrics() const override { return metrics_; }
     DateTime now() const override;
@@ -31,6 +34,8 @@ class QtPlatform : public Platform {
     void processPendingInput() override;
 
   private:
+    void showMessageLater(const MessageBox& box);
+
     Machine& machine_;
     QPointer<QWidget> widget_;
     QtMetrics metrics_;

@@ -12,6 +12,7 @@
 #include "qt/AccessibleGrid.h"
 #include "qt/Encoding.h"
 #include "qt/KeyMap.h"
+#include "support/Span.h"
 
 namespace kxVsGrid::qt {
 
@@ -27,12 +28,23 @@ Stage::Stage(kxGridWidget& widget)
       })) {
     machine_->platform.widget(widget);
     machine_->grid = std::make_unique<kxGrid>(machine_->platform);
-    grid().InitProperties();
     repaint_.setSingleShot(true);
     QObject::connect(&repaint_, &QTimer::timeout, view_, [this] { repaintDamage(); });
-    fitRows();
     watchDamage();
     watchFocus();
+}
+
+/// Often in the middle of a paint or of showing the window, where no box may come up: it waits for its turn.
+void Stage::firstLook() {
+    {
+        const support::Span waiting(machine_->platform.boxesWait);
+        settings_.read(*machine_->grid);
+    }
+    fitRows();
+}
+
+void Stage::setting(std::string_view name, const Variant& value) {
+    attempt([&] { settings_.put(*machine_->grid, name, value); });
 }
 
 Stage::~Stage() {
@@ -45,8 +57,8 @@ void Stage::close() {
     machine_->stage = nullptr;
     if (awaitedPress_) awaitedPress_->forget();
     repaint_.stop();
-    grid().Grid().onDamage({});
-    grid().Grid_Sum().onDamage({});
+    machine_->grid->Grid().onDamage({});
+    machine_->grid->Grid_Sum().onDamage({});
 }
 
 Scale Stage::scale() const {
@@ -98,17 +110,17 @@ void Stage::settle() {
     if (moved) AccessibleGrid::tellCurrentCell(*view_);
 }
 
-mEmDataType Stage::currentType() const {
+mEmDataType Stage::currentType() {
     const std::int32_t col = grid().Grid().Col();
     return col < 0 ? flexDTEmpty : grid().VsCtrl(static_cast<std::int16_t>(col))->iType();
 }
 
-bool Stage::takesTyping() const {
+bool Stage::takesTyping() {
     const CellGrid& cells = grid().Grid();
     return grid().cellEditable(cells.Row(), cells.Col()) && currentType() != flexDTBoolean;
 }
 
-bool Stage::readsDigits() const {
+bool Stage::readsDigits() {
     return currentType() == flexDTDouble || currentType() == flexDTDate;
 }
 
@@ -316,18 +328,15 @@ void Stage::endComposition() {
 
 // --- Look -----------------------------------------------------------------------------------------------
 
-/// A row that cannot hold its text is made higher, never the text smaller.
 void Stage::fitRows() {
     const std::int32_t needed = machine_->platform.metrics().rowHeight();
-    const std::int32_t least = needed > CellGrid::DefaultRowHeight ? needed : 0;
-    if (least == fittedHeight_) return;
-    fittedHeight_ = least;
-    grid().Grid().RowHeightMin(least);
-    grid().Grid_Sum().RowHeightMin(least);
+    mainRows_.fit(grid().Grid(), needed);
+    totalRows_.fit(grid().Grid_Sum(), needed);
 }
 
 void Stage::lookChanged() {
     machine_->platform.widget(widget_);
+    if (settings_.collecting()) return;
     if (!attempt([this] { fitRows(); })) return;
     view_->update();
     resized();
@@ -340,7 +349,7 @@ void Stage::resized() {
 }
 
 void Stage::watchDamage() {
-    for (CellGrid* cells : {&grid().Grid(), &grid().Grid_Sum()}) {
+    for (CellGrid* cells : {&machine_->grid->Grid(), &machine_->grid->Grid_Sum()}) {
         cells->takeDamage();
         cells->onDamage([this] { damaged(); });
     }
@@ -352,6 +361,7 @@ void Stage::damaged() {
 }
 
 void Stage::repaintDamage() {
+    if (!attempt([this] { fitRows(); })) return;
     bars_->follow(grid().Grid(), scale());
     view_->repaintDamage(grid().Grid().takeDamage(), view_->mainPlace());
     view_->repaintDamage(grid().Grid_Sum().takeDamage(), grid().totalRowRect());

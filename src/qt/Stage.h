@@ -13,8 +13,10 @@
 #include "qt/HelpButton.h"
 #include "qt/Machine.h"
 #include "qt/MousePress.h"
+#include "qt/RowFit.h"
 #include "qt/Scale.h"
 #include "qt/ScrollBars.h"
+#include "qt/StoredSettings.h"
 #include "qt/WheelNotches.h"
 
 namespace kxVsGrid::qt {
@@ -30,7 +32,15 @@ class Stage {
     /// The widget is going: nothing is told any more.
     void close();
 
-    kxGrid& grid() const { return *machine_->grid; }
+    /// The control. Whoever asks looks at it: the first time, its settings are read.
+    kxGrid& grid() {
+        if (settings_.collecting()) firstLook();
+        return *machine_->grid;
+    }
+    /// A setting by the name that it is stored under, without looking at the control.
+    Variant setting(std::string_view name) const { return settings_.get(*machine_->grid, name); }
+    /// What the control refuses is reported, and changes nothing.
+    void setting(std::string_view name, const Variant& value);
     kxGridWidget& widget() const { return widget_; }
     EditorBox& box() const { return *box_; }
     GridView& view() const { return *view_; }
@@ -45,7 +55,7 @@ class Stage {
         const std::shared_ptr<Machine> machine = machine_;
         if (machine->stage == nullptr) return false;
         if (!machine->grid) return true;
-        const std::shared_ptr<Input> input = machine->grid->input();
+        const std::shared_ptr<Input> input = grid().input();
         return attempt([&] { work(*input); }) && attempt([&] { settle(); });
     }
     /// The same for looks at the control and its grids: their texts may be a host's to compute.
@@ -81,11 +91,13 @@ class Stage {
     /// The grid or its editor is painted as having the keyboard.
     bool focusShown() const { return focusShown_; }
     void resized();
+    /// Before anybody sees them: rows are as high as the widget's font needs.
+    void fitRows();
 
     /// Whether the current cell is typed into, and what is expected there.
-    bool takesTyping() const;
-    bool readsDigits() const;
-    bool togglesHere() const { return currentType() == flexDTBoolean; }
+    bool takesTyping();
+    bool readsDigits();
+    bool togglesHere() { return currentType() == flexDTBoolean; }
 
   private:
     /// What an input method has to know of the closed grid.
@@ -98,20 +110,21 @@ class Stage {
         friend bool operator==(const TypingPlace&, const TypingPlace&) = default;
     };
 
+    void firstLook();
     void handleComposition(QInputMethodEvent& event);
     void settle();
     bool loseKeyboard();
     void watchFocus();
     void showFocus(bool focused);
-    void fitRows();
     void watchDamage();
     void damaged();
     void repaintDamage();
     bool owns(const QWidget* widget) const;
-    mEmDataType currentType() const;
+    mEmDataType currentType();
 
     kxGridWidget& widget_;
     std::shared_ptr<Machine> machine_;
+    StoredSettings settings_;
     GridView* view_;
     HelpButton* button_;
     std::unique_ptr<EditorBox> box_;
@@ -120,7 +133,8 @@ class Stage {
     QPointer<AwaitedPress> awaitedPress_;
     TypingPlace typingPlace_;
     Rect totalsShown_;
-    std::int32_t fittedHeight_ = 0;
+    RowFit mainRows_;
+    RowFit totalRows_;
     WheelNotches notches_;
     bool focusShown_ = false;
     bool away_ = false;  // the keyboard is with another window, a menu or a popup

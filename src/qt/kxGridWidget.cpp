@@ -1,5 +1,6 @@
 #include "kxVsGrid/qt/kxGridWidget.h"
 
+#include <QDynamicPropertyChangeEvent>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -7,6 +8,7 @@
 #include <QWheelEvent>
 
 #include "qt/KeyMap.h"
+#include "qt/PropertyValues.h"
 #include "qt/Stage.h"
 
 namespace kxVsGrid::qt {
@@ -103,5 +105,130 @@ void kxGridWidget::mouseMoveEvent(QMouseEvent* event) {
                                static_cast<float>(scale.twips(at.x())),
                                static_cast<float>(scale.twips(at.y())));
     });
+}
+
+// --- The stored settings
+// -------------------------------------------------------------------------------------------------------
+
+bool kxGridWidget::Editable() const {
+    return parts_->setting("Editable").toBoolean();
+}
+
+void kxGridWidget::setEditable(bool editable) {
+    parts_->setting("Editable", editable);
+}
+
+bool kxGridWidget::ShowZero() const {
+    return parts_->setting("ShowZero").toBoolean();
+}
+
+void kxGridWidget::setShowZero(bool show) {
+    parts_->setting("ShowZero", show);
+}
+
+bool kxGridWidget::SumRow() const {
+    return parts_->setting("SumRow").toBoolean();
+}
+
+void kxGridWidget::setSumRow(bool show) {
+    parts_->setting("SumRow", show);
+}
+
+int kxGridWidget::Cols() const {
+    return parts_->setting("Cols").toInt32();
+}
+
+void kxGridWidget::setCols(int count) {
+    parts_->setting("Cols", count);
+}
+
+int kxGridWidget::Rows() const {
+    return parts_->setting("Rows").toInt32();
+}
+
+void kxGridWidget::setRows(int count) {
+    parts_->setting("Rows", count);
+}
+
+int kxGridWidget::FixedCols() const {
+    return parts_->setting("FixedCols").toInt32();
+}
+
+void kxGridWidget::setFixedCols(int count) {
+    parts_->setting("FixedCols", count);
+}
+
+int kxGridWidget::FixedRows() const {
+    return parts_->setting("FixedRows").toInt32();
+}
+
+void kxGridWidget::setFixedRows(int count) {
+    parts_->setting("FixedRows", count);
+}
+
+int kxGridWidget::Appearance() const {
+    return parts_->setting("Appearance").toInt32();
+}
+
+void kxGridWidget::setAppearance(int appearance) {
+    parts_->setting("Appearance", appearance);
+}
+
+int kxGridWidget::BackColor() const {
+    return parts_->setting("BackColor").toInt32();
+}
+
+void kxGridWidget::setBackColor(int color) {
+    parts_->setting("BackColor", color);
+}
+
+int kxGridWidget::BackColorBkg() const {
+    return parts_->setting("BackColorBkg").toInt32();
+}
+
+void kxGridWidget::setBackColorBkg(int color) {
+    parts_->setting("BackColorBkg", color);
+}
+
+int kxGridWidget::BackColorFixed() const {
+    return parts_->setting("BackColorFixed").toInt32();
+}
+
+void kxGridWidget::setBackColorFixed(int color) {
+    parts_->setting("BackColorFixed", color);
+}
+
+int kxGridWidget::ForeColor() const {
+    return parts_->setting("ForeColor").toInt32();
+}
+
+void kxGridWidget::setForeColor(int color) {
+    parts_->setting("ForeColor", color);
+}
+
+int kxGridWidget::ForeColorFixe() const {
+    return parts_->setting("ForeColorFixe").toInt32();
+}
+
+void kxGridWidget::setForeColorFixe(int color) {
+    parts_->setting("ForeColorFixe", color);
+}
+
+QByteArray kxGridWidget::FormatString() const {
+    return QByteArray::fromStdString(parts_->setting("FormatString").toText());
+}
+
+void kxGridWidget::setFormatString(const QByteArray& format) {
+    parts_->setting("FormatString", format.toStdString());
+}
+
+/// The settings of columns come as dynamic properties.
+bool kxGridWidget::event(QEvent* event) {
+    if (event->type() == QEvent::DynamicPropertyChange) {
+        const QByteArray name = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
+        if (StoredSettings::names(name.toStdString()))
+            parts_->setting(name.toStdString(), fromProperty(property(name)));
+    }
+    return QWidget::event(event);
 }
 }  // namespace kxVsGrid::qt
