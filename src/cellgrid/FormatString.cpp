@@ -32,10 +32,11 @@ FormatField parseField(std::string_view field) {
 }
 
 /// No text has no fields; otherwise one more than there are separators.
-std::vector<FormatField> parseFields(std::string_view text) {
+std::vector<FormatField> parseFields(std::string_view text, std::size_t limit) {
     std::vector<FormatField> fields;
     if (text.empty()) return fields;
     while (true) {
+        if (fields.size() == limit) return fields;
         const std::size_t bar = text.find('|');
         fields.push_back(parseField(text.substr(0, bar)));
         if (bar == std::string_view::npos) return fields;
@@ -44,12 +45,17 @@ std::vector<FormatField> parseFields(std::string_view text) {
 }
 }  // namespace
 
-ParsedFormatString parseFormatString(std::string_view format) {
+ParsedFormatString parseFormatString(std::string_view format, std::size_t limit) {
     const std::size_t semicolon = format.find(';');
     ParsedFormatString parsed;
-    parsed.columns = parseFields(format.substr(0, semicolon));
-    if (semicolon != std::string_view::npos) parsed.rows = parseFields(format.substr(semicolon + 1));
+    parsed.columns = parseFields(format.substr(0, semicolon), limit);
+    if (semicolon != std::string_view::npos) parsed.rows = parseFields(format.substr(semicolon + 1), limit);
     return parsed;
+}
+
+std::int64_t countColumnFields(std::string_view format) {
+    const std::string_view columns = format.substr(0, format.find(';'));
+    return columns.empty() ? 0 : std::count(columns.begin(), columns.end(), '|') + 1;
 }
 
 std::string cutFormatString(std::string_view format, std::int32_t cols) {

@@ -25,7 +25,11 @@ struct ParsedFormatString {
 
 /// The views point into `format`. A field that is a mark alone is not empty and has an empty `text`: it sets
 /// the alignment and nothing else. A text without column fields ("", ";1|2") has no columns.
-ParsedFormatString parseFormatString(std::string_view format);
+/// Fields beyond `limit` columns and as many rows are left out.
+ParsedFormatString parseFormatString(std::string_view format, std::size_t limit = std::string_view::npos);
+
+/// How many column fields the text has.
+std::int64_t countColumnFields(std::string_view format);
 
 /// The string without the column fields from number `cols` on; the row captions stay.
 std::string cutFormatString(std::string_view format, std::int32_t cols);

@@ -139,9 +139,10 @@ void CellGrid::Impl::setCaption(std::int32_t field, std::string_view text, std::
 
 void CellGrid::Impl::setFormatString(std::string_view format) {
     const std::string kept(format);  // the fields point into it while listeners may put another string
-    const cellgrid::ParsedFormatString fields = cellgrid::parseFormatString(kept);
-    const auto named = static_cast<std::int64_t>(fields.columns.size());
+    const std::int64_t named = cellgrid::countColumnFields(kept);
     if (named > MaxCols) misuse("FormatString", named, "columns are more than the maximum");
+    const auto fields =
+        cellgrid::parseFormatString(kept, static_cast<std::size_t>(std::max(MaxCols, rows())));
     if (named > cols()) setCols(static_cast<std::int32_t>(named));
     if (!there) return;
     formatString = kept;

@@ -17,8 +17,9 @@ std::size_t countOf(std::int32_t lower, std::int32_t upper) {
     return static_cast<std::size_t>(count);
 }
 
-// For messages; never fails.
+// For messages, which nobody reads beyond a few lines; never fails.
 std::string described(const Variant& value) {
+    constexpr std::size_t Longest = 100;
     switch (value.type()) {
         case Variant::Type::Empty:
             return "an empty value";
@@ -27,8 +28,11 @@ std::string described(const Variant& value) {
         case Variant::Type::Array:
             return "an array";
         default:
-            return "\"" + value.toText() + "\"";
+            break;
     }
+    const std::string text = value.toText();
+    const std::string_view start = support::left(text, Longest);
+    return "\"" + std::string(start) + (start.size() < text.size() ? "...\"" : "\"");
 }
 
 [[noreturn]] void refuse(const Variant& value, const char* wanted) {
