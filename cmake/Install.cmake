@@ -10,6 +10,11 @@ if(KXVSGRID_QT)
     install(EXPORT kxVsGridQtTargets NAMESPACE kxVsGrid:: DESTINATION ${KX_CMAKE_DIR})
     install(DIRECTORY include/kxVsGrid/qt DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kxVsGrid)
 endif()
+if(TARGET kxVsGrid_designer)
+    # Qt Designer finds it when QT_PLUGIN_PATH names the folder above, or when the prefix is Qt's own.
+    set(KX_QT_PLUGINS ${CMAKE_INSTALL_LIBDIR}/qt6/plugins)
+    install(TARGETS kxVsGrid_designer LIBRARY DESTINATION ${KX_QT_PLUGINS}/designer COMPONENT designer)
+endif()
 configure_package_config_file(cmake/kxVsGridConfig.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/kxVsGridConfig.cmake
     INSTALL_DESTINATION ${KX_CMAKE_DIR})
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/kxVsGridConfigVersion.cmake

@@ -24,10 +24,11 @@ ROWS = [
     ["editing"],
     ["grid", "grid/events"],
     ["headless", "qt"],
+    ["qt/designer"],
     ["examples"],
 ]
 APART = {"headless", "qt"}
-OUTSIDE_THE_CORE = {"qt", "examples"}
+OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 
 # A public header counts with the folder that implements it.
 PUBLIC_HEADERS = {
