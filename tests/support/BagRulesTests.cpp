@@ -60,6 +60,7 @@ struct Ways {
     };
     std::function<Variant(const Variant&)> kept = [](const Variant& value) { return value; };
     std::function<Variant(const Variant&)> fallback = [](const Variant& value) { return value; };
+    std::optional<Variant> takenForNothing{};
     bool leavesOutDefaults = false;
     bool forgetsWhatItLeavesOut = true;
     bool firstWriteWins = false;
@@ -99,6 +100,9 @@ class BentBag : public PropertyBag {
     void keep(std::string_view name, const Variant& value) {
         ways_.beforeWrite(value);
         if (ways_.firstWriteWins && values_.contains(ways_.nameKept(name))) return;
+        if (ways_.takenForNothing && value.type() == ways_.takenForNothing->type() &&
+            value == *ways_.takenForNothing)
+            return void(values_.erase(ways_.nameKept(name)));
         values_[ways_.nameKept(name)] = ways_.kept(value);
     }
     const Ways& ways_;
@@ -238,6 +242,18 @@ const Ways Bent[] = {
             }),
     turning("ReadsTheTextTrueAsABoolean", Type::Text,
             [](const Variant& v) { return v.toText() == "True" ? Variant(true) : v; }),
+    textsBent("CutsTextsAtSixtyFourKilobytes", [](std::string text) { return text.substr(0, 65'535); }),
+    textsBent("DropsTabs",
+              [](std::string text) { return without(std::move(text), [](auto c) { return c == '\t'; }); }),
+    textsBent("CutsTextsAtAComma", [](std::string text) { return text.substr(0, text.find(',')); }),
+    textsBent("CutsTextsAtASemicolon", [](std::string text) { return text.substr(0, text.find(';')); }),
+    textsBent("CutsTextsAtANumberSign", [](std::string text) { return text.substr(0, text.find('#')); }),
+    textsBent("DropsPercentSigns",
+              [](std::string text) { return without(std::move(text), [](auto c) { return c == '%'; }); }),
+    textsBent("DropsBytesThatAreNoUtf8",
+              [](std::string text) { return without(std::move(text), [](auto c) { return c >= 0xF8; }); }),
+    bent("TakesAnEmptyTextForNothing", [](Ways& w) { w.takenForNothing = Variant(""); }),
+    bent("TakesFalseForNothing", [](Ways& w) { w.takenForNothing = Variant(false); }),
     namesBent("ConfusesLetterCase",
               [](std::string name) {
                   for (char& c : name)
