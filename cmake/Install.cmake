@@ -2,6 +2,10 @@
 include(CMakePackageConfigHelpers)
 set(KX_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/kxVsGrid)
 
+# Everything that is installed; the rest of a build need not be made for it.
+add_custom_target(kxVsGrid_package DEPENDS kxVsGrid_core $<TARGET_NAME_IF_EXISTS:kxVsGrid_qt>
+    $<TARGET_NAME_IF_EXISTS:kxVsGrid_designer>)
+
 install(TARGETS kxVsGrid_core EXPORT kxVsGridCoreTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT kxVsGridCoreTargets NAMESPACE kxVsGrid:: DESTINATION ${KX_CMAKE_DIR})
 install(DIRECTORY include/kxVsGrid DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} PATTERN qt EXCLUDE)
