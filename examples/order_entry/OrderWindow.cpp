@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QResizeEvent>
 
+#include "ColumnWidths.h"
 #include "OrderGrid.h"
 #include "OrderHeader.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
@@ -40,6 +41,7 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Cloc
     addActions();
     addStatus();
     connectParts();
+    rememberColumns(nullptr);
     resize(1264, 720);
 }
 
@@ -72,6 +74,7 @@ OrderGridHelp::Services OrderWindow::helpServices() {
 
 // The grid's host goes before the grid: what the control still raises while it goes finds nobody.
 OrderWindow::~OrderWindow() {
+    widths_.reset();
     help_.reset();
     grid_.reset();
 }
@@ -377,6 +380,18 @@ void OrderWindow::enterLines() {
 
 void OrderWindow::fitGrid(int width) {
     grid_->fitWidth(width * TwipsPerInch / widget_->logicalDpiX());
+}
+
+void OrderWindow::rememberColumns(std::unique_ptr<QSettings> settings) {
+    widths_ = std::make_unique<ColumnWidths>(
+        widget_->grid(), std::move(settings),
+        [this](const QString& why) { say(u"列宽没有保存:"_s + why.simplified(), true); });
+    fitGrid(widget_->width());
+}
+
+void OrderWindow::resetColumns() {
+    widths_->reset();
+    fitGrid(widget_->width());
 }
 
 bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -13,8 +13,10 @@
 #include "OrderStore.h"
 #include "Questions.h"
 
+class ColumnWidths;
 class OrderHeader;
 class QLabel;
+class QSettings;
 
 namespace kxVsGrid::qt {
 class kxGridWidget;
@@ -31,6 +33,9 @@ class OrderWindow : public QMainWindow {
     OrderWindow(const QString& databaseFile, Questions& questions, Clock clock);
     ~OrderWindow() override;
 
+    /// From now on the widths that the user gives columns are kept in these settings; without them they
+    /// are forgotten.
+    void rememberColumns(std::unique_ptr<QSettings> settings);
     /// Opens the database, reporting what goes wrong; without one everything but saving works. Called once
     /// the window is shown.
     void start();
@@ -81,6 +86,7 @@ class OrderWindow : public QMainWindow {
     void refresh();
     void refreshHint();
     void fitGrid(int width);
+    void resetColumns();
     void showKeys();
     void enterLines();
 
@@ -95,6 +101,7 @@ class OrderWindow : public QMainWindow {
     kxVsGrid::qt::kxGridWidget* widget_;
     std::unique_ptr<OrderGrid> grid_;
     std::unique_ptr<OrderGridHelp> help_;
+    std::unique_ptr<ColumnWidths> widths_;
     QLabel* state_;
     QLabel* hint_;
     QLabel* message_;

@@ -82,6 +82,9 @@ void OrderWindow::addActions() {
                   [this] { header_->focus(OrderHeader::Field::Customer); });
     go->addAction(u"明细(&M)"_s, QKeySequence(u"F7"_s), this, [this] { enterLines(); });
 
+    QMenu* view = menuBar()->addMenu(u"查看(&V)"_s);
+    view->addAction(u"恢复列宽(&W)"_s, this, [this] { resetColumns(); });
+
     QMenu* help = menuBar()->addMenu(u"帮助(&H)"_s);
     help->addAction(u"键盘操作(&K)"_s, QKeySequence(u"F1"_s), this, [this] { showKeys(); });
 }

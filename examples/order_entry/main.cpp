@@ -1,15 +1,17 @@
 // 销售订单录入: order entry with the data-entry grid on an embedded database.
 //
 //     order_entry [--db FILE] [--seed-only] [--today YYYY-MM-DD | --now "YYYY-MM-DD HH:MM:SS"]
-//                 [--keys FILE] [--picture FILE]
+//                 [--settings FILE] [--keys FILE] [--picture FILE]
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
 #include <cstdio>
+#include <memory>
 
 #include "ChineseTexts.h"
 #include "KeyPlayer.h"
@@ -22,8 +24,11 @@ struct Options {
     QString database;
     bool seedOnly = false;
     OrderWindow::Clock clock = [] { return QDateTime::currentDateTime(); };
+    QString settings;
     QString keys;
     QString picture;
+
+    bool plays() const { return !keys.isEmpty() || !picture.isEmpty(); }
 };
 
 Options readOptions() {
@@ -35,6 +40,7 @@ Options readOptions() {
         {u"seed-only"_s, u"只建立数据库,不显示窗口"_s},
         {u"today"_s, u"当作今天的日期"_s, u"yyyy-mm-dd"_s},
         {u"now"_s, u"当作现在的日期和时间,不再走动"_s, u"yyyy-mm-dd HH:mm:ss"_s},
+        {u"settings"_s, u"保存列宽的文件;播放脚本时没有它就不保存"_s, u"文件"_s},
         {u"keys"_s, u"播放按键脚本,然后退出(格式见 KeyPlayer.h)"_s, u"文件"_s},
         {u"picture"_s, u"退出之前把窗口保存为 PNG 图片"_s, u"文件"_s},
     });
@@ -49,6 +55,7 @@ Options readOptions() {
     if (today.isValid()) options.clock = [today] { return QDateTime(today, QTime::currentTime()); };
     const QDateTime now = timeOf(parser.value(u"now"_s));
     if (now.isValid()) options.clock = [now] { return now; };
+    options.settings = parser.value(u"settings"_s);
     options.keys = parser.value(u"keys"_s);
     options.picture = parser.value(u"picture"_s);
     return options;
@@ -66,6 +73,13 @@ int seed(const QString& file) {
     } catch (const DatabaseError& error) {
         return complain(error.text());
     }
+}
+
+// A key script finds the same window at every user's.
+std::unique_ptr<QSettings> userSettings(const Options& options) {
+    if (!options.settings.isEmpty())
+        return std::make_unique<QSettings>(options.settings, QSettings::IniFormat);
+    return options.plays() ? nullptr : std::make_unique<QSettings>();
 }
 
 // Plays the keys, saves the picture and ends the program.
@@ -106,8 +120,9 @@ int main(int argc, char** argv) {
     if (options.seedOnly) return seed(options.database);
     Questions questions;
     OrderWindow window(options.database, questions, options.clock);
+    window.rememberColumns(userSettings(options));
     window.show();
-    if (!options.keys.isEmpty() || !options.picture.isEmpty()) return playKeys(window, options);
+    if (options.plays()) return playKeys(window, options);
     window.start();
     return QCoreApplication::exec();
 }
