@@ -39,7 +39,7 @@ std::string columnKey(std::int32_t col, std::string_view suffix);
 /// of those written.
 struct ColumnKeyParts {
     std::int32_t col;
-    std::string_view suffix;
+    std::string_view suffix;  ///< that of the key itself: it outlives the name
 };
 std::optional<ColumnKeyParts> columnKeyParts(std::string_view name);
 }  // namespace kxVsGrid

@@ -123,9 +123,12 @@ std::optional<ColumnKeyParts> columnKeyParts(std::string_view name) {
     const auto digits = static_cast<std::size_t>(number.ptr - name.data());
     const bool padded = digits > 1 && name.front() == '0';
     if (number.ec != std::errc() || name.front() == '-' || padded) return std::nullopt;
-    parts.suffix = name.substr(digits);
-    const auto isSuffix = [&](const StoredKey& key) { return key.written == parts.suffix; };
-    if (std::none_of(perColumn().begin(), perColumn().end(), isSuffix)) return std::nullopt;
-    return parts;
+    const std::string_view suffix = name.substr(digits);
+    for (const StoredKey& key : perColumn()) {
+        if (key.written != suffix) continue;
+        parts.suffix = key.written;
+        return parts;
+    }
+    return std::nullopt;
 }
 }  // namespace kxVsGrid

@@ -51,6 +51,9 @@ std::vector<std::pair<std::string, Variant>> difficultValues() {
         {"Int16", std::numeric_limits<std::int16_t>::min()},
         {"Int32", std::numeric_limits<std::int32_t>::min()},
         {"Int32Small", std::int32_t{1}},
+        {"Int16Zero", std::int16_t{0}},
+        {"Int32Zero", std::int32_t{0}},
+        {"DoubleZero", 0.0},
         {"Double", precise},
         {"DoubleWhole", 1.0},
         {"DoubleLarge", std::numeric_limits<double>::max()},
@@ -60,6 +63,9 @@ std::vector<std::pair<std::string, Variant>> difficultValues() {
         {"NoText", ""},
         {"Blanks", "  both sides  "},
         {"Lines", "one\ntwo\r\nthree\ttab"},
+        {"LastLineEnd", "line\n"},
+        {"Control", "\x01 \x07 \x1B \x7F"},
+        {"At", "@Invalid()"},
         {"Marks", "\"quoted\" \\ ; # = % [x] , @Invalid() a:b"},
         {"LooksLikeANumber", "007"},
         {"LooksLikeABoolean", "True"},
@@ -147,6 +153,37 @@ class Check {
         expect(*bag, "Na", "", "start");
         expect(*bag, "NAME", "none", "none");
     }
+    void chineseNamesAreExact() {
+        Bag bag = store_.fresh();
+        bag->Write("SetVsControl1i帮助类型", std::int32_t{1});
+        bag->Write("SetVsControl1i是否允许为空", std::int32_t{2});
+        bag->Write("SetVsControl1i帮助", std::int32_t{3});
+        bag = store_.reopened(std::move(bag));
+        expect(*bag, "SetVsControl1i帮助类型", Variant(), std::int32_t{1});
+        expect(*bag, "SetVsControl1i是否允许为空", Variant(), std::int32_t{2});
+        expect(*bag, "SetVsControl1i帮助", Variant(), std::int32_t{3});
+        expect(*bag, "SetVsControl1i", Variant(), Variant());
+    }
+    void namesKeepTheirMarks() {
+        Bag bag = store_.fresh();
+        bag->Write("a b", "blank");
+        bag->Write("ab", "none");
+        bag->Write("a/b", "slash");
+        bag->Write("a", "start");
+        bag = store_.reopened(std::move(bag));
+        expect(*bag, "a b", "", "blank");
+        expect(*bag, "ab", "", "none");
+        expect(*bag, "a/b", "", "slash");
+        expect(*bag, "a", "", "start");
+    }
+    /// As many as a grid of a hundred columns has.
+    void holdsMany() {
+        constexpr std::int32_t Many = 2000;
+        Bag bag = store_.fresh();
+        for (std::int32_t i = 0; i < Many; ++i) bag->Write("Value" + std::to_string(i), i);
+        bag = store_.reopened(std::move(bag));
+        for (std::int32_t i = 0; i < Many; ++i) expect(*bag, "Value" + std::to_string(i), -1, i);
+    }
     void readingKeepsNothing() {
         Bag bag = store_.fresh();
         expect(*bag, "Absent", "first", "first");
@@ -187,6 +224,9 @@ std::vector<std::string> brokenBagRules(BagStore& store) {
     check.rule("The last value written under a name counts", &Check::lastWritingCounts);
     check.rule("A value that equals its default replaces what was stored before", &Check::defaultReplaces);
     check.rule("Names are told apart exactly, capitals and beginnings included", &Check::namesAreExact);
+    check.rule("Names are told apart by their Chinese letters too", &Check::chineseNamesAreExact);
+    check.rule("Names keep their blanks and marks", &Check::namesKeepTheirMarks);
+    check.rule("A bag holds the settings of a hundred columns", &Check::holdsMany);
     check.rule("Reading stores nothing", &Check::readingKeepsNothing);
     check.rule("A fresh bag holds nothing of an earlier one", &Check::freshIsEmpty);
     return std::move(check.faults);

@@ -5,8 +5,10 @@
 #include <QPoint>
 #include <QRect>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 #include "kxVsGrid/Geometry.h"
 
@@ -32,8 +34,10 @@ class Scale {
     /// A length; never rounded away.
     int length(std::int32_t twips) const { return std::max(1, pixel(twips)); }
 
+    /// What is longer than twips can say is as long as they can.
     std::int32_t twips(double pixels) const {
-        return static_cast<std::int32_t>(std::lround(pixels / pixelsPerTwip_));
+        constexpr double Longest = std::numeric_limits<std::int32_t>::max() / 2;
+        return static_cast<std::int32_t>(std::lround(std::clamp(pixels / pixelsPerTwip_, -Longest, Longest)));
     }
     /// The smallest rectangle in twips that holds all of the pixels.
     Rect twips(const QRect& pixels) const {

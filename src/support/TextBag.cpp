@@ -29,11 +29,14 @@ class Lines {
         return std::nullopt;
     }
     std::size_t number() const { return number_; }
+    /// The line given last has its end: without one, nobody can tell whether it is whole.
+    bool ended() const { return ended_; }
 
   private:
     std::string_view take() {
         const std::size_t size = std::min(rest_.find('\n'), rest_.size());
         std::string_view line = rest_.substr(0, size);
+        ended_ = size < rest_.size();
         rest_.remove_prefix(std::min(size + 1, rest_.size()));
         ++number_;
         if (line.ends_with('\r')) line.remove_suffix(1);
@@ -42,7 +45,10 @@ class Lines {
 
     std::string_view rest_;
     std::size_t number_ = 0;
+    bool ended_ = false;
 };
+
+constexpr const char* CutOff = "the settings are cut off: \"end\" is missing";
 
 void readTitle(Lines& lines) {
     const std::optional<std::string_view> line = lines.next();
@@ -56,8 +62,9 @@ void readTitle(Lines& lines) {
 void readValues(Lines& lines, MemoryBag& values) {
     for (;;) {
         const std::optional<std::string_view> text = lines.next();
-        if (!text) throw support::BadBagLine("the settings are cut off: \"end\" is missing");
+        if (!text) throw support::BadBagLine(CutOff);
         if (*text == End) break;
+        if (!lines.ended()) throw support::BadBagLine(CutOff);
         support::BagLine line = support::readBagLine(*text);
         if (values.find(line.name) != nullptr)
             throw support::BadBagLine("\"" + line.name + "\" stands there a second time");

@@ -61,6 +61,7 @@ struct Ways {
     std::function<Variant(const Variant&)> kept = [](const Variant& value) { return value; };
     std::function<Variant(const Variant&)> fallback = [](const Variant& value) { return value; };
     std::optional<Variant> takenForNothing{};
+    std::size_t room = 100'000'000;
     bool leavesOutDefaults = false;
     bool forgetsWhatItLeavesOut = true;
     bool firstWriteWins = false;
@@ -103,7 +104,7 @@ class BentBag : public PropertyBag {
         if (ways_.takenForNothing && value.type() == ways_.takenForNothing->type() &&
             value == *ways_.takenForNothing)
             return void(values_.erase(ways_.nameKept(name)));
-        values_[ways_.nameKept(name)] = ways_.kept(value);
+        if (values_.size() < ways_.room) values_[ways_.nameKept(name)] = ways_.kept(value);
     }
     const Ways& ways_;
     Values values_;
@@ -243,6 +244,11 @@ const Ways Bent[] = {
     turning("ReadsTheTextTrueAsABoolean", Type::Text,
             [](const Variant& v) { return v.toText() == "True" ? Variant(true) : v; }),
     textsBent("CutsTextsAtSixtyFourKilobytes", [](std::string text) { return text.substr(0, 65'535); }),
+    textsBent("DropsTheLastLineEnd",
+              [](std::string text) {
+                  if (text.ends_with('\n')) text.pop_back();
+                  return text;
+              }),
     textsBent("DropsTabs",
               [](std::string text) { return without(std::move(text), [](auto c) { return c == '\t'; }); }),
     textsBent("CutsTextsAtAComma", [](std::string text) { return text.substr(0, text.find(',')); }),
@@ -250,10 +256,29 @@ const Ways Bent[] = {
     textsBent("CutsTextsAtANumberSign", [](std::string text) { return text.substr(0, text.find('#')); }),
     textsBent("DropsPercentSigns",
               [](std::string text) { return without(std::move(text), [](auto c) { return c == '%'; }); }),
+    textsBent("DropsALeadingAt",
+              [](std::string text) { return text.starts_with('@') ? text.substr(1) : text; }),
+    textsBent("DropsControlCharacters",
+              [](std::string text) {
+                  return without(std::move(text), [](auto c) {
+                      return c < 32 && c != '\n' && c != '\t' && c != '\r' && c != 0;
+                  });
+              }),
     textsBent("DropsBytesThatAreNoUtf8",
               [](std::string text) { return without(std::move(text), [](auto c) { return c >= 0xF8; }); }),
     bent("TakesAnEmptyTextForNothing", [](Ways& w) { w.takenForNothing = Variant(""); }),
+    bent("TakesZeroForNothing", [](Ways& w) { w.takenForNothing = Variant(0); }),
     bent("TakesFalseForNothing", [](Ways& w) { w.takenForNothing = Variant(false); }),
+    bent("HoldsAHundredValues", [](Ways& w) { w.room = 100; }),
+    namesBent(
+        "KnowsNamesByTheirAsciiPart",
+        [](std::string name) { return without(std::move(name), [](unsigned char c) { return c >= 0x80; }); }),
+    namesBent("CutsNamesAtASlash", [](std::string name) { return name.substr(0, name.find('/')); }),
+    namesBent("ConfusesBlanksInNames",
+              [](std::string name) {
+                  std::erase(name, ' ');
+                  return name;
+              }),
     namesBent("ConfusesLetterCase",
               [](std::string name) {
                   for (char& c : name)

@@ -71,6 +71,13 @@ TEST_F(HostileBag, WithCaptionsOfMegabytesLeavesAControlThatWorks) {
     work(other, loaded);
 }
 
+TEST_F(HostileBag, WithACaptionOfThirtyMegabytesLeavesAControlThatWorks) {
+    headless::Desk other;
+    MemoryBag wide;
+    wide.Write("FormatString", std::string(30'000'000, 'x'));
+    work(other, other.load(wide));
+}
+
 TEST_F(HostileBag, WithALongWrongNumberShowsABoxThatFitsOnAScreen) {
     store("Cols", std::string(10'000'000, '9') + "x");
     grid.ReadProperties(bag);
