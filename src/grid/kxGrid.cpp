@@ -151,6 +151,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
         p.showError("ReadProperError:" + std::string(error.what()), SettingsErrorTitle);
     }
     p.realign();
+    if (p.input.keyboardInGrid()) p.navigation.leaveFixedArea();  // where the clerk could not type on
 }
 
 void kxGrid::WriteProperties(PropertyBag& bag) {

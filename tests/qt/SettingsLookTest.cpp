@@ -66,6 +66,16 @@ TEST(LoadedSettings, ScrollWithTheWheel) {
     }
 }
 
+TEST(LoadedSettings, AreTypedIntoAtOnceByAClerkWhoIsInTheGrid) {
+    MemoryBag bag = orderSettings();
+    Window w;
+    w.focusCell(1, Code);
+    w.grid().ReadProperties(bag);
+    w.type("x");
+    EXPECT_EQ(w.current(), "2,1");
+    EXPECT_EQ(w.editorText(), "x");
+}
+
 TEST(LoadedSettings, HaveRowsThatHoldALargeFont) {
     for (const bool atRunTime : {false, true}) {
         MemoryBag bag = orderSettings();
