@@ -34,16 +34,17 @@ struct TextSpot {
     Spot spot;
 };
 
-/// The numbers of the boxes are their places here; what belongs together stands together on the page.
+/// The numbers of the boxes are their places here: down the left half, then down the right one, as the
+/// keyboard goes.
 constexpr std::array<TextSpot, 11> textSpots{{
-    {"s有效性判断基础", {0, FirstLine + 5}},
-    {"s文本框对应名称字段", {0, FirstLine + 4}},
-    {"s文本框对应编码字段", {0, FirstLine + 3}},
-    {"s错误提示信息", {0, FirstLine + 6}},
     {"sHelp_Code", {0, FirstLine + 2}},
-    {"i字段有效性判断类型", {1, FirstLine + 3}},
+    {"s文本框对应编码字段", {0, FirstLine + 3}},
+    {"s文本框对应名称字段", {0, FirstLine + 4}},
+    {"s有效性判断基础", {0, FirstLine + 5}},
+    {"s错误提示信息", {0, FirstLine + 6}},
     {"i帮助类型", {1, FirstLine + 1}},
     {"i帮助返回值显示类型", {1, FirstLine + 2}},
+    {"i字段有效性判断类型", {1, FirstLine + 3}},
     {"i有效性判断", {1, FirstLine + 4}},
     {"d列前景色", {1, FirstLine + 5}},
     {"d列背景色", {1, FirstLine + 6}},
@@ -82,11 +83,11 @@ ControlPage::Boxes::Boxes(const AddControl& add)
     : columns(labelled(add, "ComboBox", "Combo1", "Col", {0, 0})),
       loadButton(add("CommandButton", "Command1", dialogs::captions::LoadColumns,
                      {Margin + HalfWidth, topOf(0), 1800, BoxHeight})),
-      alignment{{"iColAlignment", labelled(add, "ComboBox", "Combo2", "iColAlignment", {0, FirstLine + 1})},
+      alignment{{"iColAlignment", labelled(add, "ComboBox", "Combo2", "iColAlignment", {0, FirstLine})},
                 {{"居中", flexAlignCenterCenter},
                  {"左居中", flexAlignLeftCenter},
                  {"右居中", flexAlignRightCenter}}},
-      type{{"iType", labelled(add, "ComboBox", "Combo3", "iType", {0, FirstLine})},
+      type{{"iType", labelled(add, "ComboBox", "Combo3", "iType", {0, FirstLine + 1})},
            {{"空", flexDTEmpty},
             {"文本型", flexDTString},
             {"数字型", flexDTDouble},

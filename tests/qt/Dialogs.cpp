@@ -1,7 +1,10 @@
 #include "qt/Dialogs.h"
 
+#include <QAbstractButton>
 #include <QDir>
+#include <QLabel>
 #include <QPointer>
+#include <QPushButton>
 #include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
@@ -9,6 +12,21 @@
 #include "qt/Scale.h"
 
 namespace kxVsGrid::qt::testing {
+namespace {
+
+QString textOf(const QWidget& part) {
+    if (const auto* label = qobject_cast<const QLabel*>(&part)) return label->text();
+    const auto* button = qobject_cast<const QAbstractButton*>(&part);
+    return button != nullptr ? button->text() : QString();
+}
+
+/// What a control covers: a label its text alone.
+QRect inkOf(const QWidget& part) {
+    QRect place = part.geometry();
+    if (qobject_cast<const QLabel*>(&part)) place.setWidth(part.sizeHint().width());
+    return place;
+}
+}  // namespace
 
 void Dialog::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const {
     QTest::keyClick(window.windowHandle(), key, modifiers);
@@ -51,6 +69,24 @@ QImage Dialog::picture(const QString& name) const {
     const int percent = qRound(window.devicePixelRatioF() * 100);
     EXPECT_TRUE(image.save(QStringLiteral("%1/%2-%3.png").arg(folder, name).arg(percent)));
     return image;
+}
+
+void expectWhole(const Dialog& d) {
+    QList<QWidget*> shown;
+    for (auto* part : d.window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (part->isVisible()) shown << part;
+    for (const QWidget* part : shown) {
+        const std::string name = part->objectName().toStdString();
+        const int letters = part->fontMetrics().horizontalAdvance(textOf(*part));
+        const bool button = qobject_cast<const QPushButton*>(part) != nullptr;
+        EXPECT_GE(part->width(), button ? letters + 8 : letters) << name;
+        EXPECT_TRUE(button || part->width() >= part->minimumSizeHint().width()) << name;
+        EXPECT_GE(part->height(), part->minimumSizeHint().height()) << name;
+        EXPECT_TRUE(d.window.rect().contains(part->geometry())) << name;
+        for (const QWidget* other : shown)
+            EXPECT_TRUE(other == part || !inkOf(*other).intersects(inkOf(*part)))
+                << name << " and " << other->objectName().toStdString();
+    }
 }
 
 Dialogs::Dialogs(Act act) : act_(std::move(act)) {

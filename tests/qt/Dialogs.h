@@ -49,6 +49,9 @@ class Dialog {
     QImage picture(const QString& name) const;
 };
 
+/// No control of the window is smaller than what it shows, and none lies over another.
+void expectWhole(const Dialog& d);
+
 /// Works at every form window that comes up, from the event loop that it runs. One that stays open fails the
 /// test and is closed.
 class Dialogs : public QObject {

@@ -1,45 +1,9 @@
 // Pictures of the help dialogs, kept beside the build for people to look at.
-#include <QAbstractButton>
-#include <QLabel>
-#include <QPushButton>
-
 #include "qt/HelpWindow.h"
 #include "qt/Palettes.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {
-
-QString textOf(const QWidget& part) {
-    if (const auto* label = qobject_cast<const QLabel*>(&part)) return label->text();
-    const auto* button = qobject_cast<const QAbstractButton*>(&part);
-    return button != nullptr ? button->text() : QString();
-}
-
-/// What a control covers: a label its text alone.
-QRect inkOf(const QWidget& part) {
-    QRect place = part.geometry();
-    if (qobject_cast<const QLabel*>(&part)) place.setWidth(part.sizeHint().width());
-    return place;
-}
-
-/// No control is smaller than what it shows, and none lies over another.
-void expectWhole(const Dialog& d) {
-    QList<QWidget*> shown;
-    for (auto* part : d.window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-        if (part->isVisible()) shown << part;
-    for (const QWidget* part : shown) {
-        const std::string name = part->objectName().toStdString();
-        const int letters = part->fontMetrics().horizontalAdvance(textOf(*part));
-        const bool button = qobject_cast<const QPushButton*>(part) != nullptr;
-        EXPECT_GE(part->width(), button ? letters + 8 : letters) << name;
-        EXPECT_TRUE(button || part->width() >= part->minimumSizeHint().width()) << name;
-        EXPECT_GE(part->height(), part->minimumSizeHint().height()) << name;
-        EXPECT_TRUE(d.window.rect().contains(part->geometry())) << name;
-        for (const QWidget* other : shown)
-            EXPECT_TRUE(other == part || !inkOf(*other).intersects(inkOf(*part)))
-                << name << " and " << other->objectName().toStdString();
-    }
-}
 
 /// How much of an image, in hundredths, is of a colour.
 double share(const QImage& image, const QColor& color) {

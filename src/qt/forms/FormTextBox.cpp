@@ -24,11 +24,17 @@ void FormTextBox::mirror() {
         composition_.forget();
         LineBox::setText(text);
     }
-    if (composition_.underway()) return;
+    if (!composition_.underway()) showSelection();
+}
+
+void FormTextBox::showSelection() {
+    const support::Span mirroring(mirroring_);
+    const QString text = toQt(control_.text);
     const qsizetype start = positionOf(text, static_cast<std::size_t>(control_.selStart), LineEnds::Single);
     const std::size_t end =
         static_cast<std::size_t>(control_.selStart) + static_cast<std::size_t>(control_.selLength);
-    select(start, positionOf(text, end, LineEnds::Single) - start);
+    const bool selects = hasFocus();
+    select(start, selects ? positionOf(text, end, LineEnds::Single) - start : 0);
     shown_ = state();
 }
 
@@ -67,6 +73,17 @@ bool FormTextBox::committed() {
 
 void FormTextBox::endComposition() {
     composition_.end(*this);
+}
+
+void FormTextBox::focusInEvent(QFocusEvent* event) {
+    if (!composition_.underway()) showSelection();
+    LineBox::focusInEvent(event);
+}
+
+void FormTextBox::focusLost(const QFocusEvent& event) {
+    const bool comesBack =
+        event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason;
+    if (!comesBack && !composition_.underway()) showSelection();
 }
 
 // --- As text boxes of dialogs do ------------------------------------------------------------------------

@@ -1,7 +1,7 @@
 // A form's text box: shows the control's text and selection, and reports what the clerk changes.
 //
-// A text that nobody touched keeps its bytes. While an input method composes nothing is reported, and keys
-// are the input method's.
+// A selection shows while the box has the keyboard. A text that nobody touched keeps its bytes. While an
+// input method composes nothing is reported, and keys are the input method's.
 #pragma once
 
 #include "qt/Composition.h"
@@ -22,6 +22,7 @@ class FormTextBox : private BoxEvents, private Composition::Listener, public Lin
     void mirror();
 
   protected:
+    void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -30,7 +31,7 @@ class FormTextBox : private BoxEvents, private Composition::Listener, public Lin
     void clerkActs(bool begins) override;
     void inputMethod(QInputMethodEvent& event) override;
     void focusGained() override {}
-    void focusLost(const QFocusEvent&) override {}
+    void focusLost(const QFocusEvent& event) override;
     void endComposition() override;
     bool leave(bool forward) override;
     void menu(const QPoint& place) override;
@@ -40,6 +41,7 @@ class FormTextBox : private BoxEvents, private Composition::Listener, public Lin
     void composes(bool) override {}
     bool committed() override;
     void look();
+    void showSelection();
 
     FormDialog& dialog_;
     FormControl& control_;
