@@ -174,8 +174,11 @@ TEST(ColumnPageOfAForm, SaysThatTheSettingsOfTheFormCannotBeRead) {
     ASSERT_EQ(boxes.size(), 1) << "what the program would show";
     const QString text = bench.text();
     ASSERT_TRUE(bench.atThePage([&](QDialog& page) {
-        EXPECT_TRUE(part<QLabel>(page, "Problem").text().contains(QStringLiteral("many")));
+        const QString problem = part<QLabel>(page, "Problem").text();
+        EXPECT_TRUE(problem.contains(name)) << problem.toStdString();
+        EXPECT_TRUE(problem.contains(QStringLiteral("many"))) << problem.toStdString();
         EXPECT_FALSE(part<QComboBox>(page, "Combo1").isEnabled());
+        keepPicture(page, "page-of-an-unreadable-form");
     }));
     EXPECT_EQ(bench.text(), text) << "what cannot be read stays as it is";
     bench.edit(fromQt(name).c_str(), QByteArray("12"));

@@ -55,6 +55,7 @@ TEST(DesignedForm, ShowsAtOnceWhatIsSetForAColumn) {
 
 TEST(DesignedForm, HoldsEveryKeyOfAColumnThatIsAdded) {
     Workbench bench(formNamed("order.ui"));
+    const QString text = bench.text();
     const int columns = bench.grid().Cols();
     bench.edit("Cols", columns + 2);
     const StoredTexts stored = bench.stored();
@@ -62,6 +63,21 @@ TEST(DesignedForm, HoldsEveryKeyOfAColumnThatIsAdded) {
         EXPECT_TRUE(stored.count(toQt(columnKey(columns + 1, each.written)))) << each.written;
     EXPECT_EQ(stored.at(key(columns, "")), QStringLiteral("cstring:-1")) << "as a program loads it";
     EXPECT_EQ(bench.grid().VsCtrl(static_cast<std::int16_t>(columns))->sName(), "-1");
+    bench.undo();
+    EXPECT_EQ(bench.text().toStdString(), text.toStdString()) << "what was added for the column goes with it";
+}
+
+TEST(DesignedForm, KeepsWhatWasSetForAColumnThatIsGone) {
+    Workbench bench(formNamed("order.ui"));
+    const int columns = bench.grid().Cols();
+    bench.edit("Cols", columns + 1);
+    bench.edit(fromQt(key(columns, "")).c_str(), QByteArray("new"));
+    bench.edit("Cols", columns);
+    EXPECT_EQ(bench.stored()[key(columns, "")], QStringLiteral("cstring:new"));
+    EXPECT_FALSE(bench.stored().count(key(columns, "iType")));
+    bench.edit("Cols", columns + 1);
+    EXPECT_EQ(bench.grid().VsCtrl(static_cast<std::int16_t>(columns))->sName(), "new");
+    EXPECT_TRUE(bench.stored().count(key(columns, "iType")));
 }
 
 TEST(DesignedForm, KeepsAGridNewlyPlacedForWhichNothingIsStored) {

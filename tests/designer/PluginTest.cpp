@@ -51,6 +51,7 @@ TEST(DesignerPlugin, DescribesADroppedGridUnderEveryStoredKey) {
         EXPECT_TRUE(stored.count(toQt(key.written))) << key.written;
     ASSERT_TRUE(stored.count(QStringLiteral("Cols")));
     const int columns = stored.at(QStringLiteral("Cols")).mid(7).toInt();
+    EXPECT_EQ(columns, stored.at(QStringLiteral("FormatString")).count(u'|') + 1) << "each has a heading";
     for (int col = 0; col < columns; ++col)
         for (const StoredKey& key : columnKeys())
             EXPECT_TRUE(stored.count(toQt(columnKey(col, key.written)))) << columnKey(col, key.written);

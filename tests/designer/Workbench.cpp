@@ -13,6 +13,7 @@
 #include <QDesignerPropertyEditorInterface>
 #include <QDesignerTaskMenuExtension>
 #include <QDesignerWidgetBoxInterface>
+#include <QDir>
 #include <QExtensionManager>
 #include <QFile>
 #include <QLineEdit>
@@ -183,6 +184,12 @@ void choose(QDialog& page, const char* list, int index) {
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_Home);
     for (int i = 0; i < index; ++i) QTest::keyClick(&box, Qt::Key_Down);
+}
+
+void keepPicture(QWidget& shown, const char* name) {
+    const QString folder = QStringLiteral(KX_PICTURES);
+    QDir().mkpath(folder);
+    EXPECT_TRUE(shown.grab().save(QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name))));
 }
 
 void type(QDialog& page, const QString& caption, const QString& text) {

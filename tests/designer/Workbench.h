@@ -63,6 +63,8 @@ Widget& part(QDialog& page, const char* name) {
 void press(QDialog& page, const char* button);
 void tick(QDialog& page, const QString& caption);
 void choose(QDialog& page, const char* list, int index);
+/// For people to look at, beside the build.
+void keepPicture(QWidget& shown, const char* name);
 /// Replaces the text of the box beside which that word stands.
 void type(QDialog& page, const QString& caption, const QString& text);
 }  // namespace kxVsGrid::qt::testing

@@ -1,6 +1,5 @@
 #include "qt/designer/DesignedGrid.h"
 
-#include <QDesignerFormWindowInterface>
 #include <QEvent>
 #include <algorithm>
 
@@ -24,15 +23,27 @@ bool same(const MemoryBag& a, const MemoryBag& b) {
     });
 }
 
-/// What a program that loads these settings is told; empty when nothing is wrong with them. A failed reading
-/// stops all saving in the process, until a control is newly placed.
-QString problemOf(MemoryBag settings) {
+/// Remembers what it was asked for last: where a reading fails, that is what it cannot read.
+class AskedBag : public MemoryBag {
+  public:
+    explicit AskedBag(const MemoryBag& settings) : MemoryBag(settings) {}
+    Variant Read(std::string_view name, const Variant& fallback) override {
+        asked = name;
+        return MemoryBag::Read(name, fallback);
+    }
+    std::string asked;
+};
+
+/// The setting that a program cannot load, and what it is told; empty when nothing is wrong with them. A
+/// failed reading stops all saving in the process, until a control is newly placed.
+QString problemOf(const MemoryBag& settings) {
     headless::Desk desk;
-    desk.load(settings);
-    QString problem;
-    if (!desk.messages().empty()) problem = toQt(desk.messages().front().text);
+    AskedBag bag(settings);
+    desk.load(bag);
+    if (desk.messages().empty()) return {};
+    const std::string told = desk.messages().front().text;
     desk.place();
-    return problem;
+    return toQt(bag.asked + "\n" + told);
 }
 }  // namespace
 
@@ -46,6 +57,9 @@ bool DesignedGrid::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::Polish:  // before the first showing, when the form has given it what it holds
             begin();
+            break;
+        case QEvent::ShowToParent:
+            watchForm();
             break;
         case QEvent::DynamicPropertyChange:
             if (begun_) changed_.start();
@@ -61,7 +75,16 @@ void DesignedGrid::begin() {
     shown_ = FormSettings(core_, *this).read();
     problem_ = problemOf(shown_);
     grid().ReDraw(true);
-    if (auto* form = QDesignerFormWindowInterface::findFormWindow(this))
+    watchForm();
+}
+
+/// It may have been made before it came to its form, and may go to another one.
+void DesignedGrid::watchForm() {
+    auto* form = QDesignerFormWindowInterface::findFormWindow(this);
+    if (form == form_) return;
+    if (form_) disconnect(form_, nullptr, &changed_, nullptr);
+    form_ = form;
+    if (form != nullptr)
         connect(form, &QDesignerFormWindowInterface::changed, &changed_, qOverload<>(&QTimer::start));
 }
 
@@ -90,7 +113,25 @@ void DesignedGrid::complete() {
     const MemoryBag held = form.read();
     MemoryBag whole;
     grid().WriteProperties(whole);
-    for (const MemoryBag::Entry& entry : whole.entries())
-        if (held.find(entry.name) == nullptr) form.put(entry.name, toProperty(entry.value));
+    takeBack(whole);
+    for (const MemoryBag::Entry& entry : whole.entries()) {
+        if (held.find(entry.name) != nullptr) continue;
+        const QVariant value = toProperty(entry.value);
+        form.put(entry.name, value);
+        completed_.Write(entry.name, fromProperty(value));
+    }
+}
+
+/// What was added for a column that is gone goes too, unless somebody has set it since.
+void DesignedGrid::takeBack(const MemoryBag& whole) {
+    FormSettings form(core_, *this);
+    const MemoryBag held = form.read();
+    const MemoryBag added = completed_;
+    for (const MemoryBag::Entry& entry : added.entries()) {
+        if (whole.find(entry.name) != nullptr) continue;
+        const Variant* value = held.find(entry.name);
+        if (value != nullptr && *value == entry.value) form.put(entry.name, {});
+        completed_.erase(entry.name);
+    }
 }
 }  // namespace kxVsGrid::qt::designer

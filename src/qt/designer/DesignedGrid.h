@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QDesignerFormEditorInterface>
+#include <QDesignerFormWindowInterface>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
 
@@ -30,11 +32,15 @@ class DesignedGrid : public kxGridWidget {
 
   private:
     void begin();
+    void watchForm();
     void complete();
+    void takeBack(const MemoryBag& whole);
 
     QDesignerFormEditorInterface& core_;
+    QPointer<QDesignerFormWindowInterface> form_;
     bool begun_ = false;
-    MemoryBag shown_;  ///< the form's settings that the grid shows
+    MemoryBag shown_;      ///< the form's settings that the grid shows
+    MemoryBag completed_;  ///< what was added to it so that it holds every key
     QString problem_;
     QTimer changed_;
 };

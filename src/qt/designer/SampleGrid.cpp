@@ -35,6 +35,7 @@ void describeColumns(kxGrid& grid) {
 MemoryBag sampleSettings() {
     headless::Desk desk;
     kxGrid& grid = desk.place();
+    grid.Cols(Columns);
     grid.FormatString(
         "行号|<货号      |<品名              |>数量      |>单价      |>金额        |^交货日期    ");
     describeColumns(grid);
