@@ -32,6 +32,24 @@ QStringList difference(const StoredTexts& a, const StoredTexts& b) {
     return names;
 }
 
+/// Reads and closes message boxes.
+class BoxClerk {
+  public:
+    BoxClerk() {
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box == nullptr) return;
+            texts << box->text();
+            box->accept();
+        });
+        timer_.start(10);
+    }
+    QStringList texts;
+
+  private:
+    QTimer timer_;
+};
+
 TEST(ColumnPageOfAForm, ComesUpFromTheTaskMenuWithItsListsFilled) {
     Workbench bench(formNamed("order.ui"));
     ASSERT_TRUE(bench.atThePage([&](QDialog& page) {
@@ -161,17 +179,9 @@ TEST(ColumnPageOfAForm, SaysThatTheSettingsOfTheFormCannotBeRead) {
     const qsizetype number = form.indexOf(QLatin1String("<number>"), place);
     form.replace(number, form.indexOf(QLatin1String("</number>"), place) + 9 - number,
                  QStringLiteral("<cstring>many</cstring>"));
-    QStringList boxes;
-    QTimer clerk;
-    QObject::connect(&clerk, &QTimer::timeout, &clerk, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (box == nullptr) return;
-        boxes << box->text();
-        box->accept();
-    });
-    clerk.start(10);
+    const BoxClerk clerk;
     Workbench bench(form);
-    ASSERT_EQ(boxes.size(), 1) << "what the program would show";
+    ASSERT_EQ(clerk.texts.size(), 1) << "what the program would show";
     const QString text = bench.text();
     ASSERT_TRUE(bench.atThePage([&](QDialog& page) {
         const QString problem = part<QLabel>(page, "Problem").text();
@@ -186,6 +196,26 @@ TEST(ColumnPageOfAForm, SaysThatTheSettingsOfTheFormCannotBeRead) {
         EXPECT_TRUE(part<QLabel>(page, "Problem").text().isEmpty());
         EXPECT_TRUE(part<QComboBox>(page, "Combo1").isEnabled());
     }));
+}
+
+TEST(ColumnPageOfAForm, WorksBesideAGridWhoseSettingsCannotBeRead) {
+    QString form = formNamed("order.ui");
+    const QString end = QStringLiteral("  </widget>\n");
+    form.insert(form.indexOf(end) + end.size(),
+                QStringLiteral("<widget class=\"kxVsGrid::qt::kxGridWidget\" name=\"other\">"
+                               "<property name=\"SetVsControl0iType\" stdset=\"0\"><cstring>many</cstring>"
+                               "</property></widget>"));
+    const BoxClerk clerk;
+    Workbench bench(form);
+    ASSERT_EQ(clerk.texts.size(), 1);
+    ASSERT_TRUE(bench.atThePage([&](QDialog& page) {
+        choose(page, "Combo1", Name);
+        tick(page, QStringLiteral("bIsEditable"));
+        press(page, "QdCommand");
+    }));
+    EXPECT_EQ(bench.stored()[key(Name, "bIsEditable")], QStringLiteral("bool:false"));
+    bench.undo();
+    EXPECT_EQ(bench.stored()[key(Name, "bIsEditable")], QStringLiteral("bool:true"));
 }
 }  // namespace
 }  // namespace kxVsGrid::qt::testing

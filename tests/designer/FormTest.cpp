@@ -39,6 +39,7 @@ TEST(DesignedForm, ShowsAtOnceWhatIsSetForTheWholeGrid) {
     bench.undo();
     bench.undo();
     EXPECT_TRUE(bench.grid().SumRow());
+    EXPECT_EQ(bench.grid().ReadSum(3), "0") << "totals too, as after ReDraw";
     EXPECT_EQ(bench.grid().ReadCell(0, 1, true), "货号");
     EXPECT_FALSE(bench.form().isDirty());
 }

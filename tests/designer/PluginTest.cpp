@@ -78,5 +78,12 @@ TEST(DesignerPlugin, DescribesSettingsThatAProgramLoadsAsTheyStand) {
     EXPECT_TRUE(widget->grid().VsCtrl(1)->b是否提供帮助());
     EXPECT_TRUE(widget->grid().SumRow());
 }
+
+TEST(DesignerPlugin, GivesAFormEveryStoredKeyOfAGridThatIsDroppedOnIt) {
+    const Workbench bench(formAround(plugin().domXml()));
+    EXPECT_EQ(bench.stored(), storedTexts(plugin().domXml()));
+    EXPECT_TRUE(bench.grid().ReDraw());
+    EXPECT_EQ(bench.grid().ReadCell(0, 2, true), "品名");
+}
 }  // namespace
 }  // namespace kxVsGrid::qt::testing

@@ -94,8 +94,8 @@ void DesignedGrid::refresh() {
     if (same(held, shown_)) return;
     problem_ = problemOf(held);
     if (problem_.isEmpty()) {
-        grid().ReDraw(true);
         grid().ReadProperties(held);
+        grid().ReDraw(true);
         complete();
     }
     shown_ = FormSettings(core_, *this).read();
