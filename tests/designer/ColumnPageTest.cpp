@@ -217,5 +217,17 @@ TEST(ColumnPageOfAForm, WorksBesideAGridWhoseSettingsCannotBeRead) {
     bench.undo();
     EXPECT_EQ(bench.stored()[key(Name, "bIsEditable")], QStringLiteral("bool:true"));
 }
+
+TEST(ColumnPageOfAForm, AddsNothingButTheChangedKeysToAGridOfVeryManyColumns) {
+    Workbench bench(formNamed("order.ui"));
+    bench.edit("Cols", 2000);
+    const StoredTexts before = bench.stored();
+    ASSERT_TRUE(bench.atThePage([&](QDialog& page) {
+        choose(page, "Combo1", Name);
+        tick(page, QStringLiteral("bIsEditable"));
+        press(page, "QdCommand");
+    }));
+    EXPECT_EQ(difference(before, bench.stored()), QStringList(key(Name, "bIsEditable")));
+}
 }  // namespace
 }  // namespace kxVsGrid::qt::testing

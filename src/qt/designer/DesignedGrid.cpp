@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <algorithm>
+#include <utility>
 
 #include "kxVsGrid/headless/Desk.h"
 #include "qt/Encoding.h"
@@ -10,10 +11,6 @@
 
 namespace kxVsGrid::qt::designer {
 namespace {
-
-/// The designer cannot cope with the settings of more columns; those have their stored defaults until they
-/// are set.
-constexpr std::int32_t MostCompletedColumns = 100;
 
 bool same(const MemoryBag& a, const MemoryBag& b) {
     if (a.size() != b.size()) return false;
@@ -108,7 +105,7 @@ void DesignedGrid::follow() {
 
 /// A form that holds one key holds them all, also those of a column that has just been added.
 void DesignedGrid::complete() {
-    if (grid().Cols() > MostCompletedColumns) return;
+    if (!holdsEveryKey()) return;
     FormSettings form(core_, *this);
     const MemoryBag held = form.read();
     MemoryBag whole;

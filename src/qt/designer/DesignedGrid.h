@@ -23,6 +23,8 @@ class DesignedGrid : public kxGridWidget {
     void refresh();
     /// The grid has been put into the state that the form holds now.
     void follow();
+    /// The form gets every key of every column; the designer cannot cope with those of very many columns.
+    bool holdsEveryKey() { return grid().Cols() <= MostCompletedColumns; }
     /// Why the settings of the form cannot be read; empty when they can be.
     const QString& problem() const { return problem_; }
     QDesignerFormEditorInterface& core() const { return core_; }
@@ -31,6 +33,8 @@ class DesignedGrid : public kxGridWidget {
     bool event(QEvent* event) override;
 
   private:
+    static constexpr std::int32_t MostCompletedColumns = 100;
+
     void begin();
     void watchForm();
     void complete();

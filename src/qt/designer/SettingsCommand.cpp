@@ -31,7 +31,9 @@ SettingsCommand::SettingsCommand(DesignedGrid& grid, const GridState& before, co
     for (const MemoryBag::Entry& entry : after.settings.entries()) {
         const QVariant held = form.value(entry.name);
         const Variant* old = before.settings.find(entry.name);
-        if (held.isValid() && old != nullptr && *old == entry.value) continue;
+        const bool changed = old == nullptr || *old != entry.value;
+        const bool missing = !held.isValid() && grid.holdsEveryKey();
+        if (!changed && !missing) continue;
         keys_.push_back({entry.name, held, toProperty(entry.value)});
     }
 }
