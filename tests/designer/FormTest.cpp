@@ -1,9 +1,6 @@
 // Forms with a grid in Qt Designer: what they hold, and what the designer sees.
 #include <gtest/gtest.h>
 
-#include <QPluginLoader>
-#include <QtUiPlugin/QDesignerCustomWidgetInterface>
-
 #include "designer/Workbench.h"
 #include "kxVsGrid/StoredKeys.h"
 #include "qt/Encoding.h"
