@@ -16,6 +16,8 @@ class Wheel {
 
     void hook(Seat& seat) {
         divisor_ = 5;
+        hook_
+            .reset();  // there is one at a time: the old one lets go of the wheel before the new one takes it
         hook_ = seat.wheelHook();
         rowsChanged();
     }

@@ -122,7 +122,21 @@ TEST_F(LoadedHook, HearsOfAPutOfTheRowsAndOfAnotherRead) {
     EXPECT_EQ(desk.wheelHook()->step, 10);
     store("Rows", 26);
     read();
+    ASSERT_TRUE(desk.wheelHook()) << "the first one's end takes nothing from the second";
     EXPECT_EQ(desk.wheelHook()->step, 5);
+}
+
+class LoadedWhileTheClerkTypes : public SettingsTest {};
+
+TEST_F(LoadedWhileTheClerkTypes, KeepsTheTextForTheCellThatItWasTypedInto) {
+    typeInto(1, 1, "typed");
+    store("FixedRows", 2);
+    store("Editable", true);
+    read();
+    EXPECT_EQ(grid.Text(), "typed");
+    desk.press(Key::Enter);
+    EXPECT_EQ(text(1, 1), "typed");
+    EXPECT_GE(grid.Row(), 2);
 }
 
 class Conversion : public SettingsTest {};
