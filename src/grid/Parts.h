@@ -35,6 +35,10 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     void report(std::string_view setting) { seat->settingChanged(setting); }
     void showError(std::string_view text, std::string_view title);
     void realign();
+    /// The fixed area may have come over the current cell, where a clerk who is in the grid could not type
+    /// on. A text that is being typed stays where it is: the cell moves when the editor gives the keyboard
+    /// back.
+    void leaveFixedArea();
     /// Writes a cell and keeps its column's total.
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 

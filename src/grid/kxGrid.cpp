@@ -121,6 +121,10 @@ void kxGrid::Parts::realign() {
     seat->layoutChanged();
 }
 
+void kxGrid::Parts::leaveFixedArea() {
+    if (input.keyboardInGrid() && !editor.visible()) navigation.leaveFixedArea();
+}
+
 void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
     showMessage({std::string(text), CriticalStyle, std::string(title)});
 }
@@ -151,7 +155,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
         p.showError("ReadProperError:" + std::string(error.what()), SettingsErrorTitle);
     }
     p.realign();
-    if (p.input.keyboardInGrid()) p.navigation.leaveFixedArea();  // where the clerk could not type on
+    p.leaveFixedArea();
 }
 
 void kxGrid::WriteProperties(PropertyBag& bag) {

@@ -139,6 +139,7 @@ std::int32_t kxGrid::FixedRows() const {
 void kxGrid::FixedRows(std::int32_t count) {
     const auto p = held();
     p->main.FixedRows(count);
+    p->leaveFixedArea();
     p->report("FixedRows");
 }
 
@@ -152,6 +153,7 @@ void kxGrid::FixedCols(std::int32_t count) {
     p.main.FixedCols(count);
     if (p.sums.FixedCols() != p.main.FixedCols()) p.totals.followFixedCols();
     p.sums.BackColorFixed(p.main.BackColorFixed());
+    p.leaveFixedArea();
     p.report("FixedCols");
 }
 

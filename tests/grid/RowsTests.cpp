@@ -327,6 +327,32 @@ TEST_F(CurrentRowAndColumn, MayBePutIntoTheFixedArea) {
     EXPECT_EQ(heard(), moves(1, 1, 0, 1) + moves(0, 1, 0, 0));
 }
 
+TEST_F(CurrentRowAndColumn, LeaveAFixedAreaThatGrowsOverThemSoThatTheClerkTypesOn) {
+    desk.focusGrid();
+    grid.FixedRows(3);
+    EXPECT_EQ(grid.Row(), 3);
+    grid.FixedCols(2);
+    EXPECT_EQ(grid.Col(), 2);
+    desk.type("A001").press(Key::Enter);
+    EXPECT_EQ(text(3, 2), "A001");
+}
+
+TEST_F(CurrentRowAndColumn, StayUnderAFixedAreaThatGrowsUntilTheClerkComes) {
+    grid.FixedRows(3);
+    EXPECT_EQ(grid.Row(), 1);
+    desk.focusGrid();
+    EXPECT_EQ(grid.Row(), 3);
+}
+
+TEST_F(CurrentRowAndColumn, StayUnderAFixedAreaThatGrowsUntilTheTextBeingTypedIsInItsCell) {
+    typeInto(1, 1, "typed");
+    grid.FixedRows(3);
+    EXPECT_EQ(grid.Text(), "typed");
+    desk.press(Key::Enter);
+    EXPECT_EQ(text(1, 1), "typed");
+    EXPECT_GE(grid.Row(), 3);
+}
+
 TEST_F(CurrentRowAndColumn, OutsideTheGridAreRefused) {
     EXPECT_THROW(grid.Row(6), GridError);
     EXPECT_THROW(grid.Row(-1), GridError);
