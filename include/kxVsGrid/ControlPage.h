@@ -31,7 +31,7 @@ class ColumnSource {
     virtual ~ColumnSource() = default;
     virtual std::string FormatString() = 0;
     virtual std::int32_t Cols() = 0;
-    /// The current column; SetVsControl is its definition.
+    /// The current column; SetVsControl is its definition, nothing where there is none yet.
     virtual std::int32_t Col() = 0;
     virtual void Col(std::int32_t col) = 0;
     virtual std::shared_ptr<cVsControl> SetVsControl() = 0;
@@ -56,8 +56,8 @@ class ControlPage : public Form {
     /// Told when that changes.
     void onChanged(std::function<void(bool)> listener) { listener_ = std::move(listener); }
     /// Writes everything shown into the definition of the chosen column. False when that cannot be done (a
-    /// box holds no number where one is needed, the column has gone): nothing is written then, the box gets
-    /// the keyboard, and problem() says what is wrong.
+    /// box holds no number where one is needed, the column has gone or cannot be chosen): nothing is written
+    /// then, such a box gets the keyboard, and problem() says what is wrong.
     bool Apply();
 
     /// What the page has to say at its bottom; empty most of the time.

@@ -226,9 +226,14 @@ bool ControlPage::Apply() {
         if (const std::int32_t* code = list->chosen()) values.emplace_back(list->field.member, *code);
 
     if (source_->Col() != col_) source_->Col(col_);
-    const std::shared_ptr<cVsControl> definition = source_->SetVsControl();
+    if (source_->Col() != col_) {  // the host has refused the move: the definition would be another column's
+        explain("不能选择列 " + std::to_string(col_) + "，没有应用修改。");
+        return false;
+    }
+    std::shared_ptr<cVsControl> definition = source_->SetVsControl();
+    if (!definition) definition = std::make_shared<cVsControl>();
     for (const auto& [member, value] : values) definition->Put(member, value);
-    source_->SetVsControl(definition);
+    source_->SetVsControl(std::move(definition));
     explain({});
     markChanged(false);
     source_->applied();

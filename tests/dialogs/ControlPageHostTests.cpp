@@ -41,6 +41,20 @@ TEST_F(PageHost, ThatSwapsTheColumnDuringTheMoveIsNotWrittenWithTheOtherOnesValu
         EXPECT_EQ(grid.VsCtrl(col)->sHelp_Code(), "of " + std::to_string(col));
 }
 
+TEST_F(PageHost, ThatKeepsTheCurrentCellElsewhereIsToldAndNoOtherColumnIsWritten) {
+    openAt(1);
+    window.put("sHelp_Code", "typed");
+    grid.Col(2);
+    grid.BeforeRowColChange.connect(
+        [](std::int32_t, std::int32_t, std::int32_t, std::int32_t, bool& cancel) { cancel = true; });
+    EXPECT_FALSE(page.Apply());
+    EXPECT_EQ(page.problem(), "不能选择列 1，没有应用修改。");
+    EXPECT_EQ(column(2).sHelp_Code(), "") << "the column that the cell stands in";
+    EXPECT_EQ(column(1).sHelp_Code(), "");
+    EXPECT_TRUE(page.Changed());
+    EXPECT_EQ(window.text("sHelp_Code"), "typed");
+}
+
 TEST_F(PageHost, ThatTakesColumnsAwayDuringTheMoveDoesNoHarm) {
     openAt(1);
     auto moving =
@@ -146,6 +160,10 @@ TEST_F(PageHost, MayHaveNoDefinitionForAColumn) {
     EXPECT_NO_THROW(page.select({&own}));
     EXPECT_NO_THROW(page.Apply());
     EXPECT_NO_THROW(page.loadColumns());
+    for (const std::string& number : NumberNames) window.put(number, "1");
+    EXPECT_TRUE(page.Apply());
+    ASSERT_TRUE(own.definitions[0]);
+    EXPECT_EQ(own.definitions[0]->i帮助类型(), 1);
 }
 }  // namespace
 }  // namespace kxVsGrid::testing
