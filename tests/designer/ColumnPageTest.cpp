@@ -145,6 +145,34 @@ TEST(ColumnPageOfAForm, ShowsWhatIsNotStoredUntilTheFormIsClosed) {
     EXPECT_FALSE(bench.grid().VsCtrl(Name)->b是否设列颜色());
 }
 
+TEST(ColumnPageOfAForm, IsUndoneAndDoneAgainOnAGridThatWasDeletedMeanwhileAndCameBack) {
+    Workbench bench(formNamed("order.ui"));
+    const QString text = bench.text();
+    ASSERT_TRUE(bench.atThePage([&](QDialog& page) {
+        choose(page, "Combo1", Name);
+        tick(page, QStringLiteral("bIsVisible"));
+        press(page, "QdCommand");
+    }));
+    bench.deleteGrid();
+    EXPECT_TRUE(bench.stored().empty());
+    bench.undo();
+    EXPECT_TRUE(bench.grid().ColHidden(Name));
+    bench.undo();
+    EXPECT_EQ(bench.text(), text);
+    EXPECT_FALSE(bench.grid().ColHidden(Name));
+    bench.redo();
+    EXPECT_TRUE(bench.grid().ColHidden(Name));
+    bench.redo();
+    EXPECT_TRUE(bench.stored().empty());
+    bench.undo();
+    ASSERT_TRUE(bench.atThePage([&](QDialog& page) {
+        choose(page, "Combo1", Name);
+        tick(page, QStringLiteral("bIsVisible"));
+        press(page, "QdCommand");
+    }));
+    EXPECT_EQ(bench.text(), text);
+}
+
 TEST(ColumnPageOfAForm, LeavesTheFormAsItIsWhenItIsCancelled) {
     Workbench bench(formNamed("order.ui"));
     const QString text = bench.text();

@@ -131,6 +131,11 @@ void Workbench::edit(const char* name, const QVariant& value) {
     settle();
 }
 
+void Workbench::deleteGrid() {
+    core().formWindowManager()->action(QDesignerFormWindowManagerInterface::DeleteAction)->trigger();
+    settle();
+}
+
 void Workbench::undo() {
     history().undo();
     settle();

@@ -39,6 +39,8 @@ class Workbench {
 
     /// Sets a property as the property editor does.
     void edit(const char* name, const QVariant& value);
+    /// Deletes the grid, which is selected, as the Delete key does.
+    void deleteGrid();
     void undo();
     void redo();
     /// Opens the column page by the task menu and works at it; true when it has come up.
