@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <utility>
 
 using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
@@ -89,8 +90,11 @@ void OrderGrid::connectEvents() {
     }));
     // Fills, copies and pastes of the control itself raise no AfterEdit. They are settled when the control is
     // done with them.
-    all.push_back(grid_.CellChanged.connect([this](std::int32_t, std::int32_t) {
-        if (!writing_) settleLater_.start();
+    all.push_back(grid_.CellChanged.connect([this](std::int32_t row, std::int32_t col) {
+        if (writing_) return;
+        // Of all that writes cells, column fills alone write other rows than the current one.
+        if (col == Delivery && row != grid_.Row()) redated_.insert(row);
+        settleLater_.start();
     }));
     all.push_back(grid_.RowColChange.connect([this] { emit moved(); }));
 }
@@ -98,6 +102,7 @@ void OrderGrid::connectEvents() {
 void OrderGrid::clearRows(std::int32_t dataRows) {
     grid_.Clear();
     grid_.Rows(grid_.FixedRows() + dataRows);
+    redated_.clear();
 }
 
 void OrderGrid::clear(const QDate& delivery) {
@@ -242,6 +247,8 @@ void OrderGrid::settleAll() {
     // Writing a cell would commit what the clerk is typing; the next commit comes back here.
     if (grid_.editorView().visible) return;
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) settle(row);
+    for (const std::int32_t row : std::exchange(redated_, {}))
+        if (row < grid_.Rows()) settleSlot(row);
     emit changed();
 }
 
@@ -252,19 +259,25 @@ void OrderGrid::settle(std::int32_t row) {
     settleWarehouse(row);
 }
 
-// What follows from what the clerk has typed himself, but not from what the control has filled.
+// What follows from what the clerk has typed himself. The time of entry does not follow from what the control
+// has filled.
 void OrderGrid::settleTyped(std::int32_t row, Column col) {
     const Span span(writing_);
-    const QString slot = text(row, Slot);
-    const QString day = text(row, Delivery);
-    if (col == Delivery && !day.isEmpty() && slot.contains(u' ')) {
-        const QString moved = day + slot.mid(slot.indexOf(u' '));
-        put(row, Slot, moved, moved);
-    }
+    if (col == Delivery) settleSlot(row);
     if (col != Entered && text(row, Entered).isEmpty() && !read(row).isEmpty()) {
         const QString now = timeText(services_.now());
         put(row, Entered, now, now);
     }
+}
+
+// The half day stays, on the day of the delivery.
+void OrderGrid::settleSlot(std::int32_t row) {
+    const Span span(writing_);
+    const QString slot = text(row, Slot);
+    const QString day = text(row, Delivery);
+    if (day.isEmpty() || !slot.contains(u' ')) return;
+    const QString moved = day + slot.mid(slot.indexOf(u' '));
+    if (moved != slot) put(row, Slot, moved, moved);
 }
 
 // The tag is where the rule "not empty" looks.

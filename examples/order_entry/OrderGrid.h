@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "Catalogue.h"
@@ -123,6 +124,7 @@ class OrderGrid : public QObject {
     void settleAll();
     void settle(std::int32_t row);
     void settleTyped(std::int32_t row, Column col);
+    void settleSlot(std::int32_t row);
     void settleWarehouse(std::int32_t row);
     void settleGoods(std::int32_t row);
     void settleAmount(std::int32_t row);
@@ -134,5 +136,6 @@ class OrderGrid : public QObject {
     MayDelete mayDelete_;
     std::vector<kxVsGrid::Connection> connections_;
     QTimer settleLater_;
-    bool writing_ = false;  ///< the cells are being written by this class
+    std::set<std::int32_t> redated_;  ///< rows that have got a delivery date from a column fill
+    bool writing_ = false;            ///< the cells are being written by this class
 };

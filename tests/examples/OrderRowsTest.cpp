@@ -189,6 +189,29 @@ TEST_F(OrderRows, AreDeliveredAMonthApartWhereTheDatesAreFilledSo) {
     EXPECT_EQ(problem(), QString());
 }
 
+TEST_F(OrderRows, AreDeliveredInTheHalfDayOfTheirFilledDate) {
+    control.Rows(5);
+    enter(2, OrderGrid::Slot, "2026-12-01 下午");
+    at(4, OrderGrid::Code);  // a row with a half day of the row above
+    enter(1, OrderGrid::Delivery, "2026-01-30");
+    choose(1, OrderGrid::Delivery, "填充列", "以天数填充(&D)");
+    EXPECT_EQ(cell(2, OrderGrid::Slot), "2026-01-31 下午");
+    EXPECT_EQ(control.Grid().Data(2, OrderGrid::Slot), "2026-01-31 下午");
+    EXPECT_EQ(cell(3, OrderGrid::Slot), "2026-02-01 上午");
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderRows, KeepAHalfDayOfTheirOwnWhereTheyAreCopiedOrFollowTheRowAbove) {
+    enter(2, OrderGrid::Slot, "2026-12-01 下午");
+    choose(2, OrderGrid::Code, "复制插入行");
+    EXPECT_EQ(cell(2, OrderGrid::Delivery), "2026-11-27");
+    EXPECT_EQ(cell(2, OrderGrid::Slot), "2026-12-01 下午");
+    choose(3, OrderGrid::Code, "插入行");
+    EXPECT_EQ(cell(3, OrderGrid::Slot), "2026-12-01 下午");
+    chooseWithCtrl(4, "插入..行", "2");
+    for (const int row : {2, 3, 4, 5, 6}) EXPECT_EQ(cell(row, OrderGrid::Slot), "2026-12-01 下午") << row;
+}
+
 TEST_F(OrderRows, OfAReadOnlyOrderOfferNothingButTheClipboard) {
     grid.setReadOnly(true);
     choose(2, OrderGrid::Code, "复制单元格");
