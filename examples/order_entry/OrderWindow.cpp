@@ -216,7 +216,10 @@ bool OrderWindow::approveOrder() {
     if (!questions_.confirm(this, u"保存并审核订单 %1?审核后不能再修改。"_s.arg(header_->number()),
                             u"审核(&A)"_s))
         return false;
+    const qint64 asked = saved_.id;
     if (isUnsaved(onScreen()) && !save()) return false;
+    // Kept as another order, which nobody was asked about.
+    if (asked != 0 && saved_.id != asked) return false;
     try {
         store_.approve(saved_);
     } catch (const DatabaseError& error) {

@@ -144,3 +144,43 @@ TEST_F(ApprovedOrder, IsNotMadeOfWhatSomebodyElseHasChanged) {
     EXPECT_TRUE(grid().Editable());
     EXPECT_FALSE(store.load(1)->approved);
 }
+
+TEST_F(ApprovedOrder, IsNotMadeOfACopyThatWasKeptBesideWhatSomebodyElseHasApproved) {
+    openAndType();
+    ASSERT_TRUE(window->save());
+    Database database(databaseFile());
+    OrderStore store(database);
+    Order there = *store.load(1);
+    store.approve(there);
+    play({"key F7", "key Left", "type 五金仓", "key Enter", "key F9"});
+    EXPECT_EQ(answers.asked.size(), 2) << answers.asked.join('\n').toStdString();
+    EXPECT_EQ(window->onScreen().number, QString("XS-20261120-002"));
+    EXPECT_FALSE(window->hasUnsavedWork());
+    EXPECT_TRUE(grid().Editable());
+    EXPECT_FALSE(store.load(2)->approved);
+}
+
+TEST_F(ApprovedOrder, IsShownAsItWasSavedWhateverStoodOnTheScreenBefore) {
+    open();
+    typeOrder();
+    play({"key F7", "key Down", "key Down"});
+    grid().Grid().Select(3, OrderGrid::Remark);
+    play({"type 运费另计", "key Enter"});
+    answers.agrees = true;
+    play({"key F9"});
+    const Order closed = window->onScreen();
+    ASSERT_TRUE(closed.approved);
+    ASSERT_EQ(closed.lines.size(), 2u);
+    play({"key Ctrl+N"});
+    grid().Rows(100);
+    grid().Grid().Select(99, OrderGrid::Remark);
+    play({"key F7", "key Delete"});
+    answers.leave = Questions::Leave::Discard;
+    ASSERT_TRUE(window->openOrder(1));
+    Database database(databaseFile());
+    EXPECT_TRUE(OrderStore(database).load(1) == window->onScreen());
+    EXPECT_FALSE(window->hasUnsavedWork());
+    for (int row = 3; row < grid().Rows(); ++row)
+        for (int col = 1; col < OrderGrid::ColumnCount; ++col)
+            EXPECT_EQ(cell(row, static_cast<OrderGrid::Column>(col)), "") << row << ',' << col;
+}
