@@ -183,7 +183,7 @@ void OrderGrid::write(std::int32_t row, const OrderLine& line) {
     put(row, Code, line.code);
     put(row, Name, line.name, line.code);
     markCode(row, !line.code.isEmpty() && line.name.isEmpty());
-    put(row, Spec, line.spec);
+    put(row, Spec, line.spec, line.code);
     put(row, Unit, line.unit);
     const QString quantity = ::text(line.quantity, QuantityDecimals);
     put(row, Quantity, quantity, quantity);
@@ -287,23 +287,31 @@ void OrderGrid::settleWarehouse(std::int32_t row) {
 }
 
 void OrderGrid::settleGoods(std::int32_t row) {
-    // The name's tag is the code that the row was filled for.
+    // The tags of name and specification are the code that they were filled for.
     const QString code = normalized(text(row, Code));
     if (code != text(row, Code)) put(row, Code, code);
-    if (code.toStdString() == grid_.Grid().Data(row, Name)) return;
+    const bool named = tag(row, Name) == code;
+    const bool specified = tag(row, Spec) == code;
+    if (named && specified) return;
     try {
-        putGoods(row, code, code.isEmpty() ? std::nullopt : services_.goods(code));
+        const std::optional<Goods> goods = code.isEmpty() ? std::nullopt : services_.goods(code);
+        if (!named) putName(row, code, goods);
+        if (!specified) put(row, Spec, goods ? goods->spec : QString(), code);
+        // Where only one of them is another row's, a column fill has spoilt it: the price stays as agreed.
+        if (!named && !specified) putTerms(row, code, goods);
     } catch (const DatabaseError& error) {
         emit said(u"货号 %1 没有查到品名:"_s.arg(code) + error.text().simplified(), true);
     }
 }
 
-void OrderGrid::putGoods(std::int32_t row, const QString& code, const std::optional<Goods>& goods) {
-    const bool unknown = !goods && !code.isEmpty();
-    markCode(row, unknown);
+void OrderGrid::putName(std::int32_t row, const QString& code, const std::optional<Goods>& goods) {
+    markCode(row, !goods && !code.isEmpty());
     put(row, Name, goods ? goods->name : QString(), code);
-    put(row, Spec, goods ? goods->spec : QString());
-    if (unknown) {
+}
+
+// Unit and price of the goods that the row now has.
+void OrderGrid::putTerms(std::int32_t row, const QString& code, const std::optional<Goods>& goods) {
+    if (!goods && !code.isEmpty()) {
         emit said(u"货号 %1 不在商品目录中;本行已输入的内容保留"_s.arg(code), true);
     } else if (goods) {
         put(row, Unit, goods->unit);

@@ -129,7 +129,8 @@ class OrderGrid : public QObject {
     void settleGoods(std::int32_t row);
     void settleAmount(std::int32_t row);
     void markCode(std::int32_t row, bool unknown);
-    void putGoods(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
+    void putName(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
+    void putTerms(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
 
     kxVsGrid::kxGrid& grid_;
     Services services_;

@@ -180,6 +180,27 @@ TEST_F(OrderRows, GetTheirGoodsForACopiedCode) {
     EXPECT_EQ(cell(4, OrderGrid::Price), "18.50");
 }
 
+TEST_F(OrderRows, KeepNameSpecificationAndPriceOfTheirGoodsWhereThoseOfOthersAreCopiedDown) {
+    control.Rows(5);
+    enter(2, OrderGrid::Price, "17.25");
+    for (const OrderGrid::Column col : {OrderGrid::Name, OrderGrid::Spec, OrderGrid::Amount}) {
+        const std::vector<OrderLine> agreed = grid.lines();
+        choose(1, col, "填充列", "复制单元格(&C)");
+        EXPECT_TRUE(grid.lines() == agreed) << desk.ascii();
+        EXPECT_EQ(cell(4, col), "");
+    }
+    EXPECT_EQ(cell(2, OrderGrid::Name), "无缝钢管");
+    EXPECT_EQ(cell(2, OrderGrid::Spec), "DN25");
+    EXPECT_EQ(cell(2, OrderGrid::Price), "17.25");
+}
+
+TEST_F(OrderRows, OfASavedOrderKeepTheirSpecificationToo) {
+    const std::vector<OrderLine> saved = grid.lines();
+    grid.show(saved);
+    choose(1, OrderGrid::Spec, "填充列", "复制单元格(&C)");
+    EXPECT_TRUE(grid.lines() == saved) << desk.ascii();
+}
+
 TEST_F(OrderRows, AreDeliveredAMonthApartWhereTheDatesAreFilledSo) {
     control.Rows(5);
     enter(1, OrderGrid::Delivery, "2026-01-31");
