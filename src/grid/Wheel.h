@@ -16,8 +16,7 @@ class Wheel {
 
     void hook(Seat& seat) {
         divisor_ = 5;
-        hook_
-            .reset();  // there is one at a time: the old one lets go of the wheel before the new one takes it
+        hook_.reset();  // one at a time: the old one lets go before the new one takes the wheel
         hook_ = seat.wheelHook();
         rowsChanged();
     }
