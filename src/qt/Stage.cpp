@@ -43,8 +43,8 @@ void Stage::firstLook() {
     fitRows();
 }
 
-void Stage::setting(std::string_view name, const Variant& value) {
-    attempt([&] { settings_.put(*machine_->grid, name, value); });
+bool Stage::setting(std::string_view name, const Variant& value) {
+    return attempt([&] { settings_.put(*machine_->grid, name, value); });
 }
 
 Stage::~Stage() {

@@ -39,8 +39,9 @@ class Stage {
     }
     /// A setting by the name that it is stored under, without looking at the control.
     Variant setting(std::string_view name) const { return settings_.get(*machine_->grid, name); }
-    /// What the control refuses is reported, and changes nothing.
-    void setting(std::string_view name, const Variant& value);
+    /// What the control refuses is reported, and changes nothing. False when the widget was destroyed
+    /// meanwhile.
+    bool setting(std::string_view name, const Variant& value);
     kxGridWidget& widget() const { return widget_; }
     EditorBox& box() const { return *box_; }
     GridView& view() const { return *view_; }

@@ -226,8 +226,8 @@ void kxGridWidget::setFormatString(const QByteArray& format) {
 bool kxGridWidget::event(QEvent* event) {
     if (event->type() == QEvent::DynamicPropertyChange) {
         const QByteArray name = static_cast<QDynamicPropertyChangeEvent*>(event)->propertyName();
-        if (StoredSettings::names(name.toStdString()))
-            parts_->setting(name.toStdString(), fromProperty(property(name)));
+        const bool stored = StoredSettings::names(name.toStdString());
+        if (stored && !parts_->setting(name.toStdString(), fromProperty(property(name)))) return true;
     }
     return QWidget::event(event);
 }

@@ -218,6 +218,17 @@ TEST(SettingsByName, ThatTheLiveControlRefusesAreReportedAndChangeNothing) {
     EXPECT_EQ(u.grid().VsCtrl(1)->iType(), flexDTString);
 }
 
+TEST(SettingsByName, ThatAreRefusedMayEndTheWidget) {
+    for (const char* name : {"Cols", "SetVsControl1iLimitLength"}) {
+        Unseen u;
+        u.grid();
+        QObject::connect(u.widget.get(), &kxGridWidget::handlerFailed, u.widget.get(),
+                         [&u] { u.widget.reset(); });
+        u.set(name, 2'000'000'000);
+        EXPECT_EQ(u.widget, nullptr) << name;
+    }
+}
+
 TEST(SettingsByName, ThatCannotBeReadAreToldInABoxWhenTheEventLoopRuns) {
     Boxes boxes;
     Window w;
