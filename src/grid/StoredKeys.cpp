@@ -68,8 +68,8 @@ const std::array<StoredKey, 14>& writtenKeys() {
     return keys;
 }
 
-/// "bIsPrint" is asked for under a name that nothing is stored under, so that it always loads as True: files
-/// in use were written by programs that do so, and their stored values were never meant to take effect.
+/// "bIsPrint" is asked for under a name that nothing is stored under, so that it always loads as True.
+/// Programs in use read and write these files that way; a correction would change what they print.
 const std::array<StoredKey, 19>& perColumn() {
     static const std::array<StoredKey, 19> keys{
         column("bIsEditable", Type::Boolean, true),
