@@ -36,7 +36,7 @@ std::string rangeOf(Type type) {
 
 /// The text as the property's type. ConversionError when it is none.
 Variant typed(const std::string& text, Type type) {
-    const Variant value(text);
+    Variant value(text);
     switch (type) {
         case Type::Int16:
             return value.toInt16();
