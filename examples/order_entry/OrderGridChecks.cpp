@@ -96,9 +96,11 @@ bool OrderGrid::breaksRule(const OrderLine& line, Column col) {
            (col == Warehouse && line.warehouse.isEmpty());
 }
 
-// Fills and copies of the control put texts into cells that nobody has checked.
+// Fills and copies of the control put texts into cells that nobody has checked. Dates and times of a line
+// that says nothing are not kept.
 QString OrderGrid::whyUnsavable(const OrderLine& line, Column col, const QString& text) {
-    if (text.isEmpty()) return {};
+    const bool dropped = line.isEmpty() && (col == Delivery || col == Slot || col == Entered);
+    if (text.isEmpty() || dropped) return {};
     const auto unless = [&](bool good, const char16_t* why) {
         return good ? QString() : u"“%1”%2"_s.arg(text, QString::fromUtf16(why));
     };

@@ -233,6 +233,15 @@ TEST_F(OrderRows, KeepAHalfDayOfTheirOwnWhereTheyAreCopiedOrFollowTheRowAbove) {
     for (const int row : {2, 3, 4, 5, 6}) EXPECT_EQ(cell(row, OrderGrid::Slot), "2026-12-01 下午") << row;
 }
 
+TEST_F(OrderRows, ThatSayNothingKeepNoOrderFromBeingSavedWhateverAFillHasLeftInThem) {
+    choose(2, OrderGrid::Entered, "填充列", "以天数填充(&D)");
+    EXPECT_NE(cell(before - 1, OrderGrid::Entered), "");
+    EXPECT_EQ(problem(), QString("第 3 行的录入时间“2026-11-21”不是日期加时间"));
+    enter(3, OrderGrid::Entered, "2026-11-20 09:31:00");
+    EXPECT_EQ(problem(), QString());
+    EXPECT_EQ(grid.lines().size(), 3u);
+}
+
 TEST_F(OrderRows, OfAReadOnlyOrderOfferNothingButTheClipboard) {
     grid.setReadOnly(true);
     choose(2, OrderGrid::Code, "复制单元格");
