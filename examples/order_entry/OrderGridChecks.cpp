@@ -88,8 +88,8 @@ std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
     return std::nullopt;
 }
 
-// A line without goods is a note: it needs neither quantity nor warehouse. Only cells that are led to are
-// visited: looking at an order must not fill it.
+// A line without goods but with a remark is a note: it needs neither quantity nor warehouse. Only cells that
+// are led to are visited: looking at an order must not fill it.
 bool OrderGrid::breaksRule(const OrderLine& line, Column col) {
     if (line.code.isEmpty()) return false;
     return (col == Quantity && line.quantity.value_or(0) == 0) ||
@@ -97,8 +97,12 @@ bool OrderGrid::breaksRule(const OrderLine& line, Column col) {
 }
 
 // Fills and copies of the control put texts into cells that nobody has checked. Dates and times of a line
-// that says nothing are not kept.
+// that says nothing are not kept; one with a quantity and neither goods nor a remark is nobody's intention: a
+// column was filled further down than the order goes.
 QString OrderGrid::whyUnsavable(const OrderLine& line, Column col, const QString& text) {
+    const bool note = line.code.isEmpty() && !line.remark.isEmpty();
+    if (col == Code && line.code.isEmpty() && !note && !line.isEmpty())
+        return u"没有填写:没有货号的行要有备注,否则请删除这一行"_s;
     const bool dropped = line.isEmpty() && (col == Delivery || col == Slot || col == Entered);
     if (text.isEmpty() || dropped) return {};
     const auto unless = [&](bool good, const char16_t* why) {

@@ -35,6 +35,8 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     void report(std::string_view setting) { seat->settingChanged(setting); }
     void showError(std::string_view text, std::string_view title);
     void realign();
+    /// Loading works on the grids directly: afterwards the control stands as they do.
+    void settleAfterReading();
     /// The fixed area may have come over the current cell, where a clerk who is in the grid could not type
     /// on. A text that is being typed stays where it is: the cell moves when the editor gives the keyboard
     /// back.

@@ -125,6 +125,11 @@ void kxGrid::Parts::leaveFixedArea() {
     if (input.keyboardInGrid() && !editor.visible()) navigation.leaveFixedArea();
 }
 
+void kxGrid::Parts::settleAfterReading() {
+    realign();
+    leaveFixedArea();
+}
+
 void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
     showMessage({std::string(text), CriticalStyle, std::string(title)});
 }
@@ -151,11 +156,15 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
         p.wheel.hook(*p.seat);
         grid::SettingsLoading::underway(false);
         p.flags.changed = false;
+        p.settleAfterReading();
     } catch (const std::exception& error) {
         p.showError("ReadProperError:" + std::string(error.what()), SettingsErrorTitle);
+        try {
+            p.settleAfterReading();
+        } catch (const std::exception&) {
+            // A handler of the host's own; the box above has told of the failure.
+        }
     }
-    p.realign();
-    p.leaveFixedArea();
 }
 
 void kxGrid::WriteProperties(PropertyBag& bag) {

@@ -48,7 +48,14 @@ void FileBag::Write(std::string_view name, const Variant& value) {
     text_.Write(name, value);
 }
 
+void FileBag::clear() {
+    if (!damage().empty()) cleared_ = damage();
+    text_.clear();
+}
+
+/// After the read that failed on the damage no control writes: what is empty then must not replace it.
 void FileBag::save() const {
+    if (!cleared_.empty() && text_.values().size() == 0) throw BagError(cleared_);
     const std::string text = text_.text();
     QSaveFile file(path_);
     const bool saved = file.open(QIODevice::WriteOnly) &&

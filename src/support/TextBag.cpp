@@ -24,7 +24,8 @@ class Lines {
     std::optional<std::string_view> next() {
         while (!rest_.empty()) {
             const std::string_view line = take();
-            if (!line.empty() && !line.starts_with('#')) return line;
+            const bool blank = line.find_first_not_of(" \t") == std::string_view::npos;
+            if (!blank && !line.starts_with('#')) return line;
         }
         return std::nullopt;
     }

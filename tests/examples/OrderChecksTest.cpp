@@ -37,7 +37,18 @@ TEST_F(OrderSheet, ALineGivesUpItsGoodsWhenTheCodeIsCleared) {
     EXPECT_EQ(cell(1, OrderGrid::Code), "");
     EXPECT_EQ(cell(1, OrderGrid::Name), "");
     EXPECT_TRUE(grid.commit());
-    EXPECT_EQ(problem(), QString());
+    EXPECT_EQ(problem(), "第 1 行的货号没有填写:没有货号的行要有备注,否则请删除这一行");
+    enter(1, OrderGrid::Remark, "另行通知");
+    EXPECT_EQ(problem(), QString()) << "a note";
+}
+
+TEST_F(OrderSheet, AColumnThatWasFilledFurtherDownThanTheOrderGoesIsNotSavedAsLines) {
+    enterLine(1, "100001");
+    at(1, OrderGrid::Quantity);
+    desk.onPopup([](kxVsGrid::headless::PoppedMenu& menu) { menu.choose("填充列", "复制单元格(&C)"); });
+    desk.rightClick(1, OrderGrid::Quantity);
+    EXPECT_EQ(cell(2, OrderGrid::Quantity), cell(1, OrderGrid::Quantity));
+    EXPECT_EQ(problem(), "第 2 行的货号没有填写:没有货号的行要有备注,否则请删除这一行");
 }
 
 TEST_F(OrderSheet, ADeliveryDateIsRewrittenOrRefused) {

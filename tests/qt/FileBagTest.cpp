@@ -182,9 +182,13 @@ TEST_F(FileBagTest, ThatIsDamagedIsToldInTheBoxAndNotOverwritten) {
     bag.Write("Cols", std::int32_t{3});
     EXPECT_EQ(failure([&] { bag.save(); }), bag.damage());
     EXPECT_EQ(content(path), before);
+    const std::string damage = bag.damage();
     bag.clear();
+    EXPECT_EQ(failure([&] { bag.save(); }), damage) << "nothing was written since";
+    EXPECT_EQ(content(path), before);
+    bag.Write("Cols", std::int32_t{3});
     bag.save();
-    EXPECT_EQ(content(path), "kxVsGrid settings 1\nend\n");
+    EXPECT_EQ(content(path), "kxVsGrid settings 1\nCols = Int32 3\nend\n");
     kxGridWidget().grid();  // a newly placed control lets settings be written again
 }
 

@@ -186,7 +186,8 @@ TEST(TextBag, ReadsEveryKindOfLiteral) {
 
 TEST(TextBag, SkipsEmptyLinesAndRemarksAndTakesEitherLineEnd) {
     TextBag bag(
-        "kxVsGrid settings 1\r\n\r\n# a remark = Int32 7\r\na = Int32 1\r\n\n#\nb = Text \"x\"\r\nend\r\n");
+        "kxVsGrid settings 1\r\n\r\n# a remark = Int32 7\r\na = Int32 1\r\n \t \n\n#\nb = Text "
+        "\"x\"\r\nend\r\n");
     EXPECT_EQ(bag.damage(), "");
     EXPECT_EQ(bag.Read("a", 0), Variant(1));
     EXPECT_EQ(bag.Read("b", 0), Variant("x"));

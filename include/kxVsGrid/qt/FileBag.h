@@ -31,9 +31,10 @@ class FileBag : public PropertyBag {
     void Write(std::string_view name, const Variant& value) override;
 
     /// BagError, with the file's name and the reason, when the file cannot be written, or when its text was
-    /// damaged: what could not be read is not overwritten before clear().
+    /// damaged: what could not be read is not overwritten before clear(), nor by a bag that has been given
+    /// nothing since.
     void save() const;
-    void clear() { text_.clear(); }
+    void clear();
 
     const QString& path() const { return path_; }
     /// What is wrong with the text that was read; empty when nothing is.
@@ -42,5 +43,6 @@ class FileBag : public PropertyBag {
   private:
     QString path_;
     TextBag text_;
+    std::string cleared_;  ///< the damage that clear() has put aside
 };
 }  // namespace kxVsGrid::qt

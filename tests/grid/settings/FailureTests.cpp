@@ -329,6 +329,15 @@ TEST_F(FailedWrite, AtAnyKeyEndsThereWithTheBagsOwnWords) {
     }
 }
 
+TEST_F(FailedRead, OfAHandlerThatThrowsInTheMoveOutOfTheFixedAreaGivesOneBox) {
+    desk.focusGrid();
+    store("FixedRows", 3);
+    grid.BeforeRowColChange.connect([](auto, auto, auto, auto, bool&) { throw StoreGone(); });
+    EXPECT_NO_THROW(grid.ReadProperties(bag));
+    EXPECT_EQ(boxes(), failedRead("the store is gone"));
+    EXPECT_EQ(grid.FixedRows(), 3);
+}
+
 TEST_F(FailedWrite, HoldsNobodyBackAfterwards) {
     bag.onWrite = [](const std::string&) { throw StoreGone(); };
     grid.WriteProperties(bag);
