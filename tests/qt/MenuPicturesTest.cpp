@@ -94,6 +94,9 @@ void takeAll(MenuWindow& w, const QString& suffix) {
     takeMenu(w, "menu-rows" + suffix, Code);
     takeMenu(w, "menu-rows-ctrl" + suffix, Code, Qt::ControlModifier);
     takeMenu(w, "menu-rows-no-fill" + suffix, Paid);
+    w.grid().VsCtrl(Name)->sDefaultText_Name("");
+    takeMenu(w, "menu-rows-no-defaults" + suffix, Code);
+    w.grid().VsCtrl(Name)->sDefaultText_Name("件");
     takeFills(w, "menu-fill-number" + suffix, Quantity);
     takeFills(w, "menu-fill-date" + suffix, Date);
     takeFills(w, "menu-fill-text" + suffix, Code);
