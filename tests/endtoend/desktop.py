@@ -251,10 +251,10 @@ class Window:
         if self.process.poll() is not None:
             raise Failure(f"{self.name} ended with {self.process.returncode}:\n{self.desktop.log(self.name)}")
 
-    def keys(self, *names):
-        """Presses and releases keys, by their X names: keys("1", "plus", "ctrl+s", "Return")."""
+    def keys(self, *names, delay=8):
+        """Presses and releases keys, by their X names: keys("1", "plus", "ctrl+s", "Return"); delay: ms after each."""
         self.check_alive()
-        result = self.desktop.xdotool("key", "--clearmodifiers", "--delay", "8", *names)
+        result = self.desktop.xdotool("key", "--clearmodifiers", "--delay", str(delay), *names)
         if result.returncode != 0 or result.stderr:
             raise Failure(f"keys {names}: {result.stderr}")
 

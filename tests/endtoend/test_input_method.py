@@ -60,7 +60,7 @@ def key_case(window, number, case):
         window.keys("Return", "Return", "Up")
         go_to_remark()
     for group in case.keys:
-        window.keys(*group)
+        window.keys(*group, delay=40)  # no clerk is faster, and an input method loses keys that come at once
         window.desktop.settle()
     window.keys("Return")  # the time of entry stays
 
