@@ -6,3 +6,7 @@ target_compile_options(kx_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(kx_warnings INTERFACE -Wno-restrict)
 endif()
+# Where several sources are compiled as one, the compiler takes their unnamed namespaces for those of a header.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_UNITY_BUILD)
+    target_compile_options(kx_warnings INTERFACE -Wno-subobject-linkage)
+endif()

@@ -11,8 +11,8 @@ constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow
 constexpr std::uint32_t ButtonText = 0x80000012;
 
 // The date forms that have no name of their own: a date with half a day, a date with a time.
-constexpr auto DateAndHalfDay = static_cast<gEmJudgeType>(4);
-constexpr auto DateAndTime = static_cast<gEmJudgeType>(5);
+constexpr auto HalfDayCheck = static_cast<gEmJudgeType>(4);
+constexpr auto TimeCheck = static_cast<gEmJudgeType>(5);
 
 struct ColumnPlan {
     const char* caption;
@@ -86,8 +86,8 @@ void OrderGrid::setUpRules() {
         grid_.VsCtrl(col)->i字段有效性判断类型(form);
     };
     checkDates(Delivery, ij日期型);
-    checkDates(Slot, DateAndHalfDay);
-    checkDates(Entered, DateAndTime);
+    checkDates(Slot, HalfDayCheck);
+    checkDates(Entered, TimeCheck);
 
     for (const Column copied : {Warehouse, Delivery, Slot}) {
         grid_.VsCtrl(copied)->sDefaultText_Name("[-1,]");

@@ -11,8 +11,8 @@ namespace {
 constexpr const char* GoodsList = "goods";
 
 // The calendars that have no name of their own: a date with half a day, a date with a time.
-constexpr auto DateAndHalfDay = static_cast<gEmHelpType>(4);
-constexpr auto DateAndTime = static_cast<gEmHelpType>(5);
+constexpr auto HalfDayHelp = static_cast<gEmHelpType>(4);
+constexpr auto TimeHelp = static_cast<gEmHelpType>(5);
 
 constexpr const char* Units = "个|百个|件|只|套|台|把|副|盒|箱|桶|卷|根|片|张|米|平方米|千克|吨";
 
@@ -54,8 +54,8 @@ void OrderGridHelp::setUpColumns() {
     offer(OrderGrid::Unit, ih常量型, iText记Name, Units);
     offer(OrderGrid::Warehouse, ih特殊型, iText记Name);
     offer(OrderGrid::Delivery, ih日期型, iText记Code);
-    offer(OrderGrid::Slot, DateAndHalfDay, iText记Code);
-    offer(OrderGrid::Entered, DateAndTime, iText记Code);
+    offer(OrderGrid::Slot, HalfDayHelp, iText记Code);
+    offer(OrderGrid::Entered, TimeHelp, iText记Code);
     grid_.VsCtrl(OrderGrid::Code)->HelpWidth(9600);  // all of the list's columns side by side
 }
 

@@ -2,15 +2,14 @@
 
 #include <algorithm>
 
+#include "support/Decimal.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::cellgrid {
 namespace {
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+using support::isDigit;
 
 /// Numbers with at most this many digits before the point are surely in a double's range.
 constexpr std::int64_t SafeMagnitude = 308;

@@ -63,12 +63,12 @@ std::string formatOf(const Variant& info, std::int32_t entry) {
 }
 
 LookupField fieldOf(const Variant& info, std::int32_t entry) {
-    constexpr std::int32_t WidestColumn = 100'000;
+    constexpr std::int32_t LargestWidth = 100'000;
     LookupField field;
     field.name = attribute(info, entry, HelpPosition::FieldName);
     field.header = attribute(info, entry, HelpPosition::Header);
     if (field.header.empty()) field.header = field.name;
-    field.width = wholeNumber(info, entry, HelpPosition::Width, 1, WidestColumn).value_or(field.width);
+    field.width = wholeNumber(info, entry, HelpPosition::Width, 1, LargestWidth).value_or(field.width);
     field.alignment = static_cast<mEmflexAlign>(
         wholeNumber(info, entry, HelpPosition::Alignment, flexAlignLeftTop, flexAlignGeneral)
             .value_or(flexAlignGeneral));

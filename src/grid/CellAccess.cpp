@@ -3,6 +3,7 @@
 
 #include "grid/Parts.h"
 #include "support/Dates.h"
+#include "support/Decimal.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid {
@@ -12,9 +13,7 @@ bool holds(const CellGrid& grid, std::int32_t row, std::int32_t col) {
     return row >= 0 && col >= 0 && row < grid.Rows() && col < grid.Cols();
 }
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+using support::isDigit;
 
 // Most texts of a number or date column are settled by a short look, which a million writes notice.
 

@@ -11,7 +11,7 @@ namespace kxVsGrid::qt {
 namespace {
 
 /// Beside the text, as in a cell.
-constexpr int SideMargin = 3;
+constexpr int DocumentMargin = 3;
 }  // namespace
 
 LinesBox::LinesBox(BoxEvents& events, QWidget* parent) : QPlainTextEdit(parent), events_(events) {
@@ -21,7 +21,7 @@ LinesBox::LinesBox(BoxEvents& events, QWidget* parent) : QPlainTextEdit(parent),
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    document()->setDocumentMargin(SideMargin);
+    document()->setDocumentMargin(DocumentMargin);
     setAccessibleName(captions::Editor);
     const auto look = [this] {
         events_.clerkActs(true);

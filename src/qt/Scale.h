@@ -36,7 +36,7 @@ class Scale {
 
     /// What is longer than twips can say is as long as they can.
     std::int32_t twips(double pixels) const {
-        constexpr double Longest = std::numeric_limits<std::int32_t>::max() / 2;
+        constexpr double Longest = std::numeric_limits<std::int32_t>::max() / 2.0;
         return static_cast<std::int32_t>(std::lround(std::clamp(pixels / pixelsPerTwip_, -Longest, Longest)));
     }
     /// The smallest rectangle in twips that holds all of the pixels.

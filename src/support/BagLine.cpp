@@ -106,9 +106,9 @@ std::string shortest(Number value) {
 
 // --- Reading
 
-class Reader {
+class LineReader {
   public:
-    explicit Reader(std::string_view line) : rest_(line) {}
+    explicit LineReader(std::string_view line) : rest_(line) {}
 
     void skipBlanks() {
         while (!rest_.empty() && (rest_.front() == ' ' || rest_.front() == '\t')) rest_.remove_prefix(1);
@@ -203,7 +203,7 @@ Variant number(std::string_view word) {
     return Variant(value);
 }
 
-Variant readValue(Reader& in, std::string_view type) {
+Variant readValue(LineReader& in, std::string_view type) {
     if (type == "Empty") return {};
     if (type == "Null") return Variant::null();
     in.skipBlanks();
@@ -245,7 +245,7 @@ std::string bagLineText(std::string_view name, const Variant& value) {
 }
 
 BagLine readBagLine(std::string_view text) {
-    Reader in(text);
+    LineReader in(text);
     in.skipBlanks();
     const bool quotedName = in.atQuote();
     BagLine line{quotedName ? in.quotedText() : std::string(in.word()), {}};

@@ -16,9 +16,9 @@ constexpr std::int64_t kDaysOfEra = 146097;
 constexpr std::int64_t kDaysBefore1970 = 719468;  // since 0000-03-01
 
 // Eats a text from the left.
-class Reader {
+class DateReader {
   public:
-    explicit Reader(std::string_view text) : text_(text) {}
+    explicit DateReader(std::string_view text) : text_(text) {}
 
     bool atEnd() const { return text_.empty(); }
 
@@ -53,13 +53,13 @@ struct Separators {
 };
 constexpr Separators kSeparators[] = {{"-", "-", ""}, {"/", "/", ""}, {".", ".", ""}, {"年", "月", "日"}};
 
-bool readYear(Reader& reader, std::int32_t& year) {
+bool readYear(DateReader& reader, std::int32_t& year) {
     if (!reader.number(2, 4, year) || reader.digits() == 3) return false;
     if (reader.digits() == 2) year += year < kFirstTwoDigitYearOf1900s ? 2000 : 1900;
     return true;
 }
 
-bool readDay(Reader& reader, DateTime& date) {
+bool readDay(DateReader& reader, DateTime& date) {
     if (!readYear(reader, date.year)) return false;
     const auto* const form = std::find_if(std::begin(kSeparators), std::end(kSeparators),
                                           [&](const Separators& s) { return reader.take(s.afterYear); });
@@ -67,7 +67,7 @@ bool readDay(Reader& reader, DateTime& date) {
            reader.take(form->afterMonth) && reader.number(1, 2, date.day) && reader.take(form->afterDay);
 }
 
-bool readTime(Reader& reader, DateTime& date) {
+bool readTime(DateReader& reader, DateTime& date) {
     if (!reader.take(" ") || !reader.number(1, 2, date.hour) || !reader.take(":")) return false;
     if (!reader.number(2, 2, date.minute)) return false;
     return reader.atEnd() || (reader.take(":") && reader.number(2, 2, date.second) && reader.atEnd());
@@ -99,7 +99,7 @@ void appendDigits(std::string& text, std::int32_t value, int digits) {
 }  // namespace
 
 std::optional<DateTime> parseDate(std::string_view text) {
-    Reader reader(trim(text));
+    DateReader reader(trim(text));
     DateTime date;
     if (!readDay(reader, date)) return {};
     if (!reader.atEnd() && !readTime(reader, date)) return {};

@@ -11,9 +11,9 @@ namespace {
 
 using Kind = FrameItem::Kind;
 
-class RandomGrid : public CellGrid {
+class RandomlyDrawnGrid : public CellGrid {
   public:
-    explicit RandomGrid(std::uint32_t seed) : engine_(seed) {
+    explicit RandomlyDrawnGrid(std::uint32_t seed) : engine_(seed) {
         Rows(1 + upTo(40));
         Cols(1 + upTo(12));
         FixedRows(upTo(std::min(3, Rows())));
@@ -84,8 +84,8 @@ class RandomGrid : public CellGrid {
     std::mt19937 engine_;
 };
 
-void checkCell(const RandomGrid& grid, const FrameReader& frame, const FrameState& state, std::int32_t row,
-               std::int32_t col) {
+void checkCell(const RandomlyDrawnGrid& grid, const FrameReader& frame, const FrameState& state,
+               std::int32_t row, std::int32_t col) {
     const Rect area = grid.area(state);
     const bool shown = grid.isShown(row, col, area);
     const bool current =
@@ -106,7 +106,7 @@ TEST(Frame, AgreesWithALookAtEveryCellOfRandomGrids) {
     std::cout << "seed " << seed << "\n";
     for (std::uint32_t round = 0; round < 300 && !testing::Test::HasFailure(); ++round) {
         SCOPED_TRACE("seed " + std::to_string(seed) + ", round " + std::to_string(round));
-        RandomGrid grid(seed + round);
+        RandomlyDrawnGrid grid(seed + round);
         const FrameState state = grid.state();
         const FrameReader frame(grid, state);
         for (std::int32_t row = 0; row < grid.Rows(); ++row)

@@ -9,18 +9,18 @@ namespace kxVsGrid {
 namespace {
 
 using Kind = FrameItem::Kind;
-using Cells = std::set<std::pair<std::int32_t, std::int32_t>>;
+using CellSet = std::set<std::pair<std::int32_t, std::int32_t>>;
 
-Cells cellsWithText(const FrameReader& frame) {
-    Cells cells;
+CellSet cellsWithText(const FrameReader& frame) {
+    CellSet cells;
     for (const auto& item : frame.items())
         if (item.kind == Kind::Text) cells.emplace(item.row, item.col);
     return cells;
 }
 
 /// Rows and columns whose cells are all shown, and no others.
-Cells cells(std::initializer_list<std::int32_t> rows, std::initializer_list<std::int32_t> cols) {
-    Cells result;
+CellSet cells(std::initializer_list<std::int32_t> rows, std::initializer_list<std::int32_t> cols) {
+    CellSet result;
     for (const auto row : rows)
         for (const auto col : cols) result.emplace(row, col);
     return result;

@@ -17,10 +17,6 @@ namespace {
 
 constexpr int Name = 2;  // a column of the form
 
-QString key(int col, const char* suffix) {
-    return toQt(columnKey(col, suffix));
-}
-
 /// The keys whose values differ, or that only one has.
 QStringList difference(const StoredTexts& a, const StoredTexts& b) {
     QStringList names;

@@ -8,10 +8,6 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-QString key(int col, const char* suffix) {
-    return toQt(columnKey(col, suffix));
-}
-
 TEST(DesignedForm, IsSavedAsItWasLoaded) {
     const QString form = formNamed("order.ui");
     const Workbench bench(form);

@@ -60,6 +60,10 @@ class EngineEnds : public ::testing::Environment {
 const ::testing::Environment* const engineEnds = ::testing::AddGlobalTestEnvironment(new EngineEnds);
 }  // namespace
 
+QString key(int col, const char* suffix) {
+    return toQt(columnKey(col, suffix));
+}
+
 StoredTexts storedTexts(const QString& form) {
     StoredTexts texts;
     QXmlStreamReader xml(form);

@@ -55,6 +55,9 @@ class Workbench {
     QDesignerFormWindowInterface* form_ = nullptr;
 };
 
+/// The stored key of a column's setting, as the property sheet names it.
+QString key(int col, const char* suffix);
+
 // --- At the page, with real keys and a real mouse.
 template <class Widget>
 Widget& part(QDialog& page, const char* name) {

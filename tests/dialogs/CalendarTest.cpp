@@ -4,13 +4,11 @@
 namespace kxVsGrid::testing {
 namespace {
 
-using Script = std::function<void(CalendarDialog&)>;
-
 class Calendar : public HelpTest {
   protected:
     Calendar() { desk.setNow(2026, 11, 20, 9, 30, 5); }
 
-    void choose(gEmHelpType type, std::string_view text, const Script& script) {
+    void choose(gEmHelpType type, std::string_view text, const CalendarScript& script) {
         offer(type);
         help<CalendarDialog>(text, script);
     }

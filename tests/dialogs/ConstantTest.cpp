@@ -4,11 +4,9 @@
 namespace kxVsGrid::testing {
 namespace {
 
-using Script = std::function<void(ConstantDialog&)>;
-
 class Constants : public HelpTest {
   protected:
-    void choose(std::string_view constants, const Script& script) {
+    void choose(std::string_view constants, const ConstantScript& script) {
         offer(ih常量型, constants);
         help<ConstantDialog>("text", script);
     }
@@ -117,10 +115,10 @@ TEST_F(Constants, OkOnTheHeaderReturnsNothing) {
 }
 
 TEST_F(Constants, CancelEscapeAndTheFrameReturnNothing) {
-    const std::initializer_list<Script> ends = {
+    const std::initializer_list<ConstantScript> ends = {
         [](ConstantDialog& d) { d.Cancel(); }, [](ConstantDialog& d) { d.press(Key::Escape); },
         [](ConstantDialog& d) { d.closeByFrame(); }, [](ConstantDialog&) {}};
-    for (const Script& end : ends) {
+    for (const ConstantScript& end : ends) {
         choose("A;1", [&](ConstantDialog& d) {
             d.clickRow(1);
             end(d);

@@ -14,24 +14,21 @@
 #include <vector>
 
 #include "grid/events/ClerkTest.h"
+#include "kit/PrintTo.h"
 #include "kxVsGrid/HelpExchange.h"
 #include "kxVsGrid/HelpTable.h"
 #include "support/Text.h"
-
-namespace kxVsGrid {
-inline void PrintTo(const MessageBox& box, std::ostream* out) {
-    *out << '"' << box.title << "\" (" << box.style << "): \"" << box.text << '"';
-}
-inline void PrintTo(const Rect& r, std::ostream* out) {
-    *out << '(' << r.left << ", " << r.top << ", " << r.width << ", " << r.height << ')';
-}
-}  // namespace kxVsGrid
 
 namespace kxVsGrid::testing {
 
 using headless::CalendarDialog;
 using headless::ConstantDialog;
 using headless::LookupDialog;
+
+/// What a clerk does in a dialog.
+using CalendarScript = std::function<void(CalendarDialog&)>;
+using ConstantScript = std::function<void(ConstantDialog&)>;
+using LookupScript = std::function<void(LookupDialog&)>;
 
 /// What stands in the editor.
 struct Pair {

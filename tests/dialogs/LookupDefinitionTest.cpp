@@ -6,13 +6,12 @@
 namespace kxVsGrid::testing {
 namespace {
 
-using Script = std::function<void(LookupDialog&)>;
-
 class LookupDefinition : public HelpTest {
   protected:
     LookupDefinition() { offer(ih通用型, "goods"); }
 
-    void look(const Variant& info, const Variant& data, const Script& script, std::string_view text = {}) {
+    void look(const Variant& info, const Variant& data, const LookupScript& script,
+              std::string_view text = {}) {
         answer(codes(), info, data);
         help<LookupDialog>(text, script);
     }

@@ -10,8 +10,6 @@
 namespace kxVsGrid::testing {
 namespace {
 
-using Script = std::function<void(LookupDialog&)>;
-
 class LookupSearch : public HelpTest {
   protected:
     LookupSearch() { offer(ih通用型, "goods"); }
@@ -27,7 +25,7 @@ class LookupSearch : public HelpTest {
                         {" AB", "dog ", "螺栓M8"},
                         {"螺母", "螺栓M10", "bee"}});
     }
-    void look(const char* search, const Script& script) {
+    void look(const char* search, const LookupScript& script) {
         answer(codes(), info(search), goods());
         help<LookupDialog>("", [&](LookupDialog& d) {
             script(d);

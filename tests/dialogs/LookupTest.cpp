@@ -4,8 +4,6 @@
 namespace kxVsGrid::testing {
 namespace {
 
-using Script = std::function<void(LookupDialog&)>;
-
 class Lookup : public HelpTest {
   protected:
     Lookup() { offer(ih通用型, "goods"); }
@@ -26,7 +24,7 @@ class Lookup : public HelpTest {
         for (int i = 1000; i < 1500; ++i) table.row({std::to_string(i)});
         return table;
     }
-    void look(std::string_view text, const Script& script) { help<LookupDialog>(text, script); }
+    void look(std::string_view text, const LookupScript& script) { help<LookupDialog>(text, script); }
 };
 
 TEST_F(Lookup, ShowsEveryRecordUnderTheHeadersOfTheFields) {

@@ -13,13 +13,8 @@
 #include <vector>
 
 #include "grid/events/ClerkTest.h"
+#include "kit/PrintTo.h"
 #include "support/Text.h"
-
-namespace kxVsGrid {
-inline void PrintTo(const MessageBox& box, std::ostream* out) {
-    *out << '"' << box.title << "\" (" << box.style << "): \"" << box.text << '"';
-}
-}  // namespace kxVsGrid
 
 namespace kxVsGrid::testing {
 

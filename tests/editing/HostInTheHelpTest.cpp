@@ -19,15 +19,15 @@ enum Fate {
 };
 
 /// What a host does.
-struct Act {
+struct HelpAct {
     const char* name;
     std::function<void(Desk&, kxGrid&)> act;
     Fate fate;
     std::int32_t shift = 0;  ///< how far the row of the cell has moved
-    friend std::ostream& operator<<(std::ostream& out, const Act& act) { return out << act.name; }
+    friend std::ostream& operator<<(std::ostream& out, const HelpAct& act) { return out << act.name; }
 };
 
-const Act Acts[] = {
+const HelpAct HelpActs[] = {
     {"Nothing", [](Desk&, kxGrid&) {}, Open},
     // Moving the cell.
     {"Row", [](Desk&, kxGrid& g) { g.Row(4); }, Left},
@@ -74,21 +74,21 @@ const Act Acts[] = {
 
 enum class Moment { AskedForTheList, AskedForItsOwnHelp, AskedToEdit };
 
-class HostInTheHelp : public HelpTest, public ::testing::WithParamInterface<std::tuple<Act, Moment>> {
+class HostInTheHelp : public HelpTest, public ::testing::WithParamInterface<std::tuple<HelpAct, Moment>> {
   protected:
     static constexpr std::int32_t TypedRow = 8;
 
     HostInTheHelp() { rows(12); }
 
     Moment moment() const { return std::get<Moment>(GetParam()); }
-    Fate fate() const { return std::get<Act>(GetParam()).fate; }
-    Cell target() const { return {TypedRow + std::get<Act>(GetParam()).shift, HelpCol}; }
+    Fate fate() const { return std::get<HelpAct>(GetParam()).fate; }
+    Cell target() const { return {TypedRow + std::get<HelpAct>(GetParam()).shift, HelpCol}; }
 
     /// The host acts at its moment, once, then goes on with `then`.
     void hostile(const std::function<void()>& then) {
         const auto act = [this, then, done = std::make_shared<bool>(false)] {
             if (std::exchange(*done, true)) return;
-            std::get<Act>(GetParam()).act(desk, grid);
+            std::get<HelpAct>(GetParam()).act(desk, grid);
             then();
         };
         HelpTable table("货号");
@@ -149,13 +149,13 @@ class HostInTheHelp : public HelpTest, public ::testing::WithParamInterface<std:
     }
 };
 
-std::string nameOfCase(const ::testing::TestParamInfo<std::tuple<Act, Moment>>& tested) {
+std::string nameOfCase(const ::testing::TestParamInfo<std::tuple<HelpAct, Moment>>& tested) {
     constexpr const char* Moments[] = {"WhenAskedForTheList", "WhenAskedForItsOwnHelp", "WhenAskedToEdit"};
-    return std::string(std::get<Act>(tested.param).name) +
+    return std::string(std::get<HelpAct>(tested.param).name) +
            Moments[static_cast<std::size_t>(std::get<Moment>(tested.param))];
 }
 INSTANTIATE_TEST_SUITE_P(Does, HostInTheHelp,
-                         ::testing::Combine(::testing::ValuesIn(Acts),
+                         ::testing::Combine(::testing::ValuesIn(HelpActs),
                                             ::testing::Values(Moment::AskedForTheList,
                                                               Moment::AskedForItsOwnHelp,
                                                               Moment::AskedToEdit)),
@@ -187,7 +187,7 @@ TEST_P(HostInTheHelp, AndFails) {
     hostile([] { throw HostFailure(); });
     EXPECT_THROW(askForHelp(), HostFailure);
     EXPECT_EQ(boxes(), std::vector<MessageBox>{});
-    if (std::string(std::get<Act>(GetParam()).name) == "MoreHelp") {
+    if (std::string(std::get<HelpAct>(GetParam()).name) == "MoreHelp") {
         EXPECT_EQ(inEditor(), (Pair{"A1", "螺栓"})) << "of the inner help, which did not fail";
     } else {
         EXPECT_EQ(traces(), 0);

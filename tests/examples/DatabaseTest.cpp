@@ -12,18 +12,19 @@
 
 namespace {
 // The file as it is, without what opening it through the program does.
-class Connection {
+class DatabaseConnection {
   public:
-    explicit Connection(const QString& file) : database_(QSqlDatabase::addDatabase("QSQLITE", "raw")) {
+    explicit DatabaseConnection(const QString& file)
+        : database_(QSqlDatabase::addDatabase("QSQLITE", "raw")) {
         database_.setDatabaseName(file);
         EXPECT_TRUE(database_.open());
     }
-    ~Connection() {
+    ~DatabaseConnection() {
         database_ = {};
         QSqlDatabase::removeDatabase("raw");
     }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
+    DatabaseConnection(const DatabaseConnection&) = delete;
+    DatabaseConnection& operator=(const DatabaseConnection&) = delete;
 
     void run(const QString& statement) {
         QSqlQuery query(database_);
@@ -51,7 +52,7 @@ class DatabaseFile : public Scratch {
 
     /// A file as the program's first version left it, with order 7 of one line.
     void makeEarlierLayout() {
-        Connection connection(madeDatabase());
+        DatabaseConnection connection(madeDatabase());
         connection.run("DROP TABLE order_line");
         connection.run("ALTER TABLE sales_order DROP COLUMN is_approved");
         connection.run(
@@ -148,7 +149,7 @@ TEST_F(DatabaseFile, OfTheEarlierLayoutIsUpgradedAndKeepsItsOrders) {
 
 TEST_F(DatabaseFile, OfTheSecondLayoutIsUpgradedAndItsOrdersCanBeApproved) {
     {
-        Connection connection(madeDatabase());
+        DatabaseConnection connection(madeDatabase());
         connection.run("ALTER TABLE sales_order DROP COLUMN is_approved");
         connection.run("INSERT INTO sales_order VALUES (7, 'A-7', '2026-02-20', 1, 1)");
         connection.run("PRAGMA user_version = 2");
@@ -170,14 +171,14 @@ TEST_F(DatabaseFile, IsUpgradedOnceOnly) {
 TEST_F(DatabaseFile, ThatCannotBeUpgradedIsReportedAndLeftAlone) {
     makeEarlierLayout();
     {
-        Connection connection(databaseFile());
+        DatabaseConnection connection(databaseFile());
         connection.run("ALTER TABLE order_line ADD COLUMN entered_at TEXT");
     }
     const QString text = failure(databaseFile());
     EXPECT_TRUE(text.contains("升级数据库失败")) << text.toStdString();
     EXPECT_TRUE(text.contains(databaseFile())) << text.toStdString();
     EXPECT_TRUE(text.contains("duplicate column name: entered_at")) << text.toStdString();
-    Connection connection(databaseFile());
+    DatabaseConnection connection(databaseFile());
     EXPECT_EQ(connection.value("PRAGMA user_version").toInt(), 1);
     EXPECT_EQ(connection
                   .value("SELECT COUNT(*) FROM pragma_table_info('order_line')"

@@ -7,11 +7,6 @@
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
-namespace {
-
-/// U+20000, beyond the basic plane.
-const QString Rare = QString::fromUcs4(U"\U00020000");
-}  // namespace
 
 TEST(Encoding, CountsCodePoints) {
     const QString text = "a" + Rare + "b";

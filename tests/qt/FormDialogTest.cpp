@@ -16,8 +16,6 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-const QString Rare = QString::fromUcs4(U"\U00020000");
-
 QStringList itemsOf(const QComboBox& box) {
     QStringList items;
     for (int i = 0; i < box.count(); ++i) items << box.itemText(i);

@@ -5,10 +5,6 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-CellGrid& list(const Dialog& d) {
-    return dynamic_cast<FormGrid&>(d.part("CzxsGrid")).grid();
-}
-
 constexpr std::int32_t NameColumn = 1;
 constexpr std::int32_t ValueColumn = 2;
 }  // namespace

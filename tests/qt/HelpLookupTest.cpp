@@ -12,10 +12,6 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-CellGrid& list(const Dialog& d) {
-    return dynamic_cast<FormGrid&>(d.part("CzxsGrid")).grid();
-}
-
 std::string chosen(const Dialog& d) {
     return list(d).Text(list(d).Row(), GoodCode);
 }

@@ -28,4 +28,9 @@ class HelpWindow : public Window {
 };
 
 enum Good : std::int32_t { GoodCode, GoodName, GoodInitials, GoodPrice };
+
+/// The list of records or constants that a dialog shows.
+inline CellGrid& list(const Dialog& d) {
+    return dynamic_cast<FormGrid&>(d.part("CzxsGrid")).grid();
+}
 }  // namespace kxVsGrid::qt::testing

@@ -1,6 +1,7 @@
 #include "qt/Settings.h"
 
 #include "kxVsGrid/StoredKeys.h"
+#include "kxVsGrid/qt/kxGridWidget.h"
 
 namespace kxVsGrid::qt::testing {
 
@@ -45,5 +46,11 @@ MemoryBag orderSettings() {
         for (const StoredKey& key : columnKeys()) bag.Write(columnKey(col, key.written), values[i++]);
     }
     return bag;
+}
+
+std::string loadedFrom(MemoryBag bag) {
+    kxGridWidget widget;
+    widget.grid().ReadProperties(bag);
+    return settingsOf(widget.grid());
 }
 }  // namespace kxVsGrid::qt::testing

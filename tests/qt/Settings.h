@@ -16,6 +16,9 @@ inline std::string settingsOf(kxGrid& grid) {
     return bag.text();
 }
 
+/// The same of a widget that has read these settings.
+std::string loadedFrom(MemoryBag bag);
+
 /// The stored settings of an order's lines in four columns.
 MemoryBag orderSettings();
 }  // namespace kxVsGrid::qt::testing

@@ -26,13 +26,6 @@ class Unseen {
     }
 };
 
-/// What ReadProperties makes of the same settings.
-std::string loadedFrom(MemoryBag bag) {
-    kxGridWidget widget;
-    widget.grid().ReadProperties(bag);
-    return settingsOf(widget.grid());
-}
-
 std::set<std::string> gridKeyNames() {
     std::set<std::string> names;
     for (const StoredKey& key : gridKeys()) names.emplace(key.written);

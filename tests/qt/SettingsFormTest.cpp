@@ -52,12 +52,6 @@ struct Compiled {
     Compiled() { ui.setupUi(&form); }
 };
 
-std::string loadedFrom(MemoryBag bag) {
-    kxGridWidget widget;
-    widget.grid().ReadProperties(bag);
-    return settingsOf(widget.grid());
-}
-
 /// A form of nothing but a grid with these settings, as a designer would write them.
 QByteArray formOf(const std::vector<MemoryBag::Entry>& settings) {
     QByteArray text;

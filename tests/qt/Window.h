@@ -20,6 +20,9 @@ namespace kxVsGrid::qt::testing {
 
 enum Column : std::int32_t { Number, Code, Name, Quantity, Paid, Date, Remark, Count };
 
+/// U+20000, beyond the basic plane: two units of a QString.
+inline const QString Rare = QString::fromUcs4(U"\U00020000");
+
 class Window {
   public:
     Window();

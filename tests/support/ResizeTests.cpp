@@ -2,18 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <ostream>
 #include <string>
 #include <vector>
 
+#include "kit/PrintTo.h"
 #include "kxVsGrid/cResize.h"
 
 namespace kxVsGrid {
-
-void PrintTo(const Rect& r, std::ostream* out) {
-    *out << '(' << r.left << ", " << r.top << ", " << r.width << ", " << r.height << ')';
-}
-
 namespace {
 
 constexpr Rect Place{120, 240, 600, 300};

@@ -18,7 +18,7 @@ namespace kxVsGrid::qt {
 class FileBag : public PropertyBag {
   public:
     /// The longest file that is read, in bytes.
-    static constexpr qint64 LongestFile = 64 * 1024 * 1024;
+    static constexpr qint64 LongestFile = qint64{64} * 1024 * 1024;
 
     /// A file that does not exist yet is a bag without values. BagError, with its name and the reason, for
     /// one that cannot be read or is longer than LongestFile. Damage inside the file is told when a value is

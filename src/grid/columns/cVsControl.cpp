@@ -26,14 +26,14 @@ using AnyProperty =
                  TextProperty, Property<mEmflexAlign>, Property<mEmDataType>, Property<gEmHelpType>,
                  Property<gEmShowCodeName>, Property<gEmNotAllowEmptyType>, Property<gEmJudgeType>>;
 
-struct Entry {
+struct PropertyEntry {
     std::string_view name;
     AnyProperty property;
 };
 
 // In the order of the interface; the position is the property's number.
 using C = cVsControl;
-constexpr Entry kEntries[] = {
+constexpr PropertyEntry kEntries[] = {
     {"iColAlignment", Property<mEmflexAlign>{&C::iColAlignment, &C::iColAlignment}},
     {"iType", Property<mEmDataType>{&C::iType, &C::iType}},
     {"bIsEditable", Property<bool>{&C::bIsEditable, &C::bIsEditable}},
@@ -121,9 +121,10 @@ void write(cVsControl& column, Property<T> property, const Variant& value) {
         (column.*property.put)(value.toDouble());
 }
 
-const Entry& entryOf(std::string_view name) {
-    const auto* const entry = std::find_if(std::begin(kEntries), std::end(kEntries),
-                                           [name](const Entry& candidate) { return candidate.name == name; });
+const PropertyEntry& entryOf(std::string_view name) {
+    const auto* const entry =
+        std::find_if(std::begin(kEntries), std::end(kEntries),
+                     [name](const PropertyEntry& candidate) { return candidate.name == name; });
     if (entry == std::end(kEntries)) throw GridError("cVsControl has no property " + std::string(name));
     return *entry;
 }

@@ -89,6 +89,7 @@ void FormTextBox::focusLost(const QFocusEvent& event) {
 // --- As text boxes of dialogs do ------------------------------------------------------------------------
 
 bool FormTextBox::leave(bool forward) {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): in the window's own order, not as an editor does
     return QLineEdit::focusNextPrevChild(forward);
 }
 
@@ -98,6 +99,7 @@ void FormTextBox::menu(const QPoint& place) {
 }
 
 void FormTextBox::paintEvent(QPaintEvent* event) {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): without the edge of an editor
     QLineEdit::paintEvent(event);
 }
 }  // namespace kxVsGrid::qt

@@ -17,6 +17,10 @@
 
 namespace kxVsGrid::testing {
 
+/// Colours as the control counts them: blue in the high byte.
+inline constexpr std::uint32_t Red = 0x0000FF;
+inline constexpr std::uint32_t Yellow = 0x00FFFF;
+
 inline Lines operator+(Lines left, const Lines& right) {
     left.insert(left.end(), right.begin(), right.end());
     return left;

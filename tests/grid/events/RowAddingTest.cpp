@@ -5,9 +5,6 @@
 namespace kxVsGrid::testing {
 namespace {
 
-constexpr std::uint32_t kRed = 0x0000FF;
-constexpr std::uint32_t kYellow = 0x00FFFF;
-
 class RowAdding : public ClerkTest {
   protected:
     static Lines asksTheHost(std::int32_t row) { return asksForRow(row, true); }
@@ -224,16 +221,16 @@ TEST_F(RowAdding, AddsTheRowAlsoWhenTheHostCancelsTheMove) {
 TEST_F(RowAdding, PaintsTheNewRowInTheColumnsOfTheirOwnColour) {
     for (int c : {0, 2, 5}) {
         column(c).b是否设列颜色(true);
-        column(c).d列前景色(kRed);
-        column(c).d列背景色(kYellow);
+        column(c).d列前景色(Red);
+        column(c).d列背景色(Yellow);
     }
-    column(3).d列前景色(kRed);
-    column(3).d列背景色(kYellow);
+    column(3).d列前景色(Red);
+    column(3).d列背景色(Yellow);
     for (std::int32_t position : {6, 2}) {
         grid.AddRow(position, false, false);
         for (int c : {0, 2, 5}) {
-            EXPECT_EQ(grid.Grid().CellForeColor(position, c), kRed) << position << ' ' << c;
-            EXPECT_EQ(grid.Grid().CellBackColor(position, c), kYellow) << position << ' ' << c;
+            EXPECT_EQ(grid.Grid().CellForeColor(position, c), Red) << position << ' ' << c;
+            EXPECT_EQ(grid.Grid().CellBackColor(position, c), Yellow) << position << ' ' << c;
         }
         for (int c : {1, 3, 4}) {
             EXPECT_EQ(grid.Grid().CellForeColor(position, c), std::nullopt) << position << ' ' << c;
@@ -358,17 +355,17 @@ class LastRowCheck : public RowAdding {};
 TEST_F(LastRowCheck, AppendsOneRowAndMovesNothing) {
     consentToRows();
     column(2).b是否设列颜色(true);
-    column(2).d列前景色(kRed);
-    column(2).d列背景色(kYellow);
-    column(3).d列背景色(kYellow);
+    column(2).d列前景色(Red);
+    column(2).d列背景色(Yellow);
+    column(3).d列背景色(Yellow);
     column(4).sDefaultText_Name("件");
     at(5, 1);
     desk.type("a");
     EXPECT_EQ(heard(), asksForRow(5, false) + opens());
     EXPECT_EQ(grid.Rows(), 7);
     EXPECT_EQ(grid.RowHeight(6), 300);
-    EXPECT_EQ(grid.Grid().CellForeColor(6, 2), kRed);
-    EXPECT_EQ(grid.Grid().CellBackColor(6, 2), kYellow);
+    EXPECT_EQ(grid.Grid().CellForeColor(6, 2), Red);
+    EXPECT_EQ(grid.Grid().CellBackColor(6, 2), Yellow);
     EXPECT_EQ(grid.Grid().CellBackColor(6, 3), std::nullopt);
     EXPECT_EQ(text(6, 4), "");
     EXPECT_EQ(text(6, 0), "6");

@@ -4,9 +4,6 @@
 namespace kxVsGrid::testing {
 namespace {
 
-constexpr std::uint32_t kRed = 0x0000FF;
-constexpr std::uint32_t kYellow = 0x00FFFF;
-
 class RowKeys : public ClerkTest {
   protected:
     void consentToDeletes() {
@@ -14,12 +11,12 @@ class RowKeys : public ClerkTest {
     }
     void coloured(std::int32_t col) {
         column(col).b是否设列颜色(true);
-        column(col).d列前景色(kRed);
-        column(col).d列背景色(kYellow);
+        column(col).d列前景色(Red);
+        column(col).d列背景色(Yellow);
     }
     void expectColoured(std::int32_t row, std::int32_t col) {
-        EXPECT_EQ(grid.Grid().CellForeColor(row, col), kRed) << row << ' ' << col;
-        EXPECT_EQ(grid.Grid().CellBackColor(row, col), kYellow) << row << ' ' << col;
+        EXPECT_EQ(grid.Grid().CellForeColor(row, col), Red) << row << ' ' << col;
+        EXPECT_EQ(grid.Grid().CellBackColor(row, col), Yellow) << row << ' ' << col;
     }
 };
 
