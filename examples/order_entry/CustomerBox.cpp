@@ -1,16 +1,14 @@
 #include "CustomerBox.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QCompleter>
 #include <QKeyEvent>
+#include <QListView>
 #include <QStandardItemModel>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int SearchRole = Qt::UserRole;
+constexpr int MostRowsShown = 12;
 
 QString shown(const Customer& customer) {
     return customer.code + u"  "_s + customer.name;
@@ -19,37 +17,26 @@ QString shown(const Customer& customer) {
 QString searchText(const Customer& customer) {
     return customer.code + u' ' + customer.name + u' ' + customer.pinyin;
 }
-
-// Searches in all that is known of a customer, but completes to what the field shows.
-class CustomerCompleter : public QCompleter {
-  public:
-    using QCompleter::QCompleter;
-    QString pathFromIndex(const QModelIndex& index) const override {
-        return index.data(Qt::DisplayRole).toString();
-    }
-};
 }  // namespace
 
-CustomerBox::CustomerBox(QWidget* parent) : QLineEdit(parent), model_(new QStandardItemModel(this)) {
-    auto* finder = new CustomerCompleter(model_, this);
-    finder->setCompletionRole(SearchRole);
-    finder->setFilterMode(Qt::MatchContains);
-    finder->setCaseSensitivity(Qt::CaseInsensitive);
-    finder->setMaxVisibleItems(12);
-    setCompleter(finder);
-    finder->popup()->installEventFilter(this);  // after the completer, so that this filter is asked first
+CustomerBox::CustomerBox(QWidget* parent) : QLineEdit(parent), offered_(new QStandardItemModel(this)) {
     setPlaceholderText(u"编码、名称或拼音首字母"_s);
     connect(this, &QLineEdit::textChanged, this, &CustomerBox::customerChanged);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+        if (text.trimmed().isEmpty())
+            closeList();
+        else
+            offer(text.trimmed());
+    });
+}
+
+CustomerBox::~CustomerBox() {
+    delete list_;
 }
 
 void CustomerBox::setCustomers(const std::vector<Customer>& customers) {
     customers_ = customers;
-    model_->clear();
-    for (const Customer& one : customers_) {
-        auto* item = new QStandardItem(shown(one));
-        item->setData(searchText(one), SearchRole);
-        model_->appendRow(item);
-    }
+    closeList();
     emit customerChanged();
 }
 
@@ -99,55 +86,128 @@ void CustomerBox::resolve() {
     if (const Customer* one = meant()) setCustomerId(one->id);
 }
 
-void CustomerBox::offer() {
-    if (isReadOnly()) return;
-    completer()->setCompletionPrefix(customer() ? QString() : text().trimmed());
-    completer()->complete();
-    QAbstractItemView* list = completer()->popup();
-    if (list->model()->rowCount() > 0) list->setCurrentIndex(list->model()->index(0, 0));
-}
-
 void CustomerBox::enter() {
-    QAbstractItemView* list = completer()->popup();
-    if (list->isVisible() && list->currentIndex().isValid()) setText(list->currentIndex().data().toString());
-    resolve();
+    if (!takeChosen()) resolve();
     if (customer()) {
-        list->hide();
+        closeList();
         emit accepted();
     } else {
-        offer();
+        choose(1);
     }
 }
 
-// The list of the completer hands its keys here first.
+// --- The list -------------------------------------------------------------------------------------------
+
+bool CustomerBox::listShown() const {
+    return list_ && list_->isVisible();
+}
+
+void CustomerBox::offer(const QString& text) {
+    if (isReadOnly()) return;
+    offered_->clear();
+    for (const Customer& one : customers_) {
+        if (!searchText(one).contains(text, Qt::CaseInsensitive)) continue;
+        offered_->appendRow(new QStandardItem(shown(one)));
+    }
+    if (offered_->rowCount() == 0) {
+        closeList();
+        return;
+    }
+    if (!list_) {
+        list_ = new QListView(window());
+        list_->setObjectName(u"customers"_s);
+        list_->setAccessibleName(u"客户"_s);
+        list_->setFocusPolicy(Qt::NoFocus);
+        list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        list_->setUniformItemSizes(true);
+        list_->setModel(offered_);
+        connect(list_, &QListView::clicked, this, &CustomerBox::take);
+    }
+    list_->setCurrentIndex({});
+    list_->scrollToTop();
+    placeList();
+    list_->show();
+    list_->raise();
+}
+
+void CustomerBox::placeList() {
+    const int rows = std::min(offered_->rowCount(), MostRowsShown);
+    const QPoint below = mapTo(window(), QPoint(0, height()));
+    const int wanted = rows * list_->sizeHintForRow(0) + 2 * list_->frameWidth();
+    list_->setGeometry(below.x(), below.y(), width(), std::min(wanted, window()->height() - below.y()));
+}
+
+void CustomerBox::choose(int step) {
+    if (!listShown()) offer(customer() ? QString() : text().trimmed());
+    if (!listShown()) return;
+    const int last = offered_->rowCount() - 1;
+    const int row = std::clamp(list_->currentIndex().row() + step, 0, last);
+    list_->setCurrentIndex(offered_->index(row, 0));
+}
+
+bool CustomerBox::takeChosen() {
+    if (!listShown() || !list_->currentIndex().isValid()) return false;
+    take(list_->currentIndex());
+    return true;
+}
+
+void CustomerBox::take(const QModelIndex& entry) {
+    const QString chosen = entry.data().toString();
+    closeList();
+    setText(chosen);
+    setCursorPosition(0);
+}
+
+void CustomerBox::closeList() {
+    if (list_) list_->hide();
+}
+
+// --- Events ---------------------------------------------------------------------------------------------
+
 void CustomerBox::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            enter();
-            break;
+            return enter();
         case Qt::Key_Down:
-            offer();
-            break;
+            return choose(1);
+        case Qt::Key_Up:
+            if (listShown()) choose(-1);
+            return;
+        case Qt::Key_PageDown:
+            return choose(MostRowsShown);
+        case Qt::Key_PageUp:
+            if (listShown()) choose(-MostRowsShown);
+            return;
+        case Qt::Key_Escape:
+            if (!listShown()) break;
+            return closeList();
         default:
-            QLineEdit::keyPressEvent(event);
+            break;
     }
+    QLineEdit::keyPressEvent(event);
 }
 
-// A busy desktop still hands keys to the list for a moment after it was closed. They are meant for whoever
-// has the keyboard now, and would end in this field.
-bool CustomerBox::eventFilter(QObject* watched, QEvent* event) {
-    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease ||
-                     event->type() == QEvent::ShortcutOverride;
-    QWidget* list = completer() ? completer()->popup() : nullptr;
-    QWidget* owner = QApplication::focusWidget();
-    if (!key || watched != list || list->isVisible() || !owner || owner == list)
-        return QLineEdit::eventFilter(watched, event);
-    QCoreApplication::sendEvent(owner, event);
-    return true;
+void CustomerBox::mousePressEvent(QMouseEvent* event) {
+    closeList();
+    QLineEdit::mousePressEvent(event);
 }
 
 void CustomerBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) resolve();
+    const bool comesBack =
+        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+    if (!comesBack && !takeChosen()) resolve();
+    closeList();
+}
+
+void CustomerBox::resizeEvent(QResizeEvent* event) {
+    QLineEdit::resizeEvent(event);
+    if (listShown()) placeList();
+}
+
+void CustomerBox::hideEvent(QHideEvent* event) {
+    closeList();
+    QLineEdit::hideEvent(event);
 }

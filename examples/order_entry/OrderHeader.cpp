@@ -24,9 +24,8 @@ OrderHeader::OrderHeader(QWidget* parent)
     customer_->setObjectName(u"customer"_s);
     contact_->setObjectName(u"contact"_s);
     layOut();
-    for (QWidget* field :
-         {static_cast<QWidget*>(number_), static_cast<QWidget*>(date_), static_cast<QWidget*>(customer_)})
-        field->installEventFilter(this);
+    number_->installEventFilter(this);
+    date_->installEventFilter(this);
     connect(number_, &QLineEdit::textChanged, this, &OrderHeader::changed);
     connect(date_, &QDateEdit::dateChanged, this, &OrderHeader::changed);
     connect(date_, &QDateEdit::dateChanged, this, &OrderHeader::dateChanged);
@@ -115,8 +114,7 @@ bool OrderHeader::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            if (watched == number_) focus(Field::Date);
-            if (watched == date_) focus(Field::Customer);
+            focus(watched == number_ ? Field::Date : Field::Customer);
             return true;
         }
     }

@@ -1,6 +1,4 @@
 // The whole window: orders keyed, saved, opened, left.
-#include <QAbstractItemView>
-#include <QCompleter>
 #include <QDir>
 #include <QImage>
 #include <QLineEdit>
@@ -221,16 +219,6 @@ TEST_F(OrderEntry, ACustomerIsFoundByItsInitials) {
     const Customer wanted = Catalogue(database).customers().at(41);
     play({"type " + wanted.pinyin, "key Tab"});
     EXPECT_EQ(window->onScreen().customer, wanted.id);
-}
-
-TEST_F(OrderEntry, KeysThatStillReachTheClosedListOfCustomersGoToTheGrid) {
-    open();
-    play({"type K0002", "key Enter"});
-    QAbstractItemView* list = window->header().findChild<CustomerBox*>("customer")->completer()->popup();
-    ASSERT_FALSE(list->isVisible());
-    QTest::keyClicks(list, "100001");
-    EXPECT_EQ(grid().Text(), "100001");
-    EXPECT_EQ(window->onScreen().customer, 2);
 }
 
 TEST_F(OrderEntry, AWholeRowIsVisibleAtTheFirstSize) {
