@@ -30,6 +30,7 @@
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/Members.h"
+#include "kxVsGrid/Options.h"
 #include "kxVsGrid/Platform.h"
 #include "kxVsGrid/PropertyBag.h"
 #include "kxVsGrid/cVsControl.h"
@@ -53,6 +54,10 @@ class kxGrid : public GridEvents {
     void ReadProperties(PropertyBag& bag);
     /// Saves them; nothing while a control of the process is being loaded. An error shows a message box.
     void WriteProperties(PropertyBag& bag);
+
+    /// Switches beyond what is stored; they take effect with the next act of the clerk.
+    GridOptions& Options();
+    const GridOptions& Options() const;
 
     // --- The editor.
     /// Applies the current column's rules and commits an open editor. False when the input is refused.

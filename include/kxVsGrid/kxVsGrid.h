@@ -11,6 +11,7 @@
 #include "kxVsGrid/HelpExchange.h"
 #include "kxVsGrid/HelpTable.h"
 #include "kxVsGrid/MemoryBag.h"
+#include "kxVsGrid/Options.h"
 #include "kxVsGrid/Platform.h"
 #include "kxVsGrid/PropertyBag.h"
 #include "kxVsGrid/StoredKeys.h"

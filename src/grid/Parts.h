@@ -98,6 +98,7 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     CellGrid sums;
     columns::ColumnArray columns;
     grid::ControlFlags flags;
+    GridOptions options;
     events::MoveFlags moves;
     std::unique_ptr<Seat> seat;
     grid::TotalRow totals;

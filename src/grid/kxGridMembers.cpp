@@ -17,6 +17,14 @@ bool kxGrid::bIsDirty() const {
     return parts_->flags.Editable && parts_->flags.changed;
 }
 
+GridOptions& kxGrid::Options() {
+    return parts_->options;
+}
+
+const GridOptions& kxGrid::Options() const {
+    return parts_->options;
+}
+
 bool kxGrid::IsActive() const {
     return parts_->input.active();
 }

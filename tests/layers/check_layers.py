@@ -35,7 +35,7 @@ PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid Frame",
     "platform": "Platform",
-    "grid/columns": "GridEvents cVsControl",
+    "grid/columns": "GridEvents Options cVsControl",
     "dialogs": "ControlPage HelpExchange HelpTable",
     "grid": "GridColumns StoredKeys kxGrid",
     "headless": "kxVsGrid",  # the umbrella stands above all that it includes
