@@ -55,11 +55,17 @@ def _processes_below(root):
 
 
 def _processor_time(process):
-    """Nanoseconds that a process has had a processor; None when it has ended."""
-    try:
-        return pathlib.Path(f"/proc/{process}/schedstat").read_text().split()[0]
-    except OSError:
-        return None
+    """Nanoseconds that each thread of a process has had a processor, and whether one wants it now."""
+    times = {}
+    wanted = False
+    for task in pathlib.Path(f"/proc/{process}/task").glob("[0-9]*"):
+        try:
+            times[task.name] = (task / "schedstat").read_text().split()[0]
+            # On a busy machine a thread with work to do may go without a processor for long.
+            wanted |= (task / "stat").read_text(errors="replace").rpartition(")")[2].split()[0] in "RD"
+        except OSError:
+            pass  # it ended meanwhile
+    return times, wanted
 
 
 def _die_with_parent():
@@ -157,7 +163,8 @@ class Desktop:
             programs = _processes_below(os.getpid())
             before = [_processor_time(program) for program in programs]
             time.sleep(0.08)
-            return before == [_processor_time(program) for program in programs]
+            after = [_processor_time(program) for program in programs]
+            return before == after and not any(wanted for _, wanted in after)
 
         wait_for("the programs to come to rest", still)
 

@@ -3,7 +3,6 @@
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QMenu>
-#include <QTimer>
 
 #include "CustomerBox.h"
 #include "OrderEntry.h"
@@ -26,16 +25,14 @@ class ApprovedOrder : public OrderEntry {
         QStringList offered;
         grid().Grid().Select(row, col);
         auto* view = QApplication::focusWidget();
-        QTimer::singleShot(50, qApp, [&] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            ASSERT_NE(menu, nullptr);
-            for (QAction* action : menu->actions()) {
+        kxVsGrid::kit::whenOpen<QMenu>([&](QMenu& menu) {
+            for (QAction* action : menu.actions()) {
                 if (action->isSeparator()) continue;
                 offered << action->text();
-                if (action->text() == text) menu->setActiveAction(action);
+                if (action->text() == text) menu.setActiveAction(action);
             }
-            QTest::keyClick(menu, Qt::Key_Return);
-            if (menu->isVisible()) menu->close();
+            QTest::keyClick(&menu, Qt::Key_Return);
+            if (menu.isVisible()) menu.close();
         });
         const kxVsGrid::Rect place = grid().Grid().CellRect(row, col);
         QTest::mouseClick(view, Qt::RightButton, {},

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "kit/WhenOpen.h"
+
 namespace {
 class KeyScript : public testing::Test {
   protected:
@@ -24,7 +26,7 @@ class KeyScript : public testing::Test {
         QString error = "not finished";
         QObject::connect(&player, &KeyPlayer::finished, &player, [&](const QString& text) { error = text; });
         player.start();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return error != "not finished"; }, 10000));
+        EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return error != "not finished"; }));
         return error;
     }
 

@@ -9,6 +9,7 @@
 #include "OrderHeader.h"
 #include "OrderWindow.h"
 #include "Scratch.h"
+#include "kit/WhenOpen.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 class PreparedAnswers : public Questions {
@@ -62,7 +63,7 @@ class OrderEntry : public Scratch {
             done = true;
         });
         player.start();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 20000));
+        EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return done; }));
     }
 
     // A whole order by keyboard alone.

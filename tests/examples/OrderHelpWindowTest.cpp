@@ -8,6 +8,7 @@
 #include "OrderGrid.h"
 #include "OrderWindow.h"
 #include "Scratch.h"
+#include "kit/WhenOpen.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 namespace {
@@ -31,7 +32,7 @@ class OrderHelpWindow : public Scratch {
             done = true;
         });
         player.start();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 20000));
+        EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return done; }));
     }
     QString cell(int row, OrderGrid::Column col) {
         return QString::fromStdString(window->gridWidget().grid().Grid().DisplayText(row, col));

@@ -30,7 +30,7 @@ bool Boxes::eventFilter(QObject* object, QEvent* event) {
 }
 
 void Boxes::opened(QMessageBox& box) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return box.isActiveWindow(); }, 2000));
+    EXPECT_TRUE(waitUntil([&] { return box.isActiveWindow(); }));
     Seen now;
     now.icon = box.icon();
     now.title = box.windowTitle();

@@ -104,7 +104,7 @@ bool Dialogs::eventFilter(QObject* object, QEvent* event) {
 }
 
 void Dialogs::opened(FormDialog& window) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window.isActiveWindow(); }, 2000));
+    EXPECT_TRUE(waitUntil([&] { return window.isActiveWindow(); }));
     ++count;
     const QPointer<FormDialog> alive(&window);
     Dialog dialog(window);

@@ -247,7 +247,7 @@ TEST(FormDialog, ActsOnMnemonicsAlsoOfALabelBeforeItsControl) {
         EXPECT_TRUE(d.focused("Text"));
         d.press(Qt::Key_T, Qt::AltModifier);
         d.press(Qt::Key_E, Qt::AltModifier);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return form.heard.size() >= 2; }, 2000));
+        EXPECT_TRUE(waitUntil([&] { return form.heard.size() >= 2; }));
         EXPECT_EQ(form.words(), "check, press Extra");
         d.press(Qt::Key_Escape);
     });

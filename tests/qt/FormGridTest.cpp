@@ -167,7 +167,7 @@ TEST(FormGrid, ShowsATextThatDoesNotFitInFull) {
         };
         EXPECT_EQ(tip(3), "很长的文字放不下的一个单元格");
         QToolTip::hideText();
-        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000));
+        EXPECT_TRUE(waitUntil([] { return !QToolTip::isVisible(); }));
         tip(4);
         EXPECT_FALSE(QToolTip::isVisible());
         d.press(Qt::Key_Escape);

@@ -119,14 +119,14 @@ TEST(FormFailure, OfTheGridsListenersAndOfIdleTimeIsTheSame) {
             form.giveFocusTo("List");
             d.press(Qt::Key_Down);
         },
-        [](AnyForm& form, Dialog&) {
+        [](AnyForm& form, Dialog& d) {
             form.whenIdle([]() -> bool { throw std::runtime_error("idle"); });
-            QTest::qWait(20);
+            waitUntilClosed(d.window);
         },
         [](AnyForm& form, Dialog& d) {
             form.grid.ComputedText(2, 0, []() -> std::string { throw std::runtime_error("damaged"); });
             d.inner("List").update();
-            QTest::qWait(20);
+            waitUntilClosed(d.window);
         },
     };
     for (const auto& act : acts) {
@@ -178,12 +178,12 @@ TEST(FormLife, EndsWithAHandlerThatDestroysTheWindowAndThrows) {
 TEST(FormLife, EndsInASliceThatDestroysTheWindow) {
     AnyForm form;
     auto host = std::make_unique<Window>();
-    Dialogs dialogs([&](Dialog&) {
+    Dialogs dialogs([&](Dialog& d) {
         form.whenIdle([&] {
             host.reset();
             return true;
         });
-        QTest::qWait(20);
+        waitUntilClosed(d.window);
     });
     runForm(host->widget, form, {});
     EXPECT_EQ(form.words(), "load, unload");
@@ -201,7 +201,7 @@ TEST(FormLife, EndsWithATimerOfTheHosts) {
         Dialogs dialogs([&](Dialog& d) {
             d.compose("pin");
             QTimer::singleShot(0, qApp, [&] { end(host); });
-            QTest::qWait(20);
+            waitUntilClosed(d.window);
         });
         runForm(host->widget, form, {});
         EXPECT_EQ(dialogs.count, 1);

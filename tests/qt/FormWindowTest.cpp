@@ -116,7 +116,7 @@ TEST(FormWindow, BelongsToTheHostsWindowAndIsModal) {
     });
     runForm(w.widget, form, {});
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return w.window.isActiveWindow(); }, 2000));
+    EXPECT_TRUE(waitUntil([&] { return w.window.isActiveWindow(); }));
 }
 
 // --- Size -----------------------------------------------------------------------------------------------
@@ -246,12 +246,12 @@ TEST(FormIdle, RunsSlicesUntilTheyAreDone) {
         f.whenIdle([&] { return ++second < 3; });
     };
     work(form, [&](Dialog& d) {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return first == 5 && second == 3; }, 2000));
+        EXPECT_TRUE(waitUntil([&] { return first == 5 && second == 3; }));
         QTest::qWait(20);
         EXPECT_EQ(first, 5);
         EXPECT_EQ(second, 3);
         form.whenIdle([&] { return ++first < 7; });
-        EXPECT_TRUE(QTest::qWaitFor([&] { return first == 7; }, 2000));
+        EXPECT_TRUE(waitUntil([&] { return first == 7; }));
         d.press(Qt::Key_Escape);
     });
 }
@@ -268,7 +268,7 @@ TEST(FormIdle, LetsKeysAndPaintsGoFirst) {
         });
     };
     work(form, [&](Dialog& d) {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return slices > 3; }, 2000));
+        EXPECT_TRUE(waitUntil([&] { return slices > 3; }));
         form.giveFocusTo("Text");
         form.heard.clear();
         const QString typed = "hundert";
@@ -278,7 +278,7 @@ TEST(FormIdle, LetsKeysAndPaintsGoFirst) {
             QCoreApplication::postEvent(&d.part("Text"),
                                         new QKeyEvent(QEvent::KeyPress, key, {}, QString(character)));
         }
-        EXPECT_TRUE(QTest::qWaitFor([&] { return form.heard.size() >= 7; }, 2000));
+        EXPECT_TRUE(waitUntil([&] { return form.heard.size() >= 7; }));
         EXPECT_EQ(form.control("Text").text, "abchundert");
         EXPECT_LE(slices - before, 3);
         struct Paints : QObject {
@@ -292,7 +292,7 @@ TEST(FormIdle, LetsKeysAndPaintsGoFirst) {
         d.inner("List").installEventFilter(&paints);
         before = slices;
         form.grid.Select(6, 0);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }, 2000));
+        EXPECT_TRUE(waitUntil([&] { return paints.count > 0; }));
         EXPECT_LE(slices - before, 10);
         d.press(Qt::Key_Escape);
     });

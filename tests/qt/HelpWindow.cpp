@@ -61,7 +61,7 @@ void HelpWindow::expectEditing(const QString& text) {
     ASSERT_TRUE(editorShown());
     EXPECT_EQ(editorText(), text);
     // a desktop gives the keyboard back in its own time
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == &editor(); }, 2000));
+    EXPECT_TRUE(waitUntil([&] { return QApplication::focusWidget() == &editor(); }));
     EXPECT_EQ(grid().input()->focus(), FocusPlace::Editor);
     EXPECT_TRUE(window.isActiveWindow());
 }

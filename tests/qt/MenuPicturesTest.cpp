@@ -109,16 +109,14 @@ void takeRowCount(MenuWindow& w, const QString& name) {
     w.focusCell(1, Code);
     bool taken = false;
     Menus menus([&](QMenu& menu) {
-        QTimer::singleShot(50, qApp, [&] {
-            auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            w.picture(name, box);
-            for (const QWidget* part : box->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        whenOpen<QInputDialog>([&](QInputDialog& box) {
+            w.picture(name, &box);
+            for (const QWidget* part : box.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
                 if (!part->isVisible()) continue;
                 EXPECT_GE(part->width(), part->minimumSizeHint().width());
             }
             taken = true;
-            box->reject();
+            box.reject();
         });
         chooseByKeys(menu, "新增..行");
     });

@@ -79,12 +79,10 @@ TEST(Menus, AskForTheNumberOfRowsInARealBox) {
     const std::int32_t rows = w.grid().Rows();
     QString asked;
     Menus menus([&](QMenu& menu) {
-        QTimer::singleShot(50, qApp, [&] {
-            auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            asked = box->windowTitle() + "/" + box->labelText() + "/" + box->textValue();
-            box->setTextValue("3");
-            box->accept();
+        whenOpen<QInputDialog>([&](QInputDialog& box) {
+            asked = box.windowTitle() + "/" + box.labelText() + "/" + box.textValue();
+            box.setTextValue("3");
+            box.accept();
         });
         chooseByKeys(menu, "新增..行");
     });
@@ -99,11 +97,9 @@ TEST(Menus, AddNoRowWhenTheBoxIsLeftByEsc) {
     const std::int32_t rows = w.grid().Rows();
     bool left = false;
     Menus menus([&](QMenu& menu) {
-        QTimer::singleShot(50, qApp, [&] {
-            auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            QTest::keyClick(box, Qt::Key_Escape);
-            left = !box->isVisible();
+        whenOpen<QInputDialog>([&](QInputDialog& box) {
+            QTest::keyClick(&box, Qt::Key_Escape);
+            left = !box.isVisible();
         });
         chooseByKeys(menu, "插入..行");
     });

@@ -249,7 +249,7 @@ TEST(SaveButton, ShowsExactlyOneBoxForARefusedTextWhenItsShortcutIsTyped) {
     checkOnSave(w, accepted);
     w.fill(1, Code, "B9");
     QTest::keyClick(w.window.windowHandle(), Qt::Key_S, Qt::AltModifier);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return w.saved == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return w.saved == 1; }));
     w.settle();
     EXPECT_EQ(boxes.count(), 1U);
     EXPECT_EQ(accepted, 0);

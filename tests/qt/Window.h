@@ -14,9 +14,14 @@
 #include <string>
 #include <vector>
 
+#include "kit/WhenOpen.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 namespace kxVsGrid::qt::testing {
+
+using kxVsGrid::kit::waitUntil;
+using kxVsGrid::kit::waitUntilClosed;
+using kxVsGrid::kit::whenOpen;
 
 enum Column : std::int32_t { Number, Code, Name, Quantity, Paid, Date, Remark, Count };
 
