@@ -54,18 +54,19 @@ def _processes_below(root):
     return found
 
 
-def _processor_time(process):
-    """Nanoseconds that each thread of a process has had a processor, and whether one wants it now."""
-    times = {}
+def _work(processes):
+    """Seconds that all threads of some processes have had a processor, and whether one wants it now: on a busy machine a
+    thread with work to do may go without for long."""
+    used = 0
     wanted = False
-    for task in pathlib.Path(f"/proc/{process}/task").glob("[0-9]*"):
-        try:
-            times[task.name] = (task / "schedstat").read_text().split()[0]
-            # On a busy machine a thread with work to do may go without a processor for long.
-            wanted |= (task / "stat").read_text(errors="replace").rpartition(")")[2].split()[0] in "RD"
-        except OSError:
-            pass  # it ended meanwhile
-    return times, wanted
+    for process in processes:
+        for task in pathlib.Path(f"/proc/{process}/task").glob("[0-9]*"):
+            try:
+                wanted |= (task / "stat").read_text(errors="replace").rpartition(")")[2].split()[0] in "RD"
+                used += int((task / "schedstat").read_text().split()[0])
+            except OSError:
+                wanted = True  # it ended meanwhile
+    return used / 1e9, wanted
 
 
 def _die_with_parent():
@@ -157,14 +158,15 @@ class Desktop:
         return subprocess.run(["ibus", *arguments], env=self.environment, capture_output=True, text=True, check=False)
 
     def settle(self):
-        """Waits until no program of the desktop has had anything to do for a moment."""
+        """Waits until no program of the desktop has had more to do for a moment than to let its cursor blink."""
+        blink = 0.005
 
         def still():
             programs = _processes_below(os.getpid())
-            before = [_processor_time(program) for program in programs]
+            before, _ = _work(programs)
             time.sleep(0.08)
-            after = [_processor_time(program) for program in programs]
-            return before == after and not any(wanted for _, wanted in after)
+            after, wanted = _work(programs)
+            return not wanted and after - before < blink and programs == _processes_below(os.getpid())
 
         wait_for("the programs to come to rest", still)
 

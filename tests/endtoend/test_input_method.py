@@ -59,6 +59,7 @@ def key_case(window, number, case):
         window.type(case.before)
         window.keys("Return", "Return", "Up")
         go_to_remark()
+    window.desktop.settle()
     for group in case.keys:
         window.keys(*group, delay=40)  # no clerk is faster, and an input method loses keys that come at once
         window.desktop.settle()
