@@ -190,7 +190,7 @@ TEST_F(RawText, CommitsWhatIsBeingTyped) {
     typeInto(1, 1, "typed");
     EXPECT_EQ(grid.RawText(1, 1), "typed");
     EXPECT_FALSE(desk.editor().visible);
-    EXPECT_EQ(heard(), edited(1, 1));
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(1, 1));
 }
 
 TEST_F(RawText, IsEmptyOutsideTheGrid) {
