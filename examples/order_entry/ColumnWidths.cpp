@@ -16,10 +16,6 @@ ColumnWidths::ColumnWidths(kxGrid& grid, std::unique_ptr<QSettings> settings,
     resized_ = grid_.Grid().AfterUserResize.connect([this](std::int32_t, std::int32_t col) { keep(col); });
 }
 
-ColumnWidths::~ColumnWidths() {
-    resized_.disconnect();
-}
-
 std::string ColumnWidths::name(std::int32_t col) const {
     return grid_.VsCtrl(static_cast<std::int16_t>(col))->sName();
 }

@@ -22,7 +22,6 @@ class ColumnWidths {
     /// kept.
     ColumnWidths(kxVsGrid::kxGrid& grid, std::unique_ptr<QSettings> settings,
                  std::function<void(const QString& why)> failed);
-    ~ColumnWidths();
     ColumnWidths(const ColumnWidths&) = delete;
     ColumnWidths& operator=(const ColumnWidths&) = delete;
 
@@ -40,5 +39,5 @@ class ColumnWidths {
     std::unique_ptr<QSettings> settings_;
     std::function<void(const QString&)> failed_;
     std::vector<std::int32_t> designed_;
-    kxVsGrid::Connection resized_;
+    kxVsGrid::ScopedConnection resized_;
 };

@@ -54,9 +54,7 @@ OrderGrid::OrderGrid(kxGrid& grid, Services services) : grid_(grid), services_(s
     connect(&settleLater_, &QTimer::timeout, this, [this] { settleAll(); });
 }
 
-OrderGrid::~OrderGrid() {
-    for (Connection& connection : connections_) connection.disconnect();
-}
+OrderGrid::~OrderGrid() = default;
 
 void OrderGrid::connectEvents() {
     auto& all = connections_;
@@ -139,10 +137,7 @@ void OrderGrid::presetDelivery(const QDate& delivery) {
 }
 
 void OrderGrid::markSaved() {
-    // Switching Editable off is what clears the control's changed-data flag.
-    const bool editable = grid_.Editable();
-    grid_.Editable(false);
-    grid_.Editable(editable);
+    grid_.Unmodified();
 }
 
 void OrderGrid::setReadOnly(bool readOnly) {

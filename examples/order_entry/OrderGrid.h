@@ -135,8 +135,8 @@ class OrderGrid : public QObject {
     kxVsGrid::kxGrid& grid_;
     Services services_;
     MayDelete mayDelete_;
-    std::vector<kxVsGrid::Connection> connections_;
     QTimer settleLater_;
     std::set<std::int32_t> redated_;  ///< rows that have got a delivery date from a column fill
     bool writing_ = false;            ///< the cells are being written by this class
+    std::vector<kxVsGrid::ScopedConnection> connections_;
 };

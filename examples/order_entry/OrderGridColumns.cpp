@@ -10,10 +10,6 @@ namespace {
 constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow the desktop's theme
 constexpr std::uint32_t ButtonText = 0x80000012;
 
-// The date forms that have no name of their own: a date with half a day, a date with a time.
-constexpr auto HalfDayCheck = static_cast<gEmJudgeType>(4);
-constexpr auto TimeCheck = static_cast<gEmJudgeType>(5);
-
 struct ColumnPlan {
     const char* caption;
     std::int32_t width;  // twips
@@ -86,8 +82,8 @@ void OrderGrid::setUpRules() {
         grid_.VsCtrl(col)->i字段有效性判断类型(form);
     };
     checkDates(Delivery, ij日期型);
-    checkDates(Slot, HalfDayCheck);
-    checkDates(Entered, TimeCheck);
+    checkDates(Slot, ij半日型);
+    checkDates(Entered, ij时间型);
 
     for (const Column copied : {Warehouse, Delivery, Slot}) {
         grid_.VsCtrl(copied)->sDefaultText_Name("[-1,]");

@@ -2,17 +2,12 @@
 
 #include "Decimal.h"
 #include "OrderGrid.h"
-#include "kxVsGrid/HelpTable.h"
 
 using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr const char* GoodsList = "goods";
-
-// The calendars that have no name of their own: a date with half a day, a date with a time.
-constexpr auto HalfDayHelp = static_cast<gEmHelpType>(4);
-constexpr auto TimeHelp = static_cast<gEmHelpType>(5);
 
 constexpr const char* Units = "个|百个|件|只|套|台|把|副|盒|箱|桶|卷|根|片|张|米|平方米|千克|吨";
 
@@ -37,10 +32,6 @@ OrderGridHelp::OrderGridHelp(kxGrid& grid, Services services) : grid_(grid), ser
     connectEvents();
 }
 
-OrderGridHelp::~OrderGridHelp() {
-    for (Connection& connection : connections_) connection.disconnect();
-}
-
 void OrderGridHelp::setUpColumns() {
     const auto offer = [this](OrderGrid::Column col, gEmHelpType type, gEmShowCodeName shown,
                               const char* code = "") {
@@ -54,8 +45,8 @@ void OrderGridHelp::setUpColumns() {
     offer(OrderGrid::Unit, ih常量型, iText记Name, Units);
     offer(OrderGrid::Warehouse, ih特殊型, iText记Name);
     offer(OrderGrid::Delivery, ih日期型, iText记Code);
-    offer(OrderGrid::Slot, HalfDayHelp, iText记Code);
-    offer(OrderGrid::Entered, TimeHelp, iText记Code);
+    offer(OrderGrid::Slot, ih半日型, iText记Code);
+    offer(OrderGrid::Entered, ih时间型, iText记Code);
     grid_.VsCtrl(OrderGrid::Code)->HelpWidth(9600);  // all of the list's columns side by side
 }
 

@@ -30,7 +30,6 @@ class OrderGridHelp {
 
     /// The grid must outlive this, and have the columns of OrderGrid.
     OrderGridHelp(kxVsGrid::kxGrid& grid, Services services);
-    ~OrderGridHelp();
     OrderGridHelp(const OrderGridHelp&) = delete;
     OrderGridHelp& operator=(const OrderGridHelp&) = delete;
 
@@ -43,5 +42,5 @@ class OrderGridHelp {
 
     kxVsGrid::kxGrid& grid_;
     Services services_;
-    std::vector<kxVsGrid::Connection> connections_;
+    std::vector<kxVsGrid::ScopedConnection> connections_;
 };

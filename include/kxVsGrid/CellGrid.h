@@ -118,7 +118,9 @@ class CellGrid {
     void ClearText(std::int32_t firstRow, std::int32_t lastRow);
 
     /// The cell's text is asked from `compute` at every look, until code writes a text there. Raises no
-    /// CellChanged; nothing is stored.
+    /// CellChanged; nothing is stored. The cell takes it along when rows come or go before it, but `compute`
+    /// does not follow: a row number that it holds goes on naming the row of that number, and what it reads
+    /// from another cell repaints nothing when that cell changes.
     void ComputedText(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
     /// From now on column 0 of data row r answers r - FixedRows + 1 from its position, until code writes a
     /// text there. Not stored, no CellChanged. Nothing without a fixed column.
@@ -141,6 +143,8 @@ class CellGrid {
     /// than those of dates stand in quotation marks; a word is no format and changes nothing.
     std::string ColFormat(std::int32_t col) const;
     void ColFormat(std::int32_t col, std::string_view format);
+    /// Whether a text is a format that shows something, or empty.
+    static bool IsFormat(std::string_view format);
     mEmDataType ColDataType(std::int32_t col) const;
     void ColDataType(std::int32_t col, mEmDataType type);
     bool MergeCol(std::int32_t col) const;

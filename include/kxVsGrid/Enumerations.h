@@ -44,6 +44,8 @@ enum gEmHelpType : std::int32_t {
     ih特殊型 = 2,  ///< shown by the host
     ih常量型 = 3,  ///< list of constants written into the column definition
 };
+inline constexpr gEmHelpType ih半日型{4};  ///< calendar, with 上午 or 下午
+inline constexpr gEmHelpType ih时间型{5};  ///< calendar, with a time of day
 
 /// How typed text is checked; 0 means no check.
 enum gEmJudgeType : std::int32_t {
@@ -51,6 +53,8 @@ enum gEmJudgeType : std::int32_t {
     ij日期型 = 2,    ///< a calendar date
     ij其他类型 = 3,  ///< accepted as it is
 };
+inline constexpr gEmJudgeType ij半日型{4};  ///< a calendar date, a blank, and 上午 or 下午
+inline constexpr gEmJudgeType ij时间型{5};  ///< a calendar date, a blank, and a time of day
 
 /// Whether a column may be left empty; 0 means no rule.
 enum gEmNotAllowEmptyType : std::int32_t {

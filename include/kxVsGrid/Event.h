@@ -2,11 +2,17 @@
 //
 //     grid.AddVsRow.connect([](std::int32_t row, bool& consent) { consent = true; });
 //
-// Arguments that the host may change are references. Listeners run in the order in which they were connected
-// and see each other's changes. A listener may end its own or another connection, connect new listeners (they
-// hear the next event, not this one), raise the event again, or destroy the event's owner: the listeners
-// after it are not called then. Neither are they when an exception leaves a listener; it reaches whoever
-// raised the event.
+// Arguments that the host may change are references. A listener that takes one of them by value could only
+// change its own copy: it does not compile (what a generic listener, with `auto`, does is not looked at).
+//
+//     class Host {
+//         kxVsGrid::ScopedConnection adding_;   // ends with the host
+//     };
+//
+// Listeners run in the order in which they were connected and see each other's changes. A listener may end
+// its own or another connection, connect new listeners (they hear the next event, not this one), raise the
+// event again, or destroy the event's owner: the listeners after it are not called then. Neither are they
+// when an exception leaves a listener; it reaches whoever raised the event.
 //
 // Cost: an event that nobody listens to copies and allocates nothing when it is raised.
 #pragma once
@@ -14,6 +20,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -39,9 +46,81 @@ class Connection {
     std::weak_ptr<bool> alive_;
 };
 
+/// A tie that ends when this goes: for listeners that refer to an object that may go before the event does.
+/// It moves, and is not copied; one that another tie is moved to ends its own first.
+class ScopedConnection {
+  public:
+    ScopedConnection() = default;
+    ScopedConnection(Connection connection) : connection_(std::move(connection)) {}
+    ~ScopedConnection() { disconnect(); }
+    ScopedConnection(ScopedConnection&& other) noexcept : connection_(other.release()) {}
+    ScopedConnection& operator=(ScopedConnection&& other) noexcept {
+        if (this == &other) return *this;
+        disconnect();
+        connection_ = other.release();
+        return *this;
+    }
+
+    void disconnect() { connection_.disconnect(); }
+    bool connected() const { return connection_.connected(); }
+    /// The tie, which this does not end any more.
+    Connection release() { return std::exchange(connection_, {}); }
+
+  private:
+    Connection connection_;
+};
+
+namespace listening {
+
+/// A parameter that loses what the listener writes into an argument.
+template <class Arg, class Parameter>
+inline constexpr bool loses =
+    std::is_lvalue_reference_v<Arg> && !std::is_const_v<std::remove_reference_t<Arg>> &&
+    !std::is_reference_v<Parameter>;
+
+template <class... Types>
+struct List {};
+
+template <class... Args, class... Parameters>
+constexpr bool keepsChanges(List<Args...>, List<Parameters...>) {
+    if constexpr (sizeof...(Args) == sizeof...(Parameters))
+        return !(loses<Args, Parameters> || ...);
+    else
+        return true;  // what does not match at all is for the compiler to say
+}
+
+// The parameters of what is called; nothing where it is generic.
+template <class Result, class... Parameters>
+List<Parameters...> parametersOf(Result (*)(Parameters...));
+template <class Result, class... Parameters>
+List<Parameters...> parametersOf(Result (*)(Parameters...) noexcept);
+template <class Result, class Object, class... Parameters>
+List<Parameters...> parametersOf(Result (Object::*)(Parameters...));
+template <class Result, class Object, class... Parameters>
+List<Parameters...> parametersOf(Result (Object::*)(Parameters...) noexcept);
+template <class Result, class Object, class... Parameters>
+List<Parameters...> parametersOf(Result (Object::*)(Parameters...) const);
+template <class Result, class Object, class... Parameters>
+List<Parameters...> parametersOf(Result (Object::*)(Parameters...) const noexcept);
+
+template <class Listener, class... Args>
+constexpr bool accepted() {
+    if constexpr (requires { parametersOf(&Listener::operator()); })
+        return keepsChanges(List<Args...>{}, decltype(parametersOf(&Listener::operator())){});
+    else if constexpr (requires(Listener listener) { parametersOf(listener); })
+        return keepsChanges(List<Args...>{}, decltype(parametersOf(std::declval<Listener>())){});
+    else
+        return true;
+}
+}  // namespace listening
+
 template <class... Args>
 class Event {
   public:
+    /// Whether a listener takes by reference what it is there to change.
+    template <class Listener>
+    static constexpr bool accepts = listening::accepted<std::decay_t<Listener>, Args...>();
+
     /// `number` is the event's number in the control's event interface, 0 for events without one.
     explicit Event(int number = 0) : number_(number) {}
     /// A listener that is running may destroy the event's owner: the state then goes when the event is done.
@@ -61,12 +140,11 @@ class Event {
     /// Whether raising it may reach somebody.
     bool heard() const { return state_ || (next_ && next_->state_); }
 
-    Connection connect(std::function<void(Args...)> listener) {
-        if (!state_) state_ = std::make_unique<State>();
-        auto slot = std::make_unique<Slot>(std::move(listener));
-        Connection connection{slot->alive};
-        state_->listeners.push_back(std::move(slot));
-        return connection;
+    template <class Listener>
+    Connection connect(Listener&& listener) {
+        static_assert(accepts<Listener>,
+                      "the listener takes by value what it may change: take that argument by reference");
+        return add(std::forward<Listener>(listener));
     }
 
     /// Whatever is raised here is raised as `next` first, which must live at least as long. Costs nothing
@@ -85,6 +163,14 @@ class Event {
     }
 
   private:
+    Connection add(std::function<void(Args...)> listener) {
+        if (!state_) state_ = std::make_unique<State>();
+        auto slot = std::make_unique<Slot>(std::move(listener));
+        Connection connection{slot->alive};
+        state_->listeners.push_back(std::move(slot));
+        return connection;
+    }
+
     struct Slot {
         explicit Slot(std::function<void(Args...)> listener)
             : call(std::move(listener)), alive(std::make_shared<bool>(true)) {}

@@ -49,8 +49,10 @@ struct EditorView {
     std::size_t selLength = 0;
 };
 
-/// A message for the clerk. Styles: 16 critical, 64 information.
+/// A message for the clerk.
 struct MessageBox {
+    /// What `style` may be.
+    enum Style : std::int32_t { Critical = 16, Information = 64 };
     std::string text;
     std::int32_t style = 0;
     std::string title;

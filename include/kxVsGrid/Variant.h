@@ -6,13 +6,21 @@
 // Conversions: "True" and "False" in any letter case, or a complete number, become Boolean (every number but
 // 0 is True); complete numbers become integers, halves rounded to even, range-checked; True is -1; empty is
 // 0, False or no text. Anything else (null included) throws ConversionError.
+//
+// Whole numbers of every width are taken, enumerations by their numbers; one beyond 32 bits throws
+// ConversionError. Of pointers only C strings are taken, and no characters: what would silently become True
+// or a number does not compile.
 #pragma once
 
+#include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -25,6 +33,19 @@ class ConversionError : public std::runtime_error {
 };
 
 class Variant;
+
+/// The types of whole numbers that are kept as Int32: neither Boolean nor the characters.
+template <class T>
+concept WholeNumber = std::integral<T> && !std::same_as<T, std::int16_t> && !std::same_as<T, bool> &&
+                      !std::same_as<T, char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> &&
+                      !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
+
+template <class T>
+concept RealNumber = std::same_as<T, float> || std::same_as<T, double>;
+
+/// Enumerations that stand for their numbers (unscoped ones).
+template <class T>
+concept NumberName = std::is_enum_v<T> && std::is_convertible_v<T, std::underlying_type_t<T>>;
 
 /// A one- or two-dimensional array that knows its bounds.
 class Table {
@@ -66,13 +87,22 @@ class Variant {
 
     Variant() = default;
     Variant(NullValue) : value_(NullValue{}) {}
-    Variant(bool value) : value_(value) {}
-    Variant(std::int16_t value) : value_(value) {}
-    Variant(std::int32_t value) : value_(value) {}
-    Variant(double value) : value_(value) {}
+    // Templates: what is merely convertible to one of these types (a pointer to bool) is not taken.
+    template <std::same_as<bool> Boolean>
+    Variant(Boolean value) : value_(value) {}
+    /// ConversionError beyond 32 bits.
+    template <WholeNumber Number>
+    Variant(Number value) : value_(inRange(value)) {}
+    template <std::same_as<std::int16_t> Number>
+    Variant(Number value) : value_(value) {}
+    template <NumberName Name>
+    Variant(Name value) : Variant(static_cast<std::underlying_type_t<Name>>(value)) {}
+    template <RealNumber Number>
+    Variant(Number value) : value_(static_cast<double>(value)) {}
     Variant(std::string value) : value_(std::move(value)) {}
     Variant(std::string_view value) : value_(std::string(value)) {}
     Variant(const char* value) : value_(std::string(value)) {}
+    Variant(std::nullptr_t) = delete;
     Variant(Table table);
     static Variant null() { return Variant(NullValue{}); }
 
@@ -95,6 +125,12 @@ class Variant {
     friend bool operator==(const Variant& a, const Variant& b);
 
   private:
+    template <class Number>
+    static std::int32_t inRange(Number value) {
+        if (!std::in_range<std::int32_t>(value)) refuseNumber(std::to_string(value));
+        return static_cast<std::int32_t>(value);
+    }
+    [[noreturn]] static void refuseNumber(const std::string& number);
     std::variant<std::monostate, NullValue, bool, std::int16_t, std::int32_t, double, std::string,
                  std::shared_ptr<Table>>
         value_;

@@ -2,13 +2,13 @@
 // events.
 //
 //     kxVsGrid::kxGrid& grid = widget.grid();          // or desk.place() in a test
+//     grid.Cols(4);
 //     grid.FormatString("行号|<货号    |>数量    |>金额      ");
 //     grid.VsCtrl(2)->iType(kxVsGrid::flexDTDouble);
 //     grid.VsCtrl(2)->b是否合计数据(true);
 //     grid.SumRow(true);
 //     grid.AddVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
-//     grid.ReDraw(true);                                // applies the definitions; SetCell keeps totals from
-//     here on
+//     grid.ReDraw(true);                               // applies the definitions, keeps totals from here on
 //
 // Rows and columns count from 0, fixed ones included; sizes are twips; colours are 32-bit values, those with
 // the high bit set name system colours. A property is a pair of overloads with the same name. Events are
@@ -16,8 +16,9 @@
 //
 // A listener of any event may destroy the control: what was going on ends, and nothing more is raised.
 //
-// Errors: SetCell, ReadCell and ReadSum show a message box and go on; a cell outside the grid is ignored. The
-// other members throw GridError when they are misused, and let a host handler's exception through.
+// Errors: SetCell, ReadCell, RawText and ReadSum show a message box and go on; a cell outside the grid is
+// ignored. The other members throw GridError when they are misused, and let a host handler's exception
+// through.
 #pragma once
 
 #include <cstdint>
@@ -29,6 +30,7 @@
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/GridEvents.h"
+#include "kxVsGrid/HelpTable.h"
 #include "kxVsGrid/Members.h"
 #include "kxVsGrid/Options.h"
 #include "kxVsGrid/Platform.h"
@@ -79,6 +81,9 @@ class kxGrid : public GridEvents {
     /// The cell's tag, or its displayed text when `piReturnTextorID` is True; empty outside the grid. Commits
     /// first.
     std::string ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID = false);
+    /// The cell's text as it is stored, whatever the column's format makes of it: "1234.5" where "1,234.50"
+    /// is shown. Empty outside the grid. Commits first, and fails, as ReadCell does.
+    std::string RawText(std::int32_t Row, std::int32_t Col);
     /// The displayed text of a column's total.
     std::string ReadSum(std::int32_t Col) const;
     /// Removes every data row, puts five empty ones back, hides the editor.
@@ -93,9 +98,12 @@ class kxGrid : public GridEvents {
     void SetVsControl(std::shared_ptr<cVsControl> definition);
 
     // --- State.
-    /// The clerk has committed something since loading; always False while Editable is False. A refused
-    /// expression empties its cell, but is no commit.
+    /// The clerk has committed something since loading or Unmodified(); always False while Editable is False.
+    /// A refused expression empties its cell, but is no commit.
     bool bIsDirty() const;
+    /// From here on bIsDirty is False until the next commit: the document was saved. What is being typed is
+    /// neither committed nor forgotten; read a cell, or ask IsValid, before saving.
+    void Unmodified();
     bool IsActive() const;
     bool Editable() const;
     void Editable(bool editable);
@@ -127,6 +135,8 @@ class kxGrid : public GridEvents {
     void FormatString(std::string_view format);
     bool ColHidden(std::int32_t Col) const;
     void ColHidden(std::int32_t Col, bool hidden);
+    /// How the column shows its numbers or dates: "#,##0.00", "0%", "yyyy-mm-dd"; empty shows texts as they
+    /// are. GridError for a text that is no format.
     std::string ColFormat(std::int32_t Col) const;
     void ColFormat(std::int32_t Col, std::string_view format);
     std::int32_t ColWidth(std::int32_t Col) const;
@@ -189,6 +199,8 @@ class kxGrid : public GridEvents {
 
   private:
     struct Parts;
+    using CellReader = std::string (CellGrid::*)(std::int32_t, std::int32_t) const;
+    std::string read(std::int32_t Row, std::int32_t Col, CellReader reader);
     std::shared_ptr<Parts> held() const { return parts_; }
     std::shared_ptr<Parts> parts_;  // held by what goes on after an event
 };

@@ -28,6 +28,10 @@ const std::string& CellFormat::pattern() const {
     return pattern_ ? pattern_->text : none;
 }
 
+bool CellFormat::changesTexts() const {
+    return pattern_ && (pattern_->number || pattern_->date);
+}
+
 bool CellFormat::apply(std::string_view text, std::string& shown) const {
     if (!pattern_ || text.empty()) return false;
     if (pattern_->number) return pattern_->number->apply(text, shown);

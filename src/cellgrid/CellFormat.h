@@ -15,6 +15,8 @@ class CellFormat {
     CellFormat& operator=(const CellFormat&) = delete;
 
     const std::string& pattern() const;
+    /// The pattern is a number's or a date's; any other shows every text unchanged.
+    bool changesTexts() const;
     /// Writes into `shown` what the pattern makes of the cell text and returns true; returns false, `shown`
     /// untouched, when the text is shown unchanged.
     bool apply(std::string_view text, std::string& shown) const;

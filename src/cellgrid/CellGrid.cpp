@@ -230,6 +230,9 @@ void CellGrid::ColFormat(std::int32_t col, std::string_view format) {
     impl_->store.setFormat(col, format);
     impl_->damage.addAll();
 }
+bool CellGrid::IsFormat(std::string_view format) {
+    return format.empty() || cellgrid::CellFormat(format).changesTexts();
+}
 mEmDataType CellGrid::ColDataType(std::int32_t col) const {
     impl_->requireCol("ColDataType", col);
     return impl_->store.column(col).dataType;

@@ -7,14 +7,15 @@
 #include <string_view>
 
 #include "kxVsGrid/DateTime.h"
+#include "kxVsGrid/Enumerations.h"
 
 namespace kxVsGrid::editing {
 
 /// The values are those of the columns' kinds of check.
 enum class DateForm : std::int32_t {
-    Date = 2,     ///< 2011-02-03
-    HalfDay = 4,  ///< 2011-02-03 上午, or 下午
-    Time = 5,     ///< 2011-02-03 08:05:09
+    Date = ij日期型,     ///< 2011-02-03
+    HalfDay = ij半日型,  ///< 2011-02-03 上午, or 下午
+    Time = ij时间型,     ///< 2011-02-03 08:05:09
 };
 
 /// The typed text in its column's form; nothing when it is no such date. Blanks around it are ignored, an

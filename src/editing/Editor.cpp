@@ -176,8 +176,7 @@ bool Editor::passesRule() {
 }
 
 bool Editor::refuseByRule(const std::string& message) {
-    constexpr std::int32_t InformationStyle = 64;
-    owner_.showMessage({message, InformationStyle, "提示："});
+    owner_.showMessage({message, MessageBox::Information, "提示："});
     if (shown_.enabled) seat_.giveFocus(visible_ ? FocusPlace::Editor : FocusPlace::Grid);
     return false;
 }

@@ -8,9 +8,6 @@
 namespace kxVsGrid::editing {
 namespace {
 
-constexpr std::int32_t CriticalStyle = 16;
-constexpr std::int32_t InformationStyle = 64;
-
 std::string_view withoutTrailingLineBreaks(std::string_view text) {
     while (!text.empty() && (text.back() == '\r' || text.back() == '\n')) text.remove_suffix(1);
     return text;
@@ -25,7 +22,7 @@ FieldVerdict checkCode(columns::ColumnArray& columns, std::int32_t col, std::str
     std::shared_ptr<cVsControl> column = columns.shared(col);
     owner.raiseTxtValidBmS(*column, std::string(withoutTrailingLineBreaks(text)), code, name);
     if (col <= columns.upper()) column = columns.shared(col);
-    if (name.empty()) return {MessageBox{column->s错误提示信息(), CriticalStyle, "错误："}, {}};
+    if (name.empty()) return {MessageBox{column->s错误提示信息(), MessageBox::Critical, "错误："}, {}};
     if (column->i帮助返回值显示类型() == iText记Name) return {{}, FieldVerdict::Pair{name, code}};
     return {{}, FieldVerdict::Pair{code, name}};
 }
@@ -33,7 +30,7 @@ FieldVerdict checkCode(columns::ColumnArray& columns, std::int32_t col, std::str
 FieldVerdict checkDate(DateForm form, std::string_view text, EditorOwner& owner) {
     if (auto date = inDateForm(form, text)) return {{}, FieldVerdict::Pair{*date, *date}};
     const std::string example = "非法公历日期!(格式:" + exampleOf(form, owner.now()) + ")";
-    return {MessageBox{example, InformationStyle, "提示："}, {}};
+    return {MessageBox{example, MessageBox::Information, "提示："}, {}};
 }
 }  // namespace
 

@@ -21,10 +21,6 @@ class FollowedCell {
             if (cell_.row() >= grid_.Rows() || cell_.col() >= grid_.Cols()) cell_.none();
         });
     }
-    ~FollowedCell() {
-        rows_.disconnect();
-        size_.disconnect();
-    }
     FollowedCell(const FollowedCell&) = delete;
     FollowedCell& operator=(const FollowedCell&) = delete;
 
@@ -33,7 +29,7 @@ class FollowedCell {
   private:
     CellGrid& grid_;
     EnteredCell cell_;
-    Connection rows_;
-    Connection size_;
+    ScopedConnection rows_;
+    ScopedConnection size_;
 };
 }  // namespace kxVsGrid::editing

@@ -12,10 +12,6 @@ namespace {
 
 using dialogs::CalendarForm;
 
-// Two more numbers that columns may hold: a date with half-day, a date with time.
-constexpr std::int32_t HalfDayHelp = 4;
-constexpr std::int32_t TimeHelp = 5;
-
 int helpsOpen = 0;
 
 /// Where the lookup's name stands in the host's first table.
@@ -47,8 +43,8 @@ void HelpDriver::Drbmhelp(gEmHelpType type, const std::string& text, const std::
         case ih通用型:
             return general(helpCode);
         case ih日期型:
-        case HalfDayHelp:
-        case TimeHelp:
+        case ih半日型:
+        case ih时间型:
             return date(type);
         case ih特殊型:
             return special(text);
@@ -75,18 +71,17 @@ void HelpDriver::general(const std::string& helpCode) {
 
 /// Arrays with the upper bound 0 count as missing too, although they hold an element.
 bool HelpDriver::isPresent(const Variant& table, const std::string& message) {
-    constexpr std::int32_t InformationStyle = 64;
     if (table.isArray() && table.table()->upper() != 0) return true;
-    owner_.showMessage({message, InformationStyle, "Korvan软件"});
+    owner_.showMessage({message, MessageBox::Information, "Korvan软件"});
     return false;
 }
 
 void HelpDriver::date(gEmHelpType type) {
     using Mode = CalendarForm::Mode;
     const auto number = static_cast<std::int32_t>(type);
-    CalendarForm form(number == HalfDayHelp ? Mode::HalfDay
-                      : number == TimeHelp  ? Mode::Time
-                                            : Mode::Date,
+    CalendarForm form(number == ih半日型   ? Mode::HalfDay
+                      : number == ih时间型 ? Mode::Time
+                                           : Mode::Date,
                       owner_.now());
     show(form);
 }

@@ -85,6 +85,15 @@ void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_vi
 }
 
 std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {
+    const CellReader data = &CellGrid::Data;
+    return read(Row, Col, piReturnTextorID ? &CellGrid::DisplayText : data);
+}
+
+std::string kxGrid::RawText(std::int32_t Row, std::int32_t Col) {
+    return read(Row, Col, &CellGrid::Text);
+}
+
+std::string kxGrid::read(std::int32_t Row, std::int32_t Col, CellReader reader) {
     Parts& p = *parts_;
     std::shared_ptr<Parts> kept;
     try {
@@ -93,7 +102,7 @@ std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTe
             p.editor.commitForHost();
         }
         if (!holds(p.main, Row, Col)) return {};
-        return piReturnTextorID ? p.main.DisplayText(Row, Col) : p.main.Data(Row, Col);
+        return (p.main.*reader)(Row, Col);
     } catch (const std::exception& error) {
         p.showError(std::string("CellError") + error.what(), "错误：");
         return {};

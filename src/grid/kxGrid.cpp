@@ -8,7 +8,6 @@
 namespace kxVsGrid {
 namespace {
 
-constexpr std::int32_t CriticalStyle = 16;
 constexpr const char* SettingsErrorTitle = "错误:";
 }  // namespace
 
@@ -131,7 +130,7 @@ void kxGrid::Parts::settleAfterReading() {
 }
 
 void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
-    showMessage({std::string(text), CriticalStyle, std::string(title)});
+    showMessage({std::string(text), MessageBox::Critical, std::string(title)});
 }
 
 // --- Loading and saving

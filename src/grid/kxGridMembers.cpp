@@ -17,6 +17,10 @@ bool kxGrid::bIsDirty() const {
     return parts_->flags.Editable && parts_->flags.changed;
 }
 
+void kxGrid::Unmodified() {
+    parts_->flags.changed = false;
+}
+
 GridOptions& kxGrid::Options() {
     return parts_->options;
 }
@@ -211,6 +215,8 @@ std::string kxGrid::ColFormat(std::int32_t Col) const {
 }
 
 void kxGrid::ColFormat(std::int32_t Col, std::string_view format) {
+    if (!CellGrid::IsFormat(format))
+        throw GridError("kxGrid.ColFormat: \"" + std::string(format) + "\" is no format of numbers or dates");
     parts_->main.ColFormat(Col, format);
     parts_->sums.ColFormat(Col, format);
 }

@@ -34,6 +34,11 @@ std::string characterOf(std::int16_t code, std::int16_t shift) {
     return {};
 }
 
+/// Ctrl and this letter, and no other key of its kind.
+bool isCtrl(const KeyStroke& key, char letter) {
+    return key.code == letter && key.shift == CtrlKey;
+}
+
 std::int16_t codeOf(char32_t character) {
     if (character < 0x80 && std::isalnum(static_cast<int>(character)))
         return static_cast<std::int16_t>(std::toupper(static_cast<int>(character)));
@@ -68,7 +73,7 @@ void Desk::stroke(const KeyStroke& key) {
     Station& at = station();
     if (records_->focused != &at || at.composing) return;
     records_->leftControl = 0;
-    const bool used = at.input()->key(key);
+    const bool used = copyOrPasteCell(at, key) || at.input()->key(key);
     if (at.removed) return;
     if (!used && static_cast<Key>(key.code) == Key::Tab) {
         const bool forward = (key.shift & ShiftKey) == 0;
@@ -80,17 +85,42 @@ void Desk::stroke(const KeyStroke& key) {
     if (!at.removed && records_->focused == &at) at.input()->keyUp(key.code, key.shift);
 }
 
+/// The clipboard's keys on a closed cell: they are used up, whatever comes of them.
+bool Desk::copyOrPasteCell(Station& at, const KeyStroke& key) {
+    const bool here = records_->place == FocusPlace::Grid || records_->place == FocusPlace::Editor;
+    if (!here || at.address->editorView().visible) return false;
+    const CellGrid& cells = at.address->Grid();
+    if (isCtrl(key, 'C')) {
+        if (cells.Row() >= 0 && cells.Col() >= 0)
+            records_->clipboard = cells.DisplayText(cells.Row(), cells.Col());
+        return true;
+    }
+    if (!isCtrl(key, 'V')) return false;
+    if (!at.input()->openForTyping() || at.removed) return true;
+    paste(at);
+    if (!at.removed) moveFocus(&at, FocusPlace::Editor);
+    return true;
+}
+
+void Desk::paste(Station& at) {
+    const TextLine before = at.box;
+    at.box.paste(records_->clipboard);
+    at.reportChange(before);
+}
+
 void Desk::applyToTextBox(Station& at, const KeyStroke& key) {
+    if (isCtrl(key, 'V')) return paste(at);
+    if (isCtrl(key, 'C')) {
+        if (at.box.selLength > 0) records_->clipboard = at.box.selected();
+        return;
+    }
     const TextLine before = at.box;
     const bool printable = !key.character.empty() && static_cast<unsigned char>(key.character[0]) >= ' ';
     if (printable)
         at.box.insert(key.character);
     else
         at.box.key(static_cast<Key>(key.code));
-    if (at.box.text != before.text)
-        at.report();
-    else if (at.box.selStart != before.selStart || at.box.selLength != before.selLength)
-        at.input()->selected(at.box.selStart, at.box.selLength);
+    at.reportChange(before);
 }
 
 // --- Input method
@@ -271,7 +301,12 @@ Desk& Desk::scrollTo(std::int32_t topRow, std::int32_t leftCol) {
 
 Desk& Desk::resize(std::int32_t width, std::int32_t height) {
     Call call(*this);
-    station().input()->resized(width, height);
+    if (!current_) {
+        records_->width = width;
+        records_->height = height;
+    } else {
+        current_->input()->resized(width, height);
+    }
     return *this;
 }
 }  // namespace kxVsGrid::headless

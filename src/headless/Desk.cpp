@@ -9,12 +9,6 @@
 #include "headless/Station.h"
 
 namespace kxVsGrid::headless {
-namespace {
-
-constexpr std::int32_t FormWidth = 9000;
-constexpr std::int32_t FormHeight = 6000;
-}  // namespace
-
 Desk::Desk() : records_(std::make_unique<Records>()) {}
 
 Desk::~Desk() {
@@ -33,7 +27,7 @@ kxGrid& Desk::place() {
     use(*control);
     current_->grid = std::move(control);
     current_->grid->InitProperties();
-    resize(FormWidth, FormHeight);
+    station().input()->resized(records_->width, records_->height);
     return *current_->grid;
 }
 
@@ -42,7 +36,7 @@ kxGrid& Desk::load(PropertyBag& bag) {
     use(*control);
     current_->grid = std::move(control);
     current_->grid->ReadProperties(bag);
-    resize(FormWidth, FormHeight);
+    station().input()->resized(records_->width, records_->height);
     return *current_->grid;
 }
 
@@ -120,11 +114,11 @@ std::optional<std::string> Desk::askText(const InputBox& box) {
 namespace {
 
 template <class Dialog>
-void work(Form& form, const Rect& anchor, std::vector<ShownDialog>& shown,
-          const std::function<void(Dialog&)>& script) {
+void work(Form& form, const std::function<void(Dialog&)>& script, const std::function<void()>& shown) {
     Dialog dialog(form);
-    shown.push_back({form.name(), form.ScaleWidth(), form.ScaleHeight(), anchor});
-    if (script) script(dialog);
+    shown();
+    // The script may give the desk another one.
+    if (const auto own = script) own(dialog);
 }
 }  // namespace
 
@@ -142,13 +136,18 @@ void Desk::waitCursor(bool on) {
 
 void Desk::showForm(Form& form, const Rect& anchor) {
     Call call(*this);
-    Records& r = *records_;
-    if (form.name() == "XT_TybmczFrm")
-        work(form, anchor, r.dialogs, r.lookupScript);
-    else if (form.name() == "XT_calendar")
-        work(form, anchor, r.dialogs, r.calendarScript);
-    else if (form.name() == "XT_Const")
-        work(form, anchor, r.dialogs, r.constantScript);
+    const Records& r = *records_;
+    const auto shown = [&] {
+        records_->dialogs.push_back({form.name(), form.ScaleWidth(), form.ScaleHeight(), anchor});
+    };
+    if (form.name() == "XT_TybmczFrm" && r.lookupScript)
+        work(form, r.lookupScript, shown);
+    else if (form.name() == "XT_calendar" && r.calendarScript)
+        work(form, r.calendarScript, shown);
+    else if (form.name() == "XT_Const" && r.constantScript)
+        work(form, r.constantScript, shown);
+    else
+        work(form, r.formScript, shown);
 }
 
 void Desk::clipboardText(std::string_view text) {
@@ -207,12 +206,22 @@ Desk& Desk::onDialog(std::function<void(ConstantDialog&)> script) {
     return *this;
 }
 
+Desk& Desk::onDialog(std::function<void(FormDialog&)> script) {
+    records_->formScript = std::move(script);
+    return *this;
+}
+
 const std::vector<ShownDialog>& Desk::dialogs() const {
     return records_->dialogs;
 }
 
 const std::string& Desk::clipboard() const {
     return records_->clipboard;
+}
+
+Desk& Desk::clipboard(std::string_view text) {
+    clipboardText(text);
+    return *this;
 }
 
 const std::optional<WheelHookState>& Desk::wheelHook() const {

@@ -84,14 +84,15 @@ void DialogBase::click(std::string_view button) {
     form_.press(pressed);
 }
 
-void DialogBase::clickRow(CellGrid& grid, std::int32_t row) {
+void DialogBase::clickRow(FormControl& shown, std::int32_t row) {
     requireOpen("click");
+    CellGrid& grid = *shown.grid;
     const Rect cell = grid.CellRect(row, grid.LeftCol());
     const std::int32_t x = cell.left + 1;
     const std::int32_t y = cell.top + cell.height / 2;
     if (grid.HitTest(x, y).row != row)
         throw std::logic_error("click: row " + std::to_string(row) + " is not in view");
-    focused_ = "CzxsGrid";
+    focused_ = shown.name;
     grid.mouseDown(LeftButton, 0, x, y);
     grid.mouseUp(LeftButton, 0, x, y);
 }
@@ -107,6 +108,69 @@ void DialogBase::idle() {
 
 // --- The dialogs
 // ---------------------------------------------------------------------------------------------------------
+
+FormControl& FormDialog::reach(const char* what, std::string_view name,
+                               std::initializer_list<const char*> types) {
+    requireOpen(what);
+    FormControl& wanted = control(name);
+    if (std::find(types.begin(), types.end(), wanted.typeName) == types.end())
+        throw std::logic_error(std::string(what) + ": " + wanted.name + " is a " + wanted.typeName);
+    if (!wanted.visible || !wanted.enabled)
+        throw std::logic_error(std::string(what) + ": " + wanted.name + " is hidden or disabled");
+    return wanted;
+}
+
+CellGrid& FormDialog::grid(std::string_view name) const {
+    const FormControl& wanted = control(name);
+    if (!wanted.grid) throw std::logic_error("grid: " + wanted.name + " is a " + wanted.typeName);
+    return *wanted.grid;
+}
+
+FormDialog& FormDialog::focus(std::string_view name) {
+    requireOpen("focus");
+    DialogBase::focus(name);
+    return *this;
+}
+
+FormDialog& FormDialog::click(std::string_view button) {
+    DialogBase::click(reach("click", button, {"CommandButton", "kxButton"}).name);
+    return *this;
+}
+
+FormDialog& FormDialog::text(std::string_view box, std::string_view text) {
+    setText(reach("text", box, {"TextBox"}), text);
+    return *this;
+}
+
+FormDialog& FormDialog::check(std::string_view box, bool checked) {
+    form().check(reach("check", box, {"CheckBox"}), checked);
+    return *this;
+}
+
+FormDialog& FormDialog::pick(std::string_view list, std::string_view entry) {
+    FormControl& wanted = reach("pick", list, {"ComboBox"});
+    const auto found = std::find(wanted.list.begin(), wanted.list.end(), entry);
+    if (found == wanted.list.end())
+        throw std::logic_error("pick: " + wanted.name + " has no entry " + std::string(entry));
+    form().pick(wanted, static_cast<std::int32_t>(found - wanted.list.begin()));
+    return *this;
+}
+
+FormDialog& FormDialog::choose(std::string_view calendar, const DateTime& value) {
+    form().choose(reach("choose", calendar, {"MonthView", "DTPicker"}), value);
+    return *this;
+}
+
+FormDialog& FormDialog::clickRow(std::string_view grid, std::int32_t row) {
+    DialogBase::clickRow(reach("click", grid, {"CellGrid"}), row);
+    return *this;
+}
+
+FormDialog& FormDialog::doubleClick(std::string_view name) {
+    requireOpen("double click");
+    form().doubleClick(control(name));
+    return *this;
+}
 
 void LookupDialog::doubleClickRow(std::int32_t row) {
     clickRow(row);

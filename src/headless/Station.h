@@ -21,6 +21,13 @@ struct Desk::Station {
 
     std::shared_ptr<Input> input() const { return address->input(); }
     void report() const { input()->edited(box.text, box.selStart, box.selLength); }
+    /// What the clerk has made of the text box as it was.
+    void reportChange(const TextLine& before) const {
+        if (box.text != before.text)
+            report();
+        else if (box.selStart != before.selStart || box.selLength != before.selLength)
+            input()->selected(box.selStart, box.selLength);
+    }
 };
 
 struct Desk::Records {
@@ -34,8 +41,11 @@ struct Desk::Records {
     std::function<void(LookupDialog&)> lookupScript;
     std::function<void(CalendarDialog&)> calendarScript;
     std::function<void(ConstantDialog&)> constantScript;
+    std::function<void(FormDialog&)> formScript;
     std::vector<std::string> reports;
     std::string clipboard;
+    std::int32_t width = 9000;  ///< of a control that is placed
+    std::int32_t height = 6000;
     DateTime now{2026, 11, 20, 9, 30, 0};
     Station* focused = nullptr;
     FocusPlace place = FocusPlace::Elsewhere;

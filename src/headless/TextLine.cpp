@@ -31,6 +31,25 @@ void TextLine::insert(std::string_view characters) {
     selStart += support::characters(characters);
 }
 
+void TextLine::paste(std::string_view content) {
+    std::string lines;
+    for (std::size_t i = 0; i < content.size(); ++i) {
+        const bool endsLine = content[i] == '\r';
+        if (endsLine && i + 1 < content.size() && content[i + 1] == '\n') continue;
+        lines += endsLine ? '\n' : content[i];
+    }
+    if (!multiLine) {
+        while (lines.ends_with('\n')) lines.pop_back();
+        std::replace(lines.begin(), lines.end(), '\n', ' ');
+    }
+    if (!lines.empty()) insert(lines);
+}
+
+std::string TextLine::selected() const {
+    const std::size_t from = byteOfCharacter(text, selStart);
+    return text.substr(from, byteOfCharacter(text, selStart + selLength) - from);
+}
+
 void TextLine::key(Key key) {
     const bool selected = selLength > 0;
     switch (key) {

@@ -19,6 +19,10 @@ struct TextLine {
 
     /// The characters take the selection's place, as far as the limit lets them.
     void insert(std::string_view characters);
+    /// What a clipboard holds: in one line its line ends become blanks, and those at its end, which tables
+    /// put there, are left out. An empty text changes nothing.
+    void paste(std::string_view content);
+    std::string selected() const;
     /// Backspace, Delete, Left, Right, Home, End; Enter where several lines are allowed. Other keys do
     /// nothing.
     void key(Key key);

@@ -34,11 +34,10 @@ DateTime QtPlatform::now() const {
 }
 
 void QtPlatform::showMessage(const MessageBox& box) {
-    constexpr std::int32_t Critical = 16;
     if (machine_.stage == nullptr) return;  // the host has ended the widget: nobody is left to be told
     if (boxesWait) return showMessageLater(box);
     ModalBox<QMessageBox> shown(widget_);
-    shown->setIcon(box.style == Critical ? QMessageBox::Critical : QMessageBox::Information);
+    shown->setIcon(box.style == MessageBox::Critical ? QMessageBox::Critical : QMessageBox::Information);
     shown->setWindowTitle(toQt(box.title));
     shown->setTextFormat(Qt::PlainText);
     shown->setText(toQt(box.text));

@@ -133,6 +133,10 @@ bool operator==(const Table& a, const Table& b) {
     return a.dimensions_ == b.dimensions_ && a.elements_ == b.elements_;
 }
 
+void Variant::refuseNumber(const std::string& number) {
+    throw ConversionError("Variant: " + number + " does not fit into 32 bits");
+}
+
 Variant::Variant(Table table) : value_(std::make_shared<Table>(std::move(table))) {}
 
 bool Variant::toBoolean() const {

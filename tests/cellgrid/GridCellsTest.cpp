@@ -270,5 +270,15 @@ TEST_F(Cells, KeepDataTypesAndMergeSettingsAsGiven) {
     EXPECT_EQ(grid.MergeCells(), flexMergeFixedOnly);
     EXPECT_EQ(grid.DisplayText(1, 3), "-1");
 }
+TEST(CellGridComputedText, GoesWithItsRowButIsNotToldWhere) {
+    CellGrid grid;
+    grid.Cols(3);
+    grid.Rows(6);
+    grid.Text(2, 1, "second");
+    grid.ComputedText(3, 1, [&grid] { return "after " + grid.Text(2, 1); });
+    grid.InsertRow(2);
+    EXPECT_EQ(grid.Text(3, 1), "second");
+    EXPECT_EQ(grid.Text(4, 1), "after ") << "row 2 is another one now";
+}
 }  // namespace
 }  // namespace kxVsGrid

@@ -47,13 +47,13 @@ TEST_F(Calendar, ShowsTheTimePickerAndTheHalfDaysOnlyInTheirModes) {
         EXPECT_FALSE(d.control("Cob").visible);
         EXPECT_THROW(d.half("上午"), std::logic_error);
     });
-    choose(HalfDayHelp, "", [](CalendarDialog& d) {
+    choose(ih半日型, "", [](CalendarDialog& d) {
         EXPECT_FALSE(d.control("DTPTime").visible);
         EXPECT_TRUE(d.control("Cob").visible);
         EXPECT_EQ(d.control("Cob").list, (Lines{"上午", "下午"}));
         EXPECT_EQ(d.control("Cob").typeName, "ComboBox");
     });
-    choose(TimeHelp, "", [](CalendarDialog& d) {
+    choose(ih时间型, "", [](CalendarDialog& d) {
         EXPECT_TRUE(d.control("DTPTime").visible);
         EXPECT_FALSE(d.control("Cob").visible);
         EXPECT_EQ(d.control("DTPTime").typeName, "DTPicker");
@@ -61,7 +61,7 @@ TEST_F(Calendar, ShowsTheTimePickerAndTheHalfDaysOnlyInTheirModes) {
 }
 
 TEST_F(Calendar, ReturnsTheHalfOfTheDay) {
-    choose(HalfDayHelp, "", [](CalendarDialog& d) {
+    choose(ih半日型, "", [](CalendarDialog& d) {
         d.day(2011, 5, 6);
         d.half("下午");
         d.Ok();
@@ -70,42 +70,42 @@ TEST_F(Calendar, ReturnsTheHalfOfTheDay) {
 }
 
 TEST_F(Calendar, OpensOnTheHalfInTheCell) {
-    EXPECT_EQ(accepted(HalfDayHelp, "2011-05-06 下午"), "2011-05-06 下午");
-    EXPECT_EQ(accepted(HalfDayHelp, "2011-05-06 上午"), "2011-05-06 上午");
-    EXPECT_EQ(accepted(HalfDayHelp, "2011/5/6 下午"), "2011-05-06 下午");
-    EXPECT_EQ(accepted(HalfDayHelp, "2011-05-06   下午"), "2011-05-06 下午");
+    EXPECT_EQ(accepted(ih半日型, "2011-05-06 下午"), "2011-05-06 下午");
+    EXPECT_EQ(accepted(ih半日型, "2011-05-06 上午"), "2011-05-06 上午");
+    EXPECT_EQ(accepted(ih半日型, "2011/5/6 下午"), "2011-05-06 下午");
+    EXPECT_EQ(accepted(ih半日型, "2011-05-06   下午"), "2011-05-06 下午");
 }
 
 TEST_F(Calendar, IsInTheMorningWithoutAHalf) {
     for (const char* text : {"2011-05-06", "2011-05-06 14:30:00", "2011-05-06 x"})
-        EXPECT_EQ(accepted(HalfDayHelp, text), "2011-05-06 上午") << text;
-    EXPECT_EQ(accepted(HalfDayHelp, "not a date"), "2026-11-20 上午");
-    EXPECT_EQ(accepted(HalfDayHelp, "nodate 下午"), "2026-11-20 下午");
-    EXPECT_EQ(accepted(HalfDayHelp, ""), "2026-11-20 上午");
+        EXPECT_EQ(accepted(ih半日型, text), "2011-05-06 上午") << text;
+    EXPECT_EQ(accepted(ih半日型, "not a date"), "2026-11-20 上午");
+    EXPECT_EQ(accepted(ih半日型, "nodate 下午"), "2026-11-20 下午");
+    EXPECT_EQ(accepted(ih半日型, ""), "2026-11-20 上午");
 }
 
 TEST_F(Calendar, OpensOnTheTimeInTheCell) {
-    choose(TimeHelp, "2011-05-06 14:30:00", [](CalendarDialog& d) {
+    choose(ih时间型, "2011-05-06 14:30:00", [](CalendarDialog& d) {
         EXPECT_EQ(d.day().year * 10000 + d.day().month * 100 + d.day().day, 20110506);
         EXPECT_EQ(d.time().hour * 10000 + d.time().minute * 100 + d.time().second, 143000);
         d.Ok();
     });
     EXPECT_EQ(inEditor(), (Pair{"2011-05-06 14:30:00", "2011-05-06 14:30:00"}));
-    EXPECT_EQ(accepted(TimeHelp, "2011-05-06 23:59:59"), "2011-05-06 23:59:59");
-    EXPECT_EQ(accepted(TimeHelp, "2011.5.6 1:2:3"), "2011-05-06 01:02:03");
-    EXPECT_EQ(accepted(TimeHelp, "2011-05-06 14:30"), "2011-05-06 14:30:00");
+    EXPECT_EQ(accepted(ih时间型, "2011-05-06 23:59:59"), "2011-05-06 23:59:59");
+    EXPECT_EQ(accepted(ih时间型, "2011.5.6 1:2:3"), "2011-05-06 01:02:03");
+    EXPECT_EQ(accepted(ih时间型, "2011-05-06 14:30"), "2011-05-06 14:30:00");
 }
 
 TEST_F(Calendar, IsAtMidnightWithoutATime) {
     for (const char* text : {"2011-05-06", "2011-05-06 ", "2011-05-06 x", "2011-05-06 下午", "2011-05-06 14",
                              "2011-05-06 ::", "2011-05-06 a:b:c", "2011-05-06 24:60:60",
                              "2011-05-06 -1:-1:-1", "2011-05-06 99999999999:1e300:nan"})
-        EXPECT_EQ(accepted(TimeHelp, text), "2011-05-06 00:00:00") << text;
-    EXPECT_EQ(accepted(TimeHelp, ""), "2026-11-20 00:00:00");
+        EXPECT_EQ(accepted(ih时间型, text), "2011-05-06 00:00:00") << text;
+    EXPECT_EQ(accepted(ih时间型, ""), "2026-11-20 00:00:00");
 }
 
 TEST_F(Calendar, ReturnsTheTimeInTwoDigitsEach) {
-    choose(TimeHelp, "", [](CalendarDialog& d) {
+    choose(ih时间型, "", [](CalendarDialog& d) {
         d.day(2011, 5, 6);
         d.time(1, 2, 3);
         d.Ok();
@@ -115,8 +115,8 @@ TEST_F(Calendar, ReturnsTheTimeInTwoDigitsEach) {
 
 TEST_F(Calendar, ADoubleClickOnADayTakesIt) {
     for (const auto& [type, result] :
-         {std::pair(ih日期型, "2011-05-07"), std::pair(HalfDayHelp, "2011-05-07 下午"),
-          std::pair(TimeHelp, "2011-05-07 00:00:00")}) {
+         {std::pair(ih日期型, "2011-05-07"), std::pair(ih半日型, "2011-05-07 下午"),
+          std::pair(ih时间型, "2011-05-07 00:00:00")}) {
         choose(type, "2011-05-06 下午", [](CalendarDialog& d) {
             d.day(2011, 5, 7);
             d.doubleClickDay();
@@ -138,12 +138,12 @@ TEST_F(Calendar, TodayGoesToTodayAndStaysOpen) {
 }
 
 TEST_F(Calendar, TodayLeavesTheTimeAndTheHalfAsTheyAre) {
-    choose(TimeHelp, "2011-05-06 14:30:00", [](CalendarDialog& d) {
+    choose(ih时间型, "2011-05-06 14:30:00", [](CalendarDialog& d) {
         d.Today();
         d.Ok();
     });
     EXPECT_EQ(inEditor().text, "2026-11-20 14:30:00");
-    choose(HalfDayHelp, "2011-05-06 下午", [](CalendarDialog& d) {
+    choose(ih半日型, "2011-05-06 下午", [](CalendarDialog& d) {
         d.Today();
         d.Ok();
     });
@@ -151,7 +151,7 @@ TEST_F(Calendar, TodayLeavesTheTimeAndTheHalfAsTheyAre) {
 }
 
 TEST_F(Calendar, EnterIsOkAndEscapeReturnsNothing) {
-    for (const gEmHelpType type : {ih日期型, HalfDayHelp, TimeHelp}) {
+    for (const gEmHelpType type : {ih日期型, ih半日型, ih时间型}) {
         choose(type, "2011-05-06", [](CalendarDialog& d) {
             d.press(Key::Escape);
             EXPECT_FALSE(d.open());
@@ -163,7 +163,7 @@ TEST_F(Calendar, EnterIsOkAndEscapeReturnsNothing) {
 }
 
 TEST_F(Calendar, ClosedByItsFrameReturnsNothing) {
-    choose(TimeHelp, "2011-05-06", [](CalendarDialog& d) {
+    choose(ih时间型, "2011-05-06", [](CalendarDialog& d) {
         d.day(2012, 1, 1);
         d.closeByFrame();
     });

@@ -49,9 +49,6 @@ class HelpTest : public ClerkTest {
     static constexpr std::int32_t HelpRow = 2;
     static constexpr std::int32_t HelpCol = 2;
     static constexpr const char* KeptTag = "the tag before";
-    /// Kinds of date help without a name of their own.
-    static constexpr auto HalfDayHelp = static_cast<gEmHelpType>(4);
-    static constexpr auto TimeHelp = static_cast<gEmHelpType>(5);
 
     void offer(gEmHelpType type, std::string_view code = {}) {
         column(HelpCol).b是否提供帮助(true);

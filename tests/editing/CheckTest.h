@@ -20,10 +20,6 @@ namespace kxVsGrid::testing {
 
 using Boxes = std::vector<MessageBox>;
 
-/// The judge types that have no name of their own: a date with its half of the day, and with its time.
-constexpr auto HalfDayForm = static_cast<gEmJudgeType>(4);
-constexpr auto TimeForm = static_cast<gEmJudgeType>(5);
-
 inline std::string placeName(FocusPlace place) {
     constexpr const char* Names[] = {"elsewhere", "the surface", "the grid", "the editor", "the help button"};
     return Names[static_cast<std::size_t>(place)];
@@ -100,8 +96,8 @@ class CheckTest : public ClerkAt<WatchedDesk> {
         column(CodeCol).s文本框对应名称字段("name");
         column(CodeCol).s错误提示信息("没有此货号");
         judge(DateCol, ij日期型);
-        judge(HalfDayCol, HalfDayForm);
-        judge(TimeCol, TimeForm);
+        judge(HalfDayCol, ij半日型);
+        judge(TimeCol, ij时间型);
         desk.setNow(2026, 11, 20, 9, 30, 5);
     }
 

@@ -27,8 +27,8 @@ struct TestedForm {
 
 const TestedForm Forms[] = {
     {"Date", ij日期型, DateOracle::Form::Date, "非法公历日期!(格式:2026-11-20)"},
-    {"HalfDay", HalfDayForm, DateOracle::Form::HalfDay, "非法公历日期!(格式:2026-11-20 上午)"},
-    {"Time", TimeForm, DateOracle::Form::Time, "非法公历日期!(格式:2026-11-20 09:30:05)"},
+    {"HalfDay", ij半日型, DateOracle::Form::HalfDay, "非法公历日期!(格式:2026-11-20 上午)"},
+    {"Time", ij时间型, DateOracle::Form::Time, "非法公历日期!(格式:2026-11-20 09:30:05)"},
 };
 
 /// The ways to have a text checked; Enter takes the line ends out first.

@@ -69,6 +69,29 @@ TEST_F(BothGrids, GetTheFormatOfAColumn) {
     EXPECT_EQ(sum().ColFormat(3), "");
 }
 
+TEST_F(BothGrids, KeepTheirFormatWhenAColumnIsGivenNonsense) {
+    grid.ColFormat(3, "0.00");
+    for (const char* nonsense : {"General", "两位小数", "0.0E+00", ",", "@", "yyyy years"}) {
+        try {
+            grid.ColFormat(3, nonsense);
+            ADD_FAILURE() << nonsense;
+        } catch (const GridError& error) {
+            const std::string message = error.what();
+            EXPECT_NE(message.find("kxGrid.ColFormat"), std::string::npos) << message;
+            EXPECT_NE(message.find(nonsense), std::string::npos) << message;
+        }
+    }
+    EXPECT_EQ(vs().ColFormat(3), "0.00");
+    EXPECT_EQ(sum().ColFormat(3), "0.00");
+}
+
+TEST_F(BothGrids, TakeEveryFormatThatShowsSomething) {
+    for (const char* format : {"0", "#,##0.00", "0%", "\"约 \"0.0", "yyyy年m月d日", "HH:mm:ss", ""}) {
+        grid.ColFormat(3, format);
+        EXPECT_EQ(sum().ColFormat(3), format);
+    }
+}
+
 TEST_F(BothGrids, GetTheAlignmentOfAColumn) {
     grid.ColAlignment(3, flexAlignRightBottom);
     EXPECT_EQ(grid.ColAlignment(3), flexAlignRightBottom);

@@ -62,6 +62,41 @@ TEST_F(DirtyFlag, IsClearedForGoodByEditableOff) {
     EXPECT_FALSE(grid.bIsDirty());
 }
 
+TEST_F(DirtyFlag, IsClearedByUnmodifiedUntilTheNextCommit) {
+    typeInto(1, 1, "typed");
+    EXPECT_TRUE(grid.ValidTextData());
+    heard();
+    desk.clear();
+    grid.Unmodified();
+    EXPECT_FALSE(grid.bIsDirty());
+    EXPECT_TRUE(grid.Editable());
+    EXPECT_EQ(heard(), Nothing);
+    EXPECT_EQ(reported(), Nothing);
+    typeInto(1, 2, "again");
+    EXPECT_FALSE(grid.bIsDirty());
+    EXPECT_TRUE(grid.ValidTextData());
+    EXPECT_TRUE(grid.bIsDirty());
+}
+
+TEST_F(DirtyFlag, IsClearedByUnmodifiedWhileTheEditorStaysOpen) {
+    typeInto(1, 1, "first");
+    EXPECT_TRUE(grid.ValidTextData());
+    typeInto(1, 2, "typed");
+    grid.Unmodified();
+    EXPECT_FALSE(grid.bIsDirty());
+    EXPECT_EQ(desk.editor().text, "typed");
+    EXPECT_TRUE(desk.editor().visible);
+    EXPECT_TRUE(grid.ValidTextData());
+    EXPECT_TRUE(grid.bIsDirty()) << "what was being typed is a change of its own";
+}
+
+TEST_F(DirtyFlag, IsClearedByUnmodifiedFromInsideTheEvent) {
+    grid.AfterEdit.connect([this](std::int32_t, std::int32_t) { grid.Unmodified(); });
+    typeInto(1, 1, "typed");
+    EXPECT_TRUE(grid.ValidTextData());
+    EXPECT_FALSE(grid.bIsDirty());
+}
+
 TEST_F(DirtyFlag, IsKeptByEditableOn) {
     typeInto(1, 1, "typed");
     EXPECT_TRUE(grid.ValidTextData());

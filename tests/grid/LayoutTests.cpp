@@ -4,6 +4,7 @@
 #include <string>
 
 #include "grid/GridFixture.h"
+#include "kxVsGrid/MemoryBag.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -255,6 +256,16 @@ TEST_F(ShownTotalRow, TakesNoKeyboardAndNoCurrentCell) {
     EXPECT_EQ(grid.Row(), 1);
     EXPECT_EQ(grid.Col(), 1);
     EXPECT_EQ(desk.focusOwner(), FocusPlace::Grid);
+}
+TEST_F(Layout, IsThatOfTheSizeGivenBeforeTheControlWasPlaced) {
+    headless::Desk other;
+    other.resize(5000, 4000);
+    EXPECT_EQ(other.place().gridRect(), (Rect{1, 1, 5000, 4000}));
+    MemoryBag bag;
+    EXPECT_EQ(other.load(bag).gridRect(), (Rect{1, 1, 5000, 4000}));
+    other.resize(6000, 3000);
+    EXPECT_EQ(other.grid().gridRect(), (Rect{1, 1, 6000, 3000})) << "the control in use, and no other";
+    EXPECT_EQ(other.place().gridRect(), (Rect{1, 1, 5000, 4000}));
 }
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -177,5 +177,33 @@ TEST_F(ReadSum, ShowsTheErrorAndAnswersNothing) {
     EXPECT_EQ(boxes(), Lines{"错误：|16|CellErrorboom"});
     EXPECT_EQ(grid.ReadSum(1), "合计");
 }
+class RawText : public PlacedGrid {};
+
+TEST_F(RawText, IsTheTextBehindTheFormat) {
+    grid.ColFormat(2, "#,##0.00");
+    grid.SetCell(1, 2, "1234.5", "tag");
+    EXPECT_EQ(grid.ReadCell(1, 2, true), "1,234.50");
+    EXPECT_EQ(grid.RawText(1, 2), "1234.5");
+}
+
+TEST_F(RawText, CommitsWhatIsBeingTyped) {
+    typeInto(1, 1, "typed");
+    EXPECT_EQ(grid.RawText(1, 1), "typed");
+    EXPECT_FALSE(desk.editor().visible);
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(1, 1));
+}
+
+TEST_F(RawText, IsEmptyOutsideTheGrid) {
+    EXPECT_EQ(grid.RawText(-1, 1), "");
+    EXPECT_EQ(grid.RawText(1, grid.Cols()), "");
+    EXPECT_EQ(grid.RawText(grid.Rows(), 1), "");
+    EXPECT_EQ(boxes(), Nothing);
+}
+
+TEST_F(RawText, ShowsTheErrorAndAnswersNothing) {
+    vs().ComputedText(1, 3, []() -> std::string { throw std::runtime_error("boom"); });
+    EXPECT_EQ(grid.RawText(1, 3), "");
+    EXPECT_EQ(boxes(), Lines{"错误：|16|CellErrorboom"});
+}
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -9,11 +9,13 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-enum Kind { OnlyDate = 1, HalfDay = 4, Time = 5 };
+constexpr gEmHelpType OnlyDate = ih日期型;
+constexpr gEmHelpType HalfDay = ih半日型;
+constexpr gEmHelpType Time = ih时间型;
 
 class CalendarWindow : public HelpWindow {
   public:
-    explicit CalendarWindow(Kind kind) { grid().VsCtrl(Date)->i帮助类型(static_cast<gEmHelpType>(kind)); }
+    explicit CalendarWindow(gEmHelpType type) { grid().VsCtrl(Date)->i帮助类型(type); }
 
     /// The editor's text when the calendar, opened over a text, has been worked by `act`.
     QString answer(const QString& opened, const Dialogs::Act& act) {

@@ -38,12 +38,12 @@ TEST(HelpPicture, ShowsTheLookup) {
 }
 
 TEST(HelpPicture, ShowsTheCalendars) {
-    for (const int type : {1, 4, 5}) {
+    for (const gEmHelpType type : {ih日期型, ih半日型, ih时间型}) {
         HelpWindow w;
-        w.grid().VsCtrl(Date)->i帮助类型(static_cast<gEmHelpType>(type));
+        w.grid().VsCtrl(Date)->i帮助类型(type);
         Dialogs dialogs([&](Dialog& d) {
-            takePicture(d, QStringLiteral("help-calendar-%1").arg(type));
-            if (type == 5) w.picture("help-calendar-over", &d.window);
+            takePicture(d, QStringLiteral("help-calendar-%1").arg(int{type}));
+            if (type == ih时间型) w.picture("help-calendar-over", &d.window);
             d.press(Qt::Key_Escape);
         });
         w.write(2, Date, "2026-11-20 下午");
@@ -70,7 +70,7 @@ TEST(HelpPicture, ShowsTheDialogsAsSmallAsTheyGet) {
     for (const Column col : {Code, Date, Remark}) {
         HelpWindow w;
         w.editable = true;
-        w.grid().VsCtrl(Date)->i帮助类型(static_cast<gEmHelpType>(5));
+        w.grid().VsCtrl(Date)->i帮助类型(ih时间型);
         w.grid().VsCtrl(col)->HelpWidth(1);
         w.grid().VsCtrl(col)->HelpHeight(1);
         Dialogs dialogs([&](Dialog& d) {
@@ -89,7 +89,7 @@ TEST(HelpPicture, ShowsTheDialogsInADarkPalette) {
     for (const Column col : {Code, Date, Remark}) {
         HelpWindow w;
         w.window.setPalette(darkPalette());
-        w.grid().VsCtrl(Date)->i帮助类型(static_cast<gEmHelpType>(5));
+        w.grid().VsCtrl(Date)->i帮助类型(ih时间型);
         Dialogs dialogs([&](Dialog& d) {
             d.press(Qt::Key_Down);
             takePicture(d, QStringLiteral("help-dark-%1").arg(int{col}));

@@ -49,16 +49,17 @@ TEST(MessageBox, TellsARefusedCodeInFrontOfTheWindow) {
 
 TEST(MessageBox, TellsTheFormOfADate) {
     const struct {
-        int type;
+        gEmJudgeType type;
         const char* form;
         const char* pattern;
-    } forms[] = {{2, "yyyy-MM-dd", R"(^非法公历日期!\(格式:(\d{4}-\d\d-\d\d)\)$)"},
-                 {4, "yyyy-MM-dd", R"(^非法公历日期!\(格式:(\d{4}-\d\d-\d\d) (?:上午|下午)\)$)"},
-                 {5, "yyyy-MM-dd HH:mm:ss", R"(^非法公历日期!\(格式:(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d)\)$)"}};
+    } forms[] = {
+        {ij日期型, "yyyy-MM-dd", R"(^非法公历日期!\(格式:(\d{4}-\d\d-\d\d)\)$)"},
+        {ij半日型, "yyyy-MM-dd", R"(^非法公历日期!\(格式:(\d{4}-\d\d-\d\d) (?:上午|下午)\)$)"},
+        {ij时间型, "yyyy-MM-dd HH:mm:ss", R"(^非法公历日期!\(格式:(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d)\)$)"}};
     for (const auto& form : forms) {
         CheckedWindow w;
         Boxes boxes;
-        w.grid().VsCtrl(Date)->i字段有效性判断类型(static_cast<gEmJudgeType>(form.type));
+        w.grid().VsCtrl(Date)->i字段有效性判断类型(form.type);
         w.fill(1, Date, "2011-02-30");
         const QDateTime before = QDateTime::currentDateTime().addSecs(-1);
         w.press(Qt::Key_Return);

@@ -212,15 +212,15 @@ TEST(Picture, ShowsARefusedCodeAndItsBox) {
 
 TEST(Picture, ShowsARefusedDateAndItsBox) {
     const struct {
-        int type;
+        gEmJudgeType type;
         const char* name;
         const char* text;
-    } forms[] = {{2, "refused-date", "2011-02-30"},
-                 {4, "refused-half-day", "2011-02-03 晚上"},
-                 {5, "refused-time", "2011-02-03 24:00:00"}};
+    } forms[] = {{ij日期型, "refused-date", "2011-02-30"},
+                 {ij半日型, "refused-half-day", "2011-02-03 晚上"},
+                 {ij时间型, "refused-time", "2011-02-03 24:00:00"}};
     for (const auto& form : forms) {
         CheckedWindow w;
-        w.grid().VsCtrl(Date)->i字段有效性判断类型(static_cast<gEmJudgeType>(form.type));
+        w.grid().VsCtrl(Date)->i字段有效性判断类型(form.type);
         w.grid().ColWidth(Date, 2400);
         picturesOfRefusal(w, form.name, 1, Date, form.text);
     }

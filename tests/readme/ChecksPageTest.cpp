@@ -75,7 +75,7 @@ TEST_F(ChecksPage, QuotesTheBoxOfEachRefusal) {
         EXPECT_EQ(desk.editor().text, refusal.text);
         desk.press(Key::Escape);
     }
-    grid.VsCtrl(Delivery)->i字段有效性判断类型(static_cast<gEmJudgeType>(5));
+    grid.VsCtrl(Delivery)->i字段有效性判断类型(ij时间型);
     desk.clear();
     enter(1, Delivery, "2011-02-03 12:30");
     EXPECT_EQ(desk.messages().at(0), (Box{"非法公历日期!(格式:2026-11-20 14:05:09)", 64, "提示："}));

@@ -1,9 +1,11 @@
 // Events: who hears of them, in which order, and what a listener may do meanwhile.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -143,6 +145,102 @@ TEST(Events, ArePassedOnFirstUntilAllEnds) {
     inner.disconnectAll();
     inner();
     EXPECT_EQ(heard, (Lines{"outer", "outer", "inner"}));
+}
+// --- A listener keeps what it is given to change.
+
+void byReference(int, bool&) {}
+void byValue(int, bool) {}
+struct ConsentingListener {
+    void operator()(int, bool& consent) noexcept { consent = true; }
+};
+struct ForgettingListener {
+    void operator()(int, bool) const noexcept {}
+};
+
+TEST(Events, RefuseAListenerThatWouldChangeACopy) {
+    using Asking = Event<int, bool&>;
+    static_assert(!Asking::accepts<decltype([](int, bool) {})>);
+    static_assert(!Asking::accepts<decltype([](int, bool) mutable noexcept {})>);
+    static_assert(!Asking::accepts<decltype([](int, int) {})>);
+    static_assert(!Asking::accepts<ForgettingListener> && !Asking::accepts<decltype(byValue)>);
+    static_assert(!Asking::accepts<std::function<void(int, bool)>>);
+    static_assert(!Event<std::string&>::accepts<decltype([](std::string) {})>);
+    static_assert(Asking::accepts<decltype([](int, bool&) {})>);
+    static_assert(Asking::accepts<decltype([](const int&, const bool&) {})>);
+    static_assert(Asking::accepts<decltype([](auto&&...) {})>);
+    static_assert(Asking::accepts<decltype([](auto, auto& consent) { consent = true; })>);
+    static_assert(Asking::accepts<ConsentingListener&> && Asking::accepts<decltype(byReference)>);
+    static_assert(Event<const std::string&>::accepts<decltype([](std::string) {})>);
+    Asking event;
+    event.connect(byReference);
+    event.connect(ConsentingListener());
+    bool consent = false;
+    event(1, consent);
+    EXPECT_TRUE(consent);
+}
+
+// --- Ties that end with their owner.
+
+TEST(ScopedConnections, EndTheirListenerWhenTheyGo) {
+    Event<> event;
+    int heard = 0;
+    {
+        ScopedConnection tie = event.connect([&] { ++heard; });
+        event();
+        EXPECT_TRUE(tie.connected());
+    }
+    event();
+    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(event.listeners(), 0u);
+}
+
+TEST(ScopedConnections, MoveAndAreNotCopied) {
+    static_assert(!std::is_copy_constructible_v<ScopedConnection>);
+    static_assert(!std::is_copy_assignable_v<ScopedConnection>);
+    Event<> event;
+    Lines heard;
+    std::vector<ScopedConnection> ties;
+    ties.emplace_back(event.connect([&] { heard.emplace_back("a"); }));
+    ties.push_back(event.connect([&] { heard.emplace_back("b"); }));
+    event();
+    EXPECT_EQ(heard, (Lines{"a", "b"}));
+    ties[0] = std::move(ties[1]);
+    EXPECT_FALSE(ties[1].connected());
+    event();
+    EXPECT_EQ(heard, (Lines{"a", "b", "b"})) << "the first ended when the second took its place";
+    ties.clear();
+    event();
+    EXPECT_EQ(heard.size(), 3u);
+}
+
+TEST(ScopedConnections, LetGoOfATieThatLivesOn) {
+    Event<> event;
+    int heard = 0;
+    Connection tie;
+    {
+        ScopedConnection scoped = event.connect([&] { ++heard; });
+        tie = scoped.release();
+    }
+    event();
+    EXPECT_EQ(heard, 1);
+    EXPECT_TRUE(tie.connected());
+}
+
+TEST(ScopedConnections, MayOutliveTheirEventAndEndInsideIt) {
+    ScopedConnection late;
+    int heard = 0;
+    {
+        Event<> event;
+        late = event.connect([&] {
+            ++heard;
+            late = {};
+        });
+        event();
+        event();
+        late = event.connect([] {});
+    }
+    EXPECT_FALSE(late.connected());
+    EXPECT_EQ(heard, 1);
 }
 }  // namespace
 }  // namespace kxVsGrid

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <type_traits>
 
 namespace kxVsGrid {
 namespace {
@@ -253,5 +255,59 @@ TEST(VariantTable, MayHoldArrays) {
     EXPECT_EQ(copy.table()->at(0).table()->at(1), Variant(5));
 }
 
+enum OldName : std::int16_t { Seven = 7 };
+enum class NewName { One };
+
+template <class... Types>
+constexpr bool noneTaken = !(std::is_constructible_v<Variant, Types> || ...);
+
+TEST(Variant, TakesNoPointersButTextsAndNoCharacters) {
+    static_assert(!std::is_constructible_v<Variant, const char8_t*>);
+    static_assert(!std::is_constructible_v<Variant, decltype(u8"")>);
+    static_assert(!std::is_constructible_v<Variant, std::u8string>);
+    static_assert(noneTaken<const wchar_t*, const char16_t*, const void*, int*, Table*, std::nullptr_t>);
+    static_assert(noneTaken<void (*)(), int Table::*, decltype([] {})>);
+    static_assert(noneTaken<char, wchar_t, char8_t, char16_t, char32_t, NewName, long double>);
+    static_assert(std::is_constructible_v<Variant, char*> && std::is_convertible_v<const char*, Variant>);
+    static_assert(std::is_convertible_v<bool, Variant> && std::is_convertible_v<OldName, Variant>);
+    char text[] = "text";
+    EXPECT_EQ(Variant(text).toText(), "text");
+}
+
+template <class Integer>
+void expectTaken(Type type) {
+    const Variant value = static_cast<Integer>(100);
+    EXPECT_EQ(value.type(), type);
+    EXPECT_EQ(value.toInt32(), 100);
+}
+
+TEST(Variant, TakesWholeNumbersOfEveryWidth) {
+    expectTaken<std::int8_t>(Type::Int32);
+    expectTaken<std::uint8_t>(Type::Int32);
+    expectTaken<std::int16_t>(Type::Int16);
+    expectTaken<std::uint16_t>(Type::Int32);
+    expectTaken<std::int32_t>(Type::Int32);
+    expectTaken<std::uint32_t>(Type::Int32);
+    expectTaken<long>(Type::Int32);
+    expectTaken<unsigned long>(Type::Int32);
+    expectTaken<long long>(Type::Int32);
+    expectTaken<std::size_t>(Type::Int32);
+    EXPECT_EQ(Variant(-2147483648LL).toInt32(), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(Variant(std::uint16_t{65535}).toInt32(), 65535);
+    EXPECT_EQ(Variant(1.5F).type(), Type::Double);
+    EXPECT_EQ(Variant(Seven), Variant(std::int16_t{7}));
+}
+
+TEST(Variant, NamesAWholeNumberThatDoesNotFit) {
+    EXPECT_THROW(Variant(2147483648LL), ConversionError);
+    EXPECT_THROW(Variant(std::uint32_t{4294967295U}), ConversionError);
+    EXPECT_THROW(Variant(std::numeric_limits<std::uint64_t>::max()), ConversionError);
+    try {
+        const Variant value(-2147483649LL);
+        ADD_FAILURE() << value.toText();
+    } catch (const ConversionError& error) {
+        EXPECT_NE(std::string(error.what()).find("-2147483649"), std::string::npos) << error.what();
+    }
+}
 }  // namespace
 }  // namespace kxVsGrid

@@ -12,7 +12,9 @@
 // It shows nothing, records everything and answers from scripts: input boxes that were not scripted are
 // cancelled, dialogs closed by their frame. Several controls may live on one desk; what the clerk does goes
 // to the one that was placed, loaded or chosen with use() last. Its text box carries out characters,
-// Backspace, Delete, Left, Right, Home, End and, where several lines are allowed, Enter (a line feed).
+// Backspace, Delete, Left, Right, Home, End and, where several lines are allowed, Enter (a line feed). Ctrl+C
+// and Ctrl+V do with the desk's own clipboard what they do in a window: on a closed cell they copy what it
+// shows, and open the editor and paste; in the editor they copy what is selected, and paste.
 #pragma once
 
 #include <cstddef>
@@ -104,7 +106,8 @@ class Desk : public Platform {
     kxGrid& grid();
 
     // --- The form.
-    /// Sets the control's size and runs its layout.
+    /// Sets the control's size, twips, and runs its layout; before there is a control, the size that controls
+    /// are placed and loaded with from now on.
     Desk& resize(std::int32_t width, std::int32_t height);
     Desk& focusGrid();
     Desk& focusSurface();
@@ -160,9 +163,14 @@ class Desk : public Platform {
     Desk& onDialog(std::function<void(LookupDialog&)> script);
     Desk& onDialog(std::function<void(CalendarDialog&)> script);
     Desk& onDialog(std::function<void(ConstantDialog&)> script);
-    /// The dialogs shown so far.
+    /// Works every form that has no script of its kind: those of the control's help above, and any other that
+    /// a host shows.
+    Desk& onDialog(std::function<void(FormDialog&)> script);
+    /// The dialogs shown so far, whatever their form.
     const std::vector<ShownDialog>& dialogs() const;
     const std::string& clipboard() const;
+    /// What another program, or a test, has put there.
+    Desk& clipboard(std::string_view text);
     /// The wheel hook of the control in use; nothing until it has read its settings.
     const std::optional<WheelHookState>& wheelHook() const;
     /// Names of changed settings, in order, of all controls.
@@ -199,6 +207,8 @@ class Desk : public Platform {
     void moveFocus(Station* station, FocusPlace place);
     void stroke(const KeyStroke& key);
     void endComposition();
+    bool copyOrPasteCell(Station& at, const KeyStroke& key);
+    void paste(Station& at);
     void applyToTextBox(Station& at, const KeyStroke& key);
     Rect reach(std::int32_t row, std::int32_t col) const;
     Desk& clickCell(std::int16_t button, std::int32_t row, std::int32_t col, std::int16_t shift);

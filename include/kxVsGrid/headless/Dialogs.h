@@ -1,6 +1,7 @@
-// The dialogs of a column's help, as a clerk at a desk works them.
+// The dialogs that a desk shows, as a clerk works them: those of a column's help, and any other form.
 //
 //     desk.onDialog([](kxVsGrid::headless::LookupDialog& d) { d.type("A0"); d.press(Key::Enter); });
+//     desk.onDialog([](kxVsGrid::headless::FormDialog& d) { d.text("Name", "螺栓").click("Ok"); });
 //
 // A dialog that its script leaves open is closed by its frame. What cannot be done (a hidden button, a row
 // out of view, anything after the dialog has closed) throws std::logic_error: a mistake of the test.
@@ -8,6 +9,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,7 +45,7 @@ class DialogBase : private FormWindow {
   protected:
     void focus(std::string_view name);
     void setText(FormControl& box, std::string_view text);
-    void clickRow(CellGrid& grid, std::int32_t row);
+    void clickRow(FormControl& grid, std::int32_t row);
     void requireOpen(const char* what) const;
 
   private:
@@ -58,6 +60,32 @@ class DialogBase : private FormWindow {
     std::vector<std::function<bool()>> slices_;
 };
 
+/// Any form, its controls by their names. A name that the form does not have is std::out_of_range; a control
+/// of another type than the hand needs, or one that is hidden or disabled, std::logic_error.
+class FormDialog : public DialogBase {
+  public:
+    using DialogBase::DialogBase;
+    const std::string& name() const { return form().name(); }
+    const std::string& text(std::string_view box) const { return control(box).text; }
+    CellGrid& grid(std::string_view name) const;
+
+    /// Gives a control the keyboard.
+    FormDialog& focus(std::string_view name);
+    FormDialog& click(std::string_view button);
+    /// Replaces the text of a text box.
+    FormDialog& text(std::string_view box, std::string_view text);
+    FormDialog& check(std::string_view box, bool checked = true);
+    /// Chooses an entry of a combo box by its text.
+    FormDialog& pick(std::string_view list, std::string_view entry);
+    /// A day of a month view, a time of a time picker.
+    FormDialog& choose(std::string_view calendar, const DateTime& value);
+    FormDialog& clickRow(std::string_view grid, std::int32_t row);
+    FormDialog& doubleClick(std::string_view name);
+
+  private:
+    FormControl& reach(const char* what, std::string_view name, std::initializer_list<const char*> types);
+};
+
 /// The pick-list of a code column.
 class LookupDialog : public DialogBase {
   public:
@@ -67,7 +95,7 @@ class LookupDialog : public DialogBase {
     /// Replaces the search text.
     void CodeText(std::string_view text) { setText(control("CodeText"), text); }
     bool editShown() const { return control("Bjcommand").visible; }
-    void clickRow(std::int32_t row) { DialogBase::clickRow(grid(), row); }
+    void clickRow(std::int32_t row) { DialogBase::clickRow(control("CzxsGrid"), row); }
     void doubleClickRow(std::int32_t row);
     void Ok() { click("QdCommand"); }
     void Cancel() { click("QxCommand"); }
@@ -94,7 +122,7 @@ class ConstantDialog : public DialogBase {
   public:
     using DialogBase::DialogBase;
     CellGrid& grid() const { return *control("CzxsGrid").grid; }
-    void clickRow(std::int32_t row) { DialogBase::clickRow(grid(), row); }
+    void clickRow(std::int32_t row) { DialogBase::clickRow(control("CzxsGrid"), row); }
     void doubleClickRow(std::int32_t row);
     void Ok() { click("QdCommand"); }
     void Cancel() { click("QxCommand"); }
