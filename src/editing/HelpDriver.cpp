@@ -87,7 +87,7 @@ void HelpDriver::date(gEmHelpType type) {
     CalendarForm form(number == HalfDayHelp ? Mode::HalfDay
                       : number == TimeHelp  ? Mode::Time
                                             : Mode::Date,
-                      owner_.now());
+                      [this] { return owner_.now(); });
     show(form);
 }
 
