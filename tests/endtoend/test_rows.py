@@ -101,7 +101,8 @@ def line(good, quantity, delivery, half_day=None, entered=None):
 
 
 def expected_rows(goods):
-    rows = [line(good, quantity, DELIVERY, "上午", NOW) for good, quantity in ((goods[0], 10), (goods[2], 1), (goods[1], 13))]
+    keyed = ((goods[0], 10), (goods[2], 1), (goods[1], 13))
+    rows = [line(good, quantity, DELIVERY, "上午", NOW) for good, quantity in keyed]
     # One added at the end, one copied, two inserted, two deleted.
     last = SHEET_ROWS + 2
     for row in range(4, last + 1):

@@ -228,8 +228,8 @@ TEST_F(RowAdding, FillsTheDefaultTextsOfTheNewRowAlsoWhenTheHostCancelsTheMove) 
 }
 
 TEST_F(RowAdding, FillsNoOtherRowWhenTheHostTakesTheNewOneAway) {
-    column(3).sDefaultText_Name("件");
     at(3, 1);
+    column(3).sDefaultText_Name("件");
     bool once = true;
     grid.BeforeRowColChange.connect([&](auto, auto, auto, auto, bool& cancel) {
         if (std::exchange(once, false)) grid.Grid().RemoveRow(6);
