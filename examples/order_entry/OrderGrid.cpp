@@ -71,6 +71,10 @@ void OrderGrid::connectEvents() {
                    mayDelete_(u"第 %1 行 %2 %3"_s.arg(QString::number(row - grid_.FixedRows() + 1),
                                                       text(row, Code), text(row, Name))));
     }));
+    // Dates that a row got as the clerk passed it make it no line: fills end before it.
+    grid_.Options().FillsToLastLine(true);
+    all.push_back(grid_.Options().RowInUse.connect(
+        [this](std::int32_t row, bool& inUse) { inUse = !read(row).isEmpty(); }));
     all.push_back(grid_.AfterDeleteVsRow.connect([this] { emit changed(); }));
     all.push_back(grid_.TxtValidBmS.connect([this](const std::string& query, const std::string& codeField,
                                                    const std::string& nameField, const std::string& typed,

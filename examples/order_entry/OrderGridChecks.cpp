@@ -97,8 +97,7 @@ bool OrderGrid::breaksRule(const OrderLine& line, Column col) {
 }
 
 // Fills and copies of the control put texts into cells that nobody has checked. Dates and times of a line
-// that says nothing are not kept; one with a quantity and neither goods nor a remark is nobody's intention: a
-// column was filled further down than the order goes.
+// that says nothing are not kept; one with a quantity and neither goods nor a remark is nobody's intention.
 QString OrderGrid::whyUnsavable(const OrderLine& line, Column col, const QString& text) {
     const bool note = line.code.isEmpty() && !line.remark.isEmpty();
     if (col == Code && line.code.isEmpty() && !note && !line.isEmpty())

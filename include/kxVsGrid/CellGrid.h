@@ -123,7 +123,8 @@ class CellGrid {
     /// from another cell repaints nothing when that cell changes.
     void ComputedText(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
     /// From now on column 0 of data row r answers r - FixedRows + 1 from its position, until code writes a
-    /// text there. Not stored, no CellChanged. Nothing without a fixed column.
+    /// text there. Not stored, no CellChanged. Nothing without a fixed column; the numbers end when the last
+    /// fixed column does.
     void NumberRows();
     /// The sum of the leading numbers of the displayed texts of a column's data rows, added up in row order
     /// in a double. Numbers once read are remembered until their cell changes.
@@ -240,11 +241,11 @@ class CellGrid {
     std::int32_t TopRowToShow(std::int32_t row, std::int32_t bottom) const;
     /// The same for a column and the right edge.
     std::int32_t LeftColToShow(std::int32_t col, std::int32_t right) const;
-    /// The nearest row after `row` that is neither hidden nor without height, fixed ones included; -1 when
-    /// there is none. However many rows are passed, it is found at once.
-    std::int32_t ShownRowAfter(std::int32_t row) const;
+    /// The `steps`-th row after `row` that is neither hidden nor without height, fixed ones included; the
+    /// last one when there are fewer, -1 when there is none. Found at once, however many rows are passed.
+    std::int32_t ShownRowAfter(std::int32_t row, std::int32_t steps = 1) const;
     /// The same before `row`.
-    std::int32_t ShownRowBefore(std::int32_t row) const;
+    std::int32_t ShownRowBefore(std::int32_t row, std::int32_t steps = 1) const;
 
     // --- What the machine reports.
     /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt. True when the key did

@@ -36,7 +36,7 @@ void CellStore::removeRows(std::int32_t row, std::int32_t n) {
 
 void CellStore::setCols(std::int32_t count) {
     for (std::int32_t col = count; col < cols(); ++col) clearColumn(column(col), 0, rows());
-    if (count == 0) numbered_ = false;
+    if (count == 0) endRowNumbers();
     const bool fewer = count < cols();
     columns_.resize(static_cast<std::size_t>(count));
     if (fewer) compact();
@@ -204,6 +204,11 @@ void CellStore::numberRows() {
     order_.forEach(fixedRows_, rows(), [&](std::int32_t, RowHandle handle) {
         if (CellPages::Page* page = c.cells.find(handle)) putTextSlot(c, *page, handle, slot::Empty);
     });
+}
+
+void CellStore::endRowNumbers() {
+    numbered_ = false;
+    if (cols() > 0) column(0).numbers.reset();
 }
 
 void CellStore::setFormat(std::int32_t col, std::string_view pattern) {

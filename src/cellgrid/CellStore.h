@@ -89,6 +89,8 @@ class CellStore {
     /// From now on column 0 answers the numbers of the data rows where no text is stored; those stored in
     /// data rows are dropped.
     void numberRows();
+    /// Column 0 answers what was written there again.
+    void endRowNumbers();
 
     const CellStyle& style(std::int32_t row, std::int32_t col) const {
         return styles_[column(col).styles.at(row)];

@@ -192,11 +192,11 @@ std::int32_t CellGrid::LeftColToShow(std::int32_t col, std::int32_t right) const
     return std::min(impl_->layout.cols.firstToShow(col, right), std::max(LeftCol(), MaxLeftCol()));
 }
 
-std::int32_t CellGrid::ShownRowAfter(std::int32_t row) const {
-    return impl_->layout.rows.axis.shownAfter(std::max(row, -1));
+std::int32_t CellGrid::ShownRowAfter(std::int32_t row, std::int32_t steps) const {
+    return impl_->layout.rows.axis.shownAfter(std::max(row, -1), steps);
 }
-std::int32_t CellGrid::ShownRowBefore(std::int32_t row) const {
-    return impl_->layout.rows.axis.shownBefore(row);
+std::int32_t CellGrid::ShownRowBefore(std::int32_t row, std::int32_t steps) const {
+    return impl_->layout.rows.axis.shownBefore(row, steps);
 }
 
 // --- Damage.

@@ -57,7 +57,10 @@ void CellGrid::Impl::viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t 
 void CellGrid::Impl::insertCols(std::int32_t n) {
     layout.cols.axis.insert(cols(), n);
     store.setCols(cols());
-    if (currentCol < 0) currentCol = layout.cols.fixed;
+    if (currentCol >= 0) return;
+    currentCol = layout.cols.fixed;
+    for (Move* m = moving; m; m = m->outer)
+        if (m->newCol < 0) m->newCol = currentCol;  // asked for while there was no column
 }
 
 void CellGrid::Impl::setCols(std::int32_t count) {
@@ -93,7 +96,12 @@ void CellGrid::Impl::setFixedRows(std::int32_t count) {
 void CellGrid::Impl::setFixedCols(std::int32_t count) {
     if (count < 0) misuse("FixedCols", count, "is negative");
     if (count > cols()) misuse("FixedCols", count, "is more than Cols");
-    if (count != layout.cols.fixed) setFixed(layout.cols, count);
+    if (count == layout.cols.fixed) return;
+    if (count == 0) {  // what numbered the rows is a column of data now
+        contentWillChange(0);
+        store.endRowNumbers();
+    }
+    setFixed(layout.cols, count);
 }
 
 /// A view at its start stays there: nothing is left hidden behind the fixed part.

@@ -1,6 +1,7 @@
 #include "dialogs/CalendarForm.h"
 
 #include <array>
+#include <utility>
 
 #include "dialogs/Captions.h"
 #include "dialogs/Lists.h"
@@ -35,10 +36,10 @@ DateTime timeOf(std::string_view text) {
 }
 }  // namespace
 
-CalendarForm::CalendarForm(Mode mode, const DateTime& today)
+CalendarForm::CalendarForm(Mode mode, Clock clock)
     : Form("XT_calendar", captions::CalendarTitle, 4200, mode == Mode::Date ? 4320 : 4800),
       mode_(mode),
-      today_(today),
+      clock_(std::move(clock)),
       month_(add("MonthView", "MonthView1", captions::CalendarTitle, {240, 240, 3720, 3240})),
       time_(add("DTPicker", "DTPTime", captions::Time, {240, 3600, 1800, 345})),
       half_(add("ComboBox", "Cob", captions::HalfDay, {240, 3600, 1800, 345})),
@@ -48,7 +49,7 @@ CalendarForm::CalendarForm(Mode mode, const DateTime& today)
     half_.visible = mode == Mode::HalfDay;
     half_.list = {Morning, Afternoon};
     half_.text = Morning;
-    month_.value = {today.year, today.month, today.day};
+    goToToday();
     ok_.isDefault = true;
 }
 
@@ -84,9 +85,14 @@ void CalendarForm::pressed(FormControl& button) {
         accept();
     } else if (&button == &todayButton_) {
         giveFocus(month_);
-        month_.value = {today_.year, today_.month, today_.day};
+        goToToday();
         changed(month_);
     }
+}
+
+void CalendarForm::goToToday() {
+    const DateTime now = clock_();
+    month_.value = {now.year, now.month, now.day};
 }
 
 void CalendarForm::doubleClicked(FormControl& control) {

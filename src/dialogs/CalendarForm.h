@@ -1,6 +1,7 @@
 // The picker of a date, a date with half-day, or a date with time.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,8 +17,11 @@ class CalendarForm : public Form {
   public:
     enum class Mode { Date, HalfDay, Time };
 
-    /// `today` is where the calendar stands when the text names no date, and what the today button chooses.
-    CalendarForm(Mode mode, const DateTime& today);
+    /// The moment that it is, asked anew each time.
+    using Clock = std::function<DateTime()>;
+    /// Its day is where the calendar stands when the text names no date, and what the today button chooses:
+    /// a calendar may stand open past midnight.
+    CalendarForm(Mode mode, Clock clock);
 
   protected:
     void load() override;
@@ -26,12 +30,13 @@ class CalendarForm : public Form {
     void doubleClicked(FormControl& control) override;
 
   private:
+    void goToToday();
     void readStart(std::string_view text);
     std::string result() const;
     void accept();
 
     Mode mode_;
-    DateTime today_;
+    Clock clock_;
     FormControl& month_;
     FormControl& time_;
     FormControl& half_;

@@ -82,7 +82,7 @@ void HelpDriver::date(gEmHelpType type) {
     CalendarForm form(number == ih半日型   ? Mode::HalfDay
                       : number == ih时间型 ? Mode::Time
                                            : Mode::Date,
-                      owner_.now());
+                      [this] { return owner_.now(); });
     show(form);
 }
 

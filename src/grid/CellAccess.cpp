@@ -64,6 +64,7 @@ void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisp
         }
         const cVsControl* column = p.columns.find(Col);
         if (!column) return;
+        p.defaulted.written(Row, Col);
         if (!p.flags.bIsShowZero && isBlanked(column->iType(), psDisplay) && !isFixed(p.main, Row, Col))
             psDisplay = {};
         const bool heard = p.main.CellChanged.heard();

@@ -14,6 +14,7 @@
 #include "grid/Wheel.h"
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/Context.h"
+#include "grid/events/DefaultedCells.h"
 #include "grid/events/Host.h"
 #include "grid/events/Keys.h"
 #include "grid/events/Menus.h"
@@ -100,6 +101,7 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     grid::ControlFlags flags;
     GridOptions options;
     events::MoveFlags moves;
+    events::DefaultedCells defaulted;
     std::unique_ptr<Seat> seat;
     grid::TotalRow totals;
     grid::Layout layout;

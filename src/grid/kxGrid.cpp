@@ -29,7 +29,8 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       wheel(main),
       settings(main, sums, columns, flags, totals, layout),
       editor(main, columns, *this, *seat),
-      context{main, sums, columns, host, moves, flags, editor, totals, *seat, machine, layout, wheel},
+      context{main,   sums,  columns, host,   moves, flags,   editor,
+              totals, *seat, machine, layout, wheel, options, defaulted},
       navigation(context),
       rows(context, navigation),
       keys(context, rows),
@@ -65,14 +66,17 @@ void kxGrid::Parts::connectMoves() {
         totals.followCols();
         columns.resize(main.Cols());
         rows.follower().rowsLimited(main.Rows());
+        defaulted.limited(main.Rows(), main.Cols());
         editor.place();
     }));
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted) {
             rows.follower().rowInserted(position);
+            defaulted.rowInserted(position);
             editor.rowInserted(position);
         } else {
             rows.follower().rowRemoved(position);
+            defaulted.rowRemoved(position);
             editor.rowRemoved(position);
         }
     }));

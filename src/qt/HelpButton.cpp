@@ -11,13 +11,14 @@ HelpButton::HelpButton(Stage& stage, QWidget* parent) : QToolButton(parent), sta
     setText(QStringLiteral("…"));
     setAccessibleName(captions::Help);
     setFocusPolicy(Qt::NoFocus);  // the editor keeps the keyboard: nothing is committed by the press
+    setContextMenuPolicy(Qt::PreventContextMenu);  // nor do other buttons open anything but the help
     hide();
 }
 
-/// Help opens on the press. The button is not drawn as pressed: the dialog would get to see the release.
+/// Help opens on the press, of any button. The button is not drawn as pressed: the dialog would get to see
+/// the release.
 void HelpButton::mousePressEvent(QMouseEvent* event) {
     event->accept();
-    if (event->button() != Qt::LeftButton) return;
     stage_.endComposition();
     stage_.guarded([](Input& input) { input.helpButtonPressed(); });
 }

@@ -1,6 +1,8 @@
 // The current cell: where it goes, and what is raised on the way.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "MoveLog.h"
 #include "kxVsGrid/CellGrid.h"
 
@@ -40,6 +42,16 @@ TEST_F(CurrentCell, RaisesNothingWhenItIsThereAlready) {
     grid.Row(1);
     grid.Col(1);
     EXPECT_EQ(log.take(), Lines{});
+}
+
+TEST_F(CurrentCell, IsInAColumnAsSoonAsAListenerBringsOneBack) {
+    grid.Cols(0);
+    bool once = true;
+    grid.BeforeRowColChange.connect([&](int, int, int, int, bool&) {
+        if (std::exchange(once, false)) grid.Cols(3);
+    });
+    grid.Row(2);
+    EXPECT_EQ(at(), "2,0");
 }
 
 TEST_F(CurrentCell, MayBePutIntoTheFixedArea) {

@@ -178,6 +178,23 @@ TEST(RowNumbers, NeedAFixedColumn) {
     EXPECT_EQ(grid.Text(2, 0), "");
 }
 
+TEST(RowNumbers, EndWithTheLastFixedColumn) {
+    CellGrid grid;
+    grid.NumberRows();
+    grid.Text(2, 0, "");
+    grid.Text(3, 0, "7");
+    grid.ColumnSum(0);
+    grid.FixedCols(0);
+    EXPECT_EQ(grid.Text(1, 0), "");
+    EXPECT_EQ(grid.Text(2, 0), "");
+    EXPECT_EQ(grid.Text(3, 0), "7");
+    EXPECT_EQ(grid.ColumnSum(0), 7);
+    grid.FixedCols(1);
+    EXPECT_EQ(grid.Text(1, 0), "");
+    grid.NumberRows();
+    EXPECT_EQ(grid.Text(1, 0), "1");
+}
+
 TEST(RowNumbers, CountInTheSumOfTheirColumn) {
     CellGrid grid;
     grid.NumberRows();

@@ -126,6 +126,15 @@ TEST_F(Calendar, ADoubleClickOnADayTakesIt) {
     }
 }
 
+TEST_F(Calendar, TodayIsTheDayOnWhichItIsPressed) {
+    choose(ih日期型, "2011-05-06", [this](CalendarDialog& d) {
+        desk.setNow(2026, 11, 21, 0, 5, 0);
+        d.Today();
+        d.Ok();
+    });
+    EXPECT_EQ(inEditor().text, "2026-11-21");
+}
+
 TEST_F(Calendar, TodayGoesToTodayAndStaysOpen) {
     choose(ih日期型, "2011-05-06", [](CalendarDialog& d) {
         EXPECT_EQ(d.control("Jtcommand").caption, "今天");

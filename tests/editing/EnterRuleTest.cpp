@@ -1,4 +1,6 @@
 // Where Enter goes from a column: the next editable cell, the row below, or a target that the column names.
+#include <initializer_list>
+
 #include "grid/events/ClerkTest.h"
 
 namespace kxVsGrid::testing {
@@ -109,6 +111,57 @@ TEST_F(EnterRule, IsReadAfterTheCommit) {
     openAt(2, 2);
     desk.type("x").press(Key::Enter);
     EXPECT_EQ(current(), (Cell{4, 4}));
+}
+
+class EnterPastHiddenRows : public EnterRule {
+  protected:
+    void hide(std::initializer_list<std::int32_t> hidden) {
+        for (const std::int32_t row : hidden) grid.Grid().RowHidden(row, true);
+        log.clear();
+    }
+};
+
+TEST_F(EnterPastHiddenRows, GoesDownToTheNextShownRow) {
+    hide({3, 4});
+    EXPECT_EQ(enterFrom(2, 2, "r"), moves(2, 2, 5, 2));
+}
+
+TEST_F(EnterPastHiddenRows, StaysWhereOnlyHiddenRowsFollow) {
+    hide({4, 5});
+    EXPECT_EQ(enterFrom(3, 2, "r"), Lines{});
+    EXPECT_EQ(grid.Rows(), 6) << "the last row is hidden, but there is one";
+}
+
+TEST_F(EnterPastHiddenRows, AddsARowOnlyFromTheLastOne) {
+    hide({4});
+    EXPECT_EQ(enterFrom(5, 2, "r"), asksForRow(5, false) + moves(5, 2, 6, 2));
+}
+
+TEST_F(EnterPastHiddenRows, CountsShownRowsOnTheWayToATarget) {
+    hide({3});
+    EXPECT_EQ(enterFrom(2, 2, "+2,"), moves(2, 2, 5, 2));
+    EXPECT_EQ(enterFrom(5, 3, "-2,+1"), asksForRow(5, false) + moves(5, 3, 2, 4));
+}
+
+TEST_F(EnterPastHiddenRows, EndsAtTheOutermostShownRow) {
+    hide({1, 5});
+    EXPECT_EQ(enterFrom(3, 2, "+9,"), moves(3, 2, 4, 2));
+    EXPECT_EQ(enterFrom(3, 3, "-9,+1"), moves(3, 3, 2, 4));
+    EXPECT_EQ(enterFrom(2, 4, "-1,1"), moves(2, 4, 2, 1));
+    EXPECT_EQ(enterFrom(4, 4, "+1,1"), moves(4, 4, 4, 1));
+}
+
+TEST_F(EnterPastHiddenRows, GoesNowhereForAHiddenRowThatTheColumnNames) {
+    hide({1, 4, 5});
+    EXPECT_EQ(enterFrom(2, 2, "4,3"), Lines{});
+    EXPECT_EQ(enterFrom(2, 3, "99,3"), Lines{}) << "taken back to the last row, which is hidden";
+    EXPECT_EQ(enterFrom(2, 4, "0,3"), Lines{});
+    EXPECT_EQ(enterFrom(2, 5, "3,3"), moves(2, 5, 3, 3));
+}
+
+TEST_F(EnterPastHiddenRows, GoesOnInTheNextShownRow) {
+    hide({3});
+    EXPECT_EQ(enterFrom(2, 5, ""), moves(2, 5, 4, 1));
 }
 
 class NextEditableCell : public EnterRule {};

@@ -45,6 +45,13 @@ def insert_rows(order, count):
     order.window.answer_box(str(count), "Return", title="新增行", picture="rows-box")
 
 
+def key_last_line(order, code):
+    """In the sheet's last row: fills go down to it, through the empty rows before it."""
+    order.window.keys("ctrl+End", "Home")
+    order.window.type(code)
+    order.window.keys("Return", "ctrl+Home")
+
+
 def fill_by_mouse(order, row, column):
     """Copies of the cell: the last item of the last item."""
     order.open_menu(row, column)
@@ -76,16 +83,17 @@ def work(order, goods):
     order.choose(3, "货号", DELETE)  # empty: no question
     order.choose(4, "数量", DELETE)  # what was copied
     window.answer_box("alt+d")
+    key_last_line(order, goods[1][0])
     fill_by_mouse(order, 3, "货号")
     fill_by_keys(order, 3, "数量", "s")
     fill_by_keys(order, 3, "仓库", "c")
     fill_by_keys(order, 3, "交货日期", "d")
 
 
-def line(good, quantity, delivery, keyed):
+def line(good, quantity, delivery, half_day=None, entered=None):
     """Half day and time of entry are where the clerk has been."""
     code, name, spec, unit, price = good
-    slot, entered = (f"{delivery} 上午", NOW) if keyed else (None, None)
+    slot = half_day and f"{delivery} {half_day}"
     return (
         (code, name, spec, unit, quantity * 1000, price, quantity * price, WAREHOUSE, str(delivery), 0, "")
         + (slot, entered)
@@ -93,10 +101,13 @@ def line(good, quantity, delivery, keyed):
 
 
 def expected_rows(goods):
-    rows = [line(goods[0], 10, DELIVERY, True), line(goods[2], 1, DELIVERY, True), line(goods[1], 13, DELIVERY, True)]
+    keyed = ((goods[0], 10), (goods[2], 1), (goods[1], 13))
+    rows = [line(good, quantity, DELIVERY, "上午", NOW) for good, quantity in keyed]
     # One added at the end, one copied, two inserted, two deleted.
-    for row in range(4, SHEET_ROWS + 2 + 1):
-        rows.append(line(goods[1], 13 + 12 * (row - 3), DELIVERY + datetime.timedelta(row - 3), False))
+    last = SHEET_ROWS + 2
+    for row in range(4, last + 1):
+        entered = NOW if row == last else None  # keyed, where there was no half day above
+        rows.append(line(goods[1], 13 + 12 * (row - 3), DELIVERY + datetime.timedelta(row - 3), entered=entered))
     return rows
 
 

@@ -42,7 +42,21 @@ TEST_F(OrderSheet, ALineGivesUpItsGoodsWhenTheCodeIsCleared) {
     EXPECT_EQ(problem(), QString()) << "a note";
 }
 
+TEST_F(OrderSheet, AFillEndsWithTheLastLineOfTheOrder) {
+    enterLine(1, "100001");
+    at(1, OrderGrid::Quantity);
+    desk.onPopup([](kxVsGrid::headless::PoppedMenu& menu) { menu.choose("填充列", "复制单元格"); });
+    desk.rightClick(1, OrderGrid::Quantity);
+    EXPECT_EQ(cell(2, OrderGrid::Quantity), "");
+    enter(4, OrderGrid::Remark, "另行通知");
+    desk.rightClick(1, OrderGrid::Quantity);
+    for (const int row : {2, 3, 4})
+        EXPECT_EQ(cell(row, OrderGrid::Quantity), cell(1, OrderGrid::Quantity)) << row;
+    EXPECT_EQ(cell(5, OrderGrid::Quantity), "");
+}
+
 TEST_F(OrderSheet, AColumnThatWasFilledFurtherDownThanTheOrderGoesIsNotSavedAsLines) {
+    control.Options().FillsToLastLine(false);
     enterLine(1, "100001");
     at(1, OrderGrid::Quantity);
     desk.onPopup([](kxVsGrid::headless::PoppedMenu& menu) { menu.choose("填充列", "复制单元格(&C)"); });

@@ -11,7 +11,7 @@ class OrderRows : public OrderSheet {
         before = control.Rows();
     }
 
-    /// Right press at a cell that has been made the current one.
+    /// Right press at a cell that has been brought into view.
     void choose(int row, OrderGrid::Column col, const char* caption, const char* under = nullptr,
                 std::int16_t shift = 0) {
         desk.onPopup([=](kxVsGrid::headless::PoppedMenu& menu) {
@@ -175,9 +175,9 @@ TEST_F(OrderRows, GetTheSameQuantityAndPriceWhereThoseAreCopiedDown) {
 TEST_F(OrderRows, GetTheirGoodsForACopiedCode) {
     control.Rows(5);
     choose(2, OrderGrid::Code, "填充列", "复制单元格(&C)");
-    EXPECT_EQ(codes(1, 4), "100001|100002|100002|100002|");
-    EXPECT_EQ(cell(4, OrderGrid::Name), "无缝钢管");
-    EXPECT_EQ(cell(4, OrderGrid::Price), "18.50");
+    EXPECT_EQ(codes(1, 4), "100001|100002|100002||") << "the last line is the third";
+    EXPECT_EQ(cell(3, OrderGrid::Name), "无缝钢管");
+    EXPECT_EQ(cell(3, OrderGrid::Price), "18.50");
 }
 
 TEST_F(OrderRows, KeepNameSpecificationAndPriceOfTheirGoodsWhereThoseOfOthersAreCopiedDown) {
@@ -234,6 +234,7 @@ TEST_F(OrderRows, KeepAHalfDayOfTheirOwnWhereTheyAreCopiedOrFollowTheRowAbove) {
 }
 
 TEST_F(OrderRows, ThatSayNothingKeepNoOrderFromBeingSavedWhateverAFillHasLeftInThem) {
+    control.Options().FillsToLastLine(false);
     choose(2, OrderGrid::Entered, "填充列", "以天数填充(&D)");
     EXPECT_NE(cell(before - 1, OrderGrid::Entered), "");
     EXPECT_EQ(problem(), QString("第 3 行的录入时间“2026-11-21”不是日期加时间"));

@@ -41,6 +41,18 @@ TEST_F(ActiveControl, StaysSoBehindABoxOfItsOwn) {
     EXPECT_TRUE(grid.IsActive());
 }
 
+TEST_F(ActiveControl, HasTheClerkInTheFirstDataRowThatIsShown) {
+    vs().RowHidden(1, true);
+    vs().Select(0, 3);
+    desk.focusGrid();
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(grid.Col(), 3);
+    vs().Select(0, 3);
+    for (int row = 1; row < grid.Rows(); ++row) vs().RowHidden(row, true);
+    desk.focusElsewhere().focusGrid();
+    EXPECT_EQ(grid.Row(), 1) << "no row is shown";
+}
+
 TEST_F(ActiveControl, IsNotMadeByTheHost) {
     grid.SetCell(1, 1, "text");
     grid.Row(2);

@@ -146,6 +146,24 @@ TEST(HelpCalendar, IsWorkedByMouseAlone) {
     EXPECT_EQ(w.editorText(), "2026-11-05");
 }
 
+TEST(HelpCalendar, OpensByAnyButtonOfTheMouse) {
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        CalendarWindow w(OnlyDate);
+        Dialogs dialogs([](Dialog& d) {
+            screen::click(*days(d).viewport(), at(d, 5));
+            d.click("QdCommand");
+        });
+        w.doubleClick(1, Date);
+        auto& help = *w.widget->findChild<QToolButton*>();
+        const QPoint place = screen::inWindow(help, help.rect().center());
+        QTest::mousePress(w.window.windowHandle(), button, {}, place);
+        QTest::mouseRelease(w.window.windowHandle(), button, {}, place);
+        EXPECT_EQ(dialogs.count, 1) << button;
+        EXPECT_EQ(w.editorText(), "2026-11-05");
+        EXPECT_EQ(w.current(), "1," + std::to_string(Date));
+    }
+}
+
 TEST(HelpCalendar, TakesADoubleClickOnADay) {
     for (const int day : {5, 20, 0, 31}) {  // the last two of the neighbouring months
         CalendarWindow w(OnlyDate);

@@ -18,7 +18,70 @@ TEST(Menus, PopUpWhereTheMousePressedWithTheItemsThatAreShown) {
     EXPECT_EQ(menus.seen[0],
               (QStringList{"新增行", "复制行", "插入行", "复制插入行", "-", "删除行", "-", "填充列"}));
     EXPECT_LE((menus.place - w.view().mapToGlobal(w.at(2, Code))).manhattanLength(), 2);
-    EXPECT_EQ(w.current(), "1,1");
+    EXPECT_EQ(w.current(), "2,1");
+}
+
+TEST(Menus, FillTheColumnThatWasPressed) {
+    Window w;
+    w.grid().SetCell(2, Quantity, "1");
+    w.focusCell(1, Code);
+    Menus menus([](QMenu& menu) {
+        QMenu* fills = item(menu, "填充列").menu();
+        ASSERT_NE(fills, nullptr);
+        menu.setActiveAction(fills->menuAction());
+        QTest::keyClick(&menu, Qt::Key_Right);
+        QTest::keyClick(fills, Qt::Key_C);
+    });
+    rightClick(w, 2, Quantity);
+    EXPECT_EQ(w.text(1, Quantity), "");
+    EXPECT_EQ(w.text(3, Quantity), "1.00");
+    EXPECT_EQ(w.text(3, Code), "");
+}
+
+TEST(Menus, DeleteTheRowWhoseNumberWasPressedAndKeepTheColumn) {
+    Window w;
+    for (int row = 1; row < 4; ++row) w.grid().SetCell(row, Code, "A" + std::to_string(row));
+    w.focusCell(1, Quantity);
+    w.grid().DeleteVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
+    Menus menus([](QMenu& menu) { chooseByKeys(menu, "删除行"); });
+    rightClick(w, 3, 0);
+    EXPECT_EQ(w.text(2, Code), "A2");
+    EXPECT_EQ(w.text(3, Code), "");
+    EXPECT_EQ(w.current(), "3," + std::to_string(Quantity));
+}
+
+TEST(Menus, StandOverTheCurrentCellWhereAHeaderWasPressed) {
+    Window w;
+    w.focusCell(2, Code);
+    Menus menus([](QMenu&) {});
+    rightClick(w, 0, Quantity);
+    EXPECT_EQ(menus.seen.size(), 1U);
+    EXPECT_EQ(w.current(), "2,1");
+}
+
+TEST(Menus, CommitWhatIsBeingTypedElsewhere) {
+    Window w;
+    w.focusCell(1, Code);
+    w.type("A7");
+    Menus menus([](QMenu&) {});
+    rightClick(w, 3, Quantity);
+    EXPECT_EQ(menus.seen.size(), 1U);
+    EXPECT_EQ(w.text(1, Code), "A7");
+    EXPECT_EQ(w.current(), "3," + std::to_string(Quantity));
+}
+
+TEST(Menus, StayAwayFromACellThatCannotBecomeTheCurrentOne) {
+    Window w;
+    w.focusCell(1, Quantity);
+    w.type("1+");
+    Menus menus([](QMenu&) {});
+    rightClick(w, 3, Code);
+    EXPECT_TRUE(menus.seen.empty()) << "the text is refused";
+    w.press(Qt::Key_Escape);
+    w.grid().BeforeRowColChange.connect([](auto, auto, auto, auto, bool& cancel) { cancel = true; });
+    rightClick(w, 3, Code);
+    EXPECT_TRUE(menus.seen.empty()) << "the host keeps the cell";
+    EXPECT_EQ(w.current(), "1," + std::to_string(Quantity));
 }
 
 TEST(Menus, LeftByEscDoNothingAndLeaveTheKeyboardWithTheGrid) {

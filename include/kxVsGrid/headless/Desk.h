@@ -72,9 +72,12 @@ class PoppedMenu {
     const Menu& menu() const { return menu_; }
     /// Where it popped up, twips of the screen.
     const Rect& anchor() const { return anchor_; }
-    /// By the captions as they stand, of an item or of an item under another one.
-    void choose(std::string_view caption);
-    void choose(std::string_view caption, std::string_view under);
+    /// By caption, as it stands or without its mnemonic ("序列方式填充" for "序列方式填充(&S)");
+    /// std::logic_error when there is no such item, or when the clerk could not choose it.
+    void choose(std::string_view item);
+    /// The same for an item of the submenu that stands under another one.
+    void choose(std::string_view parent, std::string_view item);
+    /// By the number that the item has.
     void choose(std::int32_t index);
     const MenuChoice& choice() const { return choice_; }
 

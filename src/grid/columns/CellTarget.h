@@ -12,6 +12,7 @@ namespace kxVsGrid::columns {
 struct CellTarget {
     std::int64_t row;
     std::int64_t col;
+    bool rowIsRelative;  ///< so many rows from the first cell, or its own row
 };
 
 /// Resolves `text` from the cell (row, col). Nothing when it has no comma or a part is no number.

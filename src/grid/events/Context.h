@@ -7,9 +7,11 @@
 #include "grid/TotalRow.h"
 #include "grid/Wheel.h"
 #include "grid/columns/ColumnArray.h"
+#include "grid/events/DefaultedCells.h"
 #include "grid/events/Host.h"
 #include "grid/events/MoveFlags.h"
 #include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/Options.h"
 #include "kxVsGrid/Platform.h"
 
 namespace kxVsGrid::events {
@@ -27,5 +29,7 @@ struct Context {
     Platform& platform;
     const grid::Layout& layout;
     const grid::Wheel& wheel;
+    const GridOptions& options;
+    DefaultedCells& defaulted;
 };
 }  // namespace kxVsGrid::events

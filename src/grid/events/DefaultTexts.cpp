@@ -31,7 +31,8 @@ std::optional<std::string> resolveDefault(const CellGrid& grid, const std::strin
 }
 }  // namespace
 
-bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, std::int32_t row) {
+bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCells& defaulted,
+                      std::int32_t row) {
     bool currentWritten = false;
     for (std::int32_t c = grid.FixedCols(); c < grid.Cols(); ++c) {
         if (row >= grid.Rows()) break;  // a host took rows away as it heard of a change
@@ -40,7 +41,10 @@ bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, std::int32_
         const auto tag = resolveDefault(grid, column->sDefaultText_Code(), row, c, Slot::Tag);
         const auto text = resolveDefault(grid, column->sDefaultText_Name(), row, c, Slot::Text);
         if (tag) grid.Data(row, c, *tag);
-        if (text && columns::isDataCell(grid, row, c)) grid.Text(row, c, *text);
+        if (text && columns::isDataCell(grid, row, c)) {
+            defaulted.put(row, c, *text);  // before others hear of it, who may give the cell another one
+            grid.Text(row, c, *text);
+        }
         if ((tag || text) && row == grid.Row() && c == grid.Col()) currentWritten = true;
     }
     return currentWritten;

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "grid/columns/ColumnArray.h"
+#include "grid/events/DefaultedCells.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::events {
@@ -11,6 +12,7 @@ namespace kxVsGrid::events {
 /// Gives every data cell of the row whose text is empty its column's defaults: the code default becomes the
 /// tag, the name default the text. A default "[row,column]" copies from the cell that it names, when that is
 /// a data cell and not empty. An empty default leaves text or tag as it is. True when the current cell was
-/// written to.
-bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, std::int32_t row);
+/// written to. The texts are noted in `defaulted`.
+bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCells& defaulted,
+                      std::int32_t row);
 }  // namespace kxVsGrid::events

@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "grid/events/RowsInUse.h"
 #include "support/Dates.h"
 #include "support/Numbers.h"
 
@@ -53,11 +54,18 @@ void Fills::fill(Way way) {
     }
 }
 
-/// Writes what `next` answers into each cell below the current one, until it has no answer.
+/// Without an end of lines a fill goes on into rows that the host appends meanwhile.
+std::int32_t Fills::lastRow(std::int32_t first) const {
+    return c_.options.FillsToLastLine() ? lastRowInUse(c_, first) : CellGrid::MaxRows;
+}
+
+/// Writes what `next` answers into each cell below the current one, until it has no answer or the fill ends.
 template <class Next>
 void Fills::writeBelow(Next next) {
     const std::int32_t col = c_.grid.Col();
-    for (std::int32_t row = c_.grid.Row() + 1; row < c_.grid.Rows(); ++row) {
+    std::int32_t row = c_.grid.Row() + 1;
+    const std::int32_t last = lastRow(row);
+    for (; row <= last && row < c_.grid.Rows(); ++row) {
         const std::optional<TextAndTag> value = next();
         if (!value) return;
         cells_.setCell(row, col, value->first, value->second);

@@ -48,6 +48,7 @@ class Fills {
     void series(const std::string& text);
     void dateSeries(const std::string& above, const std::string& text);
     void numberSeries(const std::string& above, const std::string& text);
+    std::int32_t lastRow(std::int32_t first) const;
     std::string textAbove(const std::string& text) const;
 
     Context c_;

@@ -49,6 +49,8 @@ void Keys::deleteRow() {
     bool consent = false;
     c_.host.raise(&GridEvents::DeleteVsRow, grid.Row(), consent);
     if (!consent || grid.Rows() <= grid.FixedRows() || grid.Row() < grid.FixedRows()) return;
+    // the only data row gives way to the first of those that refill the grid, not to a header
+    if (grid.Rows() == grid.FixedRows() + 1) rows_.appendEmptyRow();
     grid.RemoveRow(grid.Row());
     c_.editor.captureAndLoad();
     c_.totals.recalculate(grid::TotalRow::AllColumns);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "grid/events/BringIntoView.h"
 #include "grid/events/Keys.h"
 #include "grid/events/RowAdder.h"
 #include "support/Numbers.h"
@@ -83,23 +84,45 @@ Menus::Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cel
 // --- Showing
 // ---------------------------------------------------------------------------------------------------------
 
+/// The commands act on the current cell, which shall be the one that the clerk points at: where it could not
+/// become the current one, no menu offers them.
 void Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
-    pressed(button, shift, x, y, {static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0});
+    const Rect place{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0};
+    const bool there = button != RightButton || goWherePressed(place.left, place.top);
+    if (pressed(button, shift, x, y) && there) popUpAt(place, shift);
+}
+
+/// A row number stands for its row, in the column where the clerk is. A header and the empty area stand for
+/// no cell. False when the host has kept the current cell away.
+bool Menus::goWherePressed(std::int32_t x, std::int32_t y) {
+    CellGrid& grid = c_.grid;
+    const GridHit hit = grid.HitTest(x, y);
+    const bool onCell = hit.part == GridHit::Part::Cell || hit.part == GridHit::Part::FixedCell;
+    if (!onCell || hit.row < grid.FixedRows()) return true;
+    const std::int32_t col = hit.part == GridHit::Part::Cell ? hit.col : grid.Col();
+    const FollowedRow wanted(rows_.follower(), hit.row);
+    grid.Select(hit.row, col);
+    if (!wanted.there() || grid.Row() != wanted.row() || grid.Col() != col) return false;
+    bringCurrentRowIntoView(grid);
+    bringCurrentColIntoView(grid);
+    return true;
 }
 
 void Menus::open(std::int16_t shift) {
     const CellGrid& grid = c_.grid;
     if (grid.Row() < 0 || grid.Col() < 0) return;
     const Rect cell = grid.CellRect(grid.Row(), grid.Col());
-    pressed(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.top),
-            {cell.left, cell.bottom(), 0, 0});
+    if (pressed(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.top)))
+        popUpAt({cell.left, cell.bottom(), 0, 0}, shift);
 }
 
-/// A press that the host hears of at (x, y); the menu pops up at `place`.
-void Menus::pressed(std::int16_t button, std::int16_t shift, float x, float y, const Rect& place) {
+bool Menus::pressed(std::int16_t button, std::int16_t shift, float x, float y) {
     bool cancel = false;
     c_.host.raise(&GridEvents::MouseDown, button, shift, x, y, cancel);
-    if (cancel || button != RightButton || !c_.host.there()) return;
+    return !cancel && button == RightButton && c_.host.there();
+}
+
+void Menus::popUpAt(const Rect& place, std::int16_t shift) {
     if (c_.flags.Editable) {
         showRowMenu(shift, place);
     } else if (popUp(copyMenu_, place)) {

@@ -21,7 +21,8 @@ void Navigation::leaveFixedArea() {
     CellGrid& grid = c_.grid;
     if (grid.Row() < grid.FixedRows() && grid.Rows() > grid.FixedRows()) {
         Span internal(c_.moves.MovingInternally);
-        grid.Select(grid.FixedRows(), grid.Col());
+        const std::int32_t shown = grid.ShownRowAfter(grid.FixedRows() - 1);
+        grid.Select(shown < 0 ? grid.FixedRows() : shown, grid.Col());
     }
     if (grid.Col() >= 0 && grid.Col() < grid.FixedCols() && grid.FixedCols() < grid.Cols()) {
         Span internal(c_.moves.MovingInternally);
@@ -62,13 +63,23 @@ void Navigation::rowColChange() {
 
 void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                                    std::int32_t newCol) {
+    settleRow(newRow);
+    c_.host.raise(&GridEvents::AfterRowColChange, oldRow, oldCol, newRow, newCol);
+}
+
+void Navigation::rowAdded(std::int32_t row) {
+    settleRow(row);
+    const CellGrid& grid = c_.grid;
+    c_.host.raise(&GridEvents::AfterRowColChange, grid.Row(), grid.Col(), grid.Row(), grid.Col());
+}
+
+void Navigation::settleRow(std::int32_t row) {
     c_.wheel.moved();
-    if (c_.flags.Editable && c_.moves.AutoDefault && newRow > c_.grid.FixedRows()) {
-        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, newRow);
+    if (c_.flags.Editable && c_.moves.AutoDefault && row > c_.grid.FixedRows()) {
+        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, row);
         if (currentWritten && !c_.editor.visible()) c_.editor.load();
     }
     c_.totals.recalculate(grid::TotalRow::AllColumns);
-    c_.host.raise(&GridEvents::AfterRowColChange, oldRow, oldCol, newRow, newCol);
 }
 
 void Navigation::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {

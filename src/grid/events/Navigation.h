@@ -21,9 +21,11 @@ class Navigation {
     void leaveCell();
     void enterCell();
     void rowColChange();
-    /// Fills default texts into the entered row; also run directly for a new row.
+    /// Fills default texts into the entered row.
     void afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                            std::int32_t newCol);
+    /// The same for a row that was added, wherever the current cell is: told as a move of it to itself.
+    void rowAdded(std::int32_t row);
 
     /// The grid does not scroll away from an open editor; the total row stays under its columns.
     void scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol);
@@ -33,6 +35,8 @@ class Navigation {
     bool tab(bool forward);
 
   private:
+    void settleRow(std::int32_t row);
+
     Context c_;
     bool scrollGuard_ = false;
 };

@@ -29,8 +29,8 @@ void RowAdder::addRow(std::int32_t position, bool withDefaults, bool copyData) {
 
     if (copyData)
         copyRow(source, made);
-    else if (grid.Col() == col && withDefaults)
-        navigation_.afterRowColChange(grid.Row(), grid.Col(), grid.Row(), grid.Col());
+    else if (grid.Col() == col && withDefaults && made.there())
+        navigation_.rowAdded(made.row());
 
     bool keep = false;
     c_.host.raise(&GridEvents::AfterAddRow, keep, made.row(), copyData, source.row());

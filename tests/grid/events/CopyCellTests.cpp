@@ -12,15 +12,15 @@ class CopyCell : public MenuTest {
     }
 };
 
-TEST_F(CopyCell, PutsTheTextOfTheCurrentCellOnTheClipboard) {
+TEST_F(CopyCell, PutsTheTextOfThePressedCellOnTheClipboard) {
     fill(2, 3, "螺栓 M8", "A001");
     fill(4, 4, "there");
     at(2, 3);
     desk.onPopup([](headless::PoppedMenu& menu) { menu.choose(caption::CopyCell); });
     desk.rightClick(4, 4);
-    EXPECT_EQ(desk.clipboard(), "螺栓 M8");
-    EXPECT_EQ(told(), Lines{});
-    EXPECT_EQ(current(), (Cell{2, 3}));
+    EXPECT_EQ(desk.clipboard(), "there");
+    EXPECT_EQ(heardWithoutPlaces(), moves(2, 3, 4, 4) + Lines{"MouseDown"});
+    EXPECT_EQ(current(), (Cell{4, 4}));
 }
 
 TEST_F(CopyCell, PutsTheTextThereAsTheColumnShowsIt) {

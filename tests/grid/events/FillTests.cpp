@@ -309,14 +309,14 @@ TEST_F(CopyFill, OfAZeroIsBlankedLikeAnyZero) {
     EXPECT_EQ(texts(3, Col), (Lines{"0", "0", "0"}));
 }
 
-TEST_F(CopyFill, TakesTheCurrentCellNotThePressedOne) {
+TEST_F(CopyFill, TakesThePressedCell) {
     fill(2, Col, "here");
     fill(3, 4, "there");
     at(2, Col);
     desk.onPopup([](headless::PoppedMenu& menu) { menu.choose(caption::Fill, caption::Copies); });
     desk.rightClick(3, 4);
-    EXPECT_EQ(texts(2, Col), Lines(4, "here"));
-    EXPECT_EQ(texts(1, 4), (Lines{"", "", "there", "", ""}));
+    EXPECT_EQ(texts(2, Col), (Lines{"here", "", "", ""}));
+    EXPECT_EQ(texts(1, 4), (Lines{"", "", "there", "there", "there"}));
 }
 
 TEST_F(CopyFill, TakesTheTextThatThePressCommitted) {

@@ -63,8 +63,8 @@ struct Office {
         });
         if (chosen.shift == CtrlKey) desk.answerInputBox("2");
     }
-    /// As a machine that destroys a removed control at once.
-    void press(const Chosen& chosen) { grid.input()->mouseDown(RightButton, chosen.shift, 1500, 700); }
+    /// As a machine that destroys a removed control at once; on a header, which moves nothing.
+    void press(const Chosen& chosen) { grid.input()->mouseDown(RightButton, chosen.shift, 1500, 100); }
     void play(const Chosen& chosen) {
         choose(chosen);
         press(chosen);

@@ -157,15 +157,15 @@ TEST_F(MenuState, ComesBackWholeWhenTheGridCanBeChangedAgain) {
     expectMenuOf({0, Defaults::None, 7});
 }
 
-TEST_F(MenuState, FollowsTheTypeOfTheCurrentColumnNotOfThePressedOne) {
+TEST_F(MenuState, FollowsTheTypeOfThePressedColumn) {
     column(2).iType(flexDTDate);
     column(3).iType(flexDTBoolean);
     at(2, 2);
     desk.rightClick(4, 3);
-    expectMenuOf({0, Defaults::None, 7});
+    expectMenuOf({0, Defaults::None, 11});
     at(2, 3);
     desk.rightClick(4, 2);
-    expectMenuOf({0, Defaults::None, 11});
+    expectMenuOf({0, Defaults::None, 7});
 }
 
 TEST_F(MenuState, CountsDefaultTextsOfEveryScrollableColumnHiddenOnesIncluded) {
@@ -238,12 +238,12 @@ TEST_F(MenuPress, TellsTheHostFirstAndPopsTheMenuUpWhereTheMouseIs) {
     EXPECT_EQ(anchor.top, headless::Desk::ScreenTop + grids.top + 765);
 }
 
-TEST_F(MenuPress, MovesNothingAndChangesNothingWhenTheMenuIsLeft) {
+TEST_F(MenuPress, OnlyMovesWhenTheMenuIsLeft) {
     at(2, 2);
     desk.rightClick(4, 4);
     EXPECT_TRUE(popped());
-    EXPECT_EQ(told(), Lines{});
-    EXPECT_EQ(current(), (Cell{2, 2}));
+    EXPECT_EQ(heardWithoutPlaces(), moves(2, 2, 4, 4) + Lines{"MouseDown"});
+    EXPECT_EQ(current(), (Cell{4, 4}));
     EXPECT_EQ(grid.Rows(), 6);
     EXPECT_EQ(desk.waits(), 0);
 }
@@ -314,7 +314,8 @@ TEST_F(MenuPress, CommitsAnOpenEditorFirst) {
     desk.onPopup([&](headless::PoppedMenu&) { seen = text(2, 2); });
     desk.rightClick(3, 3);
     EXPECT_EQ(seen, "abc");
-    EXPECT_EQ(without(heardWithoutPlaces(), "Click"), changed(2, 2) + edited(2, 2) + Lines{"MouseDown"});
+    EXPECT_EQ(without(heardWithoutPlaces(), "Click"),
+              changed(2, 2) + edited(2, 2) + moves(2, 2, 3, 3) + Lines{"MouseDown"});
 }
 
 TEST_F(MenuPress, IsNotDeliveredWhileTheOpenTextIsRefused) {

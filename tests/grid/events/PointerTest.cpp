@@ -28,13 +28,10 @@ TEST_F(Presses, OnFixedCellsMoveNothing) {
     EXPECT_EQ(current(), (Cell{1, 1}));
 }
 
-TEST_F(Presses, OfTheRightButtonMoveNothing) {
+TEST_F(Presses, OfTheRightButtonMoveFirstAndAreThenTold) {
     desk.rightClick(3, 3);
-    const Lines lines = heardWithoutPlaces();
-    ASSERT_FALSE(lines.empty());
-    EXPECT_EQ(lines.front(), "MouseDown");
-    EXPECT_EQ(named(lines, "BeforeRowColChange"), Lines{});
-    EXPECT_EQ(current(), (Cell{1, 1}));
+    EXPECT_EQ(heardWithoutPlaces(), moves(1, 1, 3, 3) + Lines{"MouseDown"});
+    EXPECT_EQ(current(), (Cell{3, 3}));
 }
 
 TEST_F(Presses, TellButtonAndShift) {

@@ -218,6 +218,29 @@ TEST_F(RowAdding, AddsTheRowAlsoWhenTheHostCancelsTheMove) {
     EXPECT_EQ(heard(), asksTheHost(1) + asks(1, 1, 6, 1) + tellsTheHost(6, false, 1));
 }
 
+TEST_F(RowAdding, FillsTheDefaultTextsOfTheNewRowAlsoWhenTheHostCancelsTheMove) {
+    column(3).sDefaultText_Name("件");
+    grid.BeforeRowColChange.connect([](auto, auto, auto, auto, bool& cancel) { cancel = true; });
+    grid.AddRow(6, true, false);
+    EXPECT_EQ(text(6, 3), "件");
+    EXPECT_EQ(heard(), asksTheHost(1) + asks(1, 1, 6, 1) + changed(6, 3) + fillsInPlace(1, 1) +
+                           tellsTheHost(6, false, 1));
+}
+
+TEST_F(RowAdding, FillsNoOtherRowWhenTheHostTakesTheNewOneAway) {
+    at(3, 1);
+    column(3).sDefaultText_Name("件");
+    bool once = true;
+    grid.BeforeRowColChange.connect([&](auto, auto, auto, auto, bool& cancel) {
+        if (std::exchange(once, false)) grid.Grid().RemoveRow(6);
+        cancel = true;
+    });
+    grid.AddRow(6, true, false);
+    EXPECT_EQ(grid.Rows(), 6);
+    EXPECT_EQ(text(3, 3), "");
+    EXPECT_EQ(text(5, 3), "");
+}
+
 TEST_F(RowAdding, PaintsTheNewRowInTheColumnsOfTheirOwnColour) {
     for (int c : {0, 2, 5}) {
         column(c).b是否设列颜色(true);
@@ -348,6 +371,36 @@ TEST_F(RowNumbers, AreNotShownWithoutAFixedColumn) {
     grid.AddRow(8, false, false);
     EXPECT_EQ(text(3, 0), "");
     EXPECT_EQ(text(8, 0), "");
+}
+
+TEST_F(RowNumbers, EndWithTheLastFixedColumn) {
+    grid.Rows(8);
+    grid.FixedCols(0);
+    EXPECT_EQ(text(3, 0), "");
+    EXPECT_EQ(grid.ReadCell(3, 0, true), "");
+    grid.FixedCols(1);
+    EXPECT_EQ(text(3, 0), "") << "until rows are numbered again";
+    grid.Rows(9);
+    EXPECT_EQ(text(3, 0), "3");
+}
+
+TEST_F(RowNumbers, StandInTheFirstOfSeveralFixedColumnsOnly) {
+    grid.FixedCols(2);
+    grid.Rows(8);
+    grid.FixedCols(1);
+    EXPECT_EQ(text(3, 0), "3");
+    EXPECT_EQ(text(3, 1), "");
+}
+
+TEST_F(RowNumbers, AreNoTextsOfTheColumnThatHasBecomeData) {
+    grid.Rows(8);
+    grid.FixedCols(0);
+    summed(0);
+    EXPECT_EQ(grid.ReadSum(0), "0");
+    at(2, 0);
+    desk.type("7").press(Key::Enter);
+    EXPECT_EQ(text(2, 0), "7");
+    EXPECT_EQ(grid.ReadSum(0), "7");
 }
 
 class LastRowCheck : public RowAdding {};

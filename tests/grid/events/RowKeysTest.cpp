@@ -247,6 +247,21 @@ TEST_F(DeleteKey, ReadsTheRowsAfreshWhenTheHostHasRemovedThemAll) {
     EXPECT_EQ(named(heard(), "AfterDeleteVsRow"), Lines{});
 }
 
+TEST_F(DeleteKey, OfTheOnlyDataRowLeavesTheClerkInTheNewOne) {
+    consentToDeletes();
+    grid.Grid().Rows(2);
+    fill(1, 3, "last");
+    at(1, 3);
+    desk.press(Key::Delete);
+    EXPECT_EQ(heard(), (Lines{line("DeleteVsRow", 1, false), line("AfterDeleteVsRow")}));
+    EXPECT_EQ(grid.Rows(), 6);
+    EXPECT_EQ(current(), (Cell{1, 3}));
+    EXPECT_EQ(grid.Text(), "");
+    EXPECT_EQ(text(1, 3), "");
+    desk.type("next").press(Key::Enter);
+    EXPECT_EQ(text(1, 3), "next");
+}
+
 TEST_F(DeleteKey, PressedTwiceRemovesTwoRows) {
     rows(12);
     fill(4, 1, "A004");
