@@ -225,7 +225,7 @@ void chooseDate(headless::Desk& desk, Bytes& bytes) {
     for (std::int32_t n = bytes.below(20); n > 0; --n)
         start += std::string_view("0123456789-./: ")[static_cast<std::size_t>(bytes.below(15))];
     HelpExchange::shared().SearchText = start + (bytes.below(2) == 1 ? "" : bytes.text());
-    dialogs::CalendarForm form(static_cast<Mode>(bytes.below(3)), desk.now());
+    dialogs::CalendarForm form(static_cast<Mode>(bytes.below(3)), [&desk] { return desk.now(); });
     desk.onDialog([](CalendarDialog& dialog) { dialog.Ok(); });
     desk.showForm(form, {});
     const std::string day = HelpExchange::shared().ReturnCode.substr(0, 10);
