@@ -1,7 +1,5 @@
 #include "grid/SetUp.h"
 
-#include <exception>
-
 #include "grid/columns/ColumnColors.h"
 
 namespace kxVsGrid::grid {
@@ -31,7 +29,7 @@ void setUp(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
 void setUpGrid(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
     try {
         setUp(grid, columns, totals);
-    } catch (const std::exception&) {
+    } catch (...) {
         // The host asked for a set-up, not for an answer: it goes on with the state that was reached.
     }
 }
