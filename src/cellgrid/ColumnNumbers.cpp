@@ -4,8 +4,8 @@
 
 namespace kxVsGrid::cellgrid {
 
-/// Group separators belong to the number only in a column whose format puts them there: those that it did put,
-/// and those of a text that has them already, as a copy of a shown text has.
+/// Group separators belong to the number only in a column whose format puts them there: those that it did
+/// put, and those of a text that has them already, as a copy of a shown text has.
 double CellStore::numberOf(const GridColumn& c, std::string_view text) {
     if (!c.format || text.empty()) return support::leadingNumber(text);
     std::string shown;

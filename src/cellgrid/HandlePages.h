@@ -73,8 +73,8 @@ class CellPages {
     std::size_t used(Kind kind) const { return used_[kind]; }
     bool unused() const { return used_[Text] == 0 && used_[Tag] == 0; }
 
-    /// visit(TextSlot&) for every slot that holds something, always in the same order; it shall hold something
-    /// afterwards too.
+    /// visit(TextSlot&) for every slot that holds something, always in the same order; it shall hold
+    /// something afterwards too.
     template <class Visit>
     void forEach(Visit visit) {
         for (const Page& page : pages_) {

@@ -38,8 +38,8 @@ class RowOrder {
     void insert(std::int32_t row, std::int32_t n);
     /// Takes the memory that remove needs, so that it cannot fail.
     void prepareRemove(std::int32_t row, std::int32_t n);
-    /// Takes rows out, after prepareRemove of the same; `freed(handle)` hears of each handle that is no longer
-    /// in use. Rows that were never written need no preparation.
+    /// Takes rows out, after prepareRemove of the same; `freed(handle)` hears of each handle that is no
+    /// longer in use. Rows that were never written need no preparation.
     template <class Freed>
     void remove(std::int32_t row, std::int32_t n, Freed freed) {
         forEach(row, row + n, [&](std::int32_t, RowHandle handle) {

@@ -17,6 +17,7 @@ void applyDefinitions(CellGrid& grid, columns::ColumnArray& columns) {
 
 void setUp(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
     grid.Redraw(PaintingOff);
+    columns.resize(grid.Cols());  // there was no memory for it when the number was put
     for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.FixedAlignment(c, flexAlignCenterCenter);
     for (std::int32_t r = 0; r < grid.FixedRows(); ++r) grid.RowHeight(r, FixedRowHeight);
     applyDefinitions(grid, columns);

@@ -125,8 +125,8 @@ void TotalRow::recalculate(std::int32_t col) {
     for (std::int32_t c = main_.FixedCols(); c < main_.Cols(); ++c) note(c);
 }
 
-/// A cell that is being written counts as it is now from here on. Once the total row's cell asks for the value,
-/// this takes no memory: what was written is always counted.
+/// A cell that is being written counts as it is now from here on. Once the total row's cell asks for the
+/// value, this takes no memory: what was written is always counted.
 void TotalRow::note(std::int32_t col) {
     if (!isSummed(col) || col >= sums_.Cols() || sums_.Rows() == 0) return;
     const auto i = static_cast<std::size_t>(col);
@@ -148,19 +148,24 @@ void TotalRow::note(std::int32_t col) {
 std::string TotalRow::valueText(std::int32_t col) {
     if (static_cast<std::size_t>(col) >= totals_.size()) return {};
     settle(col);
+    if (static_cast<std::size_t>(col) >= totals_.size()) return {};
     return support::totalText(totals_[static_cast<std::size_t>(col)].value);
 }
 
+/// A host that computes one of the texts may set the grid up meanwhile.
 void TotalRow::settle(std::int32_t col) {
-    Total& total = totals_[static_cast<std::size_t>(col)];
-    if (!total.pending) return;
-    total.value = total.writtenRow >= 0 ? sumBeforeWrite(col, total) : main_.ColumnSum(col);
+    if (!isPending(col)) return;
+    const double value =
+        isWritten(col) ? sumBeforeWrite(col, totals_[static_cast<std::size_t>(col)]) : main_.ColumnSum(col);
+    if (!isPending(col)) return;
+    totals_[static_cast<std::size_t>(col)].value = value;
     forget(col);
 }
 
 TotalRow::PutOff::PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard)
     : totals_(totals), col_(col) {
     const double before = heard ? totals.main_.CellNumber(row, col) : 0;
+    if (!totals.isPending(col)) return;  // the host that computes the cell has set the grid up
     Total& total = totals.totals_[static_cast<std::size_t>(col)];
     total.putOff = true;
     if (!heard) return;
@@ -177,7 +182,7 @@ void TotalRow::PutOff::recalculated() {
     if (totals_.isPending(col_)) totals_.totals_[static_cast<std::size_t>(col_)].writtenRow = NoRow;
 }
 
-double TotalRow::sumBeforeWrite(std::int32_t col, const Total& total) const {
+double TotalRow::sumBeforeWrite(std::int32_t col, Total total) const {
     double sum = 0;
     if (col >= main_.Cols()) return sum;  // taken away meanwhile
     for (std::int32_t r = main_.FixedRows(); r < main_.Rows(); ++r)

@@ -6,7 +6,8 @@
 // of a million writes.
 //
 // While a cell of a summed column is written its total stays put off, and counts that cell as it was before:
-// whoever hears of the write sees the total without it. A write that fails leaves it so, to be added up later.
+// whoever hears of the write sees the total without it. A write that fails leaves it so, to be added up
+// later.
 #pragma once
 
 #include <cstdint>
@@ -85,8 +86,8 @@ class TotalRow : private CellGrid::Watcher {
     static constexpr std::int32_t NoRow = -1;
     struct Total {
         bool pending = false;
-        bool shown = false;    ///< the cell of the total row asks for the value
-        bool putOff = false;   ///< a cell is being written: not added up before the write
+        bool shown = false;   ///< the cell of the total row asks for the value
+        bool putOff = false;  ///< a cell is being written: not added up before the write
         double value = 0;
         std::int32_t writtenRow = NoRow;  ///< a cell that counts as it was before it was written
         double numberBefore = 0;
@@ -128,7 +129,7 @@ class TotalRow : private CellGrid::Watcher {
         return isPending(col) && totals_[static_cast<std::size_t>(col)].writtenRow >= 0;
     }
     bool isSummed(std::int32_t col) { return col <= columns_.upper() && columns_.at(col).b是否合计数据(); }
-    double sumBeforeWrite(std::int32_t col, const Total& total) const;
+    double sumBeforeWrite(std::int32_t col, Total total) const;
     void settle(std::int32_t col);
     void forget(std::int32_t col);
     void note(std::int32_t col);

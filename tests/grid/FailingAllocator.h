@@ -5,7 +5,8 @@
 
 namespace kxVsGrid::testing {
 
-/// While it lives the `number`-th allocation from its beginning on, counted from 1, throws std::bad_alloc, once.
+/// While it lives the `number`-th allocation from its beginning on, counted from 1, throws std::bad_alloc,
+/// once.
 class FailingAllocation {
   public:
     explicit FailingAllocation(std::size_t number);

@@ -1,5 +1,5 @@
-// Each allocation of a short piece of work fails once. Whatever it was: nothing crashes, no two cells share what
-// they hold, and the totals are those of the cells.
+// Each allocation of a short piece of work fails once. Whatever it was: nothing crashes, no two cells share
+// what they hold, and the totals are those of the cells.
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -11,6 +11,7 @@
 #include "kxVsGrid/Frame.h"
 #include "kxVsGrid/HelpTable.h"
 #include "kxVsGrid/MemoryBag.h"
+#include "support/Numbers.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -80,7 +81,7 @@ class OutOfMemory : public ::testing::TestWithParam<Work> {
         for (std::int32_t r = cells.FixedRows(); r < cells.Rows(); ++r) sum += cells.CellNumber(r, 2);
         return sum;
     }
-    static std::string shown(double sum) { return std::to_string(static_cast<std::int64_t>(sum)); }
+    static std::string shown(double sum) { return support::totalText(sum); }
 
     static void expectRight(ShortOfMemory& at) {
         kxGrid& grid = at.grid;
@@ -125,11 +126,11 @@ TEST_P(OutOfMemory, LeavesEverythingWhole) {
 }
 
 const Work Works[] = {
-    {"FillingATable",
-     nothing,
+    {"FillingATable", nothing,
      [](ShortOfMemory& at) {
          for (std::int32_t r = 1; r < 6; ++r)
-             for (std::int32_t c = 1; c < 4; ++c) at.grid.SetCell(r, c, LongText, "tag of a cell in the table");
+             for (std::int32_t c = 1; c < 4; ++c)
+                 at.grid.SetCell(r, c, LongText, "tag of a cell in the table");
          at.grid.SetCell(4, 2, "12.5");
      }},
     {"FillingATableThatIsListenedTo",
@@ -139,7 +140,8 @@ const Work Works[] = {
          });
      },
      [](ShortOfMemory& at) {
-         for (std::int32_t r = 1; r < 6; ++r) at.grid.SetCell(r, 2, std::to_string(r), "a long tag of the row");
+         for (std::int32_t r = 1; r < 6; ++r)
+             at.grid.SetCell(r, 2, std::to_string(r), "a long tag of the row");
      }},
     {"TypingAndCommitting", nothing,
      [](ShortOfMemory& at) { at.desk.type("12*3").press(Key::Enter).type("a").press(Key::Down); }},
@@ -212,7 +214,7 @@ const Work Works[] = {
                  for (const char* code : {"A1", "A2", "B1"}) table.row({code, LongText});
                  table.answer(definition, info, data);
              });
-         at.desk.onDialog([](headless::LookupDialog& dialog) { 
+         at.desk.onDialog([](headless::LookupDialog& dialog) {
              dialog.type("A2");
              dialog.press(Key::Enter);
          });

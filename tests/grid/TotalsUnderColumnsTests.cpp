@@ -41,9 +41,10 @@ TEST_F(TotalsUnderColumns, AfterSettingsAreRead) {
 }
 
 TEST_F(TotalsUnderColumns, AfterAReadThatFails) {
+    grid.FixedCols(3);
     MemoryBag bag;
     bag.Write("Cols", 20);
-    bag.Write("FixedCols", 3);
+    bag.Write("FixedCols", 1);
     bag.Write("BackColor", "no number");
     grid.ReadProperties(bag);
     EXPECT_EQ(desk.messages().size(), 1u);

@@ -72,7 +72,8 @@ void Fills::writeBelow(Next next) {
 void Fills::tellOfCellsLeft(std::int32_t cells) const {
     if (!c_.host.there() || c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
     const Rect cell = c_.layout.inControl(c_.grid.CellRect(c_.grid.Row(), c_.grid.Col()));
-    c_.platform.showTip("填充中断，还有 " + std::to_string(cells) + " 个单元格未填充。", c_.seat.onScreen(cell));
+    c_.platform.showTip("填充中断，还有 " + std::to_string(cells) + " 个单元格未填充。",
+                        c_.seat.onScreen(cell));
 }
 
 /// Each date as text and as tag, until there is no next one.

@@ -37,8 +37,8 @@ class Fills {
 
     Fills(const Context& context, CellAccess& cells) : c_(context), cells_(cells) {}
 
-    /// Where the cell's text does not fit the way, nothing happens. A cell that cannot be written ends it: one
-    /// box tells of it, and a tip of how many cells were left.
+    /// Where the cell's text does not fit the way, nothing happens. A cell that cannot be written ends it:
+    /// one box tells of it, and a tip of how many cells were left.
     void fill(Way way);
 
   private:

@@ -9,9 +9,9 @@ namespace kxVsGrid::testing {
 namespace {
 
 /// Column 2 is summed; its cell (3, 2) asks the host for a price, which may fail.
-class FailedWrite : public PlacedGrid {
+class FailingWrite : public PlacedGrid {
   protected:
-    FailedWrite() {
+    FailingWrite() {
         grid.Cols(4);
         summed(2);
         setUp();
@@ -29,7 +29,7 @@ class FailedWrite : public PlacedGrid {
     bool broken_ = false;
 };
 
-TEST_F(FailedWrite, WhoseTotalCannotBeAddedUpEndsNothing) {
+TEST_F(FailingWrite, WhoseTotalCannotBeAddedUpEndsNothing) {
     grid.CellChanged.connect([this](std::int32_t, std::int32_t) { grid.ReDraw(false); });
     grid.SetCell(1, 2, "1");
     grid.ReDraw(true);
@@ -40,7 +40,7 @@ TEST_F(FailedWrite, WhoseTotalCannotBeAddedUpEndsNothing) {
     EXPECT_EQ(grid.ReadSum(2), "2") << "ReDraw was off when the cell had been written";
 }
 
-TEST_F(FailedWrite, OfAHostThatThrowsLeavesTheTotalWithoutIt) {
+TEST_F(FailingWrite, OfAHostThatThrowsLeavesTheTotalWithoutIt) {
     bool throws = false;
     grid.CellChanged.connect([&](std::int32_t, std::int32_t) {
         if (throws) throw std::runtime_error("host");
@@ -57,7 +57,7 @@ TEST_F(FailedWrite, OfAHostThatThrowsLeavesTheTotalWithoutIt) {
     EXPECT_EQ(grid.ReadSum(2), "8");
 }
 
-TEST_F(FailedWrite, StaysOutOfTheTotalUntilTheNextRecalculation) {
+TEST_F(FailingWrite, StaysOutOfTheTotalUntilTheNextRecalculation) {
     bool throws = true;
     grid.CellChanged.connect([&](std::int32_t row, std::int32_t) {
         if (throws && row == 2) throw std::runtime_error("host");
@@ -77,7 +77,7 @@ TEST_F(FailedWrite, StaysOutOfTheTotalUntilTheNextRecalculation) {
     EXPECT_EQ(grid.ReadSum(2), "56");
 }
 
-TEST_F(FailedWrite, OverACellThatCannotBeReadForgetsNothingOfTheWritesAfterIt) {
+TEST_F(FailingWrite, OverACellThatCannotBeReadForgetsNothingOfTheWritesAfterIt) {
     grid.CellChanged.connect([](std::int32_t, std::int32_t) {});
     grid.SetCell(1, 2, "100");
     refresh();
@@ -163,7 +163,7 @@ TEST_F(AnythingThrown, InASetUpSkipsTheRest) {
 
 // --- A host that writes while it hears.
 
-TEST_F(FailedWrite, OfAnInnerCellLeavesTheOuterOneCounted) {
+TEST_F(FailingWrite, OfAnInnerCellLeavesTheOuterOneCounted) {
     grid.CellChanged.connect([this](std::int32_t row, std::int32_t col) {
         if (col == 2 && row == 1) grid.SetCell(2, 2, "10");
         if (row == 2) throw std::runtime_error("inner");
@@ -223,14 +223,14 @@ TEST_F(HostThatComputes, SeesItsOwnWriteOfTheSameColumnInTheTotal) {
     });
     grid.RecalculateTotals();
     grid.SetCell(2, 2, "5", "tag");
-    EXPECT_EQ(seen, (Lines{"31", "31"})) << "made anew by the inner write, before and after the text";
+    EXPECT_EQ(seen, (Lines{"31", "36"})) << "made anew by the inner write, before and after the text";
     EXPECT_EQ(grid.ReadSum(2), "36");
 }
 
 TEST_F(HostThatComputes, RecalculatesAfterItWroteThroughTheGrid) {
     vs().Text(2, 2, "5");
     vs().Text(2, 3, "7");
-    EXPECT_EQ(grid.ReadSum(2), "");
+    EXPECT_EQ(grid.ReadSum(2), "0");
     grid.RecalculateTotals();
     EXPECT_EQ(grid.ReadSum(2), "6");
     EXPECT_EQ(grid.ReadSum(3), "7");
