@@ -86,6 +86,13 @@ class Variant {
     };
 
     Variant() = default;
+    /// Not the default: libstdc++ 12 destroys what was never made when memory runs out in a variant's own
+    /// copy constructor; its assignment copies first.
+    Variant(const Variant& other) { value_ = other.value_; }
+    Variant(Variant&&) = default;
+    Variant& operator=(const Variant&) = default;
+    Variant& operator=(Variant&&) = default;
+    ~Variant() = default;
     Variant(NullValue) : value_(NullValue{}) {}
     // Templates: what is merely convertible to one of these types (a pointer to bool) is not taken.
     template <std::same_as<bool> Boolean>
