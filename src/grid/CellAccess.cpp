@@ -1,6 +1,7 @@
 // Cells as hosts write and read them. Errors end in a message box, never in the host.
 #include <exception>
 
+#include "editing/FieldRule.h"
 #include "grid/Parts.h"
 #include "support/Dates.h"
 #include "support/Decimal.h"
@@ -109,6 +110,13 @@ std::string kxGrid::ReadSum(std::int32_t Col) const {
         p.showError(std::string("CellError") + error.what(), "错误：");
         return {};
     }
+}
+
+std::string kxGrid::Problem(std::int32_t Row, std::int32_t Col) const {
+    Parts& p = *parts_;
+    if (!holds(p.main, Row, Col) || isFixed(p.main, Row, Col)) return {};
+    const cVsControl* column = p.columns.find(Col);
+    return column ? editing::brokenRule(*column, p.main.Data(Row, Col)) : std::string();
 }
 
 bool kxGrid::ValidTextData() {
