@@ -48,6 +48,7 @@ QString normalized(const QString& code) {
 OrderGrid::OrderGrid(kxGrid& grid, Services services) : grid_(grid), services_(std::move(services)) {
     setUpColumns();
     setUpRules();
+    grid_.Options().EscRestores(true);
     connectEvents();
     settleLater_.setSingleShot(true);
     settleLater_.setInterval(0);
@@ -168,8 +169,6 @@ QString OrderGrid::caption(Column col) const {
 
 void OrderGrid::put(std::int32_t row, Column col, const QString& text, const QString& tag) {
     grid_.SetCell(row, col, text.toStdString(), tag.toStdString());
-    // The rules of the current cell look at the editor's tag.
-    if (row == grid_.Row() && col == grid_.Col()) grid_.TextTag(tag.toStdString());
 }
 
 void OrderGrid::putDelivery(std::int32_t row, const QDate& delivery) {

@@ -318,6 +318,9 @@ class CellGrid {
     Event<std::int32_t, std::int32_t> AfterEdit;
     /// The number of rows or columns was put; comes before the other events that this brings about.
     Event<> SizeChanged;
+    /// A width, a height, a hidden state, the size or the fixed area has changed, and cells may have moved in
+    /// the view. Scrolling, SizeChanged and RowMoved tell of themselves.
+    Event<> PlacesChanged;
     /// A row was inserted (true) or removed at a position; the engine's state is already the new one.
     Event<std::int32_t, bool> RowMoved;
 

@@ -12,8 +12,8 @@ namespace kxVsGrid {
 
 class GridOptions {
   public:
-    /// Esc in a refused editor gives a number cell back the number that the refused expression has emptied.
-    /// False at first: the cell stays empty.
+    /// Esc gives a number cell back the number that a refused expression has emptied, and its tag, unless
+    /// code has written another text there since. False at first: the cell stays empty.
     bool EscRestores() const { return escRestores_; }
     void EscRestores(bool restores) { escRestores_ = restores; }
 

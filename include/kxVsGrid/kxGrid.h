@@ -66,8 +66,12 @@ class kxGrid : public GridEvents {
     bool ValidTextData();
     /// The same, as a property.
     bool IsValid();
-    /// Text and tag of the editor, also while it is hidden: then they are those of the current cell as
-    /// entered.
+    /// The rule on empty and zero values that a cell breaks by its tag, in the words that the clerk would be
+    /// told; empty when it breaks none, in the fixed area and outside the grid. Looks at the cell, not at an
+    /// editor open over it, and does nothing else: no move, no box, no commit.
+    std::string Problem(std::int32_t Row, std::int32_t Col) const;
+    /// Text and tag of the editor. Hidden it mirrors the current cell, whoever writes there; what is put here
+    /// meanwhile stands until then.
     std::string Text() const;
     void Text(std::string_view text);
     std::string TextTag() const;
@@ -89,7 +93,8 @@ class kxGrid : public GridEvents {
     /// Makes the totals of all columns anew, also while ReDraw is False: for a host that wrote through
     /// Grid(), after which totals stay as they were.
     void RecalculateTotals();
-    /// Removes every data row, puts five empty ones back, hides the editor.
+    /// Removes every data row, puts five empty ones back, also when a handler throws; drops what is being
+    /// typed.
     void Clear();
 
     // --- Column definitions.
@@ -120,7 +125,8 @@ class kxGrid : public GridEvents {
     bool SumRow() const;
     void SumRow(bool show);
 
-    // --- Rows and columns.
+    // --- Rows and columns. Putting a number of rows or columns, FormatString or ColHidden commits an open
+    // editor first. A refused text stays in it for as long as there is its cell and its column is shown.
     std::int32_t Rows() const;
     /// Never leaves fewer than five data rows.
     void Rows(std::int32_t count);

@@ -39,7 +39,7 @@ void CellGrid::silence() {
     const auto end = [](auto&... events) { (events.disconnectAll(), ...); };
     end(BeforeRowColChange, LeaveCell, EnterCell, RowColChange, AfterRowColChange, SelChange, CellChanged,
         KeyDown, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll, AfterUserResize,
-        AfterEdit, SizeChanged, RowMoved);
+        AfterEdit, SizeChanged, PlacesChanged, RowMoved);
 }
 
 std::int32_t CellGrid::Rows() const {
@@ -197,7 +197,7 @@ std::int32_t CellGrid::ColWidth(std::int32_t col) const {
 void CellGrid::ColWidth(std::int32_t col, std::int32_t twips) {
     impl_->requireCol("ColWidth", col);
     requireSize("ColWidth", twips);
-    if (impl_->layout.cols.axis.setSize(col, twips)) impl_->geometryChanged();
+    if (impl_->layout.cols.axis.setSize(col, twips)) held()->geometryChanged();
 }
 bool CellGrid::ColHidden(std::int32_t col) const {
     impl_->requireCol("ColHidden", col);
@@ -205,7 +205,7 @@ bool CellGrid::ColHidden(std::int32_t col) const {
 }
 void CellGrid::ColHidden(std::int32_t col, bool hidden) {
     impl_->requireCol("ColHidden", col);
-    if (impl_->layout.cols.axis.setHidden(col, hidden)) impl_->geometryChanged();
+    if (impl_->layout.cols.axis.setHidden(col, hidden)) held()->geometryChanged();
 }
 mEmflexAlign CellGrid::ColAlignment(std::int32_t col) const {
     impl_->requireCol("ColAlignment", col);
@@ -269,7 +269,7 @@ std::int32_t CellGrid::RowHeight(std::int32_t row) const {
 void CellGrid::RowHeight(std::int32_t row, std::int32_t twips) {
     impl_->requireRow("RowHeight", row);
     requireSize("RowHeight", twips);
-    if (impl_->layout.rows.axis.setSize(row, twips)) impl_->geometryChanged();
+    if (impl_->layout.rows.axis.setSize(row, twips)) held()->geometryChanged();
 }
 bool CellGrid::RowHidden(std::int32_t row) const {
     impl_->requireRow("RowHidden", row);
@@ -277,14 +277,14 @@ bool CellGrid::RowHidden(std::int32_t row) const {
 }
 void CellGrid::RowHidden(std::int32_t row, bool hidden) {
     impl_->requireRow("RowHidden", row);
-    if (impl_->layout.rows.axis.setHidden(row, hidden)) impl_->geometryChanged();
+    if (impl_->layout.rows.axis.setHidden(row, hidden)) held()->geometryChanged();
 }
 std::int32_t CellGrid::RowHeightMin() const {
     return impl_->layout.rows.axis.minimum();
 }
 void CellGrid::RowHeightMin(std::int32_t twips) {
     requireSize("RowHeightMin", twips);
-    if (impl_->layout.rows.axis.setMinimum(twips)) impl_->geometryChanged();
+    if (impl_->layout.rows.axis.setMinimum(twips)) held()->geometryChanged();
 }
 bool CellGrid::MergeRow(std::int32_t row) const {
     impl_->requireRow("MergeRow", row);

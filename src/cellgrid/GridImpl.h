@@ -81,7 +81,7 @@ struct CellGrid::Impl {
     /// Sizes, counts or the view have changed: everything is drawn anew, and what was scrolled too far is
     /// not.
     Scroll settle();
-    void geometryChanged() { announce(settle()); }
+    void geometryChanged();
     void bringIntoView(bool sideways);
     void damageCell(std::int32_t row, std::int32_t col);
     void damageCursor();

@@ -72,7 +72,7 @@ bool CellGrid::ScrollBars() const {
     return impl_->layout.scrollBars;
 }
 void CellGrid::ScrollBars(bool automatic) {
-    if (std::exchange(impl_->layout.scrollBars, automatic) != automatic) impl_->geometryChanged();
+    if (std::exchange(impl_->layout.scrollBars, automatic) != automatic) held()->geometryChanged();
 }
 bool CellGrid::ShowCursor() const {
     return impl_->showCursor;
@@ -101,14 +101,14 @@ void CellGrid::Resize(std::int32_t width, std::int32_t height) {
     if (width == Width() && height == Height()) return;
     impl_->layout.width = width;
     impl_->layout.height = height;
-    impl_->geometryChanged();
+    held()->geometryChanged();
 }
 std::int32_t CellGrid::BottomStrip() const {
     return impl_->layout.bottomStrip;
 }
 void CellGrid::BottomStrip(std::int32_t twips) {
     twips = std::clamp(twips, 0, MaxExtent);
-    if (std::exchange(impl_->layout.bottomStrip, twips) != twips) impl_->geometryChanged();
+    if (std::exchange(impl_->layout.bottomStrip, twips) != twips) held()->geometryChanged();
 }
 bool CellGrid::HorizontalBarShown() const {
     return impl_->layout.horizontalBar();

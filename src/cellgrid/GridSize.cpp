@@ -122,6 +122,7 @@ void CellGrid::Impl::setFixed(cellgrid::Lane& lane, std::int32_t count) {
     Scroll scrolled = settle();
     scrolled.oldTop = oldTop;
     scrolled.oldLeft = oldLeft;
+    tell(&CellGrid::PlacesChanged);
     announce(scrolled);
 }
 

@@ -32,6 +32,12 @@ CellGrid::Impl::Scroll CellGrid::Impl::settle() {
     return scroll(layout.rows.first, layout.cols.first);
 }
 
+void CellGrid::Impl::geometryChanged() {
+    const Scroll scrolled = settle();
+    tell(&CellGrid::PlacesChanged);
+    announce(scrolled);
+}
+
 void CellGrid::Impl::bringIntoView(bool sideways) {
     if (!there || currentRow < 0 || currentCol < 0) return;
     scrollTo(grid.TopRowToShow(currentRow, layout.clientHeight() - layout.bottomStrip),

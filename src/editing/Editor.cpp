@@ -1,10 +1,11 @@
 #include "editing/Editor.h"
 
 #include <limits>
+#include <utility>
 
 #include "editing/EditorKeys.h"
 #include "editing/FieldCheck.h"
-#include "editing/FollowedCell.h"
+#include "editing/FieldRule.h"
 #include "editing/HelpDriver.h"
 #include "grid/columns/EditableColumn.h"
 #include "kxVsGrid/mbasTxt.h"
@@ -20,8 +21,14 @@ Editor::Editor(CellGrid& grid, columns::ColumnArray& columns, EditorOwner& owner
     : grid_(grid), columns_(columns), owner_(owner), seat_(seat) {}
 
 void Editor::text(std::string_view text) {
+    mirror();
     if (box_.text(text)) textChanged();
     publish();
+}
+
+void Editor::tag(std::string_view tag) {
+    mirror();
+    box_.tag(tag);
 }
 
 /// Every change re-arms the check, whoever made it.
@@ -79,16 +86,38 @@ void Editor::toggle() {
 
 void Editor::hide() {
     if (!visible_) return;
-    Span hiding(hiding_);
-    visible_ = false;
-    refused_ = false;
-    validLock_ = 0;
-    publish();
+    {
+        Span hiding(hiding_);
+        visible_ = false;
+        refused_ = false;
+        validLock_ = 0;
+        emptied_.reset();
+        mirrored_.forget();
+        publish();
+    }
+    if (!committing_) owner_.editorHidden();  // else at its end
 }
 
 void Editor::drop() {
     hide();
     load();
+}
+
+void Editor::giveUp() {
+    std::optional<EnteredCell> emptied;
+    if (owner_.escRestores() && editedCellIsCurrent()) emptied = std::exchange(emptied_, std::nullopt);
+    hide();
+    if (emptied && editedCellIsCurrent()) giveBack(*emptied);
+    load();
+}
+
+/// A text that a host has written there since stays.
+void Editor::giveBack(const EnteredCell& emptied) {
+    const FollowedCell cell(grid_);
+    if (!grid_.Text(cell.row(), cell.col()).empty()) return;
+    grid_.Text(cell.row(), cell.col(), emptied.entryText());
+    if (cell.there()) grid_.Data(cell.row(), cell.col(), emptied.entryTag());
+    if (cell.there()) owner_.recalculate(cell.col());
 }
 
 // --- Commit
@@ -97,26 +126,39 @@ void Editor::drop() {
 bool Editor::commit() {
     if (committing_) return false;
     if (!owner_.editable()) {
-        drop();  // shown over a refused text when the grid became read-only
+        if (refused()) return false;
+        drop();
         return true;
     }
+    const bool done = attempt();
+    if (!visible_) owner_.editorHidden();
+    return done;
+}
+
+bool Editor::attempt() {
     Span committing(committing_);
     if (!checkChangedText()) return false;
+    const FollowedCell cell(grid_);
+    const std::string tag = box_.tag();
     if (!writeText()) return false;
-    // A host that takes the cell away as it hears of the text, or of the tag, leaves none for the rest.
-    if (editedCellIsCurrent()) grid_.Data(grid_.Row(), grid_.Col(), box_.tag());
+    // A host that takes the cell away as it hears of the text, or of the tag, leaves none for the rest. One
+    // that goes elsewhere has the editor mirror another cell: the tag of the edited one is the tag of before.
+    if (cell.there()) {
+        const bool stillEdited = visible() && cell.isCurrent();
+        grid_.Data(cell.row(), cell.col(), stillEdited ? std::string(box_.tag()) : tag);
+    }
     owner_.recalculate(-1);
     owner_.markChanged();
-    if (editedCellIsCurrent()) tellAfterEdit();
+    if (cell.there()) tellAfterEdit(cell);
     hide();
+    if (cell.isCurrent()) entered_.capture(grid_, cell.row(), cell.col());
     return true;
 }
 
-void Editor::tellAfterEdit() {
-    owner_.raiseAfterEdit(grid_.Row(), grid_.Col());
-    const std::int32_t row = grid_.Row();
-    const std::int32_t col = grid_.Col();
-    if (row >= 0 && col >= 0 && !support::trim(grid_.Text(row, col)).empty()) owner_.appendIfLast(row);
+void Editor::tellAfterEdit(const FollowedCell& cell) {
+    owner_.raiseAfterEdit(cell.row(), cell.col());
+    if (cell.there() && !support::trim(grid_.Text(cell.row(), cell.col())).empty())
+        owner_.appendIfLast(cell.row());
 }
 
 /// The field check, for a text that differs from the one the cell had on entry.
@@ -153,6 +195,7 @@ void Editor::refuse(const MessageBox& message) {
             text(support::withoutLineBreaks(box_.text()));
         }
         if (validLock_ < std::numeric_limits<std::int16_t>::max()) ++validLock_;
+        refused_ = true;
         box_.selectAll();
         publish();
     }
@@ -165,14 +208,12 @@ bool Editor::validate() {
     return !visible() || committing_ || commit();
 }
 
+/// A hidden editor is the current cell: nothing is written.
+
 bool Editor::passesRule() {
     const std::shared_ptr<cVsControl> column = columns_.shared(grid_.Col());
-    const std::string_view value = support::trim(box_.tag());
-    if (column->i是否允许为空() == i字段不能为空 && value.empty())
-        return refuseByRule(column->sName() + "不能为空!");
-    if (column->i是否允许为空() == i字段不能为零 && support::leadingNumber(value) == 0)
-        return refuseByRule(column->sName() + "不能为零!");
-    return true;
+    const std::string message = brokenRule(*column, box().tag());
+    return message.empty() || refuseByRule(message);
 }
 
 bool Editor::refuseByRule(const std::string& message) {
@@ -207,11 +248,16 @@ bool Editor::writeNumber(std::int32_t row, std::int32_t col) {
         grid_.Text(row, col, support::numberText(value));
         return true;
     }
+    emptyRefused(row, col);
+    return false;
+}
+
+void Editor::emptyRefused(std::int32_t row, std::int32_t col) {
     box_.caretToEnd();
     refused_ = true;
+    if (!grid_.Text(row, col).empty()) emptied_.emplace().capture(grid_, row, col);
     grid_.Text(row, col, "");
     publish();
-    return false;
 }
 
 void Editor::commitForHost() {
@@ -239,17 +285,22 @@ void Editor::leaveCell() {
 }
 
 void Editor::load() {
-    const std::int32_t row = grid_.Row();
-    const std::int32_t col = grid_.Col();
-    if (row < 0 || col < 0) return;
-    tag(grid_.Data(row, col));
-    if (box_.text(grid_.Text(row, col))) textChanged();
+    if (grid_.Row() < 0 || grid_.Col() < 0) return;
+    mirrored_.take(grid_);
+    box_.tag(mirrored_.tag());
+    if (box_.text(mirrored_.text())) textChanged();
+}
+
+/// Has the hidden editor follow what was written into the current cell since it was loaded.
+void Editor::mirror() {
+    if (visible_ || grid_.Row() < 0 || grid_.Col() < 0 || mirrored_.holds(grid_)) return;
+    load();
 }
 
 void Editor::captureAndLoad() {
     if (grid_.Row() < 0 || grid_.Col() < 0) return;
     entered_.capture(grid_, grid_.Row(), grid_.Col());
-    load();
+    if (!visible_) load();
 }
 
 void Editor::rowInserted(std::int32_t position) {
@@ -264,10 +315,30 @@ void Editor::rowRemoved(std::int32_t position) {
 
 void Editor::place() {
     if (!visible_) return;
-    if (editedCellIsCurrent())
-        publish();
-    else
+    if (!editedCellIsCurrent())
         hide();  // the cell is gone
+    else if (overHiddenColumn())
+        leaveHiddenColumn();
+    else
+        publish();
+}
+
+void Editor::placesChanged() {
+    if (!visible_) return;
+    if (!editedCellIsCurrent() || overHiddenColumn() ||
+        grid_.CellRect(grid_.Row(), grid_.Col()) != placedOver_)
+        place();
+}
+
+bool Editor::overHiddenColumn() const {
+    return visible() && grid_.ColHidden(grid_.Col());
+}
+
+/// A commit under way ends as it would anywhere else.
+void Editor::leaveHiddenColumn() {
+    if (committing_) return;
+    if (!refused_) commit();
+    if (overHiddenColumn()) drop();
 }
 
 /// Shows the machine what has changed.
@@ -282,9 +353,9 @@ void Editor::publish() {
         view.multiLine = column.b是否编辑多行();
         view.limit = column.iLimitLength();
         view.readsDigits = column.iType() == flexDTDouble || column.iType() == flexDTDate;
-        view.refused = refused_ || validLock_ != 0;
+        view.refused = refused_;
         view.alignment = grid_.EffectiveAlignment(row, col);
-        view.rect = grid_.CellRect(row, col);
+        view.rect = placedOver_ = grid_.CellRect(row, col);
         if (view.helpButton) {
             const std::int32_t side = std::min(view.rect.height, view.rect.width / 2);
             view.helpRect = {view.rect.right() - side, view.rect.top, side, view.rect.height};

@@ -52,7 +52,7 @@ void EditorKeys::focusToGrid() {
 
 void EditorKeys::escape() {
     support::Span hiding(editor_.hiding_);
-    editor_.drop();
+    editor_.giveUp();
     focusToGrid();
 }
 

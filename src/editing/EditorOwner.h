@@ -26,6 +26,10 @@ class EditorOwner {
     /// One more row through the control's public row count.
     virtual void addRowAtEnd() = 0;
     virtual void bringCurrentCellIntoView() = 0;
+    /// Esc brings back the number that a refused expression has emptied.
+    virtual bool escRestores() const = 0;
+    /// The editor is hidden. The keyboard goes to the grid, if the editor had it.
+    virtual void editorHidden() = 0;
     virtual void raiseBeforeTextEdit() = 0;
     virtual void raiseAfterEdit(std::int32_t row, std::int32_t col) = 0;
     /// Asks the host for the record that matches a typed code.

@@ -24,6 +24,10 @@ class FollowedCell {
     FollowedCell(const FollowedCell&) = delete;
     FollowedCell& operator=(const FollowedCell&) = delete;
 
+    bool there() const { return cell_.row() >= 0; }
+    /// -1 once it was taken away.
+    std::int32_t row() const { return cell_.row(); }
+    std::int32_t col() const { return cell_.col(); }
     bool isCurrent() const { return grid_.Row() >= 0 && cell_.is(grid_.Row(), grid_.Col()); }
 
   private:

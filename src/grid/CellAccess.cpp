@@ -1,5 +1,6 @@
 // Cells as hosts write and read them. Errors, also those of other types than std::exception, end in a message
 // box, never in the host.
+#include "editing/FieldRule.h"
 #include "grid/Parts.h"
 #include "support/CurrentError.h"
 #include "support/Dates.h"
@@ -134,6 +135,13 @@ std::string kxGrid::ReadSum(std::int32_t Col) const {
 
 void kxGrid::RecalculateTotals() {
     parts_->totals.recalculate(grid::TotalRow::AllColumns);
+}
+
+std::string kxGrid::Problem(std::int32_t Row, std::int32_t Col) const {
+    Parts& p = *parts_;
+    if (!holds(p.main, Row, Col) || isFixed(p.main, Row, Col)) return {};
+    const cVsControl* column = p.columns.find(Col);
+    return column ? editing::brokenRule(*column, p.main.Data(Row, Col)) : std::string();
 }
 
 bool kxGrid::ValidTextData() {

@@ -1,5 +1,7 @@
 #include "grid/InputRouter.h"
 
+#include <type_traits>
+
 #include "support/Text.h"
 
 namespace kxVsGrid::grid {
@@ -27,6 +29,18 @@ class Typed {
   private:
     std::string_view& slot_;
 };
+
+/// Counts a call for its length.
+class Counted {
+  public:
+    explicit Counted(int& count) : count_(count) { ++count_; }
+    ~Counted() { --count_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+  private:
+    int& count_;
+};
 }  // namespace
 
 std::string InputRouter::typedCharacter(std::int16_t ascii) const {
@@ -47,11 +61,33 @@ void InputRouter::focusMoved(FocusPlace place) {
     if (place == FocusPlace::Grid) navigation_.gainedFocus();
 }
 
+void InputRouter::takeKeyboardBack() {
+    const bool editors = place_ == FocusPlace::Editor || place_ == FocusPlace::HelpButton;
+    if (editors && !c_.editor.visible()) c_.seat.giveFocus(FocusPlace::Grid);
+}
+
+template <class Work>
+auto InputRouter::acting(Work work) {
+    const Counted counted(underway_);
+    if constexpr (std::is_void_v<decltype(work())>) {
+        work();
+        if (underway_ == 1) takeKeyboardBack();
+    } else {
+        const auto result = work();
+        if (underway_ == 1) takeKeyboardBack();
+        return result;
+    }
+}
+
 // --- Keys
 // ------------------------------------------------------------------------------------------------------------
 
 bool InputRouter::key(const KeyStroke& stroke) {
     if (composing_) return false;
+    return acting([&] { return keyFor(stroke); });
+}
+
+bool InputRouter::keyFor(const KeyStroke& stroke) {
     switch (place_) {
         case FocusPlace::Editor:
             return editorKey(stroke);
@@ -111,7 +147,7 @@ void InputRouter::selected(std::size_t selStart, std::size_t selLength) {
 }
 
 bool InputRouter::openForTyping() {
-    return keys_.openForTyping();
+    return acting([&] { return keys_.openForTyping(); });
 }
 
 /// The keyboard stays with the grid while the first text is composed; then it is the editor's.
@@ -133,6 +169,10 @@ bool InputRouter::settleEditorForPress() {
 }
 
 void InputRouter::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
+    acting([&] { press(button, shift, x, y); });
+}
+
+void InputRouter::press(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     pressesDelivered_ &= ~button;
     lastPressDelivered_ = false;
     if (layout_.totalRowShown() && layout_.totalRowRect().contains(x, y)) return;
@@ -153,7 +193,7 @@ void InputRouter::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t 
     if ((pressesDelivered_ & button) == 0) return;
     pressesDelivered_ &= ~button;
     const Rect main = layout_.mainRect();
-    c_.grid.mouseUp(button, shift, x - main.left, y - main.top);
+    acting([&] { c_.grid.mouseUp(button, shift, x - main.left, y - main.top); });
 }
 
 void InputRouter::doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
@@ -161,11 +201,11 @@ void InputRouter::doubleClick(std::int16_t button, std::int16_t shift, std::int3
     if (!lastPressDelivered_ || (layout_.totalRowShown() && layout_.totalRowRect().contains(x, y))) return;
     pressesDelivered_ |= button;
     const Rect main = layout_.mainRect();
-    c_.grid.doubleClick(button, shift, x - main.left, y - main.top);
+    acting([&] { c_.grid.doubleClick(button, shift, x - main.left, y - main.top); });
 }
 
 void InputRouter::helpButtonPressed() {
-    c_.editor.help();
+    acting([&] { c_.editor.help(); });
 }
 
 void InputRouter::surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {

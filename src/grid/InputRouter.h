@@ -24,6 +24,11 @@ class InputRouter : public Input {
         : c_(context), navigation_(navigation), keys_(keys), layout_(layout) {}
 
     bool active() const { return place_ != FocusPlace::Elsewhere; }
+    /// Told when the editor was hidden: if it had the keyboard, the grid has it, once what the clerk did is
+    /// done.
+    void editorHidden() {
+        if (underway_ == 0) takeKeyboardBack();
+    }
     bool keyboardInGrid() const { return place_ == FocusPlace::Grid || place_ == FocusPlace::Editor; }
     /// The character that the key press now under way types, for handlers that are given 16 bits of it.
     std::string typedCharacter(std::int16_t ascii) const;
@@ -47,6 +52,13 @@ class InputRouter : public Input {
     void resized(std::int32_t width, std::int32_t height) override;
 
   private:
+    /// What the clerk does now. The keyboard of an editor that is hidden meanwhile goes to the grid at the
+    /// end, when the current cell is where it shall be.
+    template <class Work>
+    auto acting(Work work);
+    void takeKeyboardBack();
+    bool keyFor(const KeyStroke& stroke);
+    void press(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     bool editorKey(const KeyStroke& stroke);
     bool gridKey(const KeyStroke& stroke);
     void surfaceKey(const KeyStroke& stroke);
@@ -57,6 +69,7 @@ class InputRouter : public Input {
     events::Keys& keys_;
     Layout& layout_;
     FocusPlace place_ = FocusPlace::Elsewhere;
+    int underway_ = 0;  ///< calls of the machine's that are being worked off
     bool composing_ = false;
     int pressesDelivered_ = 0;  ///< of the buttons that are down, a sum of MouseButton
     bool lastPressDelivered_ = false;

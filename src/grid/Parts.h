@@ -36,10 +36,12 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     void report(std::string_view setting) { seat->settingChanged(setting); }
     void showError(std::string_view text, std::string_view title);
     void realign();
+    /// A host is about to change rows or columns: what is being typed is committed. A refused text stays.
+    void commitOpenText() { editor.commitForHost(); }
     /// Loading works on the grids directly: afterwards the control stands as they do.
     void settleAfterReading();
     /// The fixed area may have come over the current cell, where a clerk who is in the grid could not type
-    /// on. A text that is being typed stays where it is: the cell moves when the editor gives the keyboard
+    /// on. An editor that is still open stays where it is: the cell moves when the editor gives the keyboard
     /// back.
     void leaveFixedArea();
     /// What SetCell does. False when it failed and a box told of it.
@@ -57,6 +59,8 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
         if (host.there()) control.Rows(control.Rows() + 1);
     }
     void bringCurrentCellIntoView() override;
+    bool escRestores() const override { return options.EscRestores(); }
+    void editorHidden() override { input.editorHidden(); }
     void raiseBeforeTextEdit() override { host.raise(&GridEvents::BeforeTextEdit); }
     void raiseAfterEdit(std::int32_t row, std::int32_t col) override {
         host.raise(&GridEvents::AfterEdit, row, col);

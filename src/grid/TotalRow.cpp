@@ -71,8 +71,9 @@ void TotalRow::paintAndCaption() {
     sums_.CellAlignment(0, first, flexAlignCenterCenter);
 }
 
+/// Not fewer columns than fixed ones: what one grid has done, the other can do.
 void TotalRow::followCols() {
-    if (sums_.FixedCols() > main_.Cols()) sums_.FixedCols(main_.FixedCols());
+    if (sums_.FixedCols() > main_.Cols()) followFixedCols();
     sums_.Cols(main_.Cols());
     for (auto c = static_cast<std::size_t>(main_.Cols()); c < totals_.size(); ++c)
         forget(static_cast<std::int32_t>(c));

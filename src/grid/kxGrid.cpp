@@ -70,6 +70,11 @@ void kxGrid::Parts::connectMoves() {
         defaulted.limited(main.Rows(), main.Cols());
         editor.place();
     }));
+    main.PlacesChanged.connect([this] {
+        if (!editor.visible()) return;
+        const auto kept = shared_from_this();
+        editor.placesChanged();
+    });
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted) {
             rows.follower().rowInserted(position);
@@ -130,6 +135,8 @@ void kxGrid::Parts::leaveFixedArea() {
 }
 
 void kxGrid::Parts::settleAfterReading() {
+    // A failed reading may have ended before the total row was told.
+    if (sums.FixedCols() != main.FixedCols()) totals.followFixedCols();
     realign();
     leaveFixedArea();
 }

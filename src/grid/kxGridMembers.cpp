@@ -1,6 +1,7 @@
 // The control's properties: what each reads or changes, on which of the two grids, and what the container
 // hears.
 #include <algorithm>
+#include <exception>
 
 #include "grid/Parts.h"
 #include "grid/SetUp.h"
@@ -9,6 +10,47 @@
 namespace kxVsGrid {
 
 using grid::TotalRow;
+
+namespace {
+
+/// Keeps the first exception of a host's handler while what a change has begun is brought to its end.
+class FirstFault {
+  public:
+    template <class Work>
+    void during(Work work) {
+        try {
+            work();
+        } catch (...) {
+            if (!fault_) fault_ = std::current_exception();
+        }
+    }
+    void raise() const {
+        if (fault_) std::rethrow_exception(fault_);
+    }
+
+  private:
+    std::exception_ptr fault_;
+};
+
+void putRowCount(CellGrid& grid, TotalRow& totals, std::int32_t count) {
+    count = std::max(count, grid.FixedRows());
+    if (count < grid.Rows()) return grid.Rows(count);
+    const TotalRow::Expect recalculation(totals, TotalRow::AllColumns);  // empty rows change no total
+    grid.Rows(count);
+}
+
+/// Also when a handler failed over the loss of the others: a grid without rows cannot be keyed into. False
+/// when there were enough.
+bool refill(CellGrid& grid) {
+    const std::int32_t fewest = grid.FixedRows() + events::RowAdder::FewestDataRows;
+    if (grid.Rows() >= fewest) return false;
+    while (grid.Rows() < fewest) {
+        grid.InsertRow(grid.Rows());
+        grid.RowHeight(grid.Rows() - 1, events::RowAdder::NewRowHeight);
+    }
+    return true;
+}
+}  // namespace
 
 // --- State
 // -----------------------------------------------------------------------------------------------------------
@@ -110,24 +152,17 @@ std::int32_t kxGrid::Rows() const {
 void kxGrid::Rows(std::int32_t count) {
     const auto kept = held();
     Parts& p = *kept;
-    CellGrid& grid = p.main;
-    count = std::max(count, grid.FixedRows());
-    if (count >= grid.Rows()) {
-        const TotalRow::EmptyRows emptyRows(p.totals);
-        grid.Rows(count);
-    } else {
-        grid.Rows(count);
-    }
-    while (grid.Rows() < grid.FixedRows() + events::RowAdder::FewestDataRows) {
-        grid.InsertRow(grid.Rows());
-        grid.RowHeight(grid.Rows() - 1, events::RowAdder::NewRowHeight);
-    }
-    grid.NumberRows();
-    columns::paintColumns(grid, p.columns);
+    p.commitOpenText();
+    FirstFault fault;
+    fault.during([&] { putRowCount(p.main, p.totals, count); });
+    if (!refill(p.main)) fault.raise();
+    p.main.NumberRows();
+    columns::paintColumns(p.main, p.columns);
     p.totals.recalculate(TotalRow::AllColumns);
     p.wheel.rowsChanged();
     p.editor.place();
-    if (p.input.keyboardInGrid()) p.navigation.leaveFixedArea();  // where the clerk could not type on
+    fault.during([&] { p.leaveFixedArea(); });
+    fault.raise();
     p.report("Rows");
 }
 
@@ -138,6 +173,7 @@ std::int32_t kxGrid::Cols() const {
 void kxGrid::Cols(std::int32_t count) {
     const auto kept = held();
     Parts& p = *kept;
+    p.commitOpenText();
     p.main.Cols(count);
     p.main.FormatString(p.main.FormatString());
     p.realign();
@@ -150,6 +186,7 @@ std::int32_t kxGrid::FixedRows() const {
 
 void kxGrid::FixedRows(std::int32_t count) {
     const auto p = held();
+    p->commitOpenText();
     p->main.FixedRows(count);
     p->leaveFixedArea();
     p->report("FixedRows");
@@ -162,6 +199,7 @@ std::int32_t kxGrid::FixedCols() const {
 void kxGrid::FixedCols(std::int32_t count) {
     const auto kept = held();
     Parts& p = *kept;
+    p.commitOpenText();
     p.main.FixedCols(count);
     if (p.sums.FixedCols() != p.main.FixedCols()) p.totals.followFixedCols();
     p.sums.BackColorFixed(p.main.BackColorFixed());
@@ -192,6 +230,7 @@ std::string kxGrid::FormatString() const {
 void kxGrid::FormatString(std::string_view format) {
     const auto kept = held();
     Parts& p = *kept;
+    p.commitOpenText();
     p.main.FormatString(format);
     p.realign();
     p.report("FormatString");
@@ -204,6 +243,7 @@ bool kxGrid::ColHidden(std::int32_t Col) const {
 void kxGrid::ColHidden(std::int32_t Col, bool hidden) {
     const auto kept = held();
     Parts& p = *kept;
+    p.commitOpenText();
     p.main.ColHidden(Col, hidden);
     p.sums.ColHidden(Col, hidden);
     p.columns.shared(Col)->bIsVisible(!hidden);

@@ -75,21 +75,39 @@ TEST_F(FollowedCell, HidesTheEditorWhenItsRowIsRemoved) {
     expectGoneWithoutACommit();
 }
 
-TEST_F(FollowedCell, HidesTheEditorWhenTheRowsAreCut) {
-    grid.Rows(6);
+TEST_F(FollowedCell, HidesTheEditorWhenTheEngineCutsTheRows) {
+    grid.Grid().Rows(6);
     EXPECT_EQ(grid.Rows(), 6);
     expectGoneWithoutACommit();
 }
 
-TEST_F(FollowedCell, HidesTheEditorWhenTheColumnsAreCut) {
-    grid.Cols(3);
+TEST_F(FollowedCell, HidesTheEditorWhenTheEngineCutsTheColumns) {
+    grid.Grid().Cols(3);
     expectGoneWithoutACommit();
+}
+
+TEST_F(FollowedCell, IsCommittedBeforeTheControlCutsTheRows) {
+    heard();
+    grid.Rows(6);
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(10, 3));
+    EXPECT_FALSE(open());
+}
+
+TEST_F(FollowedCell, IsCommittedBeforeTheControlCutsTheColumns) {
+    heard();
+    grid.Cols(3);
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(10, 3));
+    EXPECT_FALSE(open());
 }
 
 TEST_F(FollowedCell, HidesTheEditorWhenAllColumnsGo) {
     grid.Cols(0);
     EXPECT_EQ(grid.Grid_Sum().Cols(), 0);
     EXPECT_FALSE(open());
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(10, 3));
+    EXPECT_TRUE(grid.bIsDirty());
+    grid.Editable(false);
+    grid.Editable(true);
     grid.SetCell(1, 1, "nowhere");
     desk.press(Key::Enter).type("x").press(Key::Tab);
     EXPECT_EQ(desk.messages().size(), 0u);
@@ -126,7 +144,7 @@ TEST_F(FollowedCell, HidesTheEditorWhenTheGridIsCleared) {
 }
 
 TEST_F(FollowedCell, KeepsTheEditorWhenOtherRowsAreCut) {
-    grid.Rows(12);
+    grid.Grid().Rows(12);
     expectCommitGoesTo({10, 3});
 }
 

@@ -158,15 +158,15 @@ TEST_P(RefusedTyping, DoesNotTouchTheTotals) {
 
 // --- The ways to ask for the check.
 
-struct Way {
+struct AskingWay {
     const char* name;
     std::function<void(WatchedDesk&, kxGrid&)> ask;
     bool again;  ///< the check is made again when the text was refused already
-    friend std::ostream& operator<<(std::ostream& out, const Way& way) { return out << way.name; }
+    friend std::ostream& operator<<(std::ostream& out, const AskingWay& way) { return out << way.name; }
 };
 
 // The text is wholly selected and the caret at its start when they begin.
-const Way Ways[] = {
+const AskingWay AskingWays[] = {
     {"Enter", [](WatchedDesk& d, kxGrid&) { d.press(Key::Enter); }, false},
     {"Tab", [](WatchedDesk& d, kxGrid&) { d.press(Key::Tab); }, true},
     {"ShiftTab", [](WatchedDesk& d, kxGrid&) { d.press(Key::Tab, ShiftKey); }, true},
@@ -188,7 +188,7 @@ const Way Ways[] = {
     {"FocusOnTheGrid", [](WatchedDesk& d, kxGrid&) { d.focusGrid(); }, false},
 };
 
-class AskedBy : public ::testing::WithParamInterface<std::tuple<Kind, Way>>, public CheckTest {
+class AskedBy : public ::testing::WithParamInterface<std::tuple<Kind, AskingWay>>, public CheckTest {
   protected:
     AskedBy() {
         knowCodes();
@@ -197,7 +197,7 @@ class AskedBy : public ::testing::WithParamInterface<std::tuple<Kind, Way>>, pub
         desk.select(0, support::characters(bad));
         forget();
     }
-    void ask() { std::get<Way>(GetParam()).ask(desk, grid); }
+    void ask() { std::get<AskingWay>(GetParam()).ask(desk, grid); }
     void expectKept() {
         EXPECT_TRUE(open());
         EXPECT_TRUE(desk.editor().refused);
@@ -216,10 +216,10 @@ class AskedBy : public ::testing::WithParamInterface<std::tuple<Kind, Way>>, pub
 };
 
 INSTANTIATE_TEST_SUITE_P(A, AskedBy,
-                         ::testing::Combine(::testing::ValuesIn(Kinds), ::testing::ValuesIn(Ways)),
+                         ::testing::Combine(::testing::ValuesIn(Kinds), ::testing::ValuesIn(AskingWays)),
                          [](const auto& tested) {
                              return std::string(std::get<Kind>(tested.param).name) + "By" +
-                                    std::get<Way>(tested.param).name;
+                                    std::get<AskingWay>(tested.param).name;
                          });
 
 TEST_P(AskedBy, IsRefusedOnceAndStaysWithTheKeyboard) {
@@ -231,7 +231,8 @@ TEST_P(AskedBy, IsRefusedOnceAndStaysWithTheKeyboard) {
 
 TEST_P(AskedBy, RaisesNothingButTheQuestionToTheHost) {
     ask();
-    const Lines written = std::get<Way>(GetParam()).name == std::string("SetCell") ? changed(4, 1) : Lines{};
+    const Lines written =
+        std::get<AskingWay>(GetParam()).name == std::string("SetCell") ? changed(4, 1) : Lines{};
     EXPECT_EQ(heard(), (col == CodeCol ? asked(bad) : Lines{}) + written);
 }
 
@@ -240,7 +241,7 @@ TEST_P(AskedBy, IsCheckedAgainOnlyByWhatDoesNotWaitForAChange) {
     desk.clear();
     heard();
     ask();
-    const bool again = std::get<Way>(GetParam()).again;
+    const bool again = std::get<AskingWay>(GetParam()).again;
     EXPECT_EQ(boxes(), again ? refusalBox(col) : Boxes{});
     EXPECT_EQ(named(heard(), "TxtValidBmS"), again && col == CodeCol ? asked(bad) : Lines{});
     expectKept();

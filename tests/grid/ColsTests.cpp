@@ -82,12 +82,12 @@ TEST_F(ColumnCount, TakesTheCurrentColumnAlongWithoutAsking) {
     EXPECT_EQ(grid.Col(), 3);
 }
 
-TEST_F(ColumnCount, HidesAnEditorWhoseColumnHasGoneWithoutACommit) {
+TEST_F(ColumnCount, CommitsAnEditorWhoseColumnGoes) {
     typeInto(2, 8, "typed");
     grid.Cols(4);
     EXPECT_FALSE(desk.editor().visible);
-    EXPECT_EQ(named(heard(), "AfterEdit"), Nothing);
-    EXPECT_FALSE(grid.bIsDirty());
+    EXPECT_EQ(named(heard(), "AfterEdit"), edited(2, 8));
+    EXPECT_TRUE(grid.bIsDirty());
 }
 
 TEST_F(ColumnCount, BelowTheFixedColumnsOrBeyondTheLargestIsRefused) {

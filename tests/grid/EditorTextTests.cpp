@@ -24,15 +24,15 @@ TEST_F(EditorOfTheHost, HasTextAndTagWhileItIsOpen) {
     EXPECT_EQ(grid.ReadCell(1, 1), "A01");
 }
 
-TEST_F(EditorOfTheHost, HasThoseOfTheEnteredCellWhileItIsHidden) {
+TEST_F(EditorOfTheHost, HasThoseOfTheCurrentCellWhileItIsHidden) {
     grid.SetCell(3, 2, "text", "tag");
     EXPECT_EQ(grid.Text(), "");
     vs().Select(3, 2);
     EXPECT_EQ(grid.Text(), "text");
     EXPECT_EQ(grid.TextTag(), "tag");
     grid.SetCell(3, 2, "later", "latertag");
-    EXPECT_EQ(grid.Text(), "text");
-    EXPECT_EQ(grid.TextTag(), "tag");
+    EXPECT_EQ(grid.Text(), "later");
+    EXPECT_EQ(grid.TextTag(), "latertag");
 }
 
 TEST_F(EditorOfTheHost, KeepsBytesThatAreNoText) {

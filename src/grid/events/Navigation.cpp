@@ -10,7 +10,7 @@ namespace kxVsGrid::events {
 using support::Span;
 
 void Navigation::gainedFocus() {
-    if (c_.editor.visible() && !c_.moves.MoveAllowed) {
+    if (c_.editor.refused() || (c_.editor.visible() && !c_.moves.MoveAllowed)) {
         c_.seat.giveFocus(FocusPlace::Editor);
         return;
     }
@@ -77,7 +77,7 @@ void Navigation::settleRow(std::int32_t row) {
     c_.wheel.moved();
     if (c_.flags.Editable && c_.moves.AutoDefault && row > c_.grid.FixedRows()) {
         const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, row);
-        if (currentWritten && !c_.editor.visible()) c_.editor.load();
+        if (currentWritten) c_.editor.captureAndLoad();  // what was filled in is not checked unchanged
     }
     c_.totals.recalculate(grid::TotalRow::AllColumns);
 }

@@ -11,7 +11,8 @@ class Navigation {
   public:
     explicit Navigation(const Context& context) : c_(context) {}
 
-    /// The grid has the keyboard now: keeps the current cell out of the fixed area.
+    /// The grid has the keyboard now: a refused text gets it back. Otherwise keeps the current cell out of
+    /// the fixed area.
     void gainedFocus();
     /// Moves the current cell out of the fixed area, if there is another cell for it.
     void leaveFixedArea();
