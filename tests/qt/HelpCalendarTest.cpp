@@ -75,7 +75,7 @@ TEST(HelpCalendar, OneEnterIsOneOk) {
 
 TEST(HelpCalendar, OpensOnTheCellsMomentAndAnswersInItsForm) {
     const struct {
-        Kind kind;
+        gEmHelpType kind;
         const char* text;
         const char* answer;
     } moments[] = {
@@ -90,7 +90,7 @@ TEST(HelpCalendar, OpensOnTheCellsMomentAndAnswersInItsForm) {
 }
 
 TEST(HelpCalendar, ShowsTheControlsOfItsKind) {
-    for (const Kind kind : {OnlyDate, HalfDay, Time}) {
+    for (const gEmHelpType kind : {OnlyDate, HalfDay, Time}) {
         CalendarWindow w(kind);
         w.answer("2026-11-20", [&](Dialog& d) {
             EXPECT_EQ(d.part("Cob").isVisible(), kind == HalfDay);
