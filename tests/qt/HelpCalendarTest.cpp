@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QTableView>
 #include <QTimeEdit>
+#include <QToolButton>
 
 #include "qt/HelpWindow.h"
 
