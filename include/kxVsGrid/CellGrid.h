@@ -126,6 +126,9 @@ class CellGrid {
     /// The sum of the leading numbers of the displayed texts of a column's data rows, added up in row order
     /// in a double. Numbers once read are remembered until their cell changes.
     double ColumnSum(std::int32_t col) const;
+    /// What one cell counts in that sum: the leading number of its displayed text. Where the column's format
+    /// groups digits, separators between groups of three belong to the number; elsewhere a comma ends it.
+    double CellNumber(std::int32_t row, std::int32_t col) const;
 
     // --- Columns. Setting a column property erases no cell setting.
     std::int32_t ColWidth(std::int32_t col) const;
@@ -141,6 +144,8 @@ class CellGrid {
     /// than those of dates stand in quotation marks; a word is no format and changes nothing.
     std::string ColFormat(std::int32_t col) const;
     void ColFormat(std::int32_t col, std::string_view format);
+    /// The column's format separates groups of thousands.
+    bool ColGroups(std::int32_t col) const;
     mEmDataType ColDataType(std::int32_t col) const;
     void ColDataType(std::int32_t col, mEmDataType type);
     bool MergeCol(std::int32_t col) const;
@@ -271,6 +276,8 @@ class CellGrid {
     Damage takeDamage();
     /// Marks the whole picture.
     void damageAll();
+    /// Marks a cell: its computed text has become another one.
+    void damageCell(std::int32_t row, std::int32_t col);
 
     /// Hears of a change of texts, formats or rows right before it happens: `col` is the column, -1 for all.
     class Watcher {

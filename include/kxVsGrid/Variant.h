@@ -65,6 +65,13 @@ class Variant {
     };
 
     Variant() = default;
+    /// Not the default: libstdc++ 12 destroys what was never made when memory runs out in a variant's own
+    /// copy constructor; its assignment copies first.
+    Variant(const Variant& other) { value_ = other.value_; }
+    Variant(Variant&&) = default;
+    Variant& operator=(const Variant&) = default;
+    Variant& operator=(Variant&&) = default;
+    ~Variant() = default;
     Variant(NullValue) : value_(NullValue{}) {}
     Variant(bool value) : value_(value) {}
     Variant(std::int16_t value) : value_(value) {}

@@ -33,4 +33,8 @@ bool CellFormat::apply(std::string_view text, std::string& shown) const {
     if (pattern_->number) return pattern_->number->apply(text, shown);
     return pattern_->date && pattern_->date->apply(text, shown);
 }
+
+bool CellFormat::groups() const {
+    return pattern_ && pattern_->number && pattern_->number->groups();
+}
 }  // namespace kxVsGrid::cellgrid

@@ -18,6 +18,8 @@ class CellFormat {
     /// Writes into `shown` what the pattern makes of the cell text and returns true; returns false, `shown`
     /// untouched, when the text is shown unchanged.
     bool apply(std::string_view text, std::string& shown) const;
+    /// It is a number pattern that separates groups of thousands.
+    bool groups() const;
 
   private:
     struct Pattern;

@@ -179,6 +179,14 @@ double CellGrid::ColumnSum(std::int32_t col) const {
     impl_->requireCol("ColumnSum", col);
     return impl_->store.sum(col);
 }
+double CellGrid::CellNumber(std::int32_t row, std::int32_t col) const {
+    impl_->requireCell("CellNumber", row, col);
+    return impl_->store.number(row, col);
+}
+bool CellGrid::ColGroups(std::int32_t col) const {
+    impl_->requireCol("ColGroups", col);
+    return impl_->store.groups(col);
+}
 
 // --- Columns.
 

@@ -2,7 +2,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <new>
 #include <utility>
+
+#include "support/Room.h"
+#include "support/Undo.h"
 
 namespace kxVsGrid::cellgrid {
 
@@ -21,10 +25,17 @@ std::string_view rowNumber(std::int32_t number, CellStore::Scratch& scratch) {
 
 void CellStore::insertRows(std::int32_t row, std::int32_t n) {
     order_.insert(row, n);
-    for (GridColumn& c : columns_) c.styles.insert(row, n);
+    std::size_t done = 0;
+    support::Undo undo([&] {
+        for (std::size_t c = 0; c < done; ++c) columns_[c].styles.remove(row, n);
+        order_.remove(row, n, [](RowHandle) {});
+    });
+    for (; done < columns_.size(); ++done) columns_[done].styles.insert(row, n);
+    undo.keep();
 }
 
 void CellStore::removeRows(std::int32_t row, std::int32_t n) {
+    order_.prepareRemove(row, n);
     for (GridColumn& c : columns_) {
         if (n >= ManyRows) c.numbers.reset();
         clearColumn(c, row, n);
@@ -107,11 +118,13 @@ inline CellStore::Spot CellStore::spot(std::int32_t row, std::int32_t col) {
     return {c, handle, handle == NoHandle ? nullptr : c.cells.find(handle)};
 }
 
-/// Makes room for a cell that was never written.
-inline void CellStore::provide(Spot& at, std::int32_t row) {
-    if (at.page) return;
-    at.handle = order_.obtain(row);
-    at.page = &at.column.cells.obtain(at.handle);
+/// Makes room for the text, or the tag, of a cell: what is put there afterwards cannot fail.
+inline void CellStore::provide(Spot& at, std::int32_t row, CellPages::Kind kind) {
+    if (!at.page) {
+        at.handle = order_.obtain(row);
+        at.page = &at.column.cells.obtain(at.handle);
+    }
+    CellPages::provide(*at.page, kind);
 }
 
 inline CellStore::Effect CellStore::putText(Spot& at, std::int32_t row, std::int32_t col,
@@ -119,12 +132,12 @@ inline CellStore::Effect CellStore::putText(Spot& at, std::int32_t row, std::int
     TextSlot fresh = slot::ofShort(text);
     const Effect done = effect(col, at.get(CellPages::Text), fresh, text);
     if (done == Effect::Nothing) return done;
+    provide(at, row, CellPages::Text);
     if (!text.empty()) {
         if (fresh == slot::Empty) fresh = arena_.storeLong(text);
     } else if (numbered_ && col == 0) {
         fresh = slot::WrittenEmpty;
     }
-    provide(at, row);
     putTextSlot(at.column, *at.page, at.handle, fresh);
     return done;
 }
@@ -139,15 +152,18 @@ void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<st
         setText(row, col, {});
         return;
     }
+    auto computer = std::make_shared<const std::function<std::string()>>(std::move(compute));
+    Spot at = spot(row, col);
+    provide(at, row, CellPages::Text);
     if (freeComputed_.empty()) {
+        support::makeRoom(computed_);
+        support::makeRoom(freeComputed_, computed_.capacity());  // giving a number back cannot fail
         freeComputed_.push_back(static_cast<std::uint32_t>(computed_.size()));
         computed_.emplace_back();
     }
     const std::uint32_t number = freeComputed_.back();
-    computed_[number] = std::make_shared<const std::function<std::string()>>(std::move(compute));
+    computed_[number] = std::move(computer);
     freeComputed_.pop_back();
-    Spot at = spot(row, col);
-    provide(at, row);
     putTextSlot(at.column, *at.page, at.handle, slot::Computed | number);
 }
 
@@ -165,9 +181,9 @@ inline bool CellStore::putTag(Spot& at, std::int32_t row, std::string_view tag) 
     } else {
         slot::Buffer buffer;
         if (slot::hasBlock(old) && arena_.text(old, buffer) == tag) return false;
-        fresh = arena_.storeLong(tag);
     }
-    provide(at, row);
+    provide(at, row, CellPages::Tag);
+    if (fresh == slot::Empty && !tag.empty()) fresh = arena_.storeLong(tag);
     at.column.cells.set(*at.page, CellPages::Tag, at.handle, fresh);
     arena_.release(old);
     return true;
@@ -230,15 +246,30 @@ void CellStore::clearColumn(GridColumn& c, std::int32_t row, std::int32_t n) {
     });
 }
 
-/// Moves the long texts into a new arena when most of the old one lies idle.
+/// Moves the long texts into a new arena when most of the old one lies idle. That only saves memory: where
+/// there is none for the new one, the old one stays.
 void CellStore::compact() {
     if (arena_.footprint() < SmallArena || arena_.used() * 4 > arena_.footprint()) return;
+    try {
+        pack();
+    } catch (const std::bad_alloc&) {
+    }
+}
+
+/// All texts are in the new arena before a single cell points there.
+void CellStore::pack() {
     TextArena packed;
+    std::vector<TextSlot> moved;
     slot::Buffer buffer;
-    const auto move = [&](TextSlot s) {
-        return slot::hasBlock(s) ? packed.store(arena_.text(s, buffer)) : s;
-    };
-    for (GridColumn& c : columns_) c.cells.moveEach(move);
+    for (GridColumn& c : columns_)
+        c.cells.forEach([&](const TextSlot& s) {
+            if (slot::hasBlock(s)) moved.push_back(packed.store(arena_.text(s, buffer)));
+        });
+    auto next = moved.begin();
+    for (GridColumn& c : columns_)
+        c.cells.forEach([&](TextSlot& s) {
+            if (slot::hasBlock(s)) s = *next++;
+        });
     arena_ = std::move(packed);
 }
 }  // namespace kxVsGrid::cellgrid

@@ -49,6 +49,7 @@ class CellStore {
     GridColumn& column(std::int32_t col) { return columns_[static_cast<std::size_t>(col)]; }
     const GridColumn& column(std::int32_t col) const { return columns_[static_cast<std::size_t>(col)]; }
 
+    /// When one of these fails, nothing has changed.
     void insertRows(std::int32_t row, std::int32_t n);
     void removeRows(std::int32_t row, std::int32_t n);
     void setCols(std::int32_t count);
@@ -106,6 +107,10 @@ class CellStore {
 
     /// The numbers of the displayed texts of the data rows, added up in row order.
     double sum(std::int32_t col);
+    /// What one cell counts in the sum.
+    double number(std::int32_t row, std::int32_t col) const;
+    /// The column's format puts separators between groups of digits.
+    bool groups(std::int32_t col) const { return column(col).format && column(col).format->groups(); }
     /// The format decides what the texts count.
     void setFormat(std::int32_t col, std::string_view pattern);
 
@@ -124,7 +129,7 @@ class CellStore {
     Effect effectOfEmpty(std::int32_t col, TextSlot old) const;
     struct Spot;
     Spot spot(std::int32_t row, std::int32_t col);
-    void provide(Spot& at, std::int32_t row);
+    void provide(Spot& at, std::int32_t row, CellPages::Kind kind);
     Effect overwrite(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text);
     bool putTag(Spot& at, std::int32_t row, std::string_view tag);
@@ -138,13 +143,14 @@ class CellStore {
     double readNumber(GridColumn& column, RowHandle handle);
     double sumOfRowNumbers() const;
     void compact();
+    void pack();
 
     RowOrder order_;
     std::vector<GridColumn> columns_;
     TextArena arena_;
     CellStyles styles_;
     std::vector<Computer> computed_;           ///< by number, as the slots name them
-    std::vector<std::uint32_t> freeComputed_;  ///< numbers whose cells have another text now
+    std::vector<std::uint32_t> freeComputed_;  ///< numbers whose cells have another text now; room for all
     std::int32_t fixedRows_ = 0;
     bool numbered_ = false;
 };

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "kxVsGrid/Enumerations.h"
+#include "support/Room.h"
 
 namespace kxVsGrid::cellgrid {
 
@@ -28,6 +29,7 @@ class CellStyles {
 
     StyleNumber number(const CellStyle& style) {
         if (style == styles_[last_]) return last_;
+        support::makeRoom(styles_);  // a number stands for a style that is there
         const auto [known, fresh] = numbers_.try_emplace(style, static_cast<StyleNumber>(styles_.size()));
         if (fresh) styles_.push_back(style);
         return last_ = known->second;

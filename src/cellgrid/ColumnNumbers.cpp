@@ -4,12 +4,20 @@
 
 namespace kxVsGrid::cellgrid {
 
-/// Group separators belong to the number only where the format put them.
+/// Group separators belong to the number only in a column whose format puts them there: those that it did
+/// put, and those of a text that has them already, as a copy of a shown text has.
 double CellStore::numberOf(const GridColumn& c, std::string_view text) {
+    if (!c.format || text.empty()) return support::leadingNumber(text);
     std::string shown;
-    if (c.format && !text.empty() && c.format->apply(text, shown))
-        return support::leadingNumberOfDisplayed(shown);
-    return support::leadingNumber(text);
+    const bool formatted = c.format->apply(text, shown);
+    if (!c.format->groups()) return support::leadingNumber(formatted ? shown : text);
+    return formatted ? support::leadingNumberOfDisplayed(shown)
+                     : support::leadingNumber(support::withoutGroups(text, true));
+}
+
+double CellStore::number(std::int32_t row, std::int32_t col) const {
+    Scratch scratch;
+    return numberOf(column(col), text(row, col, scratch));
 }
 
 double CellStore::readNumber(GridColumn& c, RowHandle handle) {

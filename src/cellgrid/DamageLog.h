@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -23,7 +24,11 @@ class DamageLog {
     void add(const Rect& rect) {
         if (all_ || rect.empty() || (!rects_.empty() && rects_.back() == rect)) return;
         if (held_ || rects_.size() == MaxRects) return addAll();
-        rects_.push_back(rect);
+        try {
+            rects_.push_back(rect);
+        } catch (const std::bad_alloc&) {
+            return addAll();  // what was written is seen, whatever it costs
+        }
         tell();
     }
     /// While held, damage is noted as the whole picture and nobody is told.

@@ -210,6 +210,10 @@ CellGrid::Damage CellGrid::takeDamage() {
 void CellGrid::damageAll() {
     impl_->damage.addAll();
 }
+void CellGrid::damageCell(std::int32_t row, std::int32_t col) {
+    impl_->requireCell("damageCell", row, col);
+    impl_->damageCell(row, col);
+}
 void CellGrid::watch(Watcher* watcher) {
     impl_->watcher = watcher;
 }

@@ -4,6 +4,7 @@
 
 #include "cellgrid/FormatString.h"
 #include "cellgrid/GridImpl.h"
+#include "support/Undo.h"
 
 namespace kxVsGrid {
 
@@ -11,8 +12,12 @@ using cellgrid::misuse;
 
 void CellGrid::Impl::insertRows(std::int32_t position, std::int32_t n) {
     store.insertRows(position, n);
+    support::Undo undoStore([&] { store.removeRows(position, n); });
     layout.rows.axis.insert(position, n);
+    support::Undo undoAxis([&] { layout.rows.axis.remove(position, n); });
     mergedRows.insert(position, n);
+    undoAxis.keep();
+    undoStore.keep();
     rowsInserted(position, n);
 }
 
@@ -55,8 +60,11 @@ void CellGrid::Impl::viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t 
 }
 
 void CellGrid::Impl::insertCols(std::int32_t n) {
-    layout.cols.axis.insert(cols(), n);
-    store.setCols(cols());
+    const std::int32_t now = cols();
+    store.setCols(now + n);
+    support::Undo undoStore([&] { store.setCols(now); });
+    layout.cols.axis.insert(now, n);
+    undoStore.keep();
     if (currentCol < 0) currentCol = layout.cols.fixed;
 }
 

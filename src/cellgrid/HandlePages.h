@@ -49,10 +49,14 @@ class CellPages {
         const std::size_t number = handle / PageSlots;
         return number < pages_.size() ? pages_[number].get(kind, handle) : slot::Empty;
     }
-    /// `page` is the handle's.
+    /// Makes room for texts, or for tags, in a page: to set one there cannot fail then.
+    static void provide(Page& page, Kind kind) {
+        if (!page.slots[kind]) page.slots[kind] = std::make_unique<TextSlot[]>(PageSlots);
+    }
+    /// `page` is the handle's. Emptying a slot cannot fail.
     void set(Page& page, Kind kind, RowHandle handle, TextSlot value) {
         if (value == slot::Empty) return empty(page, kind, handle);
-        if (!page.slots[kind]) page.slots[kind] = std::make_unique<TextSlot[]>(PageSlots);
+        provide(page, kind);
         TextSlot& here = page.slots[kind][handle % PageSlots];
         const bool fills = here == slot::Empty;
         here = value;
@@ -69,14 +73,15 @@ class CellPages {
     std::size_t used(Kind kind) const { return used_[kind]; }
     bool unused() const { return used_[Text] == 0 && used_[Tag] == 0; }
 
-    /// Every slot that holds something gets what `move` makes of it, which holds something too.
-    template <class Move>
-    void moveEach(Move move) {
+    /// visit(TextSlot&) for every slot that holds something, always in the same order; it shall hold
+    /// something afterwards too.
+    template <class Visit>
+    void forEach(Visit visit) {
         for (const Page& page : pages_) {
             for (const auto& slots : page.slots) {
                 if (!slots) continue;
                 for (std::size_t i = 0; i < PageSlots; ++i)
-                    if (slots[i] != slot::Empty) slots[i] = move(slots[i]);
+                    if (slots[i] != slot::Empty) visit(slots[i]);
             }
         }
     }

@@ -28,6 +28,8 @@ class NumberPattern {
     /// Writes into `shown` what the pattern makes of a complete number and returns true; any other text
     /// leaves `shown` untouched and returns false.
     bool apply(std::string_view text, std::string& shown) const;
+    /// One of the sections separates groups of thousands.
+    bool groups() const { return sections_[0].grouped || sections_[1].grouped || sections_[2].grouped; }
 
   private:
     struct Step {

@@ -1,5 +1,10 @@
 #include "cellgrid/RowOrder.h"
 
+#include <new>
+#include <utility>
+
+#include "support/Room.h"
+
 namespace kxVsGrid::cellgrid {
 
 namespace {
@@ -9,10 +14,11 @@ constexpr std::int32_t BlockRows = 64;
 
 void RowOrder::Segment::reserve(std::int32_t rows) {
     if (rows <= capacity) return;
-    capacity = std::min(SegmentRows, std::max({rows, capacity * 2, 16}));
-    std::unique_ptr<RowHandle[]> larger(new RowHandle[static_cast<std::size_t>(capacity)]);
+    const std::int32_t wider = std::min(SegmentRows, std::max({rows, capacity * 2, 16}));
+    std::unique_ptr<RowHandle[]> larger(new RowHandle[static_cast<std::size_t>(wider)]);
     std::copy_n(handles.get(), handles ? count : 0, larger.get());
     handles = std::move(larger);
+    capacity = wider;
 }
 
 /// Makes room for `n` rows without a handle.
@@ -29,16 +35,16 @@ void RowOrder::Segment::close(std::int32_t offset, std::int32_t n) {
     count -= n;
 }
 
-RowOrder::Segment RowOrder::Segment::cutTail(std::int32_t from) {
-    Segment tail;
+/// A copy of the rows from an offset on.
+RowOrder::Segment RowOrder::Segment::tail(std::int32_t from) const {
+    Segment rest;
     const std::int32_t n = count - from;
     if (handles) {
-        tail.reserve(n);
-        std::copy_n(handles.get() + from, n, tail.handles.get());
+        rest.reserve(n);
+        std::copy_n(handles.get() + from, n, rest.handles.get());
     }
-    tail.count = n;
-    count = from;
-    return tail;
+    rest.count = n;
+    return rest;
 }
 
 void RowOrder::look(std::int32_t row) const {
@@ -53,16 +59,10 @@ void RowOrder::hit(const Place& place) const {
     hitHandles_ = segment.handles.get();
 }
 
-/// Comes right after a look at the row, which therefore is in the segment that was hit.
+/// Comes right after a look at the row, which therefore is in the segment that was hit. The handle counts as
+/// given when it has its place.
 RowHandle RowOrder::give(std::int32_t row) {
-    RowHandle fresh = next_;
-    if (freed_.empty()) {
-        ++next_;
-    } else {
-        fresh = freed_.back();
-        freed_.pop_back();
-    }
-    ++written_;
+    const RowHandle fresh = freed_.empty() ? next_ : freed_.back();
     const Place place = hit_;
     if (segments_[place].handles) {
         segments_.change(place, [&](Segment& s) { s.handles[row - place.first] = fresh; });
@@ -70,6 +70,11 @@ RowHandle RowOrder::give(std::int32_t row) {
         forgetHit();
         if (!moveIntoNeighbour(place, row, fresh)) openBlock(place, row, fresh);
     }
+    if (freed_.empty())
+        ++next_;
+    else
+        freed_.pop_back();
+    ++written_;
     return fresh;
 }
 
@@ -110,20 +115,29 @@ void RowOrder::openBlock(const Place& empty, std::int32_t row, RowHandle fresh) 
     Segment block;
     block.open(0, std::min(BlockRows, segments_[empty].count - head));
     block.handles[offset - head] = fresh;
+
+    // The stretch becomes its head, the block and its tail, without those that have no rows. After each step
+    // all rows are there, should the next one fail.
     Segment tail;
     tail.count = segments_[empty].count - head - block.count;
+    Place rest = empty;
+    if (tail.count > 0) rest = giveUpTail(empty, std::move(tail));
+    rest = giveUpTail(rest, std::move(block));
+    if (segments_[rest].count == 0) segments_.erase(rest);
+}
 
-    // The stretch becomes its head, the block and its tail, without those that have no rows.
-    segments_.change(empty, [&](Segment& s) { s.count = head; });
-    Place place = head > 0 ? segments_.next(empty) : segments_.erase(empty);
-    place = segments_.insert(place, std::move(block));
-    if (tail.count > 0) segments_.insert(segments_.next(place), std::move(tail));
+/// Puts a segment after another one, which gives up as many rows; answers where that one is now.
+RowOrder::Place RowOrder::giveUpTail(const Place& place, Segment tail) {
+    const std::int32_t n = tail.count;
+    const Place rest = segments_.previous(segments_.insert(segments_.next(place), std::move(tail)));
+    segments_.change(rest, [n](Segment& s) { s.count -= n; });
+    return rest;
 }
 
 void RowOrder::release(RowHandle handle) {
     --written_;
     if (written_ == 0) {
-        freed_ = {};
+        std::vector<RowHandle>().swap(freed_);
         next_ = 0;
     } else {
         freed_.push_back(handle);
@@ -161,13 +175,16 @@ void RowOrder::insertEmpty(std::int32_t row, std::int32_t n) {
     segments_.insert(place, std::move(empty));
 }
 
-RowOrder::Place RowOrder::split(std::int32_t row) {
+void RowOrder::split(std::int32_t row) {
     const Place place = segments_.find(row);
-    if (place.first == row) return place;
-    Segment tail;
-    segments_.change(place,
-                     [&](Segment& s) { tail = s.cutTail(static_cast<std::int32_t>(row - place.first)); });
-    return segments_.insert(segments_.next(place), std::move(tail));
+    if (place.first == row) return;
+    giveUpTail(place, segments_[place].tail(static_cast<std::int32_t>(row - place.first)));
+}
+
+void RowOrder::prepareRemove(std::int32_t row, std::int32_t n) {
+    std::size_t handles = 0;
+    forEach(row, row + n, [&](std::int32_t, RowHandle) { ++handles; });
+    support::makeRoom(freed_, handles);
 }
 
 void RowOrder::drop(std::int32_t row, std::int32_t n) {
@@ -187,7 +204,8 @@ void RowOrder::drop(std::int32_t row, std::int32_t n) {
     joinAt(row);
 }
 
-/// Joins the segments that meet at `row` when both are empty, or short.
+/// Joins the segments that meet at `row` when both are empty, or short. That only saves memory: where there
+/// is none for it, they stay apart.
 void RowOrder::joinAt(std::int32_t row) {
     if (row <= 0 || row >= rows()) return;
     const Place place = segments_.find(row);
@@ -199,14 +217,17 @@ void RowOrder::joinAt(std::int32_t row) {
         segments_.erase(place);
         segments_.change(segments_.find(row - 1), [n](Segment& s) { s.count += n; });
     } else if (segments_[before].count + n <= SegmentRows / 2) {
-        Segment gone;
-        segments_.change(place, [&](Segment& s) { gone = s.cutTail(0); });
-        segments_.erase(place);
-        segments_.change(segments_.find(row - 1), [&](Segment& s) {
-            s.reserve(s.count + n);
-            std::copy_n(gone.handles.get(), n, s.handles.get() + s.count);
+        const RowHandle* const gone = segments_[place].handles.get();
+        try {
+            segments_.change(before, [&](Segment& s) { s.reserve(s.count + n); });
+        } catch (const std::bad_alloc&) {
+            return;
+        }
+        segments_.change(before, [&](Segment& s) {
+            std::copy_n(gone, n, s.handles.get() + s.count);
             s.count += n;
         });
+        segments_.erase(place);
     }
 }
 }  // namespace kxVsGrid::cellgrid

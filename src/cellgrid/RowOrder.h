@@ -36,7 +36,10 @@ class RowOrder {
     }
 
     void insert(std::int32_t row, std::int32_t n);
-    /// Takes rows out; `freed(handle)` hears of each handle that is no longer in use.
+    /// Takes the memory that remove needs, so that it cannot fail.
+    void prepareRemove(std::int32_t row, std::int32_t n);
+    /// Takes rows out, after prepareRemove of the same; `freed(handle)` hears of each handle that is no
+    /// longer in use. Rows that were never written need no preparation.
     template <class Freed>
     void remove(std::int32_t row, std::int32_t n, Freed freed) {
         forEach(row, row + n, [&](std::int32_t, RowHandle handle) {
@@ -80,7 +83,7 @@ class RowOrder {
         void reserve(std::int32_t rows);
         void open(std::int32_t offset, std::int32_t n);
         void close(std::int32_t offset, std::int32_t n);
-        Segment cutTail(std::int32_t from);
+        Segment tail(std::int32_t from) const;
     };
     using Segments = RunBlocks<Segment>;
     using Place = Segments::Place;
@@ -96,7 +99,8 @@ class RowOrder {
     void shrinkEmpty(const Place& empty);
     void insertEmpty(std::int32_t row, std::int32_t n);
     void joinAt(std::int32_t row);
-    Place split(std::int32_t row);
+    Place giveUpTail(const Place& place, Segment tail);
+    void split(std::int32_t row);
 
     Segments segments_;
     std::vector<RowHandle> freed_;

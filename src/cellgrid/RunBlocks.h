@@ -2,15 +2,20 @@
 // element is found in logarithmic time and a run is put in or taken out by moving one block's worth of runs.
 //
 // A Run has a public `std::int32_t count` and `std::int64_t extent() const`, the length of its elements on
-// whatever the sequence measures (0 where it measures nothing).
+// whatever the sequence measures (0 where it measures nothing). Moving a run cannot fail.
+//
+// Only `insert` takes memory, all of it before it changes anything: when it fails, nothing has happened.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <new>
 #include <utility>
 #include <vector>
+
+#include "support/Room.h"
 
 namespace kxVsGrid::cellgrid {
 
@@ -94,17 +99,14 @@ class RunBlocks {
     /// Puts a run before `place` and returns where it is.
     Place insert(Place place, Run run) {
         if (place.block == blocks_.size()) {
-            if (blocks_.empty() || blocks_.back().runs.size() == Capacity) {
-                blocks_.emplace_back();
-                starts_.push_back({count_, extent_});
-                stale_ = std::min(stale_, blocks_.size() - 1);
-            }
+            if (blocks_.empty() || blocks_.back().runs.size() == Capacity) addBlock();
             place.block = blocks_.size() - 1;
             place.run = blocks_.back().runs.size();
         } else if (blocks_[place.block].runs.size() == Capacity) {
             splitBlock(place);
         }
         Block& block = blocks_[place.block];
+        support::makeRoom(block.runs);
         add(place.block, run.count, run.extent());
         block.runs.insert(block.runs.begin() + static_cast<std::ptrdiff_t>(place.run), std::move(run));
         return place;
@@ -169,11 +171,28 @@ class RunBlocks {
         }
     }
 
+    /// Room for one block more, before anything is put into it.
+    void makeRoomForBlock() {
+        support::makeRoom(blocks_);
+        support::makeRoom(starts_);
+    }
+
+    /// An empty block at the end, with room for its first run: it is not left without one.
+    void addBlock() {
+        makeRoomForBlock();
+        Block fresh;
+        support::makeRoom(fresh.runs);
+        blocks_.push_back(std::move(fresh));
+        starts_.push_back({count_, extent_});
+        stale_ = std::min(stale_, blocks_.size() - 1);
+    }
+
     void splitBlock(Place& place) {
         constexpr std::size_t keep = Capacity / 2;
+        makeRoomForBlock();
         Block fresh;
-        Block& full = blocks_[place.block];
         fresh.runs.reserve(Capacity);
+        Block& full = blocks_[place.block];
         std::move(full.runs.begin() + static_cast<std::ptrdiff_t>(keep), full.runs.end(),
                   std::back_inserter(fresh.runs));
         full.runs.erase(full.runs.begin() + static_cast<std::ptrdiff_t>(keep), full.runs.end());
@@ -198,9 +217,15 @@ class RunBlocks {
         stale_ = std::min(stale_, block);
     }
 
+    /// Joining only saves memory: where there is none for it, the blocks stay apart.
     void joinNext(std::size_t block) {
         Block& here = blocks_[block];
         Block& gone = blocks_[block + 1];
+        try {
+            support::makeRoom(here.runs, gone.runs.size());
+        } catch (const std::bad_alloc&) {
+            return;
+        }
         std::move(gone.runs.begin(), gone.runs.end(), std::back_inserter(here.runs));
         here.count += gone.count;
         here.extent += gone.extent;

@@ -99,8 +99,10 @@ class RunList {
         const std::int32_t head = static_cast<std::int32_t>(index - place.first);
         Run tail = blocks_[place];
         tail.count -= head;
-        blocks_.change(place, [head](Run& run) { run.count = head; });
-        return blocks_.insert(blocks_.next(place), tail);
+        // The tail first: should there be no memory for it, the run is still whole.
+        const Place after = blocks_.insert(blocks_.next(place), tail);
+        blocks_.change(blocks_.previous(after), [head](Run& run) { run.count = head; });
+        return blocks_.find(index);
     }
 
     /// Joins the runs that meet at `index` when their values are equal.

@@ -2,6 +2,8 @@
 
 #include <bit>
 
+#include "support/Room.h"
+
 namespace kxVsGrid::cellgrid {
 
 namespace {
@@ -40,11 +42,13 @@ TextSlot TextArena::storeLong(std::string_view text) {
 TextSlot TextArena::storeBig(std::string_view text) {
     Big big{std::unique_ptr<char[]>(new char[text.size()]), text.size()};
     std::memcpy(big.bytes.get(), text.data(), text.size());
-    used_ += text.size();
     if (freeBig_.empty()) {
+        support::makeRoom(freeBig_, big_.size() + 1);
         big_.push_back(std::move(big));
+        used_ += text.size();
         return slot::Big | (big_.size() - 1);
     }
+    used_ += text.size();
     const std::uint32_t number = freeBig_.back();
     freeBig_.pop_back();
     big_[number] = std::move(big);

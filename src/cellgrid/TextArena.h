@@ -71,7 +71,7 @@ class TextArena {
     std::array<std::uint64_t, Classes / 64 + 1> freedSizes_{};  ///< a bit per list that is not empty
     std::size_t used_ = 0;
     std::vector<Big> big_;
-    std::vector<std::uint32_t> freeBig_;
+    std::vector<std::uint32_t> freeBig_;  ///< has room for all: releasing cannot fail
 
     static constexpr std::array<std::uint32_t, Classes> noLists() {
         std::array<std::uint32_t, Classes> lists{};

@@ -130,6 +130,38 @@ double leadingNumberOfDisplayed(std::string_view text) {
     return leadingNumber(plain);
 }
 
+namespace {
+
+/// Digits of a stretch that starts here, and where it ends.
+std::size_t digitsFrom(std::string_view text, std::size_t at) {
+    std::size_t n = 0;
+    while (at + n < text.size() && isDigit(text[at + n])) ++n;
+    return n;
+}
+
+/// One to three digits, then groups of three, at least one; then a point and decimals, or nothing.
+bool isGrouped(std::string_view number) {
+    constexpr std::size_t Group = 3;
+    std::size_t at = !number.empty() && (number[0] == '-' || number[0] == '+') ? 1 : 0;
+    const std::size_t first = digitsFrom(number, at);
+    if (first == 0 || first > Group) return false;
+    at += first;
+    if (at == number.size() || number[at] != ',') return false;
+    while (at < number.size() && number[at] == ',') {
+        if (digitsFrom(number, at + 1) != Group) return false;
+        at += 1 + Group;
+    }
+    if (at == number.size()) return true;
+    return number[at] == '.' && at + 1 + digitsFrom(number, at + 1) == number.size();
+}
+}  // namespace
+
+std::string withoutGroups(std::string_view text, bool grouped) {
+    std::string plain(text);
+    if (grouped && isGrouped(trim(text))) std::erase(plain, ',');
+    return plain;
+}
+
 std::optional<double> completeNumber(std::string_view text) {
     text = trim(text);
     const SignedNumber number = readNumber(text);

@@ -17,6 +17,10 @@ double leadingNumber(std::string_view text);
 /// it, so "1,234.50" is 1234.5.
 double leadingNumberOfDisplayed(std::string_view text);
 
+/// The text without its group separators when `grouped` and all of it (blanks around it aside) is one number
+/// whose whole part is written in groups of three digits, "-1,234.50"; any other text as it is.
+std::string withoutGroups(std::string_view text, bool grouped);
+
 /// The value when the whole text (blanks around it aside) is one number as leadingNumber reads it, and
 /// finite.
 std::optional<double> completeNumber(std::string_view text);

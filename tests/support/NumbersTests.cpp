@@ -100,6 +100,20 @@ TEST(LeadingNumber, RoundsEveryTextAsTheStandardLibraryDoes) {
     }
 }
 
+TEST(WithoutGroups, TakesTheSeparatorsOfANumberInGroupsOfThree) {
+    EXPECT_EQ(withoutGroups("1,234", true), "1234");
+    EXPECT_EQ(withoutGroups("-1,234,567.25", true), "-1234567.25");
+    EXPECT_EQ(withoutGroups("+12,345.", true), "+12345.");
+    EXPECT_EQ(withoutGroups(" 0,123 ", true), " 0123 ");
+}
+
+TEST(WithoutGroups, LeavesAnyOtherTextAlone) {
+    for (const char* text : {"", "1,5", "1,23", "1,2345", "1234,567", ",123", "1,", "1,,234", "1,234,5",
+                             "1,234x", "1,234.5,6", "1,234e2", "1,234+1", "--1,234", "1234.5", "abc"})
+        EXPECT_EQ(withoutGroups(text, true), text);
+    EXPECT_EQ(withoutGroups("1,234", false), "1,234");
+}
+
 TEST(LeadingNumberOfDisplayed, ReadsThroughGroupSeparators) {
     EXPECT_EQ(leadingNumberOfDisplayed("1,234.50"), 1234.5);
     EXPECT_EQ(leadingNumberOfDisplayed(" -1,234,567.25 元"), -1234567.25);
