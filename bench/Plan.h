@@ -57,6 +57,7 @@ void planWrites(Plan& plan);
 void planRows(Plan& plan);
 void planAppend(Plan& plan);
 void planMenus(Plan& plan);
+void planComputed(Plan& plan);
 void planEvaluator(Plan& plan);
 void planFrames(Plan& plan);
 void planEntry(Plan& plan);

@@ -45,6 +45,7 @@ Plan makePlan() {
     planRows(plan);
     planAppend(plan);
     planMenus(plan);
+    planComputed(plan);
     planEvaluator(plan);
     planFrames(plan);
     planEntry(plan);
