@@ -164,6 +164,9 @@ class Platform {
     virtual DateTime now() const = 0;
     /// Shows the message and waits for the clerk.
     virtual void showMessage(const MessageBox& box) = 0;
+    /// Shows a line of text beside a place on the screen (twips) for a moment, and waits for nothing. A
+    /// machine without such tips shows none.
+    virtual void showTip(std::string_view, const Rect&) {}
     /// The answer, or nothing when the box was cancelled.
     virtual std::optional<std::string> askText(const InputBox& box) = 0;
     /// Pops the menu up at a place on the screen (twips): the visible items, separators only between items.

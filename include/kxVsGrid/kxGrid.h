@@ -16,8 +16,9 @@
 //
 // A listener of any event may destroy the control: what was going on ends, and nothing more is raised.
 //
-// Errors: SetCell, ReadCell and ReadSum show a message box and go on; a cell outside the grid is ignored. The
-// other members throw GridError when they are misused, and let a host handler's exception through.
+// Errors: SetCell, ReadCell and ReadSum show a message box and go on, whatever a host threw; a cell outside
+// the grid is ignored. The other members throw GridError when they are misused, and let a host handler's
+// exception through.
 #pragma once
 
 #include <cstdint>
@@ -81,6 +82,9 @@ class kxGrid : public GridEvents {
     std::string ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID = false);
     /// The displayed text of a column's total.
     std::string ReadSum(std::int32_t Col) const;
+    /// Makes the totals of all columns anew, also while ReDraw is False: for a host that wrote through
+    /// Grid(), after which totals stay as they were.
+    void RecalculateTotals();
     /// Removes every data row, puts five empty ones back, hides the editor.
     void Clear();
 

@@ -204,7 +204,7 @@ bool Editor::writeNumber(std::int32_t row, std::int32_t col) {
         return true;
     }
     double value = 0;
-    if (bEvaluateExp(expression, value)) {
+    if (bEvaluateExp(support::withoutGroups(expression, grid_.ColGroups(col)), value)) {
         grid_.Text(row, col, support::numberText(value));
         return true;
     }

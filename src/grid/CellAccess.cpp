@@ -1,7 +1,7 @@
-// Cells as hosts write and read them. Errors end in a message box, never in the host.
-#include <exception>
-
+// Cells as hosts write and read them. Errors, also those of other types than std::exception, end in a message
+// box, never in the host.
 #include "grid/Parts.h"
+#include "support/CurrentError.h"
 #include "support/Dates.h"
 #include "support/Decimal.h"
 #include "support/Numbers.h"
@@ -44,9 +44,12 @@ bool isNoDate(std::string_view text) {
 }
 
 /// Zeros of number columns, and what is no date in date columns, are not shown.
-bool isBlanked(mEmDataType type, std::string_view text) {
-    if (type == flexDTDouble) return !isPlainlyNotZero(text) && support::leadingNumber(text) == 0;
-    return type == flexDTDate && isNoDate(text);
+bool isBlanked(const CellGrid& grid, mEmDataType type, std::int32_t col, std::string_view text) {
+    if (type == flexDTDate) return isNoDate(text);
+    if (type != flexDTDouble || isPlainlyNotZero(text)) return false;
+    if (support::leadingNumber(text) != 0) return false;
+    const bool groups = col >= 0 && col < grid.Cols() && grid.ColGroups(col);  // "0,123" is no zero there
+    return !groups || support::leadingNumber(support::withoutGroups(text, groups)) == 0;
 }
 
 bool isFixed(const CellGrid& grid, std::int32_t row, std::int32_t col) {
@@ -55,25 +58,33 @@ bool isFixed(const CellGrid& grid, std::int32_t row, std::int32_t col) {
 }  // namespace
 
 void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
-    Parts& p = *parts_;
+    parts_->set(Row, Col, psDisplay, psTag);
+}
+
+bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view text,
+                        const std::string_view& tag) {
     std::shared_ptr<Parts> kept;  // only where a listener is called: the other writes do not pay for it
     try {
-        if (p.editor.visible()) {
-            kept = held();
-            p.editor.commitForHost();
+        if (editor.visible()) {
+            kept = shared_from_this();
+            editor.commitForHost();
         }
-        const cVsControl* column = p.columns.find(Col);
-        if (!column) return;
-        if (!p.flags.bIsShowZero && isBlanked(column->iType(), psDisplay) && !isFixed(p.main, Row, Col))
-            psDisplay = {};
-        const bool heard = p.main.CellChanged.heard();
-        if (heard) kept = held();
-        if ((p.flags.ReDraw && column->b是否合计数据()) || heard)
-            return p.writeCell(Row, Col, psDisplay, psTag);
-        // No total depends on it and nobody hears of it: the usual write when a table is filled.
-        p.main.Cell(Row, Col, psDisplay, psTag);
-    } catch (const std::exception& error) {
-        p.showError(std::string("SetCell Error::") + error.what(), "错误");
+        const cVsControl* column = columns.find(col);
+        if (!column) return true;
+        if (!flags.bIsShowZero && isBlanked(main, column->iType(), col, text) && !isFixed(main, row, col))
+            text = {};
+        const bool heard = main.CellChanged.heard();
+        if (heard) kept = shared_from_this();
+        if ((flags.ReDraw && column->b是否合计数据()) || heard) {
+            writeCell(row, col, text, tag);
+        } else {
+            // No total depends on it and nobody hears of it: the usual write when a table is filled.
+            main.Cell(row, col, text, tag);
+        }
+        return true;
+    } catch (...) {
+        showError("SetCell Error::" + support::currentError(), "错误");
+        return false;
     }
 }
 
@@ -94,8 +105,8 @@ std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTe
         }
         if (!holds(p.main, Row, Col)) return {};
         return piReturnTextorID ? p.main.DisplayText(Row, Col) : p.main.Data(Row, Col);
-    } catch (const std::exception& error) {
-        p.showError(std::string("CellError") + error.what(), "错误：");
+    } catch (...) {
+        p.showError("CellError" + support::currentError(), "错误：");
         return {};
     }
 }
@@ -105,10 +116,14 @@ std::string kxGrid::ReadSum(std::int32_t Col) const {
     try {
         if (p.sums.Rows() <= p.sums.FixedRows() || !holds(p.sums, 0, Col)) return {};
         return p.sums.DisplayText(0, Col);
-    } catch (const std::exception& error) {
-        p.showError(std::string("CellError") + error.what(), "错误：");
+    } catch (...) {
+        p.showError("CellError" + support::currentError(), "错误：");
         return {};
     }
+}
+
+void kxGrid::RecalculateTotals() {
+    parts_->totals.recalculate(grid::TotalRow::AllColumns);
 }
 
 bool kxGrid::ValidTextData() {

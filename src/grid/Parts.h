@@ -41,6 +41,8 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     /// on. A text that is being typed stays where it is: the cell moves when the editor gives the keyboard
     /// back.
     void leaveFixedArea();
+    /// What SetCell does. False when it failed and a box told of it.
+    bool set(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     /// Writes a cell and keeps its column's total.
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
@@ -87,8 +89,8 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     std::string readCell(std::int32_t row, std::int32_t col, bool text) override {
         return host.there() ? control.ReadCell(row, col, text) : std::string();
     }
-    void setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) override {
-        if (host.there()) control.SetCell(row, col, text, tag);
+    bool setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) override {
+        return !host.there() || set(row, col, text, tag);
     }
 
     kxGrid& control;

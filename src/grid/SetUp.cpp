@@ -1,7 +1,5 @@
 #include "grid/SetUp.h"
 
-#include <exception>
-
 #include "grid/columns/ColumnColors.h"
 
 namespace kxVsGrid::grid {
@@ -19,6 +17,7 @@ void applyDefinitions(CellGrid& grid, columns::ColumnArray& columns) {
 
 void setUp(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
     grid.Redraw(PaintingOff);
+    columns.resize(grid.Cols());  // there was no memory for it when the number was put
     for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.FixedAlignment(c, flexAlignCenterCenter);
     for (std::int32_t r = 0; r < grid.FixedRows(); ++r) grid.RowHeight(r, FixedRowHeight);
     applyDefinitions(grid, columns);
@@ -31,7 +30,7 @@ void setUp(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
 void setUpGrid(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
     try {
         setUp(grid, columns, totals);
-    } catch (const std::exception&) {
+    } catch (...) {
         // The host asked for a set-up, not for an answer: it goes on with the state that was reached.
     }
 }

@@ -1,5 +1,7 @@
 #include "grid/TotalRow.h"
 
+#include <algorithm>
+
 #include "support/Numbers.h"
 
 namespace kxVsGrid::grid {
@@ -7,12 +9,16 @@ namespace kxVsGrid::grid {
 TotalRow::TotalRow(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns)
     : main_(main), sums_(sums), columns_(columns) {
     sums_.ShowCursor(false);
+    sums_.FixedRows(0);
+    sums_.Rows(1);
     // A text that code writes into the total row stands in place of the sum that was still to be made.
     sums_.CellChanged.connect([this](std::int32_t, std::int32_t col) { forget(col); });
+    sums_.watch(&ownCells_);
 }
 
 TotalRow::~TotalRow() {
     main_.watch(nullptr);
+    sums_.watch(nullptr);
 }
 
 /// The main grid is watched only while there is something to add up: each of its writes would pay for it.
@@ -39,6 +45,11 @@ void TotalRow::setUp() {
         sums_.ColAlignment(c, main_.ColAlignment(c));
         sums_.ColFormat(c, main_.ColFormat(c));
     }
+    followScroll();
+}
+
+void TotalRow::followScroll() {
+    if (sums_.Cols() == main_.Cols() && main_.Cols() > main_.FixedCols()) sums_.LeftCol(main_.LeftCol());
 }
 
 void TotalRow::followFixedCols() {
@@ -48,6 +59,7 @@ void TotalRow::followFixedCols() {
         forget(c);
     }
     paintAndCaption();
+    followScroll();
 }
 
 /// Without a column beside the fixed ones there is no cell for either.
@@ -60,6 +72,7 @@ void TotalRow::paintAndCaption() {
 }
 
 void TotalRow::followCols() {
+    if (sums_.FixedCols() > main_.Cols()) sums_.FixedCols(main_.FixedCols());
     sums_.Cols(main_.Cols());
     for (auto c = static_cast<std::size_t>(main_.Cols()); c < totals_.size(); ++c)
         forget(static_cast<std::int32_t>(c));
@@ -69,11 +82,22 @@ void TotalRow::forget(std::int32_t col) {
     const auto i = static_cast<std::size_t>(col);
     if (i >= totals_.size() || !totals_[i].pending) return;
     totals_[i].pending = false;
+    totals_[i].putOff = false;
+    totals_[i].writtenRow = NoRow;
     pending(pending_ - 1);
 }
 
+/// The cell may not ask for its value any more.
+void TotalRow::overwritten(std::int32_t col) {
+    const auto first = static_cast<std::size_t>(std::max(col, 0));
+    const std::size_t stop = col < 0 ? totals_.size() : std::min(first + 1, totals_.size());
+    for (std::size_t c = first; c < stop; ++c) totals_[c].shown = false;
+}
+
 void TotalRow::copyWidths() {
+    if (sums_.Cols() != main_.Cols()) followCols();  // something failed when the number was put
     for (std::int32_t c = 0; c < main_.Cols(); ++c) sums_.ColWidth(c, main_.ColWidth(c));
+    followScroll();
 }
 
 void TotalRow::color(std::uint32_t color) {
@@ -101,59 +125,79 @@ void TotalRow::recalculate(std::int32_t col) {
     for (std::int32_t c = main_.FixedCols(); c < main_.Cols(); ++c) note(c);
 }
 
+/// A cell that is being written counts as it is now from here on. Once the total row's cell asks for the
+/// value, this takes no memory: what was written is always counted.
 void TotalRow::note(std::int32_t col) {
-    const auto i = static_cast<std::size_t>(col);
-    if (i < totals_.size() && totals_[i].pending) return;
     if (!isSummed(col) || col >= sums_.Cols() || sums_.Rows() == 0) return;
+    const auto i = static_cast<std::size_t>(col);
     if (totals_.size() <= i) totals_.resize(i + 1);
-    totals_[i].pending = true;
+    if (!totals_[i].shown) {
+        sums_.ComputedText(0, col, [this, col] { return valueText(col); });
+        totals_[i].shown = true;
+    } else if (!totals_[i].pending) {
+        sums_.damageCell(0, col);
+    }
+    Total& total = totals_[i];
+    total.putOff = false;
+    total.writtenRow = NoRow;
+    if (total.pending) return;
+    total.pending = true;
     pending(pending_ + 1);
-    sums_.ComputedText(0, col, [this, col] { return valueText(col); });
 }
 
 std::string TotalRow::valueText(std::int32_t col) {
+    if (static_cast<std::size_t>(col) >= totals_.size()) return {};
     settle(col);
+    if (static_cast<std::size_t>(col) >= totals_.size()) return {};
     return support::totalText(totals_[static_cast<std::size_t>(col)].value);
 }
 
+/// A host that computes one of the texts may set the grid up meanwhile.
 void TotalRow::settle(std::int32_t col) {
-    Total& total = totals_[static_cast<std::size_t>(col)];
-    if (!total.pending) return;
-    total.value = col == expected_ && writtenRow_ >= 0 ? sumBeforeWrite(col) : main_.ColumnSum(col);
-    total.pending = false;
-    pending(pending_ - 1);
+    if (!isPending(col)) return;
+    const double value =
+        isWritten(col) ? sumBeforeWrite(col, totals_[static_cast<std::size_t>(col)]) : main_.ColumnSum(col);
+    if (!isPending(col)) return;
+    totals_[static_cast<std::size_t>(col)].value = value;
+    forget(col);
 }
 
 TotalRow::PutOff::PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard)
     : totals_(totals), col_(col) {
-    totals.expected_ = col;
+    const double before = heard ? totals.main_.CellNumber(row, col) : 0;
+    if (!totals.isPending(col)) return;  // the host that computes the cell has set the grid up
+    Total& total = totals.totals_[static_cast<std::size_t>(col)];
+    total.putOff = true;
     if (!heard) return;
-    totals.writtenRow_ = row;
-    totals.numberBeforeWrite_ = support::leadingNumberOfDisplayed(totals.main_.DisplayText(row, col));
+    total.writtenRow = row;
+    total.numberBefore = before;
 }
 
-/// Not made anew after all: only who heard of the write can have brought that about.
+/// Not made anew after all, when the cell still counts as it was before.
 TotalRow::PutOff::~PutOff() {
-    if (!made_ && totals_.writtenRow_ >= 0 && totals_.isPending(col_)) totals_.settle(col_);
-    totals_.expected_ = NoColumn;
-    totals_.writtenRow_ = -1;
+    if (totals_.isPending(col_)) totals_.totals_[static_cast<std::size_t>(col_)].putOff = false;
 }
 
-double TotalRow::sumBeforeWrite(std::int32_t col) const {
+void TotalRow::PutOff::recalculated() {
+    if (totals_.isPending(col_)) totals_.totals_[static_cast<std::size_t>(col_)].writtenRow = NoRow;
+}
+
+double TotalRow::sumBeforeWrite(std::int32_t col, Total total) const {
     double sum = 0;
     if (col >= main_.Cols()) return sum;  // taken away meanwhile
     for (std::int32_t r = main_.FixedRows(); r < main_.Rows(); ++r)
-        sum += r == writtenRow_ ? numberBeforeWrite_
-                                : support::leadingNumberOfDisplayed(main_.DisplayText(r, col));
+        sum += r == total.writtenRow ? total.numberBefore : main_.CellNumber(r, col);
     return sum;
 }
 
 void TotalRow::contentWillChange(std::int32_t col) {
-    if (expected_ == AllColumns) return;
     if (col >= 0) {
-        if (isPending(col) && col != expected_) settle(col);
+        if (isPending(col) && !totals_[static_cast<std::size_t>(col)].putOff) settle(col);
         return;
     }
-    for (std::size_t c = 0; c < totals_.size(); ++c) settle(static_cast<std::int32_t>(c));
+    for (std::size_t c = 0; c < totals_.size(); ++c) {
+        // An inserted row moves the one that a written cell is known by.
+        if (!emptyRows_ || totals_[c].writtenRow >= 0) settle(static_cast<std::int32_t>(c));
+    }
 }
 }  // namespace kxVsGrid::grid

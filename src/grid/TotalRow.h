@@ -4,6 +4,10 @@
 // Before a change of the main grid's content that no recalculation follows, what was noted is added up first,
 // so that the old total stands. The effect is that of adding up at once, without adding up a column for each
 // of a million writes.
+//
+// While a cell of a summed column is written its total stays put off, and counts that cell as it was before:
+// whoever hears of the write sees the total without it. A write that fails leaves it so, to be added up
+// later.
 #pragma once
 
 #include <cstdint>
@@ -12,12 +16,11 @@
 
 #include "grid/columns/ColumnArray.h"
 #include "kxVsGrid/CellGrid.h"
+#include "support/Span.h"
 
 namespace kxVsGrid::grid {
 
 class TotalRow : private CellGrid::Watcher {
-    static constexpr std::int32_t NoColumn = -2;
-
   public:
     static constexpr std::uint32_t LightGrey = 0xE0E0E0;
     static constexpr std::int32_t StandardHeight = 300;
@@ -35,6 +38,8 @@ class TotalRow : private CellGrid::Watcher {
     void followFixedCols();
     /// Copies the main grid's column widths.
     void copyWidths();
+    /// Stands under the main grid's columns as they are scrolled.
+    void followScroll();
     /// Stores the colour of the row's cells and paints them, until the next set-up.
     void color(std::uint32_t color);
     /// Height of the row itself; the grid around it is 30 twips higher.
@@ -49,17 +54,14 @@ class TotalRow : private CellGrid::Watcher {
     /// The main grid has another number of columns; so has the total row from now on.
     void followCols();
 
-    /// For a change of the content that a recalculation of the same column (-1: of all) follows: keeps the
-    /// watcher from adding up before it.
-    class Expect {
+    /// For rows that are inserted empty, which change no total, when a recalculation of all columns follows:
+    /// keeps the watcher from adding up before it.
+    class EmptyRows {
       public:
-        Expect(TotalRow& totals, std::int32_t col) : totals_(totals) { totals.expected_ = col; }
-        ~Expect() { totals_.expected_ = NoColumn; }
-        Expect(const Expect&) = delete;
-        Expect& operator=(const Expect&) = delete;
+        explicit EmptyRows(TotalRow& totals) : span_(totals.emptyRows_, true, totals.emptyRows_) {}
 
       private:
-        TotalRow& totals_;
+        support::Span span_;
     };
     static constexpr std::int32_t AllColumns = -1;
 
@@ -68,10 +70,12 @@ class TotalRow : private CellGrid::Watcher {
     /// nothing is recalculated.
     template <class Write, class Recalculates>
     void around(std::int32_t row, std::int32_t col, bool heard, Write write, Recalculates recalculates) {
-        if (recalculates() && isPending(col) && isSummed(col)) {
+        const bool summed = recalculates() && isSummed(col);
+        if (summed && isWritten(col)) settle(col);
+        if (summed && isPending(col)) {
             PutOff putOff(*this, row, col, heard);
             write();
-            if (recalculates() && isSummed(col)) putOff.made();
+            if (recalculates() && isSummed(col)) putOff.recalculated();
         } else {
             write();
         }
@@ -79,33 +83,53 @@ class TotalRow : private CellGrid::Watcher {
     }
 
   private:
+    static constexpr std::int32_t NoRow = -1;
     struct Total {
         bool pending = false;
+        bool shown = false;   ///< the cell of the total row asks for the value
+        bool putOff = false;  ///< a cell is being written: not added up before the write
         double value = 0;
+        std::int32_t writtenRow = NoRow;  ///< a cell that counts as it was before it was written
+        double numberBefore = 0;
     };
-    /// The write of one cell before which a pending total was not added up.
+    /// The write of one cell before which a pending total was not added up. Ending it adds nothing up: that
+    /// asks the texts of other cells, which a host computes and may fail to.
     class PutOff {
       public:
         PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard);
         ~PutOff();
         PutOff(const PutOff&) = delete;
         PutOff& operator=(const PutOff&) = delete;
-        void made() { made_ = true; }
+        /// The write is done, and the total counts it from now on.
+        void recalculated();
 
       private:
         TotalRow& totals_;
         std::int32_t col_;
-        bool made_ = false;
+    };
+    /// Hears what code does to the cells of the total row.
+    class OwnCells : public CellGrid::Watcher {
+      public:
+        explicit OwnCells(TotalRow& totals) : totals_(totals) {}
+        void contentWillChange(std::int32_t col) override { totals_.overwritten(col); }
+
+      private:
+        TotalRow& totals_;
     };
 
     void contentWillChange(std::int32_t col) override;
+    void overwritten(std::int32_t col);
     void pending(std::int32_t totals);
     bool isPending(std::int32_t col) const {
         return static_cast<std::size_t>(col) < totals_.size() &&
                totals_[static_cast<std::size_t>(col)].pending;
     }
+    /// It counts a cell as that was before a write that is under way, or that failed.
+    bool isWritten(std::int32_t col) const {
+        return isPending(col) && totals_[static_cast<std::size_t>(col)].writtenRow >= 0;
+    }
     bool isSummed(std::int32_t col) { return col <= columns_.upper() && columns_.at(col).b是否合计数据(); }
-    double sumBeforeWrite(std::int32_t col) const;
+    double sumBeforeWrite(std::int32_t col, Total total) const;
     void settle(std::int32_t col);
     void forget(std::int32_t col);
     void note(std::int32_t col);
@@ -118,8 +142,7 @@ class TotalRow : private CellGrid::Watcher {
     std::uint32_t color_ = LightGrey;
     std::vector<Total> totals_;
     std::int32_t pending_ = 0;  ///< how many totals are still to be added up
-    std::int32_t expected_ = NoColumn;
-    std::int32_t writtenRow_ = -1;  ///< of the expected column, while its write can be looked at
-    double numberBeforeWrite_ = 0;
+    bool emptyRows_ = false;
+    OwnCells ownCells_{*this};
 };
 }  // namespace kxVsGrid::grid

@@ -4,6 +4,7 @@
 #include "grid/Parts.h"
 #include "grid/columns/EditableColumn.h"
 #include "grid/events/BringIntoView.h"
+#include "support/CurrentError.h"
 
 namespace kxVsGrid {
 namespace {
@@ -157,11 +158,11 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
         grid::SettingsLoading::underway(false);
         p.flags.changed = false;
         p.settleAfterReading();
-    } catch (const std::exception& error) {
-        p.showError("ReadProperError:" + std::string(error.what()), SettingsErrorTitle);
+    } catch (...) {
+        p.showError("ReadProperError:" + support::currentError(), SettingsErrorTitle);
         try {
             p.settleAfterReading();
-        } catch (const std::exception&) {
+        } catch (...) {
             // A handler of the host's own; the box above has told of the failure.
         }
     }
@@ -172,8 +173,8 @@ void kxGrid::WriteProperties(PropertyBag& bag) {
     const auto kept = held();
     try {
         kept->settings.write(bag);
-    } catch (const std::exception& error) {
-        kept->showError("WriteProperError:" + std::string(error.what()), SettingsErrorTitle);
+    } catch (...) {
+        kept->showError("WriteProperError:" + support::currentError(), SettingsErrorTitle);
     }
 }
 

@@ -109,7 +109,7 @@ void kxGrid::Rows(std::int32_t count) {
     CellGrid& grid = p.main;
     count = std::max(count, grid.FixedRows());
     if (count >= grid.Rows()) {
-        TotalRow::Expect recalculation(p.totals, TotalRow::AllColumns);  // empty rows change no total
+        const TotalRow::EmptyRows emptyRows(p.totals);
         grid.Rows(count);
     } else {
         grid.Rows(count);

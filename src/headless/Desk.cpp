@@ -109,6 +109,10 @@ void Desk::showMessage(const MessageBox& box) {
     records_->messages.push_back(box);
 }
 
+void Desk::showTip(std::string_view text, const Rect&) {
+    records_->tips.emplace_back(text);
+}
+
 std::optional<std::string> Desk::askText(const InputBox& box) {
     records_->inputBoxes.push_back(box);
     if (records_->answers.empty()) return std::nullopt;
@@ -166,6 +170,10 @@ const std::vector<MessageBox>& Desk::messages() const {
 
 const std::vector<InputBox>& Desk::inputBoxes() const {
     return records_->inputBoxes;
+}
+
+const std::vector<std::string>& Desk::tips() const {
+    return records_->tips;
 }
 
 Desk& Desk::answerInputBox(std::string answer) {
@@ -236,6 +244,7 @@ Desk& Desk::setNow(std::int32_t year, std::int32_t month, std::int32_t day, std:
 Desk& Desk::clear() {
     records_->messages.clear();
     records_->inputBoxes.clear();
+    records_->tips.clear();
     records_->dialogs.clear();
     records_->lastMenu.reset();
     records_->waits = 0;

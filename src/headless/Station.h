@@ -26,6 +26,7 @@ struct Desk::Station {
 struct Desk::Records {
     std::vector<MessageBox> messages;
     std::vector<InputBox> inputBoxes;
+    std::vector<std::string> tips;
     std::deque<std::optional<std::string>> answers;
     std::function<void(PoppedMenu&)> menuScript;
     std::optional<Menu> lastMenu;

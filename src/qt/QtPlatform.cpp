@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QToolTip>
 
 #include "qt/Captions.h"
 #include "qt/ContextMenu.h"
@@ -52,6 +53,11 @@ void QtPlatform::showMessage(const MessageBox& box) {
 void QtPlatform::showMessageLater(const MessageBox& box) {
     QMetaObject::invokeMethod(
         widget_, [this, box] { showMessage(box); }, Qt::QueuedConnection);
+}
+
+void QtPlatform::showTip(std::string_view text, const Rect& anchor) {
+    if (machine_.stage == nullptr || !widget_) return;
+    QToolTip::showText(Scale(*widget_).pixels(anchor).bottomLeft(), toQt(text).toHtmlEscaped(), widget_);
 }
 
 std::optional<std::string> QtPlatform::askText(const InputBox& box) {

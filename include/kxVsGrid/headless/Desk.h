@@ -146,6 +146,8 @@ class Desk : public Platform {
     // --- What was shown and asked.
     const std::vector<MessageBox>& messages() const;
     const std::vector<InputBox>& inputBoxes() const;
+    /// Texts that were shown for a moment beside a cell.
+    const std::vector<std::string>& tips() const;
     /// The answer to the next input box that has none yet.
     Desk& answerInputBox(std::string answer);
     Desk& cancelInputBox();
@@ -182,6 +184,7 @@ class Desk : public Platform {
     const TextMetrics& textMetrics() const override;
     DateTime now() const override;
     void showMessage(const MessageBox& box) override;
+    void showTip(std::string_view text, const Rect& anchor) override;
     std::optional<std::string> askText(const InputBox& box) override;
     MenuChoice popUp(const Menu& menu, const Rect& anchor) override;
     void waitCursor(bool on) override;

@@ -53,15 +53,27 @@ void Fills::fill(Way way) {
     }
 }
 
-/// Writes what `next` answers into each cell below the current one, until it has no answer.
+/// Writes what `next` answers into each cell below the current one, until it has no answer. After a failure
+/// the values go on without being written: those are the cells that are left.
 template <class Next>
 void Fills::writeBelow(Next next) {
     const std::int32_t col = c_.grid.Col();
+    std::int32_t left = 0;
     for (std::int32_t row = c_.grid.Row() + 1; row < c_.grid.Rows(); ++row) {
         const std::optional<TextAndTag> value = next();
-        if (!value) return;
-        cells_.setCell(row, col, value->first, value->second);
+        if (!value) break;
+        if (left == 0 && cells_.setCell(row, col, value->first, value->second)) continue;
+        ++left;
     }
+    if (left > 0) tellOfCellsLeft(left);
+}
+
+/// Beside the current cell, without a box: one has told of the failure.
+void Fills::tellOfCellsLeft(std::int32_t cells) const {
+    if (!c_.host.there() || c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
+    const Rect cell = c_.layout.inControl(c_.grid.CellRect(c_.grid.Row(), c_.grid.Col()));
+    c_.platform.showTip("填充中断，还有 " + std::to_string(cells) + " 个单元格未填充。",
+                        c_.seat.onScreen(cell));
 }
 
 /// Each date as text and as tag, until there is no next one.
@@ -95,7 +107,7 @@ std::string Fills::textAbove(const std::string& text) const {
 void Fills::series(const std::string& text) {
     const mEmDataType type = c_.columns.at(c_.grid.Col()).iType();
     if (type == flexDTDate) dateSeries(textAbove(text), text);
-    if (type == flexDTDouble) numberSeries(textAbove(text), text);
+    if (type == flexDTDouble) numberSeries();
 }
 
 void Fills::dateSeries(const std::string& above, const std::string& text) {
@@ -107,9 +119,11 @@ void Fills::dateSeries(const std::string& above, const std::string& text) {
     writeDates(*date, [step](const DateTime& from) { return support::addDays(from, step); });
 }
 
-void Fills::numberSeries(const std::string& above, const std::string& text) {
-    double value = support::leadingNumberOfDisplayed(text);
-    const double before = support::leadingNumberOfDisplayed(above);
+void Fills::numberSeries() {
+    const std::int32_t row = c_.grid.Row();
+    const std::int32_t col = c_.grid.Col();
+    double value = c_.grid.CellNumber(row, col);
+    const double before = row > c_.grid.FixedRows() ? c_.grid.CellNumber(row - 1, col) : value;
     const int places = std::max(decimalPlaces(value), decimalPlaces(before));
     double step = toPlaces(value - before, places);
     if (step == 0) step = 1;

@@ -14,7 +14,8 @@ class CellAccess {
   public:
     virtual ~CellAccess() = default;
     virtual std::string readCell(std::int32_t row, std::int32_t col, bool text) = 0;
-    virtual void setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) = 0;
+    /// False when it failed and a box told of it.
+    virtual bool setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) = 0;
 };
 
 /// The machine shows that it works, for as long as this lives.
@@ -36,18 +37,20 @@ class Fills {
 
     Fills(const Context& context, CellAccess& cells) : c_(context), cells_(cells) {}
 
-    /// Where the cell's text does not fit the way, nothing happens.
+    /// Where the cell's text does not fit the way, nothing happens. A cell that cannot be written ends it:
+    /// one box tells of it, and a tip of how many cells were left.
     void fill(Way way);
 
   private:
     template <class Next>
     void writeBelow(Next next);
+    void tellOfCellsLeft(std::int32_t cells) const;
     template <class Next>
     void writeDates(DateTime date, Next next);
     void dates(Way way, const std::string& text);
     void series(const std::string& text);
     void dateSeries(const std::string& above, const std::string& text);
-    void numberSeries(const std::string& above, const std::string& text);
+    void numberSeries();
     std::string textAbove(const std::string& text) const;
 
     Context c_;

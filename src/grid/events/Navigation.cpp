@@ -77,8 +77,7 @@ void Navigation::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
         if (c_.editor.visible()) c_.grid.ScrollTo(oldTopRow, oldLeftCol);
     }
     c_.editor.place();
-    if (c_.sums.Cols() == c_.grid.Cols() && c_.grid.Cols() > c_.grid.FixedCols())
-        c_.sums.LeftCol(c_.grid.LeftCol());
+    c_.totals.followScroll();
     c_.seat.layoutChanged();
 }
 

@@ -44,7 +44,7 @@ std::int32_t RowAdder::insertRow(std::int32_t position) {
     CellGrid& grid = c_.grid;
     position = std::clamp(position, grid.FixedRows(), grid.Rows());
     {
-        TotalRow::Expect allColumns(c_.totals, TotalRow::AllColumns);  // an empty row changes no total
+        const TotalRow::EmptyRows emptyRow(c_.totals);
         grid.InsertRow(position);
     }
     grid.RowHeight(position, NewRowHeight);
