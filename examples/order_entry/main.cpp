@@ -106,8 +106,8 @@ int playKeys(OrderWindow& window, const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // An input method that answers later than the next key is pressed is reset by the Enter before it: a clerk who types
-    // ahead would lose the first letters of a word. With this, each key waits for its answer.
+    // An input method that answers later than the next key is pressed is reset by the Enter before it: a
+    // clerk who types ahead would lose the first letters of a word. With this, each key waits for its answer.
     if (!qEnvironmentVariableIsSet("IBUS_ENABLE_SYNC_MODE")) qputenv("IBUS_ENABLE_SYNC_MODE", "1");
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"order_entry"_s);

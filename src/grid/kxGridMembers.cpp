@@ -35,7 +35,7 @@ class FirstFault {
 void putRowCount(CellGrid& grid, TotalRow& totals, std::int32_t count) {
     count = std::max(count, grid.FixedRows());
     if (count < grid.Rows()) return grid.Rows(count);
-    const TotalRow::Expect recalculation(totals, TotalRow::AllColumns);  // empty rows change no total
+    const TotalRow::EmptyRows emptyRows(totals);
     grid.Rows(count);
 }
 
