@@ -23,6 +23,13 @@ bool isOperator(char c) {
     return c == '*' || c == '/' || c == '+' || c == '-' || c == '^';
 }
 
+// A power of -1 that the compiler sees it turns into a division, whose last bit may differ: results would
+// depend on how far it looks.
+double power(double base, double exponent) {
+    const volatile double unseen = exponent;
+    return std::pow(base, unseen);
+}
+
 // One level of parentheses. Instead of lists of operands and operators it keeps the value of the term, the
 // factor and the power under way: every operator is evaluated from the left, so nothing before them can
 // change any more.
@@ -61,7 +68,7 @@ class Level {
         if (before != '^') {
             power_ = operand;
         } else {
-            power_ = std::pow(power_, operand);
+            power_ = power(power_, operand);
             if (!std::isfinite(power_)) return false;
         }
         return after == '^' || endFactor(after);

@@ -31,6 +31,13 @@ TEST(EvaluatorOracles, AgreeOnTheWorkedExamples) {
     EXPECT_EQ(evaluateByPasses("2^-2^2").result, 0.0625);
 }
 
+TEST(EvaluatorOracles, FindTheSameLastBitOfAPowerOfASign) {
+    double result = 0;
+    ASSERT_TRUE(bEvaluateExp(".499^-4^40", result));
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(result),
+              std::bit_cast<std::uint64_t>(evaluateByPasses(".499^-4^40").result));
+}
+
 TEST(EvaluatorOracles, FindTheSameResultsAndFailuresAsThePassesOverLists) {
     Random random;
     Expressions expressions(random);
