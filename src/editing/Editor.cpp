@@ -202,13 +202,12 @@ void Editor::refuse(const MessageBox& message) {
     seat_.giveFocus(visible() ? FocusPlace::Editor : FocusPlace::Grid);
 }
 
+/// A hidden editor mirrors the current cell: there is nothing to write.
 bool Editor::validate() {
     if (grid_.Col() < 0) return true;
     if (!passesRule()) return false;
     return !visible() || committing_ || commit();
 }
-
-/// A hidden editor is the current cell: nothing is written.
 
 bool Editor::passesRule() {
     const std::shared_ptr<cVsControl> column = columns_.shared(grid_.Col());
