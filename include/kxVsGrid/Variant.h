@@ -123,6 +123,8 @@ class Variant {
     std::int32_t toInt32() const;
     double toDouble() const;
     std::string toText() const;
+    /// Converted to Boolean, Int16, Int32, Double or Text; as it is for every other type.
+    Variant as(Type type) const;
 
     /// The array, or nullptr when the value is none. The mutable one separates this value from its copies
     /// first.

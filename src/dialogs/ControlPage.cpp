@@ -33,21 +33,6 @@ std::string rangeOf(Type type) {
         return between(std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max());
     return "需要数字";
 }
-
-/// The text as the property's type. ConversionError when it is none.
-Variant typed(const std::string& text, Type type) {
-    Variant value(text);
-    switch (type) {
-        case Type::Int16:
-            return value.toInt16();
-        case Type::Int32:
-            return value.toInt32();
-        case Type::Double:
-            return value.toDouble();
-        default:
-            return value;
-    }
-}
 }  // namespace
 
 ControlPage::ControlPage()
@@ -213,7 +198,7 @@ bool ControlPage::Apply() {
     for (const Boxes::Field& text : boxes_->texts) {
         const Type type = typeOf(text.member);
         try {
-            values.emplace_back(text.member, typed(text.control.text, type));
+            values.emplace_back(text.member, Variant(text.control.text).as(type));
         } catch (const ConversionError&) {
             explain(std::string(text.member) + "：“" + text.control.text + "” 不行，" + rangeOf(type) +
                     "。没有应用修改。");

@@ -3,11 +3,9 @@
 
 #include <string_view>
 
-#include "grid/ControlFlags.h"
-#include "grid/Layout.h"
+#include "grid/Properties.h"
 #include "grid/TotalRow.h"
 #include "grid/columns/ColumnArray.h"
-#include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/PropertyBag.h"
 
 namespace kxVsGrid::grid {
@@ -24,28 +22,26 @@ class SettingsLoading {
     static inline bool underway_ = false;
 };
 
-/// Works on the grids directly: nothing is reported, no rows are added, no totals made.
+/// The stored properties in their orders, between a bag and the control. Loading goes past the control's
+/// members.
 class Settings {
   public:
     Settings(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns, ControlFlags& flags,
              TotalRow& totals, Layout& layout)
-        : main_(main), sums_(sums), columns_(columns), flags_(flags), totals_(totals), layout_(layout) {}
+        : grid_{main, sums, flags, layout}, columns_(columns), totals_(totals) {}
 
     /// Applies every value at once. What fails is thrown, and what was applied before stays.
     void read(PropertyBag& bag);
-    void write(PropertyBag& bag);
+    /// Stores what the control holds when it is called, whatever the bag does meanwhile.
+    void write(PropertyBag& bag, kxGrid& control);
 
   private:
     void readGrid(PropertyBag& bag);
     void readColumn(PropertyBag& bag, std::int32_t col);
-    Variant gridValue(std::string_view member) const;
     void writeColumn(PropertyBag& bag, std::int32_t col);
 
-    CellGrid& main_;
-    CellGrid& sums_;
+    Loaded grid_;
     columns::ColumnArray& columns_;
-    ControlFlags& flags_;
     TotalRow& totals_;
-    Layout& layout_;
 };
 }  // namespace kxVsGrid::grid

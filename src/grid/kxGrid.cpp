@@ -182,7 +182,7 @@ void kxGrid::WriteProperties(PropertyBag& bag) {
     if (grid::SettingsLoading::underway()) return;
     const auto kept = held();
     try {
-        kept->settings.write(bag);
+        kept->settings.write(bag, *this);
     } catch (...) {
         kept->showError("WriteProperError:" + support::currentError(), SettingsErrorTitle);
     }

@@ -22,19 +22,10 @@ void putIntoColumn(kxGrid& control, const ColumnKeyParts& parts, const Variant& 
     control.VsCtrl(static_cast<std::int16_t>(parts.col))->Put(key->member, value);
 }
 
-/// The types that the control itself has; what does not convert fails in the read, which says so.
+/// What does not convert fails in the read, which says so.
 Variant typed(const Variant& value, Variant::Type type) {
     try {
-        switch (type) {
-            case Variant::Type::Boolean:
-                return value.toBoolean();
-            case Variant::Type::Int32:
-                return value.toInt32();
-            case Variant::Type::Text:
-                return value.toText();
-            default:
-                return value;
-        }
+        return value.as(type);
     } catch (const ConversionError&) {
         return {};
     }

@@ -110,116 +110,20 @@ void kxGridWidget::mouseMoveEvent(QMouseEvent* event) {
 // --- The stored settings
 // -------------------------------------------------------------------------------------------------------
 
-bool kxGridWidget::Editable() const {
-    return parts_->setting("Editable").toBoolean();
+bool kxGridWidget::truth(std::string_view setting) const {
+    return parts_->setting(setting).toBoolean();
 }
 
-void kxGridWidget::setEditable(bool editable) {
-    parts_->setting("Editable", editable);
+int kxGridWidget::number(std::string_view setting) const {
+    return parts_->setting(setting).toInt32();
 }
 
-bool kxGridWidget::ShowZero() const {
-    return parts_->setting("ShowZero").toBoolean();
+QByteArray kxGridWidget::text(std::string_view setting) const {
+    return QByteArray::fromStdString(parts_->setting(setting).toText());
 }
 
-void kxGridWidget::setShowZero(bool show) {
-    parts_->setting("ShowZero", show);
-}
-
-bool kxGridWidget::SumRow() const {
-    return parts_->setting("SumRow").toBoolean();
-}
-
-void kxGridWidget::setSumRow(bool show) {
-    parts_->setting("SumRow", show);
-}
-
-int kxGridWidget::Cols() const {
-    return parts_->setting("Cols").toInt32();
-}
-
-void kxGridWidget::setCols(int count) {
-    parts_->setting("Cols", count);
-}
-
-int kxGridWidget::Rows() const {
-    return parts_->setting("Rows").toInt32();
-}
-
-void kxGridWidget::setRows(int count) {
-    parts_->setting("Rows", count);
-}
-
-int kxGridWidget::FixedCols() const {
-    return parts_->setting("FixedCols").toInt32();
-}
-
-void kxGridWidget::setFixedCols(int count) {
-    parts_->setting("FixedCols", count);
-}
-
-int kxGridWidget::FixedRows() const {
-    return parts_->setting("FixedRows").toInt32();
-}
-
-void kxGridWidget::setFixedRows(int count) {
-    parts_->setting("FixedRows", count);
-}
-
-int kxGridWidget::Appearance() const {
-    return parts_->setting("Appearance").toInt32();
-}
-
-void kxGridWidget::setAppearance(int appearance) {
-    parts_->setting("Appearance", appearance);
-}
-
-int kxGridWidget::BackColor() const {
-    return parts_->setting("BackColor").toInt32();
-}
-
-void kxGridWidget::setBackColor(int color) {
-    parts_->setting("BackColor", color);
-}
-
-int kxGridWidget::BackColorBkg() const {
-    return parts_->setting("BackColorBkg").toInt32();
-}
-
-void kxGridWidget::setBackColorBkg(int color) {
-    parts_->setting("BackColorBkg", color);
-}
-
-int kxGridWidget::BackColorFixed() const {
-    return parts_->setting("BackColorFixed").toInt32();
-}
-
-void kxGridWidget::setBackColorFixed(int color) {
-    parts_->setting("BackColorFixed", color);
-}
-
-int kxGridWidget::ForeColor() const {
-    return parts_->setting("ForeColor").toInt32();
-}
-
-void kxGridWidget::setForeColor(int color) {
-    parts_->setting("ForeColor", color);
-}
-
-int kxGridWidget::ForeColorFixe() const {
-    return parts_->setting("ForeColorFixe").toInt32();
-}
-
-void kxGridWidget::setForeColorFixe(int color) {
-    parts_->setting("ForeColorFixe", color);
-}
-
-QByteArray kxGridWidget::FormatString() const {
-    return QByteArray::fromStdString(parts_->setting("FormatString").toText());
-}
-
-void kxGridWidget::setFormatString(const QByteArray& format) {
-    parts_->setting("FormatString", format.toStdString());
+void kxGridWidget::setting(std::string_view name, const Variant& value) {
+    parts_->setting(name, value);
 }
 
 /// The settings of columns come as dynamic properties.

@@ -178,6 +178,26 @@ std::string Variant::toText() const {
     refuse(*this, "text");
 }
 
+Variant Variant::as(Type type) const {
+    switch (type) {
+        case Type::Boolean:
+            return toBoolean();
+        case Type::Int16:
+            return toInt16();
+        case Type::Int32:
+            return toInt32();
+        case Type::Double:
+            return toDouble();
+        case Type::Text:
+            return toText();
+        case Type::Empty:
+        case Type::Null:
+        case Type::Array:
+            break;
+    }
+    return *this;
+}
+
 const Table* Variant::table() const {
     return isArray() ? std::get<std::shared_ptr<Table>>(value_).get() : nullptr;
 }

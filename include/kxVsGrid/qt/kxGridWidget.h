@@ -60,34 +60,34 @@ class kxGridWidget : public QWidget {
 
     // --- The stored settings of the whole grid. Colours are the 32 bits of the control's, as a signed
     // number.
-    bool Editable() const;
-    void setEditable(bool editable);
-    bool ShowZero() const;
-    void setShowZero(bool show);
-    bool SumRow() const;
-    void setSumRow(bool show);
-    int Cols() const;
-    void setCols(int count);
-    int Rows() const;
-    void setRows(int count);
-    int FixedCols() const;
-    void setFixedCols(int count);
-    int FixedRows() const;
-    void setFixedRows(int count);
-    int Appearance() const;
-    void setAppearance(int appearance);
-    int BackColor() const;
-    void setBackColor(int color);
-    int BackColorBkg() const;
-    void setBackColorBkg(int color);
-    int BackColorFixed() const;
-    void setBackColorFixed(int color);
-    int ForeColor() const;
-    void setForeColor(int color);
-    int ForeColorFixe() const;
-    void setForeColorFixe(int color);
-    QByteArray FormatString() const;
-    void setFormatString(const QByteArray& format);
+    bool Editable() const { return truth("Editable"); }
+    void setEditable(bool value) { setting("Editable", value); }
+    bool ShowZero() const { return truth("ShowZero"); }
+    void setShowZero(bool value) { setting("ShowZero", value); }
+    bool SumRow() const { return truth("SumRow"); }
+    void setSumRow(bool value) { setting("SumRow", value); }
+    int Cols() const { return number("Cols"); }
+    void setCols(int value) { setting("Cols", value); }
+    int Rows() const { return number("Rows"); }
+    void setRows(int value) { setting("Rows", value); }
+    int FixedCols() const { return number("FixedCols"); }
+    void setFixedCols(int value) { setting("FixedCols", value); }
+    int FixedRows() const { return number("FixedRows"); }
+    void setFixedRows(int value) { setting("FixedRows", value); }
+    int Appearance() const { return number("Appearance"); }
+    void setAppearance(int value) { setting("Appearance", value); }
+    int BackColor() const { return number("BackColor"); }
+    void setBackColor(int value) { setting("BackColor", value); }
+    int BackColorBkg() const { return number("BackColorBkg"); }
+    void setBackColorBkg(int value) { setting("BackColorBkg", value); }
+    int BackColorFixed() const { return number("BackColorFixed"); }
+    void setBackColorFixed(int value) { setting("BackColorFixed", value); }
+    int ForeColor() const { return number("ForeColor"); }
+    void setForeColor(int value) { setting("ForeColor", value); }
+    int ForeColorFixe() const { return number("ForeColorFixe"); }
+    void setForeColorFixe(int value) { setting("ForeColorFixe", value); }
+    QByteArray FormatString() const { return text("FormatString"); }
+    void setFormatString(const QByteArray& format) { setting("FormatString", format.toStdString()); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -110,6 +110,11 @@ class kxGridWidget : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    bool truth(std::string_view setting) const;
+    int number(std::string_view setting) const;
+    QByteArray text(std::string_view setting) const;
+    void setting(std::string_view name, const Variant& value);
+
     class Parts;
     std::unique_ptr<Parts> parts_;
 };
