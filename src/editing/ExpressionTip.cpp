@@ -25,9 +25,9 @@ std::size_t placeInTyped(std::string_view typed, std::string_view evaluated, std
 /// A character that cannot be seen is not shown.
 std::string unknownCharacter(std::string_view character) {
     const char32_t code = support::firstCodePoint(character);
-    const bool unseen =
-        code <= 0x20 || (code >= 0x7F && code <= 0xA0) || (code >= 0x2000 && code <= 0x200F) ||
-        (code >= 0x2028 && code <= 0x202F) || code == 0x3000 || code == 0xFEFF || code == 0xFFFD;
+    const bool unseen = code <= 0x20 || (code >= 0x7F && code <= 0xA0) ||
+                        (code >= 0x2000 && code <= 0x200F) || (code >= 0x2028 && code <= 0x202F) ||
+                        code == 0x3000 || code == 0xFEFF || code == 0xFFFD;
     return unseen ? "无法识别的字符" : "无法识别“" + std::string(character) + "”";
 }
 

@@ -85,7 +85,7 @@ class Level {
             const double base = power_;
             power_ = power(base, operand);
             if (!std::isfinite(power_))
-                return fail(base == 0              ? Reason::DivisionByZero
+                return fail(base == 0            ? Reason::DivisionByZero
                             : std::isnan(power_) ? Reason::UndefinedPower
                                                  : Reason::TooLarge,
                             at);

@@ -133,7 +133,6 @@ TEST_F(Help, F2OnAClosedCellBearsAHostThatDestroysTheControl) {
     at(HelpRow, HelpCol);
     grid.BeforeTextEdit.connect([&] { desk.remove(grid); });
     desk.press(Key::F2);
-    EXPECT_TRUE(desk.dialogs().empty());
     desk.place();  // for the look at a failed test
 }
 

@@ -125,7 +125,9 @@ TEST(Tip, TellsHowManyCellsAFillHasLeft) {
         QTest::keyClick(&menu, Qt::Key_Right);
         QTest::keyClick(fills, Qt::Key_C);
     });
-    rightClick(w, 2, Quantity);
+    w.press(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(boxes.count(), 1U);
+    w.settle();
     EXPECT_TRUE(QToolTip::isVisible());
     EXPECT_TRUE(QToolTip::text().contains("个单元格未填充")) << QToolTip::text().toStdString();
     EXPECT_TRUE(w.view().hasFocus());

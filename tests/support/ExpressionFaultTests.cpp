@@ -26,8 +26,8 @@ TEST(ExpressionFaults, AreToldOfExactlyTheExpressionsThatAreRefused) {
         if (!fault) continue;
         ASSERT_LE(fault->place, text.size()) << text;
         const auto before = expressionFault(text.substr(0, fault->place));
-        const bool earlier = before && (before->reason == Reason::UnknownCharacter ||
-                                        before->reason == Reason::DecimalPoint);
+        const bool earlier =
+            before && (before->reason == Reason::UnknownCharacter || before->reason == Reason::DecimalPoint);
         EXPECT_FALSE(earlier) << text << " is not at fault at " << fault->place << " first";
     }
 }

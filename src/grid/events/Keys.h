@@ -15,8 +15,8 @@ class Keys {
   public:
     Keys(const Context& context, RowAdder& rows) : c_(context), rows_(rows) {}
 
-    /// Insert and Delete: rows, with the host's consent. F2: the editor, and the column's help where it offers
-    /// one; `code` becomes 0 where there is something to edit.
+    /// Insert and Delete: rows, with the host's consent. F2: the editor, and the column's help where it
+    /// offers one; `code` becomes 0 where there is something to edit.
     void keyDown(std::int16_t& code);
     /// Whether the host is asked about the key, which then is nobody else's, whatever the answer.
     bool asksTheHost(std::int16_t code) const;
