@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "cellgrid/CellFormat.h"
+#include "cellgrid/format/CellFormat.h"
 #include "support/Numbers.h"
 
 namespace {

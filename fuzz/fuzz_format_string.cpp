@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "cellgrid/FormatString.h"
+#include "cellgrid/format/FormatString.h"
 
 namespace {
 

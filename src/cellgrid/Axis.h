@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "cellgrid/RunList.h"
+#include "cellgrid/store/RunList.h"
 
 namespace kxVsGrid::cellgrid {
 

@@ -1,5 +1,5 @@
 // What the texts of a column count as numbers.
-#include "cellgrid/CellStore.h"
+#include "cellgrid/store/CellStore.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::cellgrid {

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <utility>
 
-#include "cellgrid/CellStore.h"
-#include "cellgrid/DamageLog.h"
+#include "cellgrid/store/CellStore.h"
+#include "cellgrid/frame/DamageLog.h"
 #include "cellgrid/Layout.h"
 #include "cellgrid/Misuse.h"
 #include "kxVsGrid/CellGrid.h"

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "cellgrid/FormatString.h"
+#include "cellgrid/format/FormatString.h"
 #include "cellgrid/GridImpl.h"
 #include "support/Undo.h"
 

@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "cellgrid/FormatString.h"
+#include "cellgrid/format/FormatString.h"
 #include "dialogs/Captions.h"
 #include "dialogs/PageBoxes.h"
 

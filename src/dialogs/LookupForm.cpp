@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "cellgrid/CellFormat.h"
+#include "cellgrid/format/CellFormat.h"
 #include "dialogs/Captions.h"
 #include "kxVsGrid/HelpExchange.h"
 #include "support/Text.h"

@@ -2,7 +2,6 @@
 
 #include "editing/EnterRule.h"
 #include "editing/NextCell.h"
-#include "support/Span.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
@@ -10,7 +9,7 @@ namespace kxVsGrid::editing {
 bool EditorKeys::keyDown(Key key) {
     switch (key) {
         case Key::F2:
-            editor_.help();
+            session_.help();
             return true;
         case Key::Escape:
             escape();
@@ -37,69 +36,54 @@ bool EditorKeys::keyDown(Key key) {
 }
 
 bool EditorKeys::multiLine() const {
-    return editor_.columns_.at(editor_.grid_.Col()).b是否编辑多行();
-}
-
-bool EditorKeys::commitOnKey() {
-    if (editor_.commit()) return true;
-    if (editor_.visible()) editor_.seat_.giveFocus(FocusPlace::Editor);
-    return false;
-}
-
-void EditorKeys::focusToGrid() {
-    editor_.seat_.giveFocus(FocusPlace::Grid);
+    return c_.columns.at(c_.grid.Col()).b是否编辑多行();
 }
 
 void EditorKeys::escape() {
-    support::Span hiding(editor_.hiding_);
-    editor_.giveUp();
+    session_.giveUp();
     focusToGrid();
 }
 
 void EditorKeys::enter() {
-    {
-        support::Span validating(editor_.validating_);
-        editor_.text(support::withoutLineBreaks(editor_.box_.text()));
-    }
-    if (editor_.validLock_ > 0) return;
-    if (!commitOnKey()) return;
-    moveByEnterRule(editor_.grid_, editor_.columns_, editor_.owner_);
+    session_.text(support::withoutLineBreaks(session_.box().text()));
+    if (session_.locked() || !session_.commitOrStay()) return;
+    moveByEnterRule(c_.grid, c_.columns, c_.owner);
     focusToGrid();
 }
 
 void EditorKeys::up() {
-    if (!commitOnKey()) return;
-    CellGrid& grid = editor_.grid_;
+    if (!session_.commitOrStay()) return;
+    CellGrid& grid = c_.grid;
     const std::int32_t row = grid.ShownRowBefore(grid.Row());
     if (row >= grid.FixedRows()) grid.Row(row);
     focusToGrid();
 }
 
 void EditorKeys::down() {
-    if (!commitOnKey()) return;
-    CellGrid& grid = editor_.grid_;
+    if (!session_.commitOrStay()) return;
+    CellGrid& grid = c_.grid;
     const std::int32_t row = grid.ShownRowAfter(grid.Row());
     if (row >= 0) grid.Row(row);
     focusToGrid();
 }
 
 bool EditorKeys::left() {
-    CellGrid& grid = editor_.grid_;
+    CellGrid& grid = c_.grid;
     const std::int32_t first = grid.FixedCols();
-    if (editor_.box_.selStart() != 0 || grid.Col() <= first) return false;
-    if (grid.Col() - 1 == first && !editableColumnToTheLeft(grid, editor_.columns_)) return false;
-    if (!commitOnKey()) return true;
-    if (const auto col = editableColumnToTheLeft(grid, editor_.columns_)) grid.Col(*col);
+    if (session_.box().selStart() != 0 || grid.Col() <= first) return false;
+    if (grid.Col() - 1 == first && !editableColumnToTheLeft(grid, c_.columns)) return false;
+    if (!session_.commitOrStay()) return true;
+    if (const auto col = editableColumnToTheLeft(grid, c_.columns)) grid.Col(*col);
     focusToGrid();
     return true;
 }
 
 bool EditorKeys::right() {
-    const TextBox& box = editor_.box_;
+    const TextBox& box = session_.box();
     if (!box.caretAtEnd() && !box.allSelected()) return false;
-    if (!commitOnKey()) return true;
-    if (const auto next = nextEditableCell(editor_.grid_, editor_.columns_))
-        editor_.grid_.Select(next->row, next->col);
+    if (!session_.commitOrStay()) return true;
+    if (const auto next = nextEditableCell(c_.grid, c_.columns))
+        c_.grid.Select(next->row, next->col);
     focusToGrid();
     return true;
 }

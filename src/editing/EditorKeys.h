@@ -3,14 +3,14 @@
 
 #include <cstdint>
 
-#include "editing/Editor.h"
+#include "editing/EditSession.h"
 #include "kxVsGrid/Enumerations.h"
 
 namespace kxVsGrid::editing {
 
 class EditorKeys {
   public:
-    explicit EditorKeys(Editor& editor) : editor_(editor) {}
+    EditorKeys(EditSession& session, const EditingContext& context) : session_(session), c_(context) {}
 
     /// True when the key was acted on; the text box must not see it then. Shift is not looked at.
     bool keyDown(Key key);
@@ -23,10 +23,9 @@ class EditorKeys {
     void down();
     bool left();
     bool right();
-    /// Commits. Refused, it leaves the focus with the editor.
-    bool commitOnKey();
-    void focusToGrid();
+    void focusToGrid() { c_.seat.giveFocus(FocusPlace::Grid); }
 
-    Editor& editor_;
+    EditSession& session_;
+    const EditingContext& c_;
 };
 }  // namespace kxVsGrid::editing

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "editing/NextCell.h"
-#include "grid/columns/CellTarget.h"
-#include "grid/columns/EditableColumn.h"
+#include "columns/CellTarget.h"
+#include "columns/EditableColumn.h"
 
 namespace kxVsGrid::editing {
 namespace {

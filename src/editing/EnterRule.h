@@ -2,7 +2,7 @@
 #pragma once
 
 #include "editing/EditorOwner.h"
-#include "grid/columns/ColumnArray.h"
+#include "columns/ColumnArray.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::editing {

@@ -15,35 +15,34 @@ std::string_view withoutTrailingLineBreaks(std::string_view text) {
 
 /// The text is known when the host finds a name for it. Which half of the pair shows is the column's choice;
 /// the other one becomes the tag.
-FieldVerdict checkCode(columns::ColumnArray& columns, std::int32_t col, std::string_view text,
-                       EditorOwner& owner) {
+FieldVerdict checkCode(const EditingContext& c, std::int32_t col, std::string_view text) {
     std::string code;
     std::string name;
-    std::shared_ptr<cVsControl> column = columns.shared(col);
-    owner.raiseTxtValidBmS(*column, std::string(withoutTrailingLineBreaks(text)), code, name);
-    if (col <= columns.upper()) column = columns.shared(col);
+    std::shared_ptr<cVsControl> column = c.columns.shared(col);
+    c.host.raise(&GridEvents::TxtValidBmS, column->s有效性判断基础(), column->s文本框对应编码字段(),
+                 column->s文本框对应名称字段(), std::string(withoutTrailingLineBreaks(text)), code, name);
+    if (col <= c.columns.upper()) column = c.columns.shared(col);
     if (name.empty()) return {MessageBox{column->s错误提示信息(), MessageBox::Critical, "错误："}, {}};
     if (column->i帮助返回值显示类型() == iText记Name) return {{}, FieldVerdict::Pair{name, code}};
     return {{}, FieldVerdict::Pair{code, name}};
 }
 
-FieldVerdict checkDate(DateForm form, std::string_view text, EditorOwner& owner) {
+FieldVerdict checkDate(const EditingContext& c, DateForm form, std::string_view text) {
     if (auto date = inDateForm(form, text)) return {{}, FieldVerdict::Pair{*date, *date}};
-    const std::string example = "非法公历日期!(格式:" + exampleOf(form, owner.now()) + ")";
+    const std::string example = "非法公历日期!(格式:" + exampleOf(form, c.platform.now()) + ")";
     return {MessageBox{example, MessageBox::Information, "提示："}, {}};
 }
 }  // namespace
 
-FieldVerdict checkField(columns::ColumnArray& columns, std::int32_t col, std::string_view text,
-                        EditorOwner& owner) {
-    const auto type = static_cast<std::int32_t>(columns.at(col).i字段有效性判断类型());
+FieldVerdict checkField(const EditingContext& c, std::int32_t col, std::string_view text) {
+    const auto type = static_cast<std::int32_t>(c.columns.at(col).i字段有效性判断类型());
     switch (type) {
         case ij编码型:
-            return checkCode(columns, col, text, owner);
+            return checkCode(c, col, text);
         case static_cast<std::int32_t>(DateForm::Date):
         case static_cast<std::int32_t>(DateForm::HalfDay):
         case static_cast<std::int32_t>(DateForm::Time):
-            return checkDate(static_cast<DateForm>(type), text, owner);
+            return checkDate(c, static_cast<DateForm>(type), text);
         default:
             return {};
     }

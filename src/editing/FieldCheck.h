@@ -9,9 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "editing/EditorOwner.h"
-#include "grid/columns/ColumnArray.h"
-#include "kxVsGrid/Platform.h"
+#include "editing/EditingContext.h"
 
 namespace kxVsGrid::editing {
 
@@ -24,8 +22,7 @@ struct FieldVerdict {
     std::optional<Pair> rewritten;      ///< what the editor holds from now on; nothing leaves it as it is
 };
 
-/// Applies the kind of check of column `col` to the editor's text. Codes are asked of the host through
-/// `owner`, who may change anything meanwhile: the column's definition is read again once it has answered.
-FieldVerdict checkField(columns::ColumnArray& columns, std::int32_t col, std::string_view text,
-                        EditorOwner& owner);
+/// Applies the kind of check of column `col` to a text. Codes are asked of the host, who may change anything meanwhile:
+/// the column's definition is read again once it has answered.
+FieldVerdict checkField(const EditingContext& context, std::int32_t col, std::string_view text);
 }  // namespace kxVsGrid::editing

@@ -25,8 +25,8 @@ std::string listName(const Variant& gridCode) {
 }
 }  // namespace
 
-HelpDriver::HelpDriver(EditorOwner& owner, const cVsControl& column, const Rect& cell)
-    : owner_(owner), column_(column), cell_(cell) {
+HelpDriver::HelpDriver(const EditingContext& context, const cVsControl& column, const Rect& cell)
+    : c_(context), column_(column), cell_(cell) {
     if (helpsOpen++ > 0) outer_ = HelpExchange::shared();
 }
 
@@ -58,21 +58,23 @@ void HelpDriver::Drbmhelp(gEmHelpType type, const std::string& text, const std::
 void HelpDriver::general(const std::string& helpCode) {
     HelpExchange& exchange = HelpExchange::shared();
     exchange.Grid_code = exchange.GridInfo = exchange.GridData = {};
-    owner_.raiseGetHelpCodeInfo(helpCode, exchange.Grid_code, exchange.GridInfo, exchange.GridData);
+    c_.host.raise(&GridEvents::GetHelpCodeInfo, Variant(helpCode), exchange.Grid_code, exchange.GridInfo,
+                  exchange.GridData);
     if (!isPresent(exchange.Grid_code, "当前的帮助编码返回错误，或找不到当前的帮助编码")) return;
     if (!isPresent(exchange.GridInfo, "当前的帮助编码网络参数错误，或找不到当前的网格")) return;
     if (!isPresent(exchange.GridData, "当前的" + listName(exchange.Grid_code) + "数据为空,请先输入")) return;
     exchange.HelpCode = helpCode;
-    dialogs::LookupForm form(owner_.textMetrics());
-    form.EvHasGetHelpEdit.connect(
-        [this](Variant& data, const std::string& component) { owner_.raiseGetHelpEdit(component, data); });
+    dialogs::LookupForm form(c_.platform.textMetrics());
+    form.EvHasGetHelpEdit.connect([this](Variant& data, const std::string& component) {
+        c_.host.raise(&GridEvents::GetHelpEdit, component, data);
+    });
     show(form);
 }
 
 /// Arrays with the upper bound 0 count as missing too, although they hold an element.
 bool HelpDriver::isPresent(const Variant& table, const std::string& message) {
     if (table.isArray() && table.table()->upper() != 0) return true;
-    owner_.showMessage({message, MessageBox::Information, "Korvan软件"});
+    c_.showMessage({message, MessageBox::Information, "Korvan软件"});
     return false;
 }
 
@@ -82,27 +84,27 @@ void HelpDriver::date(gEmHelpType type) {
     CalendarForm form(number == ih半日型   ? Mode::HalfDay
                       : number == ih时间型 ? Mode::Time
                                            : Mode::Date,
-                      [this] { return owner_.now(); });
+                      [this] { return c_.platform.now(); });
     show(form);
 }
 
 void HelpDriver::special(const std::string& text) {
-    const Rect cell = owner_.onScreen(cell_);
+    const Rect cell = c_.owner.onScreen(cell_);
     std::string name = text;
     Variant value;
-    owner_.raiseUserHelpEvent(cell.left, cell.bottom(), name, value);
+    c_.host.raise(&GridEvents::UserHelpEvent, cell.left, cell.bottom(), name, value);
     HelpExchange::shared().ReturnCode = dialogs::textOf(&value);
     HelpExchange::shared().ReturnName = std::move(name);
 }
 
 void HelpDriver::constants(const std::string& list) {
     HelpExchange::shared().HelpCode = list;
-    dialogs::ConstantForm form(owner_.textMetrics());
+    dialogs::ConstantForm form(c_.platform.textMetrics());
     show(form);
 }
 
 void HelpDriver::show(Form& form) {
     form.startSize(column_.HelpWidth(), column_.HelpHeight());
-    owner_.showForm(form, owner_.onScreen(cell_));
+    if (c_.host.there()) c_.platform.showForm(form, c_.owner.onScreen(cell_));
 }
 }  // namespace kxVsGrid::editing

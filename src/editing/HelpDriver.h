@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "editing/EditorOwner.h"
+#include "editing/EditingContext.h"
 #include "kxVsGrid/HelpExchange.h"
 #include "kxVsGrid/cVsControl.h"
 
@@ -12,7 +12,7 @@ namespace kxVsGrid::editing {
 class HelpDriver {
   public:
     /// The dialogs take their size from `column` and stand near `cell`, a place in the control's grid.
-    HelpDriver(EditorOwner& owner, const cVsControl& column, const Rect& cell);
+    HelpDriver(const EditingContext& context, const cVsControl& column, const Rect& cell);
     /// A help that was opened from inside another one's events puts the outer one's record back.
     ~HelpDriver();
     HelpDriver(const HelpDriver&) = delete;
@@ -29,7 +29,7 @@ class HelpDriver {
     bool isPresent(const Variant& table, const std::string& message);
     void show(Form& form);
 
-    EditorOwner& owner_;
+    const EditingContext& c_;
     const cVsControl& column_;
     Rect cell_;
     HelpExchange outer_;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "grid/columns/EditableColumn.h"
+#include "columns/EditableColumn.h"
 
 namespace kxVsGrid::editing {
 namespace {

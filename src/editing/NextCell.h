@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "grid/columns/ColumnArray.h"
+#include "columns/ColumnArray.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::editing {

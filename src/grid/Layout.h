@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "grid/TotalRow.h"
+#include "totals/TotalRow.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::grid {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "grid/ControlFlags.h"
+#include "host/ControlFlags.h"
 #include "grid/Layout.h"
 #include "kxVsGrid/kxGrid.h"
 #include "support/PropertyTable.h"

@@ -1,6 +1,6 @@
 #include "grid/SetUp.h"
 
-#include "grid/columns/ColumnColors.h"
+#include "columns/ColumnColors.h"
 
 namespace kxVsGrid::grid {
 namespace {

@@ -1,8 +1,8 @@
 // The full set-up of the main grid from the column definitions.
 #pragma once
 
-#include "grid/TotalRow.h"
-#include "grid/columns/ColumnArray.h"
+#include "totals/TotalRow.h"
+#include "columns/ColumnArray.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::grid {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "grid/SetUp.h"
-#include "grid/columns/ColumnProperties.h"
+#include "columns/ColumnProperties.h"
 #include "kxVsGrid/StoredKeys.h"
 
 namespace kxVsGrid::grid {

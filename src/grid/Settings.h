@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "grid/Properties.h"
-#include "grid/TotalRow.h"
-#include "grid/columns/ColumnArray.h"
+#include "totals/TotalRow.h"
+#include "columns/ColumnArray.h"
 #include "kxVsGrid/PropertyBag.h"
 
 namespace kxVsGrid::grid {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "grid/Properties.h"
-#include "grid/columns/ColumnProperties.h"
+#include "columns/ColumnProperties.h"
 
 namespace kxVsGrid {
 namespace {

@@ -2,8 +2,8 @@
 #include "kxVsGrid/kxGrid.h"
 
 #include "grid/Parts.h"
-#include "grid/columns/EditableColumn.h"
-#include "grid/events/BringIntoView.h"
+#include "columns/EditableColumn.h"
+#include "grid/input/BringIntoView.h"
 #include "support/CurrentError.h"
 
 namespace kxVsGrid {

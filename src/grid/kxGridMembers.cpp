@@ -5,7 +5,7 @@
 
 #include "grid/Parts.h"
 #include "grid/SetUp.h"
-#include "grid/columns/ColumnColors.h"
+#include "columns/ColumnColors.h"
 
 namespace kxVsGrid {
 

@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <map>
 
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "qt/Captions.h"
 #include "qt/ContextMenu.h"
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 #include "qt/QtSeat.h"

@@ -5,7 +5,7 @@
 #include <QWidget>
 
 #include "kxVsGrid/Platform.h"
-#include "qt/QtMetrics.h"
+#include "qt/view/QtMetrics.h"
 
 namespace kxVsGrid::qt {
 

@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "kxVsGrid/qt/kxGridWidget.h"
-#include "qt/AccessibleGrid.h"
-#include "qt/Encoding.h"
+#include "qt/access/AccessibleGrid.h"
+#include "qt/text/Encoding.h"
 #include "qt/KeyMap.h"
 #include "support/Span.h"
 

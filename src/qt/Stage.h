@@ -8,17 +8,17 @@
 #include <functional>
 #include <memory>
 
-#include "qt/EditorBox.h"
-#include "qt/EditorTip.h"
-#include "qt/GridView.h"
-#include "qt/HelpButton.h"
+#include "qt/text/EditorBox.h"
+#include "qt/text/EditorTip.h"
+#include "qt/view/GridView.h"
+#include "qt/text/HelpButton.h"
 #include "qt/Machine.h"
-#include "qt/MousePress.h"
-#include "qt/RowFit.h"
-#include "qt/Scale.h"
-#include "qt/ScrollBars.h"
-#include "qt/StoredSettings.h"
-#include "qt/WheelNotches.h"
+#include "qt/view/MousePress.h"
+#include "qt/view/RowFit.h"
+#include "qt/view/Scale.h"
+#include "qt/view/ScrollBars.h"
+#include "qt/settings/StoredSettings.h"
+#include "qt/view/WheelNotches.h"
 
 namespace kxVsGrid::qt {
 

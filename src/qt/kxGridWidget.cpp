@@ -8,7 +8,7 @@
 #include <QWheelEvent>
 
 #include "qt/KeyMap.h"
-#include "qt/PropertyValues.h"
+#include "qt/settings/PropertyValues.h"
 #include "qt/Stage.h"
 
 namespace kxVsGrid::qt {

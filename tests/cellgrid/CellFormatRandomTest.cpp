@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "cellgrid/CellFormat.h"
+#include "cellgrid/format/CellFormat.h"
 
 namespace kxVsGrid::cellgrid {
 namespace {

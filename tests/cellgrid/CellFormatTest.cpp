@@ -1,4 +1,4 @@
-#include "cellgrid/CellFormat.h"
+#include "cellgrid/format/CellFormat.h"
 
 #include <gtest/gtest.h>
 

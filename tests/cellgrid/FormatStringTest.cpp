@@ -1,4 +1,4 @@
-#include "cellgrid/FormatString.h"
+#include "cellgrid/format/FormatString.h"
 
 #include <gtest/gtest.h>
 

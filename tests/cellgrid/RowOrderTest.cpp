@@ -1,5 +1,5 @@
 // The row order against a plain vector of handles.
-#include "cellgrid/RowOrder.h"
+#include "cellgrid/store/RowOrder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The arena and the slots of texts against a plain map.
-#include "cellgrid/TextArena.h"
+#include "cellgrid/store/TextArena.h"
 
 #include <gtest/gtest.h>
 

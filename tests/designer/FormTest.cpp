@@ -3,7 +3,7 @@
 
 #include "designer/Workbench.h"
 #include "kxVsGrid/StoredKeys.h"
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

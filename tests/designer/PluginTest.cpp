@@ -10,7 +10,7 @@
 #include "kxVsGrid/MemoryBag.h"
 #include "kxVsGrid/StoredKeys.h"
 #include "kxVsGrid/headless/Desk.h"
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

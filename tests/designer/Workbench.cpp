@@ -24,7 +24,7 @@
 #include <stdexcept>
 
 #include "kxVsGrid/StoredKeys.h"
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

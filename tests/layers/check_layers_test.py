@@ -32,13 +32,13 @@ class CheckLayers(unittest.TestCase):
                 "src/support/Text.h": "#include <string_view>\n",
                 "src/editing/Editor.h": '#include "kxVsGrid/Variant.h"\n#include "support/Text.h"\n',
                 "src/editing/Editor.cpp": '#include "Editor.h"\n',
-                "src/grid/kxGrid.cpp": '#include "editing/Editor.h"\n',
+                "src/grid/kxGrid.cpp": '#include "editing/EditSession.h"\n',
             }
         )
 
     def test_refuses_a_reversed_arrow(self):
         self.refuses(
-            {"src/editing/Editor.h": "", "src/support/Text.cpp": '\n#include "editing/Editor.h"\n'},
+            {"src/editing/Editor.h": "", "src/support/Text.cpp": '\n#include "editing/EditSession.h"\n'},
             "src/support/Text.cpp:2: support includes editing/Editor.h of editing, against the arrow",
         )
 

@@ -8,7 +8,7 @@
 #include "kxVsGrid/qt/ShowForm.h"
 #include "qt/Dialogs.h"
 #include "qt/Palettes.h"
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

@@ -9,7 +9,7 @@
 #include <QWheelEvent>
 #include <QWindow>
 
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

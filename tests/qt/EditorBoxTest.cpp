@@ -3,7 +3,7 @@
 #include <QToolButton>
 
 #include "qt/Boxes.h"
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {

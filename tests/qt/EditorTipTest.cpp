@@ -2,7 +2,7 @@
 #include <QToolTip>
 
 #include "qt/Boxes.h"
-#include "qt/EditorTip.h"
+#include "qt/text/EditorTip.h"
 #include "qt/Menus.h"
 #include "qt/Window.h"
 

@@ -3,7 +3,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {

@@ -11,7 +11,7 @@
 #include "qt/AnyForm.h"
 #include "qt/Dialogs.h"
 #include "qt/Palettes.h"
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

@@ -1,7 +1,7 @@
 // The help button hides nothing of what is typed.
 #include <QToolButton>
 
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "qt/HelpWindow.h"
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

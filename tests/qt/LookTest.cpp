@@ -2,8 +2,8 @@
 #include <QScreen>
 
 #include "qt/Palettes.h"
-#include "qt/Scale.h"
-#include "qt/SystemColors.h"
+#include "qt/view/Scale.h"
+#include "qt/view/SystemColors.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {

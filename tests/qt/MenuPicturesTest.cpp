@@ -3,7 +3,7 @@
 
 #include "qt/Menus.h"
 #include "qt/Palettes.h"
-#include "qt/SystemColors.h"
+#include "qt/view/SystemColors.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

@@ -2,8 +2,8 @@
 #include "qt/Boxes.h"
 #include "qt/CheckedWindow.h"
 #include "qt/Palettes.h"
-#include "qt/Scale.h"
-#include "qt/SystemColors.h"
+#include "qt/view/Scale.h"
+#include "qt/view/SystemColors.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {

@@ -4,7 +4,7 @@
 #include <QWindow>
 
 #include "qt/InterruptedClick.h"
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 

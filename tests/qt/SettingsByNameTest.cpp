@@ -7,7 +7,7 @@
 
 #include "kxVsGrid/StoredKeys.h"
 #include "qt/Boxes.h"
-#include "qt/PropertyValues.h"
+#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
 

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "kxVsGrid/StoredKeys.h"
-#include "qt/PropertyValues.h"
+#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
 #include "ui_OrderLines.h"

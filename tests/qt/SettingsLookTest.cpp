@@ -1,7 +1,7 @@
 // A widget whose settings were loaded looks the same whenever that was done.
 #include <QWheelEvent>
 
-#include "qt/PropertyValues.h"
+#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
 

@@ -5,7 +5,7 @@
 
 #include "cellgrid/Dice.h"
 #include "kxVsGrid/StoredKeys.h"
-#include "qt/PropertyValues.h"
+#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
 

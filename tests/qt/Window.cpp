@@ -4,8 +4,8 @@
 #include <QPainter>
 #include <stdexcept>
 
-#include "qt/GridView.h"
-#include "qt/Scale.h"
+#include "qt/view/GridView.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

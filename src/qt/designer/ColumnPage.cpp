@@ -9,7 +9,7 @@
 #include "kxVsGrid/ControlPage.h"
 #include "kxVsGrid/GridColumns.h"
 #include "kxVsGrid/qt/ShowForm.h"
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 #include "qt/designer/SettingsCommand.h"
 
 namespace kxVsGrid::qt::designer {

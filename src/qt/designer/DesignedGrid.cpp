@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "kxVsGrid/headless/Desk.h"
-#include "qt/Encoding.h"
-#include "qt/PropertyValues.h"
+#include "qt/text/Encoding.h"
+#include "qt/settings/PropertyValues.h"
 #include "qt/designer/FormSettings.h"
 
 namespace kxVsGrid::qt::designer {

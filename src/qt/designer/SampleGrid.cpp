@@ -4,7 +4,7 @@
 
 #include "kxVsGrid/MemoryBag.h"
 #include "kxVsGrid/headless/Desk.h"
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::designer {
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "kxVsGrid/headless/Desk.h"
-#include "qt/PropertyValues.h"
+#include "qt/settings/PropertyValues.h"
 #include "qt/designer/FormSettings.h"
 
 namespace kxVsGrid::qt::designer {

@@ -10,10 +10,10 @@
 #include <cmath>
 #include <utility>
 
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 #include "qt/KeyMap.h"
 #include "qt/ModalBox.h"
-#include "qt/Scale.h"
+#include "qt/view/Scale.h"
 #include "qt/forms/FormPlace.h"
 
 namespace kxVsGrid::qt {

@@ -7,7 +7,7 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 #include "qt/KeyMap.h"
 #include "qt/forms/FormDialog.h"
 

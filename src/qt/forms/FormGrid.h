@@ -7,10 +7,10 @@
 
 #include "kxVsGrid/Form.h"
 #include "kxVsGrid/Frame.h"
-#include "qt/GridPainter.h"
-#include "qt/QtMetrics.h"
-#include "qt/ScrollBars.h"
-#include "qt/WheelNotches.h"
+#include "qt/view/GridPainter.h"
+#include "qt/view/QtMetrics.h"
+#include "qt/view/ScrollBars.h"
+#include "qt/view/WheelNotches.h"
 
 namespace kxVsGrid::qt {
 

@@ -9,7 +9,7 @@
 #include <QTimeEdit>
 #include <string_view>
 
-#include "qt/Encoding.h"
+#include "qt/text/Encoding.h"
 #include "qt/forms/FormDialog.h"
 #include "qt/forms/FormGrid.h"
 #include "qt/forms/FormTextBox.h"

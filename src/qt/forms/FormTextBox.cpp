@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "qt/EditMenu.h"
-#include "qt/Encoding.h"
+#include "qt/text/EditMenu.h"
+#include "qt/text/Encoding.h"
 #include "qt/forms/FormDialog.h"
 #include "support/Span.h"
 

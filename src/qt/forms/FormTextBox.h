@@ -4,8 +4,8 @@
 // input method composes nothing is reported, and keys are the input method's.
 #pragma once
 
-#include "qt/Composition.h"
-#include "qt/TextBoxes.h"
+#include "qt/text/Composition.h"
+#include "qt/text/TextBoxes.h"
 
 namespace kxVsGrid {
 struct FormControl;

@@ -1,0 +1,67 @@
+#include "kxVsGrid/Frame.h"
+
+#include <algorithm>
+
+#include "cellgrid/frame/FrameRegion.h"
+#include "cellgrid/frame/FrameWriter.h"
+#include "cellgrid/frame/Overlap.h"
+#include "cellgrid/frame/VisibleBands.h"
+
+namespace kxVsGrid {
+namespace {
+
+using cellgrid::Bands;
+using cellgrid::FrameRegion;
+using cellgrid::FrameScene;
+using cellgrid::FrameWriter;
+using cellgrid::overlap;
+
+/// What the cells leave of the view: to their right, and below them.
+void writeBackground(FrameWriter& writer, const FrameScene& scene, const Rect& shown, const Bands& rows,
+                     const Bands& cols) {
+    const bool anyCell = !rows.all.empty() && !cols.all.empty();
+    const std::int32_t right = anyCell ? cols.end(scene.client.right()) : 0;
+    const std::int32_t bottom = anyCell ? rows.end(scene.client.bottom()) : 0;
+    const std::uint32_t color = scene.grid.BackColorBkg();
+    const Rect beside = overlap(shown, {right, 0, shown.right() - right, shown.bottom()});
+    const Rect below = overlap(shown, {0, bottom, right, shown.bottom() - bottom});
+    if (!beside.empty()) writer.add(FrameItem::Kind::Fill, beside, color);
+    if (!below.empty()) writer.add(FrameItem::Kind::Fill, below, color);
+}
+
+void writeFocus(FrameWriter& writer, const FrameScene& scene, const FrameState& state, const Bands& rows,
+                const Bands& cols) {
+    if (scene.wholeRow) return;
+    const auto* row = rows.find(scene.row);
+    const auto* col = cols.find(scene.col);
+    if (!row || !col) return;
+    const auto color = state.focused ? cellgrid::FrameColor::Highlight : cellgrid::FrameColor::Shadow;
+    writer.add(FrameItem::Kind::Focus, {col->start, row->start, col->size, row->size}, color, scene.row,
+               scene.col);
+}
+}  // namespace
+
+void makeFrame(Frame& frame, const CellGrid& grid, const FrameState& state) {
+    frame.width = grid.Width();
+    frame.height = grid.Height();
+    const Rect view{0, 0, frame.width, frame.height};
+    const Rect shown = state.clip.empty() ? view : overlap(view, state.clip);
+    FrameWriter writer(frame);
+    if (shown.empty()) return;
+
+    const FrameScene scene(grid, state, shown);
+    const Bands rows = cellgrid::visibleRows(grid, scene.area);
+    const Bands cols = cellgrid::visibleCols(grid, scene.area);
+    writeBackground(writer, scene, shown, rows, cols);
+    FrameRegion(scene, writer, rows.scrolled(), cols.scrolled(), false).write();
+    FrameRegion(scene, writer, rows.scrolled(), cols.fixed(), true).write();
+    FrameRegion(scene, writer, rows.fixed(), cols.all, true).write();
+    writeFocus(writer, scene, state, rows, cols);
+}
+
+Frame makeFrame(const CellGrid& grid, const FrameState& state) {
+    Frame frame;
+    makeFrame(frame, grid, state);
+    return frame;
+}
+}  // namespace kxVsGrid

@@ -1,0 +1,176 @@
+#include "cellgrid/frame/FrameRegion.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "cellgrid/frame/Overlap.h"
+#include "support/Numbers.h"
+
+namespace kxVsGrid::cellgrid {
+namespace {
+
+/// Room between a cell's edges and its text.
+constexpr std::int32_t TextMargin = 45;
+/// A grid line takes the last twips of its row or column.
+constexpr std::int32_t LineWidth = 15;
+}  // namespace
+
+FrameScene::FrameScene(const CellGrid& shown, const FrameState& state, const Rect& clip)
+    : grid(shown),
+      client{0, 0, shown.ClientWidth(), shown.ClientHeight()},
+      area(overlap(clip, client)),
+      wholeRow(shown.SelectsRows()),
+      editorOpen(state.editorOpen) {
+    const bool data = grid.Row() >= grid.FixedRows() && grid.Col() >= grid.FixedCols();
+    if (!grid.ShowCursor() || !data) return;
+    row = grid.Row();
+    col = grid.Col();
+}
+
+FrameRegion::FrameRegion(const FrameScene& scene, FrameWriter& writer, std::span<const Band> rows,
+                         std::span<const Band> cols, bool fixed)
+    : scene_(scene),
+      writer_(writer),
+      rows_(rows),
+      cols_(cols),
+      backColor_(fixed ? scene.grid.BackColorFixed() : scene.grid.BackColor()),
+      foreColor_(fixed ? scene.grid.ForeColorFixed() : scene.grid.ForeColor()),
+      lineColor_(fixed ? FrameColor::Shadow : FrameColor::LightEdge) {
+    if (rows.empty() || cols.empty()) return;
+    area_.left = cols.front().start;
+    area_.top = rows.front().start;
+    area_.width = std::min(cols.back().end(), scene.client.right()) - area_.left;
+    area_.height = std::min(rows.back().end(), scene.client.bottom()) - area_.top;
+    if (fixed) merged_.emplace(scene.grid, rows, cols);
+}
+
+void FrameRegion::write() {
+    if (area_.empty()) return;
+    writeFills();
+    writeLines();
+    if (merged_) writeMergedBlocks();
+    writeContents();
+}
+
+Rect FrameRegion::rectOf(std::size_t firstRow, std::size_t lastRow, std::size_t firstCol,
+                         std::size_t lastCol) const {
+    const std::int32_t left = cols_[firstCol].start;
+    const std::int32_t top = rows_[firstRow].start;
+    return {left, top, cols_[lastCol].end() - left, rows_[lastRow].end() - top};
+}
+
+/// The colour of a cell that differs from its surroundings.
+std::optional<std::uint32_t> FrameRegion::ownBackColor(std::int32_t row, std::int32_t col) const {
+    if (scene_.highlighted(row)) return FrameColor::Highlight;
+    std::optional<std::uint32_t> color = scene_.grid.CellBackColor(row, col);
+    // the headers of the current cell stand out, so that the clerk sees where he is
+    const bool header = merged_ && !scene_.wholeRow && (row == scene_.row || col == scene_.col);
+    if (!color && header) color = FrameColor::ButtonHighlight;
+    return color == backColor_ ? std::nullopt : color;
+}
+
+void FrameRegion::readRuns(std::size_t col, std::vector<Run>& runs) const {
+    runs.clear();
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const auto color = ownBackColor(rows_[row].index, cols_[col].index);
+        if (!color) continue;
+        if (!runs.empty() && runs.back().lastRow + 1 == row && runs.back().color == *color)
+            runs.back().lastRow = row;
+        else
+            runs.push_back({row, row, *color, 0});
+    }
+}
+
+/// One fill for the region; then what differs, in as few fills as a column-wise search finds.
+void FrameRegion::writeFills() {
+    writer_.add(FrameItem::Kind::Fill, area_, backColor_);
+    std::vector<Run> before;
+    std::vector<Run> runs;
+    for (std::size_t col = 0; col < cols_.size(); ++col) {
+        readRuns(col, runs);
+        for (Run& run : runs) {
+            const auto left = std::find_if(before.begin(), before.end(), [&](const Run& r) {
+                return r.firstRow == run.firstRow && r.lastRow == run.lastRow && r.color == run.color;
+            });
+            if (left != before.end()) {
+                run.item = left->item;
+                FrameItem& fill = writer_.at(run.item);
+                fill.rect.width = cols_[col].end() - fill.rect.left;
+                fill.row = fill.col = -1;
+                continue;
+            }
+            const bool oneCell = run.firstRow == run.lastRow;
+            run.item = writer_.count();
+            writer_.add(FrameItem::Kind::Fill, rectOf(run.firstRow, run.lastRow, col, col), run.color,
+                        oneCell ? rows_[run.firstRow].index : -1, oneCell ? cols_[col].index : -1);
+        }
+        std::swap(before, runs);
+    }
+}
+
+void FrameRegion::writeLine(const Rect& line) {
+    if (line.overlaps(scene_.area)) writer_.add(FrameItem::Kind::Line, line, lineColor_);
+}
+
+void FrameRegion::writeLines() {
+    for (const Band& row : rows_) {
+        const std::int32_t top = std::max(row.start, row.end() - LineWidth);
+        writeLine({area_.left, top, area_.width, row.end() - top});
+    }
+    for (const Band& col : cols_) {
+        const std::int32_t left = std::max(col.start, col.end() - LineWidth);
+        writeLine({left, area_.top, col.end() - left, area_.height});
+    }
+}
+
+/// Covers the lines inside of a block, then draws its own.
+void FrameRegion::writeMergedBlocks() {
+    for (const MergedBlock& block : merged_->blocks()) {
+        const std::int32_t row = rows_[block.firstRow].index;
+        const std::int32_t col = cols_[block.firstCol].index;
+        const Rect rect = rectOf(block.firstRow, block.lastRow, block.firstCol, block.lastCol);
+        writer_.add(FrameItem::Kind::Fill, rect, ownBackColor(row, col).value_or(backColor_), row, col);
+        writeLine({rect.left, rect.bottom() - LineWidth, rect.width, LineWidth});
+        writeLine({rect.right() - LineWidth, rect.top, LineWidth, rect.height});
+        writeText(rows_[block.firstRow], cols_[block.firstCol], rect);
+    }
+}
+
+void FrameRegion::writeContents() {
+    std::vector<bool> checkBoxes;
+    for (const Band& col : cols_) checkBoxes.push_back(scene_.grid.ColDataType(col.index) == flexDTBoolean);
+    for (std::size_t row = 0; row < rows_.size(); ++row)
+        for (std::size_t col = 0; col < cols_.size(); ++col)
+            if (!merged_ || !merged_->covers(row, col))
+                writeContent(rows_[row], cols_[col], checkBoxes[col], rectOf(row, row, col, col));
+}
+
+void FrameRegion::writeContent(const Band& row, const Band& col, bool checkBoxes, const Rect& cell) {
+    const bool current = row.index == scene_.row && col.index == scene_.col;
+    if (current && scene_.editorOpen) return;
+    if (!checkBoxes || row.fixed) {
+        writeText(row, col, cell);
+        return;
+    }
+    FrameItem& mark =
+        writer_.add(FrameItem::Kind::CheckMark, cell, textColor(row.index, col.index), row.index, col.index);
+    mark.checked = support::leadingNumber(scene_.grid.Text(row.index, col.index)) != 0;
+}
+
+void FrameRegion::writeText(const Band& row, const Band& col, const Rect& cell) {
+    const CellGrid& grid = scene_.grid;
+    std::string text = row.fixed ? grid.Text(row.index, col.index) : grid.DisplayText(row.index, col.index);
+    const Rect rect{cell.left + TextMargin, cell.top, cell.width - 2 * TextMargin, cell.height};
+    if (text.empty() || rect.empty() || !rect.overlaps(scene_.area)) return;
+    FrameItem& item =
+        writer_.add(FrameItem::Kind::Text, rect, textColor(row.index, col.index), row.index, col.index);
+    item.alignment = grid.EffectiveAlignment(row.index, col.index);
+    item.text = std::move(text);
+}
+
+std::uint32_t FrameRegion::textColor(std::int32_t row, std::int32_t col) const {
+    if (scene_.highlighted(row)) return FrameColor::HighlightText;
+    return scene_.grid.CellForeColor(row, col).value_or(foreColor_);
+}
+}  // namespace kxVsGrid::cellgrid

@@ -1,0 +1,159 @@
+// What the cells of a grid hold: texts, tags and styles, by row and column, and what each column is told
+// about its cells. Knows nothing of places, events or the current cell; rows and columns passed in exist.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cellgrid/format/CellFormat.h"
+#include "cellgrid/store/CellStyle.h"
+#include "cellgrid/store/HandlePages.h"
+#include "cellgrid/store/RowOrder.h"
+#include "cellgrid/store/RunList.h"
+#include "cellgrid/store/TextArena.h"
+#include "kxVsGrid/Enumerations.h"
+
+namespace kxVsGrid::cellgrid {
+
+struct GridColumn {
+    CellPages cells;
+    SparseRuns<StyleNumber> styles;
+    std::unique_ptr<NumberPages> numbers;  ///< what ColumnSum has read of the texts so far
+    std::unique_ptr<CellFormat> format;    ///< none while every text is shown as it is
+    mEmflexAlign alignment = flexAlignGeneral;
+    mEmflexAlign fixedAlignment = flexAlignGeneral;
+    mEmDataType dataType = flexDTEmpty;
+    bool merge = false;
+};
+
+class CellStore {
+  public:
+    /// Room for the text that a look at a cell answers.
+    struct Scratch {
+        slot::Buffer bytes;
+        std::string text;
+    };
+    /// What writing a text does.
+    enum class Effect {
+        Nothing,
+        Shown,    ///< the stored text stays (empty); something computed no longer shows
+        Changed,  ///< the stored text changes
+    };
+
+    std::int32_t rows() const { return order_.rows(); }
+    std::int32_t cols() const { return static_cast<std::int32_t>(columns_.size()); }
+    GridColumn& column(std::int32_t col) { return columns_[static_cast<std::size_t>(col)]; }
+    const GridColumn& column(std::int32_t col) const { return columns_[static_cast<std::size_t>(col)]; }
+
+    /// When one of these fails, nothing has changed.
+    void insertRows(std::int32_t row, std::int32_t n);
+    void removeRows(std::int32_t row, std::int32_t n);
+    void setCols(std::int32_t count);
+    /// Rows below this are fixed: not formatted, not numbered, not summed.
+    std::int32_t fixedRows() const { return fixedRows_; }
+    void setFixedRows(std::int32_t count) { fixedRows_ = count; }
+
+    /// The cell's text, in `scratch` or in the store; good until either changes.
+    std::string_view text(std::int32_t row, std::int32_t col, Scratch& scratch) const;
+    /// The text as the column's format shows it.
+    std::string_view displayText(std::int32_t row, std::int32_t col, Scratch& scratch) const;
+    /// What setText would do.
+    Effect effectOfText(std::int32_t row, std::int32_t col, std::string_view text) const;
+    Effect setText(std::int32_t row, std::int32_t col, std::string_view text);
+    void setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
+
+    std::string_view tag(std::int32_t row, std::int32_t col, Scratch& scratch) const;
+    /// Answers whether the stored tag changed.
+    bool setTag(std::int32_t row, std::int32_t col, std::string_view tag);
+    /// setTag and setText in one. Answers what became of the text.
+    [[gnu::always_inline]] Effect setCell(std::int32_t row, std::int32_t col, std::string_view text,
+                                          const std::string_view& tag) {
+        // What filling a table does: both texts into a cell that holds nothing, in a page that is there.
+        const RowHandle handle = order_.handle(row);
+        GridColumn& c = column(col);
+        if (handle == NoHandle || text.empty() || tag.empty() || c.numbers) [[unlikely]]
+            return overwrite(row, col, text, tag);
+        CellPages::Page* const page = c.cells.find(handle);
+        if (!page || !page->hasRoom(handle)) [[unlikely]]
+            return overwrite(row, col, text, tag);
+        c.cells.fill(*page, CellPages::Tag, handle, arena_.store(tag));
+        c.cells.fill(*page, CellPages::Text, handle, arena_.store(text));
+        return Effect::Changed;
+    }
+
+    /// Empties texts and tags of the rows [row, row + n).
+    void clearTexts(std::int32_t row, std::int32_t n);
+    /// From now on column 0 answers the numbers of the data rows where no text is stored; those stored in
+    /// data rows are dropped.
+    void numberRows();
+    /// Column 0 answers what was written there again.
+    void endRowNumbers();
+
+    const CellStyle& style(std::int32_t row, std::int32_t col) const {
+        return styles_[column(col).styles.at(row)];
+    }
+    /// Gives the cells of the rows [row, row + n) what `change(CellStyle&)` makes of their style. Answers
+    /// whether any of them changed.
+    template <class Change>
+    bool changeStyle(std::int32_t col, std::int32_t row, std::int32_t n, Change change) {
+        return column(col).styles.transform(row, n, [&](StyleNumber number) {
+            CellStyle style = styles_[number];
+            change(style);
+            return styles_.number(style);
+        });
+    }
+
+    /// The numbers of the displayed texts of the data rows, added up in row order.
+    double sum(std::int32_t col);
+    /// What one cell counts in the sum.
+    double number(std::int32_t row, std::int32_t col) const;
+    /// The column's format puts separators between groups of digits.
+    bool groups(std::int32_t col) const { return column(col).format && column(col).format->groups(); }
+    /// The format decides what the texts count.
+    void setFormat(std::int32_t col, std::string_view pattern);
+
+  private:
+    using Computer = std::shared_ptr<const std::function<std::string()>>;
+
+    TextSlot textSlot(std::int32_t row, std::int32_t col) const {
+        const RowHandle handle = order_.handle(row);
+        return handle == NoHandle ? slot::Empty : column(col).cells.get(CellPages::Text, handle);
+    }
+    bool numbered(std::int32_t row, std::int32_t col) const {
+        return numbered_ && col == 0 && row >= fixedRows_;
+    }
+    std::string_view slotText(TextSlot s, Scratch& scratch) const;
+    Effect effect(std::int32_t col, TextSlot old, TextSlot fresh, std::string_view text) const;
+    Effect effectOfEmpty(std::int32_t col, TextSlot old) const;
+    struct Spot;
+    Spot spot(std::int32_t row, std::int32_t col);
+    void provide(Spot& at, std::int32_t row, CellPages::Kind kind);
+    Effect overwrite(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
+    Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text);
+    bool putTag(Spot& at, std::int32_t row, std::string_view tag);
+    void putTextSlot(GridColumn& column, CellPages::Page& page, RowHandle handle, TextSlot s);
+    void releaseSlot(TextSlot s) {
+        if (!slot::isShort(s)) releaseLongSlot(s);
+    }
+    void releaseLongSlot(TextSlot s);
+    void clearColumn(GridColumn& column, std::int32_t row, std::int32_t n);
+    static double numberOf(const GridColumn& column, std::string_view text);
+    double readNumber(GridColumn& column, RowHandle handle);
+    double sumOfRowNumbers() const;
+    void compact();
+    void pack();
+
+    RowOrder order_;
+    std::vector<GridColumn> columns_;
+    TextArena arena_;
+    CellStyles styles_;
+    std::vector<Computer> computed_;           ///< by number, as the slots name them
+    std::vector<std::uint32_t> freeComputed_;  ///< numbers whose cells have another text now; room for all
+    std::int32_t fixedRows_ = 0;
+    bool numbered_ = false;
+};
+}  // namespace kxVsGrid::cellgrid

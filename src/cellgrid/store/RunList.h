@@ -1,0 +1,162 @@
+// A value per index, for long stretches of equal values: a stretch costs one run, however long it is.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "cellgrid/store/RunBlocks.h"
+
+namespace kxVsGrid::cellgrid {
+
+/// What one element of a value adds to the sequence's extent. Values that measure something overload it.
+template <class T>
+std::int64_t extentOf(const T&) {
+    return 0;
+}
+
+/// A sequence of `count()` values. Neighbouring runs always differ.
+template <class T>
+class RunList {
+  public:
+    struct Run {
+        std::int32_t count;
+        T value;
+        std::int64_t extent() const { return count * extentOf(value); }
+    };
+    using Blocks = RunBlocks<Run>;
+    using Place = typename Blocks::Place;
+
+    std::int64_t count() const { return blocks_.count(); }
+    const Blocks& blocks() const { return blocks_; }
+
+    const T& at(std::int64_t index) const { return blocks_[blocks_.find(index)].value; }
+
+    /// Puts `n` elements of one value before `index`.
+    void insert(std::int64_t index, std::int32_t n, const T& value) {
+        if (n <= 0) return;
+        Place place = blocks_.find(index);
+        if (!blocks_.atEnd(place) && blocks_[place].value == value)
+            return blocks_.change(place, [n](Run& run) { run.count += n; });
+        if (place.first == index && !blocks_.atBegin(place)) {
+            const Place before = blocks_.previous(place);
+            if (blocks_[before].value == value)
+                return blocks_.change(before, [n](Run& run) { run.count += n; });
+        }
+        blocks_.insert(split(index), Run{n, value});
+    }
+
+    /// Takes `n` elements out.
+    void remove(std::int64_t index, std::int32_t n) {
+        Place place = blocks_.find(index);
+        while (n > 0) {
+            const std::int32_t offset = static_cast<std::int32_t>(index - place.first);
+            const std::int32_t here = std::min(n, blocks_[place].count - offset);
+            n -= here;
+            if (here == blocks_[place].count) {
+                place = blocks_.erase(place);
+            } else {
+                blocks_.change(place, [here](Run& run) { run.count -= here; });
+                if (n > 0) place = blocks_.next(place);
+            }
+        }
+        joinAt(index);
+    }
+
+    /// Gives `n` elements from `index` on the value that `map` makes of their present one. Answers whether
+    /// any of them changed.
+    template <class Map>
+    bool transform(std::int64_t index, std::int32_t n, Map map) {
+        if (n <= 0) return false;
+        bool changed = false;
+        const std::int64_t stop = index + n;
+        for (std::int64_t i = index; i < stop;) {
+            const Place place = blocks_.find(i);
+            const std::int64_t runEnd = std::min(stop, place.first + blocks_[place].count);
+            const T value = map(blocks_[place].value);
+            if (!(value == blocks_[place].value)) {
+                changed = true;
+                assign(i, runEnd, value);
+            }
+            i = runEnd;
+        }
+        return changed;
+    }
+
+  private:
+    /// Gives the elements of [first, stop), which lie in one run, another value.
+    void assign(std::int64_t first, std::int64_t stop, const T& value) {
+        split(stop);
+        const Place place = split(first);
+        blocks_.change(place, [&value](Run& run) { run.value = value; });
+        joinAt(stop);
+        joinAt(first);
+    }
+
+    /// Makes a run begin at `index` and returns its place.
+    Place split(std::int64_t index) {
+        Place place = blocks_.find(index);
+        if (place.first == index) return place;
+        const std::int32_t head = static_cast<std::int32_t>(index - place.first);
+        Run tail = blocks_[place];
+        tail.count -= head;
+        // The tail first: should there be no memory for it, the run is still whole.
+        const Place after = blocks_.insert(blocks_.next(place), tail);
+        blocks_.change(blocks_.previous(after), [head](Run& run) { run.count = head; });
+        return blocks_.find(index);
+    }
+
+    /// Joins the runs that meet at `index` when their values are equal.
+    void joinAt(std::int64_t index) {
+        if (index <= 0 || index >= blocks_.count()) return;
+        const Place place = blocks_.find(index);
+        if (place.first != index) return;
+        const Place before = blocks_.previous(place);
+        if (!(blocks_[before].value == blocks_[place].value)) return;
+        const std::int32_t n = blocks_[place].count;
+        blocks_.erase(place);
+        blocks_.change(blocks_.find(index - 1), [n](Run& run) { run.count += n; });
+    }
+
+    Blocks blocks_;
+};
+
+/// A value per index without an end: what was never set has the value T{}. Costs nothing until something is
+/// set.
+template <class T>
+class SparseRuns {
+  public:
+    T at(std::int64_t index) const { return index < runs_.count() ? runs_.at(index) : T{}; }
+
+    /// The elements from `index` on move up; the new ones have the value T{}.
+    void insert(std::int64_t index, std::int32_t n) {
+        if (index < runs_.count()) runs_.insert(index, n, T{});
+    }
+    void remove(std::int64_t index, std::int32_t n) {
+        if (index >= runs_.count()) return;
+        runs_.remove(index, static_cast<std::int32_t>(std::min<std::int64_t>(n, runs_.count() - index)));
+    }
+    template <class Map>
+    bool transform(std::int64_t index, std::int32_t n, Map map) {
+        const std::int64_t missing = index + n - runs_.count();
+        if (missing > 0) runs_.insert(runs_.count(), static_cast<std::int32_t>(missing), T{});
+        const bool changed = runs_.transform(index, n, map);
+        trim();
+        return changed;
+    }
+    bool set(std::int64_t index, std::int32_t n, const T& value) {
+        return transform(index, n, [&value](const T&) { return value; });
+    }
+    bool empty() const { return runs_.count() == 0; }
+
+  private:
+    /// Unset elements at the end are not kept.
+    void trim() {
+        const auto& blocks = runs_.blocks();
+        if (blocks.count() == 0) return;
+        const auto last = blocks.previous(blocks.end());
+        if (blocks[last].value == T{}) runs_.remove(last.first, blocks[last].count);
+    }
+
+    RunList<T> runs_;
+};
+}  // namespace kxVsGrid::cellgrid

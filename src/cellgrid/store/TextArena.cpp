@@ -1,0 +1,124 @@
+#include "cellgrid/store/TextArena.h"
+
+#include <bit>
+
+#include "support/Room.h"
+
+namespace kxVsGrid::cellgrid {
+
+namespace {
+
+/// Names are short: two or four copies of a fixed size, overlapping in the middle, are done before a call
+/// with a length that nothing predicts has begun. Texts here have eight bytes or more.
+void copyText(char* to, std::string_view text) {
+    const char* const from = text.data();
+    const std::size_t n = text.size();
+    if (n > 32) {
+        std::memcpy(to, from, n);
+    } else if (n >= 16) {
+        std::array<char, 16> head;
+        std::array<char, 16> tail;
+        std::memcpy(head.data(), from, 16);
+        std::memcpy(tail.data(), from + n - 16, 16);
+        std::memcpy(to, head.data(), 16);
+        std::memcpy(to + n - 16, tail.data(), 16);
+    } else {
+        const std::uint64_t head = slot::eightBytes(from);
+        const std::uint64_t tail = slot::eightBytes(from + n - 8);
+        std::memcpy(to, &head, 8);
+        std::memcpy(to + n - 8, &tail, 8);
+    }
+}
+}  // namespace
+
+TextSlot TextArena::storeLong(std::string_view text) {
+    if (text.size() > MaxInChunk) return storeBig(text);
+    const std::uint32_t reference = take(unitsFor(text.size()));
+    used_ += text.size();
+    copyText(at(reference), text);
+    return slot::Arena | (TextSlot{text.size()} << 32) | reference;
+}
+
+TextSlot TextArena::storeBig(std::string_view text) {
+    Big big{std::unique_ptr<char[]>(new char[text.size()]), text.size()};
+    std::memcpy(big.bytes.get(), text.data(), text.size());
+    if (freeBig_.empty()) {
+        support::makeRoom(freeBig_, big_.size() + 1);
+        big_.push_back(std::move(big));
+        used_ += text.size();
+        return slot::Big | (big_.size() - 1);
+    }
+    used_ += text.size();
+    const std::uint32_t number = freeBig_.back();
+    freeBig_.pop_back();
+    big_[number] = std::move(big);
+    return slot::Big | number;
+}
+
+void TextArena::releaseLong(TextSlot s) {
+    used_ -= longText(s).size();
+    if (slot::kind(s) == slot::kind(slot::Arena))
+        return free(slot::reference(s), unitsFor(slot::arenaLength(s)));
+    big_[slot::reference(s)] = {};
+    freeBig_.push_back(slot::reference(s));
+}
+
+std::string_view TextArena::longText(TextSlot s) const {
+    if (slot::kind(s) == slot::kind(slot::Arena)) return {at(slot::reference(s)), slot::arenaLength(s)};
+    if (slot::kind(s) != slot::kind(slot::Big)) return {};
+    const Big& big = big_[slot::reference(s)];
+    return {big.bytes.get(), big.length};
+}
+
+std::size_t TextArena::footprint() const {
+    std::size_t bytes = chunks_.size() * ChunkUnits * Unit;
+    for (const Big& big : big_) bytes += big.length;
+    return bytes;
+}
+
+std::uint32_t TextArena::take(std::uint32_t units) {
+    const std::uint32_t same = freed_[units];
+    if (same != None) {
+        std::memcpy(&freed_[units], at(same), Unit);
+        if (freed_[units] == None) freedSizes_[units / 64] &= ~(std::uint64_t{1} << (units % 64));
+        return same;
+    }
+    if (freshEnd_ - fresh_ < units) {
+        const std::uint32_t larger = takeLarger(units);
+        if (larger != None) return larger;
+        addChunk();
+    }
+    const std::uint32_t reference = fresh_;
+    fresh_ += units;
+    return reference;
+}
+
+/// Cuts the block from a freed larger one, whose rest is freed in turn.
+std::uint32_t TextArena::takeLarger(std::uint32_t units) {
+    for (std::size_t word = (units + 1) / 64; word < freedSizes_.size(); ++word) {
+        std::uint64_t sizes = freedSizes_[word];
+        if (word == (units + 1) / 64) sizes &= ~std::uint64_t{0} << ((units + 1) % 64);
+        if (sizes == 0) continue;
+        const auto size =
+            static_cast<std::uint32_t>(word * 64 + static_cast<std::size_t>(std::countr_zero(sizes)));
+        const std::uint32_t reference = take(size);
+        free(reference + units, size - units);
+        return reference;
+    }
+    return None;
+}
+
+void TextArena::addChunk() {
+    if (fresh_ < freshEnd_) free(fresh_, freshEnd_ - fresh_);
+    fresh_ = freshEnd_;  // should the next line throw, nothing is handed out twice
+    chunks_.push_back(std::unique_ptr<char[]>(new char[ChunkUnits * Unit]));
+    fresh_ = static_cast<std::uint32_t>(chunks_.size() - 1) * ChunkUnits;
+    freshEnd_ = fresh_ + ChunkUnits;
+}
+
+void TextArena::free(std::uint32_t reference, std::uint32_t units) {
+    std::memcpy(at(reference), &freed_[units], Unit);
+    freed_[units] = reference;
+    freedSizes_[units / 64] |= std::uint64_t{1} << (units % 64);
+}
+}  // namespace kxVsGrid::cellgrid

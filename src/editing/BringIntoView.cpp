@@ -1,0 +1,27 @@
+#include "grid/input/BringIntoView.h"
+
+namespace kxVsGrid::events {
+
+void bringCurrentRowIntoView(CellGrid& grid) {
+    const std::int32_t row = grid.Row();
+    if (row < grid.FixedRows() || grid.RowHidden(row)) return;
+    grid.TopRow(grid.TopRowToShow(row, grid.ClientHeight() - grid.BottomStrip()));
+    // The fixed area counts as so many rows of the first one's height, which may be more than it takes.
+    const std::int64_t fixedArea =
+        grid.FixedRows() > 0 ? std::int64_t{grid.RowHeight(0)} * grid.FixedRows() : 0;
+    const std::int32_t bottom = grid.ClientHeight() - grid.BottomStrip();
+    while (grid.FixedRows() > 0 && grid.TopRow() > grid.FixedRows() && grid.CellTop() < fixedArea) {
+        const std::int32_t before = grid.TopRow();
+        const std::int64_t above = grid.RowHidden(before - 1) ? 0 : grid.RowHeight(before - 1);
+        if (grid.CellTop() + above + grid.CellHeight() > bottom) break;
+        grid.TopRow(before - 1);
+        if (grid.TopRow() == before) break;
+    }
+}
+
+void bringCurrentColIntoView(CellGrid& grid) {
+    const std::int32_t col = grid.Col();
+    if (col < grid.FixedCols() || grid.ColHidden(col)) return;
+    grid.LeftCol(grid.LeftColToShow(col, grid.ClientWidth()));
+}
+}  // namespace kxVsGrid::events

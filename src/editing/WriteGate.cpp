@@ -1,0 +1,32 @@
+#include "editing/WriteGate.h"
+
+#include "columns/EditableColumn.h"
+#include "kxVsGrid/mbasTxt.h"
+#include "support/Numbers.h"
+#include "support/Text.h"
+
+namespace kxVsGrid::editing {
+
+bool WriteGate::opens(std::int32_t row, std::int32_t col) const {
+    return c_.editable() && columns::isEditableCell(c_.grid, c_.columns, row, col);
+}
+
+FieldVerdict WriteGate::check(std::int32_t col, std::string_view text, std::string_view entryText) const {
+    if (support::trim(text) == entryText || c_.columns.at(col).i有效性判断() == 0) return {};
+    return checkField(c_, col, text);
+}
+
+std::optional<std::string> WriteGate::stored(std::int32_t col, std::string_view text) const {
+    const mEmDataType type = c_.columns.at(col).iType();
+    if (type != flexDTDouble && type != flexDTString) return std::string(text);
+    const std::string_view trimmed = support::trim(text);
+    if (type == flexDTString || trimmed.empty()) return std::string(trimmed);
+    double value = 0;
+    if (!bEvaluateExp(support::withoutGroups(trimmed, c_.grid.ColGroups(col)), value)) return std::nullopt;
+    return support::numberText(value);
+}
+
+std::string WriteGate::turnedOver(std::int32_t row, std::int32_t col) const {
+    return support::leadingNumber(c_.grid.Text(row, col)) != 0 ? "0" : "-1";
+}
+}  // namespace kxVsGrid::editing

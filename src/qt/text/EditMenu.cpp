@@ -1,0 +1,35 @@
+#include "qt/text/EditMenu.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+#include <functional>
+
+#include "qt/text/BoxParts.h"
+#include "qt/Captions.h"
+
+namespace kxVsGrid::qt {
+
+void showEditMenu(TextBoxPort& box, BoxEvents& events, const QPoint& place) {
+    const BoxState state = box.state();
+    const bool selected = state.length > 0;
+    auto* menu = new QMenu(&box.widget());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const QString& caption, bool enabled, const std::function<void()>& work) {
+        QAction* action = menu->addAction(caption);
+        action->setEnabled(enabled);
+        QObject::connect(action, &QAction::triggered, &box.widget(),
+                         [&events, &box, work] { asClerk(events, box.widget(), work); });
+    };
+    add(captions::Undo, box.canUndo(), [&box] { box.undo(); });
+    add(captions::Redo, box.canRedo(), [&box] { box.redo(); });
+    menu->addSeparator();
+    add(captions::Cut, selected, [&box] { box.cut(); });
+    add(captions::Copy, selected, [&box] { box.copy(); });
+    add(captions::Paste, !QGuiApplication::clipboard()->text().isEmpty(), [&box] { box.paste(); });
+    add(captions::Delete, selected, [&box] { box.insert({}); });
+    menu->addSeparator();
+    add(captions::SelectAll, !state.text.isEmpty(), [&box] { box.select(0, box.state().text.size()); });
+    menu->popup(place);
+}
+}  // namespace kxVsGrid::qt

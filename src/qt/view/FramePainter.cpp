@@ -1,0 +1,226 @@
+#include "qt/view/FramePainter.h"
+
+#include <QColor>
+#include <QFontMetricsF>
+#include <QPainterPath>
+#include <QPen>
+#include <algorithm>
+#include <cmath>
+
+#include "qt/text/Encoding.h"
+
+namespace kxVsGrid::qt {
+namespace {
+
+enum class Across { Left, Center, Right };
+enum class Down { Top, Center, Bottom };
+
+Across across(mEmflexAlign alignment) {
+    return static_cast<Across>(std::clamp<int>(alignment / 3, 0, 2));
+}
+Down down(mEmflexAlign alignment) {
+    return static_cast<Down>(alignment % 3);
+}
+
+double start(Across across, const QRect& rect, double width) {
+    if (across == Across::Left) return rect.left();
+    if (across == Across::Right) return std::floor(rect.left() + rect.width() - width);
+    return std::floor(rect.left() + (rect.width() - width) / 2);
+}
+
+double top(Down down, const QRect& rect, double height) {
+    if (down == Down::Top || height > rect.height()) return rect.top();
+    if (down == Down::Bottom) return std::floor(rect.top() + rect.height() - height);
+    return std::floor(rect.top() + (rect.height() - height + 1) / 2);  // as text boxes round
+}
+
+Qt::Alignment qtAlignment(mEmflexAlign alignment) {
+    constexpr Qt::AlignmentFlag horizontal[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+    constexpr Qt::AlignmentFlag vertical[] = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
+    return horizontal[static_cast<int>(across(alignment))] | vertical[static_cast<int>(down(alignment))];
+}
+
+/// A font of so many device pixels as the given one has logical ones.
+QFont onDevice(const QFont& font, double ratio) {
+    QFont result(font);
+    if (font.pointSizeF() > 0)
+        result.setPointSizeF(font.pointSizeF() * ratio);
+    else
+        result.setPixelSize(std::max(1, static_cast<int>(std::lround(font.pixelSize() * ratio))));
+    return result;
+}
+}  // namespace
+
+void FramePainter::look(const QFont& font, const SystemColors& colors, const Scale& scale,
+                        const QPaintDevice* device) {
+    colors_ = colors;
+    scale_ = scale;
+    texts_.use(onDevice(font, scale.ratio()), device);
+}
+
+void FramePainter::paint(QPainter& painter, const Frame& frame, const Rect& origin) {
+    if (!scale_) return;
+    origin_ = origin;
+    painter.save();
+    painter.scale(1 / scale_->ratio(), 1 / scale_->ratio());
+    for (const FrameItem& item : frame.items) {
+        switch (item.kind) {
+            case FrameItem::Kind::Fill:
+                fill(painter, item);
+                break;
+            case FrameItem::Kind::Line:
+                line(painter, item);
+                break;
+            case FrameItem::Kind::Text:
+                text(painter, item);
+                break;
+            case FrameItem::Kind::CheckMark:
+                checkMark(painter, item);
+                break;
+            case FrameItem::Kind::Focus:
+                focus(painter, item);
+                break;
+        }
+    }
+    startRegion(painter);
+    painter.restore();
+}
+
+QRect FramePainter::place(const Rect& rect) const {
+    const int left = scale_->devicePixel(std::int64_t{origin_.left} + rect.left);
+    const int top = scale_->devicePixel(std::int64_t{origin_.top} + rect.top);
+    const int right = scale_->devicePixel(std::int64_t{origin_.left} + rect.left + rect.width);
+    const int bottom = scale_->devicePixel(std::int64_t{origin_.top} + rect.top + rect.height);
+    return {left, top, right - left, bottom - top};
+}
+
+/// Whatever covers comes after the texts of what it may cover: those are painted first.
+void FramePainter::startRegion(QPainter& painter) {
+    if (!textsBegun_) return;
+    batches_.paint(painter, texts_);
+    grounds_.clear();
+    hostGround_ = false;
+    textsBegun_ = false;
+}
+
+void FramePainter::fill(QPainter& painter, const FrameItem& item) {
+    startRegion(painter);
+    const QRect rect = place(item.rect);
+    painter.fillRect(rect, QColor(colors_.rgb(item.color)));
+    grounds_.push_back({rect, item.color});
+    if (!SystemColors::isSystem(item.color)) hostGround_ = true;
+}
+
+void FramePainter::line(QPainter& painter, const FrameItem& item) {
+    startRegion(painter);
+    QRect rect = place(item.rect);
+    if (rect.width() >= rect.height())
+        rect.setTop(rect.bottom());
+    else
+        rect.setLeft(rect.right());
+    painter.fillRect(rect, QColor(colors_.rgb(item.color)));
+}
+
+std::uint32_t FramePainter::groundOf(const QRect& rect) const {
+    const QPoint middle = rect.center();
+    const auto found = std::find_if(grounds_.rbegin(), grounds_.rend(),
+                                    [&](const Ground& ground) { return ground.rect.contains(middle); });
+    return found == grounds_.rend() ? 0x80000005U : found->color;
+}
+
+QRgb FramePainter::textColor(const FrameItem& item, const QRect& rect) const {
+    if (!hostGround_ && SystemColors::isSystem(item.color)) return colors_.rgb(item.color);
+    return colors_.textOn(item.color, groundOf(rect));
+}
+
+void FramePainter::text(QPainter& painter, const FrameItem& item) {
+    textsBegun_ = true;
+    const QRect rect = place(item.rect);
+    const QRgb color = textColor(item, rect);
+    if (!texts_.place(item.text, glyphs_)) {
+        shapedText(painter, item, rect, color);
+        return;
+    }
+    if (static_cast<double>(GlyphTexts::width(glyphs_)) > rect.width()) elide(rect.width());
+    const double width = static_cast<double>(GlyphTexts::width(glyphs_));
+    const double x = start(across(item.alignment), rect, width);
+    const double baseline =
+        std::floor(top(down(item.alignment), rect, texts_.height()) + texts_.ascent() + 0.5);
+    batches_.add(glyphs_, x, baseline, color);
+}
+
+/// Takes characters away until the rest and the sign for it fit.
+void FramePainter::elide(double room) {
+    const auto& more = texts_.ellipsis();
+    const double rest = room - static_cast<double>(GlyphTexts::width(more));
+    while (!glyphs_.empty() && static_cast<double>(GlyphTexts::width(glyphs_)) > rest) glyphs_.pop_back();
+    const float x = GlyphTexts::width(glyphs_);
+    for (GlyphTexts::Glyph glyph : more) {
+        if (static_cast<double>(x + glyph.x + glyph.advance) > room) break;
+        glyph.x += x;
+        glyphs_.push_back(glyph);
+    }
+}
+
+void FramePainter::shapedText(QPainter& painter, const FrameItem& item, const QRect& rect, QRgb color) {
+    const QFontMetricsF metrics(texts_.font(), painter.device());
+    const QString string = linesThatFit(toQt(item.text), metrics, rect);
+    painter.save();
+    painter.setFont(texts_.font());
+    painter.setPen(QColor(color));
+    painter.setClipRect(rect, Qt::IntersectClip);
+    painter.drawText(rect, static_cast<int>(qtAlignment(item.alignment)) | Qt::TextExpandTabs, string);
+    painter.restore();
+}
+
+/// No line is cut in two: what does not fit is left out, and a sign says so.
+QString FramePainter::linesThatFit(const QString& text, const QFontMetricsF& metrics, const QRect& rect) {
+    QString string = text;
+    string.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    string.replace(u'\r', u'\n');
+    QStringList lines = string.split(u'\n');
+    const auto fitting =
+        std::max<qsizetype>(1, static_cast<qsizetype>(rect.height() / metrics.lineSpacing()));
+    if (lines.size() > fitting) {
+        lines = lines.mid(0, fitting);
+        lines.last() += u'…';
+    }
+    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, rect.width());
+    return lines.join(u'\n');
+}
+
+void FramePainter::checkMark(QPainter& painter, const FrameItem& item) {
+    constexpr double Side = 13;
+    textsBegun_ = true;
+    const QRect rect = place(item.rect);
+    const int side = std::min({scale_->deviceLength(Side), rect.width() - 2, rect.height() - 2});
+    if (side < 3) return;
+    const QRect box(rect.left() + (rect.width() - side) / 2, rect.top() + (rect.height() - side) / 2, side,
+                    side);
+    const QRgb ground = colors_.rgb(groundOf(rect));
+    const QRgb color = textColor(item, rect);
+    const int pen = scale_->deviceLength(1);
+    painter.fillRect(box, QColor(blend(ground, color, 0.55)));
+    painter.fillRect(box.adjusted(pen, pen, -pen, -pen), QColor(ground));
+    if (!item.checked) return;
+    QPainterPath tick;
+    tick.moveTo(box.left() + side * 0.23, box.top() + side * 0.52);
+    tick.lineTo(box.left() + side * 0.43, box.top() + side * 0.72);
+    tick.lineTo(box.left() + side * 0.78, box.top() + side * 0.28);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.strokePath(tick, QPen(QColor(color), side * 0.15, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void FramePainter::focus(QPainter& painter, const FrameItem& item) {
+    startRegion(painter);
+    const QRect rect = place(item.rect);
+    const int pen = std::min({scale_->deviceLength(2), rect.width() / 2, rect.height() / 2});
+    if (pen < 1) return;
+    const QColor color(colors_.rgb(item.color));
+    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), pen), color);
+    painter.fillRect(QRect(rect.left(), rect.bottom() - pen + 1, rect.width(), pen), color);
+    painter.fillRect(QRect(rect.left(), rect.top() + pen, pen, rect.height() - 2 * pen), color);
+    painter.fillRect(QRect(rect.right() - pen + 1, rect.top() + pen, pen, rect.height() - 2 * pen), color);
+}
+}  // namespace kxVsGrid::qt

@@ -1,0 +1,44 @@
+#include "qt/view/GridPainter.h"
+
+namespace kxVsGrid::qt {
+
+bool GridPainter::follow(const QWidget& widget) {
+    if (widget.palette().cacheKey() != paletteKey_) {
+        paletteKey_ = widget.palette().cacheKey();
+        colors_ = SystemColors(widget.palette());
+    }
+    const Scale now(widget);
+    const bool another = scale_ && !(scale_ == now);
+    scale_ = now;
+    frames_.look(widget.font(), colors_, now, &widget);
+    return another;
+}
+
+void GridPainter::paint(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
+                        FrameState state, Frame& frame) {
+    if (!scale_ || !scale_->pixels(origin).intersects(part)) return;
+    state.clip = scale_->twips(part);
+    state.clip.left -= origin.left;
+    state.clip.top -= origin.top;
+    makeFrame(frame, grid, state);
+    frames_.paint(painter, frame, origin);
+}
+
+QRegion pixelsOf(const CellGrid::Damage& damage, const Rect& origin, const Scale& scale) {
+    QRegion region;
+    for (Rect rect : damage.rects) {
+        rect.left += origin.left;
+        rect.top += origin.top;
+        region += scale.pixels(rect).adjusted(-1, -1, 1, 1);
+    }
+    return region;
+}
+
+std::string cutText(const CellGrid& grid, const GridHit& hit, const TextMetrics& metrics) {
+    if (hit.part != GridHit::Part::Cell && hit.part != GridHit::Part::FixedCell) return {};
+    std::string shown = grid.DisplayText(hit.row, hit.col);
+    const std::int32_t width = metrics.textWidth(shown) + metrics.padding();
+    const bool cut = width > grid.CellRect(hit.row, hit.col).width || shown.find('\n') != std::string::npos;
+    return cut ? shown : std::string();
+}
+}  // namespace kxVsGrid::qt

@@ -1,0 +1,334 @@
+#include "qt/view/GridView.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethod>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <utility>
+
+#include "qt/access/AccessibleGrid.h"
+#include "qt/text/BoxParts.h"
+#include "qt/Captions.h"
+#include "qt/text/Encoding.h"
+#include "qt/KeyMap.h"
+#include "qt/view/MousePress.h"
+#include "qt/Stage.h"
+
+namespace kxVsGrid::qt {
+GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
+    AccessibleGrid::install();  // before anything asks for this view
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setMouseTracking(true);
+    setContextMenuPolicy(Qt::PreventContextMenu);  // the press itself goes to the control
+    setAccessibleName(captions::Grid);
+}
+
+Rect GridView::mainPlace() const {
+    const CellGrid& grid = stage_.grid().Grid();
+    return {0, 0, grid.Width(), grid.Height()};
+}
+
+// --- Painting -------------------------------------------------------------------------------------------
+
+void GridView::repaintDamage(const CellGrid::Damage& damage, const Rect& origin) {
+    if (damage.all) {
+        update();
+        return;
+    }
+    const QRegion region = pixelsOf(damage, origin, stage_.scale());
+    if (!region.isEmpty()) update(region);
+}
+
+void GridView::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    if (painter_.follow(*this))
+        QMetaObject::invokeMethod(
+            this, [this] { stage_.lookChanged(); }, Qt::QueuedConnection);
+    if (!stage_.attempt([this] { stage_.fitRows(); })) return;
+    partFailed_ = false;
+    const QRegion& region = event->region();
+    paintParts(painter, region, [&](const QRect& part) { paintPart(painter, part); });
+    const bool all = region.rectCount() == 1 && region.boundingRect().contains(rect());
+    if (!partFailed_ && all) toldFailure_ = false;
+}
+
+void GridView::paintPart(QPainter& painter, const QRect& part) {
+    const kxGrid& grid = stage_.grid();
+    const QRect corner = stage_.bars().corner();
+    paintGrid(painter, part, grid.Grid(), mainPlace(), mainFrame_);
+    if (corner.intersects(part)) painter.fillRect(corner & part, palette().color(QPalette::Window));
+    if (!grid.totalRowShown()) return;
+    paintGrid(painter, part, grid.Grid_Sum(), grid.totalRowRect(), totalFrame_);
+    paintTotalEdges(painter);
+}
+
+/// A line above the totals, and no slivers of a data row between them and the scroll bar.
+void GridView::paintTotalEdges(QPainter& painter) {
+    constexpr std::uint32_t Shadow = 0x80000010;
+    const kxGrid& grid = stage_.grid();
+    const Scale scale = stage_.scale();
+    const QRect totals = scale.pixels(grid.totalRowRect());
+    const int end = scale.pixel(grid.Grid().ClientHeight());
+    painter.fillRect(QRectF(totals.left(), totals.top(), totals.width(), 1 / scale.ratio()),
+                     QColor(painter_.colors().rgb(Shadow)));
+    painter.fillRect(QRect(totals.left(), totals.bottom() + 1, totals.width(), end - totals.bottom() - 1),
+                     QColor(painter_.colors().rgb(grid.Grid_Sum().BackColorBkg())));
+}
+
+void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
+                         Frame& frame) {
+    FrameState state;
+    state.focused = stage_.focusShown();
+    state.editorOpen = stage_.box().visible();
+    const QString failure =
+        Stage::failureOf([&] { painter_.paint(painter, part, grid, origin, state, frame); });
+    if (failure.isNull()) return;
+    painter.fillRect(stage_.scale().pixels(origin) & part,
+                     QColor(painter_.colors().rgb(grid.BackColorBkg())));
+    paintFailed(failure);
+}
+
+/// A text that cannot be computed fails with every paint: it is told once, until all has been painted again.
+void GridView::paintFailed(const QString& failure) {
+    partFailed_ = true;
+    if (std::exchange(toldFailure_, true)) return;
+    QMetaObject::invokeMethod(
+        this, [this, failure] { stage_.report(failure); }, Qt::QueuedConnection);
+}
+
+// --- Keys -----------------------------------------------------------------------------------------------
+
+bool GridView::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::FocusAboutToChange:
+            stage_.endComposition();
+            break;
+        case QEvent::ShortcutOverride: {
+            auto& key = static_cast<QKeyEvent&>(*event);
+            const bool ours =
+                claims(key) && key.key() != Qt::Key_Escape && (key.key() != Qt::Key_F2 || stage_.editsHere());
+            if (!ours && !key.matches(QKeySequence::Copy) && !key.matches(QKeySequence::Paste)) break;
+            event->accept();
+            return true;
+        }
+        case QEvent::ToolTip:
+            stage_.attempt([&] { showWholeText(static_cast<QHelpEvent&>(*event)); });
+            return true;
+        case QEvent::KeyPress: {
+            auto& key = static_cast<QKeyEvent&>(*event);
+            if (!isTab(key)) break;
+            key.accept();
+            bool used = stage_.box().composing();
+            const bool forward = isForward(key);
+            if (!used && !stage_.guarded([&](Input& input) { used = input.key(strokeOf(key)); })) return true;
+            if (!used) stage_.leaveControl(forward);
+            return true;
+        }
+        default:
+            break;
+    }
+    return QWidget::event(event);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    event->accept();
+    if (stage_.box().composing() || copyOrPaste(*event)) return;
+    KeyStroke stroke = strokeOf(*event);
+    QString further;
+    if (characters(event->text()) > 1 && !stroke.character.empty()) {
+        const QString text = toQt(stroke.character);
+        const qsizetype first = positionOf(text, 1, LineEnds::Single);
+        further = text.mid(first);
+        stroke.character = fromQt(text.left(first));
+    }
+    const bool wasOpen = stage_.box().visible();
+    bool used = false;
+    if (!stage_.guarded([&](Input& input) { used = input.key(stroke); })) return;
+    if (!further.isEmpty() && stage_.box().visible()) stage_.box().insert(further);
+    // Esc that opened nothing and toggled nothing: a dialog may have its use for it
+    const bool idle =
+        event->key() == Qt::Key_Escape && !wasOpen && !stage_.box().visible() && !stage_.togglesHere();
+    event->setAccepted(used && !idle);
+}
+
+/// What cuts a text in the editor deletes no row: it does nothing here.
+bool GridView::cutsByDelete(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Delete && event.matches(QKeySequence::Cut);
+}
+
+/// On a closed cell they are used up, whatever comes of them: they are no characters to be typed.
+bool GridView::copyOrPaste(const QKeyEvent& event) {
+    if (stage_.box().visible()) return false;
+    const CellGrid& grid = stage_.grid().Grid();
+    if (event.matches(QKeySequence::Copy)) {
+        if (grid.Row() >= 0 && grid.Col() >= 0)
+            stage_.attempt(
+                [&] { QApplication::clipboard()->setText(toQt(grid.DisplayText(grid.Row(), grid.Col()))); });
+        return true;
+    }
+    if (event.matches(QKeySequence::Paste)) {
+        stage_.paste();
+        return true;
+    }
+    return cutsByDelete(event);
+}
+
+void GridView::keyReleaseEvent(QKeyEvent* event) {
+    stage_.keyUp(*event);
+}
+
+void GridView::inputMethodEvent(QInputMethodEvent* event) {
+    stage_.composeOnGrid(*event);
+}
+
+QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    switch (query) {
+        case Qt::ImEnabled:
+            return stage_.takesTyping();
+        case Qt::ImHints:
+            return static_cast<int>(stage_.readsDigits() ? Qt::ImhPreferNumbers : Qt::ImhNone);
+        case Qt::ImFont:
+            return font();
+        default:
+            return boxQuery(query);
+    }
+}
+
+/// Of the editor, which composes for the grid; where it is closed, of the place where it would open.
+QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
+    const EditorBox& box = stage_.box();
+    const bool place = query == Qt::ImCursorRectangle || query == Qt::ImAnchorRectangle;
+    if (box.visible()) {
+        QVariant answer = box.query(query);
+        if (!place) return answer;
+        const QPoint shift = box.widget().mapTo(parentWidget(), QPoint()) - mapTo(parentWidget(), QPoint());
+        return answer.toRectF().translated(shift);
+    }
+    if (!place) return QWidget::inputMethodQuery(query);
+    const CellGrid& grid = stage_.grid().Grid();
+    if (grid.Row() < 0 || grid.Col() < 0) return QRectF();
+    const QRect pixels = stage_.scale().pixels(grid.CellRect(grid.Row(), grid.Col()));
+    return QRectF(pixels.left(), pixels.top(), 1, pixels.height());
+}
+
+// --- Mouse ----------------------------------------------------------------------------------------------
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    stage_.endComposition();
+    const BoxMeanwhile box(*this);
+    if (takesKeyboard(event->position())) press(*event, box, &Input::mouseDown);
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    press(*event, BoxMeanwhile(*this), &Input::doubleClick);
+}
+
+void GridView::press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event.position();
+    const bool alive = stage_.guarded([&](Input& input) {
+        (input.*told)(buttonsOf(event.button()), shiftOf(event.modifiers()), middle(scale, at.x()),
+                      middle(scale, at.y()));
+    });
+    if (alive && box) makeUpForRelease(*this, event);
+}
+
+/// Before a press: another grid of the window may refuse its text as it loses the keyboard. Then it keeps the
+/// keyboard, and the press reaches nobody. The editor of this grid is asked by the control itself.
+bool GridView::takesKeyboard(const QPointF& at) {
+    const QPointer<QWidget> holder(window()->focusWidget());
+    if (stage_.box().visible() || holder.isNull() || holder == this || overTotals(at)) return true;
+    const QPointer<GridView> alive(this);
+    setFocus(Qt::OtherFocusReason);
+    return alive && (holder.isNull() || window()->focusWidget() != holder);
+}
+
+bool GridView::overTotals(const QPointF& at) const {
+    const Scale scale = stage_.scale();
+    const kxGrid& grid = stage_.grid();
+    return grid.totalRowShown() && grid.totalRowRect().contains(middle(scale, at.x()), middle(scale, at.y()));
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event->position();
+    stage_.guarded([&](Input& input) {
+        input.mouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
+                      middle(scale, at.y()));
+    });
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    const Scale scale = stage_.scale();
+    const QPointF at = event->position();
+    if (event->buttons() == Qt::NoButton) showCursorFor(*event);
+    stage_.guarded([&](Input& input) {
+        input.mouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), middle(scale, at.x()),
+                        middle(scale, at.y()));
+    });
+}
+
+/// A text that does not fit its cell is shown in full while the mouse rests on it.
+void GridView::showWholeText(const QHelpEvent& event) {
+    const Scale scale = stage_.scale();
+    const kxGrid& grid = stage_.grid();
+    const std::int32_t x = middle(scale, event.pos().x());
+    const std::int32_t y = middle(scale, event.pos().y());
+    const bool totals = overTotals(event.pos());
+    const CellGrid& cells = totals ? grid.Grid_Sum() : grid.Grid();
+    const Rect origin = totals ? grid.totalRowRect() : Rect{};
+    const GridHit hit = cells.HitTest(x - origin.left, y - origin.top);
+    const bool checkBox =
+        !totals && hit.part == GridHit::Part::Cell && cells.ColDataType(hit.col) == flexDTBoolean;
+    const QString text = checkBox ? QString() : toQt(cutText(cells, hit, stage_.metrics()));
+    QToolTip::showText(event.globalPos(), text.isEmpty() ? text : text.toHtmlEscaped(), this);
+}
+
+void GridView::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    stage_.wheel(*event);
+}
+
+void GridView::showCursorFor(const QMouseEvent& event) {
+    const Scale scale = stage_.scale();
+    const std::int32_t x = middle(scale, event.position().x());
+    const std::int32_t y = middle(scale, event.position().y());
+    const GridHit hit = stage_.grid().Grid().HitTest(x, y);
+    const bool edge = !overTotals(event.position()) && hit.part == GridHit::Part::ColumnEdge;
+    if (edge == splitCursor_) return;
+    splitCursor_ = edge;
+    if (edge)
+        setCursor(Qt::SplitHCursor);
+    else
+        unsetCursor();
+}
+
+// --- Focus ----------------------------------------------------------------------------------------------
+
+void GridView::focusInEvent(QFocusEvent*) {
+    stage_.focusEntered(FocusPlace::Grid);
+}
+
+void GridView::focusOutEvent(QFocusEvent* event) {
+    stage_.focusLeft(*event);
+}
+
+bool GridView::focusNextPrevChild(bool next) {
+    stage_.leaveControl(next);
+    return true;
+}
+
+bool GridView::leave(bool forward) {
+    // The view itself must not be the next stop on the way out.
+    setFocusPolicy(Qt::NoFocus);
+    const bool left = QWidget::focusNextPrevChild(forward);
+    setFocusPolicy(Qt::TabFocus);
+    return left;
+}
+}  // namespace kxVsGrid::qt

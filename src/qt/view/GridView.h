@@ -1,0 +1,73 @@
+// The grids as they are seen and touched: paints the frames of the main grid and the total row, and hands
+// keys, mouse and input methods on. It takes no focus by a press: the control is asked first and takes it
+// itself.
+#pragma once
+
+#include <QHelpEvent>
+#include <QWidget>
+
+#include "kxVsGrid/Frame.h"
+#include "kxVsGrid/Platform.h"
+#include "qt/view/GridPainter.h"
+#include "qt/view/MousePress.h"
+
+namespace kxVsGrid::qt {
+
+class Stage;
+
+class GridView : public QWidget {
+  public:
+    GridView(Stage& stage, QWidget* parent);
+
+    Stage& stage() const { return stage_; }
+    /// Where the main grid is painted: at the very edge, like the total row, so that their columns meet. The
+    /// twip that the layout leaves free is no pixel on any screen.
+    Rect mainPlace() const;
+    /// Asks for a paint of what has been damaged of one of the grids, whose view starts at `origin`.
+    void repaintDamage(const CellGrid::Damage& damage, const Rect& origin);
+    /// Moves the keyboard to the control after (or before) the grid in the window.
+    bool leave(bool forward);
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+  private:
+    void paintPart(QPainter& painter, const QRect& part);
+    void paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
+                   Frame& frame);
+    void paintFailed(const QString& failure);
+    void paintTotalEdges(QPainter& painter);
+    using PressTold = void (Input::*)(std::int16_t, std::int16_t, std::int32_t, std::int32_t);
+    void press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told);
+    bool takesKeyboard(const QPointF& at);
+    bool overTotals(const QPointF& at) const;
+    void showWholeText(const QHelpEvent& event);
+    void showCursorFor(const QMouseEvent& event);
+    bool copyOrPaste(const QKeyEvent& event);
+    static bool cutsByDelete(const QKeyEvent& event);
+    void typeFurther(const QString& text);
+    QVariant boxQuery(Qt::InputMethodQuery query) const;
+
+    Stage& stage_;
+    GridPainter painter_;
+    Frame mainFrame_;
+    Frame totalFrame_;
+    bool splitCursor_ = false;
+    bool partFailed_ = false;   // of what is being painted
+    bool toldFailure_ = false;  // that painting fails, since it last did not
+};
+}  // namespace kxVsGrid::qt

@@ -1,0 +1,159 @@
+#include "rows/Rows.h"
+
+#include <algorithm>
+
+#include "columns/ColumnColors.h"
+#include "rows/DefaultTexts.h"
+#include "support/FirstFault.h"
+#include "support/Span.h"
+
+namespace kxVsGrid::rows {
+namespace {
+
+using totals::TotalRow;
+
+constexpr std::int32_t NewRowHeight = 300;
+/// An emptied grid keeps this many data rows to key into.
+constexpr std::int32_t FewestDataRows = 5;
+}  // namespace
+
+// --- Coming
+
+void Rows::add(std::int32_t position, bool withDefaults, bool copyData) {
+    CellGrid& grid = c_.grid;
+    bool consent = true;
+    c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
+    if (!consent) return;
+
+    support::Span automatic(AutoDefault_, withDefaults, true);
+    const std::int32_t col = grid.Col();
+    const std::int32_t current = grid.Row();
+    position = insert(position);
+    const FollowedRow made(follower_, position);
+    const FollowedRow source(follower_, current < position ? current : current + 1);
+    show(position);
+    if (grid.Col() >= 0 && made.there()) grid.Row(made.row());
+    grid.NumberRows();
+
+    if (copyData) {
+        copy(source, made);
+    } else if (grid.Col() == col && withDefaults && made.there()) {
+        entered(made.row());  // wherever the current cell is: told as a move of it to itself
+        c_.host.raise(&GridEvents::AfterRowColChange, grid.Row(), grid.Col(), grid.Row(), grid.Col());
+    }
+
+    bool keep = false;
+    c_.host.raise(&GridEvents::AfterAddRow, keep, made.row(), copyData, source.row());
+    if (copyData && !keep) empty(made);
+    c_.totals.recalculate(TotalRow::AllColumns);
+}
+
+void Rows::append() {
+    CellGrid& grid = c_.grid;
+    bool consent = false;
+    c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
+    if (!consent) return;
+    appendEmpty();
+    const std::int32_t row = grid.Rows() - 1;
+    show(row);
+    if (grid.Col() >= 0) grid.Row(row);
+    grid.NumberRows();
+}
+
+void Rows::appendIfLast(std::int32_t row) {
+    if (row < c_.grid.Rows() - 1) return;
+    bool consent = false;
+    c_.host.raise(&GridEvents::AddVsRow, row, consent);
+    if (!consent) return;
+    appendEmpty();
+    c_.grid.NumberRows();
+}
+
+/// A row never goes in between the fixed ones; a host that took rows away meanwhile gets it after the last one.
+std::int32_t Rows::insert(std::int32_t position) {
+    CellGrid& grid = c_.grid;
+    position = std::clamp(position, grid.FixedRows(), grid.Rows());
+    {
+        const TotalRow::EmptyRows emptyRow(c_.totals);
+        grid.InsertRow(position);
+    }
+    grid.RowHeight(position, NewRowHeight);
+    columns::paintRow(grid, c_.columns, position);
+    return position;
+}
+
+void Rows::show(std::int32_t row) {
+    CellGrid& grid = c_.grid;
+    if (!grid.RowIsVisible(row))
+        grid.TopRow(grid.TopRowToShow(row, grid.ClientHeight() - grid.BottomStrip()));
+}
+
+/// A host that takes one of the rows away as it hears of a change ends the copy.
+void Rows::copy(const FollowedRow& from, const FollowedRow& to) {
+    CellGrid& grid = c_.grid;
+    const auto both = [&] { return from.there() && to.there(); };
+    for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && both(); ++c) {
+        grid.Data(to.row(), c, grid.Data(from.row(), c));
+        if (both() && c < grid.Cols()) grid.Text(to.row(), c, grid.Text(from.row(), c));
+    }
+}
+
+void Rows::empty(const FollowedRow& row) {
+    CellGrid& grid = c_.grid;
+    for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && row.there(); ++c) {
+        grid.Data(row.row(), c, "");
+        if (row.there() && c < grid.Cols()) grid.Text(row.row(), c, "");
+    }
+}
+
+void Rows::entered(std::int32_t row) {
+    c_.wheel.moved();
+    if (c_.flags.Editable && AutoDefault_ && row > c_.grid.FixedRows()) {
+        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, row);
+        if (currentWritten) c_.editor.captureAndLoad();  // what was filled in is not checked unchanged
+    }
+    c_.totals.recalculate(TotalRow::AllColumns);
+}
+
+// --- Going
+
+void Rows::removeCurrent() {
+    CellGrid& grid = c_.grid;
+    bool consent = false;
+    c_.host.raise(&GridEvents::DeleteVsRow, grid.Row(), consent);
+    if (!consent || grid.Rows() <= grid.FixedRows() || grid.Row() < grid.FixedRows()) return;
+    // the only data row gives way to the first of those that refill the grid, not to a header
+    if (grid.Rows() == grid.FixedRows() + 1) appendEmpty();
+    grid.RemoveRow(grid.Row());
+    c_.editor.captureAndLoad();
+    c_.totals.recalculate(TotalRow::AllColumns);
+    refill();
+    grid.NumberRows();
+    c_.host.raise(&GridEvents::AfterDeleteVsRow);
+}
+
+void Rows::count(std::int32_t rows) {
+    CellGrid& grid = c_.grid;
+    support::FirstFault fault;
+    fault.during([&] {
+        rows = std::max(rows, grid.FixedRows());
+        if (rows < grid.Rows()) return grid.Rows(rows);
+        const TotalRow::EmptyRows emptyRows(c_.totals);
+        grid.Rows(rows);
+    });
+    if (!refill()) fault.raise();
+    grid.NumberRows();
+    columns::paintColumns(grid, c_.columns);
+    c_.totals.recalculate(TotalRow::AllColumns);
+    c_.wheel.rowsChanged();
+    fault.raise();
+}
+
+/// False when there were enough.
+bool Rows::refill() {
+    const std::int32_t fewest = c_.grid.FixedRows() + FewestDataRows;
+    if (c_.grid.Rows() >= fewest) return false;
+    while (c_.grid.Rows() < fewest) appendEmpty();
+    return true;
+}
+}  // namespace kxVsGrid::rows

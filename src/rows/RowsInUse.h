@@ -1,0 +1,13 @@
+// Where the lines of a sheet end: rows below are there to be keyed into.
+#pragma once
+
+#include <cstdint>
+
+#include "grid/input/Context.h"
+
+namespace kxVsGrid::events {
+
+/// The last row in use from `first` on; the one before `first` when there is none. The host is asked about
+/// each row from the last one up, until one is in use (GridOptions::RowInUse).
+std::int32_t lastRowInUse(const Context& context, std::int32_t first);
+}  // namespace kxVsGrid::events
