@@ -11,7 +11,7 @@ constexpr std::int32_t CaretWidth = 30;
 /// In a tall row the button is no square any more.
 constexpr std::int32_t WidestButton = 450;
 /// A cell that leaves less than so many buttons for its text is too narrow for both.
-constexpr std::int32_t FewestButtons = 3;
+constexpr std::int32_t FewestButtons = 2;
 
 EditorPlaces inside(const Rect& cell, const Rect& client, std::int32_t button) {
     const std::int32_t right = std::min(cell.right(), client.right());

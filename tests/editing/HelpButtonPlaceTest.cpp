@@ -38,7 +38,7 @@ TEST_F(HelpButtonPlace, IsBesideTheTextInAWideCell) {
 }
 
 TEST_F(HelpButtonPlace, IsOutsideACellThatIsTooNarrowForBoth) {
-    openWide(900, "");
+    openWide(800, "");
     expectToTheRight();
 }
 
@@ -66,14 +66,14 @@ TEST_F(HelpButtonPlace, MakesRoomAsTheTextGrowsAndThenStays) {
 }
 
 TEST_F(HelpButtonPlace, ComesInsideAgainWhenItsColumnIsWidened) {
-    openWide(900, "");
+    openWide(800, "");
     expectToTheRight();
     desk.dragColumn(Helped, 2000);
     expectInside();
 }
 
 TEST_F(HelpButtonPlace, IsToTheLeftAtTheEdgeOfTheView) {
-    grid.ColWidth(Helped, 900);
+    grid.ColWidth(Helped, 800);
     const Rect at = grid.Grid().CellRect(2, Helped);
     desk.resize(at.right() + 290, 3000);
     openAt(2, Helped);
@@ -99,14 +99,14 @@ TEST_F(HelpButtonPlace, CountsTheLongestOfSeveralLines) {
 }
 
 TEST_F(HelpButtonPlace, OpensTheHelpFromOutsideToo) {
-    openWide(900, "");
+    openWide(800, "");
     desk.pressHelpButton();
     EXPECT_EQ(named(heard(), "GetHelpCodeInfo").size(), 1u);
 }
 
 TEST_F(HelpButtonPlace, IsNoConcernOfColumnsWithoutHelp) {
     column(Helped).b是否提供帮助(false);
-    openWide(900, "10000000001");
+    openWide(800, "10000000001");
     EXPECT_EQ(box(), cell());
 }
 }  // namespace
