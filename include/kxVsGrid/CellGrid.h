@@ -95,6 +95,8 @@ class CellGrid {
     std::string DisplayText(std::int32_t row, std::int32_t col) const;
     std::string Data(std::int32_t row, std::int32_t col) const;
     void Data(std::int32_t row, std::int32_t col, std::string_view data);
+    /// Stores a tag without CellChanged: for a pair whose text has been told of by an event that failed.
+    void DataUntold(std::int32_t row, std::int32_t col, std::string_view data);
     /// Writes the cell's data, then its text: the same as the two calls, in less time. False, and nothing is
     /// written, when the grid has no such cell; when a listener of the first takes the cell away, the text is
     /// not written. `data` is a reference because it does not fit into registers any more: a view copied
@@ -256,8 +258,8 @@ class CellGrid {
     /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt. True when the key did
     /// something here: a listener zeroed it, or it moved or scrolled.
     bool keyDown(std::int16_t code, std::int16_t shift);
-    /// Raises KeyPress.
-    void keyPress(std::int16_t ascii);
+    /// Raises CharacterTyped and KeyPress. The character may not fit into the 16 bits.
+    void keyPress(std::int16_t ascii, std::string_view character = {});
     void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
@@ -305,6 +307,9 @@ class CellGrid {
     /// After every assignment of text or data that changes the stored value, one per slot.
     Event<std::int32_t, std::int32_t> CellChanged;
     Event<std::int16_t&, std::int16_t> KeyDown;
+    /// A key press with its whole character, before KeyPress tells of the 16 bits; 0 says that somebody has
+    /// used it up.
+    Event<std::int16_t&, std::string_view> CharacterTyped;
     Event<std::int16_t&> KeyPress;
     Event<std::int16_t, std::int16_t, float, float> MouseDown;
     Event<std::int16_t, std::int16_t, float, float> MouseMove;

@@ -38,8 +38,8 @@ void CellGrid::silence() {
     impl_->there = false;
     const auto end = [](auto&... events) { (events.disconnectAll(), ...); };
     end(BeforeRowColChange, LeaveCell, EnterCell, RowColChange, AfterRowColChange, SelChange, CellChanged,
-        KeyDown, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll, AfterUserResize,
-        AfterEdit, SizeChanged, PlacesChanged, RowMoved);
+        KeyDown, CharacterTyped, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll,
+        AfterUserResize, AfterEdit, SizeChanged, PlacesChanged, RowMoved);
 }
 
 std::int32_t CellGrid::Rows() const {

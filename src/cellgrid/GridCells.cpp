@@ -26,6 +26,11 @@ void CellGrid::Data(std::int32_t row, std::int32_t col, std::string_view data) {
     if (impl_->store.setTag(row, col, data)) CellChanged(row, col);
 }
 
+void CellGrid::DataUntold(std::int32_t row, std::int32_t col, std::string_view data) {
+    impl_->requireCell("Data", row, col);
+    impl_->store.setTag(row, col, data);
+}
+
 bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data) {
     Impl& impl = *impl_;
     const auto holds = [&] {

@@ -12,7 +12,7 @@
 #include "support/Dates.h"
 #include "support/Numbers.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::clerk {
 namespace {
 
 using TextAndTag = std::pair<std::string, std::string>;
@@ -40,8 +40,8 @@ void Fills::fill(Way way) {
     const std::int32_t col = c_.grid.Col();
     if (row < 0 || col < 0) return;
     const WaitCursor wait(c_.platform);
-    const std::string tag = cells_.readCell(row, col, false);
-    const std::string text = cells_.readCell(row, col, true);
+    const std::string tag = c_.owner.readCell(row, col, false);
+    const std::string text = c_.owner.readCell(row, col, true);
     switch (way) {
         case Series:
             return series(text);
@@ -56,7 +56,9 @@ void Fills::fill(Way way) {
 
 /// Without an end of lines a fill goes on into rows that the host appends meanwhile.
 std::int32_t Fills::lastRow(std::int32_t first) const {
-    return c_.options.FillsToLastLine() ? lastRowInUse(c_, first) : CellGrid::MaxRows;
+    return c_.options.FillsToLastLine()
+               ? rows::lastRowInUse({c_.grid, c_.columns, c_.host, c_.options, c_.defaulted}, first)
+               : CellGrid::MaxRows;
 }
 
 /// Writes what `next` answers into each cell below the current one, until it has no answer or the fill ends.
@@ -70,7 +72,7 @@ void Fills::writeBelow(Next next) {
     for (; row <= last && row < c_.grid.Rows(); ++row) {
         const std::optional<TextAndTag> value = next();
         if (!value) break;
-        if (left == 0 && cells_.setCell(row, col, value->first, value->second)) continue;
+        if (left == 0 && c_.owner.setCell(row, col, value->first, value->second)) continue;
         ++left;
     }
     if (left > 0) tellOfCellsLeft(left);
@@ -79,9 +81,8 @@ void Fills::writeBelow(Next next) {
 /// Beside the current cell, without a box: one has told of the failure.
 void Fills::tellOfCellsLeft(std::int32_t cells) const {
     if (!c_.host.there() || c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
-    const Rect cell = c_.layout.inControl(c_.grid.CellRect(c_.grid.Row(), c_.grid.Col()));
     c_.platform.showTip("填充中断，还有 " + std::to_string(cells) + " 个单元格未填充。",
-                        c_.seat.onScreen(cell));
+                        c_.owner.onScreen(c_.grid.CellRect(c_.grid.Row(), c_.grid.Col())));
 }
 
 /// Each date as text and as tag, until there is no next one.
@@ -141,4 +142,4 @@ void Fills::numberSeries() {
         return TextAndTag{support::numberText(value), "-1"};
     });
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::clerk

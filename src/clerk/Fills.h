@@ -3,20 +3,10 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
-#include "grid/input/Context.h"
+#include "clerk/ClerkContext.h"
 
-namespace kxVsGrid::events {
-
-/// Cells as hosts read and write them.
-class CellAccess {
-  public:
-    virtual ~CellAccess() = default;
-    virtual std::string readCell(std::int32_t row, std::int32_t col, bool text) = 0;
-    /// False when it failed and a box told of it.
-    virtual bool setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) = 0;
-};
+namespace kxVsGrid::clerk {
 
 /// The machine shows that it works, for as long as this lives.
 class WaitCursor {
@@ -35,7 +25,7 @@ class Fills {
     /// The numbers are those of the menu's items.
     enum Way : std::int32_t { Series = 1, Days = 2, Years = 3, Months = 4, CopyCell = 5 };
 
-    Fills(const Context& context, CellAccess& cells) : c_(context), cells_(cells) {}
+    explicit Fills(const ClerkContext& context) : c_(context) {}
 
     /// Where the cell's text does not fit the way, nothing happens. A cell that cannot be written ends it:
     /// one box tells of it, and a tip of how many cells were left.
@@ -54,7 +44,6 @@ class Fills {
     std::int32_t lastRow(std::int32_t first) const;
     std::string textAbove(const std::string& text) const;
 
-    Context c_;
-    CellAccess& cells_;
+    ClerkContext c_;
 };
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::clerk

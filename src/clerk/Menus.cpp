@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
-#include "grid/input/BringIntoView.h"
-#include "grid/input/Keys.h"
-#include "rows/RowAdder.h"
+#include "editing/BringIntoView.h"
 #include "support/Numbers.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::clerk {
 namespace {
 
 // The items by their indexes.
@@ -73,13 +71,8 @@ class DrawnOnce {
 };
 }  // namespace
 
-Menus::Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cells)
-    : c_(context),
-      rows_(rows),
-      keys_(keys),
-      fills_(context, cells),
-      rowMenu_(rowMenu()),
-      copyMenu_(copyMenu()) {}
+Menus::Menus(const ClerkContext& context)
+    : c_(context), fills_(context), rowMenu_(rowMenu()), copyMenu_(copyMenu()) {}
 
 // --- Showing
 // ---------------------------------------------------------------------------------------------------------
@@ -102,11 +95,10 @@ bool Menus::goWherePressed(std::int32_t x, std::int32_t y) {
     const bool onCell = hit.part == GridHit::Part::Cell || hit.part == GridHit::Part::FixedCell;
     if (!onCell || hit.row < grid.FixedRows()) return true;
     const std::int32_t col = hit.part == GridHit::Part::Cell ? hit.col : grid.Col();
-    const FollowedRow wanted(rows_.follower(), hit.row);
+    const rows::FollowedRow wanted(c_.rows.follower(), hit.row);
     grid.Select(hit.row, col);
     if (!wanted.there() || grid.Row() != wanted.row() || grid.Col() != col) return false;
-    bringCurrentRowIntoView(grid);
-    bringCurrentColIntoView(grid);
+    editing::bringCurrentCellIntoView(grid);
     return true;
 }
 
@@ -133,7 +125,7 @@ void Menus::popUpAt(const Rect& place, std::int16_t shift) {
 }
 
 MenuChoice Menus::popUp(const Menu& menu, const Rect& place) {
-    return c_.platform.popUp(menu, c_.seat.onScreen(c_.layout.inControl(place)));
+    return c_.platform.popUp(menu, c_.owner.onScreen(place));
 }
 
 void Menus::showRowMenu(std::int16_t shift, const Rect& place) {
@@ -189,17 +181,17 @@ void Menus::rowCommand(std::int32_t index) {
     const std::int32_t current = c_.grid.Row();
     switch (index) {
         case Add:
-            return rows_.addRow(end, true, false);
+            return c_.rows.add(end, true, false);
         case Copy:
-            return rows_.addRow(end, false, true);
+            return c_.rows.add(end, false, true);
         case Insert:
-            return rows_.addRow(current, true, false);
+            return c_.rows.add(current, true, false);
         case CopyInsert:
-            return rows_.addRow(current, false, true);
+            return c_.rows.add(current, false, true);
         case AddEmpty:
-            return rows_.addRow(end, false, false);
+            return c_.rows.add(end, false, false);
         case InsertEmpty:
-            return rows_.addRow(current, false, false);
+            return c_.rows.add(current, false, false);
         case AddSeveral:
             return addSeveral(true, true);
         case InsertSeveral:
@@ -209,7 +201,7 @@ void Menus::rowCommand(std::int32_t index) {
         case InsertSeveralEmpty:
             return addSeveral(false, false);
         case Delete:
-            if (c_.flags.Editable) keys_.deleteRow();
+            if (c_.flags.Editable) c_.rows.removeCurrent();
             return;
         default:
             return;
@@ -225,7 +217,7 @@ void Menus::addSeveral(bool atEnd, bool withDefaults) {
     const WaitCursor wait(c_.platform);
     const DrawnOnce drawn(c_.grid);
     for (double i = 0; i < rows && c_.host.there(); ++i)
-        rows_.addRow(atEnd ? c_.grid.Rows() : c_.grid.Row(), withDefaults, false);
+        c_.rows.add(atEnd ? c_.grid.Rows() : c_.grid.Row(), withDefaults, false);
 }
 
 void Menus::copyCell() {
@@ -233,4 +225,4 @@ void Menus::copyCell() {
     if (grid.Row() >= 0 && grid.Col() >= 0)
         c_.platform.clipboardText(grid.DisplayText(grid.Row(), grid.Col()));
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::clerk

@@ -3,18 +3,15 @@
 
 #include <cstdint>
 
-#include "grid/input/Context.h"
+#include "clerk/ClerkContext.h"
 #include "clerk/Fills.h"
 #include "kxVsGrid/Menu.h"
 
-namespace kxVsGrid::events {
-
-class Keys;
-class RowAdder;
+namespace kxVsGrid::clerk {
 
 class Menus {
   public:
-    Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cells);
+    explicit Menus(const ClerkContext& context);
 
     /// A press in the grid, at twips in it: the host hears of it and may cancel. A right press makes the cell
     /// that it is on the current one first, on a row number that row, and opens a menu. False when the host
@@ -40,11 +37,9 @@ class Menus {
     void addSeveral(bool atEnd, bool withDefaults);
     void copyCell();
 
-    Context c_;
-    RowAdder& rows_;
-    Keys& keys_;
+    ClerkContext c_;
     Fills fills_;
     Menu rowMenu_;
     Menu copyMenu_;
 };
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::clerk

@@ -1,6 +1,6 @@
-#include "grid/input/BringIntoView.h"
+#include "editing/BringIntoView.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::editing {
 
 void bringCurrentRowIntoView(CellGrid& grid) {
     const std::int32_t row = grid.Row();
@@ -24,4 +24,4 @@ void bringCurrentColIntoView(CellGrid& grid) {
     if (col < grid.FixedCols() || grid.ColHidden(col)) return;
     grid.LeftCol(grid.LeftColToShow(col, grid.ClientWidth()));
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::editing

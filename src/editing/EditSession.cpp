@@ -3,6 +3,7 @@
 #include <limits>
 #include <utility>
 
+#include "editing/BringIntoView.h"
 #include "editing/EditorKeys.h"
 #include "editing/ExpressionTip.h"
 #include "editing/FieldRule.h"
@@ -49,7 +50,7 @@ void EditSession::open(Focus focus) {
 
 void EditSession::show(Focus focus) {
     if (!editedCellIsCurrent()) entered_.capture(c_.grid, c_.grid.Row(), c_.grid.Col());
-    c_.owner.bringCurrentCellIntoView();
+    bringCurrentCellIntoView(c_.grid);
     load();
     box_.selectAll();
     tip_.clear();
@@ -191,8 +192,8 @@ void EditSession::refuseExpression() {
     publish();
 }
 
-/// Text and tag stay one pair: where a handler throws as it hears of the text, the tag is stored all the same, and what
-/// stands in the cell then is what the next commit starts from.
+/// Text and tag stay one pair: where a handler throws as it hears of the text, the tag is stored all the
+/// same, and what stands in the cell then is what the next commit starts from.
 void EditSession::write(const FollowedCell& cell, const std::string& text) {
     const std::string tag = box_.tag();
     try {
@@ -208,8 +209,9 @@ void EditSession::write(const FollowedCell& cell, const std::string& text) {
     if (cell.there()) written(cell);
 }
 
-/// A host that takes the cell away as it hears of the text leaves none for the tag. One that goes elsewhere has the editor
-/// mirror another cell: the tag of the edited one is the tag of before. One that writes another pair there means that.
+/// A host that takes the cell away as it hears of the text leaves none for the tag. One that goes elsewhere
+/// has the editor mirror another cell: the tag of the edited one is the tag of before. One that writes
+/// another pair there means that.
 void EditSession::writePair(const FollowedCell& cell, const std::string& text) {
     CellGrid& grid = c_.grid;
     const std::string tag = box_.tag();

@@ -18,7 +18,6 @@ class EditorOwner {
     virtual void appendIfLast(std::int32_t row) = 0;
     /// One more row through the control's public row count.
     virtual void addRowAtEnd() = 0;
-    virtual void bringCurrentCellIntoView() = 0;
     /// The editor is hidden. The keyboard goes to the grid, if the editor had it.
     virtual void editorHidden() = 0;
     /// Where a place in the control's grid lies on the screen.

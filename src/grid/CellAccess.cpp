@@ -68,7 +68,7 @@ bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view tex
     try {
         if (editor.visible()) {
             kept = shared_from_this();
-            editor.commitForHost();
+            editor.commitUnlessLocked();
         }
         const cVsControl* column = columns.find(col);
         if (!column) return true;
@@ -112,7 +112,7 @@ std::string kxGrid::read(std::int32_t Row, std::int32_t Col, CellReader reader) 
     try {
         if (p.editor.visible()) {
             kept = held();
-            p.editor.commitForHost();
+            p.editor.commitUnlessLocked();
         }
         if (!holds(p.main, Row, Col)) return {};
         return (p.main.*reader)(Row, Col);
@@ -134,7 +134,7 @@ std::string kxGrid::ReadSum(std::int32_t Col) const {
 }
 
 void kxGrid::RecalculateTotals() {
-    parts_->totals.recalculate(grid::TotalRow::AllColumns);
+    parts_->totals.recalculate(totals::TotalRow::AllColumns);
 }
 
 std::string kxGrid::Problem(std::int32_t Row, std::int32_t Col) const {

@@ -3,14 +3,15 @@
 
 #include <cstdint>
 
-#include "totals/TotalRow.h"
 #include "kxVsGrid/CellGrid.h"
+#include "totals/TotalRow.h"
 
 namespace kxVsGrid::grid {
 
 class Layout {
   public:
-    Layout(CellGrid& main, CellGrid& sums, TotalRow& totals) : main_(main), sums_(sums), totals_(totals) {}
+    Layout(CellGrid& main, CellGrid& sums, totals::TotalRow& totals)
+        : main_(main), sums_(sums), totals_(totals) {}
 
     /// Places both grids in a control of this inner size.
     void resize(std::int32_t width, std::int32_t height);
@@ -33,7 +34,7 @@ class Layout {
 
     CellGrid& main_;
     CellGrid& sums_;
-    TotalRow& totals_;
+    totals::TotalRow& totals_;
     Rect mainRect_{1, 1, 0, 0};
     Rect totalRect_;
     bool totalRowShown_ = false;

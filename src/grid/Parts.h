@@ -4,30 +4,30 @@
 #include <memory>
 #include <utility>
 
+#include "clerk/Menus.h"
+#include "columns/ColumnArray.h"
 #include "editing/EditSession.h"
 #include "editing/EditorOwner.h"
-#include "host/ControlFlags.h"
-#include "grid/input/InputRouter.h"
 #include "grid/Layout.h"
 #include "grid/Settings.h"
-#include "totals/TotalRow.h"
-#include "grid/input/Wheel.h"
-#include "columns/ColumnArray.h"
 #include "grid/input/BoxPress.h"
-#include "grid/input/Context.h"
-#include "rows/DefaultedCells.h"
-#include "host/Host.h"
+#include "grid/input/InputRouter.h"
 #include "grid/input/Keys.h"
-#include "clerk/Menus.h"
-#include "grid/input/MoveFlags.h"
 #include "grid/input/Navigation.h"
-#include "rows/RowAdder.h"
+#include "host/ControlFlags.h"
+#include "host/Host.h"
 #include "kxVsGrid/kxGrid.h"
+#include "platform/Wheel.h"
+#include "rows/DefaultedCells.h"
+#include "rows/Rows.h"
+#include "totals/TotalRow.h"
 
 namespace kxVsGrid {
 
 /// Held by every listener and member that goes on after an event, whose listener may destroy the control.
-struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_shared_from_this<kxGrid::Parts> {
+struct kxGrid::Parts : editing::EditorOwner,
+                       clerk::CommandOwner,
+                       std::enable_shared_from_this<kxGrid::Parts> {
     Parts(kxGrid& control, Platform& platform);
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
@@ -38,7 +38,7 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     void showError(std::string_view text, std::string_view title);
     void realign();
     /// A host is about to change rows or columns: what is being typed is committed. A refused text stays.
-    void commitOpenText() { editor.commitForHost(); }
+    void commitOpenText() { editor.commitUnlessLocked(); }
     /// Loading works on the grids directly: afterwards the control stands as they do.
     void settleAfterReading();
     /// The fixed area may have come over the current cell, where a clerk who is in the grid could not type
@@ -51,47 +51,15 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
     // EditorOwner
-    bool editable() const override { return flags.Editable && host.there(); }
-    void markChanged() override { flags.changed = true; }
-    void allowMoves() override { moves.MoveAllowed = true; }
+    void clerkWrote(std::int32_t row, std::int32_t col) override { defaulted.written(row, col); }
     void recalculate(std::int32_t col) override { totals.recalculate(col); }
     void appendIfLast(std::int32_t row) override { rows.appendIfLast(row); }
     void addRowAtEnd() override {
         if (host.there()) control.Rows(control.Rows() + 1);
     }
-    void bringCurrentCellIntoView() override;
-    bool escRestores() const override { return options.EscRestores(); }
     void editorHidden() override { input.editorHidden(); }
-    void raiseBeforeTextEdit() override { host.raise(&GridEvents::BeforeTextEdit); }
-    void raiseAfterEdit(std::int32_t row, std::int32_t col) override {
-        host.raise(&GridEvents::AfterEdit, row, col);
-    }
-    void raiseTxtValidBmS(const cVsControl& column, const std::string& text, std::string& code,
-                          std::string& name) override {
-        host.raise(&GridEvents::TxtValidBmS, column.s有效性判断基础(), column.s文本框对应编码字段(),
-                   column.s文本框对应名称字段(), text, code, name);
-    }
-    void showMessage(const MessageBox& box) override {
-        if (host.there()) platform.showMessage(box);
-    }
-    void raiseGetHelpCodeInfo(const std::string& code, Variant& Grid_code, Variant& GridInfo,
-                              Variant& GridData) override {
-        host.raise(&GridEvents::GetHelpCodeInfo, Variant(code), Grid_code, GridInfo, GridData);
-    }
-    void raiseUserHelpEvent(std::int32_t x, std::int32_t y, std::string& text, Variant& value) override {
-        host.raise(&GridEvents::UserHelpEvent, x, y, text, value);
-    }
-    void raiseGetHelpEdit(const std::string& component, Variant& GridData) override {
-        host.raise(&GridEvents::GetHelpEdit, component, GridData);
-    }
-    void showForm(Form& form, const Rect& anchor) override {
-        if (host.there()) platform.showForm(form, anchor);
-    }
-    Rect onScreen(const Rect& place) const override;
-    const TextMetrics& textMetrics() const override { return platform.textMetrics(); }
-    DateTime now() const override { return platform.now(); }
 
-    // CellAccess
+    // CommandOwner
     std::string readCell(std::int32_t row, std::int32_t col, bool text) override {
         return host.there() ? control.ReadCell(row, col, text) : std::string();
     }
@@ -99,34 +67,35 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
         return !host.there() || set(row, col, text, tag);
     }
 
+    // both
+    Rect onScreen(const Rect& place) const override { return seat->onScreen(layout.inControl(place)); }
+
     kxGrid& control;
-    events::Host host;
+    host::Host host;
     Platform& platform;
     CellGrid main;
     CellGrid sums;
     columns::ColumnArray columns;
-    grid::ControlFlags flags;
+    host::ControlFlags flags;
     GridOptions options;
-    events::MoveFlags moves;
-    events::DefaultedCells defaulted;
+    rows::DefaultedCells defaulted;
     std::unique_ptr<Seat> seat;
-    grid::TotalRow totals;
+    totals::TotalRow totals;
     grid::Layout layout;
-    grid::Wheel wheel;
+    platform::Wheel wheel;
     grid::Settings settings;
-    editing::Editor editor;
-    events::Context context;
-    events::Navigation navigation;
-    events::RowAdder rows;
-    events::Keys keys;
-    events::BoxPress boxPress;
-    events::Menus menus;
+    editing::EditSession editor;
+    rows::Rows rows;
+    clerk::Menus menus;
+    grid::InputContext inputContext;
+    grid::Navigation navigation;
+    grid::Keys keys;
+    grid::BoxPress boxPress;
     grid::InputRouter input;
 
   private:
     void connectMoves();
     void connectKeysAndMouse();
-    void keyDown(std::int16_t& code, std::int16_t shift);
     /// The work as a listener that keeps all this until it is done.
     template <class Work>
     auto keeping(Work work) {

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "host/ControlFlags.h"
 #include "grid/Layout.h"
+#include "host/ControlFlags.h"
 #include "kxVsGrid/kxGrid.h"
 #include "support/PropertyTable.h"
 
@@ -15,7 +15,7 @@ namespace kxVsGrid::grid {
 struct Loaded {
     CellGrid& main;
     CellGrid& sums;
-    ControlFlags& flags;
+    host::ControlFlags& flags;
     Layout& layout;
 };
 

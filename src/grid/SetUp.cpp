@@ -15,7 +15,7 @@ void applyDefinitions(CellGrid& grid, columns::ColumnArray& columns) {
     for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.ColHidden(c, !columns.at(c).bIsVisible());
 }
 
-void setUp(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
+void setUp(CellGrid& grid, columns::ColumnArray& columns, totals::TotalRow& totals) {
     grid.Redraw(PaintingOff);
     columns.resize(grid.Cols());  // there was no memory for it when the number was put
     for (std::int32_t c = 0; c < grid.Cols(); ++c) grid.FixedAlignment(c, flexAlignCenterCenter);
@@ -27,7 +27,7 @@ void setUp(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
 }
 }  // namespace
 
-void setUpGrid(CellGrid& grid, columns::ColumnArray& columns, TotalRow& totals) {
+void setUpGrid(CellGrid& grid, columns::ColumnArray& columns, totals::TotalRow& totals) {
     try {
         setUp(grid, columns, totals);
     } catch (...) {

@@ -3,10 +3,10 @@
 
 #include <string_view>
 
-#include "grid/Properties.h"
-#include "totals/TotalRow.h"
 #include "columns/ColumnArray.h"
+#include "grid/Properties.h"
 #include "kxVsGrid/PropertyBag.h"
+#include "totals/TotalRow.h"
 
 namespace kxVsGrid::grid {
 
@@ -26,8 +26,8 @@ class SettingsLoading {
 /// members.
 class Settings {
   public:
-    Settings(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns, ControlFlags& flags,
-             TotalRow& totals, Layout& layout)
+    Settings(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns, host::ControlFlags& flags,
+             totals::TotalRow& totals, Layout& layout)
         : grid_{main, sums, flags, layout}, columns_(columns), totals_(totals) {}
 
     /// Applies every value at once. What fails is thrown, and what was applied before stays.
@@ -42,6 +42,6 @@ class Settings {
 
     Loaded grid_;
     columns::ColumnArray& columns_;
-    TotalRow& totals_;
+    totals::TotalRow& totals_;
 };
 }  // namespace kxVsGrid::grid

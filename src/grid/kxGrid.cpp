@@ -1,9 +1,8 @@
 // Wiring: which collaborator hears which event of the grids.
 #include "kxVsGrid/kxGrid.h"
 
-#include "grid/Parts.h"
 #include "columns/EditableColumn.h"
-#include "grid/input/BringIntoView.h"
+#include "grid/Parts.h"
 #include "support/CurrentError.h"
 
 namespace kxVsGrid {
@@ -29,15 +28,14 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       layout(main, sums, totals),
       wheel(main),
       settings(main, sums, columns, flags, totals, layout),
-      editor(main, columns, *this, *seat),
-      context{main,   sums,  columns, host,   moves, flags,   editor,
-              totals, *seat, machine, layout, wheel, options, defaulted},
-      navigation(context),
-      rows(context, navigation),
-      keys(context, rows),
-      boxPress(context, rows),
-      menus(context, rows, keys, *this),
-      input(context, navigation, keys, boxPress, layout) {
+      editor({main, columns, host, platform, *seat, flags, options, *this}),
+      rows({main, columns, host, flags, options, editor, totals, wheel, defaulted}),
+      menus({main, columns, host, flags, options, defaulted, platform, rows, *this}),
+      inputContext{main, columns, host, flags, options, editor, rows, totals, *seat, platform},
+      navigation(inputContext),
+      keys(inputContext, menus),
+      boxPress(inputContext),
+      input(inputContext, navigation, keys, boxPress, layout) {
     columns.resize(main.Cols());
     connectMoves();
     connectKeysAndMouse();
@@ -90,9 +88,10 @@ void kxGrid::Parts::connectMoves() {
 }
 
 void kxGrid::Parts::connectKeysAndMouse() {
-    main.KeyDown.connect(keeping([this](std::int16_t& code, std::int16_t shift) { keyDown(code, shift); }));
-    main.KeyPress.connect(
-        keeping([this](std::int16_t& ascii) { keys.keyPress(ascii, input.typedCharacter(ascii)); }));
+    main.KeyDown.connect(
+        keeping([this](std::int16_t& code, std::int16_t shift) { keys.keyDown(code, shift); }));
+    main.CharacterTyped.connect(keeping(
+        [this](std::int16_t& ascii, std::string_view character) { keys.keyPress(ascii, character); }));
     main.Click.connect(keeping([this] { host.raise(&GridEvents::Click); }));
     main.DblClick.connect(keeping([this] { keys.doubleClick(!boxPress.turned()); }));
     main.MouseDown.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
@@ -105,24 +104,6 @@ void kxGrid::Parts::connectKeysAndMouse() {
     main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t) { realign(); }));
     main.AfterEdit.connect(keeping(
         [this](std::int32_t row, std::int32_t col) { host.raise(&GridEvents::AfterEdit, row, col); }));
-}
-
-void kxGrid::Parts::keyDown(std::int16_t& code, std::int16_t shift) {
-    const bool menuKey = code == static_cast<std::int16_t>(Key::Menu);
-    const bool shiftF10 = code == static_cast<std::int16_t>(Key::F10) && (shift & ShiftKey) != 0;
-    if (!menuKey && !shiftF10) return keys.keyDown(code);
-    code = 0;
-    bringCurrentCellIntoView();
-    menus.open(shiftF10 ? static_cast<std::int16_t>(shift & ~ShiftKey) : shift);  // its Shift names the key
-}
-
-void kxGrid::Parts::bringCurrentCellIntoView() {
-    events::bringCurrentRowIntoView(main);
-    events::bringCurrentColIntoView(main);
-}
-
-Rect kxGrid::Parts::onScreen(const Rect& place) const {
-    return seat->onScreen(layout.inControl(place));
 }
 
 void kxGrid::Parts::realign() {
@@ -143,7 +124,7 @@ void kxGrid::Parts::settleAfterReading() {
 }
 
 void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
-    showMessage({std::string(text), MessageBox::Critical, std::string(title)});
+    if (host.there()) platform.showMessage({std::string(text), MessageBox::Critical, std::string(title)});
 }
 
 // --- Loading and saving
@@ -218,6 +199,6 @@ bool kxGrid::totalRowShown() const {
 }
 
 void kxGrid::AddRow(std::int32_t Position, bool WithDefaults, bool CopyData) {
-    held()->rows.addRow(Position, WithDefaults, CopyData);
+    held()->rows.add(Position, WithDefaults, CopyData);
 }
 }  // namespace kxVsGrid

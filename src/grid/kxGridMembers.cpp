@@ -1,56 +1,13 @@
 // The control's properties: what each reads or changes, on which of the two grids, and what the container
 // hears.
-#include <algorithm>
-#include <exception>
-
+#include "columns/ColumnColors.h"
 #include "grid/Parts.h"
 #include "grid/SetUp.h"
-#include "columns/ColumnColors.h"
+#include "support/FirstFault.h"
 
 namespace kxVsGrid {
 
-using grid::TotalRow;
-
-namespace {
-
-/// Keeps the first exception of a host's handler while what a change has begun is brought to its end.
-class FirstFault {
-  public:
-    template <class Work>
-    void during(Work work) {
-        try {
-            work();
-        } catch (...) {
-            if (!fault_) fault_ = std::current_exception();
-        }
-    }
-    void raise() const {
-        if (fault_) std::rethrow_exception(fault_);
-    }
-
-  private:
-    std::exception_ptr fault_;
-};
-
-void putRowCount(CellGrid& grid, TotalRow& totals, std::int32_t count) {
-    count = std::max(count, grid.FixedRows());
-    if (count < grid.Rows()) return grid.Rows(count);
-    const TotalRow::EmptyRows emptyRows(totals);
-    grid.Rows(count);
-}
-
-/// Also when a handler failed over the loss of the others: a grid without rows cannot be keyed into. False
-/// when there were enough.
-bool refill(CellGrid& grid) {
-    const std::int32_t fewest = grid.FixedRows() + events::RowAdder::FewestDataRows;
-    if (grid.Rows() >= fewest) return false;
-    while (grid.Rows() < fewest) {
-        grid.InsertRow(grid.Rows());
-        grid.RowHeight(grid.Rows() - 1, events::RowAdder::NewRowHeight);
-    }
-    return true;
-}
-}  // namespace
+using totals::TotalRow;
 
 // --- State
 // -----------------------------------------------------------------------------------------------------------
@@ -153,13 +110,8 @@ void kxGrid::Rows(std::int32_t count) {
     const auto kept = held();
     Parts& p = *kept;
     p.commitOpenText();
-    FirstFault fault;
-    fault.during([&] { putRowCount(p.main, p.totals, count); });
-    if (!refill(p.main)) fault.raise();
-    p.main.NumberRows();
-    columns::paintColumns(p.main, p.columns);
-    p.totals.recalculate(TotalRow::AllColumns);
-    p.wheel.rowsChanged();
+    support::FirstFault fault;
+    fault.during([&] { p.rows.count(count); });
     p.editor.place();
     fault.during([&] { p.leaveFixedArea(); });
     fault.raise();

@@ -8,7 +8,7 @@
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Platform.h"
 
-namespace kxVsGrid::grid {
+namespace kxVsGrid::platform {
 
 class Wheel {
   public:
@@ -35,4 +35,4 @@ class Wheel {
     std::unique_ptr<WheelHook> hook_;
     double divisor_ = 5;
 };
-}  // namespace kxVsGrid::grid
+}  // namespace kxVsGrid::platform

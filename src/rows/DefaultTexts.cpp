@@ -6,7 +6,7 @@
 #include "columns/CellTarget.h"
 #include "columns/EditableColumn.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::rows {
 namespace {
 
 enum class Slot { Text, Tag };
@@ -49,4 +49,4 @@ bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCe
     }
     return currentWritten;
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::rows

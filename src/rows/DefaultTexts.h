@@ -4,10 +4,10 @@
 #include <cstdint>
 
 #include "columns/ColumnArray.h"
-#include "rows/DefaultedCells.h"
 #include "kxVsGrid/CellGrid.h"
+#include "rows/DefaultedCells.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::rows {
 
 /// Gives every data cell of the row whose text is empty its column's defaults: the code default becomes the
 /// tag, the name default the text. A default "[row,column]" copies from the cell that it names, when that is
@@ -15,4 +15,4 @@ namespace kxVsGrid::events {
 /// written to. The texts are noted in `defaulted`.
 bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCells& defaulted,
                       std::int32_t row);
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::rows

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <utility>
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::rows {
 
 bool DefaultedCells::holds(std::int32_t row, std::int32_t col, std::string_view text) const {
     const auto found = rows_.find(row);
@@ -48,4 +48,4 @@ void DefaultedCells::limited(std::int32_t rows, std::int32_t cols) {
         for (auto& [row, texts] : rows_) texts.erase(texts.lower_bound(cols), texts.end());
     cols_ = cols;
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::rows

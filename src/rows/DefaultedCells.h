@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::rows {
 
 /// The cells follow their rows. Cells are written past it: a text that has changed since shows by itself, and
 /// only who writes for the host tells of texts that may be the same.
@@ -32,4 +32,4 @@ class DefaultedCells {
     std::map<std::int32_t, Texts> rows_;
     std::int32_t cols_ = 0;
 };
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::rows

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::rows {
 
 class FollowedRow;
 
@@ -59,4 +59,4 @@ inline void RowFollower::rowsLimited(std::int32_t count) {
     for (FollowedRow* const one : followed_)
         if (one->row_ >= count) one->there_ = false;
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::rows

@@ -4,7 +4,7 @@
 
 #include "support/Numbers.h"
 
-namespace kxVsGrid::grid {
+namespace kxVsGrid::totals {
 
 TotalRow::TotalRow(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns)
     : main_(main), sums_(sums), columns_(columns) {
@@ -201,4 +201,4 @@ void TotalRow::contentWillChange(std::int32_t col) {
         if (!emptyRows_ || totals_[c].writtenRow >= 0) settle(static_cast<std::int32_t>(c));
     }
 }
-}  // namespace kxVsGrid::grid
+}  // namespace kxVsGrid::totals

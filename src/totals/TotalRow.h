@@ -18,7 +18,7 @@
 #include "kxVsGrid/CellGrid.h"
 #include "support/Span.h"
 
-namespace kxVsGrid::grid {
+namespace kxVsGrid::totals {
 
 class TotalRow : private CellGrid::Watcher {
   public:
@@ -145,4 +145,4 @@ class TotalRow : private CellGrid::Watcher {
     bool emptyRows_ = false;
     OwnCells ownCells_{*this};
 };
-}  // namespace kxVsGrid::grid
+}  // namespace kxVsGrid::totals

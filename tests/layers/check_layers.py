@@ -19,15 +19,18 @@ ROWS = [
     ["support"],
     ["cellgrid"],
     ["platform"],
-    ["grid/columns"],
+    ["columns"],
+    ["host", "totals"],
     ["dialogs"],
     ["editing"],
-    ["grid", "grid/events"],
+    ["rows"],
+    ["clerk"],
+    ["grid", "grid/input"],
     ["headless", "qt"],
     ["qt/designer"],
     ["examples"],
 ]
-APART = {"headless", "qt"}
+APART = {"host", "totals", "headless", "qt"}
 OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 
 # A public header counts with the folder that implements it.
@@ -35,7 +38,8 @@ PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid Frame",
     "platform": "Platform",
-    "grid/columns": "GridEvents Options cVsControl",
+    "columns": "cVsControl",
+    "host": "GridEvents Options",
     "dialogs": "ControlPage HelpExchange HelpTable",
     "grid": "GridColumns StoredKeys kxGrid",
     "headless": "kxVsGrid",  # the umbrella stands above all that it includes
@@ -63,8 +67,8 @@ for thread_header in (
 ):
     KEPT_OUT_OF_THE_CORE[thread_header] = "the core has no threads"
 
-# These folders get references to what stands below them; only grid/ itself wires them to the control.
-COLLABORATORS = {"editing", "grid/events", "grid/columns", "dialogs"}
+# They get references to what stands below them; only grid/ itself wires them to the control.
+COLLABORATORS = {"grid/input"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:<([^>]+)>|"([^"]+)")')
 ROW_OF_LAYER = {layer: row for row, layers in enumerate(ROWS) for layer in layers}

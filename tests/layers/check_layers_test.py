@@ -30,21 +30,21 @@ class CheckLayers(unittest.TestCase):
             {
                 "include/kxVsGrid/Variant.h": "// A value.\n#include <string>\n",
                 "src/support/Text.h": "#include <string_view>\n",
-                "src/editing/Editor.h": '#include "kxVsGrid/Variant.h"\n#include "support/Text.h"\n',
-                "src/editing/Editor.cpp": '#include "Editor.h"\n',
+                "src/editing/EditSession.h": '#include "kxVsGrid/Variant.h"\n#include "support/Text.h"\n',
+                "src/editing/EditSession.cpp": '#include "EditSession.h"\n',
                 "src/grid/kxGrid.cpp": '#include "editing/EditSession.h"\n',
             }
         )
 
     def test_refuses_a_reversed_arrow(self):
         self.refuses(
-            {"src/editing/Editor.h": "", "src/support/Text.cpp": '\n#include "editing/EditSession.h"\n'},
-            "src/support/Text.cpp:2: support includes editing/Editor.h of editing, against the arrow",
+            {"src/editing/EditSession.h": "", "src/support/Text.cpp": '\n#include "editing/EditSession.h"\n'},
+            "src/support/Text.cpp:2: support includes editing/EditSession.h of editing, against the arrow",
         )
 
     def test_refuses_a_reversed_arrow_written_as_a_path_through_the_parent_folder(self):
         self.refuses(
-            {"src/grid/Parts.h": "", "src/editing/Editor.cpp": '  #  include "../grid/Parts.h"\n'}, "against the arrow"
+            {"src/grid/Parts.h": "", "src/editing/EditSession.cpp": '  #  include "../grid/Parts.h"\n'}, "against the arrow"
         )
 
     def test_counts_a_public_header_with_the_folder_that_implements_it(self):
@@ -53,7 +53,7 @@ class CheckLayers(unittest.TestCase):
                 "include/kxVsGrid/cVsControl.h": "// A column.\n",
                 "src/cellgrid/Axis.cpp": '#include "kxVsGrid/cVsControl.h"\n',
             },
-            "cellgrid includes kxVsGrid/cVsControl.h of grid/columns",
+            "cellgrid includes kxVsGrid/cVsControl.h of columns",
         )
 
     def test_sees_an_own_header_in_angle_brackets(self):
@@ -97,7 +97,7 @@ class CheckLayers(unittest.TestCase):
     def test_refuses_a_collaborator_that_includes_the_control(self):
         control = {"include/kxVsGrid/kxGrid.h": "// The control.\n"}
         self.refuses(
-            control | {"src/grid/events/Keys.cpp": '#include "kxVsGrid/kxGrid.h"\n'},
+            control | {"src/grid/input/Keys.cpp": '#include "kxVsGrid/kxGrid.h"\n'},
             "a collaborator includes kxVsGrid/kxGrid.h",
         )
         self.accepts(control | {"src/grid/SetUp.cpp": '#include "kxVsGrid/kxGrid.h"\n'})

@@ -3,9 +3,8 @@
 #include <algorithm>
 
 #include "columns/EditableColumn.h"
-#include "rows/RowAdder.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::grid {
 namespace {
 
 /// Between a box and the edges of a cell that is hardly larger.
@@ -26,7 +25,7 @@ void BoxPress::begins(std::int16_t button, std::int32_t x, std::int32_t y) {
     pressed_.reset();
     if (button != LeftButton || !c_.options.PressToggles()) return;
     const GridHit hit = c_.grid.HitTest(x, y);
-    if (isBox(hit, x, y)) pressed_.emplace(rows_.follower(), hit.row, hit.col);
+    if (isBox(hit, x, y)) pressed_.emplace(c_.rows.follower(), hit.row, hit.col);
 }
 
 bool BoxPress::isBox(const GridHit& hit, std::int32_t x, std::int32_t y) const {
@@ -45,12 +44,12 @@ bool BoxPress::isCurrent(const Pressed& pressed) const {
 void BoxPress::ends(bool goesOn) {
     if (!pressed_) return;
     const bool there = pressed_->row.there();
-    const Pressed pressed(rows_.follower(), pressed_->row.row(), pressed_->col);
+    const Pressed pressed(c_.rows.follower(), pressed_->row.row(), pressed_->col);
     pressed_.reset();
     if (!goesOn || !there || !c_.flags.Editable || !isCurrent(pressed)) return;
     if (!columns::isEditableCell(c_.grid, c_.columns, c_.grid.Row(), c_.grid.Col())) return;
     turned_ = true;
-    rows_.appendIfLast(c_.grid.Row());
+    c_.rows.appendIfLast(c_.grid.Row());
     if (isCurrent(pressed)) c_.editor.open();
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::grid

@@ -7,16 +7,14 @@
 #include <cstdint>
 #include <optional>
 
-#include "grid/input/Context.h"
+#include "grid/input/InputContext.h"
 #include "rows/FollowedRow.h"
 
-namespace kxVsGrid::events {
-
-class RowAdder;
+namespace kxVsGrid::grid {
 
 class BoxPress {
   public:
-    BoxPress(const Context& context, RowAdder& rows) : c_(context), rows_(rows) {}
+    explicit BoxPress(const InputContext& context) : c_(context) {}
 
     /// A button goes down at a place of the grid.
     void begins(std::int16_t button, std::int32_t x, std::int32_t y);
@@ -27,17 +25,16 @@ class BoxPress {
 
   private:
     struct Pressed {
-        Pressed(RowFollower& follower, std::int32_t r, std::int32_t c) : row(follower, r), col(c) {}
-        FollowedRow row;
+        Pressed(rows::RowFollower& follower, std::int32_t r, std::int32_t c) : row(follower, r), col(c) {}
+        rows::FollowedRow row;
         std::int32_t col;
     };
 
     bool isBox(const GridHit& hit, std::int32_t x, std::int32_t y) const;
     bool isCurrent(const Pressed& pressed) const;
 
-    Context c_;
-    RowAdder& rows_;
+    InputContext c_;
     std::optional<Pressed> pressed_;
     bool turned_ = false;
 };
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::grid

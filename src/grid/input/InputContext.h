@@ -1,35 +1,28 @@
-// What the handlers of the grid's events work on.
+// What the clerk's keys and presses work on.
 #pragma once
 
+#include "columns/ColumnArray.h"
 #include "editing/EditSession.h"
 #include "host/ControlFlags.h"
-#include "grid/Layout.h"
-#include "totals/TotalRow.h"
-#include "grid/input/Wheel.h"
-#include "columns/ColumnArray.h"
-#include "rows/DefaultedCells.h"
 #include "host/Host.h"
-#include "grid/input/MoveFlags.h"
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Options.h"
 #include "kxVsGrid/Platform.h"
+#include "rows/Rows.h"
+#include "totals/TotalRow.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::grid {
 
-struct Context {
+struct InputContext {
     CellGrid& grid;
-    CellGrid& sums;
     columns::ColumnArray& columns;
-    const Host& host;
-    MoveFlags& moves;
-    grid::ControlFlags& flags;
-    editing::Editor& editor;
-    grid::TotalRow& totals;
+    const host::Host& host;
+    const host::ControlFlags& flags;
+    const GridOptions& options;
+    editing::EditSession& editor;
+    rows::Rows& rows;
+    totals::TotalRow& totals;
     Seat& seat;
     Platform& platform;
-    const grid::Layout& layout;
-    const grid::Wheel& wheel;
-    const GridOptions& options;
-    DefaultedCells& defaulted;
 };
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::grid

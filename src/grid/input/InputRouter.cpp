@@ -18,18 +18,6 @@ std::int16_t asciiOf(std::string_view character) {
     return printable ? ascii : std::int16_t{-1};
 }
 
-/// Keeps the character of the key press under way for its length.
-class Typed {
-  public:
-    Typed(std::string_view& slot, std::string_view character) : slot_(slot) { slot_ = character; }
-    ~Typed() { slot_ = {}; }
-    Typed(const Typed&) = delete;
-    Typed& operator=(const Typed&) = delete;
-
-  private:
-    std::string_view& slot_;
-};
-
 /// Counts a call for its length.
 class Counted {
   public:
@@ -42,11 +30,6 @@ class Counted {
     int& count_;
 };
 }  // namespace
-
-std::string InputRouter::typedCharacter(std::int16_t ascii) const {
-    if (!typed_.empty() && asciiOf(typed_) == ascii) return std::string(typed_);
-    return support::utf8(static_cast<std::uint16_t>(ascii));
-}
 
 // --- Focus
 // -----------------------------------------------------------------------------------------------------------
@@ -115,8 +98,7 @@ bool InputRouter::gridKey(const KeyStroke& stroke) {
     bool used = keys_.asksTheHost(stroke.code);
     used = c_.grid.keyDown(stroke.code, stroke.shift) || used;
     if (!stroke.character.empty()) {
-        Typed typed(typed_, stroke.character);
-        c_.grid.keyPress(asciiOf(stroke.character));
+        c_.grid.keyPress(asciiOf(stroke.character), stroke.character);
         used = true;
     }
     return used;
@@ -162,9 +144,8 @@ void InputRouter::composing(bool underway) {
 /// A press in the grid commits an open editor first. False when the text is refused, or has been before: the
 /// press is not delivered then, and nothing moves.
 bool InputRouter::settleEditorForPress() {
-    if (!c_.editor.visible()) return true;
-    if (c_.editor.validLock() == 0 && c_.editor.commit()) return true;
-    if (c_.editor.visible()) c_.seat.giveFocus(FocusPlace::Editor);
+    if (!c_.editor.locked()) return c_.editor.commitOrStay();
+    c_.editor.giveKeyboard();
     return false;
 }
 

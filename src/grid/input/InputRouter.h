@@ -4,7 +4,6 @@
 // also when the keyboard went back to the grid meanwhile.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "editing/EditSession.h"
@@ -20,8 +19,8 @@ namespace kxVsGrid::grid {
 
 class InputRouter : public Input {
   public:
-    InputRouter(const events::Context& context, events::Navigation& navigation, events::Keys& keys,
-                events::BoxPress& boxPress, Layout& layout)
+    InputRouter(const InputContext& context, Navigation& navigation, Keys& keys, BoxPress& boxPress,
+                Layout& layout)
         : c_(context), navigation_(navigation), keys_(keys), boxPress_(boxPress), layout_(layout) {}
 
     bool active() const { return place_ != FocusPlace::Elsewhere; }
@@ -31,8 +30,6 @@ class InputRouter : public Input {
         if (underway_ == 0) takeKeyboardBack();
     }
     bool keyboardInGrid() const { return place_ == FocusPlace::Grid || place_ == FocusPlace::Editor; }
-    /// The character that the key press now under way types, for handlers that are given 16 bits of it.
-    std::string typedCharacter(std::int16_t ascii) const;
 
     void focusMoved(FocusPlace place) override;
     FocusPlace focus() const override { return place_; }
@@ -65,16 +62,15 @@ class InputRouter : public Input {
     void surfaceKey(const KeyStroke& stroke);
     bool settleEditorForPress();
 
-    events::Context c_;
-    events::Navigation& navigation_;
-    events::Keys& keys_;
-    events::BoxPress& boxPress_;
+    InputContext c_;
+    Navigation& navigation_;
+    Keys& keys_;
+    BoxPress& boxPress_;
     Layout& layout_;
     FocusPlace place_ = FocusPlace::Elsewhere;
     int underway_ = 0;  ///< calls of the machine's that are being worked off
     bool composing_ = false;
     int pressesDelivered_ = 0;  ///< of the buttons that are down, a sum of MouseButton
     bool lastPressDelivered_ = false;
-    std::string_view typed_;
 };
 }  // namespace kxVsGrid::grid

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "editing/NextCell.h"
 #include "columns/EditableColumn.h"
-#include "rows/RowAdder.h"
-#include "support/Span.h"
+#include "editing/BringIntoView.h"
+#include "editing/NextCell.h"
+#include "support/Text.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::grid {
 namespace {
 
 constexpr std::int16_t EnterCharacter = 13;
@@ -18,11 +18,18 @@ bool isPrintable(std::int16_t ascii) {
 }
 }  // namespace
 
-void Keys::keyDown(std::int16_t& code) {
+void Keys::keyDown(std::int16_t& code, std::int16_t shift) {
+    const auto key = static_cast<Key>(code);
+    if (key == Key::Menu || (key == Key::F10 && (shift & ShiftKey) != 0)) {
+        code = 0;
+        editing::bringCurrentCellIntoView(c_.grid);
+        // the Shift of Shift+F10 names the key
+        return menus_.open(key == Key::F10 ? static_cast<std::int16_t>(shift & ~ShiftKey) : shift);
+    }
     if (!c_.flags.Editable) return;
-    if (code == static_cast<std::int16_t>(Key::Insert)) insertRow();
-    if (code == static_cast<std::int16_t>(Key::Delete)) deleteRow();
-    if (code == static_cast<std::int16_t>(Key::F2) && editsHere()) {
+    if (key == Key::Insert) c_.rows.append();
+    if (key == Key::Delete) c_.rows.removeCurrent();
+    if (key == Key::F2 && editsHere()) {
         code = 0;
         editWithHelp();
     }
@@ -34,7 +41,7 @@ bool Keys::editsHere() {
 }
 
 void Keys::editWithHelp() {
-    if (!c_.editor.visible()) rows_.appendIfLast(c_.grid.Row());
+    if (!c_.editor.visible()) c_.rows.appendIfLast(c_.grid.Row());
     c_.editor.open();
     if (c_.editor.visible() && c_.columns.at(c_.grid.Col()).b是否提供帮助()) c_.editor.help();
 }
@@ -43,35 +50,6 @@ bool Keys::asksTheHost(std::int16_t code) const {
     if (!c_.flags.Editable) return false;
     if (code == static_cast<std::int16_t>(Key::Insert)) return c_.host.hears(&GridEvents::AddVsRow);
     return code == static_cast<std::int16_t>(Key::Delete) && c_.host.hears(&GridEvents::DeleteVsRow);
-}
-
-/// Always at the end; the row commands insert at the current row.
-void Keys::insertRow() {
-    CellGrid& grid = c_.grid;
-    bool consent = false;
-    c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
-    if (!consent) return;
-    rows_.appendEmptyRow();
-    const std::int32_t row = grid.Rows() - 1;
-    if (!grid.RowIsVisible(row))
-        grid.TopRow(grid.TopRowToShow(row, grid.ClientHeight() - grid.BottomStrip()));
-    if (grid.Col() >= 0) grid.Row(row);
-    grid.NumberRows();
-}
-
-void Keys::deleteRow() {
-    CellGrid& grid = c_.grid;
-    bool consent = false;
-    c_.host.raise(&GridEvents::DeleteVsRow, grid.Row(), consent);
-    if (!consent || grid.Rows() <= grid.FixedRows() || grid.Row() < grid.FixedRows()) return;
-    // the only data row gives way to the first of those that refill the grid, not to a header
-    if (grid.Rows() == grid.FixedRows() + 1) rows_.appendEmptyRow();
-    grid.RemoveRow(grid.Row());
-    c_.editor.captureAndLoad();
-    c_.totals.recalculate(grid::TotalRow::AllColumns);
-    rows_.refill();
-    grid.NumberRows();
-    c_.host.raise(&GridEvents::AfterDeleteVsRow);
 }
 
 bool Keys::isBoolean(std::int32_t col) {
@@ -91,19 +69,18 @@ void Keys::keyPress(std::int16_t& ascii, std::string_view typed) {
         if (const auto next = editing::nextEditableCell(grid, c_.columns)) grid.Select(next->row, next->col);
     } else if (isPrintable(ascii)) {
         if (grid.Row() < grid.FixedRows()) return;
-        rows_.appendIfLast(grid.Row());
+        c_.rows.appendIfLast(grid.Row());
         c_.editor.open();
-        passToEditor(typed);
+        passToEditor(typed.empty() ? support::utf8(static_cast<std::uint16_t>(ascii)) : std::string(typed));
     } else {
         if (columns::isDataCell(grid, grid.Row(), grid.Col()) && isBoolean(grid.Col()))
-            rows_.appendIfLast(grid.Row());
+            c_.rows.appendIfLast(grid.Row());
         c_.editor.open();
     }
 }
 
 /// The typed character becomes the first one in the editor, in place of what it has selected.
 void Keys::passToEditor(std::string_view typed) {
-    support::Span changing(c_.moves.ChangingRow);
     if (c_.editor.visible()) c_.seat.typeIntoEditor(typed);
     c_.platform.processPendingInput();
 }
@@ -112,8 +89,8 @@ bool Keys::openForTyping() {
     CellGrid& grid = c_.grid;
     if (c_.editor.visible()) return true;
     if (!editsHere() || isBoolean(grid.Col())) return false;
-    rows_.appendIfLast(grid.Row());
-    c_.editor.open(editing::Editor::Focus::LeaveWithGrid);
+    c_.rows.appendIfLast(grid.Row());
+    c_.editor.open(editing::EditSession::Focus::LeaveWithGrid);
     return c_.editor.visible();
 }
 
@@ -136,10 +113,10 @@ void Keys::doubleClick(bool edits) {
     if (edits && grid.Col() >= 0 && grid.Row() >= 0) {
         leaveHiddenCell();
         if (columns::isDataCell(grid, grid.Row(), grid.Col()) && isBoolean(grid.Col()))
-            rows_.appendIfLast(grid.Row());
+            c_.rows.appendIfLast(grid.Row());
         if (c_.editor.visible()) c_.editor.commit();
         c_.editor.open();
     }
     c_.host.raise(&GridEvents::DblClick);
 }
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::grid

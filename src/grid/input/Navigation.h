@@ -3,13 +3,13 @@
 
 #include <cstdint>
 
-#include "grid/input/Context.h"
+#include "grid/input/InputContext.h"
 
-namespace kxVsGrid::events {
+namespace kxVsGrid::grid {
 
 class Navigation {
   public:
-    explicit Navigation(const Context& context) : c_(context) {}
+    explicit Navigation(const InputContext& context) : c_(context) {}
 
     /// The grid has the keyboard now: a refused text gets it back. Otherwise keeps the current cell out of
     /// the fixed area.
@@ -25,8 +25,6 @@ class Navigation {
     /// Fills default texts into the entered row.
     void afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                            std::int32_t newCol);
-    /// The same for a row that was added, wherever the current cell is: told as a move of it to itself.
-    void rowAdded(std::int32_t row);
 
     /// The grid does not scroll away from an open editor; the total row stays under its columns.
     void scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol);
@@ -36,9 +34,11 @@ class Navigation {
     bool tab(bool forward);
 
   private:
-    void settleRow(std::int32_t row);
-
-    Context c_;
+    InputContext c_;
+    bool MovingInternally_ =
+        false;  ///< the control itself moves the current cell: the move brings nothing with it
+    bool leaving_ =
+        false;  ///< the host's or the clerk's move has begun: no other one begins for the keyboard
     bool scrollGuard_ = false;
 };
-}  // namespace kxVsGrid::events
+}  // namespace kxVsGrid::grid
