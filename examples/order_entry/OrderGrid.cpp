@@ -49,6 +49,8 @@ OrderGrid::OrderGrid(kxGrid& grid, Services services) : grid_(grid), services_(s
     setUpColumns();
     setUpRules();
     grid_.Options().EscRestores(true);
+    grid_.Options().EnterPassesReadOnly(true);
+    grid_.Options().PressToggles(true);
     connectEvents();
     settleLater_.setSingleShot(true);
     settleLater_.setInterval(0);

@@ -26,8 +26,22 @@ class GridOptions {
     /// one in use or to the current row.
     Event<std::int32_t, bool&> RowInUse;
 
+    /// Enter on a cell that is not editable goes to the next editable one, as it does on those that are;
+    /// where none follows it stays. False at first: Enter does nothing there.
+    bool EnterPassesReadOnly() const { return enterPassesReadOnly_; }
+    void EnterPassesReadOnly(bool passes) { enterPassesReadOnly_ = passes; }
+
+    /// A press of the left button on the drawn box of a Boolean cell turns it over, once the press has made
+    /// the cell the current one and the host has not cancelled it (`MouseDown`); the last row asks for
+    /// another one first. A double click that begins with such a press turns it over once in all. False at
+    /// first: a press only moves there.
+    bool PressToggles() const { return pressToggles_; }
+    void PressToggles(bool toggles) { pressToggles_ = toggles; }
+
   private:
     bool escRestores_ = false;
     bool fillsToLastLine_ = false;
+    bool enterPassesReadOnly_ = false;
+    bool pressToggles_ = false;
 };
 }  // namespace kxVsGrid

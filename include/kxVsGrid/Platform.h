@@ -30,7 +30,8 @@ class kxGrid;
 /// menu or a dialog in front does not count as a loss, and the machine does not report it.
 enum class FocusPlace { Elsewhere, Surface, Grid, Editor, HelpButton };
 
-/// The editor as it has to be shown: a text box over the current cell and a small button at its right edge.
+/// The editor as it has to be shown: a text box over the current cell and a small button at its right edge,
+/// or beside the cell where that is too narrow for both.
 struct EditorView {
     bool visible = false;
     bool enabled = true;
@@ -44,6 +45,9 @@ struct EditorView {
     mEmflexAlign alignment = flexAlignLeftCenter;
     Rect rect;  ///< twips, in the control; without the button
     Rect helpRect;
+    /// Why the text was refused, to be shown at the box for as long as it stands here; it takes neither keys
+    /// nor the keyboard. A machine without tips shows none.
+    std::string tip;
     std::string text;
     std::size_t selStart = 0;  ///< in characters
     std::size_t selLength = 0;
@@ -166,6 +170,8 @@ class Platform {
     virtual DateTime now() const = 0;
     /// Shows the message and waits for the clerk.
     virtual void showMessage(const MessageBox& box) = 0;
+    /// How long the side of a check box is as the machine draws it in a cell with room for it, twips.
+    virtual std::int32_t checkBoxSide() const { return 195; }
     /// Shows a line of text beside a place on the screen (twips) for a moment, and waits for nothing. A
     /// machine without such tips shows none.
     virtual void showTip(std::string_view, const Rect&) {}

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "editing/EditorKeys.h"
+#include "editing/EditorPlaces.h"
+#include "editing/ExpressionTip.h"
 #include "editing/FieldCheck.h"
 #include "editing/FieldRule.h"
 #include "editing/HelpDriver.h"
@@ -35,6 +37,7 @@ void Editor::tag(std::string_view tag) {
 void Editor::textChanged() {
     validLock_ = 0;
     refused_ = false;
+    tip_.clear();
     owner_.allowMoves();
     hiding_ = box_.text().empty();
 }
@@ -66,8 +69,10 @@ void Editor::show(Focus focus) {
     load();
     box_.selectAll();
     refused_ = false;
+    tip_.clear();
     validLock_ = 0;
     visible_ = true;
+    buttonOutside_ = false;
     publish();
     if (focus == Focus::Take) seat_.giveFocus(FocusPlace::Editor);
 }
@@ -90,6 +95,7 @@ void Editor::hide() {
         Span hiding(hiding_);
         visible_ = false;
         refused_ = false;
+        tip_.clear();
         validLock_ = 0;
         emptied_.reset();
         mirrored_.forget();
@@ -247,6 +253,7 @@ bool Editor::writeNumber(std::int32_t row, std::int32_t col) {
         grid_.Text(row, col, support::numberText(value));
         return true;
     }
+    tip_ = expressionTip(box_.text(), grid_.ColGroups(col));
     emptyRefused(row, col);
     return false;
 }
@@ -340,6 +347,23 @@ void Editor::leaveHiddenColumn() {
     if (overHiddenColumn()) drop();
 }
 
+/// A button that has made room for a long text stays where it is: it shall not jump while the clerk types.
+void Editor::placeWithButton(EditorView& view) {
+    const Rect client{0, 0, grid_.ClientWidth(), grid_.ClientHeight()};
+    const std::int32_t needed = buttonOutside_ ? std::numeric_limits<std::int32_t>::max()
+                                               : roomForText(owner_.textMetrics(), box_.text());
+    const EditorPlaces places = placesWithButton(placedOver_, client, needed);
+    view.rect = places.text;
+    view.helpRect = places.button;
+    buttonOutside_ = places.outside;
+}
+
+/// The help button stands where what is typed needs the room.
+bool Editor::buttonInTheWay() const {
+    return shown_.visible && shown_.helpButton && !buttonOutside_ &&
+           roomForText(owner_.textMetrics(), box_.text()) > shown_.rect.width;
+}
+
 /// Shows the machine what has changed.
 void Editor::publish() {
     EditorView view;
@@ -354,12 +378,11 @@ void Editor::publish() {
         view.readsDigits = column.iType() == flexDTDouble || column.iType() == flexDTDate;
         view.refused = refused_;
         view.alignment = grid_.EffectiveAlignment(row, col);
-        view.rect = placedOver_ = grid_.CellRect(row, col);
-        if (view.helpButton) {
-            const std::int32_t side = std::min(view.rect.height, view.rect.width / 2);
-            view.helpRect = {view.rect.right() - side, view.rect.top, side, view.rect.height};
-            view.rect.width -= side;
-        }
+        view.tip = tip_;
+        view.rect = grid_.CellRect(row, col);
+        if (view.rect != placedOver_) buttonOutside_ = false;
+        placedOver_ = view.rect;
+        if (view.helpButton) placeWithButton(view);
         view.text = box_.text();
         view.selStart = box_.selStart();
         view.selLength = box_.selLength();
@@ -389,7 +412,7 @@ void Editor::edited(std::string_view text, std::size_t selStart, std::size_t sel
     shown_.selStart = box_.selStart();
     shown_.selLength = box_.selLength();
     if (changed) textChanged();
-    if (wasRefused && changed) publish();
+    if (changed && (wasRefused || buttonInTheWay())) publish();
 }
 
 void Editor::selected(std::size_t selStart, std::size_t selLength) {
@@ -401,6 +424,9 @@ void Editor::selected(std::size_t selStart, std::size_t selLength) {
 
 void Editor::focusLost() {
     commitUnlessRefused();
+    if (tip_.empty()) return;
+    tip_.clear();
+    publish();
 }
 
 void Editor::help() {

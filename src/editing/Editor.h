@@ -118,6 +118,8 @@ class Editor {
     bool writeText();
     bool writeNumber(std::int32_t row, std::int32_t col);
     void takeChosen(const cVsControl& column);
+    void placeWithButton(EditorView& view);
+    bool buttonInTheWay() const;
     void publish();
 
     CellGrid& grid_;
@@ -136,7 +138,9 @@ class Editor {
     bool refused_ = false;  ///< by the check, or an expression that could not be evaluated
     bool validating_ = false;
     std::int16_t validLock_ = 0;
+    std::string tip_;  ///< why the expression was refused, while the clerk shall see it
     EditorView shown_;
-    Rect placedOver_;
+    Rect placedOver_;             ///< the cell, as it was when the editor was placed last
+    bool buttonOutside_ = false;  ///< the help button has been put beside the cell
 };
 }  // namespace kxVsGrid::editing

@@ -181,6 +181,7 @@ void InputRouter::press(std::int16_t button, std::int16_t shift, std::int32_t x,
     lastPressDelivered_ = true;
     c_.seat.giveFocus(FocusPlace::Grid);
     const Rect main = layout_.mainRect();
+    boxPress_.begins(button, x - main.left, y - main.top);
     c_.grid.mouseDown(button, shift, x - main.left, y - main.top);
 }
 

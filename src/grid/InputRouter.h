@@ -9,6 +9,7 @@
 
 #include "editing/Editor.h"
 #include "grid/Layout.h"
+#include "grid/events/BoxPress.h"
 #include "grid/events/Keys.h"
 #include "grid/events/Navigation.h"
 #include "kxVsGrid/CellGrid.h"
@@ -20,8 +21,8 @@ namespace kxVsGrid::grid {
 class InputRouter : public Input {
   public:
     InputRouter(const events::Context& context, events::Navigation& navigation, events::Keys& keys,
-                Layout& layout)
-        : c_(context), navigation_(navigation), keys_(keys), layout_(layout) {}
+                events::BoxPress& boxPress, Layout& layout)
+        : c_(context), navigation_(navigation), keys_(keys), boxPress_(boxPress), layout_(layout) {}
 
     bool active() const { return place_ != FocusPlace::Elsewhere; }
     /// Told when the editor was hidden: if it had the keyboard, the grid has it, once what the clerk did is
@@ -67,6 +68,7 @@ class InputRouter : public Input {
     events::Context c_;
     events::Navigation& navigation_;
     events::Keys& keys_;
+    events::BoxPress& boxPress_;
     Layout& layout_;
     FocusPlace place_ = FocusPlace::Elsewhere;
     int underway_ = 0;  ///< calls of the machine's that are being worked off

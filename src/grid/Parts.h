@@ -13,6 +13,7 @@
 #include "grid/TotalRow.h"
 #include "grid/Wheel.h"
 #include "grid/columns/ColumnArray.h"
+#include "grid/events/BoxPress.h"
 #include "grid/events/Context.h"
 #include "grid/events/DefaultedCells.h"
 #include "grid/events/Host.h"
@@ -118,6 +119,7 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     events::Navigation navigation;
     events::RowAdder rows;
     events::Keys keys;
+    events::BoxPress boxPress;
     events::Menus menus;
     grid::InputRouter input;
 

@@ -35,8 +35,9 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       navigation(context),
       rows(context, navigation),
       keys(context, rows),
+      boxPress(context, rows),
       menus(context, rows, keys, *this),
-      input(context, navigation, keys, layout) {
+      input(context, navigation, keys, boxPress, layout) {
     columns.resize(main.Cols());
     connectMoves();
     connectKeysAndMouse();
@@ -93,9 +94,9 @@ void kxGrid::Parts::connectKeysAndMouse() {
     main.KeyPress.connect(
         keeping([this](std::int16_t& ascii) { keys.keyPress(ascii, input.typedCharacter(ascii)); }));
     main.Click.connect(keeping([this] { host.raise(&GridEvents::Click); }));
-    main.DblClick.connect(keeping([this] { keys.doubleClick(); }));
+    main.DblClick.connect(keeping([this] { keys.doubleClick(!boxPress.turned()); }));
     main.MouseDown.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
-        menus.mouseDown(button, shift, x, y);
+        boxPress.ends(menus.mouseDown(button, shift, x, y));
     }));
     main.MouseMove.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
         wheel.mouseOver();

@@ -25,6 +25,9 @@ class Desk::DeskSeat : public Seat {
         box.selLength = editor.selLength;
         box.limit = editor.limit;
         box.multiLine = editor.multiLine;
+        const bool newTip = !editor.tip.empty() && editor.tip != station_->tip;
+        station_->tip = editor.tip;
+        if (newTip && !station_->removed) desk_.showTip(editor.tip, onScreen(editor.rect));
     }
     void typeIntoEditor(std::string_view character) override {
         if (station_->removed) return;

@@ -67,7 +67,9 @@ EditorState Desk::editor() const {
     state.selLength = view.selLength;
     state.rect = view.rect;
     state.helpButton = view.visible && view.helpButton;
+    if (state.helpButton) state.helpRect = view.helpRect;
     state.refused = view.refused;
+    state.tip = view.tip;
     return state;
 }
 

@@ -14,6 +14,7 @@ struct Desk::Station {
     kxGrid* address =
         nullptr;  ///< known before `grid` is set: a seat is taken while the control is constructed
     TextLine box;
+    std::string tip;  ///< that is shown at the editor
     bool composing = false;
     std::string composed;
     std::optional<WheelHookState> wheelHook;

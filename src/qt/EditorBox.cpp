@@ -67,6 +67,7 @@ void EditorBox::show(const EditorView& view) {
         box.show();
         box.raise();
     }
+    box.setAccessibleDescription(tip());
     if (refusedBefore != view.refused) box.update();
 }
 

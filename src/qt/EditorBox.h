@@ -28,6 +28,8 @@ class EditorBox : private BoxEvents, private Composition::Listener {
     /// Places the box again after the screen's scale has changed.
     void place();
     bool visible() const { return view_.visible; }
+    /// Why the text was refused, while that is to be shown.
+    QString tip() const { return toQt(view_.tip); }
     /// The box that is or was shown last.
     QWidget& widget() const { return port_->widget(); }
 

@@ -2,6 +2,7 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QWheelEvent>
+#include <limits>
 
 #include "qt/BoxParts.h"
 #include "qt/Captions.h"
@@ -15,6 +16,7 @@ constexpr int SideMargin = 1;
 
 LineBox::LineBox(BoxEvents& events, QWidget* parent) : QLineEdit(parent), events_(events) {
     setFrame(false);
+    setMaxLength(std::numeric_limits<int>::max());  // a column's own limit is kept by the mirror
     setFocusPolicy(Qt::ClickFocus);
     setTextMargins(SideMargin, 0, SideMargin, 0);
     setAccessibleName(captions::Editor);

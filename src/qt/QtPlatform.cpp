@@ -54,6 +54,12 @@ void QtPlatform::showMessageLater(const MessageBox& box) {
         widget_, [this, box] { showMessage(box); }, Qt::QueuedConnection);
 }
 
+/// As the painter draws it.
+std::int32_t QtPlatform::checkBoxSide() const {
+    constexpr double Pixels = 13;
+    return widget_ ? Scale(*widget_).twips(Pixels) : Platform::checkBoxSide();
+}
+
 void QtPlatform::showTip(std::string_view text, const Rect& anchor) {
     if (machine_.stage == nullptr || !widget_) return;
     QToolTip::showText(Scale(*widget_).pixels(anchor).bottomLeft(), toQt(text).toHtmlEscaped(), widget_);

@@ -26,6 +26,7 @@ class QtPlatform : public Platform {
     const TextMetrics& textMetrics() const override { return metrics_; }
     DateTime now() const override;
     void showMessage(const MessageBox& box) override;
+    std::int32_t checkBoxSide() const override;
     void showTip(std::string_view text, const Rect& anchor) override;
     std::optional<std::string> askText(const InputBox& box) override;
     void showForm(Form& form, const Rect& anchor) override;

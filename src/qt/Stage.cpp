@@ -21,6 +21,7 @@ Stage::Stage(kxGridWidget& widget)
       machine_(std::make_shared<Machine>(*this)),
       view_(new GridView(*this, &widget)),
       button_(new HelpButton(*this, &widget)),
+      tip_(new EditorTip(widget)),
       box_(std::make_unique<EditorBox>(*this, widget)),
       bars_(std::make_unique<ScrollBars>(widget, [this](std::int32_t top, std::int32_t left) {
           if (guarded([&](Input& input) { input.scrolled(top, left); }))
@@ -115,9 +116,13 @@ mEmDataType Stage::currentType() {
     return col < 0 ? flexDTEmpty : grid().VsCtrl(static_cast<std::int16_t>(col))->iType();
 }
 
-bool Stage::takesTyping() {
+bool Stage::editsHere() {
     const CellGrid& cells = grid().Grid();
-    return grid().cellEditable(cells.Row(), cells.Col()) && currentType() != flexDTBoolean;
+    return grid().cellEditable(cells.Row(), cells.Col());
+}
+
+bool Stage::takesTyping() {
+    return editsHere() && currentType() != flexDTBoolean;
 }
 
 bool Stage::readsDigits() {
@@ -156,6 +161,15 @@ void Stage::showEditor(const EditorView& view) {
     if (help) button_->setGeometry(scale().pixels(view.helpRect));
     if (help && button_->isHidden()) button_->raise();
     button_->setVisible(help);
+    showTip();
+}
+
+/// While the keyboard is elsewhere nobody needs it.
+void Stage::showTip() {
+    if (box_->visible() && focusShown_)
+        tip_->showFor(box_->widget(), box_->tip());
+    else
+        tip_->hide();
 }
 
 void Stage::typeIntoEditor(std::string_view character) {
@@ -192,6 +206,7 @@ bool Stage::owns(const QWidget* widget) const {
 void Stage::showFocus(bool focused) {
     if (focused == focusShown_) return;
     focusShown_ = focused;
+    showTip();
     view_->update();
 }
 

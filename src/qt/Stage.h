@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "qt/EditorBox.h"
+#include "qt/EditorTip.h"
 #include "qt/GridView.h"
 #include "qt/HelpButton.h"
 #include "qt/Machine.h"
@@ -95,9 +96,10 @@ class Stage {
     /// Before anybody sees them: rows are as high as the widget's font needs.
     void fitRows();
 
-    /// Whether the current cell is typed into, and what is expected there.
+    /// Whether the current cell can be edited; whether it is typed into, and what is expected there.
     bool takesTyping();
     bool readsDigits();
+    bool editsHere();
     bool togglesHere() { return currentType() == flexDTBoolean; }
 
   private:
@@ -117,6 +119,7 @@ class Stage {
     bool loseKeyboard();
     void watchFocus();
     void showFocus(bool focused);
+    void showTip();
     void watchDamage();
     void damaged();
     void repaintDamage();
@@ -128,6 +131,7 @@ class Stage {
     StoredSettings settings_;
     GridView* view_;
     HelpButton* button_;
+    EditorTip* tip_;
     std::unique_ptr<EditorBox> box_;
     std::unique_ptr<ScrollBars> bars_;
     QTimer repaint_;

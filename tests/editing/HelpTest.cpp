@@ -52,11 +52,55 @@ Lines asksFor(const char* code) {
 
 // --- Opening.
 
-TEST_F(Help, F2OnAClosedCellDoesNothing) {
+TEST_F(Help, F2OnAClosedCellOpensTheEditorAndTheHelp) {
     answer(goods());
-    for (const gEmHelpType type : {ih通用型, ih日期型, ih特殊型, ih常量型}) {
-        offer(type, "goods");
-        at(HelpRow, HelpCol);
+    fill(HelpRow, HelpCol, "A001");
+    at(HelpRow, HelpCol);
+    desk.onDialog([](LookupDialog& d) {
+        d.CodeText("A002");
+        d.Ok();
+    });
+    desk.press(Key::F2);
+    EXPECT_EQ(heard(), opens() + asksFor("goods"));
+    EXPECT_EQ(inEditor(), (Pair{"A002", "矿泉水"}));
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
+    EXPECT_EQ(text(HelpRow, HelpCol), "A001") << "chosen, not committed";
+}
+
+TEST_F(Help, F2OnAClosedCellOpensTheEditorAloneWhereTheColumnOffersNoHelp) {
+    answer(goods());
+    column(HelpCol).b是否提供帮助(false);
+    fill(HelpRow, HelpCol, "A001");
+    at(HelpRow, HelpCol);
+    desk.press(Key::F2);
+    EXPECT_EQ(heard(), opens());
+    EXPECT_TRUE(desk.dialogs().empty());
+    ASSERT_TRUE(open());
+    EXPECT_EQ(desk.editor().selLength, 4u);
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
+}
+
+TEST_F(Help, F2OnAClosedCellOfTheLastRowAsksForAnotherRowFirst) {
+    answer(goods());
+    consentToRows();
+    at(grid.Rows() - 1, HelpCol);
+    desk.press(Key::F2);
+    EXPECT_EQ(grid.Rows(), 7);
+    EXPECT_EQ(named(heard(), "AddVsRow"), asksForRow(5, false));
+    EXPECT_EQ(desk.dialogs().size(), 1u);
+    desk.press(Key::F2);
+    EXPECT_EQ(named(heard(), "AddVsRow"), Lines{}) << "the editor is open";
+}
+
+TEST_F(Help, F2OnAClosedCellThatMayNotBeEditedDoesNothing) {
+    answer(goods());
+    readOnly(HelpCol);
+    const std::function<void()> closings[] = {
+        [&] { at(HelpRow, HelpCol); },
+        [&] { column(HelpCol).bIsEditable(true), grid.Editable(false), at(HelpRow, HelpCol); },
+        [&] { grid.Editable(true), grid.Grid().Select(0, HelpCol), log.clear(); }};
+    for (const auto& close : closings) {
+        close();
         desk.press(Key::F2);
         EXPECT_EQ(heard(), Lines{});
         EXPECT_TRUE(desk.dialogs().empty());
@@ -64,6 +108,32 @@ TEST_F(Help, F2OnAClosedCellDoesNothing) {
         EXPECT_EQ(desk.focusOwner(), FocusPlace::Grid);
         EXPECT_EQ(boxes(), std::vector<MessageBox>{});
     }
+}
+
+TEST_F(Help, F2OnACheckBoxTurnsItOverAsOtherKeysDo) {
+    typed(HelpCol, flexDTBoolean);
+    at(HelpRow, HelpCol);
+    desk.press(Key::F2);
+    EXPECT_EQ(text(HelpRow, HelpCol), "-1");
+    EXPECT_FALSE(open());
+    EXPECT_TRUE(desk.dialogs().empty());
+}
+
+TEST_F(Help, F2OnAClosedCellBearsAHostThatGoesElsewhereMeanwhile) {
+    answer(goods());
+    at(HelpRow, HelpCol);
+    grid.BeforeTextEdit.connect([&] { readOnly(HelpCol); });
+    desk.press(Key::F2);
+    EXPECT_FALSE(open());
+    EXPECT_TRUE(desk.dialogs().empty());
+}
+
+TEST_F(Help, F2OnAClosedCellBearsAHostThatDestroysTheControl) {
+    answer(goods());
+    at(HelpRow, HelpCol);
+    grid.BeforeTextEdit.connect([&] { desk.remove(grid); });
+    desk.press(Key::F2);
+    desk.place();  // for the look at a failed test
 }
 
 TEST_F(Help, F2InTheEditorAsksTheHostForTheTrimmedHelpCode) {

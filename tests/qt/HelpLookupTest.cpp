@@ -43,12 +43,17 @@ TEST(HelpLookup, OpensByF2AndByTheButtonWithTheTypedTextSelected) {
     }
 }
 
-TEST(HelpLookup, DoesNotOpenOnAClosedCell) {
+TEST(HelpLookup, OpensOnAClosedCellThatMayBeEditedAndOnNoOther) {
     HelpWindow w;
-    Dialogs dialogs([](Dialog&) {});
-    w.focusCell(2, Code);
+    Dialogs dialogs([](Dialog& d) { d.press(Qt::Key_Escape); });
+    w.focusCell(2, Name);
     w.press(Qt::Key_F2);
     EXPECT_EQ(dialogs.count, 0);
+    EXPECT_FALSE(w.editorShown());
+    w.focusCell(2, Code);
+    w.press(Qt::Key_F2);
+    EXPECT_EQ(dialogs.count, 1);
+    w.expectEditing(w.text(2, Code).c_str());
 }
 
 TEST(HelpLookup, IsWorkedByKeysAlone) {

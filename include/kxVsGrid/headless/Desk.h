@@ -43,7 +43,9 @@ struct EditorState {
     std::size_t selLength = 0;
     Rect rect;
     bool helpButton = false;
+    Rect helpRect;  ///< of the button, while it is shown
     bool refused = false;
+    std::string tip;  ///< at the editor: why an expression was refused
 };
 
 /// A dialog that was shown: the name of its form, its inner size and the place that it was shown near.
@@ -152,7 +154,7 @@ class Desk : public Platform {
     // --- What was shown and asked.
     const std::vector<MessageBox>& messages() const;
     const std::vector<InputBox>& inputBoxes() const;
-    /// Texts that were shown for a moment beside a cell.
+    /// Texts that were shown for a moment beside a cell, and tips as they came up at the editor.
     const std::vector<std::string>& tips() const;
     /// The answer to the next input box that has none yet.
     Desk& answerInputBox(std::string answer);

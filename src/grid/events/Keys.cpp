@@ -18,10 +18,25 @@ bool isPrintable(std::int16_t ascii) {
 }
 }  // namespace
 
-void Keys::keyDown(std::int16_t code) {
+void Keys::keyDown(std::int16_t& code) {
     if (!c_.flags.Editable) return;
     if (code == static_cast<std::int16_t>(Key::Insert)) insertRow();
     if (code == static_cast<std::int16_t>(Key::Delete)) deleteRow();
+    if (code == static_cast<std::int16_t>(Key::F2) && editsHere()) {
+        code = 0;
+        editWithHelp();
+    }
+}
+
+bool Keys::editsHere() {
+    const CellGrid& grid = c_.grid;
+    return c_.flags.Editable && columns::isEditableCell(grid, c_.columns, grid.Row(), grid.Col());
+}
+
+void Keys::editWithHelp() {
+    if (!c_.editor.visible()) rows_.appendIfLast(c_.grid.Row());
+    c_.editor.open();
+    if (c_.editor.visible() && c_.columns.at(c_.grid.Col()).b是否提供帮助()) c_.editor.help();
 }
 
 bool Keys::asksTheHost(std::int16_t code) const {
@@ -65,7 +80,12 @@ bool Keys::isBoolean(std::int32_t col) {
 
 void Keys::keyPress(std::int16_t& ascii, std::string_view typed) {
     CellGrid& grid = c_.grid;
-    if (!c_.flags.Editable || grid.Col() < 0 || !c_.columns.at(grid.Col()).bIsEditable()) return;
+    if (!c_.flags.Editable || grid.Col() < 0) return;
+    if (!c_.columns.at(grid.Col()).bIsEditable()) {
+        if (ascii != EnterCharacter || !c_.options.EnterPassesReadOnly()) return;
+        // no header is an editable cell, whatever its column says
+        if (grid.Row() < grid.FixedRows()) return;
+    }
     if (ascii == EnterCharacter) {
         ascii = 0;
         if (const auto next = editing::nextEditableCell(grid, c_.columns)) grid.Select(next->row, next->col);
@@ -91,9 +111,7 @@ void Keys::passToEditor(std::string_view typed) {
 bool Keys::openForTyping() {
     CellGrid& grid = c_.grid;
     if (c_.editor.visible()) return true;
-    if (!c_.flags.Editable || !columns::isEditableCell(grid, c_.columns, grid.Row(), grid.Col()) ||
-        isBoolean(grid.Col()))
-        return false;
+    if (!editsHere() || isBoolean(grid.Col())) return false;
     rows_.appendIfLast(grid.Row());
     c_.editor.open(editing::Editor::Focus::LeaveWithGrid);
     return c_.editor.visible();
@@ -113,9 +131,9 @@ void Keys::leaveHiddenCell() {
     if (row < grid.Rows()) grid.Select(row, col);
 }
 
-void Keys::doubleClick() {
+void Keys::doubleClick(bool edits) {
     CellGrid& grid = c_.grid;
-    if (grid.Col() >= 0 && grid.Row() >= 0) {
+    if (edits && grid.Col() >= 0 && grid.Row() >= 0) {
         leaveHiddenCell();
         if (columns::isDataCell(grid, grid.Row(), grid.Col()) && isBoolean(grid.Col()))
             rows_.appendIfLast(grid.Row());

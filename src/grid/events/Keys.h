@@ -15,8 +15,9 @@ class Keys {
   public:
     Keys(const Context& context, RowAdder& rows) : c_(context), rows_(rows) {}
 
-    /// Insert and Delete: rows, with the host's consent.
-    void keyDown(std::int16_t code);
+    /// Insert and Delete: rows, with the host's consent. F2: the editor, and the column's help where it
+    /// offers one; `code` becomes 0 where there is something to edit.
+    void keyDown(std::int16_t& code);
     /// Whether the host is asked about the key, which then is nobody else's, whatever the answer.
     bool asksTheHost(std::int16_t code) const;
     /// Enter goes to the next editable cell; any other character opens the editor. `ascii` becomes 0 when
@@ -25,12 +26,15 @@ class Keys {
     /// Opens the editor as a typed character would, leaving the keyboard with the grid. False when it stays
     /// closed.
     bool openForTyping();
-    void doubleClick();
+    /// `edits`: nothing has been done about the first of the two presses.
+    void doubleClick(bool edits);
 
     void insertRow();
     void deleteRow();
 
   private:
+    bool editsHere();
+    void editWithHelp();
     void passToEditor(std::string_view typed);
     void leaveHiddenCell();
     bool isBoolean(std::int32_t col);

@@ -86,10 +86,12 @@ Menus::Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cel
 
 /// The commands act on the current cell, which shall be the one that the clerk points at: where it could not
 /// become the current one, no menu offers them.
-void Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
+bool Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
     const Rect place{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0};
     const bool there = button != RightButton || goWherePressed(place.left, place.top);
-    if (pressed(button, shift, x, y) && there) popUpAt(place, shift);
+    if (!letGoOn(button, shift, x, y)) return false;
+    if (button == RightButton && there) popUpAt(place, shift);
+    return true;
 }
 
 /// A row number stands for its row, in the column where the clerk is. A header and the empty area stand for
@@ -112,14 +114,14 @@ void Menus::open(std::int16_t shift) {
     const CellGrid& grid = c_.grid;
     if (grid.Row() < 0 || grid.Col() < 0) return;
     const Rect cell = grid.CellRect(grid.Row(), grid.Col());
-    if (pressed(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.top)))
+    if (letGoOn(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.top)))
         popUpAt({cell.left, cell.bottom(), 0, 0}, shift);
 }
 
-bool Menus::pressed(std::int16_t button, std::int16_t shift, float x, float y) {
+bool Menus::letGoOn(std::int16_t button, std::int16_t shift, float x, float y) {
     bool cancel = false;
     c_.host.raise(&GridEvents::MouseDown, button, shift, x, y, cancel);
-    return !cancel && button == RightButton && c_.host.there();
+    return !cancel && c_.host.there();
 }
 
 void Menus::popUpAt(const Rect& place, std::int16_t shift) {
@@ -207,7 +209,8 @@ void Menus::rowCommand(std::int32_t index) {
         case InsertSeveralEmpty:
             return addSeveral(false, false);
         case Delete:
-            return keys_.keyDown(static_cast<std::int16_t>(Key::Delete));
+            if (c_.flags.Editable) keys_.deleteRow();
+            return;
         default:
             return;
     }

@@ -17,16 +17,17 @@ class Menus {
     Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cells);
 
     /// A press in the grid, at twips in it: the host hears of it and may cancel. A right press makes the cell
-    /// that it is on the current one first, on a row number that row, and opens a menu.
-    void mouseDown(std::int16_t button, std::int16_t shift, float x, float y);
+    /// that it is on the current one first, on a row number that row, and opens a menu. False when the host
+    /// has cancelled it.
+    bool mouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     /// The same at the current cell, for the keys that open menus: the host hears of a press on it, the menu
     /// stands below it.
     void open(std::int16_t shift);
 
   private:
     bool goWherePressed(std::int32_t x, std::int32_t y);
-    /// Answers whether the host lets a menu follow.
-    bool pressed(std::int16_t button, std::int16_t shift, float x, float y);
+    /// Tells the host, and answers whether anything may follow.
+    bool letGoOn(std::int16_t button, std::int16_t shift, float x, float y);
     void popUpAt(const Rect& place, std::int16_t shift);
     void showRowMenu(std::int16_t shift, const Rect& place);
     bool someColumnHasDefaults();

@@ -98,6 +98,74 @@ TEST_F(EnterOnTheGrid, DoesNothingInAReadOnlyColumn) {
     EXPECT_EQ(current(), (Cell{1, 2}));
 }
 
+class EnterPassesReadOnly : public EnterOnTheGrid {
+  protected:
+    EnterPassesReadOnly() {
+        EXPECT_FALSE(grid.Options().EnterPassesReadOnly());
+        grid.Options().EnterPassesReadOnly(true);
+        readOnly(2);
+    }
+};
+
+TEST_F(EnterPassesReadOnly, ByGoingToTheNextEditableCell) {
+    grid.ColHidden(3, true);
+    at(1, 2);
+    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), moves(1, 2, 1, 4));
+    EXPECT_FALSE(open());
+}
+
+TEST_F(EnterPassesReadOnly, AlsoFromTheLastColumnAndOverHiddenRows) {
+    readOnly(5);
+    grid.Grid().RowHidden(3, true);
+    at(2, 5);
+    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), moves(2, 5, 4, 1));
+}
+
+TEST_F(EnterPassesReadOnly, AndReturnsToTheStartOfTheLastRowFromItsLastColumn) {
+    readOnly(5);
+    consentToRows();
+    at(5, 5);
+    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), moves(5, 5, 5, 1));
+    EXPECT_EQ(grid.Rows(), 6);
+}
+
+TEST_F(EnterPassesReadOnly, AndStaysWhereNoEditableCellFollows) {
+    for (int c : {4, 5}) readOnly(c);
+    at(5, 4);
+    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), Lines{});
+    for (int c : {1, 3}) readOnly(c);
+    at(1, 2);
+    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_EQ(current(), (Cell{1, 2}));
+}
+
+TEST_F(EnterPassesReadOnly, ButOpensNothingThereByOtherKeys) {
+    at(1, 2);
+    desk.type("x ").press(Key::Back).press(Key::Escape);
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_FALSE(open());
+}
+
+TEST_F(EnterPassesReadOnly, ButNotInAGridThatIsNotEditable) {
+    grid.Editable(false);
+    at(1, 2);
+    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), Lines{});
+}
+
+TEST_F(EnterPassesReadOnly, UnlessTheHostKeepsTheCell) {
+    at(1, 2);
+    grid.BeforeRowColChange.connect([](auto, auto, auto, auto, bool& cancel) { cancel = true; });
+    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), asks(1, 2, 1, 3));
+    EXPECT_EQ(current(), (Cell{1, 2}));
+}
+
 TEST_F(EnterOnTheGrid, DoesNothingWhenTheGridIsNotEditable) {
     grid.Editable(false);
     log.clear();
