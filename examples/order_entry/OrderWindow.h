@@ -15,6 +15,7 @@
 
 class ColumnWidths;
 class OrderHeader;
+class QAction;
 class QLabel;
 class QSettings;
 
@@ -76,6 +77,9 @@ class OrderWindow : public QMainWindow {
     void display(const Order& order);
     bool readyToSave();
     bool saveAsNew(const QString& why);
+    void store(Order& order);
+    void presetWarehouse();
+    void tellWhetherReadOnly();
     bool refusedAsApproved();
     void showWhetherApproved();
     bool refuse(const QString& why);
@@ -106,4 +110,5 @@ class OrderWindow : public QMainWindow {
     QLabel* hint_;
     QLabel* message_;
     QLabel* totals_;
+    std::vector<QAction*> changing_;  ///< what can be done to an order that is not closed
 };

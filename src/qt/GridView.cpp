@@ -17,6 +17,7 @@
 #include "qt/KeyMap.h"
 #include "qt/MousePress.h"
 #include "qt/Stage.h"
+#include "qt/Tips.h"
 
 namespace kxVsGrid::qt {
 GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
@@ -287,7 +288,7 @@ void GridView::showWholeText(const QHelpEvent& event) {
     const bool checkBox =
         !totals && hit.part == GridHit::Part::Cell && cells.ColDataType(hit.col) == flexDTBoolean;
     const QString text = checkBox ? QString() : toQt(cutText(cells, hit, stage_.metrics()));
-    QToolTip::showText(event.globalPos(), text.isEmpty() ? text : text.toHtmlEscaped(), this);
+    QToolTip::showText(event.globalPos(), plainTip(text), this);
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {

@@ -120,7 +120,7 @@ TEST_F(OrderEntry, ADatabaseThatCannotBeOpenedIsReportedAndTheScreenStaysUsable)
     ASSERT_EQ(answers.problems.size(), 1);
     EXPECT_TRUE(answers.problems[0].contains(file)) << answers.problems[0].toStdString();
     EXPECT_TRUE(answers.problems[0].contains("无法打开数据库文件")) << answers.problems[0].toStdString();
-    play({"key F7", "type 100001", "key Enter", "type 3", "key Enter", "type 2", "key Enter", "type 主仓库",
+    play({"key F7", "type 100001", "key Enter", "type 3", "key Tab", "type 2", "key Tab", "type 主仓库",
           "key Enter"});
     EXPECT_EQ(cell(1, OrderGrid::Amount), QString("6.00"));
     EXPECT_FALSE(window->save());
@@ -238,7 +238,7 @@ TEST_F(OrderEntry, AnUnknownCodeIsRefusedInABoxCorrectedAndSaved) {
     open();
     play({"type K0002", "key Enter", "type 999999", "key Enter",
           "key Enter",  // closes the box
-          "type 100001", "key Enter", "type 4", "key Enter", "key Enter", "type 主仓库", "key Enter",
+          "type 100001", "key Enter", "type 4", "key Tab", "key Tab", "type 主仓库", "key Enter",
           "key Ctrl+S"});
     EXPECT_TRUE(answers.problems.isEmpty()) << answers.problems.join('\n').toStdString();
     EXPECT_EQ(window->onScreen().lines.at(0).code, QString("100001"));
@@ -286,7 +286,7 @@ TEST_F(OrderEntry, ACustomerThatNobodyKnowsIsRefusedBySaving) {
 TEST_F(OrderEntry, SavesHalfDayAndTimeOfEntry) {
     open();
     typeOrder();
-    play({"key F7", "type 2026/12/5", "key Enter", "type 2026-12-5 下午", "key Enter", "key Ctrl+S"});
+    play({"key F7", "type 2026/12/5", "key Tab", "type 2026-12-5 下午", "key Enter", "key Ctrl+S"});
     Database database(databaseFile());
     EXPECT_EQ(value(database, "SELECT delivery_slot FROM order_line").toString(), QString("2026-12-05 下午"));
     EXPECT_EQ(value(database, "SELECT entered_at FROM order_line").toString(),

@@ -9,6 +9,7 @@
 
 #include "qt/Encoding.h"
 #include "qt/KeyMap.h"
+#include "qt/Tips.h"
 #include "qt/forms/FormDialog.h"
 
 namespace kxVsGrid::qt {
@@ -176,6 +177,6 @@ bool FormGridView::event(QEvent* event) {
 
 void FormGridView::showWholeText(const QHelpEvent& event) {
     const QString text = toQt(cutText(grid_, hit(event.pos()), metrics_));
-    QToolTip::showText(event.globalPos(), text.toHtmlEscaped(), this);
+    QToolTip::showText(event.globalPos(), plainTip(text), this);
 }
 }  // namespace kxVsGrid::qt
