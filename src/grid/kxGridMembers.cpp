@@ -87,6 +87,7 @@ void kxGrid::Editable(bool editable) {
         p.flags.changed = false;
     }
     p.flags.Editable = editable;
+    if (p.options.ReadOnlyShade() != 0) p.main.damageAll();
     p.report("Editable");
 }
 
@@ -271,6 +272,16 @@ void kxGrid::ColWidth(std::int32_t Col, std::int32_t twips) {
     p->realign();
 }
 
+std::string kxGrid::ColSample(std::int32_t Col) const {
+    return parts_->main.ColSample(Col);
+}
+
+void kxGrid::ColSample(std::int32_t Col, std::string_view sample) {
+    const auto p = held();
+    p->main.ColSample(Col, sample);
+    p->realign();
+}
+
 mEmflexAlign kxGrid::ColAlignment(std::int32_t Col) const {
     return parts_->main.ColAlignment(Col);
 }
@@ -392,6 +403,7 @@ std::int32_t kxGrid::Appearance() const {
 
 void kxGrid::Appearance(std::int32_t appearance) {
     parts_->main.Appearance(appearance);
+    parts_->sums.Appearance(appearance);
     parts_->report("Appearance");
 }
 
