@@ -45,6 +45,7 @@ struct FrameItem {
 struct FrameState {
     bool focused = false;     ///< the grid or its editor has the focus
     bool editorOpen = false;  ///< the editor lies over the current cell
+    bool flat = false;        ///< no cell is raised, whatever the Appearance
     Rect clip{0, 0, -1, -1};  ///< only what overlaps it is made; an empty one stands for the whole view
 };
 

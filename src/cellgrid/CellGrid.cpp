@@ -11,16 +11,7 @@ namespace kxVsGrid {
 using cellgrid::CellStore;
 using cellgrid::CellStyle;
 using cellgrid::misuse;
-
-namespace {
-/// Larger sizes could not be added up in 32 bits.
-constexpr std::int32_t MaxSize = 1'000'000'000;
-
-void requireSize(const char* member, std::int32_t twips) {
-    if (twips < 0) misuse(member, twips, "is negative");
-    if (twips > MaxSize) misuse(member, twips, "is more than the maximum");
-}
-}  // namespace
+using cellgrid::requireSize;
 
 CellGrid::CellGrid(const TextMetrics& metrics) : impl_(std::make_shared<Impl>(*this, metrics)) {
     Rows(6);

@@ -19,7 +19,8 @@ FrameScene::FrameScene(const CellGrid& shown, const FrameState& state, const Rec
       client{0, 0, shown.ClientWidth(), shown.ClientHeight()},
       area(overlap(clip, client)),
       wholeRow(shown.SelectsRows()),
-      editorOpen(state.editorOpen) {
+      editorOpen(state.editorOpen),
+      raised(shown.Appearance() != 0 && !state.flat) {
     // what a cell shows depends on its neighbours
     if (grid.TextsRunOver() && !area.empty()) area = {0, area.top, client.width, area.height};
     const bool data = grid.Row() >= grid.FixedRows() && grid.Col() >= grid.FixedCols();
@@ -53,7 +54,7 @@ void FrameRegion::write() {
     if (area_.empty()) return;
     writeFills();
     writeLines();
-    if (merged_ && scene_.grid.Appearance() != 0) writeRelief();
+    if (merged_ && scene_.raised) writeRelief();
     if (merged_) writeMergedBlocks();
     if (!merged_ && scene_.grid.TextsRunOver()) findStretches();
     writeContents();
@@ -161,7 +162,7 @@ void FrameRegion::writeMergedBlocks() {
                     cols_[block.firstCol].index);
         writeLine({rect.left, rect.bottom() - LineWidth, rect.width, LineWidth});
         writeLine({rect.right() - LineWidth, rect.top, LineWidth, rect.height});
-        if (scene_.grid.Appearance() != 0) writeRaised(rect, block.firstRow, block.firstCol);
+        if (scene_.raised) writeRaised(rect, block.firstRow, block.firstCol);
         writeText(rows_[block.firstRow], cols_[block.firstCol], rect);
     }
 }

@@ -35,6 +35,7 @@ struct FrameScene {
     std::int32_t col = -1;
     bool wholeRow = false;  // shown by its whole row
     bool editorOpen = false;
+    bool raised = false;  // fixed cells are
 
     bool highlighted(std::int32_t r) const { return wholeRow && r == row; }
 };

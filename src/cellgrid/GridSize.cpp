@@ -157,6 +157,7 @@ void CellGrid::Impl::setSample(std::int32_t col, std::string_view sample) {
     const auto i = static_cast<std::size_t>(col);
     std::string kept(sample);
     const std::int32_t width = widthFor(kept);
+    cellgrid::requireSize("ColWidth", width);
     if (samples.size() <= i) samples.resize(i + 1);
     samples[i] = std::move(kept);
     setWidth(col, width);
@@ -166,7 +167,9 @@ void CellGrid::Impl::setSample(std::int32_t col, std::string_view sample) {
 void CellGrid::Impl::measureCols() {
     std::vector<std::pair<std::int32_t, std::int32_t>> widths;
     for (std::size_t i = 0; i < samples.size(); ++i)
-        if (!samples[i].empty()) widths.emplace_back(static_cast<std::int32_t>(i), widthFor(samples[i]));
+        if (!samples[i].empty())
+            widths.emplace_back(static_cast<std::int32_t>(i),
+                                std::min(widthFor(samples[i]), cellgrid::MaxSize));
     bool changed = false;
     for (const auto& [col, width] : widths) changed = layout.cols.axis.setSize(col, width) || changed;
     if (changed) geometryChanged();

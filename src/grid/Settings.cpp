@@ -77,7 +77,6 @@ void Settings::readGrid(PropertyBag& bag) {
     main_.FixedCols(ask(FixedCols).toInt32());
     main_.FixedRows(ask(FixedRows).toInt32());
     main_.Appearance(ask(Appearance).toInt32());
-    sums_.Appearance(main_.Appearance());
     main_.BackColor(colorOf(ask(BackColor)));
     main_.BackColorBkg(colorOf(ask(BackColorBkg)));
     main_.BackColorFixed(colorOf(ask(BackColorFixed)));

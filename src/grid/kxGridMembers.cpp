@@ -403,7 +403,6 @@ std::int32_t kxGrid::Appearance() const {
 
 void kxGrid::Appearance(std::int32_t appearance) {
     parts_->main.Appearance(appearance);
-    parts_->sums.Appearance(appearance);
     parts_->report("Appearance");
 }
 

@@ -90,6 +90,7 @@ void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& g
     FrameState state;
     state.focused = stage_.focusShown();
     state.editorOpen = stage_.box().visible();
+    state.flat = stage_.grid().Appearance() == 0;  // the total row has the main grid's look
     const QString failure =
         Stage::failureOf([&] { painter_.paint(painter, part, grid, origin, state, frame); });
     if (failure.isNull()) return;

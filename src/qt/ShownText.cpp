@@ -46,7 +46,7 @@ qsizetype safePlace(const QString& text, qsizetype most) {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     finder.setPosition(most);
     const qsizetype at = finder.isAtBoundary() ? most : finder.toPreviousBoundary();
-    if (at > most / 2) return at;
+    if (at >= most / 2) return at;
     return text.at(most).isLowSurrogate() ? most - 1 : most;
 }
 }  // namespace

@@ -83,6 +83,18 @@ TEST(ColSample, TellsOfAllNewPlacesOnce) {
     EXPECT_EQ(told, 1);
 }
 
+TEST(ColSample, IsNeverWiderThanWidthsCanBe) {
+    Font font;
+    CellGrid grid(font);
+    grid.ColSample(2, "2026-11-27");
+    font.character = 150'000'000;
+    grid.MeasureCols();
+    EXPECT_EQ(grid.ColWidth(2), 1'000'000'000);
+    EXPECT_THROW(grid.ColSample(3, "2026-11-27"), GridError);
+    EXPECT_EQ(grid.ColSample(3), "");
+    EXPECT_EQ(grid.ColWidth(3), CellGrid::DefaultColWidth);
+}
+
 TEST(ColSample, RefusesAColumnThatThereIsNot) {
     CellGrid grid;
     EXPECT_THROW(grid.ColSample(10, "x"), GridError);
