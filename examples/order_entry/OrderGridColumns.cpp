@@ -60,6 +60,11 @@ void OrderGrid::setUpColumns() {
         grid_.ColWidth(c, plan.width);
         if (*plan.format) grid_.ColFormat(c, plan.format);
     }
+    // Row numbers and dates show whole in every font.
+    grid_.ColSample(RowNumber, "行号 ");
+    grid_.ColSample(Delivery, "2026-11-27  ");
+    grid_.ColSample(Slot, "2026-11-27 下午  ");
+    grid_.ColSample(Entered, "2026-11-27 09:30:00  ");
 }
 
 void OrderGrid::setUpRules() {
@@ -143,7 +148,7 @@ void OrderGrid::fitWidth(std::int32_t width) {
     for (std::int32_t c = 0; c < ColumnCount; ++c)
         if (c != Remark) others += grid_.ColWidth(c);
     // The control's layout counts columns as too wide when they leave less than 60 twips beside them.
-    const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 90);
+    const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 60);
     if (rest == grid_.ColWidth(Remark)) return;
     grid_.ColWidth(Remark, rest);
     grid_.Grid_Sum().ColWidth(Remark, rest);  // otherwise it follows with the next layout only

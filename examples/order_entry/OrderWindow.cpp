@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QResizeEvent>
+#include <utility>
 
 #include "ColumnWidths.h"
 #include "OrderGrid.h"
@@ -83,6 +84,7 @@ OrderWindow::~OrderWindow() {
 
 void OrderWindow::connectParts() {
     widget_->installEventFilter(this);
+    placed_ = widget_->grid().Grid().PlacesChanged.connect([this] { fitBesideBar(); });
     grid_->mayDelete([this](const QString& row) {
         return questions_.confirm(this, u"删除"_s + row.trimmed() + u"?"_s, u"删除(&D)"_s);
     });
@@ -429,6 +431,12 @@ void OrderWindow::fitGrid(int width) {
     grid_->fitWidth(width * TwipsPerInch / widget_->logicalDpiX());
 }
 
+// A scroll bar comes or goes while the grid lays itself out in its new size.
+void OrderWindow::fitBesideBar() {
+    const bool bar = widget_->grid().Grid().VerticalBarShown();
+    if (std::exchange(barSeen_, bar) != bar) fitGrid(widget_->width());
+}
+
 void OrderWindow::rememberColumns(std::unique_ptr<QSettings> settings) {
     widths_ = std::make_unique<ColumnWidths>(
         widget_->grid(), std::move(settings),
@@ -445,5 +453,9 @@ bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {
     // Before the widget lays itself out, so that the total row gets the same widths.
     if (watched == widget_ && event->type() == QEvent::Resize)
         fitGrid(static_cast<QResizeEvent*>(event)->size().width());
+    // After it, when the columns have followed the font.
+    if (watched == widget_ && event->type() == QEvent::FontChange)
+        QMetaObject::invokeMethod(
+            this, [this] { fitGrid(widget_->width()); }, Qt::QueuedConnection);
     return QMainWindow::eventFilter(watched, event);
 }

@@ -90,6 +90,7 @@ class OrderWindow : public QMainWindow {
     void refresh();
     void refreshHint();
     void fitGrid(int width);
+    void fitBesideBar();
     void resetColumns();
     void showKeys();
     void enterLines();
@@ -105,6 +106,8 @@ class OrderWindow : public QMainWindow {
     kxVsGrid::qt::kxGridWidget* widget_;
     std::unique_ptr<OrderGrid> grid_;
     std::unique_ptr<OrderGridHelp> help_;
+    kxVsGrid::ScopedConnection placed_;
+    bool barSeen_ = false;
     std::unique_ptr<ColumnWidths> widths_;
     QLabel* state_;
     QLabel* hint_;

@@ -353,6 +353,7 @@ void Stage::lookChanged() {
     machine_->platform.widget(widget_);
     if (settings_.collecting()) return;
     if (!attempt([this] { fitRows(); })) return;
+    if (!guarded([this](Input&) { grid().MeasureCols(); })) return;
     view_->update();
     resized();
 }

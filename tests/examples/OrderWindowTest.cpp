@@ -14,6 +14,33 @@ TEST_F(OrderEntry, StartsWithANumberedOrderOfTodayAndTheCustomerField) {
     EXPECT_FALSE(window->hasUnsavedWork());
 }
 
+TEST_F(OrderEntry, LeavesNoStripBesideTheColumnsWhenTheWindowGrows) {
+    open();
+    window->resize(800, 500);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(grid().Grid().VerticalBarShown());
+    window->resize(1600, 1000);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(grid().Grid().VerticalBarShown());
+    EXPECT_LE(grid().Grid().Width() - grid().Grid().TotalWidth(), 60);
+    EXPECT_FALSE(grid().Grid().HorizontalBarShown());
+}
+
+TEST_F(OrderEntry, ShowsDatesWholeInALargerFont) {
+    open();
+    window->resize(1600, 1000);
+    QFont font = window->font();
+    font.setPointSizeF(11);
+    window->setFont(font);
+    QCoreApplication::processEvents();
+    const QFontMetricsF metrics(window->gridWidget().font());
+    for (const auto& [col, text] :
+         {std::pair{OrderGrid::Delivery, "2026-11-27"}, std::pair{OrderGrid::Slot, "2026-11-27 上午"},
+          std::pair{OrderGrid::Entered, "2026-11-27 09:30:00"}})
+        EXPECT_GE(grid().ColWidth(col) / 15 - 6, metrics.horizontalAdvance(text));
+    EXPECT_FALSE(grid().Grid().HorizontalBarShown());
+}
+
 TEST_F(OrderEntry, TakesAnOrderByKeyboardAlone) {
     open();
     typeOrder();
