@@ -9,6 +9,11 @@ Goods goodsOf(const QSqlQuery& row) {
     return {row.value(0).toString(), row.value(1).toString(),   row.value(2).toString(),
             row.value(3).toString(), row.value(4).toLongLong(), row.value(5).toString()};
 }
+
+// A null QString would be stored as NULL.
+QString notNull(const QString& text) {
+    return text.isNull() ? u""_s : text;
+}
 }  // namespace
 
 std::optional<Goods> Catalogue::goods(const QString& code) const {
@@ -49,11 +54,25 @@ std::vector<Goods> Catalogue::allGoods() const {
 }
 
 void Catalogue::add(const Goods& goods) {
-    // A null QString would be stored as NULL.
-    const auto filled = [](const QString& text) { return text.isNull() ? u""_s : text; };
-    database_.run(u"保存商品"_s, u"INSERT INTO goods (%1) VALUES (?, ?, ?, ?, ?, ?)"_s.arg(GoodsColumns),
-                  {goods.code, goods.name, filled(goods.spec), goods.unit, QVariant::fromValue(goods.price),
-                   filled(goods.pinyin)});
+    const QString attempt = u"保存商品"_s;
+    Transaction transaction(database_, attempt);
+    database_.run(attempt, u"INSERT INTO goods (%1) VALUES (?, ?, ?, ?, ?, ?)"_s.arg(GoodsColumns),
+                  {goods.code, goods.name, notNull(goods.spec), goods.unit, QVariant::fromValue(goods.price),
+                   notNull(goods.pinyin)});
+    transaction.commit();
+}
+
+void Catalogue::change(const Goods& goods) {
+    const QString attempt = u"保存商品"_s;
+    Transaction transaction(database_, attempt);
+    const QSqlQuery changed = database_.run(
+        attempt,
+        u"UPDATE goods SET name = ?, spec = ?, unit = ?, price_cents = ?, pinyin = ? WHERE code = ?"_s,
+        {goods.name, notNull(goods.spec), goods.unit, QVariant::fromValue(goods.price), notNull(goods.pinyin),
+         goods.code});
+    if (changed.numRowsAffected() != 1)
+        throw DatabaseError(attempt, database_.file(), u"货号 %1 已被删除"_s.arg(goods.code));
+    transaction.commit();
 }
 
 std::vector<Customer> Catalogue::customers() const {

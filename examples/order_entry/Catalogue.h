@@ -48,6 +48,8 @@ class Catalogue {
     std::vector<Goods> allGoods() const;
     /// New goods. The error of a code that is there already isDuplicate().
     void add(const Goods& goods);
+    /// Other particulars for goods that are there, by their code.
+    void change(const Goods& goods);
     std::vector<Customer> customers() const;
     std::vector<CodeAndName> warehouses() const;
 

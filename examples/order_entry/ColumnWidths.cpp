@@ -9,7 +9,8 @@ using namespace kxVsGrid;
 ColumnWidths::ColumnWidths(kxGrid& grid, std::unique_ptr<QSettings> settings,
                            std::function<void(const QString&)> failed)
     : grid_(grid), settings_(std::move(settings)), failed_(std::move(failed)) {
-    for (std::int32_t col = 0; col < grid_.Cols(); ++col) designed_.push_back(grid_.ColWidth(col));
+    for (std::int32_t col = 0; col < grid_.Cols(); ++col)
+        designed_.push_back({grid_.ColWidth(col), grid_.ColSample(col)});
     if (!settings_) return;
     settings_->beginGroup("columnWidths");
     restore();
@@ -38,7 +39,7 @@ std::int32_t ColumnWidths::kept(std::int32_t col) const {
 void ColumnWidths::keep(std::int32_t col) {
     try {
         qt::SettingsBag bag(*settings_);
-        bag.Write(name(col), grid_.ColWidth(col), designed_.at(static_cast<std::size_t>(col)));
+        bag.Write(name(col), grid_.ColWidth(col), designed_.at(static_cast<std::size_t>(col)).width);
         bag.sync();
     } catch (const std::exception& error) {
         failed_(QString::fromUtf8(error.what()));
@@ -51,8 +52,11 @@ void ColumnWidths::reset() {
         settings_->sync();
     }
     for (std::int32_t col = 0; col < std::min(grid_.Cols(), static_cast<std::int32_t>(designed_.size()));
-         ++col)
-        put(col, designed_[static_cast<std::size_t>(col)]);
+         ++col) {
+        const Design& design = designed_[static_cast<std::size_t>(col)];
+        put(col, design.width);
+        if (!design.sample.empty()) grid_.ColSample(col, design.sample);
+    }
 }
 
 /// The total row would follow with the next layout only.

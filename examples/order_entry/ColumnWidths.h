@@ -38,6 +38,10 @@ class ColumnWidths {
     kxVsGrid::kxGrid& grid_;
     std::unique_ptr<QSettings> settings_;
     std::function<void(const QString&)> failed_;
-    std::vector<std::int32_t> designed_;
+    struct Design {
+        std::int32_t width;
+        std::string sample;  // of a column that is as wide as a text
+    };
+    std::vector<Design> designed_;
     kxVsGrid::ScopedConnection resized_;
 };

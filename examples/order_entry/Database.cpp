@@ -6,6 +6,7 @@
 #include <atomic>
 #include <initializer_list>
 
+#include "PrivateFiles.h"
 #include "SampleData.h"
 
 using namespace Qt::StringLiterals;
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int SchemaVersion = 3;
 
-constexpr int SqliteConstraint = 19;  // the low byte of SQLite's extended error numbers
+constexpr QLatin1StringView InMemory(":memory:");
 
 const char* const Tables[] = {
     "CREATE TABLE customer (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
@@ -42,32 +43,52 @@ const std::initializer_list<const char*> Upgrades[SchemaVersion - 1] = {
     {"ALTER TABLE sales_order ADD COLUMN is_approved INTEGER NOT NULL DEFAULT 0"},
 };
 
-QString inChinese(const QString& cause) {
+// SQLite's error numbers. The low byte of an extended one is the number that it refines.
+struct Sqlite {
+    enum Code {
+        Busy = 5,
+        Locked = 6,
+        ReadOnly = 8,
+        InputOutput = 10,
+        Corrupt = 11,
+        Full = 13,
+        CannotOpen = 14,
+        NoDatabase = 26,
+        ForeignKey = 787,
+        PrimaryKey = 1555,
+        Unique = 2067,
+    };
+};
+
+const char16_t* nameOfError(int code) {
     static const struct {
-        const char* english;
+        int code;
         const char16_t* chinese;
     } known[] = {
-        {"unable to open database file", u"无法打开数据库文件"},
-        {"file is not a database", u"文件不是数据库"},
-        {"attempt to write a readonly database", u"数据库是只读的"},
-        {"database is locked", u"数据库正被其他程序占用"},
-        {"database or disk is full", u"磁盘已满"},
-        {"disk I/O error", u"磁盘读写错误"},
-        {"UNIQUE constraint failed", u"编号已经存在"},
-        {"FOREIGN KEY constraint failed", u"引用的资料不存在"},
-        {"malformed", u"数据库文件已损坏"},
-        {"duplicate column name", u"数据表的结构与版本号不符"},
-        {"no such table", u"缺少数据表"},
+        {Sqlite::Busy, u"数据库正被其他程序占用"},   {Sqlite::Locked, u"数据库正被其他程序占用"},
+        {Sqlite::ReadOnly, u"数据库是只读的"},       {Sqlite::InputOutput, u"磁盘读写错误"},
+        {Sqlite::Corrupt, u"数据库文件已损坏"},      {Sqlite::Full, u"磁盘已满"},
+        {Sqlite::CannotOpen, u"无法打开数据库文件"}, {Sqlite::NoDatabase, u"文件不是数据库"},
+        {Sqlite::ForeignKey, u"引用的资料不存在"},   {Sqlite::PrimaryKey, u"编号已经存在"},
+        {Sqlite::Unique, u"编号已经存在"},
     };
-    for (const auto& entry : known)
-        if (cause.contains(QLatin1StringView(entry.english)))
-            return QString::fromUtf16(entry.chinese) + u"("_s + cause.simplified() + u")"_s;
-    return cause.simplified();
+    for (const int asked : {code, code & 0xff})
+        for (const auto& entry : known)
+            if (entry.code == asked) return entry.chinese;
+    return nullptr;
 }
 
-QString message(const QString& attempt, const QString& file, const QString& cause) {
-    return attempt + u"失败。\n文件:"_s + QDir::toNativeSeparators(QFileInfo(file).absoluteFilePath()) +
-           u"\n原因:"_s + inChinese(cause);
+QString inChinese(const QString& cause, int code) {
+    const char16_t* const name = nameOfError(code);
+    return name ? QString::fromUtf16(name) + u"("_s + cause.simplified() + u")"_s : cause.simplified();
+}
+
+QString shownFile(const QString& file) {
+    return file == InMemory ? u"(内存)"_s : QDir::toNativeSeparators(QFileInfo(file).absoluteFilePath());
+}
+
+QString message(const QString& attempt, const QString& file, const QString& cause, int code) {
+    return attempt + u"失败。\n文件:"_s + shownFile(file) + u"\n原因:"_s + inChinese(cause, code);
 }
 
 QString nextConnectionName() {
@@ -77,10 +98,10 @@ QString nextConnectionName() {
 }  // namespace
 
 DatabaseError::DatabaseError(const QString& attempt, const QString& file, const QString& cause, int code)
-    : std::runtime_error(message(attempt, file, cause).toStdString()), code_(code) {}
+    : std::runtime_error(message(attempt, file, cause, code).toStdString()), code_(code) {}
 
 bool DatabaseError::isDuplicate() const {
-    return (code_ & 0xff) == SqliteConstraint && std::string_view(what()).find("UNIQUE") != std::string::npos;
+    return code_ == Sqlite::Unique;
 }
 
 Database::Database(QString file) : file_(std::move(file)), connection_(nextConnectionName()) {}
@@ -91,18 +112,30 @@ Database::~Database() {
 
 void Database::close() {
     open_ = false;
+    readOnly_ = false;
     if (!database_.isValid()) return;
     database_.close();
     database_ = {};
     QSqlDatabase::removeDatabase(connection_);
 }
 
+bool Database::isInMemory() const {
+    return file_ == InMemory;
+}
+
+// What cannot be made, SQLite cannot open either; it says why.
+void Database::makeFile(const QString& attempt) {
+    if (isInMemory()) return;
+    const QString folder = QFileInfo(file_).absolutePath();
+    if (!makePrivateFolder(folder))
+        throw DatabaseError(attempt, file_, u"无法创建文件夹 "_s + QDir::toNativeSeparators(folder));
+    makePrivateFile(file_);
+}
+
 void Database::open() {
     if (open_) return;
     const QString attempt = u"打开数据库"_s;
-    const QDir folder = QFileInfo(file_).absoluteDir();
-    if (!folder.exists() && !QDir().mkpath(folder.path()))
-        throw DatabaseError(attempt, file_, u"无法创建文件夹 "_s + QDir::toNativeSeparators(folder.path()));
+    makeFile(attempt);
     database_ = QSqlDatabase::addDatabase(u"QSQLITE"_s, connection_);
     database_.setDatabaseName(file_);
     database_.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=2000"_s);
@@ -117,10 +150,21 @@ void Database::open() {
             upgrade();
         else if (found > SchemaVersion)
             throw DatabaseError(attempt, file_, u"文件由本程序的更新版本建立(版本 %1)"_s.arg(found));
+        readOnly_ = refusesWriting();
     } catch (...) {
         close();
         throw;
     }
+}
+
+// SQLite opens a file that it may not write to without a word. A change that is taken back tells.
+bool Database::refusesWriting() {
+    QSqlQuery query(database_);
+    const bool written =
+        query.exec(u"BEGIN"_s) && query.exec(u"PRAGMA user_version = %1"_s.arg(SchemaVersion));
+    const int code = written ? 0 : query.lastError().nativeErrorCode().toInt();
+    query.exec(u"ROLLBACK"_s);
+    return (code & 0xff) == Sqlite::ReadOnly;
 }
 
 int Database::version(const QString& attempt) {
@@ -173,8 +217,10 @@ void Database::fail(const QString& attempt, const QSqlError& error) const {
 
 Transaction::Transaction(Database& database, QString attempt)
     : database_(database), attempt_(std::move(attempt)) {
-    // SQLite goes on with a file that was removed; what is written to it would be lost.
-    if (database_.isOpen() && !QFileInfo::exists(database_.file())) database_.close();
+    // SQLite goes on with a file that was removed; what is written to it would be lost. And it never writes
+    // to a file that was read-only once.
+    const bool gone = !database_.isInMemory() && !QFileInfo::exists(database_.file());
+    if (database_.isOpen() && (gone || database_.isReadOnly())) database_.close();
     database_.open();
     if (!database_.database_.transaction()) database_.fail(attempt_, database_.database_.lastError());
 }

@@ -18,7 +18,7 @@ QString codeOf(const QString& typed) {
 }
 }  // namespace
 
-GoodsEditor::GoodsEditor(Catalogue& catalogue, QWidget* parent)
+GoodsEditor::GoodsEditor(Catalogue& catalogue, const QString& code, QWidget* parent)
     : QDialog(parent),
       catalogue_(catalogue),
       code_(new QLineEdit(this)),
@@ -27,14 +27,58 @@ GoodsEditor::GoodsEditor(Catalogue& catalogue, QWidget* parent)
       spec_(new QLineEdit(this)),
       unit_(new QComboBox(this)),
       price_(new QLineEdit(this)),
-      message_(new QLabel(this)) {
-    setWindowTitle(u"新增商品"_s);
+      message_(new QLabel(this)),
+      new_(new QPushButton(u"新增(&N)"_s, this)) {
     setObjectName(u"goodsEditor"_s);
     layOut();
     // The proposal follows the name until the clerk has written initials of his own.
     connect(name_, &QLineEdit::textChanged, this, [this](const QString& name) {
         if (!initials_->isModified()) initials_->setText(initialsOf(name));
     });
+    connect(code_, &QLineEdit::textChanged, this, &GoodsEditor::showWhetherNew);
+    connect(new_, &QPushButton::clicked, this, &GoodsEditor::startNew);
+    const std::optional<Goods> goods = code.isEmpty() ? std::nullopt : catalogue_.goods(code);
+    if (goods) fillIn(*goods);
+    showWhetherNew();
+}
+
+void GoodsEditor::fillIn(const Goods& goods) {
+    changing_ = goods.code;
+    code_->setText(goods.code);
+    name_->setText(goods.name);
+    initials_->setText(goods.pinyin);
+    initials_->setModified(goods.pinyin != initialsOf(goods.name));
+    spec_->setText(goods.spec);
+    unit_->setCurrentText(goods.unit);
+    price_->setText(QString::fromStdString(plainText(goods.price, PriceDecimals)));
+    code_->selectAll();
+}
+
+void GoodsEditor::startNew() {
+    changing_.clear();
+    for (QLineEdit* field : {code_, name_, initials_, spec_, price_}) field->clear();
+    initials_->setModified(false);
+    unit_->setCurrentIndex(0);
+    message_->hide();
+    code_->setFocus();
+    showWhetherNew();
+}
+
+bool GoodsEditor::isNew() const {
+    return changing_.isEmpty() || codeOf(code_->text()) != changing_;
+}
+
+void GoodsEditor::showWhetherNew() {
+    setWindowTitle(isNew() ? u"新增商品"_s : u"修改商品 "_s + changing_);
+    new_->setVisible(!changing_.isEmpty());
+}
+
+bool GoodsEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == unit_ && event->type() == QEvent::Wheel && !unit_->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void GoodsEditor::layOut() {
@@ -49,6 +93,8 @@ void GoodsEditor::layOut() {
     spec_->setMaxLength(50);
     unit_->setObjectName(u"unit"_s);
     unit_->setEditable(true);
+    unit_->setFocusPolicy(Qt::StrongFocus);
+    unit_->installEventFilter(this);
     unit_->lineEdit()->setMaxLength(10);
     unit_->addItems({u"个"_s, u"件"_s, u"套"_s, u"台"_s, u"米"_s, u"千克"_s, u"箱"_s});
     price_->setObjectName(u"price"_s);
@@ -61,6 +107,8 @@ void GoodsEditor::layOut() {
     message_->hide();
 
     auto* buttons = new QDialogButtonBox(this);
+    new_->setAutoDefault(false);
+    buttons->addButton(new_, QDialogButtonBox::ResetRole);
     buttons->addButton(u"确定"_s, QDialogButtonBox::AcceptRole)->setDefault(true);
     buttons->addButton(u"取消"_s, QDialogButtonBox::RejectRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &GoodsEditor::accept);
@@ -82,11 +130,12 @@ void GoodsEditor::accept() {
     const std::optional<Goods> goods = read();
     if (!goods) return;
     try {
-        catalogue_.add(*goods);
+        isNew() ? catalogue_.add(*goods) : catalogue_.change(*goods);
     } catch (const DatabaseError& error) {
         if (error.isDuplicate()) return refuse(code_, u"货号 %1 已经存在"_s.arg(goods->code));
         return refuse(code_, error.text());
     }
+    stored_ = goods->code;
     QDialog::accept();
 }
 

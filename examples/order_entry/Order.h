@@ -39,7 +39,7 @@ struct OrderLine {
     bool operator==(const OrderLine&) const = default;
 
     /// A line that says nothing is not kept. Warehouse, delivery date and half day alone say nothing: every
-    /// row that the clerk merely passes through gets them from the row above.
+    /// row that the clerk merely passes through gets the preset ones.
     bool isEmpty() const {
         return code.isEmpty() && name.isEmpty() && spec.isEmpty() && unit.isEmpty() && !quantity && !price &&
                !gift && remark.isEmpty();

@@ -8,7 +8,7 @@ using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr std::int32_t SheetRows = 24;   // data rows of a new sheet
+constexpr std::int32_t SheetRows = 12;   // data rows of a new sheet
 constexpr std::uint32_t Red = 0x0000C0;  // red is the low byte
 
 /// Holds a flag for the length of a block.
@@ -115,19 +115,23 @@ void OrderGrid::clear(const QDate& delivery) {
         const Span span(writing_);
         grid_.ReDraw(false);
         clearRows(SheetRows);
+        presetDelivery(delivery);
         putDelivery(grid_.FixedRows(), delivery);
+        const QString warehouse = QString::fromStdString(grid_.VsCtrl(Warehouse)->sDefaultText_Name());
+        put(grid_.FixedRows(), Warehouse, warehouse, warehouse);
         grid_.ReDraw(true);
         select(grid_.FixedRows(), Code);
     }
     markSaved();
 }
 
-void OrderGrid::show(const std::vector<OrderLine>& lines) {
+void OrderGrid::show(const std::vector<OrderLine>& lines, const QDate& delivery) {
     {
         const Span span(writing_);
         grid_.ReDraw(false);
         const auto count = static_cast<std::int32_t>(lines.size());
         clearRows(std::max(SheetRows, count + 1));
+        presetDelivery(delivery);
         for (std::int32_t i = 0; i < count; ++i)
             write(grid_.FixedRows() + i, lines[static_cast<std::size_t>(i)]);
         grid_.ReDraw(true);
@@ -137,10 +141,23 @@ void OrderGrid::show(const std::vector<OrderLine>& lines) {
 }
 
 void OrderGrid::presetDelivery(const QDate& delivery) {
+    const QString day = delivery.toString(Qt::ISODate);
+    presetRow(Delivery, day);
+    presetRow(Slot, day.isEmpty() ? day : day + u" 上午"_s);
     if (!lines().empty()) return;
     const Span span(writing_);
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row)
         if (!text(row, Delivery).isEmpty()) putDelivery(row, delivery);
+}
+
+void OrderGrid::presetWarehouse(const QString& name) {
+    presetRow(Warehouse, name);
+}
+
+/// What the control puts into the column's cell of a row that becomes the current one.
+void OrderGrid::presetRow(Column col, const QString& text) {
+    grid_.VsCtrl(col)->sDefaultText_Name(text.toStdString());
+    grid_.VsCtrl(col)->sDefaultText_Code(text.toStdString());
 }
 
 void OrderGrid::markSaved() {
@@ -256,6 +273,7 @@ void OrderGrid::settle(std::int32_t row) {
     const Span span(writing_);
     settleGoods(row);
     settleAmount(row);
+    settleBlanks(row);
     settleWarehouse(row);
 }
 
@@ -278,6 +296,12 @@ void OrderGrid::settleSlot(std::int32_t row) {
     if (day.isEmpty() || !slot.contains(u' ')) return;
     const QString moved = day + slot.mid(slot.indexOf(u' '));
     if (moved != slot) put(row, Slot, moved, moved);
+}
+
+// An emptied cell: the check has left a blank there (see confirm()).
+void OrderGrid::settleBlanks(std::int32_t row) {
+    for (const Column col : {Unit, Warehouse})
+        if (const QString typed = text(row, col); typed != typed.trimmed()) put(row, col, typed.trimmed());
 }
 
 // The tag is where the rule "not empty" looks.

@@ -40,6 +40,14 @@ class OrderGrid : public QObject {
         ColumnCount
     };
 
+    /// The units that the help offers, as a list of constants. Goods may bring others of their own.
+    static constexpr const char* Units = "个|百个|件|只|套|台|把|副|盒|箱|桶|卷|根|片|张|米|平方米|千克|吨";
+
+    // What the code checks of the columns ask for: two queries, and a list of this class's own.
+    static constexpr const char* GoodsQuery = "SELECT code, name FROM goods";
+    static constexpr const char* WarehouseQuery = "SELECT code, name FROM warehouse";
+    static constexpr const char* UnitList = "units";
+
     /// What the grid's host needs of the world. The first two answer nothing for an unknown code, and may
     /// throw DatabaseError.
     struct Services {
@@ -59,13 +67,15 @@ class OrderGrid : public QObject {
 
     void mayDelete(MayDelete ask) { mayDelete_ = std::move(ask); }
 
-    /// An empty sheet; the first row gets the delivery date, each further row copies the one above.
+    /// An empty sheet; each row that the clerk comes to gets the preset warehouse and delivery date.
     void clear(const QDate& delivery);
-    void show(const std::vector<OrderLine>& lines);
+    void show(const std::vector<OrderLine>& lines, const QDate& delivery);
     /// What is shown then can neither be typed into nor get other rows.
     void setReadOnly(bool readOnly);
-    /// Another delivery date for the rows of a sheet that is still empty.
+    /// Another delivery date for rows that the clerk comes to, and for those of a sheet that is still empty.
     void presetDelivery(const QDate& delivery);
+    /// The warehouse that rows get; empty: none.
+    void presetWarehouse(const QString& name);
 
     /// The lines as they stand, without an editor that is still open. Lines that say nothing are left out.
     std::vector<OrderLine> lines() const;
@@ -113,12 +123,17 @@ class OrderGrid : public QObject {
     QString caption(Column col) const;
     void put(std::int32_t row, Column col, const QString& text, const QString& tag = {});
     void putDelivery(std::int32_t row, const QDate& delivery);
+    void presetRow(Column col, const QString& text);
 
     /// Answers a code check; an empty name refuses the text.
     CodeAndName confirm(const QString& query, const QString& codeField, const QString& nameField,
                         const QString& typed);
+    CodeAndName confirmWarehouse(const QString& typed);
+    CodeAndName confirmUnit(const QString& typed, const QString& goods);
     static bool breaksRule(const OrderLine& line, Column col);
     static QString whyUnsavable(const OrderLine& line, Column col, const QString& text);
+    /// The text stands in the list of its column.
+    bool isListed(const OrderLine& line, Column col);
 
     void keepOrClearCopy(std::int32_t row, bool& keep);
     void settleAll();
@@ -126,6 +141,7 @@ class OrderGrid : public QObject {
     void settleTyped(std::int32_t row, Column col);
     void settleSlot(std::int32_t row);
     void settleWarehouse(std::int32_t row);
+    void settleBlanks(std::int32_t row);
     void settleGoods(std::int32_t row);
     void settleAmount(std::int32_t row);
     void markCode(std::int32_t row, bool unknown);

@@ -44,13 +44,42 @@ bool isHalfDay(const QString& text) {
 
 CodeAndName OrderGrid::confirm(const QString& query, const QString& codeField, const QString& nameField,
                                const QString& typed) {
-    // An empty code is asked about like any other. A line without goods is a note; any name says yes to it.
-    if (typed.isEmpty()) return {{}, u"无货号"_s};
+    const bool isGoods = query == QString::fromUtf8(GoodsQuery);
+    // An empty text is asked about like any other. A line without goods is a note; any name says yes to it.
+    // Of the others the name becomes the text: a blank, which is taken away when the row is settled.
+    if (typed.isEmpty()) return {{}, isGoods ? u"无货号"_s : u" "_s};
     try {
+        if (query == QString::fromUtf8(UnitList)) return confirmUnit(typed, read(grid_.Row()).code);
+        if (query == QString::fromUtf8(WarehouseQuery)) return confirmWarehouse(typed);
         return services_.find(query, codeField, nameField, typed).value_or(CodeAndName{});
     } catch (const DatabaseError&) {
         // Nobody knows: the clerk goes on, settleGoods says why, and the code is looked up again when saving.
         return {typed, typed};
+    }
+}
+
+// By code or by name.
+CodeAndName OrderGrid::confirmWarehouse(const QString& typed) {
+    const QString query = QString::fromUtf8(WarehouseQuery);
+    if (const auto coded = services_.find(query, u"code"_s, u"name"_s, typed.toUpper())) return *coded;
+    const auto named = services_.find(query, u"name"_s, u"code"_s, typed);
+    return named ? CodeAndName{named->name, named->code} : CodeAndName{};
+}
+
+// One of the list, or what the goods themselves are counted in.
+CodeAndName OrderGrid::confirmUnit(const QString& typed, const QString& goods) {
+    if (QString::fromUtf8(Units).split(u'|').contains(typed)) return {typed, typed};
+    const std::optional<Goods> own = goods.isEmpty() ? std::nullopt : services_.goods(goods);
+    return own && own->unit == typed ? CodeAndName{typed, typed} : CodeAndName{};
+}
+
+// Nobody knows while the database fails; then nothing is saved anyway.
+bool OrderGrid::isListed(const OrderLine& line, Column col) {
+    try {
+        if (col == Unit) return !confirmUnit(line.unit, line.code).name.isEmpty();
+        return confirmWarehouse(line.warehouse).name == line.warehouse;
+    } catch (const DatabaseError&) {
+        return true;
     }
 }
 
@@ -65,13 +94,26 @@ bool OrderGrid::commit() {
 
 std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
     Place place(grid_);
+    std::set<QString> listed;  // of both columns: asked for once
+    const auto isKnown = [&](const OrderLine& line, Column col) {
+        const QString value = col == Unit ? line.unit : col == Warehouse ? line.warehouse : QString();
+        if (value.isEmpty() || line.isEmpty()) return true;
+        // Goods may have units of their own.
+        const QString key = caption(col) + value + (col == Unit ? line.code : QString());
+        if (listed.contains(key)) return true;
+        if (!isListed(line, col)) return false;
+        listed.insert(key);
+        return true;
+    };
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
         OrderLine line = read(row);
         for (int c = grid_.FixedCols(); c < ColumnCount; ++c) {
             const auto col = static_cast<Column>(c);
             const QString where =
                 u"第 %1 行的%2"_s.arg(QString::number(row - grid_.FixedRows() + 1), caption(col));
-            const QString why = whyUnsavable(line, col, text(row, col));
+            QString why = whyUnsavable(line, col, text(row, col));
+            if (why.isEmpty() && !isKnown(line, col))
+                why = u"“%1”不在%2列表中"_s.arg(text(row, col), caption(col));
             if (!why.isEmpty()) return Problem{row, col, where + why, false};
             if (!breaksRule(line, col)) continue;
             // The control applies the column's rule to its current cell, and tells the clerk. A row that

@@ -60,23 +60,42 @@ void OrderGrid::setUpColumns() {
         grid_.ColWidth(c, plan.width);
         if (*plan.format) grid_.ColFormat(c, plan.format);
     }
+    // Row numbers and dates show whole in every font.
+    grid_.ColSample(RowNumber, "行号 ");
+    grid_.ColSample(Delivery, "2026-11-27  ");
+    grid_.ColSample(Slot, "2026-11-27 下午  ");
+    grid_.ColSample(Entered, "2026-11-27 09:30:00  ");
 }
 
 void OrderGrid::setUpRules() {
-    // A known code brings everything up to the price: Enter goes straight to the quantity.
-    grid_.VsCtrl(Code)->sCellInput("," + std::to_string(Quantity));
+    // Enter follows what most lines need, code and quantity: a known code brings the rest of its line, new
+    // rows get warehouse and delivery. Tab leads to every field, and Enter there ends the line too.
+    const std::string nextLine = "+1," + std::to_string(Code);
+    for (int col = Quantity; col < ColumnCount; ++col)
+        grid_.VsCtrl(static_cast<std::int16_t>(col))->sCellInput(nextLine);
+    for (const Column col : {Code, Unit}) grid_.VsCtrl(col)->sCellInput("," + std::to_string(Quantity));
     for (const Column summed : {Quantity, Amount}) grid_.VsCtrl(summed)->b是否合计数据(true);
 
     const auto code = grid_.VsCtrl(Code);
     code->i有效性判断(1);
     code->i字段有效性判断类型(ij编码型);
-    code->s有效性判断基础("SELECT code, name FROM goods");
+    code->s有效性判断基础(GoodsQuery);
     code->s文本框对应编码字段("code");
     code->s文本框对应名称字段("name");
     code->i帮助返回值显示类型(iText记Code);
     code->s错误提示信息("商品目录中没有这个货号,请更正。");
     grid_.VsCtrl(Quantity)->i是否允许为空(i字段不能为零);
     grid_.VsCtrl(Warehouse)->i是否允许为空(i字段不能为空);
+    const auto checkList = [&](Column col, const char* list, const char* refusal) {
+        const auto definition = grid_.VsCtrl(col);
+        definition->i有效性判断(1);
+        definition->i字段有效性判断类型(ij编码型);
+        definition->s有效性判断基础(list);
+        definition->i帮助返回值显示类型(iText记Name);
+        definition->s错误提示信息(refusal);
+    };
+    checkList(Unit, UnitList, "没有这个单位,请更正。");
+    checkList(Warehouse, WarehouseQuery, "没有这个仓库,请更正。");
     const auto checkDates = [&](Column col, gEmJudgeType form) {
         grid_.VsCtrl(col)->i有效性判断(1);
         grid_.VsCtrl(col)->i字段有效性判断类型(form);
@@ -85,10 +104,6 @@ void OrderGrid::setUpRules() {
     checkDates(Slot, ij半日型);
     checkDates(Entered, ij时间型);
 
-    for (const Column copied : {Warehouse, Delivery, Slot}) {
-        grid_.VsCtrl(copied)->sDefaultText_Name("[-1,]");
-        grid_.VsCtrl(copied)->sDefaultText_Code("[-1,]");
-    }
     // A price of 0 is a price: it is shown, and it comes back from the database as it was.
     grid_.bIsShowZero(true);
     grid_.BackColorBkg(ButtonFace);
@@ -104,19 +119,19 @@ QString OrderGrid::hint() const {
         case Spec:
             return u"由货号带出,不能修改"_s;
         case Unit:
-            return u"由货号带出,可以修改;F2 从列表中选择"_s;
+            return u"由货号带出,可以改成列表中的另一个;F2 从列表中选择"_s;
         case Quantity:
-            return u"不能为零;可以输入算式,例如 12*3+5;回车到单价"_s;
+            return u"不能为零;可以输入算式,例如 12*3+5;回车到下一行,Tab 到单价"_s;
         case Price:
-            return u"由货号带出,可以修改,也可以输入算式"_s;
+            return u"由货号带出,可以修改,也可以输入算式;Tab 到仓库"_s;
         case Amount:
             return u"数量 × 单价,自动计算到分"_s;
         case Warehouse:
-            return u"输入仓库,不能为空;F2 从列表中选择;新行沿用上一行"_s;
+            return u"输入仓库的编码或名称,不能为空;F2 从列表中选择;新行用预设仓库"_s;
         case Delivery:
-            return u"年-月-日;F2 打开日历;时段的日期随之改变;新行沿用上一行"_s;
+            return u"年-月-日;F2 打开日历;时段的日期随之改变;新行用订单日期后 7 天"_s;
         case Slot:
-            return u"日期、空格、上午或下午,例如 2026-11-27 下午;F2 打开日历;新行沿用上一行"_s;
+            return u"日期、空格、上午或下午,例如 2026-11-27 下午;F2 打开日历;新行用预设交货日期的上午"_s;
         case Gift:
             return u"按空格键切换"_s;
         case Remark:
@@ -133,7 +148,7 @@ void OrderGrid::fitWidth(std::int32_t width) {
     for (std::int32_t c = 0; c < ColumnCount; ++c)
         if (c != Remark) others += grid_.ColWidth(c);
     // The control's layout counts columns as too wide when they leave less than 60 twips beside them.
-    const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 90);
+    const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 60);
     if (rest == grid_.ColWidth(Remark)) return;
     grid_.ColWidth(Remark, rest);
     grid_.Grid_Sum().ColWidth(Remark, rest);  // otherwise it follows with the next layout only

@@ -2,14 +2,13 @@
 
 #include "Decimal.h"
 #include "OrderGrid.h"
+#include "kxVsGrid/HelpExchange.h"
 
 using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr const char* GoodsList = "goods";
-
-constexpr const char* Units = "个|百个|件|只|套|台|把|副|盒|箱|桶|卷|根|片|张|米|平方米|千克|吨";
 
 HelpTable tableOf(const std::vector<Goods>& goods) {
     HelpTable table("商品");
@@ -42,7 +41,7 @@ void OrderGridHelp::setUpColumns() {
         definition->sHelp_Code(code);
     };
     offer(OrderGrid::Code, ih通用型, iText记Code, GoodsList);
-    offer(OrderGrid::Unit, ih常量型, iText记Name, Units);
+    offer(OrderGrid::Unit, ih常量型, iText记Name, OrderGrid::Units);
     offer(OrderGrid::Warehouse, ih特殊型, iText记Name);
     offer(OrderGrid::Delivery, ih日期型, iText记Code);
     offer(OrderGrid::Slot, ih半日型, iText记Code);
@@ -75,7 +74,11 @@ void OrderGridHelp::offerGoods(Variant& Grid_code, Variant& GridInfo, Variant& G
 
 void OrderGridHelp::editGoods(Variant& GridData) {
     try {
-        if (services_.enterGoods()) GridData = tableOf(services_.goods()).GridData();
+        std::string& code = HelpExchange::shared().RowCode;  // of the highlighted goods
+        const QString stored = services_.editGoods(QString::fromStdString(code));
+        if (stored.isEmpty()) return;
+        GridData = tableOf(services_.goods()).GridData();
+        code = stored.toStdString();
     } catch (const DatabaseError& error) {
         services_.failed(error.text());
     }

@@ -18,8 +18,9 @@ class OrderGridHelp {
     struct Services {
         /// All goods, in the order of the list. May throw DatabaseError.
         std::function<std::vector<Goods>()> goods;
-        /// The clerk enters new goods; false when he gave up.
-        std::function<bool()> enterGoods;
+        /// The clerk changes the goods of a code, or enters new ones; answers the code of what was stored,
+        /// empty when he gave up. May throw DatabaseError.
+        std::function<QString(const QString& code)> editGoods;
         /// The clerk chooses a warehouse in a list at this place, twips of the screen; `typed` is the text of
         /// the cell. May throw DatabaseError.
         std::function<std::optional<CodeAndName>(std::int32_t x, std::int32_t y, const QString& typed)>

@@ -23,6 +23,8 @@ OrderHeader::OrderHeader(QWidget* parent)
     date_->setMinimumDate(QDate(1900, 1, 2));
     customer_->setObjectName(u"customer"_s);
     contact_->setObjectName(u"contact"_s);
+    contact_->setTextFormat(Qt::PlainText);
+    date_->setFocusPolicy(Qt::StrongFocus);  // the wheel does not give it the keyboard
     layOut();
     number_->installEventFilter(this);
     date_->installEventFilter(this);
@@ -75,6 +77,12 @@ void OrderHeader::setReadOnly(bool readOnly) {
     number_->setReadOnly(readOnly);
     date_->setReadOnly(readOnly);
     customer_->setReadOnly(readOnly);
+    for (QWidget* field :
+         {static_cast<QWidget*>(number_), static_cast<QWidget*>(date_), static_cast<QWidget*>(customer_)}) {
+        QPalette colors;  // the surroundings' own
+        if (readOnly) colors.setBrush(QPalette::Base, palette().brush(QPalette::Window));
+        field->setPalette(colors);
+    }
 }
 
 void OrderHeader::read(Order& order) const {
@@ -111,6 +119,10 @@ void OrderHeader::showContact() {
 }
 
 bool OrderHeader::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel && watched == date_ && !date_->hasFocus()) {
+        event->ignore();
+        return true;
+    }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {

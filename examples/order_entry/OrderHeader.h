@@ -1,4 +1,5 @@
-// The head of an order: number, date, customer. Enter goes from field to field and on to the lines.
+// The head of an order: number, date, customer. Enter goes from field to field and on to the lines; the wheel
+// changes nothing in a field that does not have the keyboard.
 #pragma once
 
 #include <QDate>

@@ -69,6 +69,7 @@ void OrderListDialog::layOut() {
     connect(open_, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* bottom = new QHBoxLayout;
+    count_->setTextFormat(Qt::PlainText);
     bottom->addWidget(count_, 1);
     bottom->addWidget(open_);
     bottom->addWidget(cancel);

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QResizeEvent>
+#include <utility>
 
 #include "ColumnWidths.h"
 #include "OrderGrid.h"
@@ -17,6 +18,8 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int DeliveryDays = 7;
 constexpr int TwipsPerInch = 1440;
+constexpr QLatin1StringView ApprovedBadge(
+    "background: #1b7f3b; color: white; font-weight: bold; padding: 3px 14px; border-radius: 4px");
 
 QString money(Cents amount) {
     return QString::fromStdString(moneyText(amount));
@@ -58,9 +61,9 @@ OrderGridHelp::Services OrderWindow::helpServices() {
     OrderGridHelp::Services result;
     result.goods = [this] { return catalogue_.allGoods(); };
     // In front of the list that its edit button belongs to.
-    result.enterGoods = [this] {
+    result.editGoods = [this](const QString& code) {
         QWidget* list = QApplication::activeModalWidget();
-        return questions_.enterGoods(list ? list : this, catalogue_);
+        return questions_.editGoods(list ? list : this, catalogue_, code);
     };
     result.chooseWarehouse = [this](std::int32_t x, std::int32_t y, const QString& typed) {
         const auto pixel = [this](std::int32_t twips) {
@@ -81,6 +84,7 @@ OrderWindow::~OrderWindow() {
 
 void OrderWindow::connectParts() {
     widget_->installEventFilter(this);
+    placed_ = widget_->grid().Grid().PlacesChanged.connect([this] { fitBesideBar(); });
     grid_->mayDelete([this](const QString& row) {
         return questions_.confirm(this, u"删除"_s + row.trimmed() + u"?"_s, u"删除(&D)"_s);
     });
@@ -102,6 +106,7 @@ void OrderWindow::connectParts() {
 void OrderWindow::start() {
     connectDatabase();
     startNewOrder();
+    tellWhetherReadOnly();
 }
 
 bool OrderWindow::connectDatabase() {
@@ -109,10 +114,24 @@ bool OrderWindow::connectDatabase() {
     try {
         database_.open();
         header_->setCustomers(catalogue_.customers());
+        presetWarehouse();
         return true;
     } catch (const DatabaseError& error) {
         return report(error, u"可以继续录入;排除原因后保存时会再次连接数据库。"_s);
     }
+}
+
+// The first of the list is the main one.
+void OrderWindow::presetWarehouse() {
+    const std::vector<CodeAndName> all = catalogue_.warehouses();
+    grid_->presetWarehouse(all.empty() ? QString() : all.front().name);
+}
+
+void OrderWindow::tellWhetherReadOnly() {
+    if (!database_.isReadOnly()) return;
+    const QString why = u"数据库是只读的,现在不能保存订单:\n"_s + QDir::toNativeSeparators(database_.file());
+    say(why.simplified(), true);
+    questions_.problem(this, why + u"\n\n可以继续录入;文件可以写入之后就能保存。"_s);
 }
 
 bool OrderWindow::report(const DatabaseError& error, const QString& consolation) {
@@ -182,7 +201,7 @@ void OrderWindow::display(const Order& order) {
     if (order.id == 0)
         grid_->clear(order.date.addDays(DeliveryDays));
     else
-        grid_->show(order.lines);
+        grid_->show(order.lines, order.date.addDays(DeliveryDays));
     saved_ = order;
     showWhetherApproved();
 }
@@ -190,6 +209,7 @@ void OrderWindow::display(const Order& order) {
 void OrderWindow::showWhetherApproved() {
     header_->setReadOnly(saved_.approved);
     grid_->setReadOnly(saved_.approved);
+    for (QAction* action : changing_) action->setEnabled(!saved_.approved);
     refresh();
     refreshHint();
 }
@@ -290,8 +310,9 @@ bool OrderWindow::readyToSave() {
 bool OrderWindow::save() {
     if (refusedAsApproved() || !connectDatabase() || !readyToSave()) return false;
     Order order = onScreen();
+    const QString proposed = order.number;
     try {
-        store_.save(order);
+        store(order);
     } catch (const OrderChanged& error) {
         return saveAsNew(error.text());
     } catch (const DatabaseError& error) {
@@ -299,11 +320,33 @@ bool OrderWindow::save() {
         return report(error, u"没有保存任何内容,屏幕上的订单没有改变;排除原因后可以再次保存。"_s);
     }
     saved_ = order;
+    header_->showNumber(order.number);
     grid_->markSaved();
     refresh();
-    say(u"订单 %1 已保存:%2 行,金额 %3"_s.arg(order.number, QString::number(order.lines.size()),
-                                              money(order.total())));
+    const QString done = u"订单 %1 已保存:%2 行,金额 %3"_s.arg(
+        order.number, QString::number(order.lines.size()), money(order.total()));
+    if (order.number == proposed) {
+        say(done);
+        return true;
+    }
+    const QString other = u"单号 %1 已被另一张订单使用,本单改为 %2"_s.arg(proposed, order.number);
+    say(other + u";"_s + done, true);
+    questions_.information(this, u"单号已改变"_s, other + u"。"_s);
     return true;
+}
+
+// A number that this window proposed may have been given to another order since: the next one is taken.
+void OrderWindow::store(Order& order) {
+    constexpr int MostTries = 20;
+    const bool proposed = order.id == 0 && order.number == saved_.number;
+    for (int left = proposed ? MostTries : 1;; --left) {
+        try {
+            return store_.save(order);
+        } catch (const DatabaseError& error) {
+            if (!error.isDuplicate() || left <= 1) throw;
+        }
+        order.number = store_.nextNumber(order.date);
+    }
 }
 
 // Somebody else has changed or deleted the order: what is on the screen can still be kept beside it.
@@ -314,6 +357,7 @@ bool OrderWindow::saveAsNew(const QString& why) {
     try {
         const QString number = store_.nextNumber(header_->date());
         saved_ = {};
+        saved_.number = number;
         header_->showNumber(number);
     } catch (const DatabaseError& error) {
         return report(error, u"屏幕上的订单没有改变。"_s);
@@ -353,7 +397,8 @@ void OrderWindow::say(const QString& text, bool warning) {
     const bool dark = palette().color(QPalette::Window).lightness() < 128;
     message_->setStyleSheet(!warning ? QString() : dark ? u"color: #ffb4ab"_s : u"color: #b3261e"_s);
     message_->setText(text);
-    message_->setToolTip(text);
+    // A tip that looks like markup would be taken for it.
+    message_->setToolTip(Qt::mightBeRichText(text) ? u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s : text);
 }
 
 void OrderWindow::refresh() {
@@ -368,6 +413,7 @@ void OrderWindow::refresh() {
                     : order.id == 0  ? u"新订单"_s
                     : order.approved ? u"已审核"_s
                                      : u"已保存"_s);
+    state_->setStyleSheet(order.approved ? QString(ApprovedBadge) : QString());
     setWindowTitle(u"销售订单录入 - "_s + order.number + u"[*]"_s);
     setWindowModified(unsaved);
     fitGrid(widget_->width());  // more rows may have brought a scroll bar
@@ -383,6 +429,12 @@ void OrderWindow::enterLines() {
 
 void OrderWindow::fitGrid(int width) {
     grid_->fitWidth(width * TwipsPerInch / widget_->logicalDpiX());
+}
+
+// A scroll bar comes or goes while the grid lays itself out in its new size.
+void OrderWindow::fitBesideBar() {
+    const bool bar = widget_->grid().Grid().VerticalBarShown();
+    if (std::exchange(barSeen_, bar) != bar) fitGrid(widget_->width());
 }
 
 void OrderWindow::rememberColumns(std::unique_ptr<QSettings> settings) {
@@ -401,5 +453,9 @@ bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {
     // Before the widget lays itself out, so that the total row gets the same widths.
     if (watched == widget_ && event->type() == QEvent::Resize)
         fitGrid(static_cast<QResizeEvent*>(event)->size().width());
+    // After it, when the columns have followed the font.
+    if (watched == widget_ && event->type() == QEvent::FontChange)
+        QMetaObject::invokeMethod(
+            this, [this] { fitGrid(widget_->width()); }, Qt::QueuedConnection);
     return QMainWindow::eventFilter(watched, event);
 }

@@ -15,6 +15,7 @@
 
 class ColumnWidths;
 class OrderHeader;
+class QAction;
 class QLabel;
 class QSettings;
 
@@ -76,6 +77,9 @@ class OrderWindow : public QMainWindow {
     void display(const Order& order);
     bool readyToSave();
     bool saveAsNew(const QString& why);
+    void store(Order& order);
+    void presetWarehouse();
+    void tellWhetherReadOnly();
     bool refusedAsApproved();
     void showWhetherApproved();
     bool refuse(const QString& why);
@@ -86,6 +90,7 @@ class OrderWindow : public QMainWindow {
     void refresh();
     void refreshHint();
     void fitGrid(int width);
+    void fitBesideBar();
     void resetColumns();
     void showKeys();
     void enterLines();
@@ -101,9 +106,12 @@ class OrderWindow : public QMainWindow {
     kxVsGrid::qt::kxGridWidget* widget_;
     std::unique_ptr<OrderGrid> grid_;
     std::unique_ptr<OrderGridHelp> help_;
+    kxVsGrid::ScopedConnection placed_;
+    bool barSeen_ = false;
     std::unique_ptr<ColumnWidths> widths_;
     QLabel* state_;
     QLabel* hint_;
     QLabel* message_;
     QLabel* totals_;
+    std::vector<QAction*> changing_;  ///< what can be done to an order that is not closed
 };

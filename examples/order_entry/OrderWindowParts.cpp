@@ -24,7 +24,7 @@ void OrderWindow::layOut() {
     large.setBold(true);
     title->setFont(large);
     state_->setObjectName(u"state"_s);
-    state_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (QLabel* label : {state_, hint_, totals_}) label->setTextFormat(Qt::PlainText);
     hint_->setForegroundRole(QPalette::PlaceholderText);
 
     auto* frame = new QFrame(this);
@@ -35,7 +35,8 @@ void OrderWindow::layOut() {
 
     auto* top = new QHBoxLayout;
     top->addWidget(title);
-    top->addWidget(state_, 1);
+    top->addStretch();
+    top->addWidget(state_);
     auto* all = new QVBoxLayout;
     all->setContentsMargins(12, 8, 12, 4);
     all->setSpacing(8);
@@ -64,16 +65,18 @@ void OrderWindow::addActions() {
         action->setIconText(brief);
         action->setToolTip(brief + u" ("_s + keys.toString(QKeySequence::NativeText) + u")"_s);
         tools->addAction(action);
+        return action;
     };
     add(u"新建(&N)"_s, u"新建"_s, QKeySequence(u"Ctrl+N"_s), QStyle::SP_FileIcon, [this] { newOrder(); });
     add(u"打开(&O)…"_s, u"打开"_s, QKeySequence(u"Ctrl+O"_s), QStyle::SP_DialogOpenButton,
         [this] { chooseOrder(); });
-    add(u"保存(&S)"_s, u"保存"_s, QKeySequence(u"Ctrl+S"_s), QStyle::SP_DialogSaveButton, [this] { save(); });
-    add(u"审核(&A)…"_s, u"审核"_s, QKeySequence(u"F9"_s), QStyle::SP_DialogApplyButton,
-        [this] { approveOrder(); });
+    changing_.push_back(add(u"保存(&S)"_s, u"保存"_s, QKeySequence(u"Ctrl+S"_s), QStyle::SP_DialogSaveButton,
+                            [this] { save(); }));
+    changing_.push_back(add(u"审核(&A)…"_s, u"审核"_s, QKeySequence(u"F9"_s), QStyle::SP_DialogApplyButton,
+                            [this] { approveOrder(); }));
     order->addSeparator();
-    add(u"删除订单(&D)…"_s, u"删除"_s, QKeySequence(u"Ctrl+D"_s), QStyle::SP_TrashIcon,
-        [this] { deleteOrder(); });
+    changing_.push_back(add(u"删除订单(&D)…"_s, u"删除"_s, QKeySequence(u"Ctrl+D"_s), QStyle::SP_TrashIcon,
+                            [this] { deleteOrder(); }));
     order->addSeparator();
     order->addAction(u"退出(&X)"_s, QKeySequence(u"Ctrl+Q"_s), this, [this] { close(); });
 
@@ -108,9 +111,9 @@ void OrderWindow::showKeys() {
                            "Ctrl+D\t删除订单\n"
                            "F9\t审核订单,此后不能修改\n"
                            "F6 / F7\t到表头 / 到明细\n"
-                           "Tab\t下一格(Shift+Tab 上一格)\n"
+                           "Tab\t到每一格(Shift+Tab 上一格)\n"
                            "\n在明细中:\n"
-                           "回车\t确认并到下一格;直接输入即可修改,Esc 放弃\n"
+                           "回车\t确认:货号之后到数量,其余到下一行;Esc 放弃\n"
                            "F2\t输入时打开帮助:商品、单位、仓库、日历\n"
                            "空格\t切换赠品\n"
                            "Insert\t在末尾增加一行\n"

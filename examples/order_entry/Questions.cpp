@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 Questions::Leave Questions::unsavedWork(QWidget* parent, const QString& what) {
     QMessageBox box(QMessageBox::Question, u"未保存的内容"_s, what + u"\n要保存吗?"_s, QMessageBox::NoButton,
                     parent);
+    box.setTextFormat(Qt::PlainText);  // texts hold what the database holds
     QPushButton* save = box.addButton(u"保存(&S)"_s, QMessageBox::AcceptRole);
     QPushButton* discard = box.addButton(u"不保存(&D)"_s, QMessageBox::DestructiveRole);
     QPushButton* stay = box.addButton(u"取消(&C)"_s, QMessageBox::RejectRole);
@@ -24,6 +25,7 @@ Questions::Leave Questions::unsavedWork(QWidget* parent, const QString& what) {
 
 bool Questions::confirm(QWidget* parent, const QString& text, const QString& yes) {
     QMessageBox box(QMessageBox::Question, u"请确认"_s, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
     QPushButton* accept = box.addButton(yes, QMessageBox::AcceptRole);
     QPushButton* cancel = box.addButton(u"取消(&C)"_s, QMessageBox::RejectRole);
     box.setDefaultButton(cancel);
@@ -34,12 +36,14 @@ bool Questions::confirm(QWidget* parent, const QString& text, const QString& yes
 
 void Questions::problem(QWidget* parent, const QString& text) {
     QMessageBox box(QMessageBox::Warning, u"销售订单录入"_s, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
     box.addButton(u"确定"_s, QMessageBox::AcceptRole);
     box.exec();
 }
 
 void Questions::information(QWidget* parent, const QString& title, const QString& text) {
     QMessageBox box(QMessageBox::Information, title, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
     box.addButton(u"确定"_s, QMessageBox::AcceptRole);
     box.exec();
 }
@@ -50,8 +54,9 @@ std::optional<qint64> Questions::chooseOrder(QWidget* parent, const OrderStore& 
     return dialog.chosen();
 }
 
-bool Questions::enterGoods(QWidget* parent, Catalogue& catalogue) {
-    return GoodsEditor(catalogue, parent).exec() == QDialog::Accepted;
+QString Questions::editGoods(QWidget* parent, Catalogue& catalogue, const QString& code) {
+    GoodsEditor editor(catalogue, code, parent);
+    return editor.exec() == QDialog::Accepted ? editor.stored() : QString();
 }
 
 std::optional<CodeAndName> Questions::chooseWarehouse(QWidget* parent,

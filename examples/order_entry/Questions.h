@@ -24,8 +24,9 @@ class Questions {
     virtual void information(QWidget* parent, const QString& title, const QString& text);
     /// The order to open, or nothing. Throws DatabaseError.
     virtual std::optional<qint64> chooseOrder(QWidget* parent, const OrderStore& store);
-    /// Takes new goods into the catalogue; false when the clerk gave up.
-    virtual bool enterGoods(QWidget* parent, Catalogue& catalogue);
+    /// Changes the goods of a code, or takes new ones into the catalogue; answers the code of what was
+    /// stored, empty when the clerk gave up. Throws DatabaseError.
+    virtual QString editGoods(QWidget* parent, Catalogue& catalogue, const QString& code);
     /// The warehouse that the clerk takes out of a list at a place of the screen, or nothing.
     virtual std::optional<CodeAndName> chooseWarehouse(QWidget* parent,
                                                        const std::vector<CodeAndName>& warehouses,

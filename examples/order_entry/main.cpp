@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QSettings>
@@ -16,6 +17,7 @@
 #include "ChineseTexts.h"
 #include "KeyPlayer.h"
 #include "OrderWindow.h"
+#include "PrivateFiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,7 +38,7 @@ Options readOptions() {
     parser.setApplicationDescription(u"销售订单录入"_s);
     parser.addHelpOption();
     parser.addOptions({
-        {u"db"_s, u"数据库文件;不存在时建立"_s, u"文件"_s},
+        {u"db"_s, u"数据库文件;不存在时建立;:memory: 只在内存中"_s, u"文件"_s},
         {u"seed-only"_s, u"只建立数据库,不显示窗口"_s},
         {u"today"_s, u"当作今天的日期"_s, u"yyyy-mm-dd"_s},
         {u"now"_s, u"当作现在的日期和时间,不再走动"_s, u"yyyy-mm-dd HH:mm:ss"_s},
@@ -77,9 +79,14 @@ int seed(const QString& file) {
 
 // A key script finds the same window at every user's.
 std::unique_ptr<QSettings> userSettings(const Options& options) {
-    if (!options.settings.isEmpty())
-        return std::make_unique<QSettings>(options.settings, QSettings::IniFormat);
-    return options.plays() ? nullptr : std::make_unique<QSettings>();
+    if (options.settings.isEmpty() && options.plays()) return nullptr;
+    auto settings = options.settings.isEmpty()
+                        ? std::make_unique<QSettings>()
+                        : std::make_unique<QSettings>(options.settings, QSettings::IniFormat);
+    // Settings keep the rights of a file that is there. Where it cannot be made, keeping a width reports it.
+    if (makePrivateFolder(QFileInfo(settings->fileName()).absolutePath()))
+        makePrivateFile(settings->fileName());
+    return settings;
 }
 
 // Plays the keys, saves the picture and ends the program.

@@ -138,6 +138,12 @@ class CellGrid {
     // --- Columns. Setting a column property erases no cell setting.
     std::int32_t ColWidth(std::int32_t col) const;
     void ColWidth(std::int32_t col, std::int32_t twips);
+    /// The text that the column is as wide as, also in another font, until a width is put; so are columns
+    /// with the captions of FormatString. Empty for none: the width stays as it is.
+    std::string ColSample(std::int32_t col) const;
+    void ColSample(std::int32_t col, std::string_view sample);
+    /// The metrics say something else now: columns with a sample get the width that it needs.
+    void MeasureCols();
     bool ColHidden(std::int32_t col) const;
     void ColHidden(std::int32_t col, bool hidden);
     mEmflexAlign ColAlignment(std::int32_t col) const;
@@ -188,6 +194,18 @@ class CellGrid {
     void ForeColorFixed(std::uint32_t color);
     std::int32_t Appearance() const;  ///< 0 flat, 1 three-dimensional
     void Appearance(std::int32_t appearance);
+    /// A ground of cells that is nobody's choice and gives way to a dark palette: it is drawn in FittedGrey.
+    std::optional<std::uint32_t> FittedColor() const;
+    void FittedColor(std::optional<std::uint32_t> color);
+    /// How much darker than BackColor the cells of a column are drawn that have no colour of their own, in
+    /// hundredths of black (of white where it is dark); asked with every picture. An empty function: not at
+    /// all.
+    const std::function<std::uint8_t(std::int32_t col)>& ColShade() const;
+    void ColShade(std::function<std::uint8_t(std::int32_t col)> shade);
+    /// A text too wide for its data cell is drawn over empty neighbours, away from the side that it is
+    /// aligned to. For grids of few rows: each of them is drawn whole. False at first.
+    bool TextsRunOver() const;
+    void TextsRunOver(bool over);
     mEmflexMerge MergeCells() const;
     void MergeCells(mEmflexMerge merge);
     /// 0 painting is off, 1 on, 2 on and buffered.
@@ -202,6 +220,9 @@ class CellGrid {
     /// True: the whole current row is highlighted, and Left and Right only scroll (pick-lists).
     bool SelectsRows() const;
     void SelectsRows(bool rows);
+
+    /// Of the machine that shows the texts.
+    const TextMetrics& Metrics() const;
 
     // --- The view.
     std::int32_t Width() const;

@@ -16,6 +16,10 @@
 
 namespace kxVsGrid {
 
+/// A colour beside those of the system: the light grey 0xE0E0E0, and what stands for it where the palette is
+/// dark. It is in the place of CellGrid::FittedColor.
+constexpr std::uint32_t FittedGrey = 0x8000001E;
+
 struct FrameItem {
     enum class Kind : std::uint8_t {
         Fill,       ///< the rectangle in the colour
@@ -23,9 +27,12 @@ struct FrameItem {
         Text,       ///< `text` in the colour, aligned and clipped to the rectangle
         CheckMark,  ///< a check box in the middle of the rectangle; `checked`
         Focus,      ///< the outline of the current cell
+        Raised,  ///< a light hairline along the left and upper edges of the rectangle, a dark one along the
+                 ///< lines that it ends with: tones of the colour, which is that of the ground
     };
     Kind kind = Kind::Fill;
     bool checked = false;
+    std::uint8_t shade = 0;  ///< hundredths of black that are mixed into a fill, of white where it is dark
     mEmflexAlign alignment = flexAlignLeftCenter;  ///< resolved, never general
     std::uint32_t color = 0;                       ///< system colours (high bit set) stay as they are
     Rect rect;                                     ///< twips, in the view
@@ -38,6 +45,7 @@ struct FrameItem {
 struct FrameState {
     bool focused = false;     ///< the grid or its editor has the focus
     bool editorOpen = false;  ///< the editor lies over the current cell
+    bool flat = false;        ///< no cell is raised, whatever the Appearance
     Rect clip{0, 0, -1, -1};  ///< only what overlaps it is made; an empty one stands for the whole view
 };
 

@@ -17,6 +17,9 @@ struct HelpExchange {
     Variant Grid_code;       ///< the host's answer to GetHelpCodeInfo
     Variant GridInfo;
     Variant GridData;
+    /// While GetHelpEdit is raised: the code of the record that is highlighted, as OK would return it; empty
+    /// without one. The code that the host leaves here is highlighted once the list is filled again.
+    std::string RowCode;
 
     static HelpExchange& shared();
 };

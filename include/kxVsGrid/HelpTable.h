@@ -38,9 +38,10 @@ namespace kxVsGrid {
 /// The numbers of the attributes of an entry of GridInfo.
 namespace HelpPosition {
 constexpr std::int32_t FieldName = 1;
-constexpr std::int32_t Header = 13;     ///< the field name where there is none
-constexpr std::int32_t Width = 14;      ///< of the column in twips; 1500 where there is none
-constexpr std::int32_t Alignment = 15;  ///< a number of mEmflexAlign; by the texts where there is none
+constexpr std::int32_t Header = 13;  ///< the field name where there is none
+constexpr std::int32_t Width = 14;   ///< of the column in twips; 1500 where there is none
+constexpr std::int32_t Alignment =
+    15;  ///< a number of mEmflexAlign; without it numbers right, others by their texts
 constexpr std::int32_t Visible = 17;    ///< "0" or False: hidden
 constexpr std::int32_t Decimals = 18;   ///< of a number, 0 to 15; without it "#,##0.00" is shown
 constexpr std::int32_t Thousands = 19;  ///< "1" or True: a number with decimals given has separators

@@ -4,6 +4,7 @@
 //     grid.Options().EscRestores(true);
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "kxVsGrid/Event.h"
@@ -38,10 +39,23 @@ class GridOptions {
     bool PressToggles() const { return pressToggles_; }
     void PressToggles(bool toggles) { pressToggles_ = toggles; }
 
+    /// How much darker than others (lighter on a dark ground) cells are drawn that cannot be edited, in
+    /// hundredths, at most 50: those of read-only columns, and all of them while the grid is not Editable.
+    /// Cells with a colour of their own keep it. 0 at first: they look like the others. What a column's
+    /// definition says is read as a picture is made: after changing it, ReDraw.
+    std::int32_t ReadOnlyShade() const { return readOnlyShade_; }
+    void ReadOnlyShade(std::int32_t hundredths) {
+        readOnlyShade_ = std::clamp(hundredths, 0, 50);
+        LookChanged();
+    }
+    /// A switch that the picture depends on was put.
+    Event<> LookChanged;
+
   private:
     bool escRestores_ = false;
     bool fillsToLastLine_ = false;
     bool enterPassesReadOnly_ = false;
     bool pressToggles_ = false;
+    std::int32_t readOnlyShade_ = 0;
 };
 }  // namespace kxVsGrid

@@ -150,6 +150,11 @@ class kxGrid : public GridEvents {
     void ColFormat(std::int32_t Col, std::string_view format);
     std::int32_t ColWidth(std::int32_t Col) const;
     void ColWidth(std::int32_t Col, std::int32_t twips);
+    /// A text that the column is as wide as in the font that shows it, also when that changes, until a width
+    /// is put or the clerk drags one; empty for none. FormatString's captions, blanks included, are such
+    /// texts.
+    std::string ColSample(std::int32_t Col) const;
+    void ColSample(std::int32_t Col, std::string_view sample);
     mEmflexAlign ColAlignment(std::int32_t Col) const;
     void ColAlignment(std::int32_t Col, mEmflexAlign alignment);
     std::int32_t RowHeight(std::int32_t Row) const;
@@ -174,9 +179,11 @@ class kxGrid : public GridEvents {
     void ForeColor(std::uint32_t color);
     std::uint32_t ForeColorFixed() const;
     void ForeColorFixed(std::uint32_t color);
+    /// 1: fixed cells are drawn raised; 0: flat.
     std::int32_t Appearance() const;
     void Appearance(std::int32_t appearance);
-    /// Colour of the total row's cells, until its next set-up makes them light grey again.
+    /// Colour of the total row's cells, until its next set-up makes them light grey again. The light grey is
+    /// drawn darker in a dark palette; a colour that is put here stays as it is.
     void VsSumCellBackColor(std::uint32_t color);
 
     // --- The grids themselves, for what is not forwarded.
@@ -203,6 +210,8 @@ class kxGrid : public GridEvents {
     Rect gridRect() const;
     Rect totalRowRect() const;
     bool totalRowShown() const;
+    /// The font that shows the texts is another one: columns with a sample get the width that it needs.
+    void MeasureCols();
     /// Adds a row through the row commands' routine; `Position` Rows() is after the last row.
     void AddRow(std::int32_t Position, bool WithDefaults, bool CopyData);
 

@@ -11,16 +11,7 @@ namespace kxVsGrid {
 using cellgrid::CellStore;
 using cellgrid::CellStyle;
 using cellgrid::misuse;
-
-namespace {
-/// Larger sizes could not be added up in 32 bits.
-constexpr std::int32_t MaxSize = 1'000'000'000;
-
-void requireSize(const char* member, std::int32_t twips) {
-    if (twips < 0) misuse(member, twips, "is negative");
-    if (twips > MaxSize) misuse(member, twips, "is more than the maximum");
-}
-}  // namespace
+using cellgrid::requireSize;
 
 CellGrid::CellGrid(const TextMetrics& metrics) : impl_(std::make_shared<Impl>(*this, metrics)) {
     Rows(6);
@@ -197,7 +188,25 @@ std::int32_t CellGrid::ColWidth(std::int32_t col) const {
 void CellGrid::ColWidth(std::int32_t col, std::int32_t twips) {
     impl_->requireCol("ColWidth", col);
     requireSize("ColWidth", twips);
-    if (impl_->layout.cols.axis.setSize(col, twips)) held()->geometryChanged();
+    const auto impl = held();
+    const auto i = static_cast<std::size_t>(col);
+    if (i < impl->samples.size()) impl->samples[i].clear();
+    impl->setWidth(col, twips);
+}
+std::string CellGrid::ColSample(std::int32_t col) const {
+    impl_->requireCol("ColSample", col);
+    const auto i = static_cast<std::size_t>(col);
+    return i < impl_->samples.size() ? impl_->samples[i] : std::string();
+}
+void CellGrid::ColSample(std::int32_t col, std::string_view sample) {
+    impl_->requireCol("ColSample", col);
+    if (sample.empty())
+        ColWidth(col, ColWidth(col));
+    else
+        held()->setSample(col, sample);
+}
+void CellGrid::MeasureCols() {
+    held()->measureCols();
 }
 bool CellGrid::ColHidden(std::int32_t col) const {
     impl_->requireCol("ColHidden", col);

@@ -4,14 +4,17 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
-#include "cellgrid/store/CellStore.h"
-#include "cellgrid/frame/DamageLog.h"
 #include "cellgrid/Layout.h"
 #include "cellgrid/Misuse.h"
+#include "cellgrid/frame/DamageLog.h"
+#include "cellgrid/store/CellStore.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid {
@@ -35,6 +38,12 @@ struct CellGrid::Impl {
     void insertRow(std::int32_t position);
     void removeRow(std::int32_t position);
     void setFormatString(std::string_view format);
+    void setWidth(std::int32_t col, std::int32_t twips);
+    void setSample(std::int32_t col, std::string_view sample);
+    void measureCols();
+    std::int32_t widthFor(std::string_view sample) const {
+        return metrics.textWidth(sample) + metrics.padding();
+    }
 
     // --- Cells (GridCells.cpp).
     void requireRow(const char* member, std::int32_t row) const {
@@ -115,6 +124,7 @@ struct CellGrid::Impl {
     cellgrid::DamageLog damage;
     cellgrid::SparseRuns<bool> mergedRows;
     std::string formatString;
+    std::vector<std::string> samples;  ///< texts that columns are as wide as; as many as were ever needed
     Watcher* watcher = nullptr;
 
     std::int32_t currentRow = -1;
@@ -137,6 +147,9 @@ struct CellGrid::Impl {
     std::uint32_t foreColor = 0x8000'0008;       // window text
     std::uint32_t foreColorFixed = 0x8000'0012;  // button text
     std::int32_t appearance = 1;
+    std::optional<std::uint32_t> fittedColor;
+    std::function<std::uint8_t(std::int32_t)> colShade;
+    bool textsRunOver = false;
     mEmflexMerge mergeCells = flexMergeNever;
     std::int32_t redraw = 1;
     bool showCursor = true;

@@ -55,6 +55,28 @@ std::int32_t CellGrid::Appearance() const {
 void CellGrid::Appearance(std::int32_t appearance) {
     put(impl_->damage, impl_->appearance, appearance);
 }
+std::optional<std::uint32_t> CellGrid::FittedColor() const {
+    return impl_->fittedColor;
+}
+void CellGrid::FittedColor(std::optional<std::uint32_t> color) {
+    put(impl_->damage, impl_->fittedColor, color);
+}
+const std::function<std::uint8_t(std::int32_t)>& CellGrid::ColShade() const {
+    return impl_->colShade;
+}
+void CellGrid::ColShade(std::function<std::uint8_t(std::int32_t)> shade) {
+    impl_->colShade = std::move(shade);
+    impl_->damage.addAll();
+}
+bool CellGrid::TextsRunOver() const {
+    return impl_->textsRunOver;
+}
+void CellGrid::TextsRunOver(bool over) {
+    put(impl_->damage, impl_->textsRunOver, over);
+}
+const TextMetrics& CellGrid::Metrics() const {
+    return impl_->metrics;
+}
 mEmflexMerge CellGrid::MergeCells() const {
     return impl_->mergeCells;
 }

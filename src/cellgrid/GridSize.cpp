@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "cellgrid/format/FormatString.h"
 #include "cellgrid/GridImpl.h"
+#include "cellgrid/format/FormatString.h"
 #include "support/Undo.h"
 
 namespace kxVsGrid {
@@ -85,6 +85,7 @@ void CellGrid::Impl::setCols(std::int32_t count) {
     formatString = cellgrid::cutFormatString(formatString, count);
     store.setCols(count);
     layout.cols.axis.remove(count, now - count);
+    if (samples.size() > static_cast<std::size_t>(count)) samples.resize(static_cast<std::size_t>(count));
     layout.cols.fixed = std::min(layout.cols.fixed, count);
     if (drag.col >= count) drag = {};
     const bool lost = currentCol >= count;
@@ -148,9 +149,35 @@ void CellGrid::Impl::removeRow(std::int32_t position) {
     announce(scrolled);
 }
 
+void CellGrid::Impl::setWidth(std::int32_t col, std::int32_t twips) {
+    if (layout.cols.axis.setSize(col, twips)) geometryChanged();
+}
+
+void CellGrid::Impl::setSample(std::int32_t col, std::string_view sample) {
+    const auto i = static_cast<std::size_t>(col);
+    std::string kept(sample);
+    const std::int32_t width = widthFor(kept);
+    cellgrid::requireSize("ColWidth", width);
+    if (samples.size() <= i) samples.resize(i + 1);
+    samples[i] = std::move(kept);
+    setWidth(col, width);
+}
+
+/// One change of places, however many columns; all are measured before the first is changed.
+void CellGrid::Impl::measureCols() {
+    std::vector<std::pair<std::int32_t, std::int32_t>> widths;
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        if (!samples[i].empty())
+            widths.emplace_back(static_cast<std::int32_t>(i),
+                                std::min(widthFor(samples[i]), cellgrid::MaxSize));
+    bool changed = false;
+    for (const auto& [col, width] : widths) changed = layout.cols.axis.setSize(col, width) || changed;
+    if (changed) geometryChanged();
+}
+
 /// A caption and the width it needs, in a column that an event's listener may have taken away.
 void CellGrid::Impl::setCaption(std::int32_t field, std::string_view text, std::string_view caption) {
-    grid.ColWidth(field, metrics.textWidth(text) + metrics.padding());
+    setSample(field, text);
     if (there && layout.rows.fixed > 0) setText(0, field, caption);
 }
 

@@ -55,7 +55,9 @@ void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {
         return index >= end || (index >= lane.fixed && index < lane.first);
     };
     if (outside(layout.rows, atRow, visibleRowsEnd) || outside(layout.cols, atCol, visibleColsEnd)) return;
-    damage.add(layout.cellRect(atRow, atCol));
+    Rect rect = layout.cellRect(atRow, atCol);
+    if (textsRunOver) rect = {0, rect.top, layout.clientWidth(), rect.height};
+    damage.add(rect);
 }
 
 /// What the current cell looks like changes with its place: the cell, or its whole row.

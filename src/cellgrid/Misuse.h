@@ -24,4 +24,12 @@ inline void requireIndex(const char* member, const char* what, std::int32_t valu
     if (static_cast<std::uint32_t>(value) >= static_cast<std::uint32_t>(count)) [[unlikely]]
         misuseIndex(member, what, value, count);
 }
+
+/// Larger sizes could not be added up in 32 bits.
+constexpr std::int32_t MaxSize = 1'000'000'000;
+
+inline void requireSize(const char* member, std::int32_t twips) {
+    if (twips < 0) misuse(member, twips, "is negative");
+    if (twips > MaxSize) misuse(member, twips, "is more than the maximum");
+}
 }  // namespace kxVsGrid::cellgrid

@@ -12,6 +12,7 @@ inline constexpr const char* Edit = "编辑";
 inline constexpr const char* Time = "时间";
 inline constexpr const char* HalfDay = "上午或下午";
 inline constexpr const char* Search = "查找";
+inline constexpr const char* NotFound = "没有找到";
 
 inline constexpr const char* LookupTitle = "编码帮助";
 inline constexpr const char* CalendarTitle = "日期";

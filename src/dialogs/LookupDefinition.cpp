@@ -40,10 +40,19 @@ std::optional<std::int32_t> wholeNumber(const Variant& info, std::int32_t entry,
     return static_cast<std::int32_t>(*number);
 }
 
+HelpKind kindOf(const Variant& info, std::int32_t entry) {
+    return static_cast<HelpKind>(wholeNumber(info, entry, HelpPosition::Kind, 0, 10).value_or(0));
+}
+
+bool isNumberKind(HelpKind kind) {
+    return kind == HelpKind::Number || kind == HelpKind::Amount || kind == HelpKind::Quantity ||
+           kind == HelpKind::Price;
+}
+
 /// Fixed widths for the kinds of business numbers, otherwise as many decimals as the field has.
 std::string formatOf(const Variant& info, std::int32_t entry) {
     constexpr std::int32_t MostDecimals = 15;
-    switch (static_cast<HelpKind>(wholeNumber(info, entry, HelpPosition::Kind, 0, 10).value_or(0))) {
+    switch (kindOf(info, entry)) {
         case HelpKind::Amount:
         case HelpKind::Quantity:
             return "00";
@@ -69,9 +78,12 @@ LookupField fieldOf(const Variant& info, std::int32_t entry) {
     field.header = attribute(info, entry, HelpPosition::Header);
     if (field.header.empty()) field.header = field.name;
     field.width = wholeNumber(info, entry, HelpPosition::Width, 1, LargestWidth).value_or(field.width);
-    field.alignment = static_cast<mEmflexAlign>(
-        wholeNumber(info, entry, HelpPosition::Alignment, flexAlignLeftTop, flexAlignGeneral)
-            .value_or(flexAlignGeneral));
+    field.number = isNumberKind(kindOf(info, entry));
+    const auto alignment =
+        wholeNumber(info, entry, HelpPosition::Alignment, flexAlignLeftTop, flexAlignGeneral);
+    field.alignment = static_cast<mEmflexAlign>(alignment.value_or(flexAlignGeneral));
+    // By its text a number with separators would count as a word, and stand at the left.
+    if (field.number && field.alignment == flexAlignGeneral) field.alignment = flexAlignRightCenter;
     field.visible = !isFalse(elementOf(info, entry, HelpPosition::Visible));
     field.format = formatOf(info, entry);
     return field;

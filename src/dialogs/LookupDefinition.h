@@ -18,6 +18,7 @@ struct LookupField {
     std::int32_t width = 1500;
     mEmflexAlign alignment = flexAlignGeneral;
     bool visible = true;
+    bool number = false;
     std::string format;  ///< of the column's cells; empty for texts
 };
 

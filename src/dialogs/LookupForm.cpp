@@ -5,6 +5,7 @@
 #include "cellgrid/format/CellFormat.h"
 #include "dialogs/Captions.h"
 #include "kxVsGrid/HelpExchange.h"
+#include "support/Numbers.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::dialogs {
@@ -23,9 +24,10 @@ std::int32_t firstFieldOf(const Table& records, std::int32_t record) {
 LookupForm::LookupForm(const TextMetrics& metrics)
     : Form("XT_TybmczFrm", captions::LookupTitle, 7200, 5100),
       grid_(metrics),
-      text_(add("TextBox", "CodeText", captions::Search, {840, 150, 6240, 330})),
+      text_(add("TextBox", "CodeText", captions::Search, {840, 150, 4290, 330})),
       list_(add("CellGrid", "CzxsGrid", captions::LookupTitle, {120, 810, 6960, 3420})),
       message_(add("Label", "lblmessage", "", {120, 4440, 2400, 240})),
+      notFound_(add("Label", "NotFound", "", {5220, 195, 960, 240})),
       edit_(add("kxButton", "Bjcommand", captions::Edit, {3240, 4380, 1200, 360})),
       ok_(add("CommandButton", "QdCommand", captions::Ok, {4560, 4380, 1200, 360})) {
     add("Label", "Label1", captions::Search, {120, 195, 720, 240});
@@ -93,17 +95,25 @@ void LookupForm::fill() {
     grid_.Rows(
         static_cast<std::int32_t>(std::min<std::int64_t>(grid_.FixedRows() + records, CellGrid::MaxRows)));
     for (std::int32_t col = 0; col < cols; ++col) {
-        const cellgrid::CellFormat format(definition_->fields()[static_cast<std::size_t>(col)].format);
-        std::string shown;
+        const LookupField& field = definition_->fields()[static_cast<std::size_t>(col)];
+        const cellgrid::CellFormat format(field.format);
         for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
             const std::int32_t record = table->lower() + row - grid_.FixedRows();
             const std::string value = textOf(elementOf(data, record, firstFieldOf(*table, record) + col));
-            if (!value.empty()) grid_.Text(row, col, format.apply(value, shown) ? shown : value);
+            if (!value.empty()) grid_.Text(row, col, shownText(value, field, format));
         }
     }
     message_.caption = "共 " + std::to_string(records) + " 条";
     changed(message_);
     buildIndexes();
+}
+
+/// Numbers show alike however the host writes them: "1,234.5" and " 1234.50" are one number.
+std::string LookupForm::shownText(const std::string& value, const LookupField& field,
+                                  const cellgrid::CellFormat& format) const {
+    std::string shown;
+    const std::string plain = field.number ? support::withoutGroups(support::trim(value), true) : value;
+    return format.apply(plain, shown) ? shown : value;
 }
 
 // --- Search
@@ -154,8 +164,19 @@ std::optional<LookupForm::Hit> LookupForm::find(std::string_view text) const {
 }
 
 void LookupForm::search() {
-    const auto hit = find(support::trim(text_.text));
-    if (hit) show(*hit);
+    const std::string_view text = support::trim(text_.text);
+    const auto hit = find(text);
+    sayWhetherFound(hit || text.empty());
+    if (hit) return show(*hit);
+    // OK returns the row that was found last: the clerk sees which one.
+    const std::int32_t row = grid_.Row();
+    if (row >= grid_.FixedRows() && !grid_.RowIsVisible(row))
+        grid_.TopRow(grid_.TopRowToShow(row, grid_.ClientHeight()));
+}
+
+void LookupForm::sayWhetherFound(bool found) {
+    notFound_.caption = found ? "" : captions::NotFound;
+    changed(notFound_);
 }
 
 /// The keyboard is the grid's for one Left key, which scrolls back to the first columns, and the text box's
@@ -215,8 +236,26 @@ void LookupForm::finish(std::string code, std::string name) {
 
 void LookupForm::edit() {
     Variant& data = HelpExchange::shared().GridData;
+    HelpExchange& exchange = HelpExchange::shared();
+    const std::int32_t row = grid_.Row();
+    const bool onRecord = row >= grid_.FixedRows() && row < grid_.Rows() && grid_.Cols() > 0;
+    exchange.RowCode = onRecord ? cell(row, definition_->codeField()) : std::string();
     EvHasGetHelpEdit(data, definition_->editComponent());
-    if (!data.isEmpty() && !data.isNull()) fill();
+    const std::string code = std::exchange(exchange.RowCode, {});
+    if (data.isEmpty() || data.isNull()) return;
+    fill();
+    highlight(code);
+}
+
+/// The record of this code; where there is none the highlight stays where filling has left it.
+void LookupForm::highlight(const std::string& code) {
+    if (code.empty() || grid_.Cols() == 0) return;
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
+        if (cell(row, definition_->codeField()) != code) continue;
+        if (row != grid_.Row()) grid_.Row(row);
+        if (!grid_.RowIsVisible(row)) grid_.TopRow(row);
+        return;
+    }
 }
 
 void LookupForm::resized() {

@@ -14,6 +14,10 @@
 #include "kxVsGrid/Form.h"
 #include "kxVsGrid/cResize.h"
 
+namespace kxVsGrid::cellgrid {
+class CellFormat;
+}
+
 namespace kxVsGrid::dialogs {
 
 /// Reads definition, records and search text from the help exchange record and leaves the chosen code and
@@ -43,9 +47,13 @@ class LookupForm : public Form {
 
     void layOut();
     void fill();
+    std::string shownText(const std::string& value, const LookupField& field,
+                          const cellgrid::CellFormat& format) const;
     void buildIndexes();
     const PrefixIndex* indexOf(std::int32_t col) const;
     void search();
+    void sayWhetherFound(bool found);
+    void highlight(const std::string& code);
     std::optional<Hit> find(std::string_view text) const;
     void show(const Hit& hit);
     void accept();
@@ -57,6 +65,7 @@ class LookupForm : public Form {
     FormControl& text_;
     FormControl& list_;
     FormControl& message_;
+    FormControl& notFound_;
     FormControl& edit_;
     FormControl& ok_;
     cResize resize_;

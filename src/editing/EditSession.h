@@ -1,8 +1,9 @@
-// The editing of one cell after the other: a text box and a small help button laid over the grid's current cell.
+// The editing of one cell after the other: a text box and a small help button laid over the grid's current
+// cell.
 //
-// The session is hidden, open over the current cell, or open with a text that was refused. A commit writes text and tag
-// into the cell; a refused text stays, until the clerk changes it or presses Esc, code moves the current cell, or the cell
-// is gone. Text and tag mirror the current cell also while the session is hidden.
+// The session is hidden, open over the current cell, or open with a text that was refused. A commit writes
+// text and tag into the cell; a refused text stays, until the clerk changes it or presses Esc, code moves the
+// current cell, or the cell is gone. Text and tag mirror the current cell also while the session is hidden.
 #pragma once
 
 #include <cstdint>
@@ -37,8 +38,8 @@ class EditSession {
     bool committing() const { return committing_; }
     /// Open over a text that the last commit has refused, and that has not changed since.
     bool refused() const { return visible() && state_ == State::Refused; }
-    /// The field check has refused the present text: only what asks for it checks it once more. An expression that
-    /// could not be evaluated locks nothing, and is tried again by whatever commits.
+    /// The field check has refused the present text: only what asks for it checks it once more. An expression
+    /// that could not be evaluated locks nothing, and is tried again by whatever commits.
     bool locked() const { return validLock_ > 0; }
     /// How often the field check has refused the present text.
     std::int16_t validLock() const { return validLock_; }
@@ -48,19 +49,20 @@ class EditSession {
     void tag(std::string_view tag);
 
     // --- Life.
-    /// Opens over the current cell, or turns a Boolean one over. Does nothing, and raises nothing, when the cell cannot be
-    /// edited; keeps text and caret when it is open there already.
+    /// Opens over the current cell, or turns a Boolean one over. Does nothing, and raises nothing, when the
+    /// cell cannot be edited; keeps text and caret when it is open there already.
     void open(Focus focus = Focus::Take);
-    /// Writes text and tag into the current cell; a read-only grid drops the text instead, unless it has been refused.
-    /// False when the text is refused, or when a commit is under way. A host may move the current cell meanwhile: text and
-    /// tag go into the one that was edited, which is then reported.
+    /// Writes text and tag into the current cell; a read-only grid drops the text instead, unless it has been
+    /// refused. False when the text is refused, or when a commit is under way. A host may move the current
+    /// cell meanwhile: text and tag go into the one that was edited, which is then reported.
     bool commit();
     /// Commits what is open. False when that is refused; the keyboard is the editor's then.
     bool commitOrStay();
-    /// Commits what is open and not locked, unless a commit is under way: for hosts, and for the loss of the keyboard.
+    /// Commits what is open and not locked, unless a commit is under way: for hosts, and for the loss of the
+    /// keyboard.
     void commitUnlessLocked();
-    /// Applies the current column's rules on empty and zero values to the editor's tag, then commits what is open. While a
-    /// commit is under way only the rules are applied.
+    /// Applies the current column's rules on empty and zero values to the editor's tag, then commits what is
+    /// open. While a commit is under way only the rules are applied.
     bool validate();
     /// Hides without writing.
     void hide();
@@ -76,13 +78,13 @@ class EditSession {
     void enterCell();
     /// The cursor leaves the cell.
     void leaveCell();
-    /// The current cell counts as entered anew, after the current row was removed or default texts came into the cell. A
-    /// hidden session loads it.
+    /// The current cell counts as entered anew, after the current row was removed or default texts came into
+    /// the cell. A hidden session loads it.
     void captureAndLoad();
     void rowInserted(std::int32_t position);
     void rowRemoved(std::int32_t position);
-    /// Puts an open editor over its cell again, or hides it when the cell is gone. Over a cell that cannot be seen it
-    /// commits and hides; a refused text goes.
+    /// Puts an open editor over its cell again, or hides it when the cell is gone. Over a cell that cannot be
+    /// seen it commits and hides; a refused text goes.
     void place();
     /// The same after a change that may have moved nothing.
     void placesChanged();
@@ -130,7 +132,8 @@ class EditSession {
     EditorFace face_;
 
     State state_ = State::Hidden;
-    bool committing_ = false;  ///< also when the editor has been hidden meanwhile: nothing else commits or opens
+    bool committing_ =
+        false;  ///< also when the editor has been hidden meanwhile: nothing else commits or opens
     std::int16_t validLock_ = 0;
     std::string tip_;  ///< why the expression was refused, while the clerk shall see it
     TextBox box_;

@@ -17,8 +17,8 @@ class EditorFace {
     /// Shows the text box over the current cell, which there is. A refused text is framed; a tip says why.
     void show(const TextBox& box, bool refused, std::string_view tip);
     void hide();
-    /// The clerk has typed or selected: the machine shows that already. True when it has to be shown anew, since the help
-    /// button stands where the text needs the room.
+    /// The clerk has typed or selected: the machine shows that already. True when it has to be shown anew,
+    /// since the help button stands where the text needs the room.
     bool follow(const TextBox& box);
     /// Another text begins.
     void begin() { buttonOutside_ = false; }

@@ -82,8 +82,7 @@ bool EditorKeys::right() {
     const TextBox& box = session_.box();
     if (!box.caretAtEnd() && !box.allSelected()) return false;
     if (!session_.commitOrStay()) return true;
-    if (const auto next = nextEditableCell(c_.grid, c_.columns))
-        c_.grid.Select(next->row, next->col);
+    if (const auto next = nextEditableCell(c_.grid, c_.columns)) c_.grid.Select(next->row, next->col);
     focusToGrid();
     return true;
 }

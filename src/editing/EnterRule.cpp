@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "editing/NextCell.h"
 #include "columns/CellTarget.h"
 #include "columns/EditableColumn.h"
+#include "editing/NextCell.h"
 
 namespace kxVsGrid::editing {
 namespace {

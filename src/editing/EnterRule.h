@@ -1,8 +1,8 @@
 // Where Enter goes from a column once its value is committed.
 #pragma once
 
-#include "editing/EditorOwner.h"
 #include "columns/ColumnArray.h"
+#include "editing/EditorOwner.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::editing {

@@ -22,7 +22,7 @@ struct FieldVerdict {
     std::optional<Pair> rewritten;      ///< what the editor holds from now on; nothing leaves it as it is
 };
 
-/// Applies the kind of check of column `col` to a text. Codes are asked of the host, who may change anything meanwhile:
-/// the column's definition is read again once it has answered.
+/// Applies the kind of check of column `col` to a text. Codes are asked of the host, who may change anything
+/// meanwhile: the column's definition is read again once it has answered.
 FieldVerdict checkField(const EditingContext& context, std::int32_t col, std::string_view text);
 }  // namespace kxVsGrid::editing

@@ -37,6 +37,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     void report(std::string_view setting) { seat->settingChanged(setting); }
     void showError(std::string_view text, std::string_view title);
     void realign();
+    std::uint8_t shadeOf(std::int32_t col);
     /// A host is about to change rows or columns: what is being typed is committed. A refused text stays.
     void commitOpenText() { editor.commitUnlessLocked(); }
     /// Loading works on the grids directly: afterwards the control stands as they do.

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "grid/SetUp.h"
 #include "columns/ColumnProperties.h"
+#include "grid/SetUp.h"
 #include "kxVsGrid/StoredKeys.h"
 
 namespace kxVsGrid::grid {

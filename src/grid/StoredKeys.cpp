@@ -5,8 +5,8 @@
 #include <charconv>
 #include <vector>
 
-#include "grid/Properties.h"
 #include "columns/ColumnProperties.h"
+#include "grid/Properties.h"
 
 namespace kxVsGrid {
 namespace {

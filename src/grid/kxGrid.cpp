@@ -37,8 +37,17 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       boxPress(inputContext),
       input(inputContext, navigation, keys, boxPress, layout) {
     columns.resize(main.Cols());
+    main.ColShade([this](std::int32_t col) { return shadeOf(col); });
+    options.LookChanged.connect([this] { main.damageAll(); });
     connectMoves();
     connectKeysAndMouse();
+}
+
+/// A grid that cannot be edited has no column that can.
+std::uint8_t kxGrid::Parts::shadeOf(std::int32_t col) {
+    if (options.ReadOnlyShade() == 0) return 0;
+    const bool editable = flags.Editable && columns::isEditableColumn(main, columns, col);
+    return editable ? std::uint8_t{0} : static_cast<std::uint8_t>(options.ReadOnlyShade());
 }
 
 void kxGrid::Parts::controlGone() {
@@ -196,6 +205,12 @@ Rect kxGrid::totalRowRect() const {
 
 bool kxGrid::totalRowShown() const {
     return parts_->layout.totalRowShown();
+}
+
+void kxGrid::MeasureCols() {
+    const auto p = held();
+    p->main.MeasureCols();
+    p->realign();
 }
 
 void kxGrid::AddRow(std::int32_t Position, bool WithDefaults, bool CopyData) {

@@ -44,6 +44,7 @@ void kxGrid::Editable(bool editable) {
         p.flags.changed = false;
     }
     p.flags.Editable = editable;
+    if (p.options.ReadOnlyShade() != 0) p.main.damageAll();
     p.report("Editable");
 }
 
@@ -220,6 +221,16 @@ std::int32_t kxGrid::ColWidth(std::int32_t Col) const {
 void kxGrid::ColWidth(std::int32_t Col, std::int32_t twips) {
     const auto p = held();
     p->main.ColWidth(Col, twips);
+    p->realign();
+}
+
+std::string kxGrid::ColSample(std::int32_t Col) const {
+    return parts_->main.ColSample(Col);
+}
+
+void kxGrid::ColSample(std::int32_t Col, std::string_view sample) {
+    const auto p = held();
+    p->main.ColSample(Col, sample);
     p->realign();
 }
 

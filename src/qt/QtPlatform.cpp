@@ -4,17 +4,19 @@
 #include <QClipboard>
 #include <QDateTime>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QToolTip>
 
 #include "qt/Captions.h"
 #include "qt/ContextMenu.h"
-#include "qt/text/Encoding.h"
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 #include "qt/QtSeat.h"
 #include "qt/forms/FormDialog.h"
+#include "qt/text/Encoding.h"
+#include "qt/view/Tips.h"
 
 namespace kxVsGrid::qt {
 
@@ -62,7 +64,7 @@ std::int32_t QtPlatform::checkBoxSide() const {
 
 void QtPlatform::showTip(std::string_view text, const Rect& anchor) {
     if (machine_.stage == nullptr || !widget_) return;
-    QToolTip::showText(Scale(*widget_).pixels(anchor).bottomLeft(), toQt(text).toHtmlEscaped(), widget_);
+    QToolTip::showText(Scale(*widget_).pixels(anchor).bottomLeft(), plainTip(toQt(text)), widget_);
 }
 
 std::optional<std::string> QtPlatform::askText(const InputBox& box) {
@@ -71,6 +73,7 @@ std::optional<std::string> QtPlatform::askText(const InputBox& box) {
     shown->setInputMode(QInputDialog::TextInput);
     shown->setWindowTitle(toQt(box.title));
     shown->setLabelText(toQt(box.prompt));
+    for (QLabel* label : shown->findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
     shown->setTextValue(toQt(box.preset));
     shown->setOkButtonText(captions::Ok);
     shown->setCancelButtonText(captions::Cancel);

@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "kxVsGrid/qt/kxGridWidget.h"
+#include "qt/KeyMap.h"
 #include "qt/access/AccessibleGrid.h"
 #include "qt/text/Encoding.h"
-#include "qt/KeyMap.h"
 #include "support/Span.h"
 
 namespace kxVsGrid::qt {
@@ -353,6 +353,7 @@ void Stage::lookChanged() {
     machine_->platform.widget(widget_);
     if (settings_.collecting()) return;
     if (!attempt([this] { fitRows(); })) return;
+    if (!guarded([this](Input&) { grid().MeasureCols(); })) return;
     view_->update();
     resized();
 }

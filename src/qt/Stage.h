@@ -8,16 +8,16 @@
 #include <functional>
 #include <memory>
 
+#include "qt/Machine.h"
+#include "qt/settings/StoredSettings.h"
 #include "qt/text/EditorBox.h"
 #include "qt/text/EditorTip.h"
-#include "qt/view/GridView.h"
 #include "qt/text/HelpButton.h"
-#include "qt/Machine.h"
+#include "qt/view/GridView.h"
 #include "qt/view/MousePress.h"
 #include "qt/view/RowFit.h"
 #include "qt/view/Scale.h"
 #include "qt/view/ScrollBars.h"
-#include "qt/settings/StoredSettings.h"
 #include "qt/view/WheelNotches.h"
 
 namespace kxVsGrid::qt {

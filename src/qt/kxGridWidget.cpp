@@ -8,8 +8,8 @@
 #include <QWheelEvent>
 
 #include "qt/KeyMap.h"
-#include "qt/settings/PropertyValues.h"
 #include "qt/Stage.h"
+#include "qt/settings/PropertyValues.h"
 
 namespace kxVsGrid::qt {
 

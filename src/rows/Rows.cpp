@@ -69,7 +69,8 @@ void Rows::appendIfLast(std::int32_t row) {
     c_.grid.NumberRows();
 }
 
-/// A row never goes in between the fixed ones; a host that took rows away meanwhile gets it after the last one.
+/// A row never goes in between the fixed ones; a host that took rows away meanwhile gets it after the last
+/// one.
 std::int32_t Rows::insert(std::int32_t position) {
     CellGrid& grid = c_.grid;
     position = std::clamp(position, grid.FixedRows(), grid.Rows());

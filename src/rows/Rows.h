@@ -1,4 +1,5 @@
-// The rows of the control: they come and go here, whoever asks for it. What a clerk asks for needs the host's consent.
+// The rows of the control: they come and go here, whoever asks for it. What a clerk asks for needs the host's
+// consent.
 #pragma once
 
 #include <cstdint>
@@ -12,18 +13,19 @@ class Rows {
   public:
     explicit Rows(const RowsContext& context) : c_(context) {}
 
-    /// The row commands' way: inserts a row at `position` (Rows() is after the last row) unless the host refuses, makes it
-    /// current, and fills it with default texts or with a copy of the row that was current. A copy stays only when the
-    /// host confirms it.
+    /// The row commands' way: inserts a row at `position` (Rows() is after the last row) unless the host
+    /// refuses, makes it current, and fills it with default texts or with a copy of the row that was current.
+    /// A copy stays only when the host confirms it.
     void add(std::int32_t position, bool withDefaults, bool copyData);
     /// The key's way: a row at the end becomes the current one.
     void append();
-    /// While the clerk types: appends a row when `row` is the last one and the host consents. The current cell stays.
+    /// While the clerk types: appends a row when `row` is the last one and the host consents. The current
+    /// cell stays.
     void appendIfLast(std::int32_t row);
     /// Removes the current row. There are always enough left to key into.
     void removeCurrent();
-    /// The host's way: so many rows, the fixed ones included, and enough to key into. When a handler fails over the loss
-    /// of rows, the others are there all the same before that is thrown on.
+    /// The host's way: so many rows, the fixed ones included, and enough to key into. When a handler fails
+    /// over the loss of rows, the others are there all the same before that is thrown on.
     void count(std::int32_t rows);
 
     /// The cursor has entered the row: it gets its default texts, and the totals are made anew.

@@ -11,6 +11,7 @@ TotalRow::TotalRow(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns
     sums_.ShowCursor(false);
     sums_.FixedRows(0);
     sums_.Rows(1);
+    sums_.TextsRunOver(true);
     // A text that code writes into the total row stands in place of the sum that was still to be made.
     sums_.CellChanged.connect([this](std::int32_t, std::int32_t col) { forget(col); });
     sums_.watch(&ownCells_);
@@ -38,6 +39,7 @@ void TotalRow::setUp() {
     rowHeight(StandardHeight);
     sums_.ScrollBars(false);
     color_ = LightGrey;
+    sums_.FittedColor(LightGrey);
     paintAndCaption();
     for (std::int32_t c = 0; c < main_.Cols(); ++c) {
         sums_.ColWidth(c, main_.ColWidth(c));
@@ -66,7 +68,7 @@ void TotalRow::followFixedCols() {
 void TotalRow::paintAndCaption() {
     const std::int32_t first = main_.FixedCols();
     if (first >= sums_.Cols()) return;
-    color(color_);
+    paint();
     sums_.Text(0, first, "合计");
     sums_.CellAlignment(0, first, flexAlignCenterCenter);
 }
@@ -103,7 +105,12 @@ void TotalRow::copyWidths() {
 
 void TotalRow::color(std::uint32_t color) {
     color_ = color;
-    for (std::int32_t c = main_.FixedCols(); c < sums_.Cols(); ++c) sums_.CellBackColor(0, c, color);
+    sums_.FittedColor(std::nullopt);
+    paint();
+}
+
+void TotalRow::paint() {
+    for (std::int32_t c = main_.FixedCols(); c < sums_.Cols(); ++c) sums_.CellBackColor(0, c, color_);
 }
 
 std::int32_t TotalRow::rowHeight() const {

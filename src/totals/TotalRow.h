@@ -40,7 +40,8 @@ class TotalRow : private CellGrid::Watcher {
     void copyWidths();
     /// Stands under the main grid's columns as they are scrolled.
     void followScroll();
-    /// Stores the colour of the row's cells and paints them, until the next set-up.
+    /// Stores the host's colour of the row's cells and paints them, until the next set-up. The light grey of
+    /// a set-up is nobody's choice, and fits itself to a dark palette.
     void color(std::uint32_t color);
     /// Height of the row itself; the grid around it is 30 twips higher.
     std::int32_t rowHeight() const;
@@ -134,6 +135,7 @@ class TotalRow : private CellGrid::Watcher {
     void forget(std::int32_t col);
     void note(std::int32_t col);
     std::string valueText(std::int32_t col);
+    void paint();
     void paintAndCaption();
 
     CellGrid& main_;

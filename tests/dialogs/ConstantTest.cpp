@@ -148,6 +148,57 @@ TEST_F(Constants, KeepTheirProportionsAndTheSizeOfTheColumn) {
     });
 }
 
+TEST_F(Constants, WhoseNamesAreTheirValuesShowOneColumn) {
+    choose("箱|件|盒;盒", [](ConstantDialog& d) {
+        EXPECT_TRUE(d.grid().ColHidden(2));
+        EXPECT_FALSE(d.grid().ColHidden(1));
+        EXPECT_GT(d.grid().ColWidth(1), 2500);
+        d.clickRow(2);
+        d.Ok();
+    });
+    EXPECT_EQ(inEditor(), (Pair{"件", "件"}));
+    choose("箱|件;2", [](ConstantDialog& d) { EXPECT_FALSE(d.grid().ColHidden(2)); });
+}
+
+TEST_F(Constants, BeginAtThePresentOneByNameOrValue) {
+    offer(ih常量型, "箱;1|箱子;2|件;3");
+    for (const auto& [present, row] : {std::pair(" 件 ", 3), std::pair("3", 3), std::pair("箱", 1),
+                                       std::pair("箱子", 2), std::pair("盒", 0), std::pair("", 0)}) {
+        help<ConstantDialog>(present, [&, at = row](ConstantDialog& d) {
+            EXPECT_EQ(d.grid().Row(), at) << present;
+            EXPECT_EQ(d.control("NotFound").caption, std::string_view(present) == "盒" ? "没有找到" : "");
+        });
+    }
+    std::string many;
+    for (int i = 0; i < 500; ++i) many += "|名" + std::to_string(i);
+    offer(ih常量型, many);
+    help<ConstantDialog>("名400", [](ConstantDialog& d) { EXPECT_TRUE(d.grid().RowIsVisible(401)); });
+}
+
+TEST_F(Constants, AreFoundByWhatIsTyped) {
+    choose("Male;1|Female;2|F;3", [](ConstantDialog& d) {
+        EXPECT_EQ(d.focused(), "CodeText");
+        d.type("F");
+        EXPECT_EQ(d.grid().Row(), 3) << "wholly typed";
+        d.type("e");
+        EXPECT_EQ(d.grid().Row(), 2);
+        d.type("x");
+        EXPECT_EQ(d.grid().Row(), 2) << "no such constant";
+        EXPECT_EQ(d.control("NotFound").caption, "没有找到");
+        d.press(Key::Enter);
+    });
+    EXPECT_EQ(inEditor(), (Pair{"2", "Female"}));
+    choose("Male;1|Female;2", [](ConstantDialog& d) {
+        d.type("1");
+        EXPECT_EQ(d.grid().Row(), 1);
+        EXPECT_EQ(d.control("NotFound").caption, "");
+        d.press(Key::Down);
+        EXPECT_EQ(d.grid().Row(), 2);
+        d.press(Key::Enter);
+    });
+    EXPECT_EQ(inEditor(), (Pair{"2", "Female"}));
+}
+
 TEST_F(Constants, ListsOfAnyLength) {
     std::string constants;
     for (int i = 0; i < 3000; ++i) constants += "|名" + std::to_string(i) + ";" + std::to_string(i);

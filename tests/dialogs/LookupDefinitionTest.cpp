@@ -74,6 +74,26 @@ TEST_F(LookupDefinition, ShowsNumbersWithSoManyDecimals) {
     EXPECT_EQ(shownNumber(with(number(), 1, HelpPosition::Decimals, "none"), "1.5"), "1.50");
 }
 
+TEST_F(LookupDefinition, NumbersLineUpAtTheRightHoweverTheyAreWritten) {
+    HelpTable table("货号");
+    table.field("code", "货号").field("price", "单价", 1500, HelpKind::Number, 2);
+    table.row({"A", 1234.5}).row({"B", "1,234.5"}).row({"C", " 7 "}).row({"D", "-0.125"}).row({"E", 1234567});
+    table.row({"F", "面议"});
+    look(table.GridInfo(), table.GridData(), [](LookupDialog& d) {
+        EXPECT_EQ(rowsOf(d.grid()),
+                  (Lines{"A|1,234.50", "B|1,234.50", "C|7.00", "D|-0.13", "E|1,234,567.00", "F|面议"}));
+        for (std::int32_t row = 1; row < d.grid().Rows(); ++row)
+            EXPECT_EQ(d.grid().EffectiveAlignment(row, 1), flexAlignRightCenter) << row;
+    });
+    for (const int kind : {8, 9, 10}) {
+        const Variant info = with(definition({"code", "price"}), 1, HelpPosition::Kind, kind);
+        look(info, records({{"A", "1"}, {"B", "面议"}}), [](LookupDialog& d) {
+            EXPECT_EQ(d.grid().EffectiveAlignment(1, 1), flexAlignRightCenter);
+            EXPECT_EQ(d.grid().EffectiveAlignment(2, 1), flexAlignRightCenter);
+        });
+    }
+}
+
 TEST_F(LookupDefinition, ShowsAmountsQuantitiesAndPricesInFixedWidth) {
     for (const auto& [kind, seven, big] :
          {std::tuple(8, "07", "1235"), std::tuple(9, "07", "1235"), std::tuple(10, "0007", "1235")}) {

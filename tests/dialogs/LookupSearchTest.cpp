@@ -129,6 +129,29 @@ TEST_F(LookupSearch, WithoutAHitNothingChanges) {
     });
 }
 
+TEST_F(LookupSearch, SaysBesideTheBoxThatNothingBeginsSoAndKeepsTheRowInSight) {
+    look("code", [](LookupDialog& d) {
+        EXPECT_EQ(d.control("NotFound").caption, "");
+        const Rect box = d.control("CodeText").place;
+        const Rect said = d.control("NotFound").place;
+        EXPECT_GE(said.left, box.right());
+        EXPECT_LT(said.top, box.bottom());
+        EXPECT_GT(said.bottom(), box.top);
+        d.CodeText("AB03");
+        d.resize(d.form().minWidth(), d.form().minHeight());
+        d.grid().TopRow(d.grid().Rows() - 1);
+        d.CodeText("AB03x");
+        EXPECT_EQ(d.control("NotFound").caption, "没有找到");
+        EXPECT_EQ(d.grid().Row(), 3);
+        EXPECT_TRUE(d.grid().RowIsVisible(3));
+        d.CodeText("AB");
+        EXPECT_EQ(d.control("NotFound").caption, "");
+        d.CodeText("zzz");
+        d.CodeText("");
+        EXPECT_EQ(d.control("NotFound").caption, "");
+    });
+}
+
 TEST_F(LookupSearch, NeverReducesTheList) {
     look("code", [](LookupDialog& d) {
         for (const char* text : {"A", "AB03", "zzz", ""}) {

@@ -299,6 +299,45 @@ TEST_F(Lookup, FillsAgainFromTheRecordsThatTheEditLeaves) {
     EXPECT_EQ(inEditor(), (Pair{"C001", "订书机"}));
 }
 
+TEST_F(Lookup, AnEditIsToldTheCodeOfTheHighlightedRow) {
+    answer(goods().editable());
+    Lines told;
+    grid.GetHelpEdit.connect(
+        [&](const std::string&, Variant&) { told.push_back(HelpExchange::shared().RowCode); });
+    look("矿泉", [](LookupDialog& d) {
+        d.Edit();
+        d.press(Key::Down);
+        d.Edit();
+    });
+    look("", [](LookupDialog& d) { d.Edit(); });
+    EXPECT_EQ(told, (Lines{"A002", "AB01", ""})) << "the header is no record";
+    EXPECT_EQ(HelpExchange::shared().RowCode, "");
+}
+
+TEST_F(Lookup, AnEditLeavesTheRowHighlightedWhoseCodeTheHostLeaves) {
+    answer(goods().editable());
+    HelpTable edited("货号");
+    edited.field("code", "货号").field("name", "品名").row({"A000", "新"}).row({"A001", "签字笔"});
+    edited.row({"A002", "纯净水"});
+    std::string left;
+    grid.GetHelpEdit.connect([&](const std::string&, Variant& GridData) {
+        GridData = edited.GridData();
+        if (!left.empty()) HelpExchange::shared().RowCode = left;
+    });
+    look("kq", [](LookupDialog& d) {
+        d.Edit();
+        EXPECT_EQ(d.grid().Row(), 3) << "the same goods, a row further down";
+        d.Ok();
+    });
+    EXPECT_EQ(inEditor(), (Pair{"A002", "纯净水"}));
+    left = "A000";
+    look("kq", [](LookupDialog& d) {
+        d.Edit();
+        d.Ok();
+    });
+    EXPECT_EQ(inEditor(), (Pair{"A000", "新"}));
+}
+
 TEST_F(Lookup, AnEditThatLeavesNoTableChangesNothing) {
     for (const Variant& left : {Variant(), Variant::null()}) {
         answer(goods().editable());

@@ -6,6 +6,8 @@ import sqlite3
 from desktop import wait_for
 
 NOW = "2026-11-20 09:30:00"
+WAREHOUSES = {"C01": "主仓库", "C02": "五金仓", "C03": "钢材仓"}
+PRESET_WAREHOUSE = WAREHOUSES["C01"]
 LINE_COLUMNS = (
     "goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse, delivery_date, is_gift,"
     " remark, delivery_slot, entered_at"

@@ -4,14 +4,14 @@
     test_checks.py PROGRAM KEEP
 
 Two codes that nobody knows, a day that the calendar does not have, a half day and a time that are none, a quantity of
-zero, no customer. The database must hold what the clerk has put in their place. Pictures of the boxes over the window,
+zero, a warehouse that there is not, no customer. The database must hold what the clerk has put in their place. Pictures of the boxes over the window,
 of the editor after a refusal and of the saved order stay in KEEP.
 """
 
 import sys
 
 from desktop import Desktop, Failure
-from order_window import NOW, OrderWindow
+from order_window import NOW, PRESET_WAREHOUSE, WAREHOUSES, OrderWindow
 
 REFUSED = "错误："
 HINT = "提示："
@@ -43,16 +43,18 @@ def key_first_line(clerk, code):
     clerk.type("999999", "Return")
     clerk.is_refused(REFUSED, picture="code")
     clerk.type(code, "Return")
-    clerk.type("3", "Return", "Return")
-    clerk.type("A-1", "Return")
+    clerk.type("3", "Tab", "Tab")
+    clerk.type("X9", "Return")
+    clerk.is_refused(REFUSED, picture="warehouse")
+    clerk.type("C02", "Tab")
     clerk.type("2011-02-30", "Return")
     clerk.is_refused(HINT, picture="date")
-    clerk.type("2011/2/28", "Return")
+    clerk.type("2011/2/28", "Tab")
     clerk.type("2011-2-28 noon", "Return")
     clerk.is_refused(HINT, picture="half-day")
     clerk.key("Escape", "Return")  # it stays the morning
     clerk.key("Return")  # no gift
-    clerk.type("first", "Return")
+    clerk.type("first", "Tab")
     clerk.type("2026-11-19 24:00:00", "Return")
     clerk.is_refused(HINT, picture="time")
     clerk.type("2026-11-19 8:5:9", "Return")
@@ -83,10 +85,13 @@ def save_with_corrections(clerk, customer):
 
 def expected_rows(goods):
     (code, name, spec, unit, price), (code2, name2, spec2, unit2, price2) = goods
-    warehouse, day, half_day = "A-1", "2011-02-28", "2011-02-28 上午"
+    day, half_day = "2011-02-28", "2011-02-28 上午"
+    preset, preset_half = "2026-11-27", "2026-11-27 上午"
     return [
-        (code, name, spec, unit, 3000, price, 3 * price, warehouse, day, 0, "first", half_day, "2026-11-19 08:05:09"),
-        (code2, name2, spec2, unit2, 7000, price2, 7 * price2, warehouse, day, 0, "", half_day, NOW),
+        (code, name, spec, unit, 3000, price, 3 * price, WAREHOUSES["C02"], day, 0, "first", half_day)
+        + ("2026-11-19 08:05:09",),
+        (code2, name2, spec2, unit2, 7000, price2, 7 * price2, PRESET_WAREHOUSE, preset, 0, "")
+        + (preset_half, NOW),
     ]
 
 
@@ -108,7 +113,7 @@ def main(program, keep):
         if saved != [("XS-20261120-001", "2026-11-20", customer[0], 1)]:
             raise Failure(f"saved the head {saved}")
         order.window.close()
-    print(f"{len(rows)} lines saved after seven refusals")
+    print(f"{len(rows)} lines saved after eight refusals")
 
 
 if __name__ == "__main__":

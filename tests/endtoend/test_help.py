@@ -24,10 +24,10 @@ class Line:
 
     search: str
     quantity: int
-    unit: int  # steps down the list, from its header
+    unit: int  # where it stands in the list
     days: int  # the delivery date moves
     entered_days: int = -1  # the time of entry moves
-    warehouse: int = 0  # steps down the list; 0 keeps the proposal
+    warehouse: int = 0  # steps down the list from the preset one; 0 keeps it
     afternoon: bool = False
     hours: int = 0  # the time of entry moves
 
@@ -128,25 +128,26 @@ def enter_new_good(clerk):
     clerk.window.keys("Escape")
 
 
-def key_line(clerk, line):
-    """From the empty code cell of a row to the code cell of the next one; returns the number of key presses."""
+def key_line(clerk, line, unit):
+    """From the empty code cell of a row to the code cell of the next one; returns the number of key presses. The list
+    of units opens on the unit that the good brings."""
     before = clerk.presses
     choose_good(clerk, line)
     clerk.keys("Left", "space")  # back to the unit
-    clerk.help("help-constants", *["Down"] * line.unit, "Return")
+    clerk.help("help-constants", *steps(line.unit - 1 - UNITS.index(unit), "Down", "Up"), "Return")
     clerk.keys("Return")
     clerk.type(str(line.quantity))
-    clerk.keys("Return", "Return")  # the price stays
+    clerk.keys("Tab", "Tab")  # the price stays
     if line.warehouse:
         clerk.keys("space")
         clerk.help("help-warehouses", *["Down"] * line.warehouse, "Return")
-    clerk.keys("Return", "space")
+    clerk.keys("Tab", "space")
     clerk.help("help-calendar", *steps(line.days, "Right", "Left"), "Return")
-    clerk.keys("Return")
+    clerk.keys("Tab")
     if line.afternoon:
         clerk.keys("space")
         clerk.help("help-half-day", "Tab", "Down", "Return")
-    clerk.keys("Return", "Return", "Return", "space")  # gift and remark stay empty
+    clerk.keys("Tab", "Tab", "Tab", "space")  # gift and remark stay empty
     hours = ["Tab", *steps(line.hours, "Up", "Down")] if line.hours else []
     clerk.help("help-time", *steps(line.entered_days, "Right", "Left"), *hours, "Return")
     clerk.keys("Return")
@@ -160,18 +161,14 @@ def found(goods, text):
 
 def expected_rows(goods):
     rows = []
-    delivery = datetime.date(2026, 11, 27)
-    half = "上午"
-    warehouse = -1  # nothing is proposed; the list begins on its first
     for line in LINES:
         code, name, spec, _, price, _ = found(goods, line.search)
-        delivery += datetime.timedelta(line.days)
-        half = "下午" if line.afternoon else half
-        warehouse = max(warehouse, 0) + line.warehouse if line.warehouse else warehouse
+        delivery = datetime.date(2026, 11, 27) + datetime.timedelta(line.days)
+        half = "下午" if line.afternoon else "上午"
         entered = datetime.datetime.fromisoformat(NOW) + datetime.timedelta(line.entered_days, hours=line.hours)
         rows.append(
             (code, name, spec, UNITS[line.unit - 1], line.quantity * 1000, price, line.quantity * price)
-            + (WAREHOUSES[warehouse], delivery.isoformat(), 0, "", f"{delivery.isoformat()} {half}")
+            + (WAREHOUSES[line.warehouse], delivery.isoformat(), 0, "", f"{delivery.isoformat()} {half}")
             + (entered.isoformat(" "),)
         )
     return rows
@@ -191,10 +188,12 @@ def main(program, keep):
         order.choose_customer()
         clerk = Clerk(order.window)
         presses = []
+        goods = order.query("SELECT code, name, spec, unit, price_cents, pinyin FROM goods ORDER BY code")
+        units = {line.search: (NEW_GOOD if line.search == NEW_GOOD[0] else found(goods, line.search))[3] for line in LINES}
         for line in LINES:
             if line.search == NEW_GOOD[0]:
                 enter_new_good(clerk)
-            presses.append(key_line(clerk, line))
+            presses.append(key_line(clerk, line, units[line.search]))
         rows = order.save()
         desktop.picture("help-order")
         goods = order.query("SELECT code, name, spec, unit, price_cents, pinyin FROM goods ORDER BY code")

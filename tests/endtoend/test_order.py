@@ -9,9 +9,7 @@ import decimal
 import sys
 
 from desktop import Desktop, Failure
-from order_window import NOW, OrderWindow
-
-WAREHOUSE = "A-1"
+from order_window import NOW, PRESET_WAREHOUSE, WAREHOUSES, OrderWindow
 
 
 @dataclasses.dataclass
@@ -33,7 +31,7 @@ def plain(text):
 
 
 LINES = [
-    Line(plain("12*3+4.5"), "40.5", warehouse=WAREHOUSE),
+    Line(plain("12*3+4.5"), "40.5", warehouse="C02"),
     Line(plain("(2+3)4"), "20"),
     Line(plain("1"), "1", price_keys="19.99", price="19.99", remark="urgent"),
     # A wrong number, given up with Esc and keyed anew.
@@ -52,7 +50,7 @@ LINES = [
     Line([("type", "1.5"), ("keys", "Escape"), ("type", "8"), ("keys", "Escape"), ("type", "3.75")], "3.75"),
     Line(plain("0.1+0.2"), "0.3", price_keys="10", price="10"),
     Line(plain("1.005"), "1.005", price_keys="100", price="100", gift=True, remark="x y"),
-    Line(plain("6"), "6", warehouse="B 2"),
+    Line(plain("6"), "6", warehouse="C03"),
     Line(plain("17"), "17"),
     Line(plain("3"), "3", price_keys="0.005*2", price="0.01"),
     Line(plain("250*4"), "1000", remark="last"),
@@ -68,11 +66,10 @@ def cents(number):
 
 def expected_rows(goods):
     rows = []
-    warehouse = ""
     for index, (line, (code, name, spec, unit, catalogue_price)) in enumerate(zip(LINES, goods)):
         quantity = decimal.Decimal(CORRECTED.get(index, line.quantity))
         price = decimal.Decimal(line.price) if line.price else decimal.Decimal(catalogue_price) / 100
-        warehouse = line.warehouse or warehouse
+        warehouse = WAREHOUSES.get(line.warehouse, PRESET_WAREHOUSE)
         delivery = "2026-11-27"
         rows.append(
             (code, name, spec, unit, int(quantity * 1000), int(price * 100), cents(quantity * price), warehouse)
@@ -87,27 +84,27 @@ def key_line(window, code, line):
     window.keys("Return")  # on to the quantity: the code brings all that stands between
     for how, *what in line.keys:
         getattr(window, how)(*what)
-    window.keys("Return")
+    window.keys("Tab")
     if line.price_keys:
         window.type(line.price_keys)
-    window.keys("Return")
+    window.keys("Tab")
     if line.warehouse:
         window.type(line.warehouse)
-    window.keys("Return")
-    window.keys("Return", "Return")  # delivery date and half day stay
+    window.keys("Tab")
+    window.keys("Tab", "Tab")  # delivery date and half day stay
     if line.gift:
         window.keys("space")
-    window.keys("Return")
+    window.keys("Tab")
     if line.remark:
         window.type(line.remark)
-    window.keys("Return", "Return")  # and so does the time of entry
+    window.keys("Tab", "Return")  # and so does the time of entry
 
 
 def key_wrong_line_and_delete_it(window, code):
     window.type(code)
     window.keys("Return")
     window.type("5")
-    window.keys("Return", "Delete")
+    window.keys("Tab", "Delete")
     window.answer_box("alt+d")  # yes, the row goes
     window.keys("Home")
 
@@ -118,7 +115,7 @@ def correct(window):
         steps = len(LINES) - index
         window.keys(*["Up"] * steps, *["Right"] * 4)
         window.type(quantity)
-        window.keys("Return", *["Left"] * 5, *["Down"] * steps)
+        window.keys("Return", *["Down"] * (steps - 1))  # Enter leads to the next line
 
 
 def check(rows, goods):

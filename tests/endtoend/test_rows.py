@@ -11,11 +11,11 @@ import subprocess
 import sys
 
 from desktop import Desktop, Failure
-from order_window import NOW, OrderWindow
+from order_window import NOW, PRESET_WAREHOUSE, WAREHOUSES, OrderWindow
 
-WAREHOUSE = "A-1"
+WAREHOUSE = "C02"
 DELIVERY = datetime.date(2026, 11, 27)
-SHEET_ROWS = 24
+SHEET_ROWS = 12
 IN_FIRST_OR_LAST_ITEM = 12  # pixels from the menu's edge
 
 # Where the items stand in the menu, without separators.
@@ -72,10 +72,11 @@ def work(order, goods):
     """Leaves the lines that expected_rows() names."""
     window = order.window
     key_line(order, 1, goods[0][0], "10")
-    order.select(1, "仓库")
-    window.type(WAREHOUSE)
-    window.keys("Return")
     key_line(order, 2, goods[1][0], "13")
+    for row in (1, 2):
+        order.select(row, "仓库")
+        window.type(WAREHOUSE)
+        window.keys("Return")
     add_row_by_mouse(order)
     order.choose(2, "货号", COPY_INSERT)
     insert_rows(order, 2)  # between the first line and the copy
@@ -90,24 +91,26 @@ def work(order, goods):
     fill_by_keys(order, 3, "交货日期", "d")
 
 
-def line(good, quantity, delivery, half_day=None, entered=None):
+def line(good, quantity, delivery, half_day=None, entered=None, warehouse=WAREHOUSES[WAREHOUSE]):
     """Half day and time of entry are where the clerk has been."""
     code, name, spec, unit, price = good
     slot = half_day and f"{delivery} {half_day}"
     return (
-        (code, name, spec, unit, quantity * 1000, price, quantity * price, WAREHOUSE, str(delivery), 0, "")
+        (code, name, spec, unit, quantity * 1000, price, quantity * price, warehouse, str(delivery), 0, "")
         + (slot, entered)
     )
 
 
 def expected_rows(goods):
-    keyed = ((goods[0], 10), (goods[2], 1), (goods[1], 13))
-    rows = [line(good, quantity, DELIVERY, "上午", NOW) for good, quantity in keyed]
+    filled = WAREHOUSES[WAREHOUSE]
+    keyed = ((goods[0], 10, filled), (goods[2], 1, PRESET_WAREHOUSE), (goods[1], 13, filled))
+    rows = [line(good, quantity, DELIVERY, "上午", NOW, warehouse) for good, quantity, warehouse in keyed]
     # One added at the end, one copied, two inserted, two deleted.
     last = SHEET_ROWS + 2
     for row in range(4, last + 1):
-        entered = NOW if row == last else None  # keyed, where there was no half day above
-        rows.append(line(goods[1], 13 + 12 * (row - 3), DELIVERY + datetime.timedelta(row - 3), entered=entered))
+        # Enter has led to the fourth, the last was keyed: both were given a half day.
+        keyed_there = {4: ("上午",), last: ("上午", NOW)}.get(row, ())
+        rows.append(line(goods[1], 13 + 12 * (row - 3), DELIVERY + datetime.timedelta(row - 3), *keyed_there))
     return rows
 
 

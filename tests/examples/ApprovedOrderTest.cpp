@@ -1,6 +1,7 @@
 // Approved orders: closed in the window, opened again, and what others may have done to them meanwhile.
 #include <QClipboard>
 #include <QDateEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 
@@ -76,6 +77,17 @@ TEST_F(ApprovedOrder, CannotBeChangedSavedOrDeleted) {
     approve();
     const Order closed = window->onScreen();
     play({"key F7", "key Home", "type 9", "key Insert", "key Delete", "key Ctrl+S"});
+    EXPECT_EQ(window->message(), QString("订单 XS-20261120-001 已审核"));
+    for (const char* keys : {"Ctrl+S", "Ctrl+D", "F9"})
+        for (const QAction* action : window->findChildren<QAction*>())
+            if (action->shortcut() == QKeySequence(keys)) {
+                EXPECT_FALSE(action->isEnabled()) << keys;
+            }
+    const auto* badge = window->findChild<QLabel*>("state");
+    EXPECT_EQ(badge->text(), QString("已审核"));
+    EXPECT_TRUE(badge->styleSheet().contains("background"));
+    EXPECT_LT(badge->width(), 200) << "a badge, not a bar";
+    EXPECT_FALSE(window->save());
     EXPECT_EQ(window->message(), QString("订单 XS-20261120-001 已审核,不能修改"));
     play({"key F6", "key End", "type x", "key Backspace", "key Down", "key Shift+Tab", "key Up", "key Ctrl+D",
           "key F9"});

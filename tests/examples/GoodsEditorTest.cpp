@@ -4,6 +4,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QWheelEvent>
 
 #include "Initials.h"
 #include "SampleData.h"
@@ -123,6 +125,52 @@ TEST_F(GoodsBox, StaysWhenTheDatabaseFails) {
     enter();
     EXPECT_TRUE(box.isVisible());
     EXPECT_TRUE(message().contains("disk is full")) << message().toStdString();
+}
+
+TEST_F(GoodsBox, ShowsTheGoodsOfItsCodeAndStoresWhatWasChanged) {
+    catalogue.add({"A-7", "黄铜球阀", "DN25", "台", 1250, "abc"});
+    GoodsEditor changed(catalogue, "A-7");
+    changed.show();
+    EXPECT_EQ(changed.windowTitle(), QString("修改商品 A-7"));
+    const auto in = [&](const char* name) { return changed.findChild<QLineEdit*>(name); };
+    EXPECT_EQ(in("name")->text() + in("spec")->text() + in("price")->text(), QString("黄铜球阀DN2512.5"));
+    EXPECT_EQ(changed.findChild<QComboBox*>("unit")->currentText(), QString("台"));
+    in("name")->setText("不锈钢球阀");
+    EXPECT_EQ(in("initials")->text(), QString("abc")) << "the clerk's own";
+    in("price")->setText("13");
+    changed.accept();
+    EXPECT_EQ(changed.stored(), QString("A-7"));
+    EXPECT_EQ(catalogue.goods("A-7")->name, QString("不锈钢球阀"));
+    EXPECT_EQ(catalogue.goods("A-7")->price, 1300);
+    EXPECT_EQ(goodsCount(), 5001);
+}
+
+TEST_F(GoodsBox, MakesNewGoodsUnderAnotherCodeOrFromEmptyFields) {
+    GoodsEditor changed(catalogue, "100001");
+    changed.show();
+    changed.findChild<QLineEdit*>("code")->setText("A-8");
+    EXPECT_EQ(changed.windowTitle(), QString("新增商品"));
+    changed.accept();
+    EXPECT_EQ(changed.stored(), QString("A-8"));
+    EXPECT_EQ(catalogue.goods("A-8")->name, catalogue.goods("100001")->name);
+    GoodsEditor emptied(catalogue, "100001");
+    emptied.show();
+    for (QPushButton* button : emptied.findChildren<QPushButton*>())
+        if (button->text().startsWith("新增")) button->click();
+    EXPECT_EQ(emptied.findChild<QLineEdit*>("name")->text(), QString());
+    emptied.accept();
+    EXPECT_TRUE(emptied.isVisible());
+    EXPECT_EQ(goodsCount(), 5001);
+}
+
+TEST_F(GoodsBox, TheWheelOverTheUnitChangesNothingWithoutTheKeyboard) {
+    auto* units = box.findChild<QComboBox*>("unit");
+    field("code")->setFocus();
+    QWheelEvent wheel(QPointF(5, 5), units->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(units, &wheel);
+    EXPECT_EQ(units->currentText(), QString("个"));
+    EXPECT_EQ(box.focusWidget(), field("code"));
 }
 
 TEST_F(GoodsBox, EscStoresNothing) {

@@ -192,7 +192,7 @@ TEST_F(OrderSheet, ANoteNeedsNeitherQuantityNorWarehouse) {
 
 TEST_F(OrderSheet, LinesOfAnOrderThatIsShownPassTheRules) {
     enterLine(1, "100001");
-    grid.show(grid.lines());
+    grid.show(grid.lines(), QDate(2026, 11, 27));
     EXPECT_TRUE(grid.commit());
     EXPECT_EQ(problem(), QString());
 }
@@ -246,12 +246,77 @@ TEST_F(OrderSheet, LookingForProblemsFillsNoRow) {
     EXPECT_EQ(before[2].slot, QString());
 }
 
-TEST_F(OrderSheet, AMissingWarehouseIsThatOfTheRowAboveOnceTheLineIsLookedInto) {
+TEST_F(OrderSheet, AMissingWarehouseIsThePresetOneOnceTheLineIsLookedInto) {
     enterLine(1, "100001");
+    grid.presetWarehouse("五金仓");
     control.SetCell(2, OrderGrid::Code, "100002");
     control.SetCell(2, OrderGrid::Quantity, "4");
     EXPECT_TRUE(grid.commit());
     EXPECT_EQ(problem(), QString());
-    EXPECT_EQ(cell(2, OrderGrid::Warehouse), "主仓库");
+    EXPECT_EQ(cell(2, OrderGrid::Warehouse), "五金仓");
     EXPECT_EQ(cell(2, OrderGrid::Slot), "2026-11-27 上午");
+}
+
+TEST_F(OrderSheet, AWarehouseIsTakenByCodeOrNameAndAnotherIsRefusedInABox) {
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Warehouse, "c02");
+    EXPECT_EQ(cell(1, OrderGrid::Warehouse), "五金仓");
+    enter(1, OrderGrid::Warehouse, "钢材仓");
+    EXPECT_EQ(cell(1, OrderGrid::Warehouse), "钢材仓");
+    EXPECT_TRUE(desk.messages().empty());
+    enter(1, OrderGrid::Warehouse, "月球仓");
+    ASSERT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(desk.messages()[0], (Box{"没有这个仓库,请更正。", 16, "错误："}));
+    EXPECT_TRUE(desk.editor().visible);
+    EXPECT_FALSE(grid.commit());
+    desk.press(Key::Escape);
+    EXPECT_EQ(cell(1, OrderGrid::Warehouse), "钢材仓");
+    EXPECT_EQ(problem(), QString());
+}
+
+TEST_F(OrderSheet, AUnitIsOneOfTheListOrTheGoodsOwn) {
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Unit, "箱");
+    EXPECT_EQ(cell(1, OrderGrid::Unit), "箱");
+    enter(1, OrderGrid::Unit, "个");
+    enter(1, OrderGrid::Unit, "   ");
+    EXPECT_EQ(grid.lines()[0].unit, QString());
+    EXPECT_TRUE(desk.messages().empty());
+    enter(1, OrderGrid::Unit, "担");
+    ASSERT_EQ(desk.messages().size(), 1u);
+    EXPECT_EQ(desk.messages()[0], (Box{"没有这个单位,请更正。", 16, "错误："}));
+    desk.press(Key::Escape);
+}
+
+TEST_F(OrderSheet, AWarehouseOrUnitThatNobodyCheckedIsAProblem) {
+    enterLine(1, "100001");
+    control.SetCell(1, OrderGrid::Warehouse, "月球仓");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(problem(), QString("第 1 行的仓库“月球仓”不在仓库列表中"));
+    enter(1, OrderGrid::Warehouse, "主仓库");
+    control.SetCell(1, OrderGrid::Unit, "担");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(problem(), QString("第 1 行的单位“担”不在单位列表中"));
+}
+
+TEST_F(OrderSheet, AWarehouseThatNobodyCanLookUpIsTakenUntilTheOrderIsSaved) {
+    enterLine(1, "100001");
+    enter(1, OrderGrid::Warehouse, "C09");
+    EXPECT_EQ(cell(1, OrderGrid::Warehouse), "C09");
+    EXPECT_TRUE(desk.messages().empty());
+}
+
+TEST_F(OrderSheet, EnterGoesFromTheCodeToTheQuantityAndOnToTheNextLine) {
+    grid.presetWarehouse("主仓库");
+    enter(1, OrderGrid::Code, "100001");
+    EXPECT_EQ(control.Col(), OrderGrid::Quantity);
+    desk.type("3").press(Key::Enter);
+    EXPECT_EQ(control.Row(), 2);
+    EXPECT_EQ(control.Col(), OrderGrid::Code);
+    EXPECT_EQ(cell(2, OrderGrid::Warehouse), "主仓库");
+    EXPECT_EQ(cell(2, OrderGrid::Delivery), "2026-11-27");
+    enter(2, OrderGrid::Remark, "加急");
+    EXPECT_EQ(control.Row(), 3);
+    EXPECT_EQ(control.Col(), OrderGrid::Code);
 }

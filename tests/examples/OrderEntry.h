@@ -23,7 +23,7 @@ class PreparedAnswers : public Questions {
         return agrees;
     }
     void problem(QWidget*, const QString& text) override { problems << text; }
-    void information(QWidget*, const QString&, const QString&) override {}
+    void information(QWidget*, const QString&, const QString& text) override { told << text; }
     std::optional<qint64> chooseOrder(QWidget*, const OrderStore& store) override {
         const std::vector<OrderSummary> orders = store.list(wanted, 10);
         if (orders.empty()) return std::nullopt;
@@ -32,6 +32,7 @@ class PreparedAnswers : public Questions {
 
     QStringList asked;
     QStringList problems;
+    QStringList told;
     Leave leave = Leave::Stay;
     bool agrees = false;
     QString wanted;
@@ -68,8 +69,8 @@ class OrderEntry : public Scratch {
 
     // A whole order by keyboard alone.
     void typeOrder() {
-        play({"type K0002", "key Enter", "type 100001", "key Enter", "type 12*3", "key Enter", "type 2.5",
-              "key Enter", "type 主仓库", "key Enter"});
+        play({"type K0002", "key Enter", "type 100001", "key Enter", "type 12*3", "key Tab", "type 2.5",
+              "key Tab", "type 主仓库", "key Tab"});
     }
 
     PreparedAnswers answers;

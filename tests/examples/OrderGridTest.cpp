@@ -134,7 +134,7 @@ TEST_F(OrderSheet, LinesThatAreShownComeBackTheSame) {
     full.remark = "  两边有空格  ";
     OrderLine note;
     note.remark = "运费";
-    grid.show({full, note});
+    grid.show({full, note}, QDate(2026, 11, 27));
     EXPECT_FALSE(grid.typed());
     ASSERT_EQ(grid.lines().size(), 2u);
     EXPECT_TRUE(grid.lines()[0] == full) << desk.ascii();

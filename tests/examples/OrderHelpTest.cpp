@@ -27,15 +27,17 @@ class OrderHelp : public OrderSheet {
     const Goods pipe{"100002", "无缝钢管", "DN25", "米", 1850, "wfgg"};
     bool broken = false;
     bool entered = true;
+    std::vector<std::string> edited;
     std::optional<CodeAndName> warehouse = CodeAndName{"C02", "五金仓"};
     std::vector<std::string> asked;
     kxVsGrid::Rect corner{};
     QString failed;
     OrderGridHelp columns{control,
                           {[this] { return offered(); },
-                           [this] {
+                           [this](const QString& code) {
+                               edited.push_back(code.toStdString());
                                if (entered) stock.push_back(pipe);
-                               return entered;
+                               return entered ? pipe.code : QString();
                            },
                            [this](std::int32_t x, std::int32_t y, const QString& typed) {
                                corner = {x, y, 0, 0};
@@ -126,6 +128,19 @@ TEST_F(OrderHelp, NewGoodsAreListedAndCanBeChosen) {
     EXPECT_EQ(after, before + 1);
     desk.press(Key::Enter);
     EXPECT_EQ(cell(1, OrderGrid::Name), "无缝钢管");
+}
+
+TEST_F(OrderHelp, TheHighlightedGoodsAreEditedAndWhatWasStoredIsHighlighted) {
+    stock.push_back({"100003", "法兰", "DN50", "片", 4500, "fl"});
+    std::string chosen;
+    desk.onDialog([&](LookupDialog& list) {
+        list.CodeText("fl");
+        list.Edit();
+        chosen = list.grid().Text(list.grid().Row(), 0);
+    });
+    help(1, OrderGrid::Code);
+    EXPECT_EQ(edited, std::vector<std::string>{"100003"});
+    EXPECT_EQ(chosen, "100002");
 }
 
 TEST_F(OrderHelp, TheListStaysWhenNoGoodsWereEntered) {

@@ -61,14 +61,16 @@ class OrderRows : public OrderSheet {
 };
 }  // namespace
 
-TEST_F(OrderRows, AreAddedAtTheEndWithTheWarehouseAndDeliveryOfTheRowAbove) {
+TEST_F(OrderRows, AreAddedAtTheEndWithThePresetWarehouseAndDelivery) {
+    grid.presetWarehouse("钢材仓");
+    enter(2, OrderGrid::Delivery, "2026-12-24");
     enter(before - 1, OrderGrid::Warehouse, "五金仓");  // in the last row: another one follows
     choose(1, OrderGrid::Code, "新增行");
     EXPECT_EQ(control.Rows(), before + 2);
     EXPECT_EQ(control.Row(), before + 1);
     choose(3, OrderGrid::Code, "插入行");
     EXPECT_EQ(control.Row(), 3);
-    EXPECT_EQ(cell(3, OrderGrid::Warehouse), "主仓库");
+    EXPECT_EQ(cell(3, OrderGrid::Warehouse), "钢材仓") << "not that of the row above";
     EXPECT_EQ(cell(3, OrderGrid::Delivery), "2026-11-27");
     EXPECT_EQ(cell(4, OrderGrid::Remark), "运费另计");
     EXPECT_EQ(grid.lines().size(), 3u);
@@ -85,10 +87,11 @@ TEST_F(OrderRows, AreEmptyWhenTheClerkAsksForEmptyOnes) {
 }
 
 TEST_F(OrderRows, AreAddedSeveralAtATime) {
+    grid.presetWarehouse("钢材仓");
     chooseWithCtrl(2, "插入..行", "3");
     EXPECT_EQ(control.Rows(), before + 3);
     EXPECT_EQ(codes(1, 5), "100001||||100002|");
-    EXPECT_EQ(cell(2, OrderGrid::Warehouse), "主仓库");
+    EXPECT_EQ(cell(2, OrderGrid::Warehouse), "钢材仓");
     chooseWithCtrl(1, "新增..行", "2");
     chooseWithCtrl(1, "插入空白..行", "1");
     chooseWithCtrl(1, "新增空行..行", "4");
@@ -196,7 +199,7 @@ TEST_F(OrderRows, KeepNameSpecificationAndPriceOfTheirGoodsWhereThoseOfOthersAre
 
 TEST_F(OrderRows, OfASavedOrderKeepTheirSpecificationToo) {
     const std::vector<OrderLine> saved = grid.lines();
-    grid.show(saved);
+    grid.show(saved, QDate(2026, 11, 27));
     choose(1, OrderGrid::Spec, "填充列", "复制单元格(&C)");
     EXPECT_TRUE(grid.lines() == saved) << desk.ascii();
 }
@@ -222,15 +225,16 @@ TEST_F(OrderRows, AreDeliveredInTheHalfDayOfTheirFilledDate) {
     EXPECT_EQ(problem(), QString());
 }
 
-TEST_F(OrderRows, KeepAHalfDayOfTheirOwnWhereTheyAreCopiedOrFollowTheRowAbove) {
+TEST_F(OrderRows, KeepAHalfDayOfTheirOwnWhereTheyAreCopiedAndGetThePresetOneWhereTheyAreNew) {
     enter(2, OrderGrid::Slot, "2026-12-01 下午");
     choose(2, OrderGrid::Code, "复制插入行");
     EXPECT_EQ(cell(2, OrderGrid::Delivery), "2026-11-27");
     EXPECT_EQ(cell(2, OrderGrid::Slot), "2026-12-01 下午");
     choose(3, OrderGrid::Code, "插入行");
-    EXPECT_EQ(cell(3, OrderGrid::Slot), "2026-12-01 下午");
+    EXPECT_EQ(cell(3, OrderGrid::Slot), "2026-11-27 上午");
     chooseWithCtrl(4, "插入..行", "2");
-    for (const int row : {2, 3, 4, 5, 6}) EXPECT_EQ(cell(row, OrderGrid::Slot), "2026-12-01 下午") << row;
+    for (const int row : {2, 6}) EXPECT_EQ(cell(row, OrderGrid::Slot), "2026-12-01 下午") << row;
+    for (const int row : {3, 4, 5}) EXPECT_EQ(cell(row, OrderGrid::Slot), "2026-11-27 上午") << row;
 }
 
 TEST_F(OrderRows, ThatSayNothingKeepNoOrderFromBeingSavedWhateverAFillHasLeftInThem) {

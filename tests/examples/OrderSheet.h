@@ -41,8 +41,21 @@ class OrderSheet : public testing::Test {
         return found == known.end() ? std::nullopt : std::optional(found->second);
     }
 
+    // By the field that is compared; answers it first.
+    static std::optional<CodeAndName> warehouse(const QString& field, const QString& text) {
+        static const std::map<QString, QString> known = {
+            {"C01", "主仓库"}, {"C02", "五金仓"}, {"C03", "钢材仓"}};
+        if (text == "C09") throw DatabaseError("核对编码", "orders.sqlite", "disk I/O error");
+        for (const auto& [code, name] : known) {
+            if (field == "code" && text == code) return CodeAndName{code, name};
+            if (field == "name" && text == name) return CodeAndName{name, code};
+        }
+        return std::nullopt;
+    }
+
     static std::optional<CodeAndName> confirm(const QString& query, const QString& codeField,
                                               const QString& nameField, const QString& text) {
+        if (query == QString("SELECT code, name FROM warehouse")) return warehouse(codeField, text);
         EXPECT_EQ(query, QString("SELECT code, name FROM goods"));
         EXPECT_EQ(codeField, QString("code"));
         EXPECT_EQ(nameField, QString("name"));

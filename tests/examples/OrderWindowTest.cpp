@@ -14,6 +14,33 @@ TEST_F(OrderEntry, StartsWithANumberedOrderOfTodayAndTheCustomerField) {
     EXPECT_FALSE(window->hasUnsavedWork());
 }
 
+TEST_F(OrderEntry, LeavesNoStripBesideTheColumnsWhenTheWindowGrows) {
+    open();
+    window->resize(800, 500);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(grid().Grid().VerticalBarShown());
+    window->resize(1600, 1000);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(grid().Grid().VerticalBarShown());
+    EXPECT_LE(grid().Grid().Width() - grid().Grid().TotalWidth(), 60);
+    EXPECT_FALSE(grid().Grid().HorizontalBarShown());
+}
+
+TEST_F(OrderEntry, ShowsDatesWholeInALargerFont) {
+    open();
+    window->resize(1600, 1000);
+    QFont font = window->font();
+    font.setPointSizeF(11);
+    window->setFont(font);
+    QCoreApplication::processEvents();
+    const QFontMetricsF metrics(window->gridWidget().font());
+    for (const auto& [col, text] :
+         {std::pair{OrderGrid::Delivery, "2026-11-27"}, std::pair{OrderGrid::Slot, "2026-11-27 上午"},
+          std::pair{OrderGrid::Entered, "2026-11-27 09:30:00"}})
+        EXPECT_GE(grid().ColWidth(col) / 15 - 6, metrics.horizontalAdvance(text));
+    EXPECT_FALSE(grid().Grid().HorizontalBarShown());
+}
+
 TEST_F(OrderEntry, TakesAnOrderByKeyboardAlone) {
     open();
     typeOrder();
@@ -120,7 +147,7 @@ TEST_F(OrderEntry, ADatabaseThatCannotBeOpenedIsReportedAndTheScreenStaysUsable)
     ASSERT_EQ(answers.problems.size(), 1);
     EXPECT_TRUE(answers.problems[0].contains(file)) << answers.problems[0].toStdString();
     EXPECT_TRUE(answers.problems[0].contains("无法打开数据库文件")) << answers.problems[0].toStdString();
-    play({"key F7", "type 100001", "key Enter", "type 3", "key Enter", "type 2", "key Enter", "type 主仓库",
+    play({"key F7", "type 100001", "key Enter", "type 3", "key Tab", "type 2", "key Tab", "type 主仓库",
           "key Enter"});
     EXPECT_EQ(cell(1, OrderGrid::Amount), QString("6.00"));
     EXPECT_FALSE(window->save());
@@ -238,7 +265,7 @@ TEST_F(OrderEntry, AnUnknownCodeIsRefusedInABoxCorrectedAndSaved) {
     open();
     play({"type K0002", "key Enter", "type 999999", "key Enter",
           "key Enter",  // closes the box
-          "type 100001", "key Enter", "type 4", "key Enter", "key Enter", "type 主仓库", "key Enter",
+          "type 100001", "key Enter", "type 4", "key Tab", "key Tab", "type 主仓库", "key Enter",
           "key Ctrl+S"});
     EXPECT_TRUE(answers.problems.isEmpty()) << answers.problems.join('\n').toStdString();
     EXPECT_EQ(window->onScreen().lines.at(0).code, QString("100001"));
@@ -286,7 +313,7 @@ TEST_F(OrderEntry, ACustomerThatNobodyKnowsIsRefusedBySaving) {
 TEST_F(OrderEntry, SavesHalfDayAndTimeOfEntry) {
     open();
     typeOrder();
-    play({"key F7", "type 2026/12/5", "key Enter", "type 2026-12-5 下午", "key Enter", "key Ctrl+S"});
+    play({"key F7", "type 2026/12/5", "key Tab", "type 2026-12-5 下午", "key Enter", "key Ctrl+S"});
     Database database(databaseFile());
     EXPECT_EQ(value(database, "SELECT delivery_slot FROM order_line").toString(), QString("2026-12-05 下午"));
     EXPECT_EQ(value(database, "SELECT entered_at FROM order_line").toString(),

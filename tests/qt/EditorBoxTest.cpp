@@ -3,8 +3,8 @@
 #include <QToolButton>
 
 #include "qt/Boxes.h"
-#include "qt/text/Encoding.h"
 #include "qt/Window.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::testing {
 

@@ -2,9 +2,9 @@
 #include <QToolTip>
 
 #include "qt/Boxes.h"
-#include "qt/text/EditorTip.h"
 #include "qt/Menus.h"
 #include "qt/Window.h"
+#include "qt/text/EditorTip.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

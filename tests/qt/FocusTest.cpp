@@ -3,8 +3,8 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include "qt/view/Scale.h"
 #include "qt/Window.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 

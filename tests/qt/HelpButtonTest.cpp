@@ -1,8 +1,8 @@
 // The help button hides nothing of what is typed.
 #include <QToolButton>
 
-#include "qt/view/Scale.h"
 #include "qt/Window.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

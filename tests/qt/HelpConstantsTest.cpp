@@ -13,7 +13,7 @@ TEST(HelpConstants, IsWorkedByKeysAlone) {
     HelpWindow w;
     Dialogs dialogs([](Dialog& d) {
         EXPECT_EQ(d.window.windowTitle(), "常量");
-        EXPECT_TRUE(d.focused("CzxsGrid"));
+        EXPECT_TRUE(d.focused("CodeText"));
         EXPECT_EQ(list(d).Text(2, NameColumn), "转账");
         d.press(Qt::Key_Down);
         d.press(Qt::Key_Down);

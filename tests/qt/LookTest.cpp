@@ -2,9 +2,9 @@
 #include <QScreen>
 
 #include "qt/Palettes.h"
+#include "qt/Window.h"
 #include "qt/view/Scale.h"
 #include "qt/view/SystemColors.h"
-#include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {
@@ -147,6 +147,110 @@ TEST(Look, WidensCaptionsWithTheFont) {
     w.grid().FormatString("x|<一二三四五六");
     EXPECT_GT(w.grid().ColWidth(1), narrow * 3 / 2);
     EXPECT_GE(w.cell(0, 1).width(), QFontMetrics(font).horizontalAdvance("一二三四五六"));
+}
+
+TEST(Look, KeepsColumnsAsWideAsTheirSamplesInAnotherFont) {
+    Window w;
+    w.grid().ColSample(Date, "2026-11-20");
+    const std::int32_t dragged = w.grid().ColWidth(Name);
+    w.grid().Grid().userColWidth(Name, dragged);
+    QFont font = w.widget->font();
+    font.setPointSizeF(font.pointSizeF() + 2);
+    w.widget->setFont(font);
+    w.settle();
+    const double room = w.cell(1, Date).width() - 6;  // without its margins
+    EXPECT_GE(room, QFontMetricsF(font).horizontalAdvance("2026-11-20"));
+    EXPECT_LE(room, QFontMetricsF(font).horizontalAdvance("2026-11-20") + 2);
+    EXPECT_GE(w.cell(0, Code).width(), QFontMetricsF(font).horizontalAdvance("货号          "));
+    EXPECT_EQ(w.grid().ColWidth(Name), dragged);
+    EXPECT_EQ(w.grid().Grid_Sum().ColWidth(Date), w.grid().ColWidth(Date));
+}
+
+TEST(Look, PaintsTheTotalsToFitADarkPaletteUnlessTheHostGaveTheirColour) {
+    Window w;
+    const QRgb grey = qRgb(0xE0, 0xE0, 0xE0);
+    EXPECT_EQ(ground(insideTotal(w, Quantity)), grey);
+    w.window.setPalette(darkPalette());
+    w.settle();
+    w.picture("dark-totals");
+    EXPECT_LT(contrast(ground(insideTotal(w, Quantity)), darkPalette().color(QPalette::Base).rgb()), 2);
+    EXPECT_NE(ground(insideTotal(w, Quantity)), darkPalette().color(QPalette::Base).rgb());
+    EXPECT_GT(inkContrast(insideTotal(w, Quantity)), 4.5);
+    w.grid().VsSumCellBackColor(0xE0E0E0);
+    w.settle();
+    EXPECT_EQ(ground(insideTotal(w, Quantity)), grey);
+    EXPECT_GT(inkContrast(insideTotal(w, Quantity)), 4.5);
+}
+
+TEST(Look, RaisesFixedCellsByHairlinesInLightAndDark) {
+    Window w;
+    for (const bool dark : {false, true}) {
+        w.window.setPalette(dark ? darkPalette() : QApplication::palette());
+        w.grid().Appearance(1);
+        w.settle();
+        const QImage cell = whole(w, 0, Name);
+        const QRgb face = ground(cell);
+        const int middle = cell.height() / 2;
+        EXPECT_EQ(cell.pixel(0, middle), lit(face));
+        EXPECT_EQ(cell.pixel(1, middle), face);
+        EXPECT_EQ(cell.pixel(cell.width() - 2, middle), dimmed(face));
+        EXPECT_EQ(cell.pixel(cell.width() - 3, middle), face);
+        EXPECT_EQ(cell.pixel(4, 0), lit(face));
+        EXPECT_EQ(cell.pixel(4, cell.height() - 2), dimmed(face));
+        EXPECT_GT(contrast(lit(face), face), 1.05);
+        EXPECT_GT(contrast(dimmed(face), face), 1.05);
+        w.grid().Appearance(0);
+        w.settle();
+        const QImage flat = whole(w, 0, Name);
+        for (const int x : {0, 1, flat.width() - 3, flat.width() - 2})
+            EXPECT_EQ(flat.pixel(x, middle), face) << x;
+    }
+}
+
+TEST(Look, ShadesReadOnlyCellsInLightAndDark) {
+    Window w;
+    EXPECT_EQ(ground(inside(w, 5, Name)), ground(inside(w, 5, Code)));
+    w.grid().Options().ReadOnlyShade(8);
+    for (const bool dark : {false, true}) {
+        w.window.setPalette(dark ? darkPalette() : QApplication::palette());
+        w.settle();
+        w.picture(dark ? "shaded-dark" : "shaded");
+        const QRgb base = w.window.palette().color(QPalette::Base).rgb();
+        EXPECT_EQ(ground(inside(w, 5, Code)), base);
+        EXPECT_EQ(ground(inside(w, 5, Name)), shaded(base, 0.08));
+        EXPECT_GT(contrast(ground(inside(w, 5, Name)), base), 1.1);
+        EXPECT_GT(inkContrast(inside(w, 1, Name)), 4.5);
+    }
+}
+
+TEST(Look, HasLinesOfOneWidthWhereverTheGridStandsInItsWindow) {
+    Window w;
+    const SystemColors colors(w.widget->palette());
+    for (const int margin : {8, 9, 10, 11}) {
+        w.window.layout()->setContentsMargins(margin, margin, margin, margin);
+        w.window.layout()->activate();
+        w.settle();
+        const QImage image = w.window.grab().toImage();
+        const double ratio = image.devicePixelRatio();
+        const QPoint row = w.view().mapTo(&w.window, w.at(5, Name));
+        const int y = static_cast<int>(row.y() * ratio);
+        const QRgb line = colors.rgb(0x80000016);
+        int lines = 0;
+        for (int x = 1; x + 1 < image.width(); ++x) {
+            if (image.pixel(x, y) != line) continue;
+            ++lines;
+            EXPECT_NE(image.pixel(x - 1, y), line) << margin;
+            EXPECT_NE(image.pixel(x + 1, y), line) << margin;
+        }
+        EXPECT_GE(lines, 4) << margin;
+        const int x = static_cast<int>(row.x() * ratio);
+        const int totals =
+            w.view().mapTo(&w.window, Scale(*w.widget).pixels(w.grid().totalRowRect()).topLeft()).y();
+        int edges = 0;
+        for (int at = static_cast<int>((totals - 4) * ratio); at < (totals + 4) * ratio; ++at)
+            edges += image.pixel(x, at) == colors.rgb(0x80000010) ? 1 : 0;
+        EXPECT_EQ(edges, 1) << margin;
+    }
 }
 
 TEST(Look, PaintsATextAsWideAsQtWould) {

@@ -2,9 +2,9 @@
 #include "qt/Boxes.h"
 #include "qt/CheckedWindow.h"
 #include "qt/Palettes.h"
+#include "qt/Window.h"
 #include "qt/view/Scale.h"
 #include "qt/view/SystemColors.h"
-#include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

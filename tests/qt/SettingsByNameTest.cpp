@@ -7,9 +7,9 @@
 
 #include "kxVsGrid/StoredKeys.h"
 #include "qt/Boxes.h"
-#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
+#include "qt/settings/PropertyValues.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

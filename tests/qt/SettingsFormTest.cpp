@@ -6,9 +6,9 @@
 #include <memory>
 
 #include "kxVsGrid/StoredKeys.h"
-#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
+#include "qt/settings/PropertyValues.h"
 #include "ui_OrderLines.h"
 
 namespace kxVsGrid::qt::testing {

@@ -1,9 +1,9 @@
 // A widget whose settings were loaded looks the same whenever that was done.
 #include <QWheelEvent>
 
-#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
+#include "qt/settings/PropertyValues.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

@@ -5,9 +5,9 @@
 
 #include "cellgrid/Dice.h"
 #include "kxVsGrid/StoredKeys.h"
-#include "qt/settings/PropertyValues.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
+#include "qt/settings/PropertyValues.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {

@@ -10,8 +10,6 @@
 namespace kxVsGrid::cellgrid {
 namespace {
 
-/// Room between a cell's edges and its text.
-constexpr std::int32_t TextMargin = 45;
 /// A grid line takes the last twips of its row or column.
 constexpr std::int32_t LineWidth = 15;
 }  // namespace
@@ -21,7 +19,10 @@ FrameScene::FrameScene(const CellGrid& shown, const FrameState& state, const Rec
       client{0, 0, shown.ClientWidth(), shown.ClientHeight()},
       area(overlap(clip, client)),
       wholeRow(shown.SelectsRows()),
-      editorOpen(state.editorOpen) {
+      editorOpen(state.editorOpen),
+      raised(shown.Appearance() != 0 && !state.flat) {
+    // what a cell shows depends on its neighbours
+    if (grid.TextsRunOver() && !area.empty()) area = {0, area.top, client.width, area.height};
     const bool data = grid.Row() >= grid.FixedRows() && grid.Col() >= grid.FixedCols();
     if (!grid.ShowCursor() || !data) return;
     row = grid.Row();
@@ -42,14 +43,20 @@ FrameRegion::FrameRegion(const FrameScene& scene, FrameWriter& writer, std::span
     area_.top = rows.front().start;
     area_.width = std::min(cols.back().end(), scene.client.right()) - area_.left;
     area_.height = std::min(rows.back().end(), scene.client.bottom()) - area_.top;
-    if (fixed) merged_.emplace(scene.grid, rows, cols);
+    fitted_ = scene.grid.FittedColor();
+    if (fixed)
+        merged_.emplace(scene.grid, rows, cols);
+    else if (const auto& shade = scene.grid.ColShade())
+        for (const Band& col : cols) shades_.push_back(shade(col.index));
 }
 
 void FrameRegion::write() {
     if (area_.empty()) return;
     writeFills();
     writeLines();
+    if (merged_ && scene_.raised) writeRelief();
     if (merged_) writeMergedBlocks();
+    if (!merged_ && scene_.grid.TextsRunOver()) findStretches();
     writeContents();
 }
 
@@ -60,25 +67,32 @@ Rect FrameRegion::rectOf(std::size_t firstRow, std::size_t lastRow, std::size_t 
     return {left, top, cols_[lastCol].end() - left, rows_[lastRow].end() - top};
 }
 
-/// The colour of a cell that differs from its surroundings.
-std::optional<std::uint32_t> FrameRegion::ownBackColor(std::int32_t row, std::int32_t col) const {
-    if (scene_.highlighted(row)) return FrameColor::Highlight;
-    std::optional<std::uint32_t> color = scene_.grid.CellBackColor(row, col);
+/// The ground of a cell that differs from its surroundings.
+std::optional<Ground> FrameRegion::ownGround(std::size_t rowBand, std::size_t colBand) const {
+    const std::int32_t row = rows_[rowBand].index;
+    const std::int32_t col = cols_[colBand].index;
+    if (scene_.highlighted(row)) return Ground{FrameColor::Highlight};
+    const std::optional<std::uint32_t> color = scene_.grid.CellBackColor(row, col);
+    if (color) {
+        if (color == backColor_) return std::nullopt;
+        return Ground{color == fitted_ ? FittedGrey : *color};
+    }
     // the headers of the current cell stand out, so that the clerk sees where he is
-    const bool header = merged_ && !scene_.wholeRow && (row == scene_.row || col == scene_.col);
-    if (!color && header) color = FrameColor::ButtonHighlight;
-    return color == backColor_ ? std::nullopt : color;
+    if (merged_ && !scene_.wholeRow && (row == scene_.row || col == scene_.col))
+        return Ground{FrameColor::ButtonHighlight};
+    if (shades_.empty() || shades_[colBand] == 0) return std::nullopt;
+    return Ground{backColor_, shades_[colBand]};
 }
 
 void FrameRegion::readRuns(std::size_t col, std::vector<Run>& runs) const {
     runs.clear();
     for (std::size_t row = 0; row < rows_.size(); ++row) {
-        const auto color = ownBackColor(rows_[row].index, cols_[col].index);
-        if (!color) continue;
-        if (!runs.empty() && runs.back().lastRow + 1 == row && runs.back().color == *color)
+        const auto ground = ownGround(row, col);
+        if (!ground) continue;
+        if (!runs.empty() && runs.back().lastRow + 1 == row && runs.back().ground == *ground)
             runs.back().lastRow = row;
         else
-            runs.push_back({row, row, *color, 0});
+            runs.push_back({row, row, *ground, 0});
     }
 }
 
@@ -91,7 +105,7 @@ void FrameRegion::writeFills() {
         readRuns(col, runs);
         for (Run& run : runs) {
             const auto left = std::find_if(before.begin(), before.end(), [&](const Run& r) {
-                return r.firstRow == run.firstRow && r.lastRow == run.lastRow && r.color == run.color;
+                return r.firstRow == run.firstRow && r.lastRow == run.lastRow && r.ground == run.ground;
             });
             if (left != before.end()) {
                 run.item = left->item;
@@ -102,8 +116,10 @@ void FrameRegion::writeFills() {
             }
             const bool oneCell = run.firstRow == run.lastRow;
             run.item = writer_.count();
-            writer_.add(FrameItem::Kind::Fill, rectOf(run.firstRow, run.lastRow, col, col), run.color,
-                        oneCell ? rows_[run.firstRow].index : -1, oneCell ? cols_[col].index : -1);
+            writer_
+                .add(FrameItem::Kind::Fill, rectOf(run.firstRow, run.lastRow, col, col), run.ground.color,
+                     oneCell ? rows_[run.firstRow].index : -1, oneCell ? cols_[col].index : -1)
+                .shade = run.ground.shade;
         }
         std::swap(before, runs);
     }
@@ -124,17 +140,63 @@ void FrameRegion::writeLines() {
     }
 }
 
+/// Each fixed cell stands out from the picture.
+void FrameRegion::writeRelief() {
+    for (std::size_t row = 0; row < rows_.size(); ++row)
+        for (std::size_t col = 0; col < cols_.size(); ++col)
+            if (!merged_->covers(row, col)) writeRaised(rectOf(row, row, col, col), row, col);
+}
+
+void FrameRegion::writeRaised(const Rect& cell, std::size_t row, std::size_t col) {
+    if (!cell.overlaps(scene_.area)) return;
+    writer_.add(FrameItem::Kind::Raised, cell, ownGround(row, col).value_or(Ground{backColor_}).color,
+                rows_[row].index, cols_[col].index);
+}
+
 /// Covers the lines inside of a block, then draws its own.
 void FrameRegion::writeMergedBlocks() {
     for (const MergedBlock& block : merged_->blocks()) {
-        const std::int32_t row = rows_[block.firstRow].index;
-        const std::int32_t col = cols_[block.firstCol].index;
         const Rect rect = rectOf(block.firstRow, block.lastRow, block.firstCol, block.lastCol);
-        writer_.add(FrameItem::Kind::Fill, rect, ownBackColor(row, col).value_or(backColor_), row, col);
+        const auto ground = ownGround(block.firstRow, block.firstCol).value_or(Ground{backColor_});
+        writer_.add(FrameItem::Kind::Fill, rect, ground.color, rows_[block.firstRow].index,
+                    cols_[block.firstCol].index);
         writeLine({rect.left, rect.bottom() - LineWidth, rect.width, LineWidth});
         writeLine({rect.right() - LineWidth, rect.top, LineWidth, rect.height});
+        if (scene_.raised) writeRaised(rect, block.firstRow, block.firstCol);
         writeText(rows_[block.firstRow], cols_[block.firstCol], rect);
     }
+}
+
+/// Before any text: what covers lines must come first.
+void FrameRegion::findStretches() {
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        const std::vector<Stretch> found = stretches(scene_.grid, rows_[row].index, cols_);
+        for (const Stretch& stretch : found) coverLinesUnder(row, stretch);
+        stretches_.insert(stretches_.end(), found.begin(), found.end());
+    }
+}
+
+void FrameRegion::coverLinesUnder(std::size_t row, const Stretch& stretch) {
+    for (std::size_t col = stretch.firstCol; col < stretch.lastCol; ++col) {
+        const Ground ground = ownGround(row, col).value_or(Ground{backColor_});
+        const Rect seam{cols_[col].end() - LineWidth, rows_[row].start, LineWidth, rows_[row].size};
+        writer_.add(FrameItem::Kind::Fill, seam, ground.color).shade = ground.shade;
+        writeLine({seam.left, rows_[row].end() - LineWidth, LineWidth, LineWidth});
+    }
+}
+
+Rect FrameRegion::roomOf(std::size_t row, std::size_t col) const {
+    const Rect own = rectOf(row, row, col, col);
+    if (stretches_.empty()) return own;
+    const Stretch& stretch = stretches_[row * cols_.size() + col];
+    Rect room = rectOf(row, row, stretch.firstCol, stretch.lastCol);
+    const std::int32_t left = own.left - room.left;
+    const std::int32_t right = room.right() - own.right();
+    if (left > 0 && right > 0) {  // a centred text stays in the middle of its cell
+        const std::int32_t beside = std::min(left, right);
+        room = {own.left - beside, own.top, own.width + 2 * beside, own.height};
+    }
+    return room;
 }
 
 void FrameRegion::writeContents() {
@@ -143,7 +205,7 @@ void FrameRegion::writeContents() {
     for (std::size_t row = 0; row < rows_.size(); ++row)
         for (std::size_t col = 0; col < cols_.size(); ++col)
             if (!merged_ || !merged_->covers(row, col))
-                writeContent(rows_[row], cols_[col], checkBoxes[col], rectOf(row, row, col, col));
+                writeContent(rows_[row], cols_[col], checkBoxes[col], roomOf(row, col));
 }
 
 void FrameRegion::writeContent(const Band& row, const Band& col, bool checkBoxes, const Rect& cell) {

@@ -9,6 +9,7 @@
 
 #include "cellgrid/frame/FrameWriter.h"
 #include "cellgrid/frame/MergedCells.h"
+#include "cellgrid/frame/RunOver.h"
 #include "cellgrid/frame/VisibleBands.h"
 
 namespace kxVsGrid::cellgrid {
@@ -34,8 +35,16 @@ struct FrameScene {
     std::int32_t col = -1;
     bool wholeRow = false;  // shown by its whole row
     bool editorOpen = false;
+    bool raised = false;  // fixed cells are
 
     bool highlighted(std::int32_t r) const { return wholeRow && r == row; }
+};
+
+/// What a cell is painted with first.
+struct Ground {
+    std::uint32_t color = 0;
+    std::uint8_t shade = 0;
+    friend bool operator==(const Ground&, const Ground&) = default;
 };
 
 class FrameRegion {
@@ -53,7 +62,7 @@ class FrameRegion {
     struct Run {
         std::size_t firstRow;
         std::size_t lastRow;
-        std::uint32_t color;
+        Ground ground;
         std::size_t item;  // number of its fill
     };
 
@@ -62,10 +71,16 @@ class FrameRegion {
     void writeLines();
     void writeLine(const Rect& line);
     void writeMergedBlocks();
+    void writeRelief();
+    void writeRaised(const Rect& cell, std::size_t row, std::size_t col);
+    void findStretches();
+    void coverLinesUnder(std::size_t row, const Stretch& stretch);
+    /// Where the text of a cell has its place.
+    Rect roomOf(std::size_t row, std::size_t col) const;
     void writeContents();
     void writeContent(const Band& row, const Band& col, bool checkBoxes, const Rect& cell);
     void writeText(const Band& row, const Band& col, const Rect& cell);
-    std::optional<std::uint32_t> ownBackColor(std::int32_t row, std::int32_t col) const;
+    std::optional<Ground> ownGround(std::size_t rowBand, std::size_t colBand) const;
     std::uint32_t textColor(std::int32_t row, std::int32_t col) const;
     Rect rectOf(std::size_t firstRow, std::size_t lastRow, std::size_t firstCol, std::size_t lastCol) const;
 
@@ -78,5 +93,8 @@ class FrameRegion {
     std::uint32_t lineColor_;
     Rect area_;  // of the whole region, within the client area
     std::optional<MergedCells> merged_;
+    std::optional<std::uint32_t> fitted_;
+    std::vector<std::uint8_t> shades_;  // of the columns' cells without a colour; none: not shaded
+    std::vector<Stretch> stretches_;    // of the texts, row after row; none: each in its cell
 };
 }  // namespace kxVsGrid::cellgrid

@@ -1,8 +1,8 @@
 #include "qt/access/AccessibleCell.h"
 
+#include "qt/Stage.h"
 #include "qt/access/AccessibleGrid.h"
 #include "qt/text/Encoding.h"
-#include "qt/Stage.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::qt {

@@ -4,10 +4,10 @@
 #include <limits>
 
 #include "kxVsGrid/qt/kxGridWidget.h"
-#include "qt/access/AccessibleCell.h"
 #include "qt/Captions.h"
-#include "qt/text/Encoding.h"
 #include "qt/Stage.h"
+#include "qt/access/AccessibleCell.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt {
 namespace {

@@ -9,8 +9,8 @@
 #include "kxVsGrid/ControlPage.h"
 #include "kxVsGrid/GridColumns.h"
 #include "kxVsGrid/qt/ShowForm.h"
-#include "qt/text/Encoding.h"
 #include "qt/designer/SettingsCommand.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::designer {
 namespace {

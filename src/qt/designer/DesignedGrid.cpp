@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "kxVsGrid/headless/Desk.h"
-#include "qt/text/Encoding.h"
-#include "qt/settings/PropertyValues.h"
 #include "qt/designer/FormSettings.h"
+#include "qt/settings/PropertyValues.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::designer {
 namespace {

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "kxVsGrid/StoredKeys.h"
-#include "qt/text/Encoding.h"
 #include "qt/settings/PropertyValues.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::designer {
 namespace {

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "kxVsGrid/headless/Desk.h"
-#include "qt/settings/PropertyValues.h"
 #include "qt/designer/FormSettings.h"
+#include "qt/settings/PropertyValues.h"
 
 namespace kxVsGrid::qt::designer {
 

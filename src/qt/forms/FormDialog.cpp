@@ -10,11 +10,11 @@
 #include <cmath>
 #include <utility>
 
-#include "qt/text/Encoding.h"
 #include "qt/KeyMap.h"
 #include "qt/ModalBox.h"
-#include "qt/view/Scale.h"
 #include "qt/forms/FormPlace.h"
+#include "qt/text/Encoding.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt {
 namespace {

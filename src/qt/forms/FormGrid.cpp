@@ -7,9 +7,10 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 
-#include "qt/text/Encoding.h"
 #include "qt/KeyMap.h"
 #include "qt/forms/FormDialog.h"
+#include "qt/text/Encoding.h"
+#include "qt/view/Tips.h"
 
 namespace kxVsGrid::qt {
 namespace {
@@ -176,6 +177,6 @@ bool FormGridView::event(QEvent* event) {
 
 void FormGridView::showWholeText(const QHelpEvent& event) {
     const QString text = toQt(cutText(grid_, hit(event.pos()), metrics_));
-    QToolTip::showText(event.globalPos(), text.toHtmlEscaped(), this);
+    QToolTip::showText(event.globalPos(), plainTip(text), this);
 }
 }  // namespace kxVsGrid::qt

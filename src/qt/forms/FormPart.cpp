@@ -9,10 +9,10 @@
 #include <QTimeEdit>
 #include <string_view>
 
-#include "qt/text/Encoding.h"
 #include "qt/forms/FormDialog.h"
 #include "qt/forms/FormGrid.h"
 #include "qt/forms/FormTextBox.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt {
 namespace {

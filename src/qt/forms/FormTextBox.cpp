@@ -2,9 +2,9 @@
 
 #include <limits>
 
+#include "qt/forms/FormDialog.h"
 #include "qt/text/EditMenu.h"
 #include "qt/text/Encoding.h"
-#include "qt/forms/FormDialog.h"
 #include "support/Span.h"
 
 namespace kxVsGrid::qt {

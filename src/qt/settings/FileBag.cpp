@@ -4,8 +4,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include "qt/text/Encoding.h"
 #include "qt/settings/WriteAll.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt {
 namespace {

@@ -5,8 +5,8 @@
 #include <QTemporaryFile>
 #include <algorithm>
 
-#include "qt/text/Encoding.h"
 #include "qt/settings/WriteAll.h"
+#include "qt/text/Encoding.h"
 #include "support/BagLine.h"
 #include "support/Text.h"
 

@@ -6,8 +6,8 @@
 #include <QPointer>
 
 #include "qt/KeyMap.h"
-#include "qt/view/Scale.h"
 #include "qt/text/TextBoxes.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt {
 

@@ -5,8 +5,8 @@
 #include <QMenu>
 #include <functional>
 
-#include "qt/text/BoxParts.h"
 #include "qt/Captions.h"
+#include "qt/text/BoxParts.h"
 
 namespace kxVsGrid::qt {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "qt/text/BoxParts.h"
-#include "qt/text/EditMenu.h"
 #include "qt/KeyMap.h"
 #include "qt/Stage.h"
+#include "qt/text/BoxParts.h"
+#include "qt/text/EditMenu.h"
 #include "support/Span.h"
 
 namespace kxVsGrid::qt {

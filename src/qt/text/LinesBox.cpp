@@ -4,8 +4,8 @@
 #include <QTextOption>
 #include <QWheelEvent>
 
-#include "qt/text/BoxParts.h"
 #include "qt/Captions.h"
+#include "qt/text/BoxParts.h"
 
 namespace kxVsGrid::qt {
 namespace {

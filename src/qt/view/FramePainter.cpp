@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "qt/text/Encoding.h"
+#include "qt/view/ShownText.h"
 
 namespace kxVsGrid::qt {
 namespace {
@@ -51,6 +51,13 @@ QFont onDevice(const QFont& font, double ratio) {
 }
 }  // namespace
 
+void useDevicePixels(QPainter& painter, double ratio) {
+    painter.scale(1 / ratio, 1 / ratio);
+    const QTransform device = painter.deviceTransform();
+    if (device.type() > QTransform::TxTranslate) return;
+    painter.translate(std::round(device.dx()) - device.dx(), std::round(device.dy()) - device.dy());
+}
+
 void FramePainter::look(const QFont& font, const SystemColors& colors, const Scale& scale,
                         const QPaintDevice* device) {
     colors_ = colors;
@@ -62,7 +69,7 @@ void FramePainter::paint(QPainter& painter, const Frame& frame, const Rect& orig
     if (!scale_) return;
     origin_ = origin;
     painter.save();
-    painter.scale(1 / scale_->ratio(), 1 / scale_->ratio());
+    useDevicePixels(painter, scale_->ratio());
     for (const FrameItem& item : frame.items) {
         switch (item.kind) {
             case FrameItem::Kind::Fill:
@@ -79,6 +86,9 @@ void FramePainter::paint(QPainter& painter, const Frame& frame, const Rect& orig
                 break;
             case FrameItem::Kind::Focus:
                 focus(painter, item);
+                break;
+            case FrameItem::Kind::Raised:
+                raised(painter, item);
                 break;
         }
     }
@@ -106,7 +116,8 @@ void FramePainter::startRegion(QPainter& painter) {
 void FramePainter::fill(QPainter& painter, const FrameItem& item) {
     startRegion(painter);
     const QRect rect = place(item.rect);
-    painter.fillRect(rect, QColor(colors_.rgb(item.color)));
+    const QRgb color = colors_.rgb(item.color);
+    painter.fillRect(rect, QColor(item.shade == 0 ? color : shaded(color, item.shade / 100.0)));
     grounds_.push_back({rect, item.color});
     if (!SystemColors::isSystem(item.color)) hostGround_ = true;
 }
@@ -137,7 +148,7 @@ void FramePainter::text(QPainter& painter, const FrameItem& item) {
     textsBegun_ = true;
     const QRect rect = place(item.rect);
     const QRgb color = textColor(item, rect);
-    if (!texts_.place(item.text, glyphs_)) {
+    if (!texts_.place(item.text, glyphs_, static_cast<float>(rect.width()))) {
         shapedText(painter, item, rect, color);
         return;
     }
@@ -164,29 +175,13 @@ void FramePainter::elide(double room) {
 
 void FramePainter::shapedText(QPainter& painter, const FrameItem& item, const QRect& rect, QRgb color) {
     const QFontMetricsF metrics(texts_.font(), painter.device());
-    const QString string = linesThatFit(toQt(item.text), metrics, rect);
+    const QString string = shownText(item.text, metrics, rect.size());
     painter.save();
     painter.setFont(texts_.font());
     painter.setPen(QColor(color));
     painter.setClipRect(rect, Qt::IntersectClip);
     painter.drawText(rect, static_cast<int>(qtAlignment(item.alignment)) | Qt::TextExpandTabs, string);
     painter.restore();
-}
-
-/// No line is cut in two: what does not fit is left out, and a sign says so.
-QString FramePainter::linesThatFit(const QString& text, const QFontMetricsF& metrics, const QRect& rect) {
-    QString string = text;
-    string.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    string.replace(u'\r', u'\n');
-    QStringList lines = string.split(u'\n');
-    const auto fitting =
-        std::max<qsizetype>(1, static_cast<qsizetype>(rect.height() / metrics.lineSpacing()));
-    if (lines.size() > fitting) {
-        lines = lines.mid(0, fitting);
-        lines.last() += u'…';
-    }
-    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, rect.width());
-    return lines.join(u'\n');
 }
 
 void FramePainter::checkMark(QPainter& painter, const FrameItem& item) {
@@ -210,6 +205,19 @@ void FramePainter::checkMark(QPainter& painter, const FrameItem& item) {
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.strokePath(tick, QPen(QColor(color), side * 0.15, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+/// Inside of the lines, and of one pixel's width as they are. Nothing of it touches a text that waits.
+void FramePainter::raised(QPainter& painter, const FrameItem& item) {
+    const QRect rect = place(item.rect).adjusted(0, 0, -1, -1);
+    if (rect.width() < 3 || rect.height() < 3) return;
+    const QRgb ground = colors_.rgb(item.color);
+    const QColor light(lit(ground));
+    const QColor dark(dimmed(ground));
+    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), light);
+    painter.fillRect(QRect(rect.left(), rect.top() + 1, 1, rect.height() - 1), light);
+    painter.fillRect(QRect(rect.left() + 1, rect.bottom(), rect.width() - 1, 1), dark);
+    painter.fillRect(QRect(rect.right(), rect.top() + 1, 1, rect.height() - 2), dark);
 }
 
 void FramePainter::focus(QPainter& painter, const FrameItem& item) {

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QFont>
-#include <QFontMetricsF>
 #include <QPaintDevice>
 #include <QPainter>
 #include <QRect>
@@ -18,6 +17,10 @@
 #include "qt/view/TextBatches.h"
 
 namespace kxVsGrid::qt {
+
+/// From here on places are device pixels. A widget of a fractional scale may begin within one: its lines and
+/// letters do not.
+void useDevicePixels(QPainter& painter, double ratio);
 
 class FramePainter {
   public:
@@ -38,8 +41,8 @@ class FramePainter {
     void text(QPainter& painter, const FrameItem& item);
     void shapedText(QPainter& painter, const FrameItem& item, const QRect& rect, QRgb color);
     void elide(double room);
-    static QString linesThatFit(const QString& text, const QFontMetricsF& metrics, const QRect& rect);
     void checkMark(QPainter& painter, const FrameItem& item);
+    void raised(QPainter& painter, const FrameItem& item);
     void focus(QPainter& painter, const FrameItem& item);
     std::uint32_t groundOf(const QRect& rect) const;
     QRgb textColor(const FrameItem& item, const QRect& rect) const;

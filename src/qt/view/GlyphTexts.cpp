@@ -35,6 +35,10 @@ bool isPlain(const QFont& font) {
            font.wordSpacing() == 0 && font.capitalization() == QFont::MixedCase;
 }
 
+bool isOneLine(std::string_view text) {
+    return text.find('\n') == std::string_view::npos && text.find('\r') == std::string_view::npos;
+}
+
 /// One code point of the basic plane, or 0 for anything else; `at` moves behind it.
 char16_t nextCharacter(std::string_view text, std::size_t& at) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -73,7 +77,7 @@ void GlyphTexts::use(const QFont& font, const QPaintDevice* device) {
     if (!place("…", ellipsis_)) ellipsis_.clear();
 }
 
-bool GlyphTexts::place(std::string_view utf8, std::vector<Glyph>& glyphs) {
+bool GlyphTexts::place(std::string_view utf8, std::vector<Glyph>& glyphs, float room) {
     glyphs.clear();
     if (!plain_) return false;
     float x = 0;
@@ -84,6 +88,7 @@ bool GlyphTexts::place(std::string_view utf8, std::vector<Glyph>& glyphs) {
         if (known.font == Shaped) return false;
         glyphs.push_back({known.index, known.font, x, known.advance});
         x += known.advance;
+        if (x > room) return isOneLine(utf8.substr(at));
     }
     return true;
 }

@@ -11,6 +11,7 @@
 #include <QRawFont>
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -31,8 +32,10 @@ class GlyphTexts {
 
     /// Forgets what it knows when the font is another one.
     void use(const QFont& font, const QPaintDevice* device);
-    /// The glyphs of a text, from left to right; false when it has to be shaped.
-    bool place(std::string_view utf8, std::vector<Glyph>& glyphs);
+    /// The glyphs of a text, from left to right; false when it has to be shaped. Ends with the first glyph
+    /// beyond `room` (pixels), whatever one line has behind it.
+    bool place(std::string_view utf8, std::vector<Glyph>& glyphs,
+               float room = std::numeric_limits<float>::infinity());
     /// The sign for "there is more of it".
     const std::vector<Glyph>& ellipsis() const { return ellipsis_; }
     const QRawFont& font(std::uint16_t number) const { return fonts_[number]; }

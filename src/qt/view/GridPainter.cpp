@@ -1,5 +1,10 @@
 #include "qt/view/GridPainter.h"
 
+#include <utility>
+
+#include "qt/text/Encoding.h"
+#include "qt/view/ShownText.h"
+
 namespace kxVsGrid::qt {
 
 bool GridPainter::follow(const QWidget& widget) {
@@ -37,8 +42,11 @@ QRegion pixelsOf(const CellGrid::Damage& damage, const Rect& origin, const Scale
 std::string cutText(const CellGrid& grid, const GridHit& hit, const TextMetrics& metrics) {
     if (hit.part != GridHit::Part::Cell && hit.part != GridHit::Part::FixedCell) return {};
     std::string shown = grid.DisplayText(hit.row, hit.col);
-    const std::int32_t width = metrics.textWidth(shown) + metrics.padding();
-    const bool cut = width > grid.CellRect(hit.row, hit.col).width || shown.find('\n') != std::string::npos;
-    return cut ? shown : std::string();
+    const std::int32_t room = grid.CellRect(hit.row, hit.col).width;
+    // a text of more bytes than the cell has twips is not measured: it may be a million characters long
+    const bool cut = shown.find('\n') != std::string::npos || std::cmp_greater(shown.size(), room) ||
+                     metrics.textWidth(shown) + metrics.padding() > room;
+    if (!cut) return {};
+    return std::cmp_greater(shown.size(), LongestTip) ? fromQt(shortened(shown, LongestTip)) : shown;
 }
 }  // namespace kxVsGrid::qt

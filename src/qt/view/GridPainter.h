@@ -35,6 +35,7 @@ class GridPainter {
 QRegion pixelsOf(const CellGrid::Damage& damage, const Rect& origin, const Scale& scale);
 
 /// The text of the cell that was hit, when the cell cannot show all of it; empty otherwise.
+/// Of a text that no screen would hold, the beginning.
 std::string cutText(const CellGrid& grid, const GridHit& hit, const TextMetrics& metrics);
 
 /// Paints a region part by part; a region of very many parts in one piece.

@@ -10,13 +10,14 @@
 #include <QToolTip>
 #include <utility>
 
+#include "qt/Captions.h"
+#include "qt/KeyMap.h"
+#include "qt/Stage.h"
 #include "qt/access/AccessibleGrid.h"
 #include "qt/text/BoxParts.h"
-#include "qt/Captions.h"
 #include "qt/text/Encoding.h"
-#include "qt/KeyMap.h"
 #include "qt/view/MousePress.h"
-#include "qt/Stage.h"
+#include "qt/view/Tips.h"
 
 namespace kxVsGrid::qt {
 GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
@@ -73,12 +74,16 @@ void GridView::paintTotalEdges(QPainter& painter) {
     constexpr std::uint32_t Shadow = 0x80000010;
     const kxGrid& grid = stage_.grid();
     const Scale scale = stage_.scale();
-    const QRect totals = scale.pixels(grid.totalRowRect());
-    const int end = scale.pixel(grid.Grid().ClientHeight());
-    painter.fillRect(QRectF(totals.left(), totals.top(), totals.width(), 1 / scale.ratio()),
+    const QRect totals = scale.devicePixels(grid.totalRowRect());
+    const int below = totals.bottom() + 1;
+    const int end = scale.devicePixel(grid.Grid().ClientHeight());
+    painter.save();
+    useDevicePixels(painter, scale.ratio());
+    painter.fillRect(QRect(totals.left(), totals.top(), totals.width(), 1),
                      QColor(painter_.colors().rgb(Shadow)));
-    painter.fillRect(QRect(totals.left(), totals.bottom() + 1, totals.width(), end - totals.bottom() - 1),
+    painter.fillRect(QRect(totals.left(), below, totals.width(), end - below),
                      QColor(painter_.colors().rgb(grid.Grid_Sum().BackColorBkg())));
+    painter.restore();
 }
 
 void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& grid, const Rect& origin,
@@ -86,6 +91,7 @@ void GridView::paintGrid(QPainter& painter, const QRect& part, const CellGrid& g
     FrameState state;
     state.focused = stage_.focusShown();
     state.editorOpen = stage_.box().visible();
+    state.flat = stage_.grid().Appearance() == 0;  // the total row has the main grid's look
     const QString failure =
         Stage::failureOf([&] { painter_.paint(painter, part, grid, origin, state, frame); });
     if (failure.isNull()) return;
@@ -287,7 +293,7 @@ void GridView::showWholeText(const QHelpEvent& event) {
     const bool checkBox =
         !totals && hit.part == GridHit::Part::Cell && cells.ColDataType(hit.col) == flexDTBoolean;
     const QString text = checkBox ? QString() : toQt(cutText(cells, hit, stage_.metrics()));
-    QToolTip::showText(event.globalPos(), text.isEmpty() ? text : text.toHtmlEscaped(), this);
+    QToolTip::showText(event.globalPos(), plainTip(text), this);
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "kxVsGrid/Frame.h"
+
 namespace kxVsGrid::qt {
 namespace {
 
@@ -33,6 +35,21 @@ QRgb blend(QRgb a, QRgb b, double share) {
                 mixed(qBlue(a), qBlue(b), share));
 }
 
+QRgb shaded(QRgb ground, double share) {
+    constexpr double Middle = 0.18;  // as the eye sees it
+    return blend(ground, luminance(ground) < Middle ? qRgb(255, 255, 255) : qRgb(0, 0, 0), share);
+}
+
+/// A little white is much on a dark ground, and little on a light one.
+QRgb lit(QRgb ground) {
+    return blend(ground, qRgb(255, 255, 255), 0.14 + 0.76 * luminance(ground));
+}
+
+/// The other way round with black.
+QRgb dimmed(QRgb ground) {
+    return blend(ground, qRgb(0, 0, 0), 0.45 - 0.33 * luminance(ground));
+}
+
 SystemColors::SystemColors(const QPalette& palette) {
     const auto role = [&](QPalette::ColorRole r) { return palette.color(r).rgb(); };
     const QRgb base = role(QPalette::Base);
@@ -46,6 +63,8 @@ SystemColors::SystemColors(const QPalette& palette) {
     const QRgb shadow = blend(button, buttonText, 0.35);
     const QRgb lightEdge = blend(base, text, 0.16);
     const QRgb workspace = blend(window, windowText, 0.10);
+    const QRgb lightGrey = qRgb(0xE0, 0xE0, 0xE0);
+    const bool dark = luminance(base) < luminance(text);
     const std::pair<std::size_t, QRgb> entries[] = {
         {0, button},                                                    // scroll bar
         {1, workspace},                                                 // desktop
@@ -72,6 +91,7 @@ SystemColors::SystemColors(const QPalette& palette) {
         {22, lightEdge},                                                // light edge
         {23, role(QPalette::ToolTipText)},
         {24, role(QPalette::ToolTipBase)},
+        {FittedGrey & 0xFFU, dark ? blend(base, text, 0.12) : lightGrey},
     };
     for (const auto& [index, color] : entries) system_[index] = color;
 }

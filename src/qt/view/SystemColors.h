@@ -30,4 +30,9 @@ class SystemColors {
 double contrast(QRgb a, QRgb b);
 /// `share` of b in a, 0 to 1.
 QRgb blend(QRgb a, QRgb b, double share);
+/// A ground with a share of black in it, of white where it is dark.
+QRgb shaded(QRgb ground, double share);
+/// The tones of a raised ground: of its edges in the light, and of those in the shade.
+QRgb lit(QRgb ground);
+QRgb dimmed(QRgb ground);
 }  // namespace kxVsGrid::qt
