@@ -279,8 +279,9 @@ class CellGrid {
     /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt. True when the key did
     /// something here: a listener zeroed it, or it moved or scrolled.
     bool keyDown(std::int16_t code, std::int16_t shift);
-    /// Raises CharacterTyped and KeyPress. The character may not fit into the 16 bits.
-    void keyPress(std::int16_t ascii, std::string_view character = {});
+    /// Raises CharacterTyped and KeyPress. The character may not fit into the 16 bits. Answers what is left of
+    /// these: 0 when the key was used up.
+    std::int16_t keyPress(std::int16_t ascii, std::string_view character = {});
     void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);

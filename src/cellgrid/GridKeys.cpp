@@ -83,9 +83,10 @@ bool CellGrid::keyDown(std::int16_t code, std::int16_t shift) {
     return impl->navigate(static_cast<Key>(code), (shift & CtrlKey) != 0);
 }
 
-void CellGrid::keyPress(std::int16_t ascii, std::string_view character) {
+std::int16_t CellGrid::keyPress(std::int16_t ascii, std::string_view character) {
     const auto kept = held();
     CharacterTyped(ascii, character);
     if (kept->there) KeyPress(ascii);
+    return ascii;
 }
 }  // namespace kxVsGrid

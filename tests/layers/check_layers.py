@@ -3,6 +3,8 @@
 
     check_layers.py ROOT        lists every violation under ROOT, and fails when there is one
 
+Paths that the documents for developers name have to be there, too.
+
 The rules: includes point down the layers only; the core includes its own headers and the standard library
 alone, and of that nothing with threads or files, nor what g++ 12 lacks; the collaborators behind the control do
 not know the control; every public header says first what it is for.
@@ -152,9 +154,24 @@ def violations(tree):
                     yield path, number, what
 
 
+NAMED_PATH = re.compile(r"`((?:src|include|tests|examples|fuzz|bench|docs)/[^`*{} ]+)`")
+
+
+def lost_paths(root):
+    """What the documents for developers name and the tree does not have."""
+    root = pathlib.Path(root)
+    for document in ("ARCHITECTURE.md", "CONTRIBUTING.md"):
+        if not (root / document).exists():
+            continue
+        for number, line in enumerate((root / document).read_text(encoding="utf-8").splitlines(), 1):
+            for name in NAMED_PATH.findall(line):
+                if not (root / name).exists():
+                    yield document, number, f"names {name}, which is not there"
+
+
 def main(root):
     tree = Tree(root)
-    found = list(violations(tree))
+    found = list(violations(tree)) + list(lost_paths(root))
     for path, number, what in found:
         print(f"{path}:{number}: {what}")
     print(f"{len(tree.texts)} files, {len(found)} violations")

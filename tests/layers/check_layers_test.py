@@ -116,6 +116,14 @@ class CheckLayers(unittest.TestCase):
             pathlib.Path(folder, "src/support/Bad.cpp").write_text("#include <QString>\n", encoding="utf-8")
             self.assertEqual(check_layers.main(folder), 1)
 
+    def test_finds_paths_of_the_documents_that_are_not_there(self):
+        with tempfile.TemporaryDirectory() as folder:
+            pathlib.Path(folder, "src").mkdir()
+            pathlib.Path(folder, "ARCHITECTURE.md").write_text("`src` and `src/Gone.h`\n`src/Lost.h`\n", encoding="utf-8")
+            found = [(number, what) for _, number, what in check_layers.lost_paths(folder)]
+            self.assertEqual([number for number, _ in found], [1, 2])
+            self.assertIn("src/Gone.h", found[0][1])
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -85,6 +85,16 @@ TEST_F(FillsToTheLastLine, CountsADefaultThatTheClerkHasReplaced) {
     EXPECT_EQ(filled(), column9(4));
 }
 
+TEST_F(FillsToTheLastLine, CountsADefaultThatTheClerkHasTypedAnew) {
+    column(3).sDefaultText_Name("件");
+    at(4, 3);
+    at(5, 1);
+    at(4, 3);
+    desk.type("件").press(Key::Enter);
+    at(1, Col);
+    EXPECT_EQ(filled(), column9(4));
+}
+
 TEST_F(FillsToTheLastLine, CountsLoadedTextsThatReadLikeDefaults) {
     column(3).sDefaultText_Name("件");
     at(4, 1);
