@@ -185,18 +185,18 @@ class Event {
 
     /// Keeps the state while listeners run. Not shared ownership: its count is atomic, and a million writes
     /// raise a million events.
-    class Span {
+    class Raising {
       public:
-        explicit Span(State* state) : state_(state) { ++state_->raising; }
-        ~Span() {
+        explicit Raising(State* state) : state_(state) { ++state_->raising; }
+        ~Raising() {
             if (--state_->raising > 0) return;
             if (state_->ownerGone)
                 std::unique_ptr<State>(state_).reset();
             else
                 forgetEnded(state_->listeners);
         }
-        Span(const Span&) = delete;
-        Span& operator=(const Span&) = delete;
+        Raising(const Raising&) = delete;
+        Raising& operator=(const Raising&) = delete;
         void call(std::size_t count, Args&... args) const {
             for (std::size_t i = 0; i < count && !state_->ownerGone; ++i) {
                 Slot& slot = *state_->listeners[i];
@@ -227,7 +227,7 @@ class Event {
 template <class... Args>
 void Event<Args...>::raise(Args&... args) const {
     if (!state_) return next_->raise(args...);
-    const Span span(state_.get());
+    const Raising raising(state_.get());
     const std::size_t count = listeners();
     if (next_ && next_->state_) next_->raise(args...);
     span.call(count, args...);

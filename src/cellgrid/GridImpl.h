@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "cellgrid/Layout.h"
 #include "cellgrid/Misuse.h"
+#include "cellgrid/Viewport.h"
 #include "cellgrid/frame/DamageLog.h"
 #include "cellgrid/store/CellStore.h"
 #include "kxVsGrid/CellGrid.h"
@@ -120,7 +120,7 @@ struct CellGrid::Impl {
     CellGrid& grid;
     const TextMetrics& metrics;
     cellgrid::CellStore store;
-    cellgrid::Layout layout;
+    cellgrid::Viewport layout;
     cellgrid::DamageLog damage;
     cellgrid::SparseRuns<bool> mergedRows;
     std::string formatString;

@@ -8,24 +8,24 @@
 #include "editing/ExpressionTip.h"
 #include "editing/FieldRule.h"
 #include "editing/HelpDriver.h"
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
 
-using support::Span;
+using support::FlagSpan;
 
 EditSession::EditSession(const EditingContext& context) : c_(context), gate_(context), face_(context) {}
 
-void EditSession::text(std::string_view text) {
+void EditSession::setText(std::string_view text) {
     mirror();
-    if (box_.text(text)) textChanged();
+    if (box_.setText(text)) textChanged();
     publish();
 }
 
-void EditSession::tag(std::string_view tag) {
+void EditSession::setTag(std::string_view tag) {
     mirror();
-    box_.tag(tag);
+    box_.setTag(tag);
 }
 
 /// Every change re-arms the check, whoever made it.
@@ -135,7 +135,7 @@ void EditSession::handKeyboardOver() {
 }
 
 bool EditSession::attempt() {
-    Span committing(committing_);
+    FlagSpan committing(committing_);
     if (!passesCheck()) return false;
     const FollowedCell cell(c_.grid);
     const std::optional<std::string> text = gate_.stored(cell.col(), box_.text());
@@ -160,8 +160,8 @@ bool EditSession::passesCheck() {
     // commit ends: there is nothing left to write.
     if (!visible()) return false;
     if (verdict.rewritten) {
-        text(verdict.rewritten->text);
-        tag(verdict.rewritten->tag);
+        setText(verdict.rewritten->text);
+        setTag(verdict.rewritten->tag);
     }
     return true;
 }
@@ -171,7 +171,7 @@ bool EditSession::passesCheck() {
 void EditSession::refuse(const MessageBox& message) {
     c_.showMessage(message);
     if (visible()) {
-        text(support::withoutLineBreaks(box_.text()));
+        setText(support::withoutLineBreaks(box_.text()));
         if (validLock_ < std::numeric_limits<std::int16_t>::max()) ++validLock_;
         state_ = State::Refused;
         box_.selectAll();
@@ -279,8 +279,8 @@ void EditSession::leaveCell() {
 void EditSession::load() {
     if (c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
     mirrored_.take(c_.grid);
-    box_.tag(mirrored_.tag());
-    if (box_.text(mirrored_.text())) textChanged();
+    box_.setTag(mirrored_.tag());
+    if (box_.setText(mirrored_.text())) textChanged();
 }
 
 /// Has the hidden editor follow what was written into the current cell since it was loaded.
@@ -354,7 +354,7 @@ bool EditSession::keyPress(std::int16_t ascii) const {
 void EditSession::edited(std::string_view text, std::size_t selStart, std::size_t selLength) {
     if (state_ == State::Hidden) return;
     const bool wasRefused = face_.view().refused;
-    const bool changed = box_.text(text);
+    const bool changed = box_.setText(text);
     box_.select(selStart, selLength);
     const bool buttonInTheWay = face_.follow(box_);
     if (!changed) return;
@@ -395,7 +395,7 @@ void EditSession::takeChosen(const cVsControl& column) {
     if (!visible()) return;
     const HelpExchange chosen = HelpExchange::shared();
     const bool showsName = column.i帮助返回值显示类型() == iText记Name;
-    text(showsName ? chosen.ReturnName : chosen.ReturnCode);
-    tag(showsName ? chosen.ReturnCode : chosen.ReturnName);
+    setText(showsName ? chosen.ReturnName : chosen.ReturnCode);
+    setTag(showsName ? chosen.ReturnCode : chosen.ReturnName);
 }
 }  // namespace kxVsGrid::editing

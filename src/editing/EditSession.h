@@ -45,8 +45,8 @@ class EditSession {
     std::int16_t validLock() const { return validLock_; }
 
     /// Sets text or tag from code.
-    void text(std::string_view text);
-    void tag(std::string_view tag);
+    void setText(std::string_view text);
+    void setTag(std::string_view tag);
 
     // --- Life.
     /// Opens over the current cell, or turns a Boolean one over. Does nothing, and raises nothing, when the

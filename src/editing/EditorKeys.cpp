@@ -45,7 +45,7 @@ void EditorKeys::escape() {
 }
 
 void EditorKeys::enter() {
-    session_.text(support::withoutLineBreaks(session_.box().text()));
+    session_.setText(support::withoutLineBreaks(session_.box().text()));
     if (session_.locked() || !session_.commitOrStay()) return;
     moveByEnterRule(c_.grid, c_.columns, c_.owner);
     focusToGrid();

@@ -19,13 +19,13 @@ class TextBox {
     std::size_t length() const { return support::characters(text_); }
 
     /// Another text puts the caret before its first character. True when it is another one.
-    bool text(std::string_view text) {
+    bool setText(std::string_view text) {
         if (text_ == text) return false;
         text_ = text;
         selStart_ = selLength_ = 0;
         return true;
     }
-    void tag(std::string_view tag) { tag_ = tag; }
+    void setTag(std::string_view tag) { tag_ = tag; }
     /// Positions beyond the text are taken back to its end.
     void select(std::size_t start, std::size_t count) {
         const std::size_t end = length();

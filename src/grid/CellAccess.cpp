@@ -157,7 +157,7 @@ std::string kxGrid::Text() const {
 }
 
 void kxGrid::Text(std::string_view text) {
-    held()->editor.text(text);
+    held()->editor.setText(text);
 }
 
 std::string kxGrid::TextTag() const {
@@ -165,6 +165,6 @@ std::string kxGrid::TextTag() const {
 }
 
 void kxGrid::TextTag(std::string_view tag) {
-    parts_->editor.tag(tag);
+    parts_->editor.setTag(tag);
 }
 }  // namespace kxVsGrid

@@ -16,7 +16,7 @@ namespace kxVsGrid::grid {
 class SettingsLoading {
   public:
     static bool underway() { return underway_; }
-    static void underway(bool now) { underway_ = now; }
+    static void setUnderway(bool now) { underway_ = now; }
 
   private:
     static inline bool underway_ = false;

@@ -146,17 +146,17 @@ void kxGrid::InitProperties() {
     p.flags.bIsShowZero = false;
     p.flags.SumRow = false;
     p.layout.showTotalRow(false);
-    grid::SettingsLoading::underway(false);
+    grid::SettingsLoading::setUnderway(false);
 }
 
 void kxGrid::ReadProperties(PropertyBag& bag) {
     const auto kept = held();
     Parts& p = *kept;
-    grid::SettingsLoading::underway(true);
+    grid::SettingsLoading::setUnderway(true);
     try {
         p.settings.read(bag);
         p.wheel.hook(*p.seat);
-        grid::SettingsLoading::underway(false);
+        grid::SettingsLoading::setUnderway(false);
         p.flags.changed = false;
         p.settleAfterReading();
     } catch (...) {

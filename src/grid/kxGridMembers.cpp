@@ -259,7 +259,7 @@ std::int32_t kxGrid::SumRowHeight() const {
 
 void kxGrid::SumRowHeight(std::int32_t twips) {
     const auto p = held();
-    p->totals.rowHeight(twips);
+    p->totals.setRowHeight(twips);
     p->realign();
 }
 
@@ -290,8 +290,8 @@ void kxGrid::MergeRow(std::int32_t Row, bool merge) {
 void kxGrid::Clear() {
     const auto kept = held();
     Parts& p = *kept;
-    p.editor.text("");
-    p.editor.tag("");
+    p.editor.setText("");
+    p.editor.setTag("");
     p.editor.hide();
     if (p.host.there()) Rows(p.main.FixedRows());
 }
@@ -359,7 +359,7 @@ void kxGrid::Appearance(std::int32_t appearance) {
 }
 
 void kxGrid::VsSumCellBackColor(std::uint32_t color) {
-    parts_->totals.color(color);
+    parts_->totals.setColor(color);
 }
 
 CellGrid& kxGrid::Grid() {

@@ -9,11 +9,11 @@
 #include <QPushButton>
 #include <QToolTip>
 
-#include "qt/Captions.h"
 #include "qt/ContextMenu.h"
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 #include "qt/QtSeat.h"
+#include "qt/Wording.h"
 #include "qt/forms/FormDialog.h"
 #include "qt/text/Encoding.h"
 #include "qt/view/Tips.h"
@@ -44,7 +44,7 @@ void QtPlatform::showMessage(const MessageBox& box) {
     shown->setWindowTitle(toQt(box.title));
     shown->setTextFormat(Qt::PlainText);
     shown->setText(toQt(box.text));
-    QPushButton* ok = shown->addButton(captions::Ok, QMessageBox::AcceptRole);
+    QPushButton* ok = shown->addButton(wording::Ok, QMessageBox::AcceptRole);
     shown->setDefaultButton(ok);
     shown->setEscapeButton(ok);
     ok->installEventFilter(new NewKeysOnly(ok));
@@ -75,8 +75,8 @@ std::optional<std::string> QtPlatform::askText(const InputBox& box) {
     shown->setLabelText(toQt(box.prompt));
     for (QLabel* label : shown->findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
     shown->setTextValue(toQt(box.preset));
-    shown->setOkButtonText(captions::Ok);
-    shown->setCancelButtonText(captions::Cancel);
+    shown->setOkButtonText(wording::Ok);
+    shown->setCancelButtonText(wording::Cancel);
     if (shown->exec() != QDialog::Accepted || !shown) return std::nullopt;
     return fromQt(shown->textValue());
 }

@@ -12,7 +12,7 @@
 #include "qt/KeyMap.h"
 #include "qt/access/AccessibleGrid.h"
 #include "qt/text/Encoding.h"
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
 
@@ -38,7 +38,7 @@ Stage::Stage(kxGridWidget& widget)
 /// Often in the middle of a paint or of showing the window, where no box may come up: it waits for its turn.
 void Stage::firstLook() {
     {
-        const support::Span waiting(machine_->platform.boxesWait);
+        const support::FlagSpan waiting(machine_->platform.boxesWait);
         settings_.read(*machine_->grid);
     }
     fitRows();

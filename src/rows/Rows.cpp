@@ -5,7 +5,7 @@
 #include "columns/ColumnColors.h"
 #include "rows/DefaultTexts.h"
 #include "support/FirstFault.h"
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::rows {
 namespace {
@@ -25,7 +25,7 @@ void Rows::add(std::int32_t position, bool withDefaults, bool copyData) {
     c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
     if (!consent) return;
 
-    support::Span automatic(AutoDefault_, withDefaults, true);
+    support::FlagSpan automatic(AutoDefault_, withDefaults, true);
     const std::int32_t col = grid.Col();
     const std::int32_t current = grid.Row();
     position = insert(position);

@@ -36,7 +36,7 @@ void TotalRow::setUp() {
     sums_.FixedRows(0);
     sums_.Rows(1);
     sums_.FixedCols(main_.FixedCols());
-    rowHeight(StandardHeight);
+    setRowHeight(StandardHeight);
     sums_.ScrollBars(false);
     color_ = LightGrey;
     sums_.FittedColor(LightGrey);
@@ -103,7 +103,7 @@ void TotalRow::copyWidths() {
     followScroll();
 }
 
-void TotalRow::color(std::uint32_t color) {
+void TotalRow::setColor(std::uint32_t color) {
     color_ = color;
     sums_.FittedColor(std::nullopt);
     paint();
@@ -117,7 +117,7 @@ std::int32_t TotalRow::rowHeight() const {
     return sums_.RowHeight(0);
 }
 
-void TotalRow::rowHeight(std::int32_t twips) {
+void TotalRow::setRowHeight(std::int32_t twips) {
     sums_.RowHeight(0, twips);
 }
 

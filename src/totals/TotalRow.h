@@ -16,7 +16,7 @@
 
 #include "columns/ColumnArray.h"
 #include "kxVsGrid/CellGrid.h"
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::totals {
 
@@ -42,10 +42,10 @@ class TotalRow : private CellGrid::Watcher {
     void followScroll();
     /// Stores the host's colour of the row's cells and paints them, until the next set-up. The light grey of
     /// a set-up is nobody's choice, and fits itself to a dark palette.
-    void color(std::uint32_t color);
+    void setColor(std::uint32_t color);
     /// Height of the row itself; the grid around it is 30 twips higher.
     std::int32_t rowHeight() const;
-    void rowHeight(std::int32_t twips);
+    void setRowHeight(std::int32_t twips);
     std::int32_t gridHeight() const;
 
     /// Makes the total of one column anew, or with -1 of every column from the first non-fixed one on.
@@ -62,7 +62,7 @@ class TotalRow : private CellGrid::Watcher {
         explicit EmptyRows(TotalRow& totals) : span_(totals.emptyRows_, true, totals.emptyRows_) {}
 
       private:
-        support::Span span_;
+        support::FlagSpan span_;
     };
     static constexpr std::int32_t AllColumns = -1;
 

@@ -2,11 +2,11 @@
 
 #include "editing/BringIntoView.h"
 #include "editing/NextCell.h"
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::grid {
 
-using support::Span;
+using support::FlagSpan;
 
 void Navigation::gainedFocus() {
     if (c_.editor.refused()) return c_.seat.giveFocus(FocusPlace::Editor);
@@ -16,12 +16,12 @@ void Navigation::gainedFocus() {
 void Navigation::leaveFixedArea() {
     CellGrid& grid = c_.grid;
     if (grid.Row() < grid.FixedRows() && grid.Rows() > grid.FixedRows()) {
-        Span internal(MovingInternally_);
+        FlagSpan internal(MovingInternally_);
         const std::int32_t shown = grid.ShownRowAfter(grid.FixedRows() - 1);
         grid.Select(shown < 0 ? grid.FixedRows() : shown, grid.Col());
     }
     if (grid.Col() >= 0 && grid.Col() < grid.FixedCols() && grid.FixedCols() < grid.Cols()) {
-        Span internal(MovingInternally_);
+        FlagSpan internal(MovingInternally_);
         grid.Select(grid.Row(), grid.FixedCols());
     }
 }
@@ -33,7 +33,7 @@ void Navigation::beforeRowColChange(std::int32_t oldRow, std::int32_t oldCol, st
 
 void Navigation::leaveCell() {
     if (MovingInternally_) return;
-    Span leaving(leaving_);
+    FlagSpan leaving(leaving_);
     c_.editor.leaveCell();
 }
 
@@ -58,7 +58,7 @@ void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std
 
 void Navigation::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
     if (!scrollGuard_) {
-        Span guard(scrollGuard_);
+        FlagSpan guard(scrollGuard_);
         if (c_.editor.visible()) c_.grid.ScrollTo(oldTopRow, oldLeftCol);
     }
     c_.editor.place();

@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "kxVsGrid/qt/kxGridWidget.h"
-#include "qt/Captions.h"
 #include "qt/Stage.h"
+#include "qt/Wording.h"
 #include "qt/access/AccessibleCell.h"
 #include "qt/text/Encoding.h"
 
@@ -57,7 +57,7 @@ void* AccessibleGrid::interface_cast(QAccessible::InterfaceType type) {
 QString AccessibleGrid::text(QAccessible::Text kind) const {
     if (kind == QAccessible::Name && view() != nullptr) {
         const QString hosts = view()->stage().widget().accessibleName();
-        return hosts.isEmpty() ? captions::Grid : hosts;
+        return hosts.isEmpty() ? wording::Grid : hosts;
     }
     return QAccessibleWidget::text(kind);
 }

@@ -5,7 +5,7 @@
 #include "qt/forms/FormDialog.h"
 #include "qt/text/EditMenu.h"
 #include "qt/text/Encoding.h"
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
 
@@ -18,7 +18,7 @@ FormTextBox::FormTextBox(FormDialog& dialog, FormControl& control)
 }
 
 void FormTextBox::mirror() {
-    const support::Span mirroring(mirroring_);
+    const support::FlagSpan mirroring(mirroring_);
     const QString text = toQt(control_.text);
     if (text != shown_.text) {
         composition_.forget();
@@ -28,7 +28,7 @@ void FormTextBox::mirror() {
 }
 
 void FormTextBox::showSelection() {
-    const support::Span mirroring(mirroring_);
+    const support::FlagSpan mirroring(mirroring_);
     const QString text = toQt(control_.text);
     const qsizetype start = positionOf(text, static_cast<std::size_t>(control_.selStart), LineEnds::Single);
     const std::size_t end =

@@ -3,11 +3,11 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
 
-using support::Span;
+using support::FlagSpan;
 
 void Composition::apply(TextBoxPort& box, QInputMethodEvent& event) {
     const bool shows = !event.preeditString().isEmpty();
@@ -16,7 +16,7 @@ void Composition::apply(TextBoxPort& box, QInputMethodEvent& event) {
     const bool was = underway_;
     preedit_ = event.preeditString();
     {
-        const Span applying(applying_);
+        const FlagSpan applying(applying_);
         box.applyInputMethod(event);
     }
     event.accept();
@@ -44,7 +44,7 @@ void Composition::commit(const TextBoxPort& box) {
 
 void Composition::drop(TextBoxPort& box) {
     {
-        const Span applying(applying_);
+        const FlagSpan applying(applying_);
         if (box.state().text != before_.text) box.setText(before_.text);
         box.select(before_.start, before_.length);
     }

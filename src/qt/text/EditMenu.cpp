@@ -5,7 +5,7 @@
 #include <QMenu>
 #include <functional>
 
-#include "qt/Captions.h"
+#include "qt/Wording.h"
 #include "qt/text/BoxParts.h"
 
 namespace kxVsGrid::qt {
@@ -21,15 +21,15 @@ void showEditMenu(TextBoxPort& box, BoxEvents& events, const QPoint& place) {
         QObject::connect(action, &QAction::triggered, &box.widget(),
                          [&events, &box, work] { asClerk(events, box.widget(), work); });
     };
-    add(captions::Undo, box.canUndo(), [&box] { box.undo(); });
-    add(captions::Redo, box.canRedo(), [&box] { box.redo(); });
+    add(wording::Undo, box.canUndo(), [&box] { box.undo(); });
+    add(wording::Redo, box.canRedo(), [&box] { box.redo(); });
     menu->addSeparator();
-    add(captions::Cut, selected, [&box] { box.cut(); });
-    add(captions::Copy, selected, [&box] { box.copy(); });
-    add(captions::Paste, !QGuiApplication::clipboard()->text().isEmpty(), [&box] { box.paste(); });
-    add(captions::Delete, selected, [&box] { box.insert({}); });
+    add(wording::Cut, selected, [&box] { box.cut(); });
+    add(wording::Copy, selected, [&box] { box.copy(); });
+    add(wording::Paste, !QGuiApplication::clipboard()->text().isEmpty(), [&box] { box.paste(); });
+    add(wording::Delete, selected, [&box] { box.insert({}); });
     menu->addSeparator();
-    add(captions::SelectAll, !state.text.isEmpty(), [&box] { box.select(0, box.state().text.size()); });
+    add(wording::SelectAll, !state.text.isEmpty(), [&box] { box.select(0, box.state().text.size()); });
     menu->popup(place);
 }
 }  // namespace kxVsGrid::qt

@@ -6,11 +6,11 @@
 #include "qt/Stage.h"
 #include "qt/text/BoxParts.h"
 #include "qt/text/EditMenu.h"
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
 
-using support::Span;
+using support::FlagSpan;
 
 EditorBox::EditorBox(Stage& stage, QWidget& parent)
     : stage_(stage), line_(*new LineBox(*this, &parent)), port_(&line_) {
@@ -45,7 +45,7 @@ void EditorBox::hide() {
 }
 
 void EditorBox::show(const EditorView& view) {
-    const Span mirroring(mirroring_);
+    const FlagSpan mirroring(mirroring_);
     const bool refusedBefore = view_.refused;
     view_ = view;
     if (!view.visible) {
@@ -157,7 +157,7 @@ void EditorBox::limitTyping(const QString& before) {
     const std::size_t kept = characters(now) - characters(added);
     const std::size_t room = limit > kept ? limit - kept : 0;
     const qsizetype fits = positionOf(added, room, LineEnds::Single);
-    const Span mirroring(mirroring_);
+    const FlagSpan mirroring(mirroring_);
     port_->select(head + fits, added.size() - fits);
     port_->insert({});
 }

@@ -2,14 +2,14 @@
 
 #include <QMouseEvent>
 
-#include "qt/Captions.h"
 #include "qt/Stage.h"
+#include "qt/Wording.h"
 
 namespace kxVsGrid::qt {
 
 HelpButton::HelpButton(Stage& stage, QWidget* parent) : QToolButton(parent), stage_(stage) {
     setText(QStringLiteral("…"));
-    setAccessibleName(captions::Help);
+    setAccessibleName(wording::Help);
     setFocusPolicy(Qt::NoFocus);  // the editor keeps the keyboard: nothing is committed by the press
     setContextMenuPolicy(Qt::PreventContextMenu);  // nor do other buttons open anything but the help
     hide();

@@ -4,7 +4,7 @@
 #include <QWheelEvent>
 #include <limits>
 
-#include "qt/Captions.h"
+#include "qt/Wording.h"
 #include "qt/text/BoxParts.h"
 
 namespace kxVsGrid::qt {
@@ -19,7 +19,7 @@ LineBox::LineBox(BoxEvents& events, QWidget* parent) : QLineEdit(parent), events
     setMaxLength(std::numeric_limits<int>::max());  // a column's own limit is kept by the mirror
     setFocusPolicy(Qt::ClickFocus);
     setTextMargins(SideMargin, 0, SideMargin, 0);
-    setAccessibleName(captions::Editor);
+    setAccessibleName(wording::Editor);
     const auto look = [this] {
         events_.clerkActs(true);
         events_.clerkActs(false);

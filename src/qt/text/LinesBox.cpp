@@ -4,7 +4,7 @@
 #include <QTextOption>
 #include <QWheelEvent>
 
-#include "qt/Captions.h"
+#include "qt/Wording.h"
 #include "qt/text/BoxParts.h"
 
 namespace kxVsGrid::qt {
@@ -22,7 +22,7 @@ LinesBox::LinesBox(BoxEvents& events, QWidget* parent) : QPlainTextEdit(parent),
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(DocumentMargin);
-    setAccessibleName(captions::Editor);
+    setAccessibleName(wording::Editor);
     const auto look = [this] {
         events_.clerkActs(true);
         events_.clerkActs(false);

@@ -10,9 +10,9 @@
 #include <QToolTip>
 #include <utility>
 
-#include "qt/Captions.h"
 #include "qt/KeyMap.h"
 #include "qt/Stage.h"
+#include "qt/Wording.h"
 #include "qt/access/AccessibleGrid.h"
 #include "qt/text/BoxParts.h"
 #include "qt/text/Encoding.h"
@@ -27,7 +27,7 @@ GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stag
     setAttribute(Qt::WA_InputMethodEnabled);
     setMouseTracking(true);
     setContextMenuPolicy(Qt::PreventContextMenu);  // the press itself goes to the control
-    setAccessibleName(captions::Grid);
+    setAccessibleName(wording::Grid);
 }
 
 Rect GridView::mainPlace() const {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "support/Span.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
 namespace {
@@ -41,7 +41,7 @@ ScrollBars::ScrollBars(QWidget& parent, const std::function<void(std::int32_t, s
 }
 
 void ScrollBars::follow(const CellGrid& grid, const Scale& scale) {
-    const support::Span following(following_);
+    const support::FlagSpan following(following_);
     place(grid, scale);
     if (grid.VerticalBarShown()) {
         const std::int32_t room = grid.ClientHeight() - grid.FixedHeight() - grid.BottomStrip();

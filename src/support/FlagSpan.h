@@ -3,15 +3,15 @@
 
 namespace kxVsGrid::support {
 
-class Span {
+class FlagSpan {
   public:
     /// Sets the flag now; puts `after` into it when the scope ends, whatever it held before.
-    explicit Span(bool& flag, bool now = true, bool after = false) : flag_(flag), after_(after) {
+    explicit FlagSpan(bool& flag, bool now = true, bool after = false) : flag_(flag), after_(after) {
         flag_ = now;
     }
-    ~Span() { flag_ = after_; }
-    Span(const Span&) = delete;
-    Span& operator=(const Span&) = delete;
+    ~FlagSpan() { flag_ = after_; }
+    FlagSpan(const FlagSpan&) = delete;
+    FlagSpan& operator=(const FlagSpan&) = delete;
 
   private:
     bool& flag_;

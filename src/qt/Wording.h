@@ -5,7 +5,7 @@
 
 #include "dialogs/Captions.h"
 
-namespace kxVsGrid::qt::captions {
+namespace kxVsGrid::qt::wording {
 
 inline const QString Ok = QString::fromUtf8(dialogs::captions::Ok);
 inline const QString Cancel = QString::fromUtf8(dialogs::captions::Cancel);
@@ -19,4 +19,4 @@ inline const QString SelectAll = QStringLiteral("全选(&A)");
 inline const QString Grid = QStringLiteral("表格");
 inline const QString Editor = QStringLiteral("单元格");
 inline const QString Help = QStringLiteral("帮助");
-}  // namespace kxVsGrid::qt::captions
+}  // namespace kxVsGrid::qt::wording

@@ -1,4 +1,4 @@
-#include "cellgrid/Layout.h"
+#include "cellgrid/Viewport.h"
 
 #include <algorithm>
 
@@ -62,39 +62,39 @@ std::int32_t Lane::firstToShow(std::int32_t index, std::int32_t end) const {
     return std::clamp(axis.firstFrom(bottom - room), first, index);
 }
 
-bool Layout::rowsNeedBar(std::int32_t room) const {
+bool Viewport::rowsNeedBar(std::int32_t room) const {
     return scrollBars && height > 0 && rows.axis.count() > rows.fixed && rows.axis.total() > room;
 }
 
-bool Layout::colsNeedBar(std::int32_t room) const {
+bool Viewport::colsNeedBar(std::int32_t room) const {
     return scrollBars && width > 0 && cols.axis.count() > cols.fixed && cols.axis.total() > room;
 }
 
 /// Each bar takes room from the other direction, so that one may make the other needed.
-bool Layout::verticalBar() const {
+bool Viewport::verticalBar() const {
     const std::int32_t room = height - bottomStrip;
     if (rowsNeedBar(room)) return true;
     return colsNeedBar(width) && rowsNeedBar(room - CellGrid::HorizontalBarHeight);
 }
 
-bool Layout::horizontalBar() const {
+bool Viewport::horizontalBar() const {
     if (colsNeedBar(width)) return true;
     return rowsNeedBar(height - bottomStrip) && colsNeedBar(width - CellGrid::VerticalBarWidth);
 }
 
-std::int32_t Layout::clientWidth() const {
+std::int32_t Viewport::clientWidth() const {
     return std::max(0, width - (verticalBar() ? CellGrid::VerticalBarWidth : 0));
 }
 
-std::int32_t Layout::clientHeight() const {
+std::int32_t Viewport::clientHeight() const {
     return std::max(0, height - (horizontalBar() ? CellGrid::HorizontalBarHeight : 0));
 }
 
-Rect Layout::cellRect(std::int32_t row, std::int32_t col) const {
+Rect Viewport::cellRect(std::int32_t row, std::int32_t col) const {
     return {cols.place(col), rows.place(row), cols.axis.extent(col), rows.axis.extent(row)};
 }
 
-GridHit Layout::hit(std::int32_t x, std::int32_t y) const {
+GridHit Viewport::hit(std::int32_t x, std::int32_t y) const {
     GridHit hit;
     if (x < 0 || y < 0 || x >= clientWidth() || y >= clientHeight()) return hit;
     const std::int32_t row = rows.at(y);
@@ -110,7 +110,7 @@ GridHit Layout::hit(std::int32_t x, std::int32_t y) const {
 }
 
 /// The column whose right edge is in reach of x, the nearer one of two; -1 for none.
-std::int32_t Layout::columnEdge(std::int32_t x) const {
+std::int32_t Viewport::columnEdge(std::int32_t x) const {
     constexpr std::int32_t OutOfReach = EdgeReach + 1;
     const auto rightEdge = [this](std::int32_t col) { return cols.place(col) + cols.axis.extent(col); };
     const std::int32_t under = cols.at(x);

@@ -37,7 +37,7 @@ class Lane {
     std::int64_t offset() const;
 };
 
-class Layout {
+class Viewport {
   public:
     Lane rows{CellGrid::DefaultRowHeight};
     Lane cols{CellGrid::DefaultColWidth};
