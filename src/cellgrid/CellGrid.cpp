@@ -54,6 +54,17 @@ std::int32_t CellGrid::Cols() const {
 void CellGrid::Cols(std::int32_t count) {
     held()->setCols(count);
 }
+RowId CellGrid::IdOf(std::int32_t row) {
+    impl_->requireRow("IdOf", row);
+    return impl_->ids.idOf(row);
+}
+RowId CellGrid::KnownId(std::int32_t row) const {
+    impl_->requireRow("KnownId", row);
+    return impl_->ids.known(row);
+}
+std::int32_t CellGrid::RowOf(RowId id) const {
+    return impl_->ids.rowOf(id);
+}
 std::int32_t CellGrid::FixedRows() const {
     return impl_->layout.rows.fixed;
 }

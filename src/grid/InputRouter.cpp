@@ -2,6 +2,8 @@
 
 #include <type_traits>
 
+#include "grid/PressedRow.h"
+#include "support/Span.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::grid {
@@ -176,12 +178,15 @@ void InputRouter::press(std::int16_t button, std::int16_t shift, std::int32_t x,
     pressesDelivered_ &= ~button;
     lastPressDelivered_ = false;
     if (layout_.totalRowShown() && layout_.totalRowRect().contains(x, y)) return;
+    const Rect main = layout_.mainRect();
+    const PressedRow pressed(c_.grid, c_.follower, x - main.left, y - main.top);
     if (!settleEditorForPress()) return;
     pressesDelivered_ |= button;
     lastPressDelivered_ = true;
     c_.seat.giveFocus(FocusPlace::Grid);
-    const Rect main = layout_.mainRect();
-    c_.grid.mouseDown(button, shift, x - main.left, y - main.top);
+    const auto place = pressed.place();
+    support::Span gone(c_.moves.PressedRowGone, !place);
+    c_.grid.mouseDown(button, shift, x - main.left, place.value_or(y - main.top), place.has_value());
 }
 
 void InputRouter::mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {

@@ -15,6 +15,7 @@
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/Context.h"
 #include "grid/events/DefaultedCells.h"
+#include "grid/events/FollowedRow.h"
 #include "grid/events/Host.h"
 #include "grid/events/Keys.h"
 #include "grid/events/Menus.h"
@@ -107,7 +108,8 @@ struct kxGrid::Parts : editing::EditorOwner, events::CellAccess, std::enable_sha
     grid::ControlFlags flags;
     GridOptions options;
     events::MoveFlags moves;
-    events::DefaultedCells defaulted;
+    events::DefaultedCells defaulted{main};
+    events::RowFollower follower;
     std::unique_ptr<Seat> seat;
     grid::TotalRow totals;
     grid::Layout layout;

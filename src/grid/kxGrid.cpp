@@ -30,8 +30,8 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       wheel(main),
       settings(main, sums, columns, flags, totals, layout),
       editor(main, columns, *this, *seat),
-      context{main,   sums,  columns, host,   moves, flags,   editor,
-              totals, *seat, machine, layout, wheel, options, defaulted},
+      context{main,  sums,    columns, host,  moves,   flags,     editor,  totals,
+              *seat, machine, layout,  wheel, options, defaulted, follower},
       navigation(context),
       rows(context, navigation),
       keys(context, rows),
@@ -66,8 +66,8 @@ void kxGrid::Parts::connectMoves() {
     main.SizeChanged.connect(keeping([this] {
         totals.followCols();
         columns.resize(main.Cols());
-        rows.follower().rowsLimited(main.Rows());
-        defaulted.limited(main.Rows(), main.Cols());
+        follower.rowsLimited(main.Rows());
+        defaulted.colsLimited(main.Cols());
         editor.place();
     }));
     main.PlacesChanged.connect([this] {
@@ -77,12 +77,10 @@ void kxGrid::Parts::connectMoves() {
     });
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted) {
-            rows.follower().rowInserted(position);
-            defaulted.rowInserted(position);
+            follower.rowInserted(position);
             editor.rowInserted(position);
         } else {
-            rows.follower().rowRemoved(position);
-            defaulted.rowRemoved(position);
+            follower.rowRemoved(position);
             editor.rowRemoved(position);
         }
     }));

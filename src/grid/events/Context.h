@@ -8,6 +8,7 @@
 #include "grid/Wheel.h"
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/DefaultedCells.h"
+#include "grid/events/FollowedRow.h"
 #include "grid/events/Host.h"
 #include "grid/events/MoveFlags.h"
 #include "kxVsGrid/CellGrid.h"
@@ -31,5 +32,6 @@ struct Context {
     const grid::Wheel& wheel;
     const GridOptions& options;
     DefaultedCells& defaulted;
+    RowFollower& follower;  ///< of the main grid's rows
 };
 }  // namespace kxVsGrid::events

@@ -5,6 +5,7 @@
 
 #include "grid/columns/ColumnArray.h"
 #include "grid/events/DefaultedCells.h"
+#include "grid/events/FollowedRow.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::events {
@@ -14,5 +15,5 @@ namespace kxVsGrid::events {
 /// a data cell and not empty. An empty default leaves text or tag as it is. True when the current cell was
 /// written to. The texts are noted in `defaulted`.
 bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCells& defaulted,
-                      std::int32_t row);
+                      RowFollower& follower, std::int32_t row);
 }  // namespace kxVsGrid::events

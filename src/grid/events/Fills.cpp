@@ -6,16 +6,14 @@
 #include <cmath>
 #include <optional>
 #include <system_error>
-#include <utility>
 
+#include "grid/events/PairWrite.h"
 #include "grid/events/RowsInUse.h"
 #include "support/Dates.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::events {
 namespace {
-
-using TextAndTag = std::pair<std::string, std::string>;
 
 /// How many decimal places the number's text has.
 int decimalPlaces(double value) {
@@ -54,9 +52,8 @@ void Fills::fill(Way way) {
     }
 }
 
-/// Without an end of lines a fill goes on into rows that the host appends meanwhile.
 std::int32_t Fills::lastRow(std::int32_t first) const {
-    return c_.options.FillsToLastLine() ? lastRowInUse(c_, first) : CellGrid::MaxRows;
+    return c_.options.FillsToLastLine() ? lastRowInUse(c_, first) : NoEnd;
 }
 
 /// Writes what `next` answers into each cell below the current one, until it has no answer or the fill ends.
@@ -70,10 +67,18 @@ void Fills::writeBelow(Next next) {
     for (; row <= last && row < c_.grid.Rows(); ++row) {
         const std::optional<TextAndTag> value = next();
         if (!value) break;
-        if (left == 0 && cells_.setCell(row, col, value->first, value->second)) continue;
+        if (left == 0 && write(row, col, *value)) continue;
         ++left;
     }
     if (left > 0) tellOfCellsLeft(left);
+}
+
+/// Where the text could not follow its tag the cell is left as it was.
+bool Fills::write(std::int32_t row, std::int32_t col, const TextAndTag& value) {
+    const PairWrite pair(c_.grid, c_.follower, row, col);
+    if (cells_.setCell(row, col, value.first, value.second)) return true;
+    pair.putBack(value.second);
+    return false;
 }
 
 /// Beside the current cell, without a box: one has told of the failure.

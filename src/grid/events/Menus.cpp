@@ -88,7 +88,8 @@ Menus::Menus(const Context& context, RowAdder& rows, Keys& keys, CellAccess& cel
 /// become the current one, no menu offers them.
 void Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
     const Rect place{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0};
-    const bool there = button != RightButton || goWherePressed(place.left, place.top);
+    const bool there =
+        button != RightButton || (!c_.moves.PressedRowGone && goWherePressed(place.left, place.top));
     if (pressed(button, shift, x, y) && there) popUpAt(place, shift);
 }
 
@@ -100,7 +101,7 @@ bool Menus::goWherePressed(std::int32_t x, std::int32_t y) {
     const bool onCell = hit.part == GridHit::Part::Cell || hit.part == GridHit::Part::FixedCell;
     if (!onCell || hit.row < grid.FixedRows()) return true;
     const std::int32_t col = hit.part == GridHit::Part::Cell ? hit.col : grid.Col();
-    const FollowedRow wanted(rows_.follower(), hit.row);
+    const FollowedRow wanted(c_.follower, hit.row);
     grid.Select(hit.row, col);
     if (!wanted.there() || grid.Row() != wanted.row() || grid.Col() != col) return false;
     bringCurrentRowIntoView(grid);

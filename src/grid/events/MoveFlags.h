@@ -13,5 +13,7 @@ struct MoveFlags {
     /// A row/column change is being handled, or a typed key passed to the editor. A change under
     /// MovingInternally leaves it set until the next one clears it.
     bool ChangingRow = false;
+    /// A press is delivered whose row its own commit has taken away: it leads nowhere and opens no menu.
+    bool PressedRowGone = false;
 };
 }  // namespace kxVsGrid::events

@@ -76,7 +76,7 @@ void Navigation::rowAdded(std::int32_t row) {
 void Navigation::settleRow(std::int32_t row) {
     c_.wheel.moved();
     if (c_.flags.Editable && c_.moves.AutoDefault && row > c_.grid.FixedRows()) {
-        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, row);
+        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, c_.follower, row);
         if (currentWritten) c_.editor.captureAndLoad();  // what was filled in is not checked unchanged
     }
     c_.totals.recalculate(grid::TotalRow::AllColumns);

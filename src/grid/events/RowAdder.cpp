@@ -1,9 +1,11 @@
 #include "grid/events/RowAdder.h"
 
 #include <algorithm>
+#include <string>
 
 #include "grid/columns/ColumnColors.h"
 #include "grid/events/Navigation.h"
+#include "grid/events/PairWrite.h"
 #include "support/Span.h"
 
 namespace kxVsGrid::events {
@@ -20,8 +22,8 @@ void RowAdder::addRow(std::int32_t position, bool withDefaults, bool copyData) {
     const std::int32_t col = grid.Col();
     const std::int32_t current = grid.Row();
     position = insertRow(position);
-    const FollowedRow made(follower_, position);
-    const FollowedRow source(follower_, current < position ? current : current + 1);
+    const FollowedRow made(c_.follower, position);
+    const FollowedRow source(c_.follower, current < position ? current : current + 1);
     if (!grid.RowIsVisible(position))
         grid.TopRow(grid.TopRowToShow(position, grid.ClientHeight() - grid.BottomStrip()));
     if (grid.Col() >= 0 && made.there()) grid.Row(made.row());
@@ -54,19 +56,31 @@ std::int32_t RowAdder::insertRow(std::int32_t position) {
 
 /// A host that takes one of the rows away as it hears of a change ends the copy.
 void RowAdder::copyRow(const FollowedRow& from, const FollowedRow& to) {
+    for (std::int32_t c = c_.grid.FixedCols(); c < c_.grid.Cols() && from.there() && to.there(); ++c)
+        copyCell(from, to, c);
+}
+
+void RowAdder::copyCell(const FollowedRow& from, const FollowedRow& to, std::int32_t col) {
     CellGrid& grid = c_.grid;
-    const auto both = [&] { return from.there() && to.there(); };
-    for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && both(); ++c) {
-        grid.Data(to.row(), c, grid.Data(from.row(), c));
-        if (both() && c < grid.Cols()) grid.Text(to.row(), c, grid.Text(from.row(), c));
-    }
+    const PairWrite pair(grid, c_.follower, to.row(), col);
+    const std::string tag = grid.Data(from.row(), col);
+    pair.during(tag, [&] {
+        grid.Data(to.row(), col, tag);
+        if (from.there() && to.there() && col < grid.Cols())
+            grid.Text(to.row(), col, grid.Text(from.row(), col));
+        else
+            pair.putBack(tag);
+    });
 }
 
 void RowAdder::emptyRow(const FollowedRow& row) {
     CellGrid& grid = c_.grid;
     for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && row.there(); ++c) {
-        grid.Data(row.row(), c, "");
-        if (row.there() && c < grid.Cols()) grid.Text(row.row(), c, "");
+        const PairWrite pair(grid, c_.follower, row.row(), c);
+        pair.during("", [&] {
+            grid.Data(row.row(), c, "");
+            if (row.there() && c < grid.Cols()) grid.Text(row.row(), c, "");
+        });
     }
 }
 

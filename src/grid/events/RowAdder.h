@@ -32,16 +32,13 @@ class RowAdder {
     /// Empty rows at the end until there are enough to key into.
     void refill();
 
-    /// Hears what becomes of the rows, so that a row under way stays the one it is.
-    RowFollower& follower() { return follower_; }
-
   private:
     std::int32_t insertRow(std::int32_t position);
     void copyRow(const FollowedRow& from, const FollowedRow& to);
+    void copyCell(const FollowedRow& from, const FollowedRow& to, std::int32_t col);
     void emptyRow(const FollowedRow& row);
 
     Context c_;
     Navigation& navigation_;
-    RowFollower follower_;
 };
 }  // namespace kxVsGrid::events
