@@ -1,36 +1,18 @@
 // The control's properties: what each reads or changes, on which of the two grids, and what the container
 // hears.
 #include <algorithm>
-#include <exception>
 
 #include "grid/Parts.h"
 #include "grid/SetUp.h"
 #include "grid/columns/ColumnColors.h"
+#include "support/FirstFault.h"
 
 namespace kxVsGrid {
 
 using grid::TotalRow;
+using support::FirstFault;
 
 namespace {
-
-/// Keeps the first exception of a host's handler while what a change has begun is brought to its end.
-class FirstFault {
-  public:
-    template <class Work>
-    void during(Work work) {
-        try {
-            work();
-        } catch (...) {
-            if (!fault_) fault_ = std::current_exception();
-        }
-    }
-    void raise() const {
-        if (fault_) std::rethrow_exception(fault_);
-    }
-
-  private:
-    std::exception_ptr fault_;
-};
 
 void putRowCount(CellGrid& grid, TotalRow& totals, std::int32_t count) {
     count = std::max(count, grid.FixedRows());
