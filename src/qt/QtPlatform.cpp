@@ -6,7 +6,6 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QToolTip>
 
 #include "qt/Captions.h"
 #include "qt/ContextMenu.h"
@@ -14,6 +13,7 @@
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 #include "qt/QtSeat.h"
+#include "qt/Tip.h"
 #include "qt/forms/FormDialog.h"
 
 namespace kxVsGrid::qt {
@@ -56,7 +56,8 @@ void QtPlatform::showMessageLater(const MessageBox& box) {
 
 void QtPlatform::showTip(std::string_view text, const Rect& anchor) {
     if (machine_.stage == nullptr || !widget_) return;
-    QToolTip::showText(Scale(*widget_).pixels(anchor).bottomLeft(), toQt(text).toHtmlEscaped(), widget_);
+    delete tip_;
+    tip_ = new Tip(*widget_, Scale(*widget_).pixels(anchor), toQt(text));
 }
 
 std::optional<std::string> QtPlatform::askText(const InputBox& box) {
