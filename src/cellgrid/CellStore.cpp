@@ -194,9 +194,8 @@ std::string_view CellStore::tag(std::int32_t row, std::int32_t col, Scratch& scr
                               : arena_.text(column(col).cells.get(CellPages::Tag, handle), scratch.bytes);
 }
 
-bool CellStore::changesTag(const Spot& at, std::string_view tag) const {
-    const TextSlot old = at.get(CellPages::Tag);
-    const TextSlot fresh = slot::ofShort(tag);
+/// `fresh` is the tag's slot if it fits into one.
+inline bool CellStore::changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const {
     if (fresh != slot::Empty || tag.empty()) return fresh != old;
     slot::Buffer buffer;
     return !slot::hasBlock(old) || arena_.text(old, buffer) != tag;
@@ -210,9 +209,10 @@ inline void CellStore::putTagSlot(Spot& at, TextSlot s) {
 
 bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag) {
     Spot at = spot(row, col);
-    if (!changesTag(at, tag)) return false;
+    const TextSlot fresh = slot::ofShort(tag);
+    if (!changesTag(at.get(CellPages::Tag), fresh, tag)) return false;
     provide(at, row, CellPages::Tag);
-    putTagSlot(at, arena_.store(tag));
+    putTagSlot(at, fresh == slot::Empty && !tag.empty() ? arena_.storeLong(tag) : fresh);
     return true;
 }
 
@@ -220,16 +220,29 @@ bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag)
 CellStore::Effect CellStore::overwrite(std::int32_t row, std::int32_t col, std::string_view text,
                                        const std::string_view& tag) {
     Spot at = spot(row, col);
-    const bool newTag = changesTag(at, tag);
-    const Effect done = effect(col, at.get(CellPages::Text), slot::ofShort(text), text);
-    if (newTag) provide(at, row, CellPages::Tag);
-    if (done != Effect::Nothing) provide(at, row, CellPages::Text);
-    const TextSlot freshTag = newTag ? arena_.store(tag) : slot::Empty;
-    if (done != Effect::Nothing) {
-        const TextSlot fresh = text.empty() ? writtenEmpty(col) : arena_.storeAfter(freshTag, text);
-        putTextSlot(at.column, *at.page, at.handle, fresh);
+    TextSlot freshTag = slot::ofShort(tag);
+    TextSlot freshText = slot::ofShort(text);
+    const bool newTag = changesTag(at.get(CellPages::Tag), freshTag, tag);
+    const Effect done = effect(col, at.get(CellPages::Text), freshText, text);
+    if (newTag) {
+        provide(at, row, CellPages::Tag);
+        if (freshTag == slot::Empty && !tag.empty()) freshTag = arena_.storeLong(tag);
     }
+    if (done == Effect::Nothing) {
+        if (newTag) putTagSlot(at, freshTag);
+        return done;
+    }
+    support::Undo undoTag([&] {
+        if (newTag) arena_.release(freshTag);
+    });
+    provide(at, row, CellPages::Text);
+    if (text.empty())
+        freshText = writtenEmpty(col);
+    else if (freshText == slot::Empty)
+        freshText = arena_.storeLong(text);
+    undoTag.keep();
     if (newTag) putTagSlot(at, freshTag);
+    putTextSlot(at.column, *at.page, at.handle, freshText);
     return done;
 }
 

@@ -153,7 +153,7 @@ class CellStore {
     void provide(Spot& at, std::int32_t row, CellPages::Kind kind);
     Effect overwrite(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text, TextSlot& ready);
-    bool changesTag(const Spot& at, std::string_view tag) const;
+    bool changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const;
     TextSlot writtenEmpty(std::int32_t col) const {
         return numbered_ && col == 0 ? slot::WrittenEmpty : slot::Empty;
     }

@@ -57,6 +57,7 @@ TEST(Tip, OfABrokenOffFillIsReadOnceItsBoxIsClosed) {
     const QRect below(fill.w.view().mapTo(&fill.w.window, fill.w.cell(1, Code).bottomLeft()), QSize(1, 1));
     EXPECT_LE((tip(fill.text)->geometry().topLeft() - below.topLeft()).manhattanLength(), 6);
     EXPECT_TRUE(fill.w.window.rect().contains(tip(fill.text)->geometry()));
+    fill.w.picture("tip-of-a-broken-off-fill");
 }
 
 TEST(Tip, GoesWithTheNextKeyAndTakesNothingOfIt) {
