@@ -12,9 +12,9 @@
 // the member and the value; nothing has changed then. A listener of any event may destroy the grid: what was
 // going on ends there.
 //
-// Cost: memory follows the cells that were written, not the rows that exist. Reading and writing a cell is
-// constant time; position <-> row is logarithmic; inserting or removing a row in the middle of a million
-// moves no cells.
+// Cost: memory follows the cells that were written, and the rows whose ids were asked for, not the rows that
+// exist. Reading and writing a cell is constant time; position <-> row is logarithmic; inserting or removing
+// a row in the middle of a million moves no cells.
 //
 // Order of a move of the current cell, by code or by the user: BeforeRowColChange (cancelled: stop) ->
 // LeaveCell (still the old cell) -> the cell changes -> EnterCell -> RowColChange -> AfterRowColChange ->
@@ -36,6 +36,7 @@
 #include "kxVsGrid/Event.h"
 #include "kxVsGrid/Geometry.h"
 #include "kxVsGrid/Members.h"
+#include "kxVsGrid/RowId.h"
 
 namespace kxVsGrid {
 
@@ -79,6 +80,15 @@ class CellGrid {
     /// Removes one row. Removing the current row keeps the index, or takes the new last row; no events.
     void RemoveRow(std::int32_t position);
 
+    // --- Who the rows are, wherever they go. An id is made when it is first asked for; rows that nobody
+    // asked about cost nothing. Asking takes a time that grows with the logarithm of the number of ids.
+    /// The row's id, which is never given to another one.
+    RowId IdOf(std::int32_t row);
+    /// The same; RowId::None for a row that nobody has asked about.
+    RowId KnownId(std::int32_t row) const;
+    /// Where the row is now; -1 when it has gone, and for what is no id of this grid's.
+    std::int32_t RowOf(RowId id) const;
+
     // --- The current cell. Code may put it into the fixed area.
     std::int32_t Row() const;
     void Row(std::int32_t row);
@@ -95,12 +105,15 @@ class CellGrid {
     std::string DisplayText(std::int32_t row, std::int32_t col) const;
     std::string Data(std::int32_t row, std::int32_t col) const;
     void Data(std::int32_t row, std::int32_t col, std::string_view data);
-    /// Stores a tag without CellChanged: for a pair whose text has been told of by an event that failed.
-    void DataUntold(std::int32_t row, std::int32_t col, std::string_view data);
+    /// Puts the data right where an event has failed in the middle of a pair: back, where the text could not
+    /// follow, or in, where it has. Raises no CellChanged: the routine has ended with the failure.
+    void RestoreData(std::int32_t row, std::int32_t col, std::string_view data);
     /// Writes the cell's data, then its text: the same as the two calls, in less time. False, and nothing is
     /// written, when the grid has no such cell; when a listener of the first takes the cell away, the text is
-    /// not written. `data` is a reference because it does not fit into registers any more: a view copied
-    /// through memory is waited for at each of a million writes.
+    /// not written. Where memory runs out both are the old ones or both the new ones, whatever the listeners
+    /// hear; unless one of them throws, or writes to the same cells. `data` is a reference because it does
+    /// not fit into registers any more: a view copied through memory is waited for at each of a million
+    /// writes.
     bool Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data);
     std::optional<mEmflexAlign> CellAlignment(std::int32_t row, std::int32_t col) const;
     void CellAlignment(std::int32_t row, std::int32_t col, std::optional<mEmflexAlign> alignment);
@@ -279,10 +292,12 @@ class CellGrid {
     /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt. True when the key did
     /// something here: a listener zeroed it, or it moved or scrolled.
     bool keyDown(std::int16_t code, std::int16_t shift);
-    /// Raises CharacterTyped and KeyPress. The character may not fit into the 16 bits. Answers what is left of
-    /// these: 0 when the key was used up.
+    /// Raises CharacterTyped and KeyPress. The character may not fit into the 16 bits. Answers what is left
+    /// of these: 0 when the key was used up.
     std::int16_t keyPress(std::int16_t ascii, std::string_view character = {});
-    void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    /// `leadsThere` False: what was pressed is there no more, and the press moves nothing.
+    void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y,
+                   bool leadsThere = true);
     void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     /// The second press of a double click. Only the left button's raises DblClick, and not on a column's

@@ -230,6 +230,6 @@ void Event<Args...>::raise(Args&... args) const {
     const Raising raising(state_.get());
     const std::size_t count = listeners();
     if (next_ && next_->state_) next_->raise(args...);
-    span.call(count, args...);
+    raising.call(count, args...);
 }
 }  // namespace kxVsGrid

@@ -45,6 +45,17 @@ std::int32_t CellGrid::Cols() const {
 void CellGrid::Cols(std::int32_t count) {
     held()->setCols(count);
 }
+RowId CellGrid::IdOf(std::int32_t row) {
+    impl_->requireRow("IdOf", row);
+    return impl_->ids.idOf(row);
+}
+RowId CellGrid::KnownId(std::int32_t row) const {
+    impl_->requireRow("KnownId", row);
+    return impl_->ids.known(row);
+}
+std::int32_t CellGrid::RowOf(RowId id) const {
+    return impl_->ids.rowOf(id);
+}
 std::int32_t CellGrid::FixedRows() const {
     return impl_->layout.rows.fixed;
 }
@@ -84,22 +95,6 @@ bool CellGrid::Select(std::int32_t row, std::int32_t col) {
 }
 
 // --- Cells.
-
-std::string CellGrid::Text(std::int32_t row, std::int32_t col) const {
-    impl_->requireCell("Text", row, col);
-    CellStore::Scratch scratch;
-    return std::string(impl_->store.text(row, col, scratch));
-}
-std::string CellGrid::DisplayText(std::int32_t row, std::int32_t col) const {
-    impl_->requireCell("DisplayText", row, col);
-    CellStore::Scratch scratch;
-    return std::string(impl_->store.displayText(row, col, scratch));
-}
-std::string CellGrid::Data(std::int32_t row, std::int32_t col) const {
-    impl_->requireCell("Data", row, col);
-    CellStore::Scratch scratch;
-    return std::string(impl_->store.tag(row, col, scratch));
-}
 
 std::optional<mEmflexAlign> CellGrid::CellAlignment(std::int32_t row, std::int32_t col) const {
     impl_->requireCell("CellAlignment", row, col);

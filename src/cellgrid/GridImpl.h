@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "cellgrid/Misuse.h"
+#include "cellgrid/RowIds.h"
 #include "cellgrid/Viewport.h"
 #include "cellgrid/frame/DamageLog.h"
 #include "cellgrid/store/CellStore.h"
@@ -60,7 +61,14 @@ struct CellGrid::Impl {
         requireRow(member, first);
         requireRow(member, last);
     }
+    bool holds(std::int32_t row, std::int32_t col) const {
+        return static_cast<std::uint32_t>(row) < static_cast<std::uint32_t>(rows()) &&
+               static_cast<std::uint32_t>(col) < static_cast<std::uint32_t>(cols());
+    }
     void setText(std::int32_t row, std::int32_t col, std::string_view text);
+    bool setCellHeard(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
+    /// A text was written: the picture and who listens hear of it.
+    void told(std::int32_t row, std::int32_t col, cellgrid::CellStore::Effect effect);
     template <class Change>
     void changeStyle(std::int32_t row, std::int32_t col, Change change) {
         if (store.changeStyle(col, row, 1, change)) damageCell(row, col);
@@ -99,7 +107,7 @@ struct CellGrid::Impl {
     bool navigate(Key key, bool ctrl);
     bool moveByUser(std::int32_t newRow, std::int32_t newCol);
     std::int32_t pageTarget(bool down) const;
-    void pressed(std::int16_t button, std::int32_t x, std::int32_t y);
+    void pressed(std::int16_t button, std::int32_t x, std::int32_t y, bool leadsThere);
     void dragged(std::int32_t x);
     void resizeByUser(std::int32_t col, std::int32_t twips);
 
@@ -120,6 +128,7 @@ struct CellGrid::Impl {
     CellGrid& grid;
     const TextMetrics& metrics;
     cellgrid::CellStore store;
+    cellgrid::RowIds ids;
     cellgrid::Viewport layout;
     cellgrid::DamageLog damage;
     cellgrid::SparseRuns<bool> mergedRows;

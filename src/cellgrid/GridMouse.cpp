@@ -12,10 +12,11 @@ constexpr std::int32_t MinDraggedWidth = 60;
 constexpr std::int32_t MaxDraggedWidth = 1'000'000;
 }  // namespace
 
-void CellGrid::Impl::pressed(std::int16_t button, std::int32_t x, std::int32_t y) {
+void CellGrid::Impl::pressed(std::int16_t button, std::int32_t x, std::int32_t y, bool leadsThere) {
     if (button != LeftButton) return;
     drag = {};
     pressInside = x >= 0 && y >= 0 && x < layout.width && y < layout.height;
+    if (!leadsThere) return;
     const GridHit hit = layout.hit(x, y);
     if (hit.part == GridHit::Part::ColumnEdge)
         drag = {hit.col, layout.cols.place(hit.col) + layout.cols.axis.extent(hit.col) - x};
@@ -34,9 +35,10 @@ void CellGrid::Impl::resizeByUser(std::int32_t atCol, std::int32_t twips) {
     tell(&CellGrid::AfterUserResize, -1, atCol);
 }
 
-void CellGrid::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
+void CellGrid::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y,
+                         bool leadsThere) {
     const auto impl = held();
-    impl->pressed(button, x, y);
+    impl->pressed(button, x, y, leadsThere);
     impl->tell(&CellGrid::MouseDown, button, shift, static_cast<float>(x), static_cast<float>(y));
 }
 

@@ -18,6 +18,7 @@ void CellGrid::Impl::insertRows(std::int32_t position, std::int32_t n) {
     mergedRows.insert(position, n);
     undoAxis.keep();
     undoStore.keep();
+    ids.inserted(position, n);
     rowsInserted(position, n);
 }
 
@@ -25,6 +26,7 @@ void CellGrid::Impl::removeRows(std::int32_t position, std::int32_t n) {
     store.removeRows(position, n);
     layout.rows.axis.remove(position, n);
     mergedRows.remove(position, n);
+    ids.removed(position, n);
 }
 
 void CellGrid::Impl::setRows(std::int32_t count) {

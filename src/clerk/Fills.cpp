@@ -6,16 +6,14 @@
 #include <cmath>
 #include <optional>
 #include <system_error>
-#include <utility>
 
+#include "rows/PairWrite.h"
 #include "rows/RowsInUse.h"
 #include "support/Dates.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::clerk {
 namespace {
-
-using TextAndTag = std::pair<std::string, std::string>;
 
 /// How many decimal places the number's text has.
 int decimalPlaces(double value) {
@@ -54,11 +52,10 @@ void Fills::fill(Way way) {
     }
 }
 
-/// Without an end of lines a fill goes on into rows that the host appends meanwhile.
 std::int32_t Fills::lastRow(std::int32_t first) const {
     return c_.options.FillsToLastLine()
                ? rows::lastRowInUse({c_.grid, c_.columns, c_.host, c_.options, c_.defaulted}, first)
-               : CellGrid::MaxRows;
+               : NoEnd;
 }
 
 /// Writes what `next` answers into each cell below the current one, until it has no answer or the fill ends.
@@ -72,10 +69,18 @@ void Fills::writeBelow(Next next) {
     for (; row <= last && row < c_.grid.Rows(); ++row) {
         const std::optional<TextAndTag> value = next();
         if (!value) break;
-        if (left == 0 && c_.owner.setCell(row, col, value->first, value->second)) continue;
+        if (left == 0 && write(row, col, *value)) continue;
         ++left;
     }
     if (left > 0) tellOfCellsLeft(left);
+}
+
+/// Where the text could not follow its tag the cell is left as it was.
+bool Fills::write(std::int32_t row, std::int32_t col, const TextAndTag& value) {
+    const rows::PairWrite pair(c_.grid, c_.rows.follower(), row, col);
+    if (c_.owner.setCell(row, col, value.first, value.second)) return true;
+    pair.putBack(value.second);
+    return false;
 }
 
 /// Beside the current cell, without a box: one has told of the failure.

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "clerk/ClerkContext.h"
 
@@ -27,13 +28,17 @@ class Fills {
 
     explicit Fills(const ClerkContext& context) : c_(context) {}
 
-    /// Where the cell's text does not fit the way, nothing happens. A cell that cannot be written ends it:
-    /// one box tells of it, and a tip of how many cells were left.
+    /// Where the cell's text does not fit the way, nothing happens. A cell that cannot be written ends it
+    /// and keeps its tag with its text: one box tells of it, and a tip of how many cells were left.
     void fill(Way way);
 
   private:
+    using TextAndTag = std::pair<std::string, std::string>;
+    static constexpr std::int32_t NoEnd = CellGrid::MaxRows;
+
     template <class Next>
     void writeBelow(Next next);
+    bool write(std::int32_t row, std::int32_t col, const TextAndTag& value);
     void tellOfCellsLeft(std::int32_t cells) const;
     template <class Next>
     void writeDates(DateTime date, Next next);
@@ -41,6 +46,7 @@ class Fills {
     void series(const std::string& text);
     void dateSeries(const std::string& above, const std::string& text);
     void numberSeries();
+    /// NoEnd where a fill goes on into rows that the host appends meanwhile.
     std::int32_t lastRow(std::int32_t first) const;
     std::string textAbove(const std::string& text) const;
 

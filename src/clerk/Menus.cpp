@@ -79,9 +79,9 @@ Menus::Menus(const ClerkContext& context)
 
 /// The commands act on the current cell, which shall be the one that the clerk points at: where it could not
 /// become the current one, no menu offers them.
-bool Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y) {
+bool Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y, bool leadsThere) {
     const Rect place{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0};
-    const bool there = button != RightButton || goWherePressed(place.left, place.top);
+    const bool there = button != RightButton || (leadsThere && goWherePressed(place.left, place.top));
     if (!letGoOn(button, shift, x, y)) return false;
     if (button == RightButton && there) popUpAt(place, shift);
     return true;

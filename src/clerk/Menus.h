@@ -14,9 +14,9 @@ class Menus {
     explicit Menus(const ClerkContext& context);
 
     /// A press in the grid, at twips in it: the host hears of it and may cancel. A right press makes the cell
-    /// that it is on the current one first, on a row number that row, and opens a menu. False when the host
-    /// has cancelled it.
-    bool mouseDown(std::int16_t button, std::int16_t shift, float x, float y);
+    /// that it is on the current one first, on a row number that row, and opens a menu. `leadsThere` False:
+    /// what was pressed is there no more, and no menu opens. False when the host has cancelled it.
+    bool mouseDown(std::int16_t button, std::int16_t shift, float x, float y, bool leadsThere);
     /// The same at the current cell, for the keys that open menus: the host hears of a press on it, the menu
     /// stands below it.
     void open(std::int16_t shift);

@@ -200,7 +200,7 @@ void EditSession::write(const FollowedCell& cell, const std::string& text) {
         writePair(cell, text);
     } catch (...) {
         if (cell.there() && c_.grid.Text(cell.row(), cell.col()) == text) {
-            c_.grid.DataUntold(cell.row(), cell.col(), tag);
+            c_.grid.RestoreData(cell.row(), cell.col(), tag);
             written(cell);
         }
         throw;

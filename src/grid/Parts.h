@@ -79,7 +79,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     columns::ColumnArray columns;
     host::ControlFlags flags;
     GridOptions options;
-    rows::DefaultedCells defaulted;
+    rows::DefaultedCells defaulted{main};
     std::unique_ptr<Seat> seat;
     totals::TotalRow totals;
     grid::Layout layout;

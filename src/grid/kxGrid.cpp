@@ -75,7 +75,7 @@ void kxGrid::Parts::connectMoves() {
         totals.followCols();
         columns.resize(main.Cols());
         rows.follower().rowsLimited(main.Rows());
-        defaulted.limited(main.Rows(), main.Cols());
+        defaulted.colsLimited(main.Cols());
         editor.place();
     }));
     main.PlacesChanged.connect([this] {
@@ -86,11 +86,9 @@ void kxGrid::Parts::connectMoves() {
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted) {
             rows.follower().rowInserted(position);
-            defaulted.rowInserted(position);
             editor.rowInserted(position);
         } else {
             rows.follower().rowRemoved(position);
-            defaulted.rowRemoved(position);
             editor.rowRemoved(position);
         }
     }));
@@ -104,7 +102,7 @@ void kxGrid::Parts::connectKeysAndMouse() {
     main.Click.connect(keeping([this] { host.raise(&GridEvents::Click); }));
     main.DblClick.connect(keeping([this] { keys.doubleClick(!boxPress.turned()); }));
     main.MouseDown.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
-        boxPress.ends(menus.mouseDown(button, shift, x, y));
+        boxPress.ends(menus.mouseDown(button, shift, x, y, input.pressLeadsThere()));
     }));
     main.MouseMove.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
         wheel.mouseOver();

@@ -111,10 +111,15 @@ void DialogBase::idle() {
 
 FormControl& FormDialog::reach(const char* what, std::string_view name,
                                std::initializer_list<const char*> types) {
-    requireOpen(what);
-    FormControl& wanted = control(name);
+    FormControl& wanted = reach(what, name);
     if (std::find(types.begin(), types.end(), wanted.typeName) == types.end())
         throw std::logic_error(std::string(what) + ": " + wanted.name + " is a " + wanted.typeName);
+    return wanted;
+}
+
+FormControl& FormDialog::reach(const char* what, std::string_view name) {
+    requireOpen(what);
+    FormControl& wanted = control(name);
     if (!wanted.visible || !wanted.enabled)
         throw std::logic_error(std::string(what) + ": " + wanted.name + " is hidden or disabled");
     return wanted;
@@ -127,8 +132,7 @@ CellGrid& FormDialog::grid(std::string_view name) const {
 }
 
 FormDialog& FormDialog::focus(std::string_view name) {
-    requireOpen("focus");
-    DialogBase::focus(name);
+    DialogBase::focus(reach("focus", name).name);
     return *this;
 }
 
@@ -167,8 +171,7 @@ FormDialog& FormDialog::clickRow(std::string_view grid, std::int32_t row) {
 }
 
 FormDialog& FormDialog::doubleClick(std::string_view name) {
-    requireOpen("double click");
-    form().doubleClick(control(name));
+    form().doubleClick(reach("double click", name));
     return *this;
 }
 

@@ -7,12 +7,12 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QToolTip>
 
 #include "qt/ContextMenu.h"
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 #include "qt/QtSeat.h"
+#include "qt/Tip.h"
 #include "qt/Wording.h"
 #include "qt/forms/FormDialog.h"
 #include "qt/text/Encoding.h"
@@ -64,7 +64,8 @@ std::int32_t QtPlatform::checkBoxSide() const {
 
 void QtPlatform::showTip(std::string_view text, const Rect& anchor) {
     if (machine_.stage == nullptr || !widget_) return;
-    QToolTip::showText(Scale(*widget_).pixels(anchor).bottomLeft(), plainTip(toQt(text)), widget_);
+    delete tip_;
+    tip_ = new Tip(*widget_, Scale(*widget_).pixels(anchor), toQt(text));
 }
 
 std::optional<std::string> QtPlatform::askText(const InputBox& box) {

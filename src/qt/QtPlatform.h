@@ -40,6 +40,7 @@ class QtPlatform : public Platform {
 
     Machine& machine_;
     QPointer<QWidget> widget_;
+    QPointer<QWidget> tip_;  ///< the one that is shown
     QtMetrics metrics_;
 };
 }  // namespace kxVsGrid::qt

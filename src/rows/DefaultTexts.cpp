@@ -5,6 +5,7 @@
 
 #include "columns/CellTarget.h"
 #include "columns/EditableColumn.h"
+#include "rows/PairWrite.h"
 
 namespace kxVsGrid::rows {
 namespace {
@@ -32,7 +33,7 @@ std::optional<std::string> resolveDefault(const CellGrid& grid, const std::strin
 }  // namespace
 
 bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCells& defaulted,
-                      std::int32_t row) {
+                      RowFollower& follower, std::int32_t row) {
     bool currentWritten = false;
     for (std::int32_t c = grid.FixedCols(); c < grid.Cols(); ++c) {
         if (row >= grid.Rows()) break;  // a host took rows away as it heard of a change
@@ -40,11 +41,16 @@ bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCe
         const std::shared_ptr<cVsControl> column = columns.shared(c);
         const auto tag = resolveDefault(grid, column->sDefaultText_Code(), row, c, Slot::Tag);
         const auto text = resolveDefault(grid, column->sDefaultText_Name(), row, c, Slot::Text);
-        if (tag) grid.Data(row, c, *tag);
-        if (text && columns::isDataCell(grid, row, c)) {
+        const auto write = [&] {
+            if (tag) grid.Data(row, c, *tag);
+            if (!text || !columns::isDataCell(grid, row, c)) return;
             defaulted.put(row, c, *text);  // before others hear of it, who may give the cell another one
             grid.Text(row, c, *text);
-        }
+        };
+        if (tag && text)
+            PairWrite(grid, follower, row, c).during(*tag, write);
+        else
+            write();
         if ((tag || text) && row == grid.Row() && c == grid.Col()) currentWritten = true;
     }
     return currentWritten;

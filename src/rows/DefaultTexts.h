@@ -6,6 +6,7 @@
 #include "columns/ColumnArray.h"
 #include "kxVsGrid/CellGrid.h"
 #include "rows/DefaultedCells.h"
+#include "rows/FollowedRow.h"
 
 namespace kxVsGrid::rows {
 
@@ -14,5 +15,5 @@ namespace kxVsGrid::rows {
 /// a data cell and not empty. An empty default leaves text or tag as it is. True when the current cell was
 /// written to. The texts are noted in `defaulted`.
 bool fillDefaultTexts(CellGrid& grid, columns::ColumnArray& columns, DefaultedCells& defaulted,
-                      std::int32_t row);
+                      RowFollower& follower, std::int32_t row);
 }  // namespace kxVsGrid::rows

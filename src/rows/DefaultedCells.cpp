@@ -1,49 +1,40 @@
 #include "rows/DefaultedCells.h"
 
-#include <iterator>
-#include <utility>
+#include <algorithm>
 
 namespace kxVsGrid::rows {
 
+void DefaultedCells::put(std::int32_t row, std::int32_t col, std::string_view text) {
+    if (rows_.size() > mostRows_) forgetRowsThatHaveGone();
+    rows_[grid_.IdOf(row)][col] = text;
+}
+
+RowId DefaultedCells::known(std::int32_t row) const {
+    return row >= 0 && row < grid_.Rows() ? grid_.KnownId(row) : RowId::None;
+}
+
 bool DefaultedCells::holds(std::int32_t row, std::int32_t col, std::string_view text) const {
-    const auto found = rows_.find(row);
+    const auto found = rows_.find(known(row));
     if (found == rows_.end()) return false;
     const auto cell = found->second.find(col);
     return cell != found->second.end() && cell->second == text;
 }
 
 void DefaultedCells::forget(std::int32_t row, std::int32_t col) {
-    const auto found = rows_.find(row);
+    const auto found = rows_.find(known(row));
     if (found == rows_.end()) return;
     found->second.erase(col);
     if (found->second.empty()) rows_.erase(found);
 }
 
-/// From the end, so that no row takes the place of one that has still to go on.
-void DefaultedCells::rowInserted(std::int32_t position) {
-    auto after = rows_.end();
-    while (after != rows_.begin()) {
-        const auto last = std::prev(after);
-        if (last->first < position) return;
-        auto node = rows_.extract(last);
-        ++node.key();
-        after = rows_.insert(after, std::move(node));
-    }
+/// Next when twice as many rows are held, so that a row is looked for a few times at most.
+void DefaultedCells::forgetRowsThatHaveGone() {
+    constexpr std::size_t Fewest = 64;
+    std::erase_if(rows_, [this](const auto& row) { return grid_.RowOf(row.first) < 0; });
+    mostRows_ = std::max(Fewest, 2 * rows_.size());
 }
 
-void DefaultedCells::rowRemoved(std::int32_t position) {
-    rows_.erase(position);
-    for (auto next = rows_.lower_bound(position); next != rows_.end();) {
-        const auto following = std::next(next);
-        auto node = rows_.extract(next);
-        --node.key();
-        rows_.insert(following, std::move(node));
-        next = following;
-    }
-}
-
-void DefaultedCells::limited(std::int32_t rows, std::int32_t cols) {
-    rows_.erase(rows_.lower_bound(rows), rows_.end());
+void DefaultedCells::colsLimited(std::int32_t cols) {
     if (cols < cols_)
         for (auto& [row, texts] : rows_) texts.erase(texts.lower_bound(cols), texts.end());
     cols_ = cols;

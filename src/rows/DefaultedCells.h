@@ -1,10 +1,14 @@
 // Which texts nobody has typed or loaded: those that default filling has put into entered rows.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+
+#include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::rows {
 
@@ -12,24 +16,28 @@ namespace kxVsGrid::rows {
 /// only who writes for the host tells of texts that may be the same.
 class DefaultedCells {
   public:
-    void put(std::int32_t row, std::int32_t col, std::string_view text) { rows_[row][col] = text; }
+    /// The grid must outlive it.
+    explicit DefaultedCells(CellGrid& grid) : grid_(grid) {}
+
+    void put(std::int32_t row, std::int32_t col, std::string_view text);
     /// The host has given the cell a text of its own.
     void written(std::int32_t row, std::int32_t col) {
         if (!rows_.empty()) forget(row, col);
     }
     /// Whether a text that stands in a cell was put there by default filling.
     bool holds(std::int32_t row, std::int32_t col, std::string_view text) const;
-
-    void rowInserted(std::int32_t position);
-    void rowRemoved(std::int32_t position);
-    /// There are only so many rows and columns any more.
-    void limited(std::int32_t rows, std::int32_t cols);
+    /// There are only so many columns any more.
+    void colsLimited(std::int32_t cols);
 
   private:
     using Texts = std::map<std::int32_t, std::string>;  ///< of one row, by column
+    RowId known(std::int32_t row) const;
     void forget(std::int32_t row, std::int32_t col);
+    void forgetRowsThatHaveGone();
 
-    std::map<std::int32_t, Texts> rows_;
+    CellGrid& grid_;
+    std::unordered_map<RowId, Texts> rows_;  ///< also of rows that have gone since they were last looked for
+    std::size_t mostRows_ = 0;               ///< with more they are looked for
     std::int32_t cols_ = 0;
 };
 }  // namespace kxVsGrid::rows

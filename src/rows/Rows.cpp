@@ -1,9 +1,11 @@
 #include "rows/Rows.h"
 
 #include <algorithm>
+#include <string>
 
 #include "columns/ColumnColors.h"
 #include "rows/DefaultTexts.h"
+#include "rows/PairWrite.h"
 #include "support/FirstFault.h"
 #include "support/FlagSpan.h"
 
@@ -91,26 +93,38 @@ void Rows::show(std::int32_t row) {
 
 /// A host that takes one of the rows away as it hears of a change ends the copy.
 void Rows::copy(const FollowedRow& from, const FollowedRow& to) {
+    for (std::int32_t c = c_.grid.FixedCols(); c < c_.grid.Cols() && from.there() && to.there(); ++c)
+        copyCell(from, to, c);
+}
+
+void Rows::copyCell(const FollowedRow& from, const FollowedRow& to, std::int32_t col) {
     CellGrid& grid = c_.grid;
-    const auto both = [&] { return from.there() && to.there(); };
-    for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && both(); ++c) {
-        grid.Data(to.row(), c, grid.Data(from.row(), c));
-        if (both() && c < grid.Cols()) grid.Text(to.row(), c, grid.Text(from.row(), c));
-    }
+    const PairWrite pair(grid, follower_, to.row(), col);
+    const std::string tag = grid.Data(from.row(), col);
+    pair.during(tag, [&] {
+        grid.Data(to.row(), col, tag);
+        if (from.there() && to.there() && col < grid.Cols())
+            grid.Text(to.row(), col, grid.Text(from.row(), col));
+        else
+            pair.putBack(tag);
+    });
 }
 
 void Rows::empty(const FollowedRow& row) {
     CellGrid& grid = c_.grid;
     for (std::int32_t c = grid.FixedCols(); c < grid.Cols() && row.there(); ++c) {
-        grid.Data(row.row(), c, "");
-        if (row.there() && c < grid.Cols()) grid.Text(row.row(), c, "");
+        const PairWrite pair(grid, follower_, row.row(), c);
+        pair.during("", [&] {
+            grid.Data(row.row(), c, "");
+            if (row.there() && c < grid.Cols()) grid.Text(row.row(), c, "");
+        });
     }
 }
 
 void Rows::entered(std::int32_t row) {
     c_.wheel.moved();
     if (c_.flags.Editable && AutoDefault_ && row > c_.grid.FixedRows()) {
-        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, row);
+        const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, follower_, row);
         if (currentWritten) c_.editor.captureAndLoad();  // what was filled in is not checked unchanged
     }
     c_.totals.recalculate(TotalRow::AllColumns);

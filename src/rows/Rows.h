@@ -40,6 +40,7 @@ class Rows {
     void show(std::int32_t row);
     bool refill();
     void copy(const FollowedRow& from, const FollowedRow& to);
+    void copyCell(const FollowedRow& from, const FollowedRow& to, std::int32_t col);
     void empty(const FollowedRow& row);
 
     RowsContext c_;

@@ -1,11 +1,11 @@
-// Work that is brought to its end although a handler of the host's has failed in the middle of it.
+// Brings what was begun to its end although some of its steps throw.
 #pragma once
 
 #include <exception>
 
 namespace kxVsGrid::support {
 
-/// Keeps the first exception of several pieces of work.
+/// Keeps the first exception of the works it is given, to be thrown when all of them are done.
 class FirstFault {
   public:
     template <class Work>
@@ -16,7 +16,7 @@ class FirstFault {
             if (!fault_) fault_ = std::current_exception();
         }
     }
-    /// Throws it on, if there was one.
+    /// Throws what it has kept, if anything.
     void raise() const {
         if (fault_) std::rethrow_exception(fault_);
     }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "kxVsGrid/Enumerations.h"
+#include "kxVsGrid/RowId.h"
 
 namespace kxVsGrid::test {
 
@@ -25,6 +26,7 @@ struct TwinRow {
     std::int32_t height = 300;
     bool hidden = false;
     bool merged = false;
+    RowId id = RowId::None;  ///< none until somebody asks
 };
 
 class TwinGrid {

@@ -39,6 +39,7 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
         if (choice < 86) return geometry();
         if (choice < 92) return move();
         if (choice < 95) return paint();
+        if (choice < 97) return askForId();
         rare();
     }
     void write() {
@@ -122,6 +123,17 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
                 grid.MergeRow(r, line.merged = dice.oneIn(2));
         }
     }
+    void askForId() {
+        const std::int32_t r = anyRow();
+        RowId& id = twin.lines[static_cast<std::size_t>(r)].id;
+        ASSERT_EQ(grid.KnownId(r), id);
+        const RowId answered = grid.IdOf(r);
+        if (id == RowId::None) {
+            ASSERT_GT(answered, lastId) << "given again";
+            id = lastId = answered;
+        }
+        ASSERT_EQ(answered, id);
+    }
     void move() {
         twin.row = anyRow();
         twin.col = anyCol();
@@ -183,6 +195,10 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
             ASSERT_EQ(grid.RowHeight(r), line.height) << r;
             ASSERT_EQ(grid.RowHidden(r), line.hidden) << r;
             ASSERT_EQ(grid.MergeRow(r), line.merged) << r;
+            ASSERT_EQ(grid.KnownId(r), line.id) << r;
+            if (line.id != RowId::None) {
+                ASSERT_EQ(grid.RowOf(line.id), r);
+            }
             if (!line.hidden) height += line.height;
             for (std::int32_t c = 0; c < twin.cols; ++c) compareCell(r, c);
             if (HasFatalFailure()) return;
@@ -200,6 +216,7 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
     test::Dice dice;
     CellGrid grid;
     test::TwinGrid twin;
+    RowId lastId = RowId::None;
     std::vector<std::pair<std::int32_t, std::int32_t>> changed;
     std::vector<std::pair<std::int32_t, std::int32_t>> expected;
 };

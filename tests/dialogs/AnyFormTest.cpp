@@ -101,6 +101,25 @@ TEST(AnyForm, SaysWhatCannotBeDone) {
     EXPECT_EQ(form.told, (Told{"load", "unload"}));
 }
 
+TEST(AnyForm, KeepsHandsOffWhatIsHiddenOrDisabled) {
+    Desk desk;
+    Parcel form;
+    desk.onDialog([&](FormDialog& d) {
+        EXPECT_THROW(d.focus("Hidden"), std::logic_error);
+        d.control("Lines").enabled = false;
+        EXPECT_THROW(d.doubleClick("Lines"), std::logic_error);
+        EXPECT_THROW(d.focus("Lines"), std::logic_error);
+        d.control("Lines").enabled = true;
+        d.control("Lines").visible = false;
+        EXPECT_THROW(d.doubleClick("Lines"), std::logic_error);
+        EXPECT_EQ(d.focused(), "");
+        d.closeByFrame();
+        EXPECT_THROW(d.focus("Sender"), std::logic_error);
+    });
+    desk.showForm(form, {});
+    EXPECT_EQ(form.told, (Told{"load", "unload"}));
+}
+
 TEST(AnyForm, IsClosedWhenItsScriptThrows) {
     Desk desk;
     Parcel form;

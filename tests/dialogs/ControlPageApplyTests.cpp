@@ -77,6 +77,20 @@ TEST_F(PageApply, TellsTheContainerAndShowsAnUpToDateGridAtOnce) {
     EXPECT_FALSE(named(reported(), "SetVsControl").empty());
 }
 
+TEST_F(PageApply, KeepsTheTotalsUnderTheirColumnsInAScrolledGrid) {
+    grid.Cols(20);
+    summed(12);
+    setUp();
+    openAt(12);
+    desk.scrollTo(1, 8);
+    window.check("bIsEditable", false);
+    EXPECT_TRUE(page.Apply());
+    ASSERT_EQ(vs().LeftCol(), 8);
+    EXPECT_EQ(sum().LeftCol(), 8);
+    for (std::int32_t col = 0; col < grid.Cols(); ++col)
+        EXPECT_EQ(sum().CellRect(0, col).left, vs().CellRect(1, col).left) << col;
+}
+
 TEST_F(PageApply, LeavesAGridThatIsNotUpToDateAsItIs) {
     openAt(2);
     const auto alignment = vs().ColAlignment(2);

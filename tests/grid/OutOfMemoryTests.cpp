@@ -5,6 +5,8 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "grid/FailingAllocator.h"
 #include "grid/GridFixture.h"
@@ -195,6 +197,23 @@ const Work Works[] = {
          at.grid.SetCell(3, 4, "written");
          at.grid.Grid().ComputedText(2, 4, {});
      }},
+    {"AskingWhoTheRowsAre", nothing,
+     [](ShortOfMemory& at) {
+         at.grid.Rows(400);
+         for (std::int32_t r = 399; r > 0; r -= 2) at.grid.Grid().IdOf(r);
+         at.grid.Grid().InsertRow(100);
+         at.grid.Grid().RemoveRow(50);
+         at.grid.Rows(20);
+     }},
+    {"FillingDefaultTexts",
+     [](ShortOfMemory& at) {
+         at.grid.VsCtrl(3)->sDefaultText_Name(LongText);
+         at.grid.VsCtrl(3)->sDefaultText_Code("the code of the long text");
+     },
+     [](ShortOfMemory& at) {
+         at.desk.press(Key::Down).press(Key::Down).press(Key::Insert);
+         at.chooseFill("复制单元格(&C)");
+     }},
     {"SettingUp", nothing,
      [](ShortOfMemory& at) {
          at.grid.VsCtrl(1)->b是否设列颜色(true);
@@ -225,5 +244,100 @@ const Work Works[] = {
 };
 INSTANTIATE_TEST_SUITE_P(During, OutOfMemory, ::testing::ValuesIn(Works),
                          [](const auto& tested) { return std::string(tested.param.what); });
+
+// --- The two halves of a cell.
+
+/// A text and a tag.
+using Pair = std::pair<std::string, std::string>;
+
+class PairOutOfMemory : public ::testing::Test {
+  protected:
+    static constexpr std::int32_t Row = 4;
+    static constexpr std::int32_t Col = 2;
+
+    static Pair pairOf(const CellGrid& cells) { return {cells.Text(Row, Col), cells.Data(Row, Col)}; }
+    /// Of all the sizes that are kept in different ways. The name is a digit: the column is one of numbers.
+    static std::vector<Pair> pairs(const std::string& name) {
+        const std::string longer = name + ", which fits into no slot";
+        const std::string big(2000, name[0]);
+        return {{"", ""}, {name, name}, {longer, longer + "."}, {big, big + "."}, {name, big}, {big, longer}};
+    }
+    /// Each allocation of the write fails once, on a fresh grid that `prepare` has seen.
+    template <class Prepare, class Write, class Check>
+    void failEach(const Pair& old, Prepare prepare, Write write, Check check) {
+        for (std::size_t point = 1; point <= MostPoints; ++point) {
+            ShortOfMemory at;
+            at.grid.SetCell(Row, Col, old.first, old.second);
+            prepare(at);
+            bool failed = false;
+            {
+                const FailingAllocation failing(point);
+                try {
+                    write(at);
+                } catch (const std::exception&) {
+                }
+                failed = failing.failed();
+            }
+            check(pairOf(at.grid.Grid()), point);
+            if (!failed || HasNonfatalFailure()) return;
+        }
+    }
+    template <class Prepare, class Write>
+    void expectBothOldOrBothNew(Prepare prepare, Write write) {
+        for (const Pair& old : pairs("1"))
+            for (const Pair& fresh : pairs("2")) {
+                failEach(
+                    old, prepare, [&](ShortOfMemory& at) { write(at, fresh); },
+                    [&](const Pair& found, std::size_t point) {
+                        EXPECT_TRUE(found == old || found == fresh)
+                            << "allocation " << point << ": " << found.first << " / " << found.second
+                            << " of " << old.first << " / " << old.second;
+                    });
+                if (HasNonfatalFailure()) return;
+            }
+    }
+    static void writeThroughTheGrid(ShortOfMemory& at, const Pair& fresh) {
+        at.grid.Grid().Cell(Row, Col, fresh.first, fresh.second);
+    }
+    static void writeAsAHost(ShortOfMemory& at, const Pair& fresh) {
+        at.grid.SetCell(Row, Col, fresh.first, fresh.second);
+    }
+    static void listen(ShortOfMemory& at) {
+        at.grid.Grid().CellChanged.connect([](std::int32_t, std::int32_t) {});
+    }
+    static void leaveATotalOpen(ShortOfMemory& at) { at.grid.RecalculateTotals(); }
+    static void hideTheTotals(ShortOfMemory& at) { at.grid.ReDraw(false); }
+};
+
+TEST_F(PairOutOfMemory, IsOldOrNewAsAWholeWhereNobodyListens) {
+    expectBothOldOrBothNew(hideTheTotals, writeThroughTheGrid);
+    expectBothOldOrBothNew(hideTheTotals, writeAsAHost);
+}
+
+TEST_F(PairOutOfMemory, IsOldOrNewAsAWholeUnderATotalThatIsStillToBeMade) {
+    expectBothOldOrBothNew(leaveATotalOpen, writeThroughTheGrid);
+    expectBothOldOrBothNew(leaveATotalOpen, writeAsAHost);
+}
+
+TEST_F(PairOutOfMemory, IsOldOrNewAsAWholeWhereSomebodyListens) {
+    expectBothOldOrBothNew(listen, writeThroughTheGrid);
+    expectBothOldOrBothNew(listen, writeAsAHost);
+}
+
+TEST_F(PairOutOfMemory, HasWholeHalvesAfterACommit) {
+    const Pair old{"12", "the tag that was there before"};
+    const Pair fresh{"3456", "the tag that the editor brings"};
+    const auto type = [&](ShortOfMemory& at) {
+        at.grid.Grid().Select(Row, Col);
+        at.desk.type(fresh.first);
+        at.grid.TextTag(fresh.second);
+    };
+    failEach(
+        old, type, [](ShortOfMemory& at) { at.desk.press(Key::Enter); },
+        [&](const Pair& found, std::size_t point) {
+            EXPECT_TRUE(found.first == old.first || found.first == fresh.first) << point << found.first;
+            EXPECT_TRUE(found.second == old.second || found.second == fresh.second) << point << found.second;
+        });
+}
 }  // namespace
 }  // namespace kxVsGrid::testing

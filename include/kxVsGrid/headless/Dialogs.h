@@ -83,6 +83,7 @@ class FormDialog : public DialogBase {
     FormDialog& doubleClick(std::string_view name);
 
   private:
+    FormControl& reach(const char* what, std::string_view name);
     FormControl& reach(const char* what, std::string_view name, std::initializer_list<const char*> types);
 };
 

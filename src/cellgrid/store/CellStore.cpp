@@ -127,24 +127,45 @@ inline void CellStore::provide(Spot& at, std::int32_t row, CellPages::Kind kind)
     CellPages::provide(*at.page, kind);
 }
 
+/// `ready` is the text's block, should it have one already; what is used of it is taken.
 inline CellStore::Effect CellStore::putText(Spot& at, std::int32_t row, std::int32_t col,
-                                            std::string_view text) {
+                                            std::string_view text, TextSlot& ready) {
     TextSlot fresh = slot::ofShort(text);
     const Effect done = effect(col, at.get(CellPages::Text), fresh, text);
     if (done == Effect::Nothing) return done;
     provide(at, row, CellPages::Text);
-    if (!text.empty()) {
-        if (fresh == slot::Empty) fresh = arena_.storeLong(text);
-    } else if (numbered_ && col == 0) {
-        fresh = slot::WrittenEmpty;
-    }
+    if (text.empty())
+        fresh = writtenEmpty(col);
+    else if (fresh == slot::Empty)
+        fresh = ready != slot::Empty ? std::exchange(ready, slot::Empty) : arena_.storeLong(text);
     putTextSlot(at.column, *at.page, at.handle, fresh);
     return done;
 }
 
 CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text) {
     Spot at = spot(row, col);
-    return putText(at, row, col, text);
+    TextSlot none = slot::Empty;
+    return putText(at, row, col, text, none);
+}
+
+CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text,
+                                     TextRoom& room) {
+    Spot at = spot(row, col);
+    return putText(at, row, col, text, room.slot_);
+}
+
+void CellStore::TextRoom::take(CellStore& store, std::int32_t row, std::int32_t col, std::string_view text) {
+    Spot at = store.spot(row, col);
+    store.provide(at, row, CellPages::Text);
+    slot_ = store.arena_.store(text);
+    store_ = &store;
+    ++store.textRooms_;
+}
+
+CellStore::TextRoom::~TextRoom() {
+    if (!store_) return;
+    --store_->textRooms_;
+    store_->arena_.release(slot_);
 }
 
 void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
@@ -173,32 +194,56 @@ std::string_view CellStore::tag(std::int32_t row, std::int32_t col, Scratch& scr
                               : arena_.text(column(col).cells.get(CellPages::Tag, handle), scratch.bytes);
 }
 
-inline bool CellStore::putTag(Spot& at, std::int32_t row, std::string_view tag) {
+/// `fresh` is the tag's slot if it fits into one.
+inline bool CellStore::changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const {
+    if (fresh != slot::Empty || tag.empty()) return fresh != old;
+    slot::Buffer buffer;
+    return !slot::hasBlock(old) || arena_.text(old, buffer) != tag;
+}
+
+inline void CellStore::putTagSlot(Spot& at, TextSlot s) {
     const TextSlot old = at.get(CellPages::Tag);
-    TextSlot fresh = slot::ofShort(tag);
-    if (fresh != slot::Empty || tag.empty()) {
-        if (fresh == old) return false;
-    } else {
-        slot::Buffer buffer;
-        if (slot::hasBlock(old) && arena_.text(old, buffer) == tag) return false;
-    }
-    provide(at, row, CellPages::Tag);
-    if (fresh == slot::Empty && !tag.empty()) fresh = arena_.storeLong(tag);
-    at.column.cells.set(*at.page, CellPages::Tag, at.handle, fresh);
+    at.column.cells.set(*at.page, CellPages::Tag, at.handle, s);
     arena_.release(old);
-    return true;
 }
 
 bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag) {
     Spot at = spot(row, col);
-    return putTag(at, row, tag);
+    const TextSlot fresh = slot::ofShort(tag);
+    if (!changesTag(at.get(CellPages::Tag), fresh, tag)) return false;
+    provide(at, row, CellPages::Tag);
+    putTagSlot(at, fresh == slot::Empty && !tag.empty() ? arena_.storeLong(tag) : fresh);
+    return true;
 }
 
+/// All that both need is there before one of them is put.
 CellStore::Effect CellStore::overwrite(std::int32_t row, std::int32_t col, std::string_view text,
                                        const std::string_view& tag) {
     Spot at = spot(row, col);
-    putTag(at, row, tag);
-    return putText(at, row, col, text);
+    TextSlot freshTag = slot::ofShort(tag);
+    TextSlot freshText = slot::ofShort(text);
+    const bool newTag = changesTag(at.get(CellPages::Tag), freshTag, tag);
+    const Effect done = effect(col, at.get(CellPages::Text), freshText, text);
+    if (newTag) {
+        provide(at, row, CellPages::Tag);
+        if (freshTag == slot::Empty && !tag.empty()) freshTag = arena_.storeLong(tag);
+    }
+    if (done == Effect::Nothing) {
+        if (newTag) putTagSlot(at, freshTag);
+        return done;
+    }
+    support::Undo undoTag([&] {
+        if (newTag) arena_.release(freshTag);
+    });
+    provide(at, row, CellPages::Text);
+    if (text.empty())
+        freshText = writtenEmpty(col);
+    else if (freshText == slot::Empty)
+        freshText = arena_.storeLong(text);
+    undoTag.keep();
+    if (newTag) putTagSlot(at, freshTag);
+    putTextSlot(at.column, *at.page, at.handle, freshText);
+    return done;
 }
 
 void CellStore::clearTexts(std::int32_t row, std::int32_t n) {
@@ -252,8 +297,9 @@ void CellStore::clearColumn(GridColumn& c, std::int32_t row, std::int32_t n) {
 }
 
 /// Moves the long texts into a new arena when most of the old one lies idle. That only saves memory: where
-/// there is none for the new one, the old one stays.
+/// there is none for the new one, or where a text waits for its cell, the old one stays.
 void CellStore::compact() {
+    if (textRooms_ > 0) return;
     if (arena_.footprint() < SmallArena || arena_.used() * 4 > arena_.footprint()) return;
     try {
         pack();

@@ -64,12 +64,29 @@ class CellStore {
     /// What setText would do.
     Effect effectOfText(std::int32_t row, std::int32_t col, std::string_view text) const;
     Effect setText(std::int32_t row, std::int32_t col, std::string_view text);
+    /// The memory that writing a text takes, taken before something else is done. Written with it the text
+    /// cannot fail, unless others took what the cell's page held meanwhile. It must not outlive the store.
+    class TextRoom {
+      public:
+        TextRoom() = default;
+        ~TextRoom();
+        TextRoom(const TextRoom&) = delete;
+        TextRoom& operator=(const TextRoom&) = delete;
+        void take(CellStore& store, std::int32_t row, std::int32_t col, std::string_view text);
+
+      private:
+        friend class CellStore;
+        CellStore* store_ = nullptr;  ///< none while nothing is taken
+        TextSlot slot_ = slot::Empty;
+    };
+    /// setText of the text that `room` was taken for.
+    Effect setText(std::int32_t row, std::int32_t col, std::string_view text, TextRoom& room);
     void setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
 
     std::string_view tag(std::int32_t row, std::int32_t col, Scratch& scratch) const;
     /// Answers whether the stored tag changed.
     bool setTag(std::int32_t row, std::int32_t col, std::string_view tag);
-    /// setTag and setText in one. Answers what became of the text.
+    /// setTag and setText in one. Answers what became of the text; when it fails, both are the old ones.
     [[gnu::always_inline]] Effect setCell(std::int32_t row, std::int32_t col, std::string_view text,
                                           const std::string_view& tag) {
         // What filling a table does: both texts into a cell that holds nothing, in a page that is there.
@@ -80,8 +97,10 @@ class CellStore {
         CellPages::Page* const page = c.cells.find(handle);
         if (!page || !page->hasRoom(handle)) [[unlikely]]
             return overwrite(row, col, text, tag);
-        c.cells.fill(*page, CellPages::Tag, handle, arena_.store(tag));
-        c.cells.fill(*page, CellPages::Text, handle, arena_.store(text));
+        const TextSlot freshTag = arena_.store(tag);
+        const TextSlot freshText = arena_.storeAfter(freshTag, text);
+        c.cells.fill(*page, CellPages::Tag, handle, freshTag);
+        c.cells.fill(*page, CellPages::Text, handle, freshText);
         return Effect::Changed;
     }
 
@@ -133,8 +152,12 @@ class CellStore {
     Spot spot(std::int32_t row, std::int32_t col);
     void provide(Spot& at, std::int32_t row, CellPages::Kind kind);
     Effect overwrite(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
-    Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text);
-    bool putTag(Spot& at, std::int32_t row, std::string_view tag);
+    Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text, TextSlot& ready);
+    bool changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const;
+    TextSlot writtenEmpty(std::int32_t col) const {
+        return numbered_ && col == 0 ? slot::WrittenEmpty : slot::Empty;
+    }
+    void putTagSlot(Spot& at, TextSlot s);
     void putTextSlot(GridColumn& column, CellPages::Page& page, RowHandle handle, TextSlot s);
     void releaseSlot(TextSlot s) {
         if (!slot::isShort(s)) releaseLongSlot(s);
@@ -154,6 +177,7 @@ class CellStore {
     std::vector<Computer> computed_;           ///< by number, as the slots name them
     std::vector<std::uint32_t> freeComputed_;  ///< numbers whose cells have another text now; room for all
     std::int32_t fixedRows_ = 0;
+    int textRooms_ = 0;  ///< texts in the arena that no cell holds yet
     bool numbered_ = false;
 };
 }  // namespace kxVsGrid::cellgrid

@@ -23,7 +23,16 @@ class TextArena {
         const TextSlot s = slot::ofShort(text);
         return s != slot::Empty || text.empty() ? s : storeLong(text);
     }
-    /// The same for a text that does not fit into a slot.
+    /// The same for the second of two texts that are put together: when it fails, the first is given back.
+    TextSlot storeAfter(TextSlot first, std::string_view text) {
+        try {
+            return store(text);
+        } catch (...) {
+            release(first);
+            throw;
+        }
+    }
+    /// The same as store for a text that does not fit into a slot.
     TextSlot storeLong(std::string_view text);
     /// Gives back what the slot holds of the arena.
     void release(TextSlot s) {

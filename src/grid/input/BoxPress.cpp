@@ -20,12 +20,12 @@ Rect boxIn(const Rect& cell, std::int32_t side) {
 }
 }  // namespace
 
-void BoxPress::begins(std::int16_t button, std::int32_t x, std::int32_t y) {
+void BoxPress::begins(std::int16_t button, std::int32_t x, std::optional<std::int32_t> y) {
     turned_ = false;
     pressed_.reset();
-    if (button != LeftButton || !c_.options.PressToggles()) return;
-    const GridHit hit = c_.grid.HitTest(x, y);
-    if (isBox(hit, x, y)) pressed_.emplace(c_.rows.follower(), hit.row, hit.col);
+    if (button != LeftButton || !y || !c_.options.PressToggles()) return;
+    const GridHit hit = c_.grid.HitTest(x, *y);
+    if (isBox(hit, x, *y)) pressed_.emplace(c_.rows.follower(), hit.row, hit.col);
 }
 
 bool BoxPress::isBox(const GridHit& hit, std::int32_t x, std::int32_t y) const {

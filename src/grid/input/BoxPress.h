@@ -16,8 +16,8 @@ class BoxPress {
   public:
     explicit BoxPress(const InputContext& context) : c_(context) {}
 
-    /// A button goes down at a place of the grid.
-    void begins(std::int16_t button, std::int32_t x, std::int32_t y);
+    /// A button goes down at a place of the grid; nowhere without a y.
+    void begins(std::int16_t button, std::int32_t x, std::optional<std::int32_t> y);
     /// The grid has handled the press, and the host has heard of it.
     void ends(bool goesOn);
     /// The last press has turned a cell over.

@@ -2,6 +2,8 @@
 
 #include <type_traits>
 
+#include "grid/input/PressedRow.h"
+#include "support/FlagSpan.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::grid {
@@ -157,13 +159,17 @@ void InputRouter::press(std::int16_t button, std::int16_t shift, std::int32_t x,
     pressesDelivered_ &= ~button;
     lastPressDelivered_ = false;
     if (layout_.totalRowShown() && layout_.totalRowRect().contains(x, y)) return;
+    const Rect main = layout_.mainRect();
+    const PressedRow pressed(c_.grid, c_.rows.follower(), x - main.left, y - main.top);
     if (!settleEditorForPress()) return;
     pressesDelivered_ |= button;
     lastPressDelivered_ = true;
     c_.seat.giveFocus(FocusPlace::Grid);
-    const Rect main = layout_.mainRect();
-    boxPress_.begins(button, x - main.left, y - main.top);
-    c_.grid.mouseDown(button, shift, x - main.left, y - main.top);
+    const auto place = pressed.place();
+    support::FlagSpan there(pressLeadsThere_, place.has_value(), true);
+    const std::int32_t gridX = x - main.left;
+    boxPress_.begins(button, gridX, place);
+    c_.grid.mouseDown(button, shift, gridX, place.value_or(y - main.top), place.has_value());
 }
 
 void InputRouter::mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {

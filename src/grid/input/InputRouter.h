@@ -29,6 +29,8 @@ class InputRouter : public Input {
     void editorHidden() {
         if (underway_ == 0) takeKeyboardBack();
     }
+    /// What is being pressed is still there after the commit that the press has brought about.
+    bool pressLeadsThere() const { return pressLeadsThere_; }
     bool keyboardInGrid() const { return place_ == FocusPlace::Grid || place_ == FocusPlace::Editor; }
 
     void focusMoved(FocusPlace place) override;
@@ -72,5 +74,6 @@ class InputRouter : public Input {
     bool composing_ = false;
     int pressesDelivered_ = 0;  ///< of the buttons that are down, a sum of MouseButton
     bool lastPressDelivered_ = false;
+    bool pressLeadsThere_ = true;  ///< what is being pressed is still there
 };
 }  // namespace kxVsGrid::grid

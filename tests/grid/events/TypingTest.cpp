@@ -202,9 +202,7 @@ TEST_F(ControlKeys, InTheOpenEditorNeverReachTheGridAsACharacter) {
 class EngineKeys : public ClerkTest {
   protected:
     /// What is left of a character that the engine reports.
-    std::int16_t after(std::int16_t ascii) {
-        return grid.Grid().keyPress(ascii);
-    }
+    std::int16_t after(std::int16_t ascii) { return grid.Grid().keyPress(ascii); }
 };
 
 TEST_F(EngineKeys, EnterIsSwallowedWhereItMoves) {

@@ -1,0 +1,149 @@
+#include "cellgrid/RowIds.h"
+
+#include <utility>
+
+#include "support/Room.h"
+
+namespace kxVsGrid::cellgrid {
+
+namespace {
+/// What orders the tree as a heap: evenly spread, and always the same for a number.
+std::uint64_t rank(std::uint64_t number) {
+    number = (number ^ (number >> 30)) * 0xBF58'476D'1CE4'E5B9U;
+    number = (number ^ (number >> 27)) * 0x94D0'49BB'1331'11EBU;
+    return number ^ (number >> 31);
+}
+}  // namespace
+
+RowId RowIds::idOf(std::int32_t row) {
+    if (const Number number = find(row)) return RowId{number};
+    obtainPage(next_);
+    link(next_, row);
+    return RowId{next_++};
+}
+
+std::int32_t RowIds::rowOf(RowId id) const {
+    const auto number = static_cast<Number>(id);
+    if (number == None || number >= next_ || !pages_[number / PageNodes] || !node(number).there) return -1;
+    std::int32_t row = 0;
+    for (Number at = number; at != None; at = node(at).parent) row += node(at).offset;
+    return row;
+}
+
+void RowIds::inserted(std::int32_t row, std::int32_t n) {
+    if (root_ == None) return;
+    const auto [before, from] = split(root_, row);
+    shift(from, n);
+    root_ = merge(before, from);
+}
+
+void RowIds::removed(std::int32_t row, std::int32_t n) {
+    if (root_ == None) return;
+    const auto [before, from] = split(root_, row);
+    const auto [gone, after] = split(from, row + n);
+    shift(after, -n);
+    root_ = merge(before, after);
+    drop(gone);
+}
+
+RowIds::Number RowIds::find(std::int32_t row) const {
+    Number at = root_;
+    std::int32_t base = 0;
+    while (at != None) {
+        const Node& here = node(at);
+        base += here.offset;
+        if (base == row) return at;
+        at = row < base ? here.left : here.right;
+    }
+    return None;
+}
+
+void RowIds::obtainPage(Number number) {
+    const std::size_t page = number / PageNodes;
+    if (page >= pages_.size()) {
+        support::makeRoom(pages_, page + 1 - pages_.size());
+        pages_.resize(page + 1);
+    }
+    if (!pages_[page]) pages_[page] = std::make_unique<Page>();
+}
+
+/// Its page is there, and the row has no other node.
+void RowIds::link(Number number, std::int32_t row) {
+    const auto [before, from] = split(root_, row);
+    Node& fresh = node(number);
+    fresh = {};
+    fresh.offset = row;
+    fresh.there = true;
+    ++pages_[number / PageNodes]->used;
+    root_ = merge(merge(before, number), from);
+}
+
+/// Parts a tree into the nodes of the rows before `row` and those of the others.
+RowIds::Parts RowIds::split(Number root, std::int32_t row) {
+    if (root == None) return {None, None};
+    if (node(root).offset < row) {
+        const Parts parts = split(cutOff(&Node::right, root), row);
+        hang(parts.before, &Node::right, root);
+        return {root, parts.from};
+    }
+    const Parts parts = split(cutOff(&Node::left, root), row);
+    hang(parts.from, &Node::left, root);
+    return {parts.before, root};
+}
+
+/// Joins two trees, whose rows come one after the other.
+RowIds::Number RowIds::merge(Number before, Number after) {
+    if (before == None || after == None) return before == None ? after : before;
+    if (rank(before) > rank(after)) {
+        hang(merge(cutOff(&Node::right, before), after), &Node::right, before);
+        return before;
+    }
+    hang(merge(before, cutOff(&Node::left, after)), &Node::left, after);
+    return after;
+}
+
+/// Makes a root of a child.
+RowIds::Number RowIds::cutOff(Number Node::*side, Number parent) {
+    const Number child = std::exchange(node(parent).*side, None);
+    if (child != None) {
+        node(child).parent = None;
+        node(child).offset += node(parent).offset;
+    }
+    return child;
+}
+
+/// Makes a child of a root.
+void RowIds::hang(Number child, Number Node::*side, Number parent) {
+    node(parent).*side = child;
+    if (child == None) return;
+    node(child).parent = parent;
+    node(child).offset -= node(parent).offset;
+}
+
+void RowIds::shift(Number root, std::int32_t rows) {
+    if (root != None) node(root).offset += rows;
+}
+
+/// Frees a whole tree, from its leaves on.
+void RowIds::drop(Number root) {
+    Number at = root;
+    while (at != None) {
+        Node& here = node(at);
+        if (here.left != None) {
+            at = std::exchange(here.left, None);
+        } else if (here.right != None) {
+            at = std::exchange(here.right, None);
+        } else {
+            const Number parent = here.parent;
+            free(at);
+            at = parent;
+        }
+    }
+}
+
+void RowIds::free(Number number) {
+    std::unique_ptr<Page>& page = pages_[number / PageNodes];
+    node(number).there = false;
+    if (--page->used == 0) page.reset();
+}
+}  // namespace kxVsGrid::cellgrid

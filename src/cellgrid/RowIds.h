@@ -1,0 +1,74 @@
+// Who the rows are: ids that follow them wherever they go.
+//
+// Only rows that somebody asked about have one. They are the nodes of a balanced tree in the order of the
+// rows (a treap: heap-ordered by a hash of the id). A node stores by how many rows it stands after its
+// parent, so that rows that come or go shift all later ones by changing the nodes along one path, and a node
+// finds its row by climbing to the root.
+//
+// An id is the number of its node, counted up and never given again. Nodes lie in pages by their numbers; a
+// page is given back when all that it was for are gone. The number of a node that is gone therefore stays its
+// own: a row that comes back, as one whose removal is taken back shall, obtains the page of its old number
+// and is linked where it now stands, by the same steps as a row that is asked about for the first time.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "kxVsGrid/RowId.h"
+
+namespace kxVsGrid::cellgrid {
+
+class RowIds {
+  public:
+    /// The row's id, a new one when it has none. When it fails, nothing has changed.
+    RowId idOf(std::int32_t row);
+    /// RowId::None for a row that nobody asked about.
+    RowId known(std::int32_t row) const { return RowId{find(row)}; }
+    /// -1 for a row that has gone, and for what is no id.
+    std::int32_t rowOf(RowId id) const;
+
+    /// Rows have come before `row`, or [row, row + n) have gone. Neither can fail.
+    void inserted(std::int32_t row, std::int32_t n);
+    void removed(std::int32_t row, std::int32_t n);
+
+  private:
+    using Number = std::uint64_t;
+    static constexpr Number None = 0;
+    static constexpr std::size_t PageNodes = 256;
+    struct Node {
+        Number left = None;
+        Number right = None;
+        Number parent = None;
+        std::int32_t offset = 0;  ///< rows after the parent; of a root, its row
+        bool there = false;
+    };
+    struct Page {
+        std::array<Node, PageNodes> nodes;
+        std::size_t used = 0;
+    };
+    struct Parts {
+        Number before;
+        Number from;
+    };
+
+    Node& node(Number number) { return pages_[number / PageNodes]->nodes[number % PageNodes]; }
+    const Node& node(Number number) const { return pages_[number / PageNodes]->nodes[number % PageNodes]; }
+    Number find(std::int32_t row) const;
+    void obtainPage(Number number);
+    void link(Number number, std::int32_t row);
+    Parts split(Number root, std::int32_t row);
+    Number merge(Number before, Number after);
+    Number cutOff(Number Node::*side, Number parent);
+    void hang(Number child, Number Node::*side, Number parent);
+    void shift(Number root, std::int32_t rows);
+    void drop(Number root);
+    void free(Number number);
+
+    std::vector<std::unique_ptr<Page>> pages_;
+    Number root_ = None;
+    Number next_ = 1;
+};
+}  // namespace kxVsGrid::cellgrid

@@ -1,0 +1,24 @@
+// A line of text that stands beside a place in a window for a while.
+#pragma once
+
+#include <QLabel>
+
+namespace kxVsGrid::qt {
+
+/// Plain text; presses go through it, and it takes neither the keyboard nor a key. It goes with the next key
+/// or press, with its window, or after a while, and deletes itself then. It is part of the window: windows
+/// that come up, close and become active do not touch it, unlike a tool tip of Qt's.
+class Tip : public QLabel {
+  public:
+    /// Under `anchor` (on the screen), above it where there is no room. `owner` wears the palette and is in
+    /// the window.
+    Tip(QWidget& owner, const QRect& anchor, const QString& text);
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void place(const QRect& anchor);
+};
+}  // namespace kxVsGrid::qt
