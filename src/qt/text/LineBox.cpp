@@ -11,14 +11,14 @@ namespace kxVsGrid::qt {
 namespace {
 
 /// QLineEdit itself keeps two pixels beside its text; cells keep three.
-constexpr int SideMargin = 1;
+constexpr int TextMargin = 1;
 }  // namespace
 
 LineBox::LineBox(BoxEvents& events, QWidget* parent) : QLineEdit(parent), events_(events) {
     setFrame(false);
     setMaxLength(std::numeric_limits<int>::max());  // a column's own limit is kept by the mirror
     setFocusPolicy(Qt::ClickFocus);
-    setTextMargins(SideMargin, 0, SideMargin, 0);
+    setTextMargins(TextMargin, 0, TextMargin, 0);
     setAccessibleName(wording::Editor);
     const auto look = [this] {
         events_.clerkActs(true);
@@ -45,7 +45,7 @@ void LineBox::setAlignment(mEmflexAlign alignment) {
     constexpr Qt::AlignmentFlag horizontal[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
     const int across = alignment / 3;
     // to the right of the text QLineEdit keeps a pixel for its caret
-    setTextMargins(SideMargin, 0, across == 2 ? 0 : SideMargin, 0);
+    setTextMargins(TextMargin, 0, across == 2 ? 0 : TextMargin, 0);
     QLineEdit::setAlignment((across >= 0 && across < 3 ? horizontal[across] : Qt::AlignLeft) |
                             Qt::AlignVCenter);
 }
