@@ -16,6 +16,7 @@ TEST_F(OrderEntry, StartsWithANumberedOrderOfTodayAndTheCustomerField) {
 
 TEST_F(OrderEntry, LeavesNoStripBesideTheColumnsWhenTheWindowGrows) {
     open();
+    grid().Rows(24);
     window->resize(800, 500);
     QCoreApplication::processEvents();
     EXPECT_TRUE(grid().Grid().VerticalBarShown());

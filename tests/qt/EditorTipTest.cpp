@@ -110,27 +110,4 @@ TEST(EditorTip, IsAwayWhileAnotherWindowIsInFront) {
     w.settle();
     expectShown(w);
 }
-
-TEST(Tip, TellsHowManyCellsAFillHasLeft) {
-    Window w;
-    w.grid().SetCell(2, Quantity, "1");
-    w.focusCell(2, Quantity);
-    w.grid().Grid().CellChanged.connect([](std::int32_t row, std::int32_t) {
-        if (row == 4) throw std::runtime_error("no");
-    });
-    Boxes boxes;
-    Menus menus([](QMenu& menu) {
-        QMenu* fills = item(menu, "填充列").menu();
-        menu.setActiveAction(fills->menuAction());
-        QTest::keyClick(&menu, Qt::Key_Right);
-        QTest::keyClick(fills, Qt::Key_C);
-    });
-    w.press(Qt::Key_F10, Qt::ShiftModifier);
-    EXPECT_EQ(boxes.count(), 1U);
-    w.settle();
-    EXPECT_TRUE(QToolTip::isVisible());
-    EXPECT_TRUE(QToolTip::text().contains("个单元格未填充")) << QToolTip::text().toStdString();
-    EXPECT_TRUE(w.view().hasFocus());
-    QToolTip::hideText();
-}
 }  // namespace kxVsGrid::qt::testing
