@@ -5,8 +5,8 @@
 
 #include "editing/BringIntoView.h"
 #include "editing/EditorKeys.h"
+#include "editing/EmptyRule.h"
 #include "editing/ExpressionTip.h"
-#include "editing/FieldRule.h"
 #include "editing/HelpDriver.h"
 #include "support/FlagSpan.h"
 #include "support/Text.h"

@@ -1,6 +1,6 @@
 #include "editing/EditorKeys.h"
 
-#include "editing/EnterRule.h"
+#include "editing/EnterTarget.h"
 #include "editing/NextCell.h"
 #include "support/Text.h"
 

@@ -1,6 +1,6 @@
 // Cells as hosts write and read them. Errors, also those of other types than std::exception, end in a message
 // box, never in the host.
-#include "editing/FieldRule.h"
+#include "editing/EmptyRule.h"
 #include "grid/Parts.h"
 #include "support/CurrentError.h"
 #include "support/Dates.h"

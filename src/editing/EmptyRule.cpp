@@ -1,4 +1,4 @@
-#include "editing/FieldRule.h"
+#include "editing/EmptyRule.h"
 
 #include "support/Numbers.h"
 #include "support/Text.h"

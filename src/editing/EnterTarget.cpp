@@ -1,4 +1,4 @@
-#include "editing/EnterRule.h"
+#include "editing/EnterTarget.h"
 
 #include <algorithm>
 #include <cstdlib>
