@@ -12,6 +12,7 @@
 #include "qt/KeyMap.h"
 #include "qt/access/AccessibleGrid.h"
 #include "qt/text/Encoding.h"
+#include "qt/text/KeysAfterComposition.h"
 #include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
@@ -27,6 +28,7 @@ Stage::Stage(kxGridWidget& widget)
           if (guarded([&](Input& input) { input.scrolled(top, left); }))
               bars_->follow(grid().Grid(), scale());
       })) {
+    KeysAfterComposition::install();
     machine_->platform.widget(widget);
     machine_->grid = std::make_unique<kxGrid>(machine_->platform);
     repaint_.setSingleShot(true);

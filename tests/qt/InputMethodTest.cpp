@@ -247,4 +247,34 @@ TEST(InputMethod, IsDroppedWhenCodeHidesTheEditor) {
     w.type("x");
     EXPECT_EQ(w.editorText(), "x");
 }
+/// What an input method has committed waits in the program's queue while the next key is there already.
+void commitLate(const QString& text) {
+    QMetaObject::invokeMethod(
+        qApp,
+        [text] {
+            QInputMethodEvent event;
+            event.setCommitString(text);
+            QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+        },
+        Qt::QueuedConnection);
+}
+
+TEST(InputMethod, HasItsLastWordInTheCellBeforeEnterClosesIt) {
+    Window w;
+    w.focusCell(1, Code);
+    w.type("1");
+    commitLate("你好");
+    QTest::keyClick(w.window.windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(w.text(1, Code), "1你好");
+    EXPECT_FALSE(w.editorShown());
+}
+
+TEST(InputMethod, OpensAClosedCellBeforeTheKeyThatIsForItsEditor) {
+    Window w;
+    w.focusCell(1, Code);
+    commitLate("你好");
+    QTest::keyClick(w.window.windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(w.text(1, Code), "你好");
+    EXPECT_FALSE(w.editorShown());
+}
 }  // namespace kxVsGrid::qt::testing
