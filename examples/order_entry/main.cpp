@@ -8,6 +8,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
+#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
@@ -23,6 +24,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int TitleOfDesktop = 40;
+
 struct Options {
     QString database;
     bool seedOnly = false;
@@ -150,6 +153,8 @@ int main(int argc, char** argv) {
     Questions questions;
     OrderWindow window(options.database, questions, options.clock);
     window.rememberColumns(userSettings(options));
+    const QSize room = window.screen()->availableSize() - QSize(0, TitleOfDesktop);
+    window.resize(window.size().boundedTo(room));
     window.show();
     if (options.plays()) return playKeys(window, options);
     window.start();
