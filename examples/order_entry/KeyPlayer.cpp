@@ -1,22 +1,18 @@
 #include "KeyPlayer.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QInputMethodEvent>
 #include <QKeySequence>
-#include <QPainter>
 #include <QTest>
+
+#include "KeyboardOwner.h"
+#include "WindowPicture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int StepMs = 5;  // between keys, so that everything that a key caused has happened
-
-QWidget* keyboardOwner(QWidget& window) {
-    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
-    if (QWidget* focused = QApplication::focusWidget()) return focused;
-    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-    return &window;
-}
 
 void typeCharacter(QWidget& window, char32_t character) {
     const bool capital = character >= U'A' && character <= U'Z';
@@ -109,23 +105,46 @@ QString KeyPlayer::play(const QString& command, const QString& rest) {
         compose(window_, {}, rest);
     } else if (command == u"wait") {
         timer_.setInterval(std::max(StepMs, rest.toInt()));
+    } else if (command == u"size") {
+        return resize(rest);
+    } else if (command == u"play") {
+        return playOther(rest.trimmed());
     } else if (command == u"picture") {
-        if (!savePicture(window_, rest.trimmed())) return u"无法写入图片 "_s + rest;
+        const QString file = rest.section(u' ', 0, 0);
+        const auto part = WindowPicture::partOf(window_, rest.section(u' ', 1));
+        if (!part) return u"图片的范围有误 "_s + rest;
+        if (!WindowPicture::save(window_, file, *part)) return u"无法写入图片 "_s + file;
     } else {
         return u"未知的命令 "_s + command;
     }
     return {};
 }
 
-bool KeyPlayer::savePicture(QWidget& window, const QString& file) {
-    QPixmap picture = window.grab();
-    QPainter painter(&picture);
-    for (QWidget* other : QApplication::topLevelWidgets()) {
-        if (other == &window || !other->isVisible()) continue;
-        const QPoint place = other->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint());
-        painter.drawPixmap(place, other->grab());
-        painter.drawRect(QRect(place, other->size()).adjusted(-1, -1, 0, 0));  // for the desktop's frame
-    }
-    painter.end();
-    return picture.save(file, "PNG");
+QString KeyPlayer::resize(const QString& size) {
+    const QSize wanted(size.section(u' ', 0, 0).toInt(), size.section(u' ', 1).toInt());
+    if (wanted.isEmpty()) return u"大小有误 "_s + size;
+    window_.resize(wanted);
+    return {};
+}
+
+QString KeyPlayer::playOther(const QString& file) {
+    const std::optional<QStringList> lines = linesOf(file);
+    if (!lines) return u"无法读取 "_s + file;
+    timer_.stop();
+    auto* other = new KeyPlayer(window_, *lines);
+    other->setParent(this);
+    connect(other, &KeyPlayer::finished, this, [this, file, number = next_](const QString& error) {
+        if (error.isEmpty())
+            timer_.start();
+        else
+            emit finished(u"%1: %2:%3"_s.arg(QString::number(number), file, error));
+    });
+    other->start();
+    return {};
+}
+
+std::optional<QStringList> KeyPlayer::linesOf(const QString& file) {
+    QFile script(file);
+    if (!script.open(QIODevice::ReadOnly | QIODevice::Text)) return std::nullopt;
+    return QString::fromUtf8(script.readAll()).split(u'\n');
 }

@@ -6,13 +6,21 @@
 //     compose TEXT    an input method shows this text as being composed, in place of what it showed before
 //     commit TEXT     it ends with this text; without one the composition is dropped
 //     wait MS         lets so many milliseconds pass
-//     picture FILE    saves a picture of the window as it is now
+//     size W H        makes the window so large
+//     play FILE       plays another script, then goes on with this one
+//     picture FILE [PART]
+//                     saves a picture of the window as it is now, with the boxes, lists and menus in front of
+//                     it. PART is "X Y W H", or "around MARGIN": what stands in front and what has the
+//                     keyboard
+//
+// Sizes and places are pixels of the window before it is scaled, files are found from the current folder.
 #pragma once
 
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
+#include <optional>
 #include <string>
 
 class KeyPlayer : public QObject {
@@ -22,8 +30,8 @@ class KeyPlayer : public QObject {
     KeyPlayer(QWidget& window, QStringList script);
     void start();
 
-    /// The window with the boxes and menus in front of it.
-    static bool savePicture(QWidget& window, const QString& file);
+    /// The lines of a script; nothing when the file cannot be read.
+    static std::optional<QStringList> linesOf(const QString& file);
 
   signals:
     /// The whole script was played, or a line of it was wrong: then `error` says which.
@@ -33,6 +41,8 @@ class KeyPlayer : public QObject {
     void step();
     bool hasKeyboard();
     QString play(const QString& command, const QString& rest);
+    QString playOther(const QString& file);
+    QString resize(const QString& size);
 
     QWidget& window_;
     QStringList script_;

@@ -51,6 +51,7 @@ OrderGrid::OrderGrid(kxGrid& grid, Services services) : grid_(grid), services_(s
     grid_.Options().EscRestores(true);
     grid_.Options().EnterPassesReadOnly(true);
     grid_.Options().PressToggles(true);
+    grid_.Options().ReadOnlyShade(6);  // an approved order looks closed
     connectEvents();
     settleLater_.setSingleShot(true);
     settleLater_.setInterval(0);

@@ -121,7 +121,7 @@ QString OrderGrid::hint() const {
         case Unit:
             return u"由货号带出,可以改成列表中的另一个;F2 从列表中选择"_s;
         case Quantity:
-            return u"不能为零;可以输入算式,例如 12*3+5;回车到下一行,Tab 到单价"_s;
+            return u"不能为零;可以输入算式,例如 12*3+5;输入后回车到下一行,Tab 到单价"_s;
         case Price:
             return u"由货号带出,可以修改,也可以输入算式;Tab 到仓库"_s;
         case Amount:

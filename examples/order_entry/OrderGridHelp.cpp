@@ -40,6 +40,10 @@ void OrderGridHelp::setUpColumns() {
         definition->i帮助返回值显示类型(shown);
         definition->sHelp_Code(code);
     };
+    // In an open editor F2 is for every column. Those that offer nothing are the host's own as well: it says
+    // so.
+    for (int col = grid_.FixedCols(); col < OrderGrid::ColumnCount; ++col)
+        grid_.VsCtrl(static_cast<std::int16_t>(col))->i帮助类型(ih特殊型);
     offer(OrderGrid::Code, ih通用型, iText记Code, GoodsList);
     offer(OrderGrid::Unit, ih常量型, iText记Name, OrderGrid::Units);
     offer(OrderGrid::Warehouse, ih特殊型, iText记Name);
@@ -59,7 +63,10 @@ void OrderGridHelp::connectEvents() {
     }));
     connections_.push_back(grid_.UserHelpEvent.connect(
         [this](std::int32_t x, std::int32_t y, std::string& text, Variant& value) {
-            if (grid_.Col() == OrderGrid::Warehouse) chooseWarehouse(x, y, text, value);
+            if (grid_.Col() == OrderGrid::Warehouse)
+                chooseWarehouse(x, y, text, value);
+            else
+                services_.failed(u"这一栏没有帮助"_s);
         }));
 }
 

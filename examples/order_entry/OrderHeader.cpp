@@ -9,6 +9,10 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+constexpr int TextMargins = 12;  // of a line edit, both together
+}
+
 OrderHeader::OrderHeader(QWidget* parent)
     : QWidget(parent),
       number_(new QLineEdit(this)),
@@ -37,6 +41,10 @@ OrderHeader::OrderHeader(QWidget* parent)
 }
 
 void OrderHeader::layOut() {
+    // In a small window the number and the customer can be read, and the contact gives way.
+    number_->setMinimumWidth(number_->fontMetrics().horizontalAdvance(u"XS-20261120-001 "_s) + TextMargins);
+    customer_->setMinimumWidth(customer_->fontMetrics().horizontalAdvance(u"K0017  一二三四五六"_s));
+    contact_->setMinimumWidth(1);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(8);
@@ -116,6 +124,8 @@ void OrderHeader::showContact() {
         contact_->setText(chosen->contact + u"  "_s + chosen->phone);
     else
         contact_->setText(customer_->isHopeless() ? u"没有这个客户"_s : QString());
+    const QString text = contact_->text();
+    contact_->setToolTip(Qt::mightBeRichText(text) ? u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s : text);
 }
 
 bool OrderHeader::eventFilter(QObject* watched, QEvent* event) {

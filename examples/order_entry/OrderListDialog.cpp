@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -33,7 +34,9 @@ OrderListDialog::OrderListDialog(const OrderStore& store, QWidget* parent)
       count_(new QLabel(this)),
       open_(new QPushButton(u"打开(&O)"_s, this)) {
     setWindowTitle(u"订单列表"_s);
-    resize(760, 460);
+    constexpr int FrameOfDesktop = 40;
+    const QSize room = screen()->availableSize() - QSize(0, FrameOfDesktop);
+    resize(QSize(760, 460).boundedTo(room));
     found_ = store_.list({}, MostOrders);
     layOut();
     fill();

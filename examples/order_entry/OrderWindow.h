@@ -14,6 +14,7 @@
 #include "Questions.h"
 
 class ColumnWidths;
+class ManualWindow;
 class OrderHeader;
 class QAction;
 class QLabel;
@@ -92,7 +93,7 @@ class OrderWindow : public QMainWindow {
     void fitGrid(int width);
     void fitBesideBar();
     void resetColumns();
-    void showKeys();
+    void showManual();
     void enterLines();
 
     Database database_;
@@ -113,5 +114,7 @@ class OrderWindow : public QMainWindow {
     QLabel* hint_;
     QLabel* message_;
     QLabel* totals_;
+    ManualWindow* manual_ =
+        nullptr;  ///< once it has been asked for; it keeps the place where the clerk reads
     std::vector<QAction*> changing_;  ///< what can be done to an order that is not closed
 };

@@ -9,6 +9,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "ManualWindow.h"
 #include "OrderGrid.h"
 #include "OrderHeader.h"
 #include "OrderWindow.h"
@@ -89,7 +90,7 @@ void OrderWindow::addActions() {
     view->addAction(u"恢复列宽(&W)"_s, this, [this] { resetColumns(); });
 
     QMenu* help = menuBar()->addMenu(u"帮助(&H)"_s);
-    help->addAction(u"键盘操作(&K)"_s, QKeySequence(u"F1"_s), this, [this] { showKeys(); });
+    help->addAction(u"录单员手册(&M)"_s, QKeySequence(u"F1"_s), this, [this] { showManual(); });
 }
 
 void OrderWindow::addStatus() {
@@ -103,20 +104,10 @@ void OrderWindow::addStatus() {
     statusBar()->addPermanentWidget(totals_);
 }
 
-void OrderWindow::showKeys() {
-    questions_.information(this, u"键盘操作"_s,
-                           u"Ctrl+N\t新建订单\n"
-                           "Ctrl+O\t打开订单\n"
-                           "Ctrl+S\t保存订单\n"
-                           "Ctrl+D\t删除订单\n"
-                           "F9\t审核订单,此后不能修改\n"
-                           "F6 / F7\t到表头 / 到明细\n"
-                           "Tab\t到每一格(Shift+Tab 上一格)\n"
-                           "\n在明细中:\n"
-                           "回车\t确认:货号之后到数量,其余到下一行;Esc 放弃\n"
-                           "F2\t输入时打开帮助:商品、单位、仓库、日历\n"
-                           "空格\t切换赠品\n"
-                           "Insert\t在末尾增加一行\n"
-                           "Delete\t删除当前行\n"
-                           "Shift+F10\t行命令和列填充(右键;按住 Ctrl 可一次加多行)"_s);
+// Beside the order, which goes on being keyed.
+void OrderWindow::showManual() {
+    if (!manual_) manual_ = new ManualWindow(this);
+    manual_->show();
+    manual_->raise();
+    manual_->activateWindow();
 }

@@ -1,13 +1,14 @@
 // 销售订单录入: order entry with the data-entry grid on an embedded database.
 //
 //     order_entry [--db FILE] [--seed-only] [--today YYYY-MM-DD | --now "YYYY-MM-DD HH:MM:SS"]
-//                 [--settings FILE] [--keys FILE] [--picture FILE]
+//                 [--settings FILE] [--keys FILE] [--picture FILE] [--dark]
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QFile>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPalette>
+#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
@@ -18,10 +19,13 @@
 #include "KeyPlayer.h"
 #include "OrderWindow.h"
 #include "PrivateFiles.h"
+#include "WindowPicture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr int TitleOfDesktop = 40;
+
 struct Options {
     QString database;
     bool seedOnly = false;
@@ -29,6 +33,7 @@ struct Options {
     QString settings;
     QString keys;
     QString picture;
+    bool dark = false;
 
     bool plays() const { return !keys.isEmpty() || !picture.isEmpty(); }
 };
@@ -45,6 +50,7 @@ Options readOptions() {
         {u"settings"_s, u"保存列宽的文件;播放脚本时没有它就不保存"_s, u"文件"_s},
         {u"keys"_s, u"播放按键脚本,然后退出(格式见 KeyPlayer.h)"_s, u"文件"_s},
         {u"picture"_s, u"退出之前把窗口保存为 PNG 图片"_s, u"文件"_s},
+        {u"dark"_s, u"使用深色,不论桌面是什么颜色"_s},
     });
     parser.process(*QCoreApplication::instance());
     Options options;
@@ -60,6 +66,7 @@ Options readOptions() {
     options.settings = parser.value(u"settings"_s);
     options.keys = parser.value(u"keys"_s);
     options.picture = parser.value(u"picture"_s);
+    options.dark = parser.isSet(u"dark"_s);
     return options;
 }
 
@@ -89,19 +96,33 @@ std::unique_ptr<QSettings> userSettings(const Options& options) {
     return settings;
 }
 
+// What a desktop in dark colours gives its programs.
+QPalette darkPalette() {
+    QPalette palette(QColor(45, 45, 48));
+    palette.setColor(QPalette::Base, QColor(30, 30, 30));
+    palette.setColor(QPalette::Highlight, QColor(38, 121, 191));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        palette.setColor(role, QColor(220, 220, 220));
+        palette.setColor(QPalette::Disabled, role, QColor(120, 120, 120));
+    }
+    palette.setColor(QPalette::PlaceholderText, QColor(150, 150, 150));
+    return palette;
+}
+
 // Plays the keys, saves the picture and ends the program.
 int playKeys(OrderWindow& window, const Options& options) {
     QStringList script;
     if (!options.keys.isEmpty()) {
-        QFile file(options.keys);
-        if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-            return complain(u"无法读取 %1:%2"_s.arg(options.keys, file.errorString()));
-        script = QString::fromUtf8(file.readAll()).split(u'\n');
+        const std::optional<QStringList> lines = KeyPlayer::linesOf(options.keys);
+        if (!lines) return complain(u"无法读取 "_s + options.keys);
+        script = *lines;
     }
+    QApplication::setCursorFlashTime(0);  // pictures do not depend on the moment
     KeyPlayer player(window, script);
     QObject::connect(&player, &KeyPlayer::finished, &window, [&](const QString& error) {
         int result = error.isEmpty() ? 0 : complain(options.keys + u":"_s + error);
-        if (!options.picture.isEmpty() && !KeyPlayer::savePicture(window, options.picture))
+        if (!options.picture.isEmpty() && !WindowPicture::save(window, options.picture, window.rect()))
             result = complain(u"无法写入图片 "_s + options.picture);
         QCoreApplication::exit(result);
     });
@@ -128,9 +149,12 @@ int main(int argc, char** argv) {
 
     const Options options = readOptions();
     if (options.seedOnly) return seed(options.database);
+    if (options.dark) QApplication::setPalette(darkPalette());
     Questions questions;
     OrderWindow window(options.database, questions, options.clock);
     window.rememberColumns(userSettings(options));
+    const QSize room = window.screen()->availableSize() - QSize(0, TitleOfDesktop);
+    window.resize(window.size().boundedTo(room));
     window.show();
     if (options.plays()) return playKeys(window, options);
     window.start();

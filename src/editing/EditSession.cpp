@@ -397,5 +397,7 @@ void EditSession::takeChosen(const cVsControl& column) {
     const bool showsName = column.i帮助返回值显示类型() == iText记Name;
     setText(showsName ? chosen.ReturnName : chosen.ReturnCode);
     setTag(showsName ? chosen.ReturnCode : chosen.ReturnName);
+    box_.selectAll();  // as when the editor opens: Enter takes it, typing replaces it
+    publish();
 }
 }  // namespace kxVsGrid::editing

@@ -50,6 +50,15 @@ Lines asksFor(const char* code) {
     return {"GetHelpCodeInfo(" + std::string(code) + ", , , )"};
 }
 
+TEST_F(Help, SelectsWhatWasChosenSoThatTypingReplacesIt) {
+    answer(goods());
+    take("A001", "A002");
+    EXPECT_EQ(desk.editor().selStart, 0U);
+    EXPECT_EQ(desk.editor().selLength, 4U);
+    desk.type("5");
+    EXPECT_EQ(desk.editor().text, "5");
+}
+
 // --- Opening.
 
 TEST_F(Help, F2OnAClosedCellOpensTheEditorAndTheHelp) {

@@ -61,6 +61,13 @@ TEST_F(OrderHelpWindow, NewGoodsGoIntoTheListAndIntoTheOrder) {
     EXPECT_EQ(cell(1, OrderGrid::Price), QString("12.50"));
 }
 
+TEST_F(OrderHelpWindow, AColumnWithoutHelpSaysSoAndKeepsWhatIsBeingTyped) {
+    play({"key End", "key Left", "type 送", "key F2"});
+    EXPECT_FALSE(QApplication::activeModalWidget());
+    EXPECT_EQ(typed(), "送");
+    EXPECT_TRUE(window->message().contains("没有帮助")) << window->message().toStdString();
+}
+
 TEST_F(OrderHelpWindow, AUnitComesFromTheList) {
     play(
         {"type 100001", "key Enter", "key Left", "key Space", "key F2", "type 百", "key Enter", "key Enter"});

@@ -16,8 +16,7 @@ TEST_F(OrderEntry, StartsWithANumberedOrderOfTodayAndTheCustomerField) {
 
 TEST_F(OrderEntry, LeavesNoStripBesideTheColumnsWhenTheWindowGrows) {
     open();
-    grid().Rows(24);
-    window->resize(800, 500);
+    window->resize(800, 400);
     QCoreApplication::processEvents();
     EXPECT_TRUE(grid().Grid().VerticalBarShown());
     window->resize(1600, 1000);
@@ -25,6 +24,17 @@ TEST_F(OrderEntry, LeavesNoStripBesideTheColumnsWhenTheWindowGrows) {
     EXPECT_FALSE(grid().Grid().VerticalBarShown());
     EXPECT_LE(grid().Grid().Width() - grid().Grid().TotalWidth(), 60);
     EXPECT_FALSE(grid().Grid().HorizontalBarShown());
+}
+
+TEST_F(OrderEntry, ShowsTheNumberWholeInASmallWindow) {
+    open();
+    play({"type K0017", "key Enter"});
+    window->resize(640, 400);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->width(), 640);
+    const auto* number = window->findChild<QLineEdit*>("number");
+    EXPECT_GT(number->width(), number->fontMetrics().horizontalAdvance(number->text()) + 8);
+    EXPECT_GT(window->findChild<CustomerBox*>("customer")->width(), 110);
 }
 
 TEST_F(OrderEntry, ShowsDatesWholeInALargerFont) {
