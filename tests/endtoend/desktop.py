@@ -92,6 +92,7 @@ class Desktop:
             self._start_display()
             self._start_window_manager()
         except BaseException:
+            self._keep_evidence()
             self._end()
             raise
         return self
@@ -130,9 +131,15 @@ class Desktop:
         self.environment["DISPLAY"] = ":" + number
 
     def _start_window_manager(self):
-        self.start("openbox", ["openbox"])
+        manager = self.start("openbox", ["openbox"])
+
+        def manages():
+            if manager.poll() is not None:
+                raise Failure(f"the window manager has ended with {manager.returncode}: " + self.log("openbox"))
+            return self.xdotool("get_desktop").returncode == 0
+
         # A window that appears while the manager looks for windows can be lost to both.
-        wait_for("the window manager", lambda: self.xdotool("get_desktop").returncode == 0)
+        wait_for("the window manager", manages)
 
     def start_input_method(self, engine):
         self.start("dbus-daemon", ["dbus-daemon", "--session", "--nofork", "--print-address=1"])
