@@ -21,9 +21,27 @@ void CellGrid::Impl::told(std::int32_t row, std::int32_t col, Effect effect) {
     if (effect == Effect::Changed) grid.CellChanged(row, col);
 }
 
+/// Nobody hears of the two, which the store writes whole.
+bool CellGrid::Impl::setCellWatched(std::int32_t row, std::int32_t col, std::string_view text,
+                                    const std::string_view& tag) {
+    if (store.effectOfText(row, col, text) != Effect::Nothing) {
+        watcher->contentWillChange(col);
+        if (!holds(row, col)) return false;
+    }
+    told(row, col, store.setCell(row, col, text, tag));
+    return true;
+}
+
 /// What can fail before a listener has heard of one of the two fails before either is written.
 bool CellGrid::Impl::setCellHeard(std::int32_t row, std::int32_t col, std::string_view text,
                                   const std::string_view& tag) {
+    {
+        CellStore::Scratch scratch;
+        if (store.tag(row, col, scratch) == tag) {
+            setText(row, col, text);
+            return true;
+        }
+    }
     const auto textChanges = [&] { return store.effectOfText(row, col, text) != Effect::Nothing; };
     cellgrid::CellStore::TextRoom room;
     if (textChanges()) {
@@ -34,7 +52,8 @@ bool CellGrid::Impl::setCellHeard(std::int32_t row, std::int32_t col, std::strin
     if (store.setTag(row, col, tag)) {
         grid.CellChanged(row, col);
         if (!there || !holds(row, col)) return false;
-        if (textChanges()) contentWillChange(col);  // a listener may have asked for a total meanwhile
+        if (watcher && textChanges())
+            contentWillChange(col);  // a listener may have asked for a total meanwhile
         if (!holds(row, col)) return false;
     }
     told(row, col, store.setText(row, col, text, room));
@@ -77,8 +96,9 @@ void CellGrid::RestoreData(std::int32_t row, std::int32_t col, std::string_view 
 bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data) {
     Impl& impl = *impl_;
     if (!impl.holds(row, col)) return false;
-    if (impl.watcher || CellChanged.heard()) [[unlikely]]
+    if (CellChanged.heard()) [[unlikely]]
         return held()->setCellHeard(row, col, text, data);
+    if (impl.watcher) return impl.setCellWatched(row, col, text, data);
     const Effect effect = impl.store.setCell(row, col, text, data);
     if (!impl.damage.all() && effect != Effect::Nothing) impl.damageCell(row, col);
     return true;

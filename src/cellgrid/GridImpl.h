@@ -66,6 +66,8 @@ struct CellGrid::Impl {
                static_cast<std::uint32_t>(col) < static_cast<std::uint32_t>(cols());
     }
     void setText(std::int32_t row, std::int32_t col, std::string_view text);
+    bool setCellWatched(std::int32_t row, std::int32_t col, std::string_view text,
+                        const std::string_view& tag);
     bool setCellHeard(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     /// A text was written: the picture and who listens hear of it.
     void told(std::int32_t row, std::int32_t col, cellgrid::CellStore::Effect effect);

@@ -75,8 +75,9 @@ void Fills::writeBelow(Next next) {
     if (left > 0) tellOfCellsLeft(left);
 }
 
-/// Where the text could not follow its tag the cell is left as it was.
+/// Where the text could not follow its tag, since a listener has failed, the cell is left as it was.
 bool Fills::write(std::int32_t row, std::int32_t col, const TextAndTag& value) {
+    if (!c_.grid.CellChanged.heard()) return c_.owner.setCell(row, col, value.first, value.second);
     const rows::PairWrite pair(c_.grid, c_.rows.follower(), row, col);
     if (c_.owner.setCell(row, col, value.first, value.second)) return true;
     pair.putBack(value.second);

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "kxVsGrid/CellGrid.h"
 
@@ -22,7 +23,9 @@ class DefaultedCells {
     void put(std::int32_t row, std::int32_t col, std::string_view text);
     /// The host has given the cell a text of its own.
     void written(std::int32_t row, std::int32_t col) {
-        if (!rows_.empty()) forget(row, col);
+        if (col >= 0 && static_cast<std::size_t>(col) < filled_.size() &&
+            filled_[static_cast<std::size_t>(col)])
+            forget(row, col);
     }
     /// Whether a text that stands in a cell was put there by default filling.
     bool holds(std::int32_t row, std::int32_t col, std::string_view text) const;
@@ -37,7 +40,9 @@ class DefaultedCells {
 
     CellGrid& grid_;
     std::unordered_map<RowId, Texts> rows_;  ///< also of rows that have gone since they were last looked for
-    std::size_t mostRows_ = 0;               ///< with more they are looked for
+    std::vector<bool>
+        filled_;  ///< columns that default filling has put texts into: few, and most writes go elsewhere
+    std::size_t mostRows_ = 0;  ///< with more they are looked for
     std::int32_t cols_ = 0;
 };
 }  // namespace kxVsGrid::rows

@@ -31,6 +31,15 @@ void copyText(char* to, std::string_view text) {
 }
 }  // namespace
 
+TextSlot TextArena::storeLongAfter(TextSlot first, std::string_view text) {
+    try {
+        return storeLong(text);
+    } catch (...) {
+        release(first);
+        throw;
+    }
+}
+
 TextSlot TextArena::storeLong(std::string_view text) {
     if (text.size() > MaxInChunk) return storeBig(text);
     const std::uint32_t reference = take(unitsFor(text.size()));

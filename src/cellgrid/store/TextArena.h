@@ -19,21 +19,18 @@ class TextArena {
     static constexpr std::size_t MaxInChunk = 1024;
 
     /// The slot of any text; short ones take nothing from the arena.
-    TextSlot store(std::string_view text) {
+    [[gnu::always_inline]] TextSlot store(std::string_view text) {
         const TextSlot s = slot::ofShort(text);
         return s != slot::Empty || text.empty() ? s : storeLong(text);
     }
     /// The same for the second of two texts that are put together: when it fails, the first is given back.
-    TextSlot storeAfter(TextSlot first, std::string_view text) {
-        try {
-            return store(text);
-        } catch (...) {
-            release(first);
-            throw;
-        }
+    [[gnu::always_inline]] TextSlot storeAfter(TextSlot first, std::string_view text) {
+        const TextSlot s = slot::ofShort(text);
+        return s != slot::Empty || text.empty() ? s : storeLongAfter(first, text);
     }
     /// The same as store for a text that does not fit into a slot.
     TextSlot storeLong(std::string_view text);
+    TextSlot storeLongAfter(TextSlot first, std::string_view text);
     /// Gives back what the slot holds of the arena.
     void release(TextSlot s) {
         if (slot::hasBlock(s)) releaseLong(s);
