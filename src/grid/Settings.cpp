@@ -33,7 +33,7 @@ const std::vector<GridLoading>& gridLoadings() {
 }
 }  // namespace
 
-// --- Reading --------------------------------------------------------------------------------------------
+// --- Reading
 
 void Settings::read(PropertyBag& bag) {
     readGrid(bag);
@@ -60,7 +60,7 @@ void Settings::readColumn(PropertyBag& bag, std::int32_t col) {
     }
 }
 
-// --- Writing --------------------------------------------------------------------------------------------
+// --- Writing
 
 void Settings::write(PropertyBag& bag, kxGrid& control) {
     std::vector<Variant> values;  // all of them first: a bag may end the control

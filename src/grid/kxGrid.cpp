@@ -135,7 +135,6 @@ void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
 }
 
 // --- Loading and saving
-// ----------------------------------------------------------------------------------------------
 
 void kxGrid::InitProperties() {
     Parts& p = *parts_;
@@ -178,7 +177,6 @@ void kxGrid::WriteProperties(PropertyBag& bag) {
 }
 
 // --- For the machine
-// -------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Input> kxGrid::input() {
     return {parts_, &parts_->input};

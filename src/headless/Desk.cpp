@@ -89,7 +89,6 @@ FocusPlace Desk::focusOwner() const {
 }
 
 // --- Platform
-// --------------------------------------------------------------------------------------------------------
 
 const TextMetrics& Desk::textMetrics() const {
     return TextMetrics::fixed();
@@ -161,7 +160,6 @@ void Desk::clipboardText(std::string_view text) {
 void Desk::processPendingInput() {}
 
 // --- Records
-// ---------------------------------------------------------------------------------------------------------
 
 const std::vector<MessageBox>& Desk::messages() const {
     return records_->messages;

@@ -50,7 +50,7 @@ FormGridView::~FormGridView() {
     grid_.onDamage({});
 }
 
-// --- Look -----------------------------------------------------------------------------------------------
+// --- Look
 
 /// A row that cannot hold its text is made higher, never the text smaller. A current row that is in view
 /// stays there.
@@ -109,7 +109,7 @@ void FormGridView::repaintDamage() {
         update(region);
 }
 
-// --- Keys, mouse and wheel ------------------------------------------------------------------------------
+// --- Keys, mouse and wheel
 
 /// What the form has no use for.
 void FormGridView::keyPressEvent(QKeyEvent* event) {

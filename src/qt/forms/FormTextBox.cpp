@@ -38,7 +38,7 @@ void FormTextBox::showSelection() {
     shown_ = state();
 }
 
-// --- What the clerk changes -----------------------------------------------------------------------------
+// --- What the clerk changes
 
 void FormTextBox::clerkActs(bool begins) {
     acting_ += begins ? 1 : -1;
@@ -86,7 +86,7 @@ void FormTextBox::focusLost(const QFocusEvent& event) {
     if (!comesBack && !composition_.underway()) showSelection();
 }
 
-// --- As text boxes of dialogs do ------------------------------------------------------------------------
+// --- As text boxes of dialogs do
 
 bool FormTextBox::leave(bool forward) {
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): in the window's own order, not as an editor does

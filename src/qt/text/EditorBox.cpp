@@ -19,7 +19,7 @@ EditorBox::EditorBox(Stage& stage, QWidget& parent)
 
 EditorBox::~EditorBox() = default;
 
-// --- Mirroring ------------------------------------------------------------------------------------------
+// --- Mirroring
 
 void EditorBox::choose(bool multiLine) {
     if (multiLine && lines_ == nullptr) {
@@ -100,7 +100,7 @@ void EditorBox::mirrorSelection(const EditorView& view) {
     known_.selLength = view.selLength;
 }
 
-// --- What the clerk changes -----------------------------------------------------------------------------
+// --- What the clerk changes
 
 void EditorBox::clerkActs(bool begins) {
     acting_ += begins ? 1 : -1;
@@ -170,7 +170,7 @@ void EditorBox::paste() {
     asClerk(*this, port_->widget(), [&] { port_->paste(); });
 }
 
-// --- Keys, focus, menu ----------------------------------------------------------------------------------
+// --- Keys, focus, menu
 
 bool EditorBox::keyDown(const QKeyEvent& event) {
     if (composing()) return true;
@@ -205,7 +205,7 @@ void EditorBox::wheel(const QWheelEvent& event) {
     stage_.wheel(event);
 }
 
-// --- Input method ---------------------------------------------------------------------------------------
+// --- Input method
 
 void EditorBox::inputMethod(QInputMethodEvent& event) {
     compose(event);

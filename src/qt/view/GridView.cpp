@@ -35,7 +35,7 @@ Rect GridView::mainPlace() const {
     return {0, 0, grid.Width(), grid.Height()};
 }
 
-// --- Painting -------------------------------------------------------------------------------------------
+// --- Painting
 
 void GridView::repaintDamage(const CellGrid::Damage& damage, const Rect& origin) {
     if (damage.all) {
@@ -108,7 +108,7 @@ void GridView::paintFailed(const QString& failure) {
         this, [this, failure] { stage_.report(failure); }, Qt::QueuedConnection);
 }
 
-// --- Keys -----------------------------------------------------------------------------------------------
+// --- Keys
 
 bool GridView::event(QEvent* event) {
     switch (event->type()) {
@@ -223,7 +223,7 @@ QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
     return QRectF(pixels.left(), pixels.top(), 1, pixels.height());
 }
 
-// --- Mouse ----------------------------------------------------------------------------------------------
+// --- Mouse
 
 void GridView::mousePressEvent(QMouseEvent* event) {
     stage_.endComposition();
@@ -315,7 +315,7 @@ void GridView::showCursorFor(const QMouseEvent& event) {
         unsetCursor();
 }
 
-// --- Focus ----------------------------------------------------------------------------------------------
+// --- Focus
 
 void GridView::focusInEvent(QFocusEvent*) {
     stage_.focusEntered(FocusPlace::Grid);
