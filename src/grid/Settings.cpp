@@ -7,6 +7,7 @@
 #include "columns/ColumnProperties.h"
 #include "grid/SetUp.h"
 #include "kxVsGrid/StoredKeys.h"
+#include "support/CurrentError.h"
 
 namespace kxVsGrid::grid {
 namespace {
@@ -57,6 +58,26 @@ void Settings::readColumn(PropertyBag& bag, std::int32_t col) {
     for (const StoredKey& key : columnKeys()) {
         const Variant value = bag.Read(columnKey(col, key.read), key.fallback);
         columns_.shared(col)->Put(key.member, value);
+    }
+}
+
+std::string readFault() {
+    return "ReadProperError:" + support::currentError();
+}
+
+std::string faultOfReading(PropertyBag& bag) {
+    CellGrid main;
+    CellGrid sums;
+    columns::ColumnArray columns;
+    host::ControlFlags flags;
+    totals::TotalRow totals(main, sums, columns);
+    Layout layout(main, sums, totals);
+    columns.resize(main.Cols());
+    try {
+        Settings(main, sums, columns, flags, totals, layout).read(bag);
+        return {};
+    } catch (...) {
+        return readFault();
     }
 }
 

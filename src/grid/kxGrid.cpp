@@ -157,7 +157,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
         p.flags.changed = false;
         p.settleAfterReading();
     } catch (...) {
-        p.showError("ReadProperError:" + support::currentError(), SettingsErrorTitle);
+        p.showError(grid::readFault(), SettingsErrorTitle);
         try {
             p.settleAfterReading();
         } catch (...) {
