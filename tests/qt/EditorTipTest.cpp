@@ -119,12 +119,7 @@ TEST(Tip, TellsHowManyCellsAFillHasLeft) {
         if (row == 4) throw std::runtime_error("no");
     });
     Boxes boxes;
-    Menus menus([](QMenu& menu) {
-        QMenu* fills = item(menu, "填充列").menu();
-        menu.setActiveAction(fills->menuAction());
-        QTest::keyClick(&menu, Qt::Key_Right);
-        QTest::keyClick(fills, Qt::Key_C);
-    });
+    Menus menus(chooseCopies);
     w.press(Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_EQ(boxes.count(), 1U);
     w.settle();
