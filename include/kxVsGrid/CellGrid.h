@@ -4,7 +4,7 @@
 //     grid.FormatString("行号|<货号    |>数量    ");
 //     grid.Rows(1'000'000);
 //     grid.Text(5, 1, "A001");
-//     grid.CellChanged.connect([](std::int32_t row, std::int32_t col) { ... });
+//     grid.CellChanged.connect([&](std::int32_t row, std::int32_t col) { repaint(row, col); });
 //
 // Rows and columns count from 0, fixed ones included: rows below FixedRows and columns below FixedCols are
 // headers. A cell has a text (what it shows), data (a hidden string, the tag), an alignment and two colours,
@@ -63,8 +63,9 @@ class CellGrid {
     CellGrid(const CellGrid&) = delete;
     CellGrid& operator=(const CellGrid&) = delete;
 
-    // --- Size: 0 <= fixed <= count <= maximum, else GridError. Shrinking discards cells. Cols 0 is allowed:
-    // the fixed columns become 0 and the current column -1, until columns return.
+    // --- Size
+    // 0 <= fixed <= count <= maximum, else GridError. Shrinking discards cells. Cols 0 is allowed: the fixed
+    // columns become 0 and the current column -1, until columns return.
     std::int32_t Rows() const;
     void Rows(std::int32_t count);
     std::int32_t Cols() const;
@@ -80,8 +81,9 @@ class CellGrid {
     /// Removes one row. Removing the current row keeps the index, or takes the new last row; no events.
     void RemoveRow(std::int32_t position);
 
-    // --- Who the rows are, wherever they go. An id is made when it is first asked for; rows that nobody
-    // asked about cost nothing. Asking takes a time that grows with the logarithm of the number of ids.
+    // --- Who the rows are, wherever they go
+    // An id is made when it is first asked for; rows that nobody asked about cost nothing. Asking takes a time
+    // that grows with the logarithm of the number of ids.
     /// The row's id, which is never given to another one.
     RowId IdOf(std::int32_t row);
     /// The same; RowId::None for a row that nobody has asked about.

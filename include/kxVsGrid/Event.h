@@ -1,6 +1,6 @@
 // An event that hosts listen to.
 //
-//     grid.AddVsRow.connect([](std::int32_t row, bool& consent) { consent = true; });
+//     grid.AddVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
 //
 // Arguments that the host may change are references. A listener that takes one of them by value could only
 // change its own copy: it does not compile (what a generic listener, with `auto`, does is not looked at).

@@ -1,11 +1,13 @@
 // Builds the three tables that a host answers GetHelpCodeInfo with, so that nobody counts positions by hand.
 //
-//     grid.GetHelpCodeInfo.connect([&](const Variant& code, Variant& Grid_code, Variant& GridInfo,
+//     grid.GetHelpCodeInfo.connect([&](const Variant&, Variant& Grid_code, Variant& GridInfo,
 //                                      Variant& GridData) {
 //         HelpTable table("货号");
-//         table.field("code", "货号").field("name", "品名", 3000).field("price", "单价", 1200,
-//         HelpKind::Number); table.result("code", "name").search({"code", "name"}); for (const Good& good :
-//         goods) table.row({good.code, good.name, good.price}); table.answer(Grid_code, GridInfo, GridData);
+//         table.field("code", "货号").field("name", "品名", 3000);
+//         table.field("price", "单价", 1200, HelpKind::Number);
+//         table.result("code", "name").search({"code", "name"});
+//         for (const Good& good : goods) table.row({good.code, good.name, good.price});
+//         table.answer(Grid_code, GridInfo, GridData);
 //     });
 //
 // The tables by hand:
@@ -40,8 +42,8 @@ namespace HelpPosition {
 constexpr std::int32_t FieldName = 1;
 constexpr std::int32_t Header = 13;  ///< the field name where there is none
 constexpr std::int32_t Width = 14;   ///< of the column in twips; 1500 where there is none
-constexpr std::int32_t Alignment =
-    15;  ///< a number of mEmflexAlign; without it numbers right, others by their texts
+/// A number of mEmflexAlign; without it numbers right, others by their texts.
+constexpr std::int32_t Alignment = 15;
 constexpr std::int32_t Visible = 17;    ///< "0" or False: hidden
 constexpr std::int32_t Decimals = 18;   ///< of a number, 0 to 15; without it "#,##0.00" is shown
 constexpr std::int32_t Thousands = 19;  ///< "1" or True: a number with decimals given has separators

@@ -1,7 +1,9 @@
 // A value of any of the types that settings and help tables are made of, with the conversions between them.
 //
-//     Variant v = "12";          v.toInt32() == 12;       v.toBoolean() == true
-//     Variant t = Table(0, 3, 0, 2);                      t.table()->at(1, 2) = "A001";
+//     Variant v = "12";
+//     assert(v.toInt32() == 12 && v.toBoolean());
+//     Variant t = Table(0, 3, 0, 2);
+//     t.table()->at(1, 2) = "A001";
 //
 // Conversions: "True" and "False" in any letter case, or a complete number, become Boolean (every number but
 // 0 is True); complete numbers become integers, halves rounded to even, range-checked; True is -1; empty is

@@ -125,8 +125,9 @@ class kxGrid : public GridEvents {
     bool SumRow() const;
     void SumRow(bool show);
 
-    // --- Rows and columns. Putting a number of rows or columns, FormatString or ColHidden commits an open
-    // editor first. A refused text stays in it for as long as there is its cell and its column is shown.
+    // --- Rows and columns
+    // Putting a number of rows or columns, FormatString or ColHidden commits an open editor first. A refused
+    // text stays in it for as long as there is its cell and its column is shown.
     std::int32_t Rows() const;
     /// Never leaves fewer than five data rows.
     void Rows(std::int32_t count);
@@ -192,8 +193,9 @@ class kxGrid : public GridEvents {
     CellGrid& Grid_Sum();
     const CellGrid& Grid_Sum() const;
 
-    // --- The members above by name, in interface order. Get and Put serve properties without arguments;
-    // GridError for a name that is none, ConversionError for a value that does not fit.
+    // --- The members above by name
+    // In interface order. Get and Put serve properties without arguments; GridError for a name that is none,
+    // ConversionError for a value that does not fit.
     static std::span<const Member> members();
     Variant Get(std::string_view name);
     void Put(std::string_view name, const Variant& value);

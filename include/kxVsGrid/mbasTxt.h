@@ -1,7 +1,7 @@
 // The arithmetic that a clerk may type into a number cell: 12*3+4.5, (2+3)4, -2^2.
 //
 //     double value;
-//     if (kxVsGrid::bEvaluateExp("12*3+4.5", value)) ...   // value == 40.5
+//     const bool right = kxVsGrid::bEvaluateExp("12*3+4.5", value);   // true, and value is 40.5
 //
 // Digits with one decimal point, the operators + - * / ^, parentheses; blanks anywhere are ignored, also
 // inside a number. ^ binds strongest, then * and /, then + and -; every level, ^ included, is evaluated from

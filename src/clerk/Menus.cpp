@@ -75,7 +75,6 @@ Menus::Menus(const ClerkContext& context)
     : c_(context), fills_(context), rowMenu_(rowMenu()), copyMenu_(copyMenu()) {}
 
 // --- Showing
-// ---------------------------------------------------------------------------------------------------------
 
 /// The commands act on the current cell, which shall be the one that the clerk points at: where it could not
 /// become the current one, no menu offers them.
@@ -174,7 +173,6 @@ void Menus::chooseFillItems() {
 }
 
 // --- The commands
-// ----------------------------------------------------------------------------------------------------
 
 void Menus::rowCommand(std::int32_t index) {
     const std::int32_t end = c_.grid.Rows();

@@ -97,7 +97,7 @@ void ConstantForm::fitColumns() {
     if (grid_.ColHidden(Value)) grid_.ColWidth(Name, std::max(grid_.ColWidth(Name), roomForOne()));
 }
 
-// --- Finding --------------------------------------------------------------------------------------------
+// --- Finding
 
 /// The first constant whose name or value is the text, or begins with it; -1 when there is none.
 std::int32_t ConstantForm::rowOf(std::string_view text, bool whole) const {
@@ -148,7 +148,7 @@ bool ConstantForm::keyDown(FormControl& focused, std::int16_t code, std::int16_t
     return true;
 }
 
-// --- The clerk ------------------------------------------------------------------------------------------
+// --- The clerk
 
 void ConstantForm::resized() {
     resize_.ResizeForm(*this);

@@ -54,7 +54,7 @@ void ControlPage::resized() {
     resize_.ResizeForm(*this);
 }
 
-// --- Choosing -------------------------------------------------------------------------------------------
+// --- Choosing
 
 void ControlPage::select(const std::vector<ColumnSource*>& grids) {
     source_ = grids.empty() ? nullptr : grids.front();
@@ -99,7 +99,7 @@ void ControlPage::chooseColumn(std::int32_t col) {
         explain("列 " + std::to_string(before) + " 的修改没有应用，已放弃。");
 }
 
-// --- Showing --------------------------------------------------------------------------------------------
+// --- Showing
 
 void ControlPage::show() {
     Boxes& b = *boxes_;
@@ -155,7 +155,7 @@ void ControlPage::markChanged(bool now) {
     if (differs && listener_) listener_(now);
 }
 
-// --- Working on it --------------------------------------------------------------------------------------
+// --- Working on it
 
 void ControlPage::pressed(FormControl& button) {
     Boxes& b = *boxes_;

@@ -40,7 +40,6 @@ LookupForm::LookupForm(const TextMetrics& metrics)
 LookupForm::~LookupForm() = default;
 
 // --- Load
-// ------------------------------------------------------------------------------------------------------------
 
 void LookupForm::load() {
     HelpExchange& exchange = HelpExchange::shared();
@@ -117,7 +116,6 @@ std::string LookupForm::shownText(const std::string& value, const LookupField& f
 }
 
 // --- Search
-// ----------------------------------------------------------------------------------------------------------
 
 /// The order that a search needs is made while nothing else is to be done.
 void LookupForm::buildIndexes() {
@@ -192,7 +190,6 @@ void LookupForm::textChanged(FormControl& box) {
 }
 
 // --- The clerk
-// -----------------------------------------------------------------------------------------------------------
 
 /// Keys that move the highlight do so from the search box too.
 bool LookupForm::keyDown(FormControl& focused, std::int16_t code, std::int16_t shift) {

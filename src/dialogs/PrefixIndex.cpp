@@ -42,7 +42,6 @@ PrefixIndex::Key PrefixIndex::keyOf(std::string_view text) {
 }
 
 // --- Finding
-// ---------------------------------------------------------------------------------------------------------
 
 /// A zero byte of a text cannot be told from its end by the numbers; any other last byte can.
 PrefixIndex::Wanted::Wanted(std::string_view text)
@@ -131,7 +130,6 @@ PrefixIndex::Row PrefixIndex::smallestOf(std::size_t first, std::size_t stop) co
 }
 
 // --- Building
-// --------------------------------------------------------------------------------------------------------
 
 bool PrefixIndex::before(Row a, Row b) const {
     if (keys_[a] != keys_[b]) return keys_[a] < keys_[b];

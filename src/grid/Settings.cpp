@@ -7,6 +7,7 @@
 #include "columns/ColumnProperties.h"
 #include "grid/SetUp.h"
 #include "kxVsGrid/StoredKeys.h"
+#include "support/CurrentError.h"
 
 namespace kxVsGrid::grid {
 namespace {
@@ -33,7 +34,7 @@ const std::vector<GridLoading>& gridLoadings() {
 }
 }  // namespace
 
-// --- Reading --------------------------------------------------------------------------------------------
+// --- Reading
 
 void Settings::read(PropertyBag& bag) {
     readGrid(bag);
@@ -60,7 +61,27 @@ void Settings::readColumn(PropertyBag& bag, std::int32_t col) {
     }
 }
 
-// --- Writing --------------------------------------------------------------------------------------------
+std::string readFault() {
+    return "ReadProperError:" + support::currentError();
+}
+
+std::string faultOfReading(PropertyBag& bag) {
+    CellGrid main;
+    CellGrid sums;
+    columns::ColumnArray columns;
+    host::ControlFlags flags;
+    totals::TotalRow totals(main, sums, columns);
+    Layout layout(main, sums, totals);
+    columns.resize(main.Cols());
+    try {
+        Settings(main, sums, columns, flags, totals, layout).read(bag);
+        return {};
+    } catch (...) {
+        return readFault();
+    }
+}
+
+// --- Writing
 
 void Settings::write(PropertyBag& bag, kxGrid& control) {
     std::vector<Variant> values;  // all of them first: a bag may end the control

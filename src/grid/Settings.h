@@ -1,6 +1,7 @@
 // Reading and writing of a control's stored settings.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "columns/ColumnArray.h"
@@ -17,10 +18,18 @@ class SettingsLoading {
   public:
     static bool underway() { return underway_; }
     static void setUnderway(bool now) { underway_ = now; }
+    /// Whoever goes on without what could not be read, as a designer of forms does, lets settings be written.
+    static void giveUp() { underway_ = false; }
 
   private:
     static inline bool underway_ = false;
 };
+
+/// What the clerk is told when a reading fails, of the exception that is being handled.
+std::string readFault();
+/// What the clerk would be told if a control read these settings; empty when it could. No control is needed, and
+/// none of the process is held up.
+std::string faultOfReading(PropertyBag& bag);
 
 /// The stored properties in their orders, between a bag and the control. Loading goes past the control's
 /// members.

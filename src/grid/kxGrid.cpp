@@ -135,7 +135,6 @@ void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
 }
 
 // --- Loading and saving
-// ----------------------------------------------------------------------------------------------
 
 void kxGrid::InitProperties() {
     Parts& p = *parts_;
@@ -158,7 +157,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
         p.flags.changed = false;
         p.settleAfterReading();
     } catch (...) {
-        p.showError("ReadProperError:" + support::currentError(), SettingsErrorTitle);
+        p.showError(grid::readFault(), SettingsErrorTitle);
         try {
             p.settleAfterReading();
         } catch (...) {
@@ -178,7 +177,6 @@ void kxGrid::WriteProperties(PropertyBag& bag) {
 }
 
 // --- For the machine
-// -------------------------------------------------------------------------------------------------
 
 std::shared_ptr<Input> kxGrid::input() {
     return {parts_, &parts_->input};

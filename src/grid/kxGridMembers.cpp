@@ -10,7 +10,6 @@ namespace kxVsGrid {
 using totals::TotalRow;
 
 // --- State
-// -----------------------------------------------------------------------------------------------------------
 
 bool kxGrid::bIsDirty() const {
     return parts_->flags.Editable && parts_->flags.changed;
@@ -85,7 +84,6 @@ void kxGrid::SumRow(bool show) {
 }
 
 // --- Column definitions
-// ----------------------------------------------------------------------------------------------
 
 std::shared_ptr<cVsControl> kxGrid::VsCtrl(std::int16_t Col) {
     return parts_->columns.shared(Col);
@@ -101,7 +99,6 @@ void kxGrid::SetVsControl(std::shared_ptr<cVsControl> definition) {
 }
 
 // --- Rows and columns
-// ------------------------------------------------------------------------------------------------
 
 std::int32_t kxGrid::Rows() const {
     return parts_->main.Rows();
@@ -297,7 +294,6 @@ void kxGrid::Clear() {
 }
 
 // --- Look
-// ------------------------------------------------------------------------------------------------------------
 
 std::uint32_t kxGrid::BackColor() const {
     return parts_->main.BackColor();

@@ -124,7 +124,6 @@ void Desk::applyToTextBox(Station& at, const KeyStroke& key) {
 }
 
 // --- Input method
-// ----------------------------------------------------------------------------------------------------
 
 Desk& Desk::compose(std::string_view text) {
     Call call(*this);
@@ -155,7 +154,6 @@ Desk& Desk::commitComposition(std::string_view text) {
 }
 
 // --- Focus
-// -----------------------------------------------------------------------------------------------------------
 
 Desk& Desk::focusGrid() {
     Call call(*this);
@@ -192,7 +190,6 @@ Desk& Desk::select(std::size_t start, std::size_t length) {
 }
 
 // --- Mouse
-// -----------------------------------------------------------------------------------------------------------
 
 Rect Desk::reach(std::int32_t row, std::int32_t col) const {
     const kxGrid& grid = *station().address;

@@ -89,7 +89,6 @@ FocusPlace Desk::focusOwner() const {
 }
 
 // --- Platform
-// --------------------------------------------------------------------------------------------------------
 
 const TextMetrics& Desk::textMetrics() const {
     return TextMetrics::fixed();
@@ -115,17 +114,6 @@ std::optional<std::string> Desk::askText(const InputBox& box) {
     return answer;
 }
 
-namespace {
-
-template <class Dialog>
-void work(Form& form, const std::function<void(Dialog&)>& script, const std::function<void()>& shown) {
-    Dialog dialog(form);
-    shown();
-    // The script may give the desk another one.
-    if (const auto own = script) own(dialog);
-}
-}  // namespace
-
 MenuChoice Desk::popUp(const Menu& menu, const Rect& anchor) {
     Call call(*this);
     records_->lastMenu = menu;
@@ -140,18 +128,9 @@ void Desk::waitCursor(bool on) {
 
 void Desk::showForm(Form& form, const Rect& anchor) {
     Call call(*this);
-    const Records& r = *records_;
-    const auto shown = [&] {
+    records_->handsFor(form).work(form, [&] {
         records_->dialogs.push_back({form.name(), form.ScaleWidth(), form.ScaleHeight(), anchor});
-    };
-    if (form.name() == "XT_TybmczFrm" && r.lookupScript)
-        work(form, r.lookupScript, shown);
-    else if (form.name() == "XT_calendar" && r.calendarScript)
-        work(form, r.calendarScript, shown);
-    else if (form.name() == "XT_Const" && r.constantScript)
-        work(form, r.constantScript, shown);
-    else
-        work(form, r.formScript, shown);
+    });
 }
 
 void Desk::clipboardText(std::string_view text) {
@@ -161,7 +140,6 @@ void Desk::clipboardText(std::string_view text) {
 void Desk::processPendingInput() {}
 
 // --- Records
-// ---------------------------------------------------------------------------------------------------------
 
 const std::vector<MessageBox>& Desk::messages() const {
     return records_->messages;
@@ -200,22 +178,22 @@ int Desk::waits() const {
 }
 
 Desk& Desk::onDialog(std::function<void(LookupDialog&)> script) {
-    records_->lookupScript = std::move(script);
+    records_->handsAt<LookupDialog>().script = std::move(script);
     return *this;
 }
 
 Desk& Desk::onDialog(std::function<void(CalendarDialog&)> script) {
-    records_->calendarScript = std::move(script);
+    records_->handsAt<CalendarDialog>().script = std::move(script);
     return *this;
 }
 
 Desk& Desk::onDialog(std::function<void(ConstantDialog&)> script) {
-    records_->constantScript = std::move(script);
+    records_->handsAt<ConstantDialog>().script = std::move(script);
     return *this;
 }
 
 Desk& Desk::onDialog(std::function<void(FormDialog&)> script) {
-    records_->formScript = std::move(script);
+    records_->anyHands.script = std::move(script);
     return *this;
 }
 

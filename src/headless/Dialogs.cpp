@@ -107,7 +107,6 @@ void DialogBase::idle() {
 }
 
 // --- The dialogs
-// ---------------------------------------------------------------------------------------------------------
 
 FormControl& FormDialog::reach(const char* what, std::string_view name,
                                std::initializer_list<const char*> types) {

@@ -1,6 +1,8 @@
 // One control on a desk: the control, the text box that stands for its editor, its focus.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -31,7 +33,42 @@ struct Desk::Station {
     }
 };
 
+/// Who works a form: the script that a test gave for its kind.
+struct Desk::Hands {
+    virtual ~Hands() = default;
+    virtual bool there() const = 0;
+    /// `shown` is told when the form has been loaded.
+    virtual void work(Form& form, const std::function<void()>& shown) const = 0;
+};
+
+template <class Dialog>
+struct Desk::HandsAt : Hands {
+    std::function<void(Dialog&)> script;
+
+    bool there() const override { return script != nullptr; }
+    void work(Form& form, const std::function<void()>& shown) const override {
+        Dialog dialog(form);
+        shown();
+        // The script may give the desk another one.
+        if (const auto own = script) own(dialog);
+    }
+};
+
 struct Desk::Records {
+    /// Those for the forms of a dialog's name, which stay once they have been asked for.
+    template <class Dialog>
+    HandsAt<Dialog>& handsAt() {
+        std::unique_ptr<Hands>& known = hands[Dialog::FormName];
+        if (!known) known = std::make_unique<HandsAt<Dialog>>();
+        return static_cast<HandsAt<Dialog>&>(*known);
+    }
+    /// Those for a form.
+    const Hands& handsFor(const Form& form) const {
+        const auto own = hands.find(form.name());
+        if (own != hands.end() && own->second->there()) return *own->second;
+        return anyHands;
+    }
+
     std::vector<MessageBox> messages;
     std::vector<InputBox> inputBoxes;
     std::vector<std::string> tips;
@@ -40,10 +77,8 @@ struct Desk::Records {
     std::optional<Menu> lastMenu;
     int waits = 0;
     std::vector<ShownDialog> dialogs;
-    std::function<void(LookupDialog&)> lookupScript;
-    std::function<void(CalendarDialog&)> calendarScript;
-    std::function<void(ConstantDialog&)> constantScript;
-    std::function<void(FormDialog&)> formScript;
+    std::map<std::string, std::unique_ptr<Hands>> hands;  ///< for the forms of these names
+    HandsAt<FormDialog> anyHands;                         ///< for all others
     std::vector<std::string> reports;
     std::string clipboard;
     std::int32_t width = 9000;  ///< of a control that is placed

@@ -68,7 +68,7 @@ Scale Stage::scale() const {
     return Scale(widget_);
 }
 
-// --- The way in -----------------------------------------------------------------------------------------
+// --- The way in
 
 QString Stage::failureOf(const std::function<void()>& work) {
     try {
@@ -131,7 +131,7 @@ bool Stage::readsDigits() {
     return currentType() == flexDTDouble || currentType() == flexDTDate;
 }
 
-// --- What the control asks for --------------------------------------------------------------------------
+// --- What the control asks for
 
 void Stage::giveFocus(FocusPlace place) {
     switch (place) {
@@ -199,7 +199,7 @@ void Stage::settingChanged(std::string_view name) {
     Q_EMIT widget_.settingChanged(toQt(name));
 }
 
-// --- Focus ----------------------------------------------------------------------------------------------
+// --- Focus
 
 bool Stage::owns(const QWidget* widget) const {
     return widget != nullptr && (widget == &widget_ || widget_.isAncestorOf(widget));
@@ -275,7 +275,7 @@ void Stage::keepFocusFrom(const QWidget& box) {
     if (holder == &box) view_->setFocus(Qt::OtherFocusReason);
 }
 
-// --- Keys and wheel -------------------------------------------------------------------------------------
+// --- Keys and wheel
 
 void Stage::keyUp(const QKeyEvent& event) {
     if (event.isAutoRepeat() || box_->composing()) return;
@@ -298,7 +298,7 @@ void Stage::paste() {
     giveFocus(FocusPlace::Editor);
 }
 
-// --- Input method ---------------------------------------------------------------------------------------
+// --- Input method
 
 void Stage::composing(bool underway) {
     guarded([&](Input& input) { input.composing(underway); });
@@ -343,7 +343,7 @@ void Stage::endComposition() {
     if (machine->stage != nullptr) composingOnGrid_ = false;
 }
 
-// --- Look -----------------------------------------------------------------------------------------------
+// --- Look
 
 void Stage::fitRows() {
     const std::int32_t needed = machine_->platform.metrics().rowHeight();

@@ -108,7 +108,6 @@ void kxGridWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 // --- The stored settings
-// -------------------------------------------------------------------------------------------------------
 
 bool kxGridWidget::truth(std::string_view setting) const {
     return parts_->setting(setting).toBoolean();

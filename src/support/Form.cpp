@@ -29,7 +29,6 @@ FormControl& Form::control(std::string_view name) const {
 }
 
 // --- The machine
-// ---------------------------------------------------------------------------------------------------------
 
 void Form::open(FormWindow& window) {
     window_ = &window;
@@ -55,7 +54,6 @@ void Form::closed() {
 }
 
 // --- The clerk
-// -----------------------------------------------------------------------------------------------------------
 
 void Form::press(FormControl& button) {
     if (button.visible && button.enabled) pressed(button);
@@ -112,7 +110,6 @@ bool Form::key(FormControl& focused, std::int16_t code, std::int16_t shift) {
 }
 
 // --- The form's own
-// ------------------------------------------------------------------------------------------------------
 
 FormControl& Form::add(std::string_view typeName, std::string_view name, std::string_view caption,
                        Rect place) {

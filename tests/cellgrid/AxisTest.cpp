@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "Dice.h"
+#include "kit/Dice.h"
 
 namespace kxVsGrid::cellgrid {
 namespace {
@@ -137,7 +137,7 @@ class RandomAxis : public ::testing::Test {
         ASSERT_EQ(axis.shownBefore(0), -1);
     }
 
-    test::Dice dice;
+    kit::Dice dice;
     Axis axis{300};
     AxisTwin twin;
 };
@@ -210,7 +210,7 @@ class RandomRuns : public ::testing::Test {
         if (twin.size() < Compared) twin.resize(Compared);
     }
 
-    test::Dice dice;
+    kit::Dice dice;
     SparseRuns<int> runs;
     std::vector<int> twin = std::vector<int>(Compared);
 };

@@ -1,10 +1,8 @@
 // Frames of random grids, compared with what a look at every single cell says.
 #include <gtest/gtest.h>
 
-#include <iostream>
-#include <random>
-
 #include "cellgrid/FrameReader.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid {
 namespace {
@@ -13,7 +11,7 @@ using Kind = FrameItem::Kind;
 
 class RandomlyDrawnGrid : public CellGrid {
   public:
-    explicit RandomlyDrawnGrid(std::uint32_t seed) : engine_(seed) {
+    explicit RandomlyDrawnGrid(kit::Random& random) : random_(random) {
         Rows(1 + upTo(40));
         Cols(1 + upTo(12));
         FixedRows(upTo(std::min(3, Rows())));
@@ -43,7 +41,7 @@ class RandomlyDrawnGrid : public CellGrid {
     }
 
     std::int32_t upTo(std::int32_t largest) {
-        return std::uniform_int_distribution<std::int32_t>(0, std::max(largest, 0))(engine_);
+        return static_cast<std::int32_t>(random_.between(0, std::max(largest, 0)));
     }
 
     FrameState state() {
@@ -81,7 +79,7 @@ class RandomlyDrawnGrid : public CellGrid {
     }
 
   private:
-    std::mt19937 engine_;
+    kit::Random& random_;
 };
 
 void checkCell(const RandomlyDrawnGrid& grid, const FrameReader& frame, const FrameState& state,
@@ -102,11 +100,10 @@ void checkCell(const RandomlyDrawnGrid& grid, const FrameReader& frame, const Fr
 }
 
 TEST(Frame, AgreesWithALookAtEveryCellOfRandomGrids) {
-    const std::uint32_t seed = std::random_device{}();
-    std::cout << "seed " << seed << "\n";
+    kit::Random random;
     for (std::uint32_t round = 0; round < 300 && !testing::Test::HasFailure(); ++round) {
-        SCOPED_TRACE("seed " + std::to_string(seed) + ", round " + std::to_string(round));
-        RandomlyDrawnGrid grid(seed + round);
+        SCOPED_TRACE("round " + std::to_string(round));
+        RandomlyDrawnGrid grid(random);
         const FrameState state = grid.state();
         const FrameReader frame(grid, state);
         for (std::int32_t row = 0; row < grid.Rows(); ++row)

@@ -7,25 +7,14 @@
 #include <string>
 
 #include "MoveLog.h"
+#include "kit/Life.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid {
 namespace {
 
-using Work = std::function<void()>;
-
-struct End {
-    const char* name;
-    std::function<void(CellGrid&, Work)> listen;
-    std::function<void(CellGrid&)> act;
-    std::function<void(CellGrid&)> before = [](CellGrid&) {};
-    friend std::ostream& operator<<(std::ostream& out, const End& end) { return out << end.name; }
-};
-
-template <class... Args>
-std::function<void(CellGrid&, Work)> to(Event<Args...> CellGrid::*event) {
-    return [event](CellGrid& grid, Work work) { (grid.*event).connect([work](Args...) { work(); }); };
-}
+using kit::to;
+using End = kit::End<CellGrid, CellGrid>;
 
 void select(CellGrid& grid) {
     grid.Select(60, 4);
@@ -97,7 +86,7 @@ TEST_P(GridThatGoes, TellsNobodyElse) {
     CellGrid& grid = *owner;
     grid.Rows(101);
     grid.Resize(5300, 3255);
-    GetParam().before(grid);
+    GetParam().prepare(grid);
     int later = 0;
     test::MoveLog log(grid);
     GetParam().listen(grid, [&] {

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-#include "Dice.h"
+#include "kit/Dice.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid {
@@ -328,7 +328,7 @@ TEST_F(View, FindsTheEdgeOfAColumnInTheFixedRowsAlone) {
 }
 
 TEST_F(View, AgreesWithSteppingRowByRowUnderRandomHeights) {
-    test::Dice dice;
+    kit::Dice dice;
     for (std::int32_t row = 0; row < 101; ++row) {
         grid.RowHeight(row, 50 * dice.between(0, 30));
         grid.RowHidden(row, dice.oneIn(5));

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "Dice.h"
+#include "kit/Dice.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid {
@@ -73,7 +73,7 @@ class RandomRowIds : public ::testing::Test {
         for (const RowId id : gone) ASSERT_EQ(ids.rowOf(id), -1);
     }
 
-    test::Dice dice;
+    kit::Dice dice;
     RowIds ids;
     Rows rows;
     std::vector<RowId> gone;

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "Dice.h"
+#include "kit/Dice.h"
 
 namespace kxVsGrid::cellgrid {
 namespace {
@@ -77,7 +77,7 @@ class RandomRowOrder : public ::testing::Test {
         ASSERT_EQ(order.written(), static_cast<std::int32_t>(expected.size()));
     }
 
-    test::Dice dice;
+    kit::Dice dice;
     RowOrder order;
     RowOrderTwin twin;
 };

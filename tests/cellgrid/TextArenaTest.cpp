@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "Dice.h"
+#include "kit/Dice.h"
 
 namespace kxVsGrid::cellgrid {
 namespace {
@@ -18,7 +18,7 @@ std::string textOf(const TextArena& arena, TextSlot s) {
 }
 
 TEST(TextArena, AgreesWithPlainStringsUnderRandomStoresAndReleases) {
-    test::Dice dice;
+    kit::Dice dice;
     TextArena arena;
     std::vector<std::pair<TextSlot, std::string>> twin;
     for (int operation = 0; operation < 100'000; ++operation) {

@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "Dice.h"
 #include "TwinGrid.h"
+#include "kit/Dice.h"
 #include "kxVsGrid/CellGrid.h"
 #include "support/Numbers.h"
 
@@ -213,7 +213,7 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
         }
     }
 
-    test::Dice dice;
+    kit::Dice dice;
     CellGrid grid;
     test::TwinGrid twin;
     RowId lastId = RowId::None;

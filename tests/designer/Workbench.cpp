@@ -176,7 +176,7 @@ void Workbench::settle() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-// --- At the page ----------------------------------------------------------------------------------------
+// --- At the page
 
 void press(QDialog& page, const char* button) {
     QTest::mouseClick(&part<QPushButton>(page, button), Qt::LeftButton);

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 #include "kit/PrintTo.h"
 #include "kxVsGrid/HelpExchange.h"
 #include "kxVsGrid/HelpTable.h"

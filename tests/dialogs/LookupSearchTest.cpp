@@ -5,7 +5,7 @@
 #include "dialogs/Definitions.h"
 #include "dialogs/HelpTest.h"
 #include "dialogs/LookupForm.h"
-#include "support/Random.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -287,7 +287,7 @@ std::optional<Cell> slowly(const CellGrid& grid, const std::vector<std::int32_t>
 
 class RandomList {
   public:
-    explicit RandomList(test::Random& random) : random_(random) {
+    explicit RandomList(kit::Random& random) : random_(random) {
         const auto alphabets = std::to_array<std::vector<std::string>>(
             {{"a", "b"}, {"a", "A", "1", " "}, {"货", "物", "a"}, {std::string(1, '\0'), "a"}, {"x"}});
         alphabet_ = alphabets[static_cast<std::size_t>(random.between(0, 4))];
@@ -302,7 +302,7 @@ class RandomList {
     }
 
   private:
-    test::Random& random_;
+    kit::Random& random_;
     std::vector<std::string> alphabet_;
     std::string prefix_;
 };
@@ -311,7 +311,7 @@ TEST(RandomLookupSearch, FindsWhatLookingAtEveryCellFindsBeforeWhileAndAfterTheI
     constexpr int Lists = 600;
     constexpr int TextsPerStage = 20;
     static constexpr const char* Fields[] = {"f0", "f1", "f2", "f3"};
-    test::Random random;
+    kit::Random random;
     for (int i = 0; i < Lists; ++i) {
         RandomList texts(random);
         std::vector<std::vector<Variant>> rows(static_cast<std::size_t>(random.between(1, 40)));

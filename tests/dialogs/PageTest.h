@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "grid/GridFixture.h"
+#include "kit/PlacedGrid.h"
 #include "kxVsGrid/ControlPage.h"
 #include "kxVsGrid/GridColumns.h"
 #include "kxVsGrid/headless/Dialogs.h"

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "support/Random.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid::dialogs {
 namespace {
@@ -104,7 +104,7 @@ TEST(PrefixIndex, FindsTheLastTextOfTheOrderToo) {
 /// Texts in which much is alike.
 class RandomTexts {
   public:
-    explicit RandomTexts(test::Random& random) : random_(random) {
+    explicit RandomTexts(kit::Random& random) : random_(random) {
         static const auto alphabets = std::to_array<Texts>({{"a", "b"},
                                                             {"a", "A", "1", " "},
                                                             {"货", "物", "a"},
@@ -124,7 +124,7 @@ class RandomTexts {
             text += (*alphabet_)[static_cast<std::size_t>(random_.between(0, std::ssize(*alphabet_) - 1))];
         return text;
     }
-    test::Random& random_;
+    kit::Random& random_;
     const Texts* alphabet_;
     std::string common_;
 };
@@ -139,7 +139,7 @@ void findAll(const PrefixIndex& index, const Texts& texts, RandomTexts& source, 
 
 TEST(PrefixIndex, FindsWhatLookingAtEveryTextFindsInRandomTables) {
     constexpr int Tables = 3000;
-    test::Random random;
+    kit::Random random;
     for (int i = 0; i < Tables && !::testing::Test::HasFatalFailure(); ++i) {
         RandomTexts source(random);
         Texts texts(static_cast<std::size_t>(random.between(0, random.oneIn(20) ? 500 : 40)));
@@ -153,7 +153,7 @@ TEST(PrefixIndex, FindsWhatLookingAtEveryTextFindsInRandomTables) {
 
 TEST(PrefixIndex, FindsTheSameBetweenTheSlicesOfALongBuild) {
     constexpr int Rows = 60'000;
-    test::Random random;
+    kit::Random random;
     for (int i = 0; i < 3 && !::testing::Test::HasFatalFailure(); ++i) {
         RandomTexts source(random);
         Texts texts(Rows);

@@ -1,5 +1,5 @@
 // Boolean cells have no editor: a key or a double click toggles them between the texts -1 and 0.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

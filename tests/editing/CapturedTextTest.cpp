@@ -1,6 +1,6 @@
 // Which text counts as the one that a cell had on entry: a commit and a default text make it anew, a write of
 // the host does not.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,6 +1,5 @@
 // A clerk at columns whose typed texts are checked: column 2 takes codes, the columns 3, 4 and 5 the three
-// date forms. The desk also keeps the order of what it was asked to show, and lets things happen while a box
-// is open.
+// date forms.
 #pragma once
 
 #include <cstddef>
@@ -12,75 +11,14 @@
 #include <utility>
 #include <vector>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 #include "kit/PrintTo.h"
+#include "kit/WatchedDesk.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::testing {
 
 using Boxes = std::vector<MessageBox>;
-
-inline std::string placeName(FocusPlace place) {
-    constexpr const char* Names[] = {"elsewhere", "the surface", "the grid", "the editor", "the help button"};
-    return Names[static_cast<std::size_t>(place)];
-}
-
-class WatchedDesk : public headless::Desk {
-  public:
-    /// Boxes, what the editor showed, and where the keyboard was sent, in order.
-    Lines takeSteps() { return std::exchange(*steps_, {}); }
-    /// Done once, while the next box is in front of the clerk.
-    std::function<void()> whileTheBoxIsOpen;
-
-    std::unique_ptr<Seat> seat(kxGrid& control) override {
-        return std::make_unique<WatchedSeat>(headless::Desk::seat(control), steps_);
-    }
-    void showMessage(const MessageBox& box) override {
-        steps_->push_back("box: " + box.text);
-        headless::Desk::showMessage(box);
-        if (const auto act = std::exchange(whileTheBoxIsOpen, nullptr)) act();
-    }
-
-  private:
-    // The seats go with the desk's own part, after this one.
-    using Steps = std::shared_ptr<Lines>;
-
-    class WatchedSeat : public Seat {
-      public:
-        WatchedSeat(std::unique_ptr<Seat> seat, Steps steps)
-            : seat_(std::move(seat)), steps_(std::move(steps)) {}
-
-        void giveFocus(FocusPlace place) override {
-            steps_->push_back("keyboard to " + placeName(place));
-            seat_->giveFocus(place);
-        }
-        void leaveControl(bool forward) override { seat_->leaveControl(forward); }
-        void showEditor(const EditorView& editor) override {
-            const std::string shown = describe(editor);
-            if (shown != shown_) steps_->push_back(shown);
-            shown_ = shown;
-            seat_->showEditor(editor);
-        }
-        void typeIntoEditor(std::string_view character) override { seat_->typeIntoEditor(character); }
-        void layoutChanged() override { seat_->layoutChanged(); }
-        Rect onScreen(const Rect& place) const override { return seat_->onScreen(place); }
-        void settingChanged(std::string_view name) override { seat_->settingChanged(name); }
-        std::unique_ptr<WheelHook> wheelHook() override { return seat_->wheelHook(); }
-
-      private:
-        static std::string describe(const EditorView& editor) {
-            if (!editor.visible) return "editor hidden";
-            return "editor: " + editor.text + ", selected from " + std::to_string(editor.selStart) + ", " +
-                   std::to_string(editor.selLength) + " long" + (editor.refused ? ", refused" : "");
-        }
-
-        std::unique_ptr<Seat> seat_;
-        Steps steps_;
-        std::string shown_;
-    };
-
-    Steps steps_ = std::make_shared<Lines>();
-};
 
 class CheckTest : public ClerkAt<WatchedDesk> {
   protected:
@@ -104,15 +42,6 @@ class CheckTest : public ClerkAt<WatchedDesk> {
     void judge(std::int32_t col, gEmJudgeType type) {
         column(col).i有效性判断(1);
         column(col).i字段有效性判断类型(type);
-    }
-    /// The host knows the codes that begin with A.
-    void knowCodes() {
-        grid.TxtValidBmS.connect([](const std::string&, const std::string&, const std::string&,
-                                    const std::string& typed, std::string& code, std::string& name) {
-            if (!typed.starts_with("A")) return;
-            code = typed;
-            name = "货 " + typed;
-        });
     }
     /// The host answers every question so.
     Connection answer(std::string code, std::string name) {

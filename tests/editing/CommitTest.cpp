@@ -1,6 +1,6 @@
 // The commit writes the editor back into the cell: what becomes of the text by the column's type, in which
 // order things happen, and what a refusal leaves behind.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,6 +1,6 @@
 // An input method at work: composing opens the editor, keys wait until it is done, and what was composed is
 // committed once.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

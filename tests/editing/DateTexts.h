@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "support/Random.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid::testing {
 
 class DateTexts {
   public:
-    explicit DateTexts(test::Random& random) : random_(random) {}
+    explicit DateTexts(kit::Random& random) : random_(random) {}
 
     std::string next() {
         switch (random_.between(0, 15)) {
@@ -132,6 +132,6 @@ class DateTexts {
         return random_.oneIn(2) ? text : text + likely();
     }
 
-    test::Random& random_;
+    kit::Random& random_;
 };
 }  // namespace kxVsGrid::testing

@@ -1,6 +1,6 @@
 // Keys in the open editor: which of them commit, where the current cell goes, and which stay with the text
 // box.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

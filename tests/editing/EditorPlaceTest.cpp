@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

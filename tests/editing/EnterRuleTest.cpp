@@ -1,7 +1,7 @@
 // Where Enter goes from a column: the next editable cell, the row below, or a target that the column names.
 #include <initializer_list>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

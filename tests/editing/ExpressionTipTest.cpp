@@ -1,5 +1,5 @@
 // A refused expression says why and where, in a tip at the editor.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

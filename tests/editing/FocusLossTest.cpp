@@ -1,5 +1,5 @@
 // The keyboard goes to another control of the window while the editor is open: the text is committed.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,5 +1,5 @@
 // Rows and columns come and go under an open editor: it follows its cell, or goes with it.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

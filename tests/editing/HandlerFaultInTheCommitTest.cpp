@@ -2,7 +2,7 @@
 // what the clerk does next starts from there.
 #include <stdexcept>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,5 +1,5 @@
 // The help button leaves the text the room that it needs: beside it in a wide cell, outside a narrow one.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -2,7 +2,7 @@
 #include <functional>
 #include <stdexcept>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

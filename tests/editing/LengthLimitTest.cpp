@@ -1,5 +1,5 @@
 // The length limit of a column: it stops typing, and nothing else.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

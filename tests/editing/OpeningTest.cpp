@@ -1,5 +1,5 @@
 // The editor opens over the current cell: what it shows, where, and what has to hold before it does.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

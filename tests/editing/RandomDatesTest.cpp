@@ -2,14 +2,13 @@
 // second time unchanged; what is refused leaves the cell as it was, with one message.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <optional>
 #include <string>
 
 #include "editing/CheckTest.h"
 #include "editing/DateOracle.h"
 #include "editing/DateTexts.h"
-#include "support/Random.h"
+#include "kit/Random.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::testing {
@@ -119,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Of, RandomDates, ::testing::ValuesIn(Forms),
 
 TEST_P(RandomDates, AreStoredInTheirFormOrRefusedWithOneMessage) {
     // The same texts every time, unless another seed is asked for.
-    test::Random random = std::getenv("KX_TEST_SEED") ? test::Random() : test::Random(20110203);
+    kit::Random random(20110203);
     DateTexts texts(random);
     int accepted = 0;
     for (int i = 0; i < Texts && !HasFailure(); ++i) {

@@ -2,7 +2,7 @@
 // the grid gets it, and only Esc, code that moves the current cell, or the end of its cell close it.
 #include <utility>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,6 +1,6 @@
 // A text that the check of its column has refused is not checked again until the clerk changes it, unless
 // something other than Enter or a loss of the focus asks for it.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -12,12 +12,7 @@ class RefusedText : public ClerkTest {
         column(2).i有效性判断(1);
         column(2).i字段有效性判断类型(ij编码型);
         column(2).s错误提示信息("没有此编码");
-        grid.TxtValidBmS.connect([](const std::string&, const std::string&, const std::string&,
-                                    const std::string& typed, std::string& code, std::string& name) {
-            if (!typed.starts_with("A")) return;
-            code = typed;
-            name = "货 " + typed;
-        });
+        knowCodes();
     }
     void refuse() {
         openAt(2, 2);

@@ -1,6 +1,6 @@
 // Tab and Shift+Tab: commit, then the next or previous editable cell; past the ends the keyboard leaves the
 // control.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,5 +1,5 @@
 // ValidTextData: the rules that a value must not be empty or zero, then the commit.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
-#include <random>
 #include <string>
 #include <vector>
 
-#include "grid/GridFixture.h"
+#include "kit/PlacedGrid.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -29,7 +29,7 @@ std::string plain(double value, bool allDecimals) {
 
 class RandomTotals : public PlacedGrid, public ::testing::WithParamInterface<unsigned> {
   protected:
-    RandomTotals() : dice(GetParam()) {
+    RandomTotals() : dice(0, GetParam()) {
         for (std::int32_t col = First; col <= Last; ++col) summed(col);
         grid.SumRow(true);
         redraw(true);
@@ -37,7 +37,7 @@ class RandomTotals : public PlacedGrid, public ::testing::WithParamInterface<uns
     }
 
     std::int32_t roll(std::int32_t from, std::int32_t to) {
-        return std::uniform_int_distribution<std::int32_t>(from, to)(dice);
+        return static_cast<std::int32_t>(dice.between(from, to));
     }
     std::int32_t anyRow() { return roll(0, vs().Rows() - 1); }
     std::int32_t anyCol() { return roll(First, Last); }
@@ -145,7 +145,7 @@ class RandomTotals : public PlacedGrid, public ::testing::WithParamInterface<uns
         }
     }
     void work(bool definitionsToo) {
-        std::string story = "seed " + std::to_string(GetParam());
+        std::string story = "seed " + std::to_string(dice.seed());
         for (int i = 0; i < 200; ++i) {
             story += '\n' + step(definitionsToo);
             if (roll(0, 3) != 0) continue;
@@ -155,7 +155,7 @@ class RandomTotals : public PlacedGrid, public ::testing::WithParamInterface<uns
         EXPECT_EQ(boxes(), Nothing);
     }
 
-    std::mt19937 dice;
+    kit::Random dice;
     std::vector<std::optional<double>> totals = std::vector<std::optional<double>>(10);
 };
 

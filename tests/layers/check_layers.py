@@ -7,7 +7,8 @@ Paths that the documents for developers name have to be there, too.
 
 The rules: includes point down the layers only; the core includes its own headers and the standard library
 alone, and of that nothing with threads or files, nor what g++ 12 lacks; the collaborators behind the control do
-not know the control; every public header says first what it is for.
+not know the control; no product includes the machine without a window; every public header says first what it
+is for.
 """
 
 import pathlib
@@ -72,6 +73,9 @@ for thread_header in (
 # They get references to what stands below them; only grid/ itself wires them to the control.
 COLLABORATORS = {"grid/input"}
 
+# The machine without a window: no product stands on it.
+FOR_TESTS = ("include/kxVsGrid/headless/", "src/headless/")
+
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:<([^>]+)>|"([^"]+)")')
 ROW_OF_LAYER = {layer: row for row, layers in enumerate(ROWS) for layer in layers}
 
@@ -131,6 +135,8 @@ def violations_of_line(tree, path, layer, name, quoted):
     target_layer = layer_of(target)
     if target_layer in ROW_OF_LAYER and not may_include(layer, target_layer):
         yield f"{layer} includes {name} of {target_layer}, against the arrow"
+    elif layer != "headless" and target.startswith(FOR_TESTS):
+        yield f"{layer} includes {name}, which is there for tests"
     if layer in COLLABORATORS and target in ("include/kxVsGrid/kxGrid.h", "include/kxVsGrid/kxVsGrid.h"):
         yield f"a collaborator includes {name}"
     if path.startswith("include/") and target.startswith("src/"):

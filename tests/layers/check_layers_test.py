@@ -107,6 +107,11 @@ class CheckLayers(unittest.TestCase):
             {"src/headless/Desk.h": "", "src/qt/View.cpp": '#include "headless/Desk.h"\n'}, "against the arrow"
         )
 
+    def test_keeps_the_machine_for_tests_out_of_products(self):
+        self.refuses(
+            {"src/headless/Desk.h": "", "src/qt/designer/Sample.cpp": '#include "headless/Desk.h"\n'}, "is there for tests"
+        )
+
     def test_fails_as_a_program_when_there_is_a_violation_or_nothing_to_check(self):
         with tempfile.TemporaryDirectory() as folder:
             self.assertEqual(check_layers.main(folder), 1)

@@ -214,7 +214,7 @@ TEST_F(ColumnPage, ShowsASelectionOnlyWhereTheKeyboardIs) {
     });
 }
 
-// --- Pictures, kept beside the build for people to look at ----------------------------------------------
+// --- Pictures, kept beside the build for people to look at
 
 TEST_F(ColumnPage, IsShownWholeInLightAndDark) {
     for (const bool dark : {false, true}) {

@@ -1,39 +1,16 @@
 // A host's handler deletes the widget, in a call of the host's own or in an event of Qt's.
 #include <QPointer>
-#include <functional>
-#include <ostream>
 
+#include "kit/Life.h"
 #include "qt/Window.h"
 
 namespace kxVsGrid::qt::testing {
 namespace {
 
-using Work = std::function<void()>;
-
-struct End {
-    const char* name;
-    std::function<void(kxGrid&, Work)> listen;
-    std::function<void(Window&)> act;
-    std::function<void(Window&)> before = [](Window& w) { w.focusCell(1, Code); };
-    friend std::ostream& operator<<(std::ostream& out, const End& end) { return out << end.name; }
-};
-
-template <class... Args>
-std::function<void(kxGrid&, Work)> to(Event<Args...> GridEvents::*event) {
-    return [event](kxGrid& grid, Work work) { (grid.*event).connect([work](Args...) { work(); }); };
-}
-template <class... Args>
-std::function<void(kxGrid&, Work)> toEngine(Event<Args...> CellGrid::*event) {
-    return [event](kxGrid& grid, Work work) { (grid.Grid().*event).connect([work](Args...) { work(); }); };
-}
-std::function<void(kxGrid&, Work)> consenting(Event<std::int32_t, bool&> GridEvents::*event) {
-    return [event](kxGrid& grid, Work work) {
-        (grid.*event).connect([work](std::int32_t, bool& consent) {
-            consent = true;
-            work();
-        });
-    };
-}
+using kit::consenting;
+using kit::to;
+using kit::toEngine;
+using End = kit::End<kxGrid, Window>;
 
 void typed(Window& w) {
     w.focusCell(1, Code);
@@ -116,7 +93,8 @@ class WidgetThatGoes : public ::testing::TestWithParam<End> {};
 
 TEST_P(WidgetThatGoes, TellsNobodyElse) {
     Window w;
-    GetParam().before(w);
+    if (!GetParam().before) w.focusCell(1, Code);
+    GetParam().prepare(w);
     QPointer<kxGridWidget> widget(w.widget);
     int later = 0;
     GetParam().listen(w.grid(), [widget] { delete widget; });

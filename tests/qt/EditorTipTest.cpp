@@ -1,7 +1,4 @@
-// Tips: why an expression was refused, at the editor, and what a fill has left, beside its column.
-#include <QToolTip>
-
-#include "qt/Boxes.h"
+// The tip at the editor: why an expression was refused.
 #include "qt/Menus.h"
 #include "qt/Window.h"
 #include "qt/text/EditorTip.h"

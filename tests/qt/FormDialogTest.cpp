@@ -89,7 +89,7 @@ TEST(FormDialog, ShowsACalendarOfChineseNamesThatStartsOnMonday) {
     });
 }
 
-// --- What the form changes ------------------------------------------------------------------------------
+// --- What the form changes
 
 TEST(FormDialog, FollowsWhatTheFormChanges) {
     AnyForm form;
@@ -172,7 +172,7 @@ TEST(FormDialog, GoesBackToTheMonthOfTheDayThatTheFormChooses) {
     });
 }
 
-// --- What the clerk does --------------------------------------------------------------------------------
+// --- What the clerk does
 
 TEST(FormDialog, TellsWhatIsTypedAndSelected) {
     AnyForm form;
@@ -270,7 +270,7 @@ TEST(FormDialog, HasAMenuInTheControlsOwnWordsOnItsTextBox) {
     });
 }
 
-// --- Look -----------------------------------------------------------------------------------------------
+// --- Look
 
 TEST(FormDialog, WearsTheWindowsPaletteAndTheWidgetsFont) {
     AnyForm form;

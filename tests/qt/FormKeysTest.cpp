@@ -125,7 +125,7 @@ TEST(FormKeys, EntriesOfAnOpenListAreItsOwn) {
     });
 }
 
-// --- Focus ----------------------------------------------------------------------------------------------
+// --- Focus
 
 TEST(FormFocus, IsWhereTheFormPutsItElseWithTheFirstControl) {
     AnyForm first;
@@ -172,7 +172,7 @@ TEST(FormFocus, FollowsTheMouse) {
     });
 }
 
-// --- Input method ---------------------------------------------------------------------------------------
+// --- Input method
 
 TEST(FormComposition, TellsNothingUntilItsTextIsCommitted) {
     AnyForm form;

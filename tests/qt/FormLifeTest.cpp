@@ -95,7 +95,7 @@ void expectThrown(const Way& way) {
 }
 }  // namespace
 
-// --- Throwing -------------------------------------------------------------------------------------------
+// --- Throwing
 
 TEST(FormFailure, ClosesTheWindowAndGoesOnToWhoOpenedIt) {
     for (const Way& way : ways) expectThrown(way);
@@ -140,7 +140,7 @@ TEST(FormFailure, OfTheGridsListenersAndOfIdleTimeIsTheSame) {
     }
 }
 
-// --- Destroying -----------------------------------------------------------------------------------------
+// --- Destroying
 
 TEST(FormLife, EndsWithTheHostsWindow) {
     for (const Way& way : ways) {

@@ -53,7 +53,7 @@ void busyFor(int milliseconds) {
 }
 }  // namespace
 
-// --- Place ----------------------------------------------------------------------------------------------
+// --- Place
 
 TEST(FormWindow, StandsUnderTheCell) {
     EXPECT_EQ(placeFor(cellAt({100, 50, 80, 20})).topLeft(), QPoint(100, 70));
@@ -119,7 +119,7 @@ TEST(FormWindow, BelongsToTheHostsWindowAndIsModal) {
     EXPECT_TRUE(waitUntil([&] { return w.window.isActiveWindow(); }));
 }
 
-// --- Size -----------------------------------------------------------------------------------------------
+// --- Size
 
 TEST(FormWindow, HasTheFormsSizeAndNoLessThanHalfOfIt) {
     AnyForm form;
@@ -197,7 +197,7 @@ TEST(FormWindow, GivesItsGridTheNewSize) {
     });
 }
 
-// --- The end --------------------------------------------------------------------------------------------
+// --- The end
 
 TEST(FormWindow, ClosesByItsFrameWithoutAButton) {
     AnyForm form;
@@ -234,7 +234,7 @@ TEST(FormWindow, IsNotShownForAFormThatClosesAsItLoads) {
     EXPECT_EQ(form.words(), "load, unload");
 }
 
-// --- Idle time ------------------------------------------------------------------------------------------
+// --- Idle time
 
 TEST(FormIdle, RunsSlicesUntilTheyAreDone) {
     AnyForm form;

@@ -207,7 +207,7 @@ TEST(HelpLookup, OpensAgainAsOftenAsItIsAskedFor) {
     w.expectEditing("B0002");
 }
 
-// --- Search ---------------------------------------------------------------------------------------------
+// --- Search
 
 TEST(HelpLookup, SearchesWhatAnInputMethodCommits) {
     HelpWindow w;
@@ -252,7 +252,7 @@ TEST(HelpLookup, StaysLiveWhileItsIndexIsBuilt) {
     w.expectEditing("B9000");
 }
 
-// --- The edit button ------------------------------------------------------------------------------------
+// --- The edit button
 
 TEST(HelpLookup, LetsTheHostEditTheListAndShowsItsAnswer) {
     HelpWindow w;
@@ -309,7 +309,7 @@ TEST(HelpLookup, ReportsAHandlerThatThrowsAndLeavesTheEditor) {
     }
 }
 
-// --- Size and place -------------------------------------------------------------------------------------
+// --- Size and place
 
 TEST(HelpLookup, TakesTheColumnsHelpSize) {
     HelpWindow w;

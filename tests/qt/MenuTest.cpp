@@ -195,12 +195,7 @@ TEST(Menus, ShowTheWaitCursorWhileAColumnIsFilled) {
         const QCursor* cursor = QGuiApplication::overrideCursor();
         if (cursor != nullptr && cursor->shape() == Qt::WaitCursor) ++waiting;
     });
-    Menus menus([](QMenu& menu) {
-        QMenu* fills = item(menu, "填充列").menu();
-        menu.setActiveAction(fills->menuAction());
-        QTest::keyClick(&menu, Qt::Key_Right);
-        QTest::keyClick(fills, Qt::Key_C);
-    });
+    Menus menus(chooseCopies);
     rightClick(w, 1, Quantity);
     EXPECT_EQ(w.text(w.grid().Rows() - 1, Quantity), "1.00");
     EXPECT_GT(waiting, 0);

@@ -54,6 +54,14 @@ inline void chooseByKeys(QMenu& menu, const QString& text) {
     QTest::keyClick(&menu, Qt::Key_Return);
 }
 
+/// Fills the column with copies, by keys.
+inline void chooseCopies(QMenu& menu) {
+    QMenu* fills = item(menu, "填充列").menu();
+    menu.setActiveAction(fills->menuAction());
+    QTest::keyClick(&menu, Qt::Key_Right);
+    QTest::keyClick(fills, Qt::Key_C);
+}
+
 inline void rightClick(Window& w, std::int32_t row, std::int32_t col, Qt::KeyboardModifiers modifiers = {}) {
     QTest::mouseClick(&w.view(), Qt::RightButton, modifiers, w.at(row, col));
 }

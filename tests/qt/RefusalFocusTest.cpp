@@ -8,7 +8,7 @@
 
 namespace kxVsGrid::qt::testing {
 
-// --- To another control of the window -------------------------------------------------------------------
+// --- To another control of the window
 
 TEST(RefusalOnFocusLoss, TakesTheKeyboardBackAndHoldsThePressBack) {
     for (const Release when : releases) {
@@ -214,7 +214,7 @@ TEST(BoxOfTheHosts, DuringAFocusLossLosesNoClick) {
     }
 }
 
-// --- A host that saves ----------------------------------------------------------------------------------
+// --- A host that saves
 
 namespace {
 
@@ -292,7 +292,7 @@ TEST(SaveButton, InTheMenuShowsExactlyOneBox) {
     expectNothingMoved(w);
 }
 
-// --- No loss of the focus -------------------------------------------------------------------------------
+// --- No loss of the focus
 
 TEST(NoFocusLoss, IsASwitchToAnotherWindowAndBack) {
     for (const bool refused : {false, true}) {

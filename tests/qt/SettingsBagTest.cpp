@@ -3,6 +3,7 @@
 
 #include <QTemporaryDir>
 
+#include "kit/KeptFiles.h"
 #include "kxVsGrid/headless/BagRules.h"
 #include "qt/Boxes.h"
 #include "qt/Child.h"
@@ -12,29 +13,10 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-class SettingsBagTest : public ::testing::Test {
+class SettingsBagTest : public kit::KeptFiles {
   protected:
-    QTemporaryDir folder;
     QString path = folder.filePath("user.ini");
 
-    static QByteArray content(const QString& file) {
-        QFile opened(file);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray("cannot be opened");
-    }
-    static void put(const QString& file, const QByteArray& bytes) {
-        QFile opened(file);
-        ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
-        ASSERT_EQ(opened.write(bytes), bytes.size());
-    }
-    template <class Work>
-    static std::string failure(Work work) {
-        try {
-            work();
-        } catch (const BagError& error) {
-            return error.what();
-        }
-        return "nothing";
-    }
     static std::string savingTo(const QString& file) {
         QSettings settings(file, QSettings::IniFormat);
         SettingsBag bag(settings);

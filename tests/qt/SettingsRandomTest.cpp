@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "cellgrid/Dice.h"
+#include "kit/Dice.h"
 #include "kxVsGrid/StoredKeys.h"
 #include "qt/Settings.h"
 #include "qt/Window.h"
@@ -12,7 +12,7 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-using test::Dice;
+using kit::Dice;
 
 std::uint32_t color(Dice& dice) {
     constexpr std::uint32_t System = 0x80000000;

@@ -29,12 +29,7 @@ class BrokenOffFill {
         w.grid().Rows(8);
         w.grid().SetCell(1, Code, "A001");
         w.focusCell(1, Code);
-        Menus menus([](QMenu& menu) {
-            QMenu* fills = item(menu, "填充列").menu();
-            menu.setActiveAction(fills->menuAction());
-            QTest::keyClick(&menu, Qt::Key_Right);
-            QTest::keyClick(fills, Qt::Key_C);
-        });
+        Menus menus(chooseCopies);
         rightClick(w, 1, Code);
         Window::settle();
     }

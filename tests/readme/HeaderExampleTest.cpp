@@ -18,7 +18,7 @@ struct PlaceOfAGrid {
 TEST(HeaderExample, MakesAGridThatAClerkCanKeyInto) {
     kxVsGrid::headless::Desk desk;
     PlaceOfAGrid widget{desk};
-#include "HeaderExample.inc"
+#include "examples/kxGrid.inc"
     EXPECT_EQ(grid.Cols(), 4);
     EXPECT_EQ(grid.ReadCell(0, 3, true), "金额");
     grid.Grid().Select(1, 1);

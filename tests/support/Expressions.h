@@ -3,13 +3,13 @@
 
 #include <string>
 
-#include "support/Random.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid::test {
 
 class Expressions {
   public:
-    explicit Expressions(Random& random) : random_(random) {}
+    explicit Expressions(kit::Random& random) : random_(random) {}
 
     std::string any() {
         if (random_.oneIn(8)) return noise();
@@ -89,7 +89,7 @@ class Expressions {
             text.insert(at, 1, random_.anyOf("0123456789.+-*/^()()()  a,e\t\xE5"));
     }
 
-    Random& random_;
+    kit::Random& random_;
     bool nearTheLimit_ = false;
 };
 }  // namespace kxVsGrid::test

@@ -1,7 +1,6 @@
 // What a property bag must keep to. Hosts run it on bags of their own, in any test runner:
 //
-//     struct MyStore : kxVsGrid::headless::BagStore { ... };
-//     MyStore store;
+//     MyStore store;                                  // a kxVsGrid::headless::BagStore of the host
 //     EXPECT_EQ(kxVsGrid::headless::brokenBagRules(store), std::vector<std::string>{});
 #pragma once
 

@@ -207,6 +207,9 @@ class Desk : public Platform {
 
   private:
     struct Station;
+    struct Hands;
+    template <class Dialog>
+    struct HandsAt;
     struct Records;
     class DeskSeat;
     class Call;

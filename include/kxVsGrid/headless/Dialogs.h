@@ -90,6 +90,7 @@ class FormDialog : public DialogBase {
 /// The pick-list of a code column.
 class LookupDialog : public DialogBase {
   public:
+    static constexpr const char* FormName = "XT_TybmczFrm";
     using DialogBase::DialogBase;
     CellGrid& grid() const { return *control("CzxsGrid").grid; }
     const std::string& CodeText() const { return control("CodeText").text; }
@@ -106,6 +107,7 @@ class LookupDialog : public DialogBase {
 /// The picker of dates and times.
 class CalendarDialog : public DialogBase {
   public:
+    static constexpr const char* FormName = "XT_calendar";
     using DialogBase::DialogBase;
     DateTime day() const { return control("MonthView1").value; }
     void day(std::int32_t year, std::int32_t month, std::int32_t day);
@@ -121,6 +123,7 @@ class CalendarDialog : public DialogBase {
 /// The list of constants.
 class ConstantDialog : public DialogBase {
   public:
+    static constexpr const char* FormName = "XT_Const";
     using DialogBase::DialogBase;
     CellGrid& grid() const { return *control("CzxsGrid").grid; }
     void clickRow(std::int32_t row) { DialogBase::clickRow(control("CzxsGrid"), row); }

@@ -1,10 +1,9 @@
 // A number pattern, read once: "#,##0.00", "0%", "0.00;(0.00);-".
 //
 // A '0' always shows a digit, a '#' only a significant one; a ',' among the digits before the point groups
-// thousands; each '%' multiplies by 100 and is shown; everything else is shown as it is. Sections separated
-// by
-// ';' are for positive, negative and zero; a missing or empty one is the first, with a minus before it for
-// negative numbers. The point is shown when a decimal follows it.
+// thousands; each '%' multiplies by 100 and is shown; everything else is shown as it is. Sections are
+// separated by ';' and stand for positive, negative and zero; a missing or empty one is the first, with a minus
+// before it for negative numbers. The point is shown when a decimal follows it.
 #pragma once
 
 #include <cstddef>

@@ -34,7 +34,6 @@ class Counted {
 }  // namespace
 
 // --- Focus
-// -----------------------------------------------------------------------------------------------------------
 
 void InputRouter::focusMoved(FocusPlace place) {
     const FocusPlace from = place_;
@@ -65,7 +64,6 @@ auto InputRouter::acting(Work work) {
 }
 
 // --- Keys
-// ------------------------------------------------------------------------------------------------------------
 
 bool InputRouter::key(const KeyStroke& stroke) {
     if (composing_) return false;
@@ -120,7 +118,6 @@ void InputRouter::keyUp(std::int16_t code, std::int16_t shift) {
 }
 
 // --- The editor
-// ------------------------------------------------------------------------------------------------------
 
 void InputRouter::edited(std::string_view text, std::size_t selStart, std::size_t selLength) {
     if (!composing_) c_.editor.edited(text, selStart, selLength);
@@ -141,7 +138,6 @@ void InputRouter::composing(bool underway) {
 }
 
 // --- Mouse
-// -----------------------------------------------------------------------------------------------------------
 
 /// A press in the grid commits an open editor first. False when the text is refused, or has been before: the
 /// press is not delivered then, and nothing moves.

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "kxVsGrid/headless/Desk.h"
+#include "grid/Settings.h"
 #include "qt/designer/FormSettings.h"
 #include "qt/settings/PropertyValues.h"
 #include "qt/text/Encoding.h"
@@ -31,16 +31,13 @@ class AskedBag : public MemoryBag {
     std::string asked;
 };
 
-/// The setting that a program cannot load, and what it is told; empty when nothing is wrong with them. A
-/// failed reading stops all saving in the process, until a control is newly placed.
+/// The setting that a program cannot load, and what it is told; empty when nothing is wrong with them. The
+/// designer knows then, and goes on: another grid of the process that could not read its own holds nothing up.
 QString problemOf(const MemoryBag& settings) {
-    headless::Desk desk;
     AskedBag bag(settings);
-    desk.load(bag);
-    if (desk.messages().empty()) return {};
-    const std::string told = desk.messages().front().text;
-    desk.place();
-    return toQt(bag.asked + "\n" + told);
+    const std::string told = kxVsGrid::grid::faultOfReading(bag);
+    kxVsGrid::grid::SettingsLoading::giveUp();
+    return told.empty() ? QString() : toQt(bag.asked + "\n" + told);
 }
 }  // namespace
 

@@ -3,7 +3,7 @@
 #include <QXmlStreamWriter>
 
 #include "kxVsGrid/MemoryBag.h"
-#include "kxVsGrid/headless/Desk.h"
+#include "kxVsGrid/qt/kxGridWidget.h"
 #include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt::designer {
@@ -33,8 +33,8 @@ void describeColumns(kxGrid& grid) {
 
 /// The settings of the sample as a form stores them.
 MemoryBag sampleSettings() {
-    headless::Desk desk;
-    kxGrid& grid = desk.place();
+    kxGridWidget widget;
+    kxGrid& grid = widget.grid();
     grid.Cols(Columns);
     grid.FormatString(
         "行号|<货号      |<品名              |>数量      |>单价      |>金额        |^交货日期    ");

@@ -4,15 +4,15 @@
 #include <QDesignerPropertyEditorInterface>
 #include <algorithm>
 
-#include "kxVsGrid/headless/Desk.h"
+#include "grid/Settings.h"
 #include "qt/designer/FormSettings.h"
 #include "qt/settings/PropertyValues.h"
 
 namespace kxVsGrid::qt::designer {
 
 GridState stateOf(kxGrid& grid) {
-    // While settings could not be read anywhere in the process nothing is written, until a control is placed.
-    headless::Desk().place();
+    // While settings could not be read anywhere in the process nothing is written.
+    kxVsGrid::grid::SettingsLoading::giveUp();
     GridState state;
     grid.WriteProperties(state.settings);
     for (std::int32_t col = 0; col < grid.Cols(); ++col)

@@ -72,7 +72,7 @@ FormDialog::~FormDialog() {
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
-// --- Opening and closing --------------------------------------------------------------------------------
+// --- Opening and closing
 
 void FormDialog::start(Form& form, const Rect& anchor, std::exception_ptr& failure) {
     form_ = &form;
@@ -123,7 +123,7 @@ void runForm(const QWidget* widget, Form& form, const Rect& anchor) {
     if (failure) std::rethrow_exception(failure);
 }
 
-// --- Controls -------------------------------------------------------------------------------------------
+// --- Controls
 
 void FormDialog::build() {
     for (const auto& control : form_->controls()) {
@@ -191,7 +191,7 @@ void FormDialog::placeAll() {
     for (const FormPart& part : parts_) place(part);
 }
 
-// --- Size and place -------------------------------------------------------------------------------------
+// --- Size and place
 
 void FormDialog::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
@@ -251,7 +251,7 @@ void FormDialog::changeEvent(QEvent* event) {
     if (frameOf(*this) != frame_) takePlace(frameOf(*this));
 }
 
-// --- Keys -----------------------------------------------------------------------------------------------
+// --- Keys
 
 bool FormDialog::key(FormControl& focused, const QKeyEvent& event) {
     const KeyStroke stroke = strokeOf(event);
@@ -281,7 +281,7 @@ void FormDialog::keyPressEvent(QKeyEvent* event) {
         key(*part->control, *event);
 }
 
-// --- Idle time ------------------------------------------------------------------------------------------
+// --- Idle time
 
 /// One slice at each turn of the event loop in which nothing else was to be done.
 void FormDialog::runSlice() {

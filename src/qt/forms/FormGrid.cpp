@@ -1,16 +1,10 @@
 #include "qt/forms/FormGrid.h"
 
-#include <QHelpEvent>
 #include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPaintEvent>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "qt/KeyMap.h"
 #include "qt/forms/FormDialog.h"
-#include "qt/text/Encoding.h"
-#include "qt/view/Tips.h"
 
 namespace kxVsGrid::qt {
 namespace {
@@ -28,7 +22,7 @@ FormGrid::FormGrid(FormDialog& dialog, FormControl& control) : QFrame(&dialog), 
 }
 
 FormGridView::FormGridView(FormDialog& dialog, FormControl& control, QWidget* parent)
-    : QWidget(parent),
+    : GridSurface(parent),
       dialog_(dialog),
       control_(control),
       grid_(*control.grid),
@@ -36,10 +30,8 @@ FormGridView::FormGridView(FormDialog& dialog, FormControl& control, QWidget* pa
           dialog_.act([&](Form&) { grid_.ScrollTo(top, left); });
       }) {
     setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent);
-    setMouseTracking(true);
     repaint_.setSingleShot(true);
-    connect(&repaint_, &QTimer::timeout, this, [this] { repaintDamage(); });
+    connect(&repaint_, &QTimer::timeout, this, [this] { followDamage(); });
     grid_.takeDamage();
     grid_.onDamage([this] {
         if (!repaint_.isActive()) repaint_.start(0);
@@ -50,7 +42,7 @@ FormGridView::~FormGridView() {
     grid_.onDamage({});
 }
 
-// --- Look -----------------------------------------------------------------------------------------------
+// --- Look
 
 /// A row that cannot hold its text is made higher, never the text smaller. A current row that is in view
 /// stays there.
@@ -75,19 +67,15 @@ void FormGridView::resizeEvent(QResizeEvent* event) {
     fit();
 }
 
-void FormGridView::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    if (painter_.follow(*this))
-        QMetaObject::invokeMethod(
-            this, [this] { fit(); }, Qt::QueuedConnection);
+void FormGridView::paintGrids(QPainter& painter, const QRegion& region) {
     const QBrush ground = palette().brush(QPalette::Window);
     try {
-        paintParts(painter, event->region(), [&](const QRect& part) {
+        paintParts(painter, region, [&](const QRect& part) {
             painter_.paint(painter, part, grid_, {0, 0, grid_.Width(), grid_.Height()}, {}, frame_);
             painter.fillRect(bars_.corner() & part, ground);
         });
     } catch (...) {
-        painter.fillRect(event->rect(), ground);
+        painter.fillRect(region.boundingRect(), ground);
         fail(std::current_exception());
     }
 }
@@ -99,17 +87,12 @@ void FormGridView::fail(const std::exception_ptr& failure) {
         Qt::QueuedConnection);
 }
 
-void FormGridView::repaintDamage() {
-    const Scale scale(*this);
-    bars_.follow(grid_, scale);
-    const CellGrid::Damage damage = grid_.takeDamage();
-    if (damage.all)
-        update();
-    else if (const QRegion region = pixelsOf(damage, {}, scale); !region.isEmpty())
-        update(region);
+void FormGridView::followDamage() {
+    bars_.follow(grid_, Scale(*this));
+    repaintDamage(grid_.takeDamage(), {});
 }
 
-// --- Keys, mouse and wheel ------------------------------------------------------------------------------
+// --- Keys, mouse and wheel
 
 /// What the form has no use for.
 void FormGridView::keyPressEvent(QKeyEvent* event) {
@@ -119,28 +102,16 @@ void FormGridView::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(used);
 }
 
-GridHit FormGridView::hit(const QPointF& at) const {
-    const Scale scale(*this);
-    return grid_.HitTest(middle(scale, at.x()), middle(scale, at.y()));
-}
-
 void FormGridView::mousePressEvent(QMouseEvent* event) {
-    const Scale scale(*this);
-    const QPointF at = event->position();
-    onRow_ = event->button() == Qt::LeftButton && hit(at).part == GridHit::Part::Cell;
-    dialog_.act([&](Form&) {
-        grid_.mouseDown(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
-                        middle(scale, at.y()));
-    });
+    const Touch touch = touchOf(*event, event->button());
+    onRow_ =
+        event->button() == Qt::LeftButton && hit(grid_, {}, event->position()).part == GridHit::Part::Cell;
+    dialog_.act([&](Form&) { grid_.mouseDown(touch.buttons, touch.shift, touch.x, touch.y); });
 }
 
 void FormGridView::mouseReleaseEvent(QMouseEvent* event) {
-    const Scale scale(*this);
-    const QPointF at = event->position();
-    dialog_.act([&](Form&) {
-        grid_.mouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
-                      middle(scale, at.y()));
-    });
+    const Touch touch = touchOf(*event, event->button());
+    dialog_.act([&](Form&) { grid_.mouseUp(touch.buttons, touch.shift, touch.x, touch.y); });
 }
 
 /// Chooses the row of the first press, also when the grid has scrolled by it.
@@ -150,14 +121,10 @@ void FormGridView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void FormGridView::mouseMoveEvent(QMouseEvent* event) {
-    const Scale scale(*this);
-    const QPointF at = event->position();
+    const Touch touch = touchOf(*event, event->buttons());
     if (event->buttons() == Qt::NoButton)
-        setCursor(hit(at).part == GridHit::Part::ColumnEdge ? Qt::SplitHCursor : Qt::ArrowCursor);
-    dialog_.act([&](Form&) {
-        grid_.mouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), middle(scale, at.x()),
-                        middle(scale, at.y()));
-    });
+        showCursor(hit(grid_, {}, event->position()).part == GridHit::Part::ColumnEdge);
+    dialog_.act([&](Form&) { grid_.mouseMove(touch.buttons, touch.shift, touch.x, touch.y); });
 }
 
 void FormGridView::wheelEvent(QWheelEvent* event) {
@@ -169,14 +136,7 @@ void FormGridView::wheelEvent(QWheelEvent* event) {
     });
 }
 
-bool FormGridView::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-    showWholeText(static_cast<QHelpEvent&>(*event));
-    return true;
-}
-
 void FormGridView::showWholeText(const QHelpEvent& event) {
-    const QString text = toQt(cutText(grid_, hit(event.pos()), metrics_));
-    QToolTip::showText(event.globalPos(), plainTip(text), this);
+    showTip(event, cutText(grid_, hit(grid_, {}, event.pos()), metrics_));
 }
 }  // namespace kxVsGrid::qt

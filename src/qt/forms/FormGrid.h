@@ -7,7 +7,7 @@
 
 #include "kxVsGrid/Form.h"
 #include "kxVsGrid/Frame.h"
-#include "qt/view/GridPainter.h"
+#include "qt/view/GridSurface.h"
 #include "qt/view/QtMetrics.h"
 #include "qt/view/ScrollBars.h"
 #include "qt/view/WheelNotches.h"
@@ -27,16 +27,17 @@ class FormGrid : public QFrame {
     FormControl& control_;
 };
 
-class FormGridView : public QWidget {
+class FormGridView : public GridSurface {
   public:
     FormGridView(FormDialog& dialog, FormControl& control, QWidget* parent);
     ~FormGridView() override;
 
   protected:
-    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void lookChanged() override { fit(); }
+    void paintGrids(QPainter& painter, const QRegion& region) override;
+    void showWholeText(const QHelpEvent& event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -45,18 +46,15 @@ class FormGridView : public QWidget {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    GridHit hit(const QPointF& at) const;
     void fit();
-    void repaintDamage();
+    void followDamage();
     void fail(const std::exception_ptr& failure);
-    void showWholeText(const QHelpEvent& event);
 
     FormDialog& dialog_;
     FormControl& control_;
     CellGrid& grid_;
     QtMetrics metrics_;
     ScrollBars bars_;
-    GridPainter painter_;
     Frame frame_;
     QTimer repaint_;
     WheelNotches notches_;

@@ -1,9 +1,9 @@
 #include "qt/forms/FormTextBox.h"
 
+#include <QPointer>
 #include <limits>
 
 #include "qt/forms/FormDialog.h"
-#include "qt/text/EditMenu.h"
 #include "qt/text/Encoding.h"
 #include "support/FlagSpan.h"
 
@@ -20,10 +20,7 @@ FormTextBox::FormTextBox(FormDialog& dialog, FormControl& control)
 void FormTextBox::mirror() {
     const support::FlagSpan mirroring(mirroring_);
     const QString text = toQt(control_.text);
-    if (text != shown_.text) {
-        composition_.forget();
-        LineBox::setText(text);
-    }
+    if (text != shown_.text) put(text);
     if (!composition_.underway()) showSelection();
 }
 
@@ -38,41 +35,23 @@ void FormTextBox::showSelection() {
     shown_ = state();
 }
 
-// --- What the clerk changes -----------------------------------------------------------------------------
+// --- What the clerk changes
 
-void FormTextBox::clerkActs(bool begins) {
-    acting_ += begins ? 1 : -1;
-    if (acting_ == 0) look();
-}
-
-void FormTextBox::look() {
-    if (mirroring_ || composition_.busy()) return;
-    const BoxState now = state();
-    if (now == shown_) return;
-    const std::string text = now.text == shown_.text ? control_.text : fromQt(now.text);
-    shown_ = now;
-    const std::size_t start = charactersBefore(now.text, now.start, LineEnds::Single);
-    const std::size_t end = charactersBefore(now.text, now.start + now.length, LineEnds::Single);
+bool FormTextBox::tell(const CoreText& told, bool) {
+    const QPointer<FormTextBox> alive(this);
     dialog_.act([&](Form& form) {
-        form.edit(control_, text, static_cast<std::int32_t>(start), static_cast<std::int32_t>(end - start));
+        form.edit(control_, told.text, static_cast<std::int32_t>(told.selStart),
+                  static_cast<std::int32_t>(told.selLength));
     });
+    return !alive.isNull();
 }
 
-bool FormTextBox::keyDown(const QKeyEvent& event) {
-    return composition_.underway() || dialog_.key(control_, event);
+const std::string& FormTextBox::coreText() const {
+    return control_.text;
 }
 
-void FormTextBox::inputMethod(QInputMethodEvent& event) {
-    composition_.apply(*this, event);
-}
-
-bool FormTextBox::committed() {
-    look();
-    return true;
-}
-
-void FormTextBox::endComposition() {
-    composition_.end(*this);
+bool FormTextBox::keyToCore(const QKeyEvent& event) {
+    return dialog_.key(control_, event);
 }
 
 void FormTextBox::focusInEvent(QFocusEvent* event) {
@@ -86,16 +65,11 @@ void FormTextBox::focusLost(const QFocusEvent& event) {
     if (!comesBack && !composition_.underway()) showSelection();
 }
 
-// --- As text boxes of dialogs do ------------------------------------------------------------------------
+// --- As text boxes of dialogs do
 
 bool FormTextBox::leave(bool forward) {
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): in the window's own order, not as an editor does
     return QLineEdit::focusNextPrevChild(forward);
-}
-
-void FormTextBox::menu(const QPoint& place) {
-    endComposition();
-    showEditMenu(*this, *this, place);
 }
 
 void FormTextBox::paintEvent(QPaintEvent* event) {

@@ -6,7 +6,7 @@
 #include <QPointer>
 
 #include "qt/KeyMap.h"
-#include "qt/text/TextBoxes.h"
+#include "qt/text/BoxEvents.h"
 #include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt {

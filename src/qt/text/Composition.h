@@ -6,7 +6,7 @@
 
 #include <QInputMethodEvent>
 
-#include "qt/text/TextBoxes.h"
+#include "qt/text/BoxEvents.h"
 
 namespace kxVsGrid::qt {
 

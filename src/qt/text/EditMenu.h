@@ -3,7 +3,7 @@
 
 #include <QPoint>
 
-#include "qt/text/TextBoxes.h"
+#include "qt/text/BoxEvents.h"
 
 namespace kxVsGrid::qt {
 

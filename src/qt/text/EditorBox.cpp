@@ -5,7 +5,6 @@
 #include "qt/KeyMap.h"
 #include "qt/Stage.h"
 #include "qt/text/BoxParts.h"
-#include "qt/text/EditMenu.h"
 #include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
@@ -19,7 +18,7 @@ EditorBox::EditorBox(Stage& stage, QWidget& parent)
 
 EditorBox::~EditorBox() = default;
 
-// --- Mirroring ------------------------------------------------------------------------------------------
+// --- Mirroring
 
 void EditorBox::choose(bool multiLine) {
     if (multiLine && lines_ == nullptr) {
@@ -79,12 +78,11 @@ void EditorBox::place() {
 
 void EditorBox::mirrorText(const EditorView& view) {
     if (view.text == known_.text) return;
-    composition_.forget();
     const bool carriage = view.multiLine && view.text.find("\r\n") != std::string::npos;
     lineEnds_ = carriage ? LineEnds::CarriageReturnAndLineFeed : LineEnds::Single;
     QString text = toQt(view.text);
     if (carriage) text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    port_->setText(text);
+    put(text);
     shown_ = port_->state();
     known_ = known(shown_);
     known_.text = view.text;
@@ -100,36 +98,9 @@ void EditorBox::mirrorSelection(const EditorView& view) {
     known_.selLength = view.selLength;
 }
 
-// --- What the clerk changes -----------------------------------------------------------------------------
+// --- What the clerk changes
 
-void EditorBox::clerkActs(bool begins) {
-    acting_ += begins ? 1 : -1;
-    if (acting_ == 0) look();
-}
-
-EditorBox::Known EditorBox::known(const BoxState& state) const {
-    QString text = state.text;
-    if (lineEnds_ == LineEnds::CarriageReturnAndLineFeed)
-        text.replace(QLatin1String("\n"), QLatin1String("\r\n"));
-    const std::size_t start = charactersBefore(state.text, state.start, lineEnds_);
-    const std::size_t end = charactersBefore(state.text, state.start + state.length, lineEnds_);
-    return {fromQt(text), start, end - start};
-}
-
-/// Compares the box with what the core knows of it. False when the widget was destroyed meanwhile.
-bool EditorBox::look() {
-    if (mirroring_ || composition_.busy() || !view_.visible) return true;
-    if (port_->state().text != shown_.text) limitTyping(shown_.text);
-    return report();
-}
-
-bool EditorBox::report() {
-    const BoxState now = port_->state();
-    if (now == shown_) return true;
-    const bool sameText = now.text == shown_.text;
-    Known told = known(now);
-    if (sameText) told.text = known_.text;
-    shown_ = now;
+bool EditorBox::tell(const CoreText& told, bool sameText) {
     known_ = told;
     return stage_.guarded([&](Input& input) {
         if (sameText)
@@ -141,7 +112,7 @@ bool EditorBox::report() {
 
 /// Takes back of what was put in whatever exceeds the limit. Texts set by code may be longer; then nothing
 /// can be added.
-void EditorBox::limitTyping(const QString& before) {
+void EditorBox::textChanging(const QString& before) {
     if (view_.limit <= 0) return;
     const QString now = port_->state().text;
     const auto limit = static_cast<std::size_t>(view_.limit);
@@ -170,10 +141,9 @@ void EditorBox::paste() {
     asClerk(*this, port_->widget(), [&] { port_->paste(); });
 }
 
-// --- Keys, focus, menu ----------------------------------------------------------------------------------
+// --- Keys, focus, wheel
 
-bool EditorBox::keyDown(const QKeyEvent& event) {
-    if (composing()) return true;
+bool EditorBox::keyToCore(const QKeyEvent& event) {
     bool used = true;
     const bool alive = stage_.guarded([&](Input& input) { used = input.key(strokeOf(event)); });
     return used || !alive;
@@ -196,35 +166,18 @@ bool EditorBox::leave(bool forward) {
     return true;
 }
 
-void EditorBox::menu(const QPoint& place) {
-    endComposition();
-    showEditMenu(*port_, *this, place);
-}
-
 void EditorBox::wheel(const QWheelEvent& event) {
     stage_.wheel(event);
 }
 
-// --- Input method ---------------------------------------------------------------------------------------
-
-void EditorBox::inputMethod(QInputMethodEvent& event) {
-    compose(event);
-}
+// --- Input method
 
 void EditorBox::compose(QInputMethodEvent& event) {
-    composition_.apply(*port_, event);
+    inputMethod(event);
 }
 
 void EditorBox::composes(bool underway) {
     stage_.composing(underway);
-}
-
-bool EditorBox::committed() {
-    return look() && view_.visible;
-}
-
-void EditorBox::endComposition() {
-    composition_.end(*port_);
 }
 
 QVariant EditorBox::query(Qt::InputMethodQuery query) const {

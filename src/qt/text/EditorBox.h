@@ -1,8 +1,4 @@
-// Mirrors the core's editor in a text box, and reports what the clerk does in it.
-//
-// The core owns text and selection. What it shows is put into the box; only what the clerk changes is
-// reported, so that a text nobody touched keeps its bytes. While an input method composes nothing is
-// reported; the committed text counts as one edit, a dropped one as none.
+// Mirrors the core's editor in a text box of one line or of several, and reports what the clerk does in it.
 #pragma once
 
 #include <QString>
@@ -10,7 +6,7 @@
 #include <optional>
 
 #include "kxVsGrid/Platform.h"
-#include "qt/text/Composition.h"
+#include "qt/text/BoxMirror.h"
 #include "qt/text/Encoding.h"
 #include "qt/text/TextBoxes.h"
 
@@ -18,7 +14,7 @@ namespace kxVsGrid::qt {
 
 class Stage;
 
-class EditorBox : private BoxEvents, private Composition::Listener {
+class EditorBox : private BoxMirror {
   public:
     EditorBox(Stage& stage, QWidget& parent);
     ~EditorBox() override;
@@ -40,26 +36,20 @@ class EditorBox : private BoxEvents, private Composition::Listener {
     // --- Input method, also for the grid, which composes in the box while it keeps the keyboard.
     void compose(QInputMethodEvent& event);
     bool composing() const { return composition_.underway(); }
-    /// Commits what is being composed, exactly once.
-    void endComposition() override;
+    void endComposition() override { BoxMirror::endComposition(); }
     QVariant query(Qt::InputMethodQuery query) const;
 
   private:
-    struct Known {
-        std::string text;
-        std::size_t selStart = 0;
-        std::size_t selLength = 0;
-        friend bool operator==(const Known&, const Known&) = default;
-    };
-
-    bool keyDown(const QKeyEvent& event) override;
+    TextBoxPort& port() override { return *port_; }
+    bool tell(const CoreText& told, bool sameText) override;
+    const std::string& coreText() const override { return known_.text; }
+    bool watching() const override { return view_.visible; }
+    void textChanging(const QString& before) override;
+    bool keyToCore(const QKeyEvent& event) override;
     void keyUp(const QKeyEvent& event) override;
-    void clerkActs(bool begins) override;
-    void inputMethod(QInputMethodEvent& event) override;
     void focusGained() override;
     void focusLost(const QFocusEvent& event) override;
     bool leave(bool forward) override;
-    void menu(const QPoint& place) override;
     void wheel(const QWheelEvent& event) override;
     bool refused() const override { return view_.refused; }
 
@@ -67,23 +57,13 @@ class EditorBox : private BoxEvents, private Composition::Listener {
     void hide();
     void mirrorText(const EditorView& view);
     void mirrorSelection(const EditorView& view);
-    bool look();
-    void limitTyping(const QString& before);
-    Known known(const BoxState& state) const;
-    bool report();
     void composes(bool underway) override;
-    bool committed() override;
 
     Stage& stage_;
     LineBox& line_;
     LinesBox* lines_ = nullptr;  // made when a column first needs it
     TextBoxPort* port_;
     EditorView view_;
-    LineEnds lineEnds_ = LineEnds::Single;
-    BoxState shown_;  ///< of the box, as the core knows it
-    Known known_;     ///< the same in the core's own terms
-    int acting_ = 0;
-    bool mirroring_ = false;
-    Composition composition_{*this};
+    CoreText known_;  ///< what the box shows, in the core's own terms
 };
 }  // namespace kxVsGrid::qt

@@ -5,9 +5,7 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPaintEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <utility>
 
 #include "qt/KeyMap.h"
@@ -17,15 +15,12 @@
 #include "qt/text/BoxParts.h"
 #include "qt/text/Encoding.h"
 #include "qt/view/MousePress.h"
-#include "qt/view/Tips.h"
 
 namespace kxVsGrid::qt {
-GridView::GridView(Stage& stage, QWidget* parent) : QWidget(parent), stage_(stage) {
+GridView::GridView(Stage& stage, QWidget* parent) : GridSurface(parent), stage_(stage) {
     AccessibleGrid::install();  // before anything asks for this view
     setFocusPolicy(Qt::TabFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_InputMethodEnabled);
-    setMouseTracking(true);
     setContextMenuPolicy(Qt::PreventContextMenu);  // the press itself goes to the control
     setAccessibleName(wording::Grid);
 }
@@ -35,25 +30,15 @@ Rect GridView::mainPlace() const {
     return {0, 0, grid.Width(), grid.Height()};
 }
 
-// --- Painting -------------------------------------------------------------------------------------------
+// --- Painting
 
-void GridView::repaintDamage(const CellGrid::Damage& damage, const Rect& origin) {
-    if (damage.all) {
-        update();
-        return;
-    }
-    const QRegion region = pixelsOf(damage, origin, stage_.scale());
-    if (!region.isEmpty()) update(region);
+void GridView::lookChanged() {
+    stage_.lookChanged();
 }
 
-void GridView::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    if (painter_.follow(*this))
-        QMetaObject::invokeMethod(
-            this, [this] { stage_.lookChanged(); }, Qt::QueuedConnection);
+void GridView::paintGrids(QPainter& painter, const QRegion& region) {
     if (!stage_.attempt([this] { stage_.fitRows(); })) return;
     partFailed_ = false;
-    const QRegion& region = event->region();
     paintParts(painter, region, [&](const QRect& part) { paintPart(painter, part); });
     const bool all = region.rectCount() == 1 && region.boundingRect().contains(rect());
     if (!partFailed_ && all) toldFailure_ = false;
@@ -108,7 +93,7 @@ void GridView::paintFailed(const QString& failure) {
         this, [this, failure] { stage_.report(failure); }, Qt::QueuedConnection);
 }
 
-// --- Keys -----------------------------------------------------------------------------------------------
+// --- Keys
 
 bool GridView::event(QEvent* event) {
     switch (event->type()) {
@@ -123,9 +108,6 @@ bool GridView::event(QEvent* event) {
             event->accept();
             return true;
         }
-        case QEvent::ToolTip:
-            stage_.attempt([&] { showWholeText(static_cast<QHelpEvent&>(*event)); });
-            return true;
         case QEvent::KeyPress: {
             auto& key = static_cast<QKeyEvent&>(*event);
             if (!isTab(key)) break;
@@ -139,7 +121,7 @@ bool GridView::event(QEvent* event) {
         default:
             break;
     }
-    return QWidget::event(event);
+    return GridSurface::event(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
@@ -223,7 +205,7 @@ QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
     return QRectF(pixels.left(), pixels.top(), 1, pixels.height());
 }
 
-// --- Mouse ----------------------------------------------------------------------------------------------
+// --- Mouse
 
 void GridView::mousePressEvent(QMouseEvent* event) {
     stage_.endComposition();
@@ -236,12 +218,9 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void GridView::press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told) {
-    const Scale scale = stage_.scale();
-    const QPointF at = event.position();
-    const bool alive = stage_.guarded([&](Input& input) {
-        (input.*told)(buttonsOf(event.button()), shiftOf(event.modifiers()), middle(scale, at.x()),
-                      middle(scale, at.y()));
-    });
+    const Touch touch = touchOf(event, event.button());
+    const bool alive =
+        stage_.guarded([&](Input& input) { (input.*told)(touch.buttons, touch.shift, touch.x, touch.y); });
     if (alive && box) makeUpForRelease(*this, event);
 }
 
@@ -262,38 +241,32 @@ bool GridView::overTotals(const QPointF& at) const {
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
-    const Scale scale = stage_.scale();
-    const QPointF at = event->position();
-    stage_.guarded([&](Input& input) {
-        input.mouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), middle(scale, at.x()),
-                      middle(scale, at.y()));
-    });
+    const Touch touch = touchOf(*event, event->button());
+    stage_.guarded([&](Input& input) { input.mouseUp(touch.buttons, touch.shift, touch.x, touch.y); });
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
-    const Scale scale = stage_.scale();
     const QPointF at = event->position();
-    if (event->buttons() == Qt::NoButton) showCursorFor(*event);
-    stage_.guarded([&](Input& input) {
-        input.mouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), middle(scale, at.x()),
-                        middle(scale, at.y()));
-    });
+    if (event->buttons() == Qt::NoButton)
+        showCursor(!overTotals(at) && hit(stage_.grid().Grid(), {}, at).part == GridHit::Part::ColumnEdge);
+    const Touch touch = touchOf(*event, event->buttons());
+    stage_.guarded([&](Input& input) { input.mouseMove(touch.buttons, touch.shift, touch.x, touch.y); });
 }
 
-/// A text that does not fit its cell is shown in full while the mouse rests on it.
 void GridView::showWholeText(const QHelpEvent& event) {
-    const Scale scale = stage_.scale();
+    stage_.attempt([&] { showTextUnder(event); });
+}
+
+/// A check box has no text to be shown.
+void GridView::showTextUnder(const QHelpEvent& event) {
     const kxGrid& grid = stage_.grid();
-    const std::int32_t x = middle(scale, event.pos().x());
-    const std::int32_t y = middle(scale, event.pos().y());
     const bool totals = overTotals(event.pos());
     const CellGrid& cells = totals ? grid.Grid_Sum() : grid.Grid();
     const Rect origin = totals ? grid.totalRowRect() : Rect{};
-    const GridHit hit = cells.HitTest(x - origin.left, y - origin.top);
+    const GridHit under = hit(cells, origin, event.pos());
     const bool checkBox =
-        !totals && hit.part == GridHit::Part::Cell && cells.ColDataType(hit.col) == flexDTBoolean;
-    const QString text = checkBox ? QString() : toQt(cutText(cells, hit, stage_.metrics()));
-    QToolTip::showText(event.globalPos(), plainTip(text), this);
+        !totals && under.part == GridHit::Part::Cell && cells.ColDataType(under.col) == flexDTBoolean;
+    showTip(event, checkBox ? std::string() : cutText(cells, under, stage_.metrics()));
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {
@@ -301,21 +274,7 @@ void GridView::wheelEvent(QWheelEvent* event) {
     stage_.wheel(*event);
 }
 
-void GridView::showCursorFor(const QMouseEvent& event) {
-    const Scale scale = stage_.scale();
-    const std::int32_t x = middle(scale, event.position().x());
-    const std::int32_t y = middle(scale, event.position().y());
-    const GridHit hit = stage_.grid().Grid().HitTest(x, y);
-    const bool edge = !overTotals(event.position()) && hit.part == GridHit::Part::ColumnEdge;
-    if (edge == splitCursor_) return;
-    splitCursor_ = edge;
-    if (edge)
-        setCursor(Qt::SplitHCursor);
-    else
-        unsetCursor();
-}
-
-// --- Focus ----------------------------------------------------------------------------------------------
+// --- Focus
 
 void GridView::focusInEvent(QFocusEvent*) {
     stage_.focusEntered(FocusPlace::Grid);

@@ -3,19 +3,16 @@
 // itself.
 #pragma once
 
-#include <QHelpEvent>
-#include <QWidget>
-
 #include "kxVsGrid/Frame.h"
 #include "kxVsGrid/Platform.h"
-#include "qt/view/GridPainter.h"
+#include "qt/view/GridSurface.h"
 #include "qt/view/MousePress.h"
 
 namespace kxVsGrid::qt {
 
 class Stage;
 
-class GridView : public QWidget {
+class GridView : public GridSurface {
   public:
     GridView(Stage& stage, QWidget* parent);
 
@@ -23,8 +20,6 @@ class GridView : public QWidget {
     /// Where the main grid is painted: at the very edge, like the total row, so that their columns meet. The
     /// twip that the layout leaves free is no pixel on any screen.
     Rect mainPlace() const;
-    /// Asks for a paint of what has been damaged of one of the grids, whose view starts at `origin`.
-    void repaintDamage(const CellGrid::Damage& damage, const Rect& origin);
     /// Moves the keyboard to the control after (or before) the grid in the window.
     bool leave(bool forward);
 
@@ -32,7 +27,9 @@ class GridView : public QWidget {
 
   protected:
     bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void lookChanged() override;
+    void paintGrids(QPainter& painter, const QRegion& region) override;
+    void showWholeText(const QHelpEvent& event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -55,18 +52,15 @@ class GridView : public QWidget {
     void press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told);
     bool takesKeyboard(const QPointF& at);
     bool overTotals(const QPointF& at) const;
-    void showWholeText(const QHelpEvent& event);
-    void showCursorFor(const QMouseEvent& event);
+    void showTextUnder(const QHelpEvent& event);
     bool copyOrPaste(const QKeyEvent& event);
     static bool cutsByDelete(const QKeyEvent& event);
     void typeFurther(const QString& text);
     QVariant boxQuery(Qt::InputMethodQuery query) const;
 
     Stage& stage_;
-    GridPainter painter_;
     Frame mainFrame_;
     Frame totalFrame_;
-    bool splitCursor_ = false;
     bool partFailed_ = false;   // of what is being painted
     bool toldFailure_ = false;  // that painting fails, since it last did not
 };

@@ -1,7 +1,7 @@
 // A press on the drawn box of a Boolean cell turns the cell over, where the host wants that.
 #include <algorithm>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

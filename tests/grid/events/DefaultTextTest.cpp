@@ -1,5 +1,5 @@
 // Default texts of an entered row: plain ones, and references to other cells.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,5 +1,5 @@
 // Enter on the grid, with no editor open: it goes to the next editable cell and never adds a row.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

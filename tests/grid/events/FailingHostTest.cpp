@@ -4,7 +4,7 @@
 #include <functional>
 #include <iostream>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -4,7 +4,8 @@
 #include <functional>
 #include <optional>
 
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
+#include "kit/WatchedDesk.h"
 
 namespace kxVsGrid::testing {
 
@@ -29,35 +30,6 @@ inline constexpr const char* Months = "以月填充(&M)";
 inline constexpr const char* Copies = "复制单元格(&C)";
 inline constexpr const char* CopyCell = "复制单元格";
 }  // namespace caption
-
-/// A desk at which a test can look when a question is asked and while the machine works.
-class WatchfulDesk : public headless::Desk {
-  public:
-    std::optional<std::string> askText(const InputBox& box) override {
-        if (whenAsked) whenAsked();
-        return Desk::askText(box);
-    }
-    void waitCursor(bool on) override {
-        working_ += on ? 1 : -1;
-        Desk::waitCursor(on);
-    }
-    void processPendingInput() override {
-        ++looksForInput_;
-        Desk::processPendingInput();
-    }
-    /// The wait cursor is shown.
-    bool working() const { return working_ > 0; }
-    /// Every wait cursor that was shown has gone.
-    bool idle() const { return working_ == 0; }
-    /// How often input that waits was let in.
-    int looksForInput() const { return looksForInput_; }
-
-    std::function<void()> whenAsked;
-
-  private:
-    int working_ = 0;
-    int looksForInput_ = 0;
-};
 
 class MenuTest : public ClerkAt<WatchfulDesk> {
   protected:

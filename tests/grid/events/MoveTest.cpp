@@ -1,5 +1,5 @@
 // Moves of the current cell: what the host hears, in which order, and what a host may do about it.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,5 +1,5 @@
 // The mouse on the grid: presses, double clicks, scrolling, column widths, and the total row that follows.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,6 +1,6 @@
 // The routine behind the row commands: consent, place, colours, copies and default texts, and what the host
 // hears of it.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

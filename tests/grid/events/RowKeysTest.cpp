@@ -1,5 +1,5 @@
 // The Insert and Delete keys: rows are added and removed only with the host's consent.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,5 +1,5 @@
 // Characters and control keys on the closed grid: they open the editor over the current cell.
-#include "grid/events/ClerkTest.h"
+#include "kit/ClerkTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

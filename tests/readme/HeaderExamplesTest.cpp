@@ -1,0 +1,191 @@
+// The examples at the heads of the public headers, as they stand there, each with what it takes for granted.
+#include <gtest/gtest.h>
+
+#include <cassert>
+#include <cstdint>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "kxVsGrid/headless/BagRules.h"
+#include "kxVsGrid/headless/Desk.h"
+#include "kxVsGrid/kxVsGrid.h"
+
+using namespace kxVsGrid;
+
+namespace {
+
+struct PaintedItems {
+    std::size_t count = 0;
+    void draw(const FrameItem&) { ++count; }
+};
+
+struct MyHost {
+    static void attach(kxGrid& grid) { grid.VsCtrl(1)->iType(flexDTDouble); }
+};
+
+/// Keeps a bag for a later run of the program, by keeping it.
+class MyStore : public headless::BagStore {
+  public:
+    std::unique_ptr<PropertyBag> fresh() override { return std::make_unique<MemoryBag>(); }
+    std::unique_ptr<PropertyBag> reopened(std::unique_ptr<PropertyBag> bag) override { return bag; }
+};
+
+class NameForm : public Form {
+  public:
+    NameForm() : Form("Names", "名称", 3000, 2000) {
+        name_ = &add("TextBox", "Name", "", {0, 0, 1000, 300});
+        add("CommandButton", "Ok", "确定", {0, 400, 1000, 300});
+    }
+    std::string told;
+
+  private:
+    void pressed(FormControl&) override {
+        told = name_->text;
+        close();
+    }
+    FormControl* name_;
+};
+
+struct Good {
+    std::string code;
+    std::string name;
+    double price;
+};
+
+std::string exampleText(const std::string& name) {
+    std::ifstream file(KX_EXAMPLES + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+}  // namespace
+
+TEST(HeaderExamples, ThatOfCellGridTellsOfAWrittenCell) {
+    std::vector<std::pair<std::int32_t, std::int32_t>> repainted;
+    const auto repaint = [&](std::int32_t row, std::int32_t col) { repainted.emplace_back(row, col); };
+#include "examples/CellGrid.inc"
+    grid.Text(6, 1, "A002");
+    EXPECT_EQ(grid.Text(5, 1), "A001");
+    EXPECT_EQ(repainted, (std::vector<std::pair<std::int32_t, std::int32_t>>{{6, 1}}));
+}
+
+TEST(HeaderExamples, ThatOfControlPageShowsThePage) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    std::string caption;
+    desk.onDialog([&](headless::FormDialog& dialog) { caption = dialog.form().caption(); });
+    Platform& platform = desk;
+#include "examples/ControlPage.inc"
+    EXPECT_FALSE(caption.empty());
+}
+
+TEST(HeaderExamples, ThatOfEventConsentsToARow) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+#include "examples/Event.inc"
+    bool consent = false;
+    grid.AddVsRow(1, consent);
+    EXPECT_TRUE(consent);
+    const Host host;
+    (void)host;
+}
+
+TEST(HeaderExamples, ThatOfFrameDrawsEveryItem) {
+    const FrameState state;
+    PaintedItems painter;
+    CellGrid grid;
+    grid.Resize(4000, 3000);
+#include "examples/Frame.inc"
+    EXPECT_GT(painter.count, 0U);
+    EXPECT_EQ(painter.count, frame.items.size());
+}
+
+TEST(HeaderExamples, ThatOfHelpTableAnswersTheHelp) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    const std::vector<Good> goods = {{"A001", "六角螺栓", 1.5}, {"A002", "螺母", 0.25}};
+#include "examples/HelpTable.inc"
+    Variant code;
+    Variant info;
+    Variant data;
+    grid.GetHelpCodeInfo(Variant("A0"), code, info, data);
+    ASSERT_NE(data.table(), nullptr);
+    ASSERT_NE(info.table(), nullptr);
+    EXPECT_EQ(info.table()->at(2, HelpPosition::Kind).toInt32(), static_cast<int>(HelpKind::Number));
+}
+
+TEST(HeaderExamples, ThatOfMemoryBagFindsAColumnsName) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    grid.Cols(3);
+    grid.VsCtrl(2)->sName("数量");
+#include "examples/MemoryBag.inc"
+    EXPECT_EQ(bag.find("SetVsControl2")->toText(), "数量");
+}
+
+TEST(HeaderExamples, ThatOfOptionsPutsASwitch) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    ASSERT_FALSE(grid.Options().EscRestores());
+#include "examples/Options.inc"
+    EXPECT_TRUE(grid.Options().EscRestores());
+}
+
+TEST(HeaderExamples, ThatOfStoredKeysListsTheKeysOfAColumn) {
+    testing::internal::CaptureStdout();
+#include "examples/StoredKeys.inc"
+    EXPECT_NE(testing::internal::GetCapturedStdout().find("SetVsControl3bIsEditable\n"), std::string::npos);
+}
+
+TEST(HeaderExamples, ThatOfTextBagIsSuchAText) {
+    const std::string text = exampleText("examples/TextBag.inc");
+    TextBag bag(text);
+    EXPECT_EQ(bag.Read("FormatString", Variant("")).toText(), "行号|<货号    ");
+    EXPECT_TRUE(bag.Read("Editable", Variant(false)).toBoolean());
+    EXPECT_EQ(bag.Read("Cols", Variant(0)).toInt32(), 5);
+}
+
+TEST(HeaderExamples, ThatOfVariantHolds) {
+#include "examples/Variant.inc"
+    EXPECT_EQ(t.table()->at(1, 2).toText(), "A001");
+}
+
+TEST(HeaderExamples, ThatOfCResizeKeepsAFormInProportion) {
+    NameForm form;
+#include "examples/cResize.inc"
+    EXPECT_TRUE(resize.py_bIsCanResize());
+}
+
+TEST(HeaderExamples, ThatOfCVsControlDefinesAColumn) {
+#include "examples/cVsControl.inc"
+    EXPECT_EQ(price->sName(), "单价");
+    EXPECT_EQ(price->iType(), flexDTDouble);
+}
+
+TEST(HeaderExamples, ThatOfBagRulesFindsNoneBroken){
+#include "examples/headless/BagRules.inc"
+}
+
+TEST(HeaderExamples, ThatOfDeskHoldsWhatItAsserts) {
+    MyHost myHost;
+#include "examples/headless/Desk.inc"
+    EXPECT_EQ(grid.ReadCell(1, 1, true), "36");
+}
+
+TEST(HeaderExamples, ThatOfDialogsWorksAForm) {
+    headless::Desk desk;
+#include "examples/headless/Dialogs.inc"
+    NameForm form;
+    EXPECT_THROW(desk.showForm(form, {}), std::logic_error) << "the first script is one for a lookup";
+    desk.showForm(form, {});
+    EXPECT_EQ(form.told, "螺栓");
+}
+
+TEST(HeaderExamples, ThatOfTheEvaluatorEvaluates) {
+#include "examples/mbasTxt.inc"
+    EXPECT_TRUE(right);
+    EXPECT_EQ(value, 40.5);
+}

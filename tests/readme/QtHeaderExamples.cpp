@@ -1,0 +1,37 @@
+// The examples at the heads of the Qt headers, compiled as they stand there.
+#include <QSettings>
+#include <QWidget>
+
+#include "kxVsGrid/kxVsGrid.h"
+#include "kxVsGrid/qt/FileBag.h"
+#include "kxVsGrid/qt/SettingsBag.h"
+#include "kxVsGrid/qt/ShowForm.h"
+#include "kxVsGrid/qt/kxGridWidget.h"
+
+/// A window of a host, in whose members the examples stand.
+class WindowWithAGrid : public QWidget {
+  public:
+    void makeGrid() {
+#include "examples/qt/kxGridWidget.inc"
+    }
+    void keepInAFile() {
+#include "examples/qt/FileBag.inc"
+    }
+    void keepInSettings() {
+#include "examples/qt/SettingsBag.inc"
+    }
+    void showPage() {
+#include "examples/qt/ShowForm.inc"
+    }
+
+  private:
+    kxVsGrid::qt::kxGridWidget* widget = new kxVsGrid::qt::kxGridWidget(this);
+};
+
+/// Makes the compiler look at all of it.
+void useTheExamples(WindowWithAGrid& window) {
+    window.makeGrid();
+    window.keepInAFile();
+    window.keepInSettings();
+    window.showPage();
+}
