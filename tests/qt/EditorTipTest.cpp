@@ -1,5 +1,4 @@
 // The tip at the editor: why an expression was refused.
-#include "qt/Menus.h"
 #include "qt/Window.h"
 #include "qt/text/EditorTip.h"
 
