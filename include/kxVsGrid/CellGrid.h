@@ -32,6 +32,7 @@
 #include <string_view>
 #include <vector>
 
+#include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"
 #include "kxVsGrid/Geometry.h"
@@ -78,6 +79,9 @@ class CellGrid {
     /// Inserts one empty row of default height before `position`; Rows() appends. A current cell at or below
     /// it follows its data, without events.
     void InsertRow(std::int32_t position);
+    /// The same, for a row that was removed and comes back: it is the one that had this id. GridError when
+    /// there is such a row, or never was one.
+    void BringRowBack(std::int32_t position, RowId id);
     /// Removes one row. Removing the current row keeps the index, or takes the new last row; no events.
     void RemoveRow(std::int32_t position);
 
@@ -133,6 +137,13 @@ class CellGrid {
     /// Empties texts and data of all cells of a row range; colours and alignments stay. Raises no
     /// CellChanged.
     void ClearText(std::int32_t firstRow, std::int32_t lastRow);
+
+    using CellVisitor =
+        std::function<void(std::int32_t row, std::int32_t col, std::string_view text, std::string_view data)>;
+    /// Each cell of a row range that has a text or data stored, column by column; it may not write. Takes a
+    /// time that grows with the rows that were ever written to. Computed texts and row numbers are not
+    /// stored.
+    void ForEachCell(std::int32_t firstRow, std::int32_t lastRow, const CellVisitor& visit) const;
 
     /// The cell's text is asked from `compute` at every look, until code writes a text there. Raises no
     /// CellChanged; nothing is stored. The cell takes it along when rows come or go before it, but `compute`
@@ -333,6 +344,13 @@ class CellGrid {
     };
     /// One watcher at a time; nullptr for none. It must outlive the grid or be taken away.
     void watch(Watcher* watcher);
+    /// Tells a listener of every change of the content, from now on and until it is removed.
+    void AddListener(ChangeListener& listener);
+    /// Does nothing for one that does not listen. Allowed while it is being told.
+    void RemoveListener(ChangeListener& listener);
+    /// Tells the listeners of a step of changes, which somebody else keeps track of.
+    void TellStepOpened(std::string_view name, Cause cause);
+    void TellStepClosed(std::string_view name, Cause cause);
     /// Raises nothing any more, for an owner that is destroyed while the grid is still at work.
     void silence();
 

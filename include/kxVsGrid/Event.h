@@ -18,6 +18,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <type_traits>
@@ -149,7 +150,17 @@ class Event {
 
     /// Whatever is raised here is raised as `next` first, which must live at least as long. Costs nothing
     /// while nobody listens there.
-    void passOn(const Event& next) { next_ = &next; }
+    void passOn(Event& next) {
+        next_ = &next;
+        if (heardIn_) next.showIn(*heardIn_);
+    }
+    /// Sets the lowest bit of `word` once raising the event may reach somebody, here or where it is passed
+    /// on: for owners with several to tell, who then look at one word. It must live as long as listeners
+    /// come.
+    void showIn(std::uint32_t& word) {
+        heardIn_ = &word;
+        if (heard()) word |= 1U;
+    }
     /// Ends every listener, and the passing on.
     void disconnectAll() {
         next_ = nullptr;
@@ -168,6 +179,7 @@ class Event {
         auto slot = std::make_unique<Slot>(std::move(listener));
         Connection connection{slot->alive};
         state_->listeners.push_back(std::move(slot));
+        if (heardIn_) *heardIn_ |= 1U;
         return connection;
     }
 
@@ -220,6 +232,7 @@ class Event {
 
     std::unique_ptr<State> state_;
     const Event* next_ = nullptr;
+    std::uint32_t* heardIn_ = nullptr;
     int number_;
 };
 

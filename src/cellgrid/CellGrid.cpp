@@ -2,6 +2,7 @@
 #include "kxVsGrid/CellGrid.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "cellgrid/GridImpl.h"
 #include "support/Numbers.h"
@@ -31,6 +32,26 @@ void CellGrid::silence() {
     end(BeforeRowColChange, LeaveCell, EnterCell, RowColChange, AfterRowColChange, SelChange, CellChanged,
         KeyDown, CharacterTyped, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll,
         AfterUserResize, AfterEdit, SizeChanged, PlacesChanged, RowMoved);
+}
+
+void CellGrid::AddListener(ChangeListener& listener) {
+    impl_->listeners.add(listener);
+    impl_->listening |= Impl::Streamed;
+}
+void CellGrid::RemoveListener(ChangeListener& listener) {
+    impl_->listeners.remove(listener);
+    if (!impl_->listeners.any()) impl_->listening &= ~Impl::Streamed;
+}
+void CellGrid::TellStepOpened(std::string_view name, Cause cause) {
+    impl_->tellStream([&](ChangeListener& one) { one.stepOpened(name, cause); });
+}
+void CellGrid::TellStepClosed(std::string_view name, Cause cause) {
+    impl_->tellStream([&](ChangeListener& one) { one.stepClosed(name, cause); });
+}
+void CellGrid::ForEachCell(std::int32_t firstRow, std::int32_t lastRow, const CellVisitor& visit) const {
+    if (lastRow < firstRow) return;
+    impl_->requireRows("ForEachCell", firstRow, lastRow);
+    impl_->store.forEachCell(firstRow, lastRow - firstRow + 1, visit);
 }
 
 std::int32_t CellGrid::Rows() const {
@@ -70,6 +91,10 @@ void CellGrid::FixedCols(std::int32_t count) {
 }
 void CellGrid::InsertRow(std::int32_t position) {
     held()->insertRow(position);
+}
+void CellGrid::BringRowBack(std::int32_t position, RowId id) {
+    if (id == RowId::None) misuse("BringRowBack", position, "is for no row that went");
+    held()->insertRow(position, id);
 }
 void CellGrid::RemoveRow(std::int32_t position) {
     held()->removeRow(position);
@@ -145,21 +170,17 @@ void CellGrid::ClearText(std::int32_t firstRow, std::int32_t lastRow) {
     if (lastRow < firstRow) return;
     impl_->requireRows("ClearText", firstRow, lastRow);
     impl_->contentWillChange(-1);
+    impl_->tellStream([&](ChangeListener& one) { one.cleared(firstRow, lastRow); });
     impl_->store.clearTexts(firstRow, lastRow - firstRow + 1);
     impl_->damage.addAll();
 }
 
 void CellGrid::ComputedText(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
     impl_->requireCell("ComputedText", row, col);
-    impl_->contentWillChange(col);
-    impl_->store.setComputed(row, col, std::move(compute));
-    impl_->damageCell(row, col);
+    impl_->setComputed(row, col, std::move(compute));
 }
 void CellGrid::NumberRows() {
-    if (FixedCols() == 0) return;
-    impl_->contentWillChange(0);
-    impl_->store.numberRows();
-    impl_->damage.addAll();
+    if (FixedCols() > 0) impl_->numberRows();
 }
 double CellGrid::ColumnSum(std::int32_t col) const {
     impl_->requireCol("ColumnSum", col);
@@ -240,6 +261,7 @@ void CellGrid::ColFormat(std::int32_t col, std::string_view format) {
     if (present ? present->pattern() == format : format.empty()) return;
     impl_->contentWillChange(col);
     impl_->store.setFormat(col, format);
+    impl_->tellShown(col);
     impl_->damage.addAll();
 }
 bool CellGrid::IsFormat(std::string_view format) {

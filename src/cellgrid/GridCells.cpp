@@ -1,5 +1,7 @@
-// Reading and writing cells: the watcher hears first, the picture and CellChanged afterwards, and only of
-// real changes.
+// Reading and writing cells: the watcher hears first, the stream, the picture and CellChanged afterwards, and
+// only of real changes.
+#include <utility>
+
 #include "cellgrid/GridImpl.h"
 
 namespace kxVsGrid {
@@ -8,11 +10,69 @@ using cellgrid::CellStore;
 using Effect = CellStore::Effect;
 
 void CellGrid::Impl::setText(std::int32_t row, std::int32_t col, std::string_view text) {
-    if (watcher) [[unlikely]] {
+    if (listening == 0) [[likely]] {
+        if (store.setText(row, col, text) != Effect::Nothing && !damage.all()) damageCell(row, col);
+        return;
+    }
+    if (watcher) {
         if (store.effectOfText(row, col, text) == Effect::Nothing) return;
         watcher->contentWillChange(col);
     }
-    told(row, col, store.setText(row, col, text));
+    told(row, col, storeText(row, col, text));
+}
+
+Effect CellGrid::Impl::storeText(std::int32_t row, std::int32_t col, std::string_view text,
+                                 CellStore::TextRoom* room) {
+    mayWrite();
+    if ((listening & Streamed) == 0)
+        return room ? store.setText(row, col, text, *room) : store.setText(row, col, text);
+    CellStore::Replaced before(store);
+    const Effect effect =
+        room ? store.setText(row, col, text, *room, &before) : store.setText(row, col, text, before);
+    tellWritten(row, col, effect, before, text);
+    return effect;
+}
+
+void CellGrid::Impl::tellWritten(std::int32_t row, std::int32_t col, Effect effect,
+                                 const CellStore::Replaced& before, std::string_view after) {
+    if (effect == Effect::Shown) tellShown(col);
+    if (effect != Effect::Changed) return;
+    cellgrid::slot::Buffer bytes;
+    const std::string_view old = before.text(bytes);
+    listeners.tell([&](ChangeListener& one) { one.written(row, col, CellPart::Text, old, after); });
+}
+
+bool CellGrid::Impl::storeTag(std::int32_t row, std::int32_t col, std::string_view tag) {
+    mayWrite();
+    if ((listening & Streamed) == 0) return store.setTag(row, col, tag);
+    CellStore::Replaced before(store);
+    if (!store.setTag(row, col, tag, &before)) return false;
+    cellgrid::slot::Buffer bytes;
+    const std::string_view old = before.text(bytes);
+    listeners.tell([&](ChangeListener& one) { one.written(row, col, CellPart::Tag, old, tag); });
+    return true;
+}
+
+void CellGrid::Impl::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
+    contentWillChange(col);
+    CellStore::Replaced before(store);
+    store.setComputed(row, col, std::move(compute), &before);
+    cellgrid::slot::Buffer bytes;
+    const std::string_view old = before.text(bytes);
+    if (!old.empty())
+        tellStream([&](ChangeListener& one) { one.written(row, col, CellPart::Text, old, {}); });
+    tellShown(col);
+    damageCell(row, col);
+}
+
+/// The texts that the numbers take the place of are emptied one by one where somebody wants to know them.
+void CellGrid::Impl::numberRows() {
+    contentWillChange(0);
+    if ((listening & Streamed) != 0)
+        store.forEachDataText(0, [this](std::int32_t row) { storeText(row, 0, {}); });
+    store.numberRows();
+    tellShown(0);
+    damage.addAll();
 }
 
 void CellGrid::Impl::told(std::int32_t row, std::int32_t col, Effect effect) {
@@ -49,14 +109,14 @@ bool CellGrid::Impl::setCellHeard(std::int32_t row, std::int32_t col, std::strin
         if (!holds(row, col)) return false;
         room.take(store, row, col, text);
     }
-    if (store.setTag(row, col, tag)) {
+    if (storeTag(row, col, tag)) {
         grid.CellChanged(row, col);
         if (!there || !holds(row, col)) return false;
         if (watcher && textChanges())
             contentWillChange(col);  // a listener may have asked for a total meanwhile
         if (!holds(row, col)) return false;
     }
-    told(row, col, store.setText(row, col, text, room));
+    told(row, col, storeText(row, col, text, &room));
     return true;
 }
 
@@ -85,20 +145,20 @@ std::string CellGrid::Data(std::int32_t row, std::int32_t col) const {
 
 void CellGrid::Data(std::int32_t row, std::int32_t col, std::string_view data) {
     impl_->requireCell("Data", row, col);
-    if (impl_->store.setTag(row, col, data)) CellChanged(row, col);
+    if (impl_->storeTag(row, col, data)) CellChanged(row, col);
 }
 
 void CellGrid::RestoreData(std::int32_t row, std::int32_t col, std::string_view data) {
     impl_->requireCell("RestoreData", row, col);
-    impl_->store.setTag(row, col, data);
+    impl_->storeTag(row, col, data);
 }
 
 bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data) {
     Impl& impl = *impl_;
     if (!impl.holds(row, col)) return false;
-    if (CellChanged.heard()) [[unlikely]]
+    if ((impl.listening & ~Impl::Watched) != 0) [[unlikely]]
         return held()->setCellHeard(row, col, text, data);
-    if (impl.watcher) return impl.setCellWatched(row, col, text, data);
+    if (impl.listening != 0) return impl.setCellWatched(row, col, text, data);
     const Effect effect = impl.store.setCell(row, col, text, data);
     if (!impl.damage.all() && effect != Effect::Nothing) impl.damageCell(row, col);
     return true;

@@ -3,6 +3,7 @@
 // in which a change touches the parts and raises events.
 #pragma once
 
+#include <cassert>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -11,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "cellgrid/ListenerList.h"
 #include "cellgrid/Misuse.h"
 #include "cellgrid/RowIds.h"
 #include "cellgrid/Viewport.h"
@@ -21,7 +23,30 @@
 namespace kxVsGrid {
 
 struct CellGrid::Impl {
-    Impl(CellGrid& owner, const TextMetrics& textMetrics) : grid(owner), metrics(textMetrics) {}
+    Impl(CellGrid& owner, const TextMetrics& textMetrics) : grid(owner), metrics(textMetrics) {
+        owner.CellChanged.showIn(listening);
+    }
+
+    // --- Who hears of a write.
+    /// The bits of `listening`, which is 0 while nobody does.
+    enum Listening : std::uint32_t { EventHeard = 1, Watched = 2, Streamed = 4 };
+    template <class Tell>
+    void tellStream(Tell tell) {
+        if ((listening & Streamed) != 0) listeners.tell(tell);
+    }
+    /// Those who hear of a change may not make another one.
+    void mayWrite() const { assert(!listeners.telling()); }
+    /// Writes, and tells the stream of it.
+    cellgrid::CellStore::Effect storeText(std::int32_t row, std::int32_t col, std::string_view text,
+                                          cellgrid::CellStore::TextRoom* room = nullptr);
+    bool storeTag(std::int32_t row, std::int32_t col, std::string_view tag);
+    void tellWritten(std::int32_t row, std::int32_t col, cellgrid::CellStore::Effect effect,
+                     const cellgrid::CellStore::Replaced& before, std::string_view after);
+    void numberRows();
+    void setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
+    void tellShown(std::int32_t col) {
+        tellStream([col](ChangeListener& one) { one.shown(col); });
+    }
 
     /// Raises an event of the grid's; none when a listener has destroyed the grid.
     template <class... Args, class... Given>
@@ -36,7 +61,8 @@ struct CellGrid::Impl {
     void setCols(std::int32_t count);
     void setFixedRows(std::int32_t count);
     void setFixedCols(std::int32_t count);
-    void insertRow(std::int32_t position);
+    /// With an id the row is the one that had it, come back.
+    void insertRow(std::int32_t position, RowId id = RowId::None);
     void removeRow(std::int32_t position);
     void setFormatString(std::string_view format);
     void setWidth(std::int32_t col, std::int32_t twips);
@@ -76,6 +102,7 @@ struct CellGrid::Impl {
         if (store.changeStyle(col, row, 1, change)) damageCell(row, col);
     }
     void contentWillChange(std::int32_t col) {
+        mayWrite();
         if (watcher) watcher->contentWillChange(col);
     }
 
@@ -137,6 +164,8 @@ struct CellGrid::Impl {
     std::string formatString;
     std::vector<std::string> samples;  ///< texts that columns are as wide as; as many as were ever needed
     Watcher* watcher = nullptr;
+    cellgrid::ListenerList listeners;
+    std::uint32_t listening = 0;
 
     std::int32_t currentRow = -1;
     std::int32_t currentCol = -1;
@@ -169,7 +198,7 @@ struct CellGrid::Impl {
     bool there = true;  ///< the grid, or somebody to hear of it; what goes on after an event asks
 
   private:
-    void insertRows(std::int32_t position, std::int32_t n);
+    void insertRows(std::int32_t position, std::int32_t n, RowId id = RowId::None);
     void removeRows(std::int32_t position, std::int32_t n);
     void insertCols(std::int32_t n);
     void setFixed(cellgrid::Lane& lane, std::int32_t count);

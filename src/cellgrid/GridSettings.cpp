@@ -238,5 +238,7 @@ void CellGrid::damageCell(std::int32_t row, std::int32_t col) {
 }
 void CellGrid::watch(Watcher* watcher) {
     impl_->watcher = watcher;
+    impl_->listening &= ~Impl::Watched;
+    if (watcher) impl_->listening |= Impl::Watched;
 }
 }  // namespace kxVsGrid

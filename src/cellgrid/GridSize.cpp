@@ -10,7 +10,7 @@ namespace kxVsGrid {
 
 using cellgrid::misuse;
 
-void CellGrid::Impl::insertRows(std::int32_t position, std::int32_t n) {
+void CellGrid::Impl::insertRows(std::int32_t position, std::int32_t n, RowId id) {
     store.insertRows(position, n);
     support::Undo undoStore([&] { store.removeRows(position, n); });
     layout.rows.axis.insert(position, n);
@@ -19,10 +19,14 @@ void CellGrid::Impl::insertRows(std::int32_t position, std::int32_t n) {
     undoAxis.keep();
     undoStore.keep();
     ids.inserted(position, n);
+    if (id != RowId::None) ids.returned(id, position);
     rowsInserted(position, n);
+    tellStream([&](ChangeListener& one) { one.added(position, n); });
 }
 
 void CellGrid::Impl::removeRows(std::int32_t position, std::int32_t n) {
+    store.prepareRemove(position, n);
+    tellStream([&](ChangeListener& one) { one.removing(position, n); });
     store.removeRows(position, n);
     layout.rows.axis.remove(position, n);
     mergedRows.remove(position, n);
@@ -81,6 +85,7 @@ void CellGrid::Impl::setCols(std::int32_t count) {
     if (count == now) return;
     if (count > now) {
         insertCols(count - now);
+        tellStream([](ChangeListener& one) { one.columnsChanged(); });
         return countChanged();
     }
     contentWillChange(-1);
@@ -90,6 +95,7 @@ void CellGrid::Impl::setCols(std::int32_t count) {
     if (samples.size() > static_cast<std::size_t>(count)) samples.resize(static_cast<std::size_t>(count));
     layout.cols.fixed = std::min(layout.cols.fixed, count);
     if (drag.col >= count) drag = {};
+    tellStream([](ChangeListener& one) { one.columnsChanged(); });
     const bool lost = currentCol >= count;
     const std::int32_t oldCol = std::exchange(currentCol, std::min(currentCol, count - 1));
     viewAfterLoss(lost, currentRow, oldCol);
@@ -101,6 +107,7 @@ void CellGrid::Impl::setFixedRows(std::int32_t count) {
     if (count == layout.rows.fixed) return;
     contentWillChange(-1);
     store.setFixedRows(count);
+    tellShown(-1);
     setFixed(layout.rows, count);
 }
 
@@ -111,6 +118,7 @@ void CellGrid::Impl::setFixedCols(std::int32_t count) {
     if (count == 0) {  // what numbered the rows is a column of data now
         contentWillChange(0);
         store.endRowNumbers();
+        tellShown(0);
     }
     setFixed(layout.cols, count);
 }
@@ -129,11 +137,13 @@ void CellGrid::Impl::setFixed(cellgrid::Lane& lane, std::int32_t count) {
     announce(scrolled);
 }
 
-void CellGrid::Impl::insertRow(std::int32_t position) {
+void CellGrid::Impl::insertRow(std::int32_t position, RowId id) {
     if (position < 0 || position > rows()) misuse("InsertRow", position, "is no row, nor the end");
     if (rows() == MaxRows) misuse("InsertRow", position, "would exceed the maximum of Rows");
+    if (id != RowId::None && !ids.prepareReturn(id))
+        misuse("BringRowBack", position, "is for no row that went");
     contentWillChange(-1);
-    insertRows(position, 1);
+    insertRows(position, 1, id);
     if (currentRow < 0) currentRow = layout.rows.fixed;
     const Scroll scrolled = settle();
     tell(&CellGrid::RowMoved, position, true);

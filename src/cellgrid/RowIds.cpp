@@ -30,6 +30,13 @@ std::int32_t RowIds::rowOf(RowId id) const {
     return row;
 }
 
+bool RowIds::prepareReturn(RowId id) {
+    const auto number = static_cast<Number>(id);
+    if (number == None || number >= next_ || rowOf(id) >= 0) return false;
+    obtainPage(number);
+    return true;
+}
+
 void RowIds::inserted(std::int32_t row, std::int32_t n) {
     if (root_ == None) return;
     const auto [before, from] = split(root_, row);

@@ -7,8 +7,8 @@
 //
 // An id is the number of its node, counted up and never given again. Nodes lie in pages by their numbers; a
 // page is given back when all that it was for are gone. The number of a node that is gone therefore stays its
-// own: a row that comes back, as one whose removal is taken back shall, obtains the page of its old number
-// and is linked where it now stands, by the same steps as a row that is asked about for the first time.
+// own: a row that comes back, whose removal is taken back, obtains the page of its old number and is linked
+// where it now stands, by the same steps as a row that is asked about for the first time.
 #pragma once
 
 #include <array>
@@ -25,6 +25,10 @@ class RowIds {
   public:
     /// The row's id, a new one when it has none. When it fails, nothing has changed.
     RowId idOf(std::int32_t row);
+    /// Memory for an id whose row has gone and shall come back; false for what is no such id.
+    bool prepareReturn(RowId id);
+    /// The row, which has no id, is the one of this id again. Cannot fail after prepareReturn.
+    void returned(RowId id, std::int32_t row) { link(static_cast<Number>(id), row); }
     /// RowId::None for a row that nobody asked about.
     RowId known(std::int32_t row) const { return RowId{find(row)}; }
     /// -1 for a row that has gone, and for what is no id.

@@ -39,7 +39,7 @@ OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 # A public header counts with the folder that implements it.
 PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
-    "cellgrid": "CellGrid Frame RowId",
+    "cellgrid": "CellGrid ChangeListener Frame RowId",
     "platform": "Platform",
     "columns": "cVsControl",
     "host": "GridEvents Options",

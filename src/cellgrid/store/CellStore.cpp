@@ -96,11 +96,15 @@ CellStore::Effect CellStore::effectOfText(std::int32_t row, std::int32_t col, st
 }
 
 /// `page` is the handle's.
-inline void CellStore::putTextSlot(GridColumn& c, CellPages::Page& page, RowHandle handle, TextSlot s) {
+inline void CellStore::putTextSlot(GridColumn& c, CellPages::Page& page, RowHandle handle, TextSlot s,
+                                   Replaced* replaced) {
     const TextSlot old = page.get(CellPages::Text, handle);
     c.cells.set(page, CellPages::Text, handle, s);
     if (c.numbers) c.numbers->forget(handle);
-    releaseSlot(old);
+    if (replaced)
+        replaced->slot_ = old;
+    else
+        releaseSlot(old);
 }
 
 /// Where a cell's row and column are stored.
@@ -129,7 +133,7 @@ inline void CellStore::provide(Spot& at, std::int32_t row, CellPages::Kind kind)
 
 /// `ready` is the text's block, should it have one already; what is used of it is taken.
 inline CellStore::Effect CellStore::putText(Spot& at, std::int32_t row, std::int32_t col,
-                                            std::string_view text, TextSlot& ready) {
+                                            std::string_view text, TextSlot& ready, Replaced* replaced) {
     TextSlot fresh = slot::ofShort(text);
     const Effect done = effect(col, at.get(CellPages::Text), fresh, text);
     if (done == Effect::Nothing) return done;
@@ -138,7 +142,7 @@ inline CellStore::Effect CellStore::putText(Spot& at, std::int32_t row, std::int
         fresh = writtenEmpty(col);
     else if (fresh == slot::Empty)
         fresh = ready != slot::Empty ? std::exchange(ready, slot::Empty) : arena_.storeLong(text);
-    putTextSlot(at.column, *at.page, at.handle, fresh);
+    putTextSlot(at.column, *at.page, at.handle, fresh, replaced);
     return done;
 }
 
@@ -149,9 +153,16 @@ CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::st
 }
 
 CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text,
-                                     TextRoom& room) {
+                                     Replaced& replaced) {
     Spot at = spot(row, col);
-    return putText(at, row, col, text, room.slot_);
+    TextSlot none = slot::Empty;
+    return putText(at, row, col, text, none, &replaced);
+}
+
+CellStore::Effect CellStore::setText(std::int32_t row, std::int32_t col, std::string_view text,
+                                     TextRoom& room, Replaced* replaced) {
+    Spot at = spot(row, col);
+    return putText(at, row, col, text, room.slot_, replaced);
 }
 
 void CellStore::TextRoom::take(CellStore& store, std::int32_t row, std::int32_t col, std::string_view text) {
@@ -168,9 +179,12 @@ CellStore::TextRoom::~TextRoom() {
     store_->arena_.release(slot_);
 }
 
-void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute) {
+void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute,
+                            Replaced* replaced) {
     if (!compute) {
-        setText(row, col, {});
+        Spot at = spot(row, col);
+        TextSlot none = slot::Empty;
+        putText(at, row, col, {}, none, replaced);
         return;
     }
     auto computer = std::make_shared<const std::function<std::string()>>(std::move(compute));
@@ -185,7 +199,7 @@ void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<st
     const std::uint32_t number = freeComputed_.back();
     computed_[number] = std::move(computer);
     freeComputed_.pop_back();
-    putTextSlot(at.column, *at.page, at.handle, slot::Computed | number);
+    putTextSlot(at.column, *at.page, at.handle, slot::Computed | number, replaced);
 }
 
 std::string_view CellStore::tag(std::int32_t row, std::int32_t col, Scratch& scratch) const {
@@ -201,18 +215,21 @@ inline bool CellStore::changesTag(TextSlot old, TextSlot fresh, std::string_view
     return !slot::hasBlock(old) || arena_.text(old, buffer) != tag;
 }
 
-inline void CellStore::putTagSlot(Spot& at, TextSlot s) {
+inline void CellStore::putTagSlot(Spot& at, TextSlot s, Replaced* replaced) {
     const TextSlot old = at.get(CellPages::Tag);
     at.column.cells.set(*at.page, CellPages::Tag, at.handle, s);
-    arena_.release(old);
+    if (replaced)
+        replaced->slot_ = old;
+    else
+        arena_.release(old);
 }
 
-bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag) {
+bool CellStore::setTag(std::int32_t row, std::int32_t col, std::string_view tag, Replaced* replaced) {
     Spot at = spot(row, col);
     const TextSlot fresh = slot::ofShort(tag);
     if (!changesTag(at.get(CellPages::Tag), fresh, tag)) return false;
     provide(at, row, CellPages::Tag);
-    putTagSlot(at, fresh == slot::Empty && !tag.empty() ? arena_.storeLong(tag) : fresh);
+    putTagSlot(at, fresh == slot::Empty && !tag.empty() ? arena_.storeLong(tag) : fresh, replaced);
     return true;
 }
 
@@ -254,14 +271,19 @@ void CellStore::clearTexts(std::int32_t row, std::int32_t n) {
     compact();
 }
 
+bool CellStore::writtenInDataRows(std::int32_t col) const {
+    const std::size_t used = column(col).cells.used(CellPages::Text);
+    std::size_t inFixedRows = 0;
+    for (std::int32_t row = 0; row < fixedRows_ && inFixedRows < used; ++row)
+        inFixedRows += textSlot(row, col) != slot::Empty;
+    return inFixedRows < used;
+}
+
 void CellStore::numberRows() {
     numbered_ = true;
     GridColumn& c = column(0);
     c.numbers.reset();
-    std::size_t inFixedRows = 0;
-    for (std::int32_t row = 0; row < fixedRows_ && inFixedRows < c.cells.used(CellPages::Text); ++row)
-        inFixedRows += textSlot(row, 0) != slot::Empty;
-    if (inFixedRows == c.cells.used(CellPages::Text)) return;
+    if (!writtenInDataRows(0)) return;
     order_.forEach(fixedRows_, rows(), [&](std::int32_t, RowHandle handle) {
         if (CellPages::Page* page = c.cells.find(handle)) putTextSlot(c, *page, handle, slot::Empty);
     });

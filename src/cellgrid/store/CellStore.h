@@ -51,6 +51,8 @@ class CellStore {
 
     /// When one of these fails, nothing has changed.
     void insertRows(std::int32_t row, std::int32_t n);
+    /// Takes the memory that removing these rows needs: that then cannot fail.
+    void prepareRemove(std::int32_t row, std::int32_t n) { order_.prepareRemove(row, n); }
     void removeRows(std::int32_t row, std::int32_t n);
     void setCols(std::int32_t count);
     /// Rows below this are fixed: not formatted, not numbered, not summed.
@@ -64,6 +66,25 @@ class CellStore {
     /// What setText would do.
     Effect effectOfText(std::int32_t row, std::int32_t col, std::string_view text) const;
     Effect setText(std::int32_t row, std::int32_t col, std::string_view text);
+    /// What was stored where a write has put something else: kept for those who are told of the write, until
+    /// this goes. Nothing else may be done to the store meanwhile.
+    class Replaced {
+      public:
+        explicit Replaced(CellStore& store) : store_(store) {}
+        ~Replaced() { store_.releaseSlot(slot_); }
+        Replaced(const Replaced&) = delete;
+        Replaced& operator=(const Replaced&) = delete;
+        /// Empty for a text that was computed.
+        std::string_view text(slot::Buffer& buffer) const {
+            return slot::isComputed(slot_) ? std::string_view{} : store_.arena_.text(slot_, buffer);
+        }
+
+      private:
+        friend class CellStore;
+        CellStore& store_;
+        TextSlot slot_ = slot::Empty;
+    };
+    Effect setText(std::int32_t row, std::int32_t col, std::string_view text, Replaced& replaced);
     /// The memory that writing a text takes, taken before something else is done. Written with it the text
     /// cannot fail, unless others took what the cell's page held meanwhile. It must not outlive the store.
     class TextRoom {
@@ -80,12 +101,14 @@ class CellStore {
         TextSlot slot_ = slot::Empty;
     };
     /// setText of the text that `room` was taken for.
-    Effect setText(std::int32_t row, std::int32_t col, std::string_view text, TextRoom& room);
-    void setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
+    Effect setText(std::int32_t row, std::int32_t col, std::string_view text, TextRoom& room,
+                   Replaced* replaced = nullptr);
+    void setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute,
+                     Replaced* replaced = nullptr);
 
     std::string_view tag(std::int32_t row, std::int32_t col, Scratch& scratch) const;
     /// Answers whether the stored tag changed.
-    bool setTag(std::int32_t row, std::int32_t col, std::string_view tag);
+    bool setTag(std::int32_t row, std::int32_t col, std::string_view tag, Replaced* replaced = nullptr);
     /// setTag and setText in one. Answers what became of the text; when it fails, both are the old ones.
     [[gnu::always_inline]] Effect setCell(std::int32_t row, std::int32_t col, std::string_view text,
                                           const std::string_view& tag) {
@@ -104,11 +127,40 @@ class CellStore {
         return Effect::Changed;
     }
 
+    /// visit(row, col, text, tag) for the cells of the rows [row, row + n) that hold one of them, column by
+    /// column. What is computed holds none.
+    template <class Visit>
+    void forEachCell(std::int32_t row, std::int32_t n, Visit visit) const {
+        slot::Buffer textBytes;
+        slot::Buffer tagBytes;
+        for (std::int32_t col = 0; col < cols(); ++col) {
+            const CellPages& cells = column(col).cells;
+            if (cells.unused()) continue;
+            order_.forEach(row, row + n, [&](std::int32_t r, RowHandle handle) {
+                const TextSlot s = cells.get(CellPages::Text, handle);
+                const std::string_view text =
+                    slot::isComputed(s) ? std::string_view{} : arena_.text(s, textBytes);
+                const std::string_view tag = arena_.text(cells.get(CellPages::Tag, handle), tagBytes);
+                if (!text.empty() || !tag.empty()) visit(r, col, text, tag);
+            });
+        }
+    }
+
     /// Empties texts and tags of the rows [row, row + n).
     void clearTexts(std::int32_t row, std::int32_t n);
     /// From now on column 0 answers the numbers of the data rows where no text is stored; those stored in
     /// data rows are dropped.
     void numberRows();
+    /// visit(row) for the data rows whose text in the column was written; it may empty that text.
+    template <class Visit>
+    void forEachDataText(std::int32_t col, Visit visit) const {
+        const CellPages& cells = column(col).cells;
+        if (!writtenInDataRows(col)) return;
+        order_.forEach(fixedRows_, rows(), [&](std::int32_t row, RowHandle handle) {
+            const TextSlot s = cells.get(CellPages::Text, handle);
+            if (s != slot::Empty && s != slot::WrittenEmpty && !slot::isComputed(s)) visit(row);
+        });
+    }
     /// Column 0 answers what was written there again.
     void endRowNumbers();
 
@@ -152,13 +204,15 @@ class CellStore {
     Spot spot(std::int32_t row, std::int32_t col);
     void provide(Spot& at, std::int32_t row, CellPages::Kind kind);
     Effect overwrite(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
-    Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text, TextSlot& ready);
+    Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text, TextSlot& ready,
+                   Replaced* replaced = nullptr);
     bool changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const;
     TextSlot writtenEmpty(std::int32_t col) const {
         return numbered_ && col == 0 ? slot::WrittenEmpty : slot::Empty;
     }
-    void putTagSlot(Spot& at, TextSlot s);
-    void putTextSlot(GridColumn& column, CellPages::Page& page, RowHandle handle, TextSlot s);
+    void putTagSlot(Spot& at, TextSlot s, Replaced* replaced = nullptr);
+    void putTextSlot(GridColumn& column, CellPages::Page& page, RowHandle handle, TextSlot s,
+                     Replaced* replaced = nullptr);
     void releaseSlot(TextSlot s) {
         if (!slot::isShort(s)) releaseLongSlot(s);
     }
@@ -167,6 +221,7 @@ class CellStore {
     static double numberOf(const GridColumn& column, std::string_view text);
     double readNumber(GridColumn& column, RowHandle handle);
     double sumOfRowNumbers() const;
+    bool writtenInDataRows(std::int32_t col) const;
     void compact();
     void pack();
 
