@@ -179,7 +179,6 @@ TEST(HeaderExamples, ThatOfDialogsWorksAForm) {
     headless::Desk desk;
 #include "examples/headless/Dialogs.inc"
     NameForm form;
-    EXPECT_THROW(desk.showForm(form, {}), std::logic_error) << "the first script is one for a lookup";
     desk.showForm(form, {});
     EXPECT_EQ(form.told, "螺栓");
 }
