@@ -1,13 +1,17 @@
 // What becomes of the content of a grid, told in order: who keeps a copy of it, or wants to take a change
 // back, hears of each one here.
 //
-//     class Journal : public kxVsGrid::ChangeListener {
-//         void written(std::int32_t row, std::int32_t col, kxVsGrid::CellPart, std::string_view before,
-//                      std::string_view after) noexcept override;
+//     struct Counter : kxVsGrid::ChangeListener {
+//         int writes = 0;
+//         void written(std::int32_t, std::int32_t, kxVsGrid::CellPart, std::string_view,
+//                      std::string_view) noexcept override {
+//             ++writes;
+//         }
 //     };
-//     grid.AddListener(journal);
-//     ...
-//     grid.RemoveListener(journal);        // before either of them goes
+//     Counter counter;
+//     grid.AddListener(counter);
+//     grid.Text(1, 2, "A001");
+//     grid.RemoveListener(counter);  // before either of them goes
 //
 // A grid tells its listeners before the events of the same write. They may read the grid and ask for row ids,
 // and may not write (debug builds abort). They cannot fail: one that lacks the memory to keep up says so in

@@ -72,6 +72,12 @@ TEST(HeaderExamples, ThatOfCellGridTellsOfAWrittenCell) {
     EXPECT_EQ(repainted, (std::vector<std::pair<std::int32_t, std::int32_t>>{{6, 1}}));
 }
 
+TEST(HeaderExamples, ThatOfChangeListenerCountsAWrite) {
+    CellGrid grid;
+#include "examples/ChangeListener.inc"
+    EXPECT_EQ(counter.writes, 1);
+}
+
 TEST(HeaderExamples, ThatOfControlPageShowsThePage) {
     headless::Desk desk;
     kxGrid& grid = desk.place();
