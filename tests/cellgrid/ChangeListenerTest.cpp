@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "Dice.h"
+#include "kit/Dice.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid {
@@ -155,7 +155,7 @@ class RandomChanges : public ::testing::TestWithParam<bool> {
         }
     }
 
-    test::Dice dice;
+    kit::Dice dice;
     CellGrid grid;
     std::unique_ptr<Copy> copy = std::make_unique<Copy>(grid);
     bool computed = false;  ///< some cells show what is not stored
