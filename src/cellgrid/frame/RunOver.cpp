@@ -32,7 +32,7 @@ class Finder {
     Stretch stretchOf(std::size_t col, std::size_t free) const {
         const Stretch own{col, col};
         const std::int64_t needed =
-            std::int64_t{grid_.Metrics().textWidth(texts_[col])} + 2 * TextMargin + Slack;
+            std::int64_t{grid_.Metrics().textWidth(texts_[col])} + std::int64_t{2} * TextMargin + Slack;
         if (needed <= cols_[col].size) return own;
         const int side = grid_.EffectiveAlignment(row_, cols_[col].index) / 3;
         const bool toLeft = side != 0;
