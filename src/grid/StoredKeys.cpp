@@ -21,6 +21,7 @@ struct PlacedKey {
 std::vector<StoredKey> inOrder(std::vector<PlacedKey> keys) {
     std::ranges::sort(keys, {}, &PlacedKey::place);
     std::vector<StoredKey> ordered;
+    ordered.reserve(keys.size());
     for (PlacedKey& placed : keys) ordered.push_back(std::move(placed.key));
     return ordered;
 }

@@ -92,6 +92,7 @@ const typename Rows::value_type* find(const Rows& rows, std::string_view name) {
 template <class Rows>
 std::vector<Member> membersOf(const Rows& rows) {
     std::vector<Member> members;
+    members.reserve(rows.size());
     for (const auto& row : rows)
         members.push_back(
             {row.name, row.access, row.type, static_cast<int>(members.size()) + 1, row.arguments});
