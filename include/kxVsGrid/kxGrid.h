@@ -28,6 +28,7 @@
 #include <string_view>
 
 #include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/Changes.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/HelpTable.h"
@@ -60,6 +61,17 @@ class kxGrid : public GridEvents {
     /// Switches beyond what is stored; they take effect with the next act of the clerk.
     GridOptions& Options();
     const GridOptions& Options() const;
+
+    // --- The way back (Changes.h).
+    /// What can be undone and redone.
+    kxVsGrid::History& History();
+    /// What the steps have changed.
+    kxVsGrid::Changes& Changes();
+    /// Begins a step of the host's: what is written until it ends is undone at once. The name is for the
+    /// clerk.
+    [[nodiscard]] ChangeStep Step(std::string_view name);
+    /// What is written while it lives is not to be undone, as with texts that follow from others.
+    [[nodiscard]] UnrecordedSpan Unrecorded();
 
     // --- The editor.
     /// Applies the current column's rules and commits an open editor. False when the input is refused.

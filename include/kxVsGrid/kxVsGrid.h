@@ -2,6 +2,8 @@
 #pragma once
 
 #include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/ChangeListener.h"
+#include "kxVsGrid/Changes.h"
 #include "kxVsGrid/ControlPage.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "changes/Steps.h"
 #include "columns/ColumnArray.h"
 #include "host/ControlFlags.h"
 #include "host/Host.h"
@@ -32,6 +33,7 @@ struct ClerkContext {
     const host::Host& host;
     const host::ControlFlags& flags;
     const GridOptions& options;
+    changes::Steps& steps;
     const rows::DefaultedCells& defaulted;
     Platform& platform;
     rows::Rows& rows;

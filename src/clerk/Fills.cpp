@@ -31,13 +31,33 @@ double toPlaces(double value, int places) {
     if (error != std::errc{}) return value;
     return support::leadingNumber({text.data(), static_cast<std::size_t>(end - text.data())});
 }
+
+/// As the clerk reads what was done.
+std::string_view nameOf(Fills::Way way) {
+    switch (way) {
+        case Fills::Series:
+            return "序列填充";
+        case Fills::Days:
+            return "以天数填充";
+        case Fills::Years:
+            return "以年填充";
+        case Fills::Months:
+            return "以月填充";
+        default:
+            return "复制填充";
+    }
+}
 }  // namespace
 
 void Fills::fill(Way way) {
+    if (c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
+    const WaitCursor wait(c_.platform);
+    c_.steps.during(nameOf(way), Cause::Fill, [&] { fillBelow(way); });
+}
+
+void Fills::fillBelow(Way way) {
     const std::int32_t row = c_.grid.Row();
     const std::int32_t col = c_.grid.Col();
-    if (row < 0 || col < 0) return;
-    const WaitCursor wait(c_.platform);
     const std::string tag = c_.owner.readCell(row, col, false);
     const std::string text = c_.owner.readCell(row, col, true);
     switch (way) {

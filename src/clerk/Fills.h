@@ -33,6 +33,7 @@ class Fills {
     void fill(Way way);
 
   private:
+    void fillBelow(Way way);
     using TextAndTag = std::pair<std::string, std::string>;
     static constexpr std::int32_t NoEnd = CellGrid::MaxRows;
 

@@ -214,8 +214,10 @@ void Menus::addSeveral(bool atEnd, bool withDefaults) {
     const double rows = support::roundHalfEven(std::min(asked, MostRows));
     const WaitCursor wait(c_.platform);
     const DrawnOnce drawn(c_.grid);
-    for (double i = 0; i < rows && c_.host.there(); ++i)
-        c_.rows.add(atEnd ? c_.grid.Rows() : c_.grid.Row(), withDefaults, false);
+    c_.steps.during(atEnd ? "新增多行" : "插入多行", Cause::Rows, [&] {
+        for (double i = 0; i < rows && c_.host.there(); ++i)
+            c_.rows.add(atEnd ? c_.grid.Rows() : c_.grid.Row(), withDefaults, false);
+    });
 }
 
 void Menus::copyCell() {

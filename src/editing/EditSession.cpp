@@ -31,8 +31,14 @@ void EditSession::setTag(std::string_view tag) {
 /// Every change re-arms the check, whoever made it.
 void EditSession::textChanged() {
     validLock_ = 0;
+    chosen_ = false;
     tip_.clear();
     if (state_ == State::Refused) state_ = State::Open;
+}
+
+bool EditSession::unchanged() const {
+    return visible() && box_.text() == c_.grid.Text(c_.grid.Row(), c_.grid.Col()) &&
+           box_.tag() == c_.grid.Data(c_.grid.Row(), c_.grid.Col());
 }
 
 // --- Opening
@@ -55,6 +61,7 @@ void EditSession::show(Focus focus) {
     box_.selectAll();
     tip_.clear();
     validLock_ = 0;
+    chosen_ = false;
     state_ = State::Open;
     face_.begin();
     publish();
@@ -65,12 +72,14 @@ void EditSession::show(Focus focus) {
 void EditSession::toggle() {
     const std::int32_t row = c_.grid.Row();
     const std::int32_t col = c_.grid.Col();
-    c_.grid.Text(row, col, gate_.turnedOver(row, col));
-    c_.flags.changed = true;
-    c_.owner.clerkWrote(row, col);
-    c_.owner.recalculate(col);
-    load();
-    c_.host.raise(&GridEvents::AfterEdit, row, col);
+    c_.steps.duringTyped("勾选", Cause::Typed, [&] {
+        c_.grid.Text(row, col, gate_.turnedOver(row, col));
+        c_.flags.changed = true;
+        c_.owner.clerkWrote(row, col);
+        c_.owner.recalculate(col);
+        load();
+        c_.host.raise(&GridEvents::AfterEdit, row, col);
+    });
 }
 
 void EditSession::hide() {
@@ -80,6 +89,7 @@ void EditSession::hide() {
     validLock_ = 0;
     emptied_.reset();
     mirrored_.forget();
+    c_.steps.dropPrelude();
     publish();
     if (!committing_) c_.owner.editorHidden();  // else at its end
 }
@@ -134,9 +144,19 @@ void EditSession::handKeyboardOver() {
     if (state_ == State::Hidden) c_.owner.editorHidden();
 }
 
+/// What the host does in the check belongs to the step; the box that a refusal shows stands after it.
 bool EditSession::attempt() {
     FlagSpan committing(committing_);
-    if (!passesCheck()) return false;
+    std::optional<MessageBox> refusal;
+    bool done = false;
+    c_.steps.duringTyped("录入", chosen_ ? Cause::Help : Cause::Typed,
+                         [&] { done = attemptInStep(refusal); });
+    if (refusal) refuse(*refusal);
+    return done;
+}
+
+bool EditSession::attemptInStep(std::optional<MessageBox>& refusal) {
+    if (!passesCheck(refusal)) return false;
     const FollowedCell cell(c_.grid);
     const std::optional<std::string> text = gate_.stored(cell.col(), box_.text());
     if (!text) {
@@ -150,12 +170,10 @@ bool EditSession::attempt() {
     return true;
 }
 
-bool EditSession::passesCheck() {
+bool EditSession::passesCheck(std::optional<MessageBox>& refusal) {
     const FieldVerdict verdict = gate_.check(c_.grid.Col(), std::string(box_.text()), entered_.entryText());
-    if (verdict.refusal) {
-        refuse(*verdict.refusal);
-        return false;
-    }
+    refusal = verdict.refusal;
+    if (refusal) return false;
     // A host that went elsewhere while it was asked has closed the editor, which cannot open again before the
     // commit ends: there is nothing left to write.
     if (!visible()) return false;
@@ -266,6 +284,7 @@ bool EditSession::passesRule() {
 
 void EditSession::enterCell() {
     hide();  // still shown over a refused text when code moved the cell
+    c_.steps.dropPrelude();
     if (c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
     if (!editedCellIsCurrent()) entered_.capture(c_.grid, c_.grid.Row(), c_.grid.Col());
     load();
@@ -399,5 +418,6 @@ void EditSession::takeChosen(const cVsControl& column) {
     setTag(showsName ? chosen.ReturnCode : chosen.ReturnName);
     box_.selectAll();  // as when the editor opens: Enter takes it, typing replaces it
     publish();
+    chosen_ = true;
 }
 }  // namespace kxVsGrid::editing

@@ -36,6 +36,8 @@ class EditSession {
     /// Open over a cell. A grid that has lost all its cells has nothing to show it over.
     bool visible() const { return state_ != State::Hidden && c_.grid.Row() >= 0 && c_.grid.Col() >= 0; }
     bool committing() const { return committing_; }
+    /// Open, with the text and tag that the cell has.
+    bool unchanged() const;
     /// Open over a text that the last commit has refused, and that has not changed since.
     bool refused() const { return visible() && state_ == State::Refused; }
     /// The field check has refused the present text: only what asks for it checks it once more. An expression
@@ -113,7 +115,8 @@ class EditSession {
     void publish();
 
     bool attempt();
-    bool passesCheck();
+    bool attemptInStep(std::optional<MessageBox>& refusal);
+    bool passesCheck(std::optional<MessageBox>& refusal);
     void refuse(const MessageBox& message);
     void refuseExpression();
     void write(const FollowedCell& cell, const std::string& text);
@@ -135,7 +138,8 @@ class EditSession {
     bool committing_ =
         false;  ///< also when the editor has been hidden meanwhile: nothing else commits or opens
     std::int16_t validLock_ = 0;
-    std::string tip_;  ///< why the expression was refused, while the clerk shall see it
+    bool chosen_ = false;  ///< the text was chosen in a help
+    std::string tip_;      ///< why the expression was refused, while the clerk shall see it
     TextBox box_;
     EnteredCell entered_;
     MirroredCell mirrored_;

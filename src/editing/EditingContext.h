@@ -1,6 +1,7 @@
 // What an editing session works on.
 #pragma once
 
+#include "changes/Steps.h"
 #include "columns/ColumnArray.h"
 #include "editing/EditorOwner.h"
 #include "host/ControlFlags.h"
@@ -19,6 +20,7 @@ struct EditingContext {
     Seat& seat;
     host::ControlFlags& flags;
     const GridOptions& options;
+    changes::Steps& steps;
     EditorOwner& owner;
 
     bool editable() const { return flags.Editable && host.there(); }

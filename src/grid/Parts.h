@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "changes/Steps.h"
 #include "clerk/Menus.h"
 #include "columns/ColumnArray.h"
 #include "editing/EditSession.h"
@@ -27,6 +28,7 @@ namespace kxVsGrid {
 /// Held by every listener and member that goes on after an event, whose listener may destroy the control.
 struct kxGrid::Parts : editing::EditorOwner,
                        clerk::CommandOwner,
+                       changes::StepOwner,
                        std::enable_shared_from_this<kxGrid::Parts> {
     Parts(kxGrid& control, Platform& platform);
     Parts(const Parts&) = delete;
@@ -56,7 +58,8 @@ struct kxGrid::Parts : editing::EditorOwner,
     void recalculate(std::int32_t col) override { totals.recalculate(col); }
     void appendIfLast(std::int32_t row) override { rows.appendIfLast(row); }
     void addRowAtEnd() override {
-        if (host.there()) control.Rows(control.Rows() + 1);
+        if (!host.there()) return;
+        steps.during("新增行", Cause::Rows, [this] { control.Rows(control.Rows() + 1); });
     }
     void editorHidden() override { input.editorHidden(); }
 
@@ -68,7 +71,15 @@ struct kxGrid::Parts : editing::EditorOwner,
         return !host.there() || set(row, col, text, tag);
     }
 
-    // both
+    // StepOwner
+    std::shared_ptr<void> keep() override { return shared_from_this(); }
+    bool mayGoBack() const override { return flags.Editable && host.there(); }
+    bool closeEditor() override;
+    void recalculateAll() override { totals.recalculate(totals::TotalRow::AllColumns); }
+    void show(std::int32_t row, std::int32_t col) override;
+    void contentRestored() override { editor.captureAndLoad(); }
+
+    // the first two
     Rect onScreen(const Rect& place) const override { return seat->onScreen(layout.inControl(place)); }
 
     kxGrid& control;
@@ -76,6 +87,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     Platform& platform;
     CellGrid main;
     CellGrid sums;
+    changes::Steps steps{main, *this};
     columns::ColumnArray columns;
     host::ControlFlags flags;
     GridOptions options;

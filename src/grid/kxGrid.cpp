@@ -2,6 +2,7 @@
 #include "kxVsGrid/kxGrid.h"
 
 #include "columns/EditableColumn.h"
+#include "editing/BringIntoView.h"
 #include "grid/Parts.h"
 #include "support/CurrentError.h"
 
@@ -28,10 +29,10 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       layout(main, sums, totals),
       wheel(main),
       settings(main, sums, columns, flags, totals, layout),
-      editor({main, columns, host, platform, *seat, flags, options, *this}),
-      rows({main, columns, host, flags, options, editor, totals, wheel, defaulted}),
-      menus({main, columns, host, flags, options, defaulted, platform, rows, *this}),
-      inputContext{main, columns, host, flags, options, editor, rows, totals, *seat, platform},
+      editor({main, columns, host, platform, *seat, flags, options, steps, *this}),
+      rows({main, columns, host, flags, options, steps, editor, totals, wheel, defaulted}),
+      menus({main, columns, host, flags, options, steps, defaulted, platform, rows, *this}),
+      inputContext{main, columns, host, flags, options, steps, editor, rows, totals, *seat, platform},
       navigation(inputContext),
       keys(inputContext, menus),
       boxPress(inputContext),
@@ -123,6 +124,26 @@ void kxGrid::Parts::leaveFixedArea() {
     if (input.keyboardInGrid() && !editor.visible()) navigation.leaveFixedArea();
 }
 
+// --- The way back
+// -------------------------------------------------------------------------------------------------------------
+
+/// What was typed and could be stored is stored, to be undone first; a refused expression has been undone
+/// when its number is back.
+bool kxGrid::Parts::closeEditor() {
+    if (editor.committing()) return false;
+    if (editor.visible() && !editor.refused() && !editor.unchanged()) editor.commit();
+    if (!editor.visible()) return true;
+    if (editor.locked()) return false;
+    editor.drop();
+    return true;
+}
+
+void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {
+    if (!host.there() || main.Col() < 0) return;
+    main.Select(row, col < 0 ? main.Col() : col);
+    editing::bringCurrentCellIntoView(main);
+}
+
 void kxGrid::Parts::settleAfterReading() {
     // A failed reading may have ended before the total row was told.
     if (sums.FixedCols() != main.FixedCols()) totals.followFixedCols();
@@ -150,6 +171,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
     const auto kept = held();
     Parts& p = *kept;
     grid::SettingsLoading::setUnderway(true);
+    p.steps.forget();
     try {
         p.settings.read(bag);
         p.wheel.hook(*p.seat);

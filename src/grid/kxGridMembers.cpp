@@ -27,6 +27,22 @@ const GridOptions& kxGrid::Options() const {
     return parts_->options;
 }
 
+kxVsGrid::History& kxGrid::History() {
+    return parts_->steps.history;
+}
+
+kxVsGrid::Changes& kxGrid::Changes() {
+    return parts_->steps.changes;
+}
+
+ChangeStep kxGrid::Step(std::string_view name) {
+    return ChangeStep({parts_, &parts_->steps}, name);
+}
+
+UnrecordedSpan kxGrid::Unrecorded() {
+    return UnrecordedSpan({parts_, &parts_->steps});
+}
+
 bool kxGrid::IsActive() const {
     return parts_->input.active();
 }
@@ -287,6 +303,7 @@ void kxGrid::MergeRow(std::int32_t Row, bool merge) {
 void kxGrid::Clear() {
     const auto kept = held();
     Parts& p = *kept;
+    p.steps.forget();
     p.editor.setText("");
     p.editor.setTag("");
     p.editor.hide();

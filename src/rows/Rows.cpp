@@ -17,16 +17,25 @@ using totals::TotalRow;
 constexpr std::int32_t NewRowHeight = 300;
 /// An emptied grid keeps this many data rows to key into.
 constexpr std::int32_t FewestDataRows = 5;
+
+std::string_view nameOf(bool inside, bool copies) {
+    if (copies) return inside ? "复制插入行" : "复制行";
+    return inside ? "插入行" : "新增行";
+}
 }  // namespace
 
 // --- Coming
 
 void Rows::add(std::int32_t position, bool withDefaults, bool copyData) {
-    CellGrid& grid = c_.grid;
     bool consent = true;
-    c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
+    c_.host.raise(&GridEvents::AddVsRow, c_.grid.Row(), consent);
     if (!consent) return;
+    c_.steps.during(nameOf(position < c_.grid.Rows(), copyData), Cause::Rows,
+                    [&] { addInStep(position, withDefaults, copyData); });
+}
 
+void Rows::addInStep(std::int32_t position, bool withDefaults, bool copyData) {
+    CellGrid& grid = c_.grid;
     support::FlagSpan automatic(AutoDefault_, withDefaults, true);
     const std::int32_t col = grid.Col();
     const std::int32_t current = grid.Row();
@@ -55,11 +64,13 @@ void Rows::append() {
     bool consent = false;
     c_.host.raise(&GridEvents::AddVsRow, grid.Row(), consent);
     if (!consent) return;
-    appendEmpty();
-    const std::int32_t row = grid.Rows() - 1;
-    show(row);
-    if (grid.Col() >= 0) grid.Row(row);
-    grid.NumberRows();
+    c_.steps.during("新增行", Cause::Rows, [&] {
+        appendEmpty();
+        const std::int32_t row = grid.Rows() - 1;
+        show(row);
+        if (grid.Col() >= 0) grid.Row(row);
+        grid.NumberRows();
+    });
 }
 
 void Rows::appendIfLast(std::int32_t row) {
@@ -67,8 +78,11 @@ void Rows::appendIfLast(std::int32_t row) {
     bool consent = false;
     c_.host.raise(&GridEvents::AddVsRow, row, consent);
     if (!consent) return;
-    appendEmpty();
-    c_.grid.NumberRows();
+    c_.steps.during("新增行", Cause::Rows, [&] {
+        appendEmpty();
+        c_.grid.NumberRows();
+    });
+    c_.steps.keepPrelude();
 }
 
 /// A row never goes in between the fixed ones; a host that took rows away meanwhile gets it after the last
@@ -123,7 +137,7 @@ void Rows::empty(const FollowedRow& row) {
 
 void Rows::entered(std::int32_t row) {
     c_.wheel.moved();
-    if (c_.flags.Editable && AutoDefault_ && row > c_.grid.FixedRows()) {
+    if (c_.flags.Editable && AutoDefault_ && !c_.steps.restoring() && row > c_.grid.FixedRows()) {
         const bool currentWritten = fillDefaultTexts(c_.grid, c_.columns, c_.defaulted, follower_, row);
         if (currentWritten) c_.editor.captureAndLoad();  // what was filled in is not checked unchanged
     }
@@ -137,6 +151,11 @@ void Rows::removeCurrent() {
     bool consent = false;
     c_.host.raise(&GridEvents::DeleteVsRow, grid.Row(), consent);
     if (!consent || grid.Rows() <= grid.FixedRows() || grid.Row() < grid.FixedRows()) return;
+    c_.steps.during("删除行", Cause::Rows, [&] { removeInStep(); });
+}
+
+void Rows::removeInStep() {
+    CellGrid& grid = c_.grid;
     // the only data row gives way to the first of those that refill the grid, not to a header
     if (grid.Rows() == grid.FixedRows() + 1) appendEmpty();
     grid.RemoveRow(grid.Row());

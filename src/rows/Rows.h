@@ -35,6 +35,8 @@ class Rows {
     RowFollower& follower() { return follower_; }
 
   private:
+    void addInStep(std::int32_t position, bool withDefaults, bool copyData);
+    void removeInStep();
     std::int32_t insert(std::int32_t position);
     void appendEmpty() { insert(c_.grid.Rows()); }
     void show(std::int32_t row);

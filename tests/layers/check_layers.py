@@ -21,6 +21,7 @@ import sys
 ROWS = [
     ["support"],
     ["cellgrid"],
+    ["changes"],
     ["platform"],
     ["columns"],
     ["host", "totals"],
@@ -40,6 +41,7 @@ OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid ChangeListener Frame RowId",
+    "changes": "Changes",
     "platform": "Platform",
     "columns": "cVsControl",
     "host": "GridEvents Options",

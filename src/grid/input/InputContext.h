@@ -1,6 +1,7 @@
 // What the clerk's keys and presses work on.
 #pragma once
 
+#include "changes/Steps.h"
 #include "columns/ColumnArray.h"
 #include "editing/EditSession.h"
 #include "host/ControlFlags.h"
@@ -19,6 +20,7 @@ struct InputContext {
     const host::Host& host;
     const host::ControlFlags& flags;
     const GridOptions& options;
+    changes::Steps& steps;
     editing::EditSession& editor;
     rows::Rows& rows;
     totals::TotalRow& totals;

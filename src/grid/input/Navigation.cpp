@@ -52,7 +52,7 @@ void Navigation::rowColChange() {
 
 void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                                    std::int32_t newCol) {
-    c_.rows.entered(newRow);
+    c_.steps.during("默认值", Cause::Typed, [&] { c_.rows.entered(newRow); });
     c_.host.raise(&GridEvents::AfterRowColChange, oldRow, oldCol, newRow, newCol);
 }
 

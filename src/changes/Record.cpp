@@ -1,0 +1,129 @@
+#include "changes/Record.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+#include "support/Room.h"
+
+namespace kxVsGrid::changes {
+namespace {
+
+std::size_t bytesOf(const RemovedRows& rows) {
+    std::size_t bytes = sizeof(RemovedRows);
+    for (const KeptRow& row : rows.rows) {
+        bytes += sizeof(KeptRow) + row.cells.capacity() * sizeof(KeptCell);
+        for (const KeptCell& cell : row.cells) bytes += cell.text.size() + cell.tag.size();
+    }
+    return bytes;
+}
+
+/// Cells that have a style of their own; their contents are still to be read.
+std::vector<KeptCell> keepStyles(const CellGrid& grid, std::int32_t row) {
+    std::vector<KeptCell> cells;
+    for (std::int32_t col = 0; col < grid.Cols(); ++col) {
+        KeptCell cell{col,
+                      {},
+                      {},
+                      grid.CellAlignment(row, col),
+                      grid.CellForeColor(row, col),
+                      grid.CellBackColor(row, col)};
+        if (cell.alignment || cell.foreColor || cell.backColor) cells.push_back(std::move(cell));
+    }
+    return cells;
+}
+
+KeptCell& cellOf(KeptRow& row, std::int32_t col) {
+    const auto place = std::lower_bound(row.cells.begin(), row.cells.end(), col,
+                                        [](const KeptCell& cell, std::int32_t c) { return cell.col < c; });
+    if (place != row.cells.end() && place->col == col) return *place;
+    KeptCell fresh;
+    fresh.col = col;
+    return *row.cells.insert(place, std::move(fresh));
+}
+}  // namespace
+
+std::size_t bytesOfRows(std::int32_t count) {
+    return static_cast<std::size_t>(count) * sizeof(KeptRow);
+}
+
+RemovedRows keepRows(CellGrid& grid, std::int32_t at, std::int32_t count) {
+    RemovedRows kept;
+    kept.at = at;
+    if (at > 0) kept.before = grid.IdOf(at - 1);
+    if (at + count < grid.Rows()) kept.after = grid.IdOf(at + count);
+    kept.rows.reserve(static_cast<std::size_t>(count));
+    for (std::int32_t row = at; row < at + count; ++row)
+        kept.rows.push_back({grid.KnownId(row), grid.RowHeight(row), grid.RowHidden(row), grid.MergeRow(row),
+                             keepStyles(grid, row)});
+    grid.ForEachCell(at, at + count - 1,
+                     [&](std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) {
+                         KeptCell& cell = cellOf(kept.rows[static_cast<std::size_t>(row - at)], col);
+                         cell.text = text;
+                         cell.tag = tag;
+                     });
+    return kept;
+}
+
+std::size_t Record::bytes() const {
+    return sizeof(Record) + entries_.capacity() * sizeof(Entry) + texts_.capacity() + rowBytes_;
+}
+
+void Record::write(RowId row, std::int32_t col, CellPart part, std::string_view before) {
+    support::makeRoom(entries_);
+    const std::size_t at = texts_.size();
+    texts_.append(before);
+    entries_.push_back({row, at, static_cast<std::uint32_t>(before.size()), static_cast<std::int16_t>(col),
+                        Entry::Kind::Written, part});
+}
+
+void Record::add(AddedRows rows) {
+    support::makeRoom(entries_);
+    const std::size_t more = sizeof(AddedRows) + rows.ids.size() * sizeof(RowId);
+    added_.push_back(std::move(rows));
+    rowBytes_ += more;
+    entries_.push_back({RowId::None, added_.size() - 1, 0, 0, Entry::Kind::Added, CellPart::Text});
+}
+
+void Record::remove(RemovedRows rows) {
+    support::makeRoom(entries_);
+    const std::size_t more = bytesOf(rows);
+    removed_.push_back(std::move(rows));
+    rowBytes_ += more;
+    entries_.push_back({RowId::None, removed_.size() - 1, 0, 0, Entry::Kind::Removed, CellPart::Text});
+}
+
+void Record::cutAll() noexcept {
+    entries_.clear();
+    texts_.clear();
+    added_.clear();
+    removed_.clear();
+    rowBytes_ = 0;
+}
+
+void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int32_t>& rows,
+                std::vector<std::int32_t>& cols) {
+    std::unordered_set<RowId> ids;
+    std::unordered_set<std::int32_t> written;
+    for (const Record::Entry& entry : record.entries()) {
+        if (entry.kind == Record::Entry::Kind::Added)
+            ids.insert(record.added(entry).ids.begin(), record.added(entry).ids.end());
+        if (entry.kind != Record::Entry::Kind::Written) continue;
+        ids.insert(entry.row);
+        written.insert(entry.col);
+    }
+    for (const RowId id : ids)
+        if (const std::int32_t row = grid.RowOf(id); row >= 0) rows.push_back(row);
+    cols.assign(written.begin(), written.end());
+    std::sort(rows.begin(), rows.end());
+    std::sort(cols.begin(), cols.end());
+}
+
+/// Texts and rows keep their places in what is cut off.
+Record Record::cutFrom(std::size_t mark) {
+    Record cut = *this;
+    cut.entries_.erase(cut.entries_.begin(), cut.entries_.begin() + static_cast<std::ptrdiff_t>(mark));
+    entries_.resize(mark);
+    return cut;
+}
+}  // namespace kxVsGrid::changes

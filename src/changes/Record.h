@@ -1,0 +1,97 @@
+// What it takes to take a step back: the texts and tags that it has replaced, the rows that it added, and
+// the rows that it removed. Rows are named by their ids.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "kxVsGrid/CellGrid.h"
+
+namespace kxVsGrid::changes {
+
+struct KeptCell {
+    std::int32_t col = 0;
+    std::string text;
+    std::string tag;
+    std::optional<mEmflexAlign> alignment;
+    std::optional<std::uint32_t> foreColor;
+    std::optional<std::uint32_t> backColor;
+};
+
+/// A row that has gone, with all that belongs to it.
+struct KeptRow {
+    RowId id = RowId::None;
+    std::int32_t height = 0;
+    bool hidden = false;
+    bool merged = false;
+    std::vector<KeptCell> cells;  ///< those that are not as in a new row, by column
+};
+
+struct AddedRows {
+    std::vector<RowId> ids;
+};
+
+struct RemovedRows {
+    std::int32_t at = 0;
+    RowId before = RowId::None;  ///< the rows that it stood between
+    RowId after = RowId::None;
+    std::vector<KeptRow> rows;
+};
+
+class Record {
+  public:
+    struct Entry {
+        enum class Kind : std::uint8_t { Written, Added, Removed };
+        RowId row = RowId::None;  ///< that was written to
+        std::size_t at = 0;       ///< of the text before, or of the rows
+        std::uint32_t length = 0;
+        std::int16_t col = 0;
+        Kind kind = Kind::Written;
+        CellPart part = CellPart::Text;
+    };
+    static_assert(CellGrid::MaxCols <= INT16_MAX);
+
+    std::string name;
+    Cause cause = Cause::Code;
+
+    bool empty() const { return entries_.empty(); }
+    const std::vector<Entry>& entries() const { return entries_; }
+    std::string_view before(const Entry& entry) const {
+        return std::string_view(texts_).substr(entry.at, entry.length);
+    }
+    const AddedRows& added(const Entry& entry) const { return added_[entry.at]; }
+    const RemovedRows& removed(const Entry& entry) const { return removed_[entry.at]; }
+    /// Roughly what it takes of memory.
+    std::size_t bytes() const;
+
+    /// When one of these fails, nothing has changed.
+    void write(RowId row, std::int32_t col, CellPart part, std::string_view before);
+    void add(AddedRows rows);
+    void remove(RemovedRows rows);
+    /// What was recorded from the `mark`-th entry on, which this loses.
+    Record cutFrom(std::size_t mark);
+    /// Nothing is recorded any more; name and cause stay.
+    void cutAll() noexcept;
+
+  private:
+    std::vector<Entry> entries_;
+    std::string texts_;
+    std::vector<AddedRows> added_;
+    std::vector<RemovedRows> removed_;
+    std::size_t rowBytes_ = 0;
+};
+
+/// What memory a number of rows would take, before it is taken.
+std::size_t bytesOfRows(std::int32_t count);
+/// Rows that are about to go.
+RemovedRows keepRows(CellGrid& grid, std::int32_t at, std::int32_t count);
+/// The rows that were written to or added, and the columns that were written to, as they stand now;
+/// ascending.
+void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int32_t>& rows,
+                std::vector<std::int32_t>& cols);
+}  // namespace kxVsGrid::changes

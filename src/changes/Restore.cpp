@@ -1,0 +1,151 @@
+#include "changes/Restore.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace kxVsGrid::changes {
+
+using Kind = Record::Entry::Kind;
+
+void Restore::run(support::FirstFault& fault) {
+    findPassing();
+    const auto& entries = record_.entries();
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        if (entry->kind == Kind::Added)
+            takeAway(record_.added(*entry), fault);
+        else if (entry->kind == Kind::Removed)
+            bringBack(record_.removed(*entry), fault);
+        else
+            targets_.push_back({entry->row, entry->col, entry->part, record_.before(*entry)});
+    }
+    keepFirst();
+    write(false, fault);
+    write(true, fault);
+}
+
+void Restore::findPassing() {
+    std::unordered_set<RowId> added;
+    std::unordered_set<RowId> old;
+    for (const Record::Entry& entry : record_.entries()) {
+        if (entry.kind == Kind::Added)
+            added.insert(record_.added(entry).ids.begin(), record_.added(entry).ids.end());
+        if (entry.kind != Kind::Removed) continue;
+        for (const KeptRow& row : record_.removed(entry).rows) {
+            if (row.id == RowId::None) continue;
+            if (!added.contains(row.id)) old.insert(row.id);
+            if (!old.contains(row.id)) passing_.insert(row.id);
+        }
+    }
+}
+
+void Restore::takeAway(const AddedRows& rows, support::FirstFault& fault) {
+    for (auto id = rows.ids.rbegin(); id != rows.ids.rend(); ++id) {
+        const std::int32_t row = grid_.RowOf(*id);
+        if (row < 0 || grid_.Rows() <= grid_.FixedRows()) continue;
+        fault.during([&] { grid_.RemoveRow(row); });
+    }
+}
+
+/// Where a neighbour stands now, where the row itself stood when both have gone.
+std::int32_t Restore::placeOf(const RemovedRows& removed) const {
+    const std::int32_t after = grid_.RowOf(removed.after);
+    if (after >= 0) return after;
+    const std::int32_t before = grid_.RowOf(removed.before);
+    if (before >= 0) return before + 1;
+    return std::clamp(removed.at, grid_.FixedRows(), grid_.Rows());
+}
+
+void Restore::bringBack(const RemovedRows& removed, support::FirstFault& fault) {
+    // A row that came and went with its neighbour names none: those before it say where the block stood.
+    const std::int32_t first = placeOf(removed);
+    RowId previous = RowId::None;
+    for (const KeptRow& kept : removed.rows) {
+        if (passing(kept.id) || grid_.RowOf(kept.id) >= 0) continue;
+        const std::int32_t above = grid_.RowOf(previous);
+        const std::int32_t position = above < 0 ? std::min(first, grid_.Rows()) : above + 1;
+        bringRowBack(kept, position, fault);
+        if (position < grid_.Rows()) previous = grid_.IdOf(position);
+    }
+}
+
+void Restore::bringRowBack(const KeptRow& kept, std::int32_t position, support::FirstFault& fault) {
+    RowId id = kept.id;
+    fault.during([&] {
+        if (id == RowId::None)
+            grid_.InsertRow(position);
+        else
+            grid_.BringRowBack(position, id);
+    });
+    if (id == RowId::None && position < grid_.Rows()) id = grid_.IdOf(position);
+    if (grid_.RowOf(id) < 0) return;
+    if (broughtBack_ == RowId::None) broughtBack_ = id;
+    const auto dressed = [&](auto dressing) {
+        fault.during([&] {
+            if (const std::int32_t row = grid_.RowOf(id); row >= 0) dressing(row);
+        });
+    };
+    dressed([&](std::int32_t row) { grid_.RowHeight(row, kept.height); });
+    dressed([&](std::int32_t row) { grid_.RowHidden(row, kept.hidden); });
+    dressed([&](std::int32_t row) { grid_.MergeRow(row, kept.merged); });
+    for (const KeptCell& cell : kept.cells) {
+        dressed([&](std::int32_t row) { dress(row, cell); });
+        if (!cell.text.empty()) targets_.push_back({id, cell.col, CellPart::Text, cell.text});
+        if (!cell.tag.empty()) targets_.push_back({id, cell.col, CellPart::Tag, cell.tag});
+    }
+}
+
+void Restore::dress(std::int32_t row, const KeptCell& cell) {
+    if (cell.col >= grid_.Cols()) return;
+    grid_.CellAlignment(row, cell.col, cell.alignment);
+    grid_.CellForeColor(row, cell.col, cell.foreColor);
+    grid_.CellBackColor(row, cell.col, cell.backColor);
+}
+
+/// A tag comes before its text, as everywhere.
+bool Restore::earlier(const Target& a, const Target& b) {
+    return std::tuple(a.row, a.col, b.part) < std::tuple(b.row, b.col, a.part);
+}
+
+/// They were found from the last one to the first: of each slot the last one counts.
+void Restore::keepFirst() {
+    std::stable_sort(targets_.begin(), targets_.end(), earlier);
+    auto kept = targets_.begin();
+    for (auto target = targets_.begin(); target != targets_.end(); ++target) {
+        const auto next = target + 1;
+        if (next == targets_.end() || !sameSlot(*target, *next)) *kept++ = *target;
+    }
+    targets_.erase(kept, targets_.end());
+}
+
+void Restore::write(bool again, support::FirstFault& fault) {
+    for (const Target& target : targets_) {
+        const std::int32_t row = grid_.RowOf(target.row);
+        if (row < 0 || target.col >= grid_.Cols()) continue;
+        fault.during([&] {
+            if (target.part == CellPart::Tag)
+                grid_.Data(row, target.col, target.text);
+            else if (!again || grid_.Text(row, target.col) != target.text)
+                grid_.Text(row, target.col, target.text);
+        });
+    }
+}
+
+bool Restore::restores(RowId row, std::int32_t col, CellPart part) const {
+    const Target wanted{row, col, part, {}};
+    const auto place = std::lower_bound(targets_.begin(), targets_.end(), wanted, earlier);
+    return place != targets_.end() && sameSlot(*place, wanted);
+}
+
+std::optional<std::pair<std::int32_t, std::int32_t>> Restore::place() const {
+    for (const Record::Entry& entry : record_.entries()) {
+        if (entry.kind != Kind::Written || entry.col < grid_.FixedCols() || entry.col >= grid_.Cols())
+            continue;
+        const std::int32_t row = grid_.RowOf(entry.row);
+        if (row >= grid_.FixedRows() && !grid_.ColHidden(entry.col))
+            return std::pair{row, std::int32_t{entry.col}};
+    }
+    const std::int32_t row = grid_.RowOf(broughtBack_);
+    if (row < 0) return std::nullopt;
+    return std::pair{row, -1};
+}
+}  // namespace kxVsGrid::changes

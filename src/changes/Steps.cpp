@@ -1,0 +1,340 @@
+#include "changes/Steps.h"
+
+#include <algorithm>
+#include <iterator>
+#include <new>
+#include <utility>
+
+#include "changes/Restore.h"
+#include "support/FlagSpan.h"
+#include "support/Room.h"
+
+namespace kxVsGrid::changes {
+
+using support::FirstFault;
+using support::FlagSpan;
+using Kind = Record::Entry::Kind;
+
+// --- Hearing
+
+void Steps::listen(bool on) {
+    if (on == listening_) return;
+    if (on)
+        grid_.AddListener(*this);
+    else
+        grid_.RemoveListener(*this);
+    listening_ = on;
+    knownRow_ = -1;
+}
+
+void Steps::listenAsNeeded() {
+    listen((depth_ > 0 && wanted()) || restoring_ || !done_.empty() || !undone_.empty());
+}
+
+/// Where a change is to be kept; what was undone cannot be redone after it. None where it is not kept.
+Record* Steps::keeper() noexcept {
+    if (unrecorded_ > 0 || lost_ || forgetsStep_) return nullptr;
+    if (restoring_) return &back_;
+    undone_.clear();
+    if (depth_ > 0) return wanted() ? &current_ : nullptr;
+    return done_.empty() ? nullptr : &done_.back().record;
+}
+
+/// What cannot be kept is given up, with all before it; the write itself goes on.
+template <class Keep>
+void Steps::record(std::size_t bytesAhead, Keep keep) noexcept {
+    Record* const record = keeper();
+    if (!record) return;
+    try {
+        if (bytesAhead > limit_) throw std::bad_alloc();
+        keep(*record);
+        if (record->bytes() > limit_) throw std::bad_alloc();
+    } catch (...) {
+        failed();
+    }
+}
+
+void Steps::failed() noexcept {
+    lost_ = depth_ > 0 || restoring_;
+    forgot_ = true;
+    done_.clear();
+    undone_.clear();
+    current_.cutAll();
+    back_.cutAll();
+}
+
+/// Most writes go to the row of the one before.
+RowId Steps::idOf(std::int32_t row) {
+    if (row != knownRow_) {
+        knownId_ = grid_.IdOf(row);
+        knownRow_ = row;
+    }
+    return knownId_;
+}
+
+void Steps::written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
+                    std::string_view) noexcept {
+    record(0, [&](Record& record) { record.write(idOf(row), col, part, before); });
+}
+
+void Steps::added(std::int32_t at, std::int32_t count) noexcept {
+    knownRow_ = -1;
+    record(bytesOfRows(count), [&](Record& record) {
+        AddedRows rows;
+        rows.ids.reserve(static_cast<std::size_t>(count));
+        for (std::int32_t row = at; row < at + count; ++row) rows.ids.push_back(grid_.IdOf(row));
+        record.add(std::move(rows));
+    });
+}
+
+void Steps::removing(std::int32_t at, std::int32_t count) noexcept {
+    knownRow_ = -1;
+    record(bytesOfRows(count), [&](Record& record) { record.remove(keepRows(grid_, at, count)); });
+}
+
+/// Nothing here can take it back.
+void Steps::reordered(std::int32_t, std::span<const std::int32_t>) noexcept {
+    knownRow_ = -1;
+    forget();
+}
+
+/// Rows without contents are no change.
+void Steps::cleared(std::int32_t first, std::int32_t last) noexcept {
+    grid_.ForEachCell(first, last, [this](auto row, auto col, auto text, auto tag) {
+        record(0, [&](Record& record) {
+            const RowId id = grid_.IdOf(row);
+            if (!tag.empty()) record.write(id, col, CellPart::Tag, tag);
+            if (!text.empty()) record.write(id, col, CellPart::Text, text);
+        });
+    });
+}
+
+void Steps::columnsChanged() noexcept {
+    forget();
+}
+
+// --- Steps
+
+void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
+    if (depth_ > 0 || restoring_) {
+        ++depth_;
+        return;
+    }
+    std::string owned(name);
+    serialAtOpening_ = serial_;
+    support::makeRoom(done_);
+    current_ = {};
+    joined_ = 0;
+    lost_ = forgetsStep_ = takenBack_ = false;
+    depth_ = 1;
+    try {
+        listenAsNeeded();
+    } catch (...) {
+        depth_ = 0;
+        throw;
+    }
+    if (joinsPrelude && prelude_ != 0 && !done_.empty() && done_.back().serial == prelude_ &&
+        undone_.empty()) {
+        joined_ = prelude_;
+        current_ = std::move(done_.back().record);
+        joinedEntries_ = current_.entries().size();
+        joinedName_ = std::move(current_.name);
+        done_.pop_back();
+    }
+    prelude_ = 0;
+    current_.name = std::move(owned);
+    current_.cause = cause;
+    grid_.TellStepOpened(current_.name, cause);
+}
+
+void Steps::close() {
+    if (depth_ == 0) return;
+    if (depth_ > 1 || restoring_) {
+        --depth_;
+        return;
+    }
+    const auto kept = owner_.keep();
+    FirstFault fault;
+    if (!takenBack_) settle(fault);
+    depth_ = 0;
+    grid_.TellStepClosed(current_.name, current_.cause);
+    Told told;
+    if (changes.After.heard()) told = toldOf(current_, current_.cause);
+    keepDone();
+    finish(told, fault);
+}
+
+/// What is left to do when a step, or a way back, is done. What it throws is the first fault.
+void Steps::finish(const Told& told, FirstFault& fault) {
+    fault.during([&] { listenAsNeeded(); });
+    if (told.anything)
+        fault.during([&] { changes.After({told.name, told.cause, told.rows, told.cols, told.known}); });
+    fault.during([&] { tellForgot(); });
+    fault.raise();
+}
+
+/// Without the memory for it, it says that it does not know.
+Steps::Told Steps::toldOf(const Record& record, Cause cause) const noexcept {
+    Told told;
+    told.cause = cause;
+    told.known = !lost_;
+    told.anything = lost_ || !record.empty();
+    try {
+        told.name = record.name;
+        findPlaces(grid_, record, told.rows, told.cols);
+    } catch (...) {
+        told.known = false;
+    }
+    return told;
+}
+
+/// There is room for it since the step was opened.
+void Steps::keepDone() noexcept {
+    Record record = std::move(current_);
+    current_ = {};
+    const bool whole = !lost_ && !forgetsStep_;
+    lost_ = forgetsStep_ = false;
+    if (record.empty() || !whole || !enabled_) return;
+    const bool nothingYet = joined_ != 0 && record.entries().size() == joinedEntries_;
+    if (nothingYet) record.name = std::move(joinedName_);
+    try {
+        done_.push_back({std::move(record), ++serial_});
+        if (nothingYet) prelude_ = serial_;
+    } catch (...) {
+        failed();
+    }
+    trim();
+}
+
+void Steps::trim() noexcept {
+    std::size_t bytes = 0;
+    for (const Done& one : undone_) bytes += one.record.bytes();
+    auto oldest = done_.end();
+    while (oldest != done_.begin() && bytes + std::prev(oldest)->record.bytes() <= limit_)
+        bytes += (--oldest)->record.bytes();
+    done_.erase(done_.begin(), oldest);
+    if (bytes > limit_) undone_.clear();
+}
+
+void Steps::settle(FirstFault& fault) {
+    if (settlers_.empty() || (current_.empty() && !lost_)) return;
+    const Told told = toldOf(current_, current_.cause);
+    for (std::size_t i = 0; i < settlers_.size(); ++i)
+        fault.during([&] {
+            const Changes::Settler settler = settlers_[i];
+            settler({told.name, told.cause, told.rows, told.cols, told.known});
+        });
+    fault.during([&] { owner_.recalculateAll(); });
+}
+
+void Steps::tellForgot() {
+    if (std::exchange(forgot_, false)) history.Forgot();
+}
+
+// --- The host's steps
+
+std::size_t Steps::openHostStep(std::string_view name) {
+    ++hostSteps_;
+    try {
+        open(name, Cause::Code);
+    } catch (...) {
+        --hostSteps_;
+        throw;
+    }
+    return current_.entries().size();
+}
+
+void Steps::closeHostStep() {
+    --hostSteps_;
+    close();
+}
+
+bool Steps::takeBack(std::size_t mark) {
+    if (restoring_ || lost_ || forgetsStep_ || depth_ == 0 || mark > current_.entries().size()) return false;
+    const auto kept = owner_.keep();
+    undone_.clear();
+    if (mark == 0) takenBack_ = true;
+    const Record record = current_.cutFrom(mark);
+    FirstFault fault;
+    restore(record, false, fault);
+    fault.raise();
+    return true;
+}
+
+// --- The way back
+
+/// Leaves in `back_` what would take it back.
+void Steps::restore(const Record& record, bool moves, FirstFault& fault) {
+    back_ = {};
+    Restore restore(grid_, record);
+    {
+        FlagSpan restoring(restoring_);
+        restore.run(fault);
+        fault.during([&] { owner_.recalculateAll(); });
+        const auto place = restore.place();
+        if (moves && place) fault.during([&] { owner_.show(place->first, place->second); });
+        fault.during([&] { owner_.contentRestored(); });
+    }
+    if (!moves) forward(std::exchange(back_, {}), restore);
+}
+
+/// What handlers wrote elsewhere while a step was taken back stays in the step.
+void Steps::forward(const Record& meanwhile, const Restore& restored) {
+    for (const Record::Entry& entry : meanwhile.entries()) {
+        if (entry.kind != Kind::Written || restored.restores(entry.row, entry.col, entry.part)) continue;
+        record(0, [&](Record& record) {
+            record.write(entry.row, entry.col, entry.part, meanwhile.before(entry));
+        });
+    }
+}
+
+bool Steps::goBack(std::vector<Done>& from, std::vector<Done>& to) {
+    if (from.empty() || !mayGoBack()) return false;
+    const auto kept = owner_.keep();
+    if (!owner_.closeEditor() || from.empty() || !mayGoBack()) return false;
+    support::makeRoom(to);
+    listenAsNeeded();
+    Record record = std::move(from.back().record);
+    from.pop_back();
+    prelude_ = 0;
+    lost_ = forgetsStep_ = false;
+    grid_.TellStepOpened(record.name, Cause::Undo);
+    FirstFault fault;
+    restore(record, true, fault);
+    grid_.TellStepClosed(record.name, Cause::Undo);
+    back_.cause = record.cause;
+    Record back = std::exchange(back_, {});
+    back.name = std::move(record.name);
+    Told told;
+    if (changes.After.heard()) told = toldOf(back, Cause::Undo);
+    const bool whole = !lost_ && !forgetsStep_;
+    lost_ = forgetsStep_ = false;
+    if (whole && enabled_) fault.during([&] { to.push_back({std::move(back), ++serial_}); });
+    trim();
+    finish(told, fault);
+    return true;
+}
+
+void Steps::limit(std::size_t bytes) {
+    limit_ = bytes;
+    trim();
+    listenAsNeeded();
+}
+
+void Steps::enable(bool enabled) {
+    enabled_ = enabled;
+    if (!enabled) forget();
+    listenAsNeeded();
+}
+
+void Steps::forget() noexcept {
+    done_.clear();
+    undone_.clear();
+    current_.cutAll();
+    back_.cutAll();
+    prelude_ = 0;
+    forgetsStep_ = depth_ > 0 || restoring_;
+    if (!forgetsStep_) listen(false);
+}
+
+}  // namespace kxVsGrid::changes

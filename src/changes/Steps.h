@@ -1,0 +1,167 @@
+// Steps of changes and the history made of them: hears what the engine tells, and keeps what it takes to go
+// back.
+//
+// It listens while a step is open or something is kept, so that filling a grid before anybody has done
+// anything costs nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "changes/Record.h"
+#include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/Changes.h"
+#include "support/FirstFault.h"
+
+namespace kxVsGrid::changes {
+
+/// What the way back asks of the control above it.
+class StepOwner {
+  public:
+    virtual ~StepOwner() = default;
+    /// Kept for as long as something is going on whose listeners may destroy the control.
+    virtual std::shared_ptr<void> keep() = 0;
+    virtual bool mayGoBack() const = 0;
+    /// Closes an open editor. False when it has to stay.
+    virtual bool closeEditor() = 0;
+    /// All totals are made anew.
+    virtual void recalculateAll() = 0;
+    /// Cells have got other contents past the clerk; `col` -1: the current one. Makes the cell current.
+    virtual void show(std::int32_t row, std::int32_t col) = 0;
+    virtual void contentRestored() = 0;
+};
+
+class Steps : private ChangeListener {
+  public:
+    Steps(CellGrid& grid, StepOwner& owner) : history(*this), changes(*this), grid_(grid), owner_(owner) {}
+    ~Steps() override { listen(false); }
+    Steps(const Steps&) = delete;
+    Steps& operator=(const Steps&) = delete;
+
+    /// Work that is one step. It ends whole, also when the work throws, which comes through.
+    template <class Work>
+    void during(std::string_view name, Cause cause, Work work) {
+        open(name, cause);
+        support::FirstFault fault;
+        fault.during(work);
+        fault.during([&] { close(); });
+        fault.raise();
+    }
+    /// The same; the step of a row that was appended for what is typed now is part of it.
+    template <class Work>
+    void duringTyped(std::string_view name, Cause cause, Work work) {
+        open(name, cause, true);
+        support::FirstFault fault;
+        fault.during(work);
+        fault.during([&] { close(); });
+        fault.raise();
+    }
+    void open(std::string_view name, Cause cause, bool joinsPrelude = false);
+    void close();
+    /// The newest step is the beginning of what the clerk types next.
+    void keepPrelude() {
+        if (depth_ == 0 && !done_.empty() && done_.back().serial > serialAtOpening_)
+            prelude_ = done_.back().serial;
+    }
+    void dropPrelude() { prelude_ = 0; }
+
+    /// A step is being undone, redone or taken back: nothing fills anything by itself.
+    bool restoring() const { return restoring_; }
+
+    // --- For those who stand in the public header.
+    std::size_t openHostStep(std::string_view name);
+    void closeHostStep();
+    bool takeBack(std::size_t mark);
+    void beginUnrecorded() { ++unrecorded_; }
+    void endUnrecorded() { --unrecorded_; }
+    bool undo() { return goBack(done_, undone_); }
+    bool redo() { return goBack(undone_, done_); }
+    bool canUndo() const { return !done_.empty() && mayGoBack(); }
+    bool canRedo() const { return !undone_.empty() && mayGoBack(); }
+    std::string undoName() const { return done_.empty() ? std::string() : done_.back().record.name; }
+    std::string redoName() const { return undone_.empty() ? std::string() : undone_.back().record.name; }
+    std::size_t limit() const { return limit_; }
+    void limit(std::size_t bytes);
+    bool enabled() const { return enabled_; }
+    void enable(bool enabled);
+    void forget() noexcept;
+    void addSettler(Changes::Settler settler) { settlers_.push_back(std::move(settler)); }
+
+    History history;
+    Changes changes;
+
+  private:
+    struct Done {
+        Record record;
+        std::uint64_t serial = 0;
+    };
+    /// What is told of a step when it is done.
+    struct Told {
+        std::string name;
+        Cause cause = Cause::Code;
+        std::vector<std::int32_t> rows;
+        std::vector<std::int32_t> cols;
+        bool known = true;
+        bool anything = false;
+    };
+
+    // ChangeListener
+    void written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
+                 std::string_view after) noexcept override;
+    void added(std::int32_t at, std::int32_t count) noexcept override;
+    void removing(std::int32_t at, std::int32_t count) noexcept override;
+    void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override;
+    void cleared(std::int32_t first, std::int32_t last) noexcept override;
+    void columnsChanged() noexcept override;
+
+    bool mayGoBack() const { return depth_ == 0 && !restoring_ && owner_.mayGoBack(); }
+    bool goBack(std::vector<Done>& from, std::vector<Done>& to);
+    void restore(const Record& record, bool moves, support::FirstFault& fault);
+    void forward(const Record& meanwhile, const class Restore& restored);
+    Record* keeper() noexcept;
+    template <class Keep>
+    void record(std::size_t bytesAhead, Keep keep) noexcept;
+    void failed() noexcept;
+    RowId idOf(std::int32_t row);
+    void listen(bool on);
+    void listenAsNeeded();
+    void settle(support::FirstFault& fault);
+    void keepDone() noexcept;
+    void trim() noexcept;
+    Told toldOf(const Record& record, Cause cause) const noexcept;
+    void finish(const Told& told, support::FirstFault& fault);
+    void tellForgot();
+    bool wanted() const { return enabled_ || hostSteps_ > 0 || changes.After.heard() || !settlers_.empty(); }
+
+    CellGrid& grid_;
+    StepOwner& owner_;
+    std::vector<Done> done_;
+    std::vector<Done> undone_;
+    std::vector<Changes::Settler> settlers_;
+    Record current_;     ///< of the step that is open
+    Record back_;        ///< what it takes to take a restoration back
+    int depth_ = 0;      ///< steps that are open, one in the other
+    int hostSteps_ = 0;  ///< of them those that the host may take back
+    int unrecorded_ = 0;
+    std::size_t limit_ = std::size_t{64} << 20;
+    std::uint64_t serial_ = 0;
+    std::uint64_t serialAtOpening_ = 0;
+    std::uint64_t prelude_ = 0;      ///< the step that what is typed next joins; 0 for none
+    std::uint64_t joined_ = 0;       ///< the step that goes on in the one that is open
+    std::size_t joinedEntries_ = 0;  ///< so long it was
+    std::string joinedName_;         ///< and so it was called
+    bool enabled_ = true;
+    bool listening_ = false;
+    bool restoring_ = false;
+    bool takenBack_ = false;      ///< the open step from its beginning on
+    bool lost_ = false;           ///< what is being recorded could not be kept
+    bool forgetsStep_ = false;    ///< and shall not
+    bool forgot_ = false;         ///< to be told when the step is done
+    std::int32_t knownRow_ = -1;  ///< the row that was written to last
+    RowId knownId_ = RowId::None;
+};
+}  // namespace kxVsGrid::changes
