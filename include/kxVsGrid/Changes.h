@@ -1,9 +1,10 @@
 // Steps of changes, and the way back: what a clerk has done is undone and redone act by act.
 //
-//     auto step = grid.Step("套用价格");       // until the end of the block all writes are one step
-//     for (...) grid.SetCell(row, price, text);
-//
-//     grid.History().Undo();                    // the prices of before, with everything that followed them
+//     {
+//         auto step = grid.Step("套用价格");  // until the end of the block all writes are one step
+//         for (std::int32_t row = 1; row < grid.Rows(); ++row) grid.SetCell(row, 2, "9.5");
+//     }
+//     grid.History().Undo();  // the prices of before, with everything that followed them
 //
 // Each act of the clerk is a step with a name: a commit with all that the host writes while it hears of it, a
 // toggled cell, a row command, a fill, a move with the default texts that it fills. A step begun inside

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "grid/GridFixture.h"
-#include "support/Random.h"
+#include "kit/PlacedGrid.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -231,7 +231,7 @@ class RandomHistory : public PlacedGrid, public ChangeListener {
         ASSERT_EQ(grid.ReadSum(Number), std::to_string(static_cast<int>(vs().ColumnSum(Number))));
     }
 
-    test::Random dice;
+    kit::Random dice;
     std::vector<SeenGrid> done;    ///< the grid before each step that stands
     std::vector<SeenGrid> undone;  ///< and after each that was undone
     SeenGrid before;

@@ -78,6 +78,15 @@ TEST(HeaderExamples, ThatOfChangeListenerCountsAWrite) {
     EXPECT_EQ(counter.writes, 1);
 }
 
+TEST(HeaderExamples, ThatOfChangesTakesAStepBack) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    grid.SetCell(1, 2, "7");
+#include "examples/Changes.inc"
+    EXPECT_EQ(grid.RawText(1, 2), "7");
+    EXPECT_EQ(grid.History().RedoName(), "套用价格");
+}
+
 TEST(HeaderExamples, ThatOfControlPageShowsThePage) {
     headless::Desk desk;
     kxGrid& grid = desk.place();

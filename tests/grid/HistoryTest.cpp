@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "grid/FailingAllocator.h"
-#include "grid/GridFixture.h"
+#include "kit/PlacedGrid.h"
 
 namespace kxVsGrid::testing {
 namespace {
