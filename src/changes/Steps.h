@@ -44,8 +44,8 @@ class Steps : private ChangeListener {
 
     /// Work that is one step. It ends whole, also when the work throws, which comes through.
     template <class Work>
-    void during(std::string_view name, Cause cause, Work work) {
-        open(name, cause);
+    void during(std::string_view name, Cause cause, Work work, bool joinsPrelude = false) {
+        open(name, cause, joinsPrelude);
         support::FirstFault fault;
         fault.during(work);
         fault.during([&] { close(); });
@@ -54,11 +54,7 @@ class Steps : private ChangeListener {
     /// The same; the step of a row that was appended for what is typed now is part of it.
     template <class Work>
     void duringTyped(std::string_view name, Cause cause, Work work) {
-        open(name, cause, true);
-        support::FirstFault fault;
-        fault.during(work);
-        fault.during([&] { close(); });
-        fault.raise();
+        during(name, cause, work, true);
     }
     void open(std::string_view name, Cause cause, bool joinsPrelude = false);
     void close();

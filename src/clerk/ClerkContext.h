@@ -5,12 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "changes/Steps.h"
-#include "columns/ColumnArray.h"
-#include "host/ControlFlags.h"
-#include "host/Host.h"
-#include "kxVsGrid/CellGrid.h"
-#include "kxVsGrid/Options.h"
+#include "host/ControlContext.h"
 #include "kxVsGrid/Platform.h"
 #include "rows/Rows.h"
 
@@ -27,13 +22,7 @@ class CommandOwner {
     virtual Rect onScreen(const Rect& place) const = 0;
 };
 
-struct ClerkContext {
-    CellGrid& grid;
-    columns::ColumnArray& columns;
-    const host::Host& host;
-    const host::ControlFlags& flags;
-    const GridOptions& options;
-    changes::Steps& steps;
+struct ClerkContext : host::ControlContext {
     const rows::DefaultedCells& defaulted;
     Platform& platform;
     rows::Rows& rows;

@@ -73,9 +73,7 @@ void Fills::fillBelow(Way way) {
 }
 
 std::int32_t Fills::lastRow(std::int32_t first) const {
-    return c_.options.FillsToLastLine()
-               ? rows::lastRowInUse({c_.grid, c_.columns, c_.host, c_.options, c_.defaulted}, first)
-               : NoEnd;
+    return c_.options.FillsToLastLine() ? rows::lastRowInUse(c_, c_.defaulted, first) : NoEnd;
 }
 
 /// Writes what `next` answers into each cell below the current one, until it has no answer or the fill ends.

@@ -74,7 +74,6 @@ void EditSession::toggle() {
     const std::int32_t col = c_.grid.Col();
     c_.steps.duringTyped("勾选", Cause::Typed, [&] {
         c_.grid.Text(row, col, gate_.turnedOver(row, col));
-        c_.flags.changed = true;
         c_.owner.clerkWrote(row, col);
         c_.owner.recalculate(col);
         load();
@@ -215,7 +214,7 @@ void EditSession::refuseExpression() {
 void EditSession::write(const FollowedCell& cell, const std::string& text) {
     const std::string tag = box_.tag();
     try {
-        writePair(cell, text);
+        writePair(cell, text, tag);
     } catch (...) {
         if (cell.there() && c_.grid.Text(cell.row(), cell.col()) == text) {
             c_.grid.RestoreData(cell.row(), cell.col(), tag);
@@ -223,16 +222,14 @@ void EditSession::write(const FollowedCell& cell, const std::string& text) {
         }
         throw;
     }
-    c_.flags.changed = true;
-    if (cell.there()) written(cell);
+    written(cell);
 }
 
 /// A host that takes the cell away as it hears of the text leaves none for the tag. One that goes elsewhere
 /// has the editor mirror another cell: the tag of the edited one is the tag of before. One that writes
 /// another pair there means that.
-void EditSession::writePair(const FollowedCell& cell, const std::string& text) {
+void EditSession::writePair(const FollowedCell& cell, const std::string& text, const std::string& tag) {
     CellGrid& grid = c_.grid;
-    const std::string tag = box_.tag();
     const std::string tagBefore = grid.Data(cell.row(), cell.col());
     grid.Text(cell.row(), cell.col(), text);
     if (!cell.there()) return;
@@ -243,7 +240,6 @@ void EditSession::writePair(const FollowedCell& cell, const std::string& text) {
 }
 
 void EditSession::written(const FollowedCell& cell) {
-    c_.flags.changed = true;
     if (cell.isCurrent()) entered_.capture(c_.grid, cell.row(), cell.col());
     c_.owner.clerkWrote(cell.row(), cell.col());
 }
@@ -375,10 +371,10 @@ void EditSession::edited(std::string_view text, std::size_t selStart, std::size_
     const bool wasRefused = face_.view().refused;
     const bool changed = box_.setText(text);
     box_.select(selStart, selLength);
-    const bool buttonInTheWay = face_.follow(box_);
+    face_.follow(box_);
     if (!changed) return;
     textChanged();
-    if (wasRefused || buttonInTheWay) publish();
+    if (wasRefused || face_.buttonInTheWay()) publish();
 }
 
 void EditSession::selected(std::size_t selStart, std::size_t selLength) {

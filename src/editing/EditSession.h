@@ -43,6 +43,8 @@ class EditSession {
     /// The field check has refused the present text: only what asks for it checks it once more. An expression
     /// that could not be evaluated locks nothing, and is tried again by whatever commits.
     bool locked() const { return validLock_ > 0; }
+    /// The clerk may change the current cell.
+    bool opensHere() const { return gate_.opens(c_.grid.Row(), c_.grid.Col()); }
     /// How often the field check has refused the present text.
     std::int16_t validLock() const { return validLock_; }
 
@@ -105,7 +107,6 @@ class EditSession {
     enum class State { Hidden, Open, Refused };
 
     void textChanged();
-    bool opensHere() const { return gate_.opens(c_.grid.Row(), c_.grid.Col()); }
     /// The cell that an open editor stands over is the one entered last; it may be gone.
     bool editedCellIsCurrent() const { return entered_.is(c_.grid.Row(), c_.grid.Col()); }
     void show(Focus focus);
@@ -120,7 +121,7 @@ class EditSession {
     void refuse(const MessageBox& message);
     void refuseExpression();
     void write(const FollowedCell& cell, const std::string& text);
-    void writePair(const FollowedCell& cell, const std::string& text);
+    void writePair(const FollowedCell& cell, const std::string& text, const std::string& tag);
     void written(const FollowedCell& cell);
     void tellAfterEdit(const FollowedCell& cell);
     void handKeyboardOver();

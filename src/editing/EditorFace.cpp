@@ -34,11 +34,10 @@ void EditorFace::hide() {
     c_.seat.showEditor(view_);
 }
 
-bool EditorFace::follow(const TextBox& box) {
+void EditorFace::follow(const TextBox& box) {
     view_.text = box.text();
     view_.selStart = box.selStart();
     view_.selLength = box.selLength();
-    return buttonInTheWay(box.text());
 }
 
 bool EditorFace::misplaced() const {
@@ -56,8 +55,8 @@ void EditorFace::placeWithButton(EditorView& view, std::string_view text) {
     buttonOutside_ = places.outside;
 }
 
-bool EditorFace::buttonInTheWay(std::string_view text) const {
+bool EditorFace::buttonInTheWay() const {
     return view_.visible && view_.helpButton && !buttonOutside_ &&
-           roomForText(c_.platform.textMetrics(), text) > view_.rect.width;
+           roomForText(c_.platform.textMetrics(), view_.text) > view_.rect.width;
 }
 }  // namespace kxVsGrid::editing

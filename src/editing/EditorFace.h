@@ -17,9 +17,10 @@ class EditorFace {
     /// Shows the text box over the current cell, which there is. A refused text is framed; a tip says why.
     void show(const TextBox& box, bool refused, std::string_view tip);
     void hide();
-    /// The clerk has typed or selected: the machine shows that already. True when it has to be shown anew,
-    /// since the help button stands where the text needs the room.
-    bool follow(const TextBox& box);
+    /// The clerk has typed or selected: the machine shows that already.
+    void follow(const TextBox& box);
+    /// The help button stands where the text needs the room: the face has to be shown anew.
+    bool buttonInTheWay() const;
     /// Another text begins.
     void begin() { buttonOutside_ = false; }
     /// The current cell is no longer where the box was put over it.
@@ -27,7 +28,6 @@ class EditorFace {
 
   private:
     void placeWithButton(EditorView& view, std::string_view text);
-    bool buttonInTheWay(std::string_view text) const;
 
     EditingContext c_;
     EditorView view_;

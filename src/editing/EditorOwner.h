@@ -10,7 +10,7 @@ namespace kxVsGrid::editing {
 class EditorOwner {
   public:
     virtual ~EditorOwner() = default;
-    /// The clerk has written a cell.
+    /// The clerk has written a cell; row and column -1: one that has gone since.
     virtual void clerkWrote(std::int32_t row, std::int32_t col) = 0;
     /// Recalculates the total of one column, or of all with -1.
     virtual void recalculate(std::int32_t col) = 0;

@@ -4,9 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "changes/Steps.h"
 #include "clerk/Menus.h"
-#include "columns/ColumnArray.h"
 #include "editing/EditSession.h"
 #include "editing/EditorOwner.h"
 #include "grid/Layout.h"
@@ -15,8 +13,7 @@
 #include "grid/input/InputRouter.h"
 #include "grid/input/Keys.h"
 #include "grid/input/Navigation.h"
-#include "host/ControlFlags.h"
-#include "host/Host.h"
+#include "host/ControlContext.h"
 #include "kxVsGrid/kxGrid.h"
 #include "platform/Wheel.h"
 #include "rows/DefaultedCells.h"
@@ -54,7 +51,10 @@ struct kxGrid::Parts : editing::EditorOwner,
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
     // EditorOwner
-    void clerkWrote(std::int32_t row, std::int32_t col) override { defaulted.written(row, col); }
+    void clerkWrote(std::int32_t row, std::int32_t col) override {
+        flags.changed = true;
+        defaulted.written(row, col);
+    }
     void recalculate(std::int32_t col) override { totals.recalculate(col); }
     void appendIfLast(std::int32_t row) override { rows.appendIfLast(row); }
     void addRowAtEnd() override {
@@ -91,6 +91,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     columns::ColumnArray columns;
     host::ControlFlags flags;
     GridOptions options;
+    host::ControlContext context{main, columns, host, flags, options, steps};
     rows::DefaultedCells defaulted{main};
     std::unique_ptr<Seat> seat;
     totals::TotalRow totals;

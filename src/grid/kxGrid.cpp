@@ -29,10 +29,10 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       layout(main, sums, totals),
       wheel(main),
       settings(main, sums, columns, flags, totals, layout),
-      editor({main, columns, host, platform, *seat, flags, options, steps, *this}),
-      rows({main, columns, host, flags, options, steps, editor, totals, wheel, defaulted}),
-      menus({main, columns, host, flags, options, steps, defaulted, platform, rows, *this}),
-      inputContext{main, columns, host, flags, options, steps, editor, rows, totals, *seat, platform},
+      editor({context, platform, *seat, *this}),
+      rows({context, editor, totals, wheel, defaulted}),
+      menus({context, defaulted, platform, rows, *this}),
+      inputContext{context, editor, rows, totals, *seat, platform},
       navigation(inputContext),
       keys(inputContext, menus),
       boxPress(inputContext),
@@ -146,7 +146,7 @@ void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {
 
 void kxGrid::Parts::settleAfterReading() {
     // A failed reading may have ended before the total row was told.
-    if (sums.FixedCols() != main.FixedCols()) totals.followFixedCols();
+    totals.followFixedCols();
     realign();
     leaveFixedArea();
 }

@@ -167,7 +167,7 @@ void kxGrid::FixedCols(std::int32_t count) {
     Parts& p = *kept;
     p.commitOpenText();
     p.main.FixedCols(count);
-    if (p.sums.FixedCols() != p.main.FixedCols()) p.totals.followFixedCols();
+    p.totals.followFixedCols();
     p.sums.BackColorFixed(p.main.BackColorFixed());
     p.leaveFixedArea();
     p.report("FixedCols");

@@ -55,6 +55,7 @@ void TotalRow::followScroll() {
 }
 
 void TotalRow::followFixedCols() {
+    if (sums_.FixedCols() == main_.FixedCols()) return;
     sums_.FixedCols(main_.FixedCols());
     for (std::int32_t c = 0; c < sums_.Cols(); ++c) {
         sums_.Text(0, c, "");

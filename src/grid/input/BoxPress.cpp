@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "columns/EditableColumn.h"
-
 namespace kxVsGrid::grid {
 namespace {
 
@@ -46,8 +44,7 @@ void BoxPress::ends(bool goesOn) {
     const bool there = pressed_->row.there();
     const Pressed pressed(c_.rows.follower(), pressed_->row.row(), pressed_->col);
     pressed_.reset();
-    if (!goesOn || !there || !c_.flags.Editable || !isCurrent(pressed)) return;
-    if (!columns::isEditableCell(c_.grid, c_.columns, c_.grid.Row(), c_.grid.Col())) return;
+    if (!goesOn || !there || !isCurrent(pressed) || !c_.editor.opensHere()) return;
     turned_ = true;
     c_.rows.appendIfLast(c_.grid.Row());
     if (isCurrent(pressed)) c_.editor.open();

@@ -29,15 +29,10 @@ void Keys::keyDown(std::int16_t& code, std::int16_t shift) {
     if (!c_.flags.Editable) return;
     if (key == Key::Insert) c_.rows.append();
     if (key == Key::Delete) c_.rows.removeCurrent();
-    if (key == Key::F2 && editsHere()) {
+    if (key == Key::F2 && c_.editor.opensHere()) {
         code = 0;
         editWithHelp();
     }
-}
-
-bool Keys::editsHere() {
-    const CellGrid& grid = c_.grid;
-    return c_.flags.Editable && columns::isEditableCell(grid, c_.columns, grid.Row(), grid.Col());
 }
 
 void Keys::editWithHelp() {
@@ -88,7 +83,7 @@ void Keys::passToEditor(std::string_view typed) {
 bool Keys::openForTyping() {
     CellGrid& grid = c_.grid;
     if (c_.editor.visible()) return true;
-    if (!editsHere() || isBoolean(grid.Col())) return false;
+    if (!c_.editor.opensHere() || isBoolean(grid.Col())) return false;
     c_.rows.appendIfLast(grid.Row());
     c_.editor.open(editing::EditSession::Focus::LeaveWithGrid);
     return c_.editor.visible();

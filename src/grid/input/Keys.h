@@ -29,7 +29,6 @@ class Keys {
     void doubleClick(bool edits);
 
   private:
-    bool editsHere();
     void editWithHelp();
     void passToEditor(std::string_view typed);
     void leaveHiddenCell();
