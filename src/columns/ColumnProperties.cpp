@@ -31,8 +31,8 @@ ColumnProperty row(std::string_view name, Function) {
             Member::Access::GetPut,
             Kept::type(),
             0,
-            [](const cVsControl& column) { return Kept::to(Function{}(column)); },
-            [](cVsControl& column, const Variant& value) { Function{}(column, Kept::from(value)); }};
+            support::getBy<T, Function, const cVsControl>,
+            support::putBy<T, Function, cVsControl>};
 }
 
 template <class T, class Function>

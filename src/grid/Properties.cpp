@@ -50,24 +50,23 @@ Stored storedAlways(std::string_view name, Variant fallback, int readPlace, int 
 
 template <class T, class Function>
 GridProperty readOnly(std::string_view name, Function) {
-    using Kept = support::InVariant<T>;
-    return {name, Access::Get, Kept::type(), 0, [](kxGrid& grid) { return Kept::to(Function{}(grid)); }};
+    return {name, Access::Get, support::InVariant<T>::type(), 0, support::getBy<T, Function, kxGrid>};
 }
 
 template <class T, class Function>
 GridProperty writeOnly(std::string_view name, Function) {
-    using Kept = support::InVariant<T>;
-    return {name,         Access::Put,
-            Kept::type(), 0,
-            nullptr,      [](kxGrid& grid, const Variant& value) { Function{}(grid, Kept::from(value)); }};
+    return {name, Access::Put, support::InVariant<T>::type(),
+            0,    nullptr,     support::putBy<T, Function, kxGrid>};
 }
 
 template <class T, class Function>
-GridProperty row(std::string_view name, Function function) {
-    GridProperty property = readOnly<T>(name, function);
-    property.access = Access::GetPut;
-    property.put = writeOnly<T>(name, function).put;
-    return property;
+GridProperty row(std::string_view name, Function) {
+    return {name,
+            Access::GetPut,
+            support::InVariant<T>::type(),
+            0,
+            support::getBy<T, Function, kxGrid>,
+            support::putBy<T, Function, kxGrid>};
 }
 
 template <class T, class Function>

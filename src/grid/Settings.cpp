@@ -14,24 +14,6 @@ namespace {
 
 constexpr std::int32_t LoadedDataRows = 5;
 
-struct GridLoading {
-    support::Loading<Loaded> loading;
-    const support::Storage<Loaded>* storage;
-};
-
-const std::vector<GridLoading>& gridLoadings() {
-    static const std::vector<GridLoading> loadings = [] {
-        std::vector<GridLoading> all;
-        for (const GridProperty& property : gridProperties()) {
-            if (!property.storage) continue;
-            for (const auto& loading : property.storage->loadings)
-                all.push_back({loading, &*property.storage});
-        }
-        std::ranges::sort(all, {}, [](const GridLoading& l) { return l.loading.place; });
-        return all;
-    }();
-    return loadings;
-}
 }  // namespace
 
 // --- Reading
@@ -45,19 +27,21 @@ void Settings::read(PropertyBag& bag) {
 }
 
 void Settings::readGrid(PropertyBag& bag) {
-    for (const auto& [loading, storage] : gridLoadings()) {
+    static const auto readings = support::inOrderOfReading(gridProperties());
+    for (const auto& [property, loading] : readings) {
         // The number of rows alone has no default of its own: as many as a grid has at least.
-        const Variant fallback =
-            storage->fallback.isEmpty() ? grid_.main.FixedRows() + LoadedDataRows : storage->fallback;
-        loading.into(grid_, bag.Read(storage->asked, fallback));
+        const Variant& own = property->storage->fallback;
+        const Variant fallback = own.isEmpty() ? grid_.main.FixedRows() + LoadedDataRows : own;
+        loading.into(grid_, bag.Read(property->storage->asked, fallback));
     }
 }
 
 void Settings::readColumn(PropertyBag& bag, std::int32_t col) {
+    static const auto readings = support::inOrderOfReading(columns::columnProperties());
     columns_.shared(col);  // created when there is none yet, also when its first value fails
-    for (const StoredKey& key : columnKeys()) {
-        const Variant value = bag.Read(columnKey(col, key.read), key.fallback);
-        columns_.shared(col)->Put(key.member, value);
+    for (const auto& [property, loading] : readings) {
+        const Variant value = bag.Read(columnKey(col, property->storage->asked), property->storage->fallback);
+        loading.into(*columns_.shared(col), value);
     }
 }
 

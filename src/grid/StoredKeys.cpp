@@ -13,19 +13,6 @@ namespace {
 
 constexpr std::string_view ColumnPrefix = "SetVsControl";
 
-struct PlacedKey {
-    int place;
-    StoredKey key;
-};
-
-std::vector<StoredKey> inOrder(std::vector<PlacedKey> keys) {
-    std::ranges::sort(keys, {}, &PlacedKey::place);
-    std::vector<StoredKey> ordered;
-    ordered.reserve(keys.size());
-    for (PlacedKey& placed : keys) ordered.push_back(std::move(placed.key));
-    return ordered;
-}
-
 template <class Row>
 StoredKey keyOf(const Row& row) {
     const auto& s = *row.storage;
@@ -34,20 +21,20 @@ StoredKey keyOf(const Row& row) {
 
 template <class Rows>
 std::vector<StoredKey> asRead(const Rows& rows) {
-    std::vector<PlacedKey> keys;
-    for (const auto& row : rows) {
-        if (!row.storage) continue;
-        for (const auto& loading : row.storage->loadings) keys.push_back({loading.place, keyOf(row)});
-    }
-    return inOrder(std::move(keys));
+    std::vector<StoredKey> keys;
+    const auto readings = support::inOrderOfReading(rows);
+    keys.reserve(readings.size());
+    for (const auto& reading : readings) keys.push_back(keyOf(*reading.row));
+    return keys;
 }
 
 template <class Rows>
 std::vector<StoredKey> asWritten(const Rows& rows) {
-    std::vector<PlacedKey> keys;
-    for (const auto& row : rows)
-        if (row.storage) keys.push_back({row.storage->writtenPlace, keyOf(row)});
-    return inOrder(std::move(keys));
+    std::vector<StoredKey> keys;
+    const auto stored = support::inOrderOfWriting(rows);
+    keys.reserve(stored.size());
+    for (const auto* row : stored) keys.push_back(keyOf(*row));
+    return keys;
 }
 }  // namespace
 

@@ -49,6 +49,16 @@ struct InVariant {
     }
 };
 
+/// The two ways of a row's function.
+template <class T, class Function, class Reader>
+Variant getBy(Reader& owner) {
+    return InVariant<T>::to(Function{}(owner));
+}
+template <class T, class Function, class Owner>
+void putBy(Owner& owner, const Variant& value) {
+    Function{}(owner, InVariant<T>::from(value));
+}
+
 /// One reading of a stored value: its place in the order of reading, and where the value goes.
 template <class Loaded>
 struct Loading {
@@ -79,6 +89,8 @@ struct Property {
     Variant (*get)(Reader&) = nullptr;
     void (*put)(Owner&, const Variant&) = nullptr;
     std::optional<Storage<Loaded>> storage{};
+
+    using Load = Loading<Loaded>;
 };
 
 /// The row of a name, or nullptr.
@@ -86,6 +98,34 @@ template <class Rows>
 const typename Rows::value_type* find(const Rows& rows, std::string_view name) {
     const auto row = std::find_if(rows.begin(), rows.end(), [name](const auto& r) { return r.name == name; });
     return row != rows.end() ? &*row : nullptr;
+}
+
+/// A stored row and one of the places where it is read.
+template <class Row>
+struct Reading {
+    const Row* row;
+    typename Row::Load loading;
+};
+
+/// The stored rows in the order of reading; one that is asked for twice stands there twice.
+template <class Row>
+std::vector<Reading<Row>> inOrderOfReading(const std::vector<Row>& rows) {
+    std::vector<Reading<Row>> readings;
+    for (const Row& row : rows)
+        if (row.storage)
+            for (const auto& loading : row.storage->loadings) readings.push_back({&row, loading});
+    std::ranges::sort(readings, {}, [](const Reading<Row>& reading) { return reading.loading.place; });
+    return readings;
+}
+
+/// The stored rows in the order of writing.
+template <class Row>
+std::vector<const Row*> inOrderOfWriting(const std::vector<Row>& rows) {
+    std::vector<const Row*> stored;
+    for (const Row& row : rows)
+        if (row.storage) stored.push_back(&row);
+    std::ranges::sort(stored, {}, [](const Row* row) { return row->storage->writtenPlace; });
+    return stored;
 }
 
 /// The rows as a class describes itself; a property's number is its place in the table.
