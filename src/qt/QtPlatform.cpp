@@ -16,7 +16,7 @@
 #include "qt/Wording.h"
 #include "qt/forms/FormDialog.h"
 #include "qt/text/Encoding.h"
-#include "qt/view/Tips.h"
+#include "qt/view/Scale.h"
 
 namespace kxVsGrid::qt {
 
@@ -58,8 +58,7 @@ void QtPlatform::showMessageLater(const MessageBox& box) {
 
 /// As the painter draws it.
 std::int32_t QtPlatform::checkBoxSide() const {
-    constexpr double Pixels = 13;
-    return widget_ ? Scale(*widget_).twips(Pixels) : Platform::checkBoxSide();
+    return widget_ ? Scale(*widget_).twips(CheckBoxPixels) : Platform::checkBoxSide();
 }
 
 void QtPlatform::showTip(std::string_view text, const Rect& anchor) {

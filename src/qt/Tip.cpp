@@ -34,17 +34,11 @@ bool isNextAct(const QEvent& event) {
 }
 }  // namespace
 
-Tip::Tip(QWidget& owner, const QRect& anchor, const QString& text) : QLabel(owner.window()) {
-    setTextFormat(Qt::PlainText);
+Tip::Tip(QWidget& owner, const QRect& anchor, const QString& text) : TipLabel(owner.window()) {
     setText(text);
     setFont(QToolTip::font());
     setPalette(QToolTip::palette());
-    setBackgroundRole(QPalette::ToolTipBase);
-    setForegroundRole(QPalette::ToolTipText);
-    setAutoFillBackground(true);
-    setFrameStyle(QFrame::Box | QFrame::Plain);
     setMargin(Padding);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
     place(anchor);
     qApp->installEventFilter(this);
     QTimer::singleShot(lifeOf(text), this, [this] { hide(); });
@@ -66,11 +60,11 @@ void Tip::place(const QRect& anchor) {
 
 bool Tip::eventFilter(QObject* object, QEvent* event) {
     if (isNextAct(*event)) hide();
-    return QLabel::eventFilter(object, event);
+    return TipLabel::eventFilter(object, event);
 }
 
 void Tip::hideEvent(QHideEvent* event) {
-    QLabel::hideEvent(event);
+    TipLabel::hideEvent(event);
     if (!event->spontaneous()) deleteLater();
 }
 }  // namespace kxVsGrid::qt

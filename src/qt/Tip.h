@@ -1,14 +1,13 @@
 // A line of text that stands beside a place in a window for a while.
 #pragma once
 
-#include <QLabel>
+#include "qt/TipLabel.h"
 
 namespace kxVsGrid::qt {
 
-/// Plain text; presses go through it, and it takes neither the keyboard nor a key. It goes with the next key
-/// or press, with its window, or after a while, and deletes itself then. It is part of the window: windows
+/// It goes with the next key or press, with its window, or after a while, and deletes itself then. It is part of the window: windows
 /// that come up, close and become active do not touch it, unlike a tool tip of Qt's.
-class Tip : public QLabel {
+class Tip : public TipLabel {
   public:
     /// Under `anchor` (on the screen), above it where there is no room. `owner` wears the palette and is in
     /// the window.

@@ -11,15 +11,8 @@ constexpr int Gap = 2;
 constexpr int SideMargin = 4;
 }  // namespace
 
-EditorTip::EditorTip(QWidget& parent) : QLabel(&parent) {
-    setTextFormat(Qt::PlainText);
-    setFocusPolicy(Qt::NoFocus);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-    setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+EditorTip::EditorTip(QWidget& parent) : TipLabel(&parent) {
     setContentsMargins(SideMargin, 1, SideMargin, 1);
-    setAutoFillBackground(true);
-    setForegroundRole(QPalette::ToolTipText);
-    setBackgroundRole(QPalette::ToolTipBase);
     hide();
 }
 

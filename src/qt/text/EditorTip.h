@@ -1,12 +1,12 @@
 // A line at the editor that says why its text was refused. It stays for as long as the control wants it
-// there, and takes neither keys nor the keyboard nor presses.
+// there.
 #pragma once
 
-#include <QLabel>
+#include "qt/TipLabel.h"
 
 namespace kxVsGrid::qt {
 
-class EditorTip : public QLabel {
+class EditorTip : public TipLabel {
   public:
     explicit EditorTip(QWidget& parent);
 

@@ -185,10 +185,9 @@ void FramePainter::shapedText(QPainter& painter, const FrameItem& item, const QR
 }
 
 void FramePainter::checkMark(QPainter& painter, const FrameItem& item) {
-    constexpr double Side = 13;
     textsBegun_ = true;
     const QRect rect = place(item.rect);
-    const int side = std::min({scale_->deviceLength(Side), rect.width() - 2, rect.height() - 2});
+    const int side = std::min({scale_->deviceLength(CheckBoxPixels), rect.width() - 2, rect.height() - 2});
     if (side < 3) return;
     const QRect box(rect.left() + (rect.width() - side) / 2, rect.top() + (rect.height() - side) / 2, side,
                     side);

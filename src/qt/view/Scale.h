@@ -14,6 +14,9 @@
 
 namespace kxVsGrid::qt {
 
+/// How long the side of a check box is in a cell with room for it, logical pixels.
+inline constexpr double CheckBoxPixels = 13;
+
 class Scale {
   public:
     static constexpr double TwipsPerInch = 1440.0;
