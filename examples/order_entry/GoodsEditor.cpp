@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "Decimal.h"
+#include "FocusedWheel.h"
 #include "Initials.h"
 
 using namespace Qt::StringLiterals;
@@ -73,14 +74,6 @@ void GoodsEditor::showWhetherNew() {
     new_->setVisible(!changing_.isEmpty());
 }
 
-bool GoodsEditor::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == unit_ && event->type() == QEvent::Wheel && !unit_->hasFocus()) {
-        event->ignore();
-        return true;
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
 void GoodsEditor::layOut() {
     code_->setObjectName(u"code"_s);
     code_->setMaxLength(20);
@@ -93,8 +86,7 @@ void GoodsEditor::layOut() {
     spec_->setMaxLength(50);
     unit_->setObjectName(u"unit"_s);
     unit_->setEditable(true);
-    unit_->setFocusPolicy(Qt::StrongFocus);
-    unit_->installEventFilter(this);
+    FocusedWheel::keep(*unit_);
     unit_->lineEdit()->setMaxLength(10);
     unit_->addItems({u"个"_s, u"件"_s, u"套"_s, u"台"_s, u"米"_s, u"千克"_s, u"箱"_s});
     price_->setObjectName(u"price"_s);

@@ -22,7 +22,6 @@ class GoodsEditor : public QDialog {
 
     /// Stored already when the box was accepted; incomplete ones keep it open and say what is missing.
     void accept() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     /// The code of what was stored.
     QString stored() const { return stored_; }
 

@@ -7,6 +7,9 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
+#include "FocusedWheel.h"
+#include "PlainTip.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,7 +31,7 @@ OrderHeader::OrderHeader(QWidget* parent)
     customer_->setObjectName(u"customer"_s);
     contact_->setObjectName(u"contact"_s);
     contact_->setTextFormat(Qt::PlainText);
-    date_->setFocusPolicy(Qt::StrongFocus);  // the wheel does not give it the keyboard
+    FocusedWheel::keep(*date_);
     layOut();
     number_->installEventFilter(this);
     date_->installEventFilter(this);
@@ -124,15 +127,10 @@ void OrderHeader::showContact() {
         contact_->setText(chosen->contact + u"  "_s + chosen->phone);
     else
         contact_->setText(customer_->isHopeless() ? u"没有这个客户"_s : QString());
-    const QString text = contact_->text();
-    contact_->setToolTip(Qt::mightBeRichText(text) ? u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s : text);
+    contact_->setToolTip(plainTip(contact_->text()));
 }
 
 bool OrderHeader::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Wheel && watched == date_ && !date_->hasFocus()) {
-        event->ignore();
-        return true;
-    }
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter) {

@@ -11,6 +11,7 @@
 #include "ColumnWidths.h"
 #include "OrderGrid.h"
 #include "OrderHeader.h"
+#include "PlainTip.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 using namespace Qt::StringLiterals;
@@ -397,8 +398,7 @@ void OrderWindow::say(const QString& text, bool warning) {
     const bool dark = palette().color(QPalette::Window).lightness() < 128;
     message_->setStyleSheet(!warning ? QString() : dark ? u"color: #ffb4ab"_s : u"color: #b3261e"_s);
     message_->setText(text);
-    // A tip that looks like markup would be taken for it.
-    message_->setToolTip(Qt::mightBeRichText(text) ? u"<p>"_s + text.toHtmlEscaped() + u"</p>"_s : text);
+    message_->setToolTip(plainTip(text));
 }
 
 void OrderWindow::refresh() {
