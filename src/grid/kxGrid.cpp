@@ -1,12 +1,20 @@
-// Wiring: which collaborator hears which event of the grids.
+// The face of the control: what each member reads or changes, on which of the two grids, and what the container
+// hears. Errors of reading and writing cells and settings end in a message box, never in the host.
 #include "kxVsGrid/kxGrid.h"
 
+#include "columns/ColumnColors.h"
 #include "columns/EditableColumn.h"
-#include "editing/BringIntoView.h"
+#include "editing/EmptyRule.h"
+#include "grid/CellPlace.h"
 #include "grid/Parts.h"
+#include "grid/SetUp.h"
 #include "support/CurrentError.h"
+#include "support/FirstFault.h"
 
 namespace kxVsGrid {
+
+using totals::TotalRow;
+
 namespace {
 
 constexpr const char* SettingsErrorTitle = "错误:";
@@ -18,141 +26,475 @@ kxGrid::~kxGrid() {
     parts_->controlGone();
 }
 
-kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
-    : control(owner),
-      host(owner),
-      platform(machine),
-      main(machine.textMetrics()),
-      sums(machine.textMetrics()),
-      seat(machine.seat(owner)),
-      totals(main, sums, columns),
-      layout(main, sums, totals),
-      wheel(main),
-      settings(main, sums, columns, flags, totals, layout),
-      editor({context, platform, *seat, *this}),
-      rows({context, editor, totals, wheel, defaulted}),
-      menus({context, defaulted, platform, rows, *this}),
-      inputContext{context, editor, rows, totals, *seat, platform},
-      navigation(inputContext),
-      keys(inputContext, menus),
-      boxPress(inputContext),
-      input(inputContext, navigation, keys, boxPress, layout) {
-    columns.resize(main.Cols());
-    main.ColShade([this](std::int32_t col) { return shadeOf(col); });
-    options.LookChanged.connect([this] { main.damageAll(); });
-    connectMoves();
-    connectKeysAndMouse();
+// --- State
+
+bool kxGrid::bIsDirty() const {
+    return parts_->flags.Editable && parts_->flags.changed;
 }
 
-/// A grid that cannot be edited has no column that can.
-std::uint8_t kxGrid::Parts::shadeOf(std::int32_t col) {
-    if (options.ReadOnlyShade() == 0) return 0;
-    const bool editable = flags.Editable && columns::isEditableColumn(main, columns, col);
-    return editable ? std::uint8_t{0} : static_cast<std::uint8_t>(options.ReadOnlyShade());
+void kxGrid::Unmodified() {
+    parts_->flags.changed = false;
 }
 
-void kxGrid::Parts::controlGone() {
-    host.controlGone();
-    main.silence();
-    sums.silence();
+GridOptions& kxGrid::Options() {
+    return parts_->options;
 }
 
-void kxGrid::Parts::connectMoves() {
-    main.BeforeRowColChange.connect(
-        keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol, bool& cancel) {
-            navigation.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
-        }));
-    main.LeaveCell.connect(keeping([this] { navigation.leaveCell(); }));
-    main.EnterCell.connect(keeping([this] { navigation.enterCell(); }));
-    main.RowColChange.connect(keeping([this] { navigation.rowColChange(); }));
-    main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
-        navigation.afterRowColChange(oldRow, oldCol, newRow, newCol);
-    }));
-    main.SelChange.connect(keeping([this] { host.raise(&GridEvents::SelChange); }));
-    main.CellChanged.passOn(control.CellChanged);
-    main.AfterScroll.connect(keeping(
-        [this](auto oldTopRow, auto oldLeftCol, auto, auto) { navigation.scrolled(oldTopRow, oldLeftCol); }));
-    main.SizeChanged.connect(keeping([this] {
-        totals.followCols();
-        columns.resize(main.Cols());
-        rows.follower().rowsLimited(main.Rows());
-        defaulted.colsLimited(main.Cols());
-        editor.place();
-    }));
-    main.PlacesChanged.connect([this] {
-        if (!editor.visible()) return;
-        const auto kept = shared_from_this();
-        editor.placesChanged();
-    });
-    main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
-        if (inserted) {
-            rows.follower().rowInserted(position);
-            editor.rowInserted(position);
-        } else {
-            rows.follower().rowRemoved(position);
-            editor.rowRemoved(position);
+const GridOptions& kxGrid::Options() const {
+    return parts_->options;
+}
+
+kxVsGrid::History& kxGrid::History() {
+    return parts_->steps.history;
+}
+
+kxVsGrid::Changes& kxGrid::Changes() {
+    return parts_->steps.changes;
+}
+
+ChangeStep kxGrid::Step(std::string_view name) {
+    return ChangeStep({parts_, &parts_->steps}, name);
+}
+
+UnrecordedSpan kxGrid::Unrecorded() {
+    return UnrecordedSpan({parts_, &parts_->steps});
+}
+
+bool kxGrid::IsActive() const {
+    return parts_->input.active();
+}
+
+bool kxGrid::Editable() const {
+    return parts_->flags.Editable;
+}
+
+void kxGrid::Editable(bool editable) {
+    const auto kept = held();
+    Parts& p = *kept;
+    if (!editable) {
+        if (p.editor.visible() && !p.editor.committing()) p.editor.commit();
+        p.flags.changed = false;
+    }
+    p.flags.Editable = editable;
+    if (p.options.ReadOnlyShade() != 0) p.main.damageAll();
+    p.report("Editable");
+}
+
+bool kxGrid::bIsShowZero() const {
+    return parts_->flags.bIsShowZero;
+}
+
+void kxGrid::bIsShowZero(bool show) {
+    parts_->flags.bIsShowZero = show;
+    parts_->report("ShowZero");
+}
+
+bool kxGrid::ReDraw() const {
+    return parts_->flags.ReDraw;
+}
+
+void kxGrid::ReDraw(bool redraw) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.flags.ReDraw = redraw;
+    if (!redraw) return;
+    grid::setUpGrid(p.main, p.columns, p.totals);
+    p.realign();
+    if (p.flags.SumRow) p.totals.recalculate(TotalRow::AllColumns);
+}
+
+bool kxGrid::SumRow() const {
+    return parts_->flags.SumRow;
+}
+
+void kxGrid::SumRow(bool show) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.flags.SumRow = show;
+    p.layout.showTotalRow(show);
+    p.seat->layoutChanged();
+    p.report("SumRow");
+}
+
+// --- Column definitions
+
+std::shared_ptr<cVsControl> kxGrid::VsCtrl(std::int16_t Col) {
+    return parts_->columns.shared(Col);
+}
+
+std::shared_ptr<cVsControl> kxGrid::SetVsControl() {
+    return parts_->columns.shared(parts_->main.Col());
+}
+
+void kxGrid::SetVsControl(std::shared_ptr<cVsControl> definition) {
+    parts_->columns.put(parts_->main.Col(), std::move(definition));
+    parts_->report("SetVsControl");
+}
+
+// --- Rows and columns
+
+std::int32_t kxGrid::Rows() const {
+    return parts_->main.Rows();
+}
+
+void kxGrid::Rows(std::int32_t count) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.commitOpenText();
+    support::FirstFault fault;
+    fault.during([&] { p.rows.count(count); });
+    p.editor.place();
+    fault.during([&] { p.leaveFixedArea(); });
+    fault.raise();
+    p.report("Rows");
+}
+
+std::int32_t kxGrid::Cols() const {
+    return parts_->main.Cols();
+}
+
+void kxGrid::Cols(std::int32_t count) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.commitOpenText();
+    p.main.Cols(count);
+    p.main.FormatString(p.main.FormatString());
+    p.realign();
+    p.report("Cols");
+}
+
+std::int32_t kxGrid::FixedRows() const {
+    return parts_->main.FixedRows();
+}
+
+void kxGrid::FixedRows(std::int32_t count) {
+    const auto p = held();
+    p->commitOpenText();
+    p->main.FixedRows(count);
+    p->leaveFixedArea();
+    p->report("FixedRows");
+}
+
+std::int32_t kxGrid::FixedCols() const {
+    return parts_->main.FixedCols();
+}
+
+void kxGrid::FixedCols(std::int32_t count) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.commitOpenText();
+    p.main.FixedCols(count);
+    p.totals.followFixedCols();
+    p.sums.BackColorFixed(p.main.BackColorFixed());
+    p.leaveFixedArea();
+    p.report("FixedCols");
+}
+
+std::int32_t kxGrid::Row() const {
+    return parts_->main.Row();
+}
+
+void kxGrid::Row(std::int32_t row) {
+    parts_->main.Row(row);
+}
+
+std::int32_t kxGrid::Col() const {
+    return parts_->main.Col();
+}
+
+void kxGrid::Col(std::int32_t col) {
+    parts_->main.Col(col);
+}
+
+std::string kxGrid::FormatString() const {
+    return parts_->main.FormatString();
+}
+
+void kxGrid::FormatString(std::string_view format) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.commitOpenText();
+    p.main.FormatString(format);
+    p.realign();
+    p.report("FormatString");
+}
+
+bool kxGrid::ColHidden(std::int32_t Col) const {
+    return parts_->main.ColHidden(Col);
+}
+
+void kxGrid::ColHidden(std::int32_t Col, bool hidden) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.commitOpenText();
+    p.main.ColHidden(Col, hidden);
+    p.sums.ColHidden(Col, hidden);
+    p.columns.shared(Col)->bIsVisible(!hidden);
+    p.realign();
+}
+
+std::string kxGrid::ColFormat(std::int32_t Col) const {
+    return parts_->main.ColFormat(Col);
+}
+
+void kxGrid::ColFormat(std::int32_t Col, std::string_view format) {
+    if (!CellGrid::IsFormat(format))
+        throw GridError("kxGrid.ColFormat: \"" + std::string(format) + "\" is no format of numbers or dates");
+    parts_->main.ColFormat(Col, format);
+    parts_->sums.ColFormat(Col, format);
+}
+
+std::int32_t kxGrid::ColWidth(std::int32_t Col) const {
+    return parts_->main.ColWidth(Col);
+}
+
+void kxGrid::ColWidth(std::int32_t Col, std::int32_t twips) {
+    const auto p = held();
+    p->main.ColWidth(Col, twips);
+    p->realign();
+}
+
+std::string kxGrid::ColSample(std::int32_t Col) const {
+    return parts_->main.ColSample(Col);
+}
+
+void kxGrid::ColSample(std::int32_t Col, std::string_view sample) {
+    const auto p = held();
+    p->main.ColSample(Col, sample);
+    p->realign();
+}
+
+mEmflexAlign kxGrid::ColAlignment(std::int32_t Col) const {
+    return parts_->main.ColAlignment(Col);
+}
+
+void kxGrid::ColAlignment(std::int32_t Col, mEmflexAlign alignment) {
+    parts_->main.ColAlignment(Col, alignment);
+    parts_->sums.ColAlignment(Col, alignment);
+}
+
+std::int32_t kxGrid::RowHeight(std::int32_t Row) const {
+    return parts_->main.RowHeight(Row);
+}
+
+void kxGrid::RowHeight(std::int32_t Row, std::int32_t twips) {
+    const auto p = held();
+    p->main.RowHeight(Row, twips);
+    p->realign();
+}
+
+std::int32_t kxGrid::SumRowHeight() const {
+    return parts_->totals.rowHeight();
+}
+
+void kxGrid::SumRowHeight(std::int32_t twips) {
+    const auto p = held();
+    p->totals.setRowHeight(twips);
+    p->realign();
+}
+
+void kxGrid::MeasureCols() {
+    const auto p = held();
+    p->main.MeasureCols();
+    p->realign();
+}
+
+mEmflexMerge kxGrid::MergeCells() const {
+    return parts_->main.MergeCells();
+}
+
+void kxGrid::MergeCells(mEmflexMerge merge) {
+    parts_->main.MergeCells(merge);
+}
+
+bool kxGrid::MergeCol(std::int32_t Col) const {
+    return parts_->main.MergeCol(Col);
+}
+
+void kxGrid::MergeCol(std::int32_t Col, bool merge) {
+    parts_->main.MergeCol(Col, merge);
+}
+
+bool kxGrid::MergeRow(std::int32_t Row) const {
+    return parts_->main.MergeRow(Row);
+}
+
+void kxGrid::MergeRow(std::int32_t Row, bool merge) {
+    parts_->main.MergeRow(Row, merge);
+}
+
+void kxGrid::AddRow(std::int32_t Position, bool WithDefaults, bool CopyData) {
+    held()->rows.add(Position, WithDefaults, CopyData);
+}
+
+void kxGrid::Clear() {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.steps.forget();
+    p.editor.setText("");
+    p.editor.setTag("");
+    p.editor.hide();
+    if (p.host.there()) Rows(p.main.FixedRows());
+}
+
+// --- Cells
+
+void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
+    parts_->set(Row, Col, psDisplay, psTag);
+}
+
+std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {
+    const CellReader data = &CellGrid::Data;
+    return read(Row, Col, piReturnTextorID ? &CellGrid::DisplayText : data);
+}
+
+std::string kxGrid::RawText(std::int32_t Row, std::int32_t Col) {
+    return read(Row, Col, &CellGrid::Text);
+}
+
+std::string kxGrid::read(std::int32_t Row, std::int32_t Col, CellReader reader) {
+    Parts& p = *parts_;
+    std::shared_ptr<Parts> kept;
+    try {
+        if (p.editor.visible()) {
+            kept = held();
+            p.editor.commitUnlessLocked();
         }
-    }));
+        if (!grid::holds(p.main, Row, Col)) return {};
+        return (p.main.*reader)(Row, Col);
+    } catch (...) {
+        p.showError("CellError" + support::currentError(), "错误：");
+        return {};
+    }
 }
 
-void kxGrid::Parts::connectKeysAndMouse() {
-    main.KeyDown.connect(
-        keeping([this](std::int16_t& code, std::int16_t shift) { keys.keyDown(code, shift); }));
-    main.CharacterTyped.connect(keeping(
-        [this](std::int16_t& ascii, std::string_view character) { keys.keyPress(ascii, character); }));
-    main.Click.connect(keeping([this] { host.raise(&GridEvents::Click); }));
-    main.DblClick.connect(keeping([this] { keys.doubleClick(!boxPress.turned()); }));
-    main.MouseDown.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
-        boxPress.ends(menus.mouseDown(button, shift, x, y, input.pressLeadsThere()));
-    }));
-    main.MouseMove.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
-        wheel.mouseOver();
-        host.raise(&GridEvents::MouseMove, button, shift, x, y);
-    }));
-    main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t) { realign(); }));
-    main.AfterEdit.connect(keeping(
-        [this](std::int32_t row, std::int32_t col) { host.raise(&GridEvents::AfterEdit, row, col); }));
+std::string kxGrid::ReadSum(std::int32_t Col) const {
+    Parts& p = *parts_;
+    try {
+        if (p.sums.Rows() <= p.sums.FixedRows() || !grid::holds(p.sums, 0, Col)) return {};
+        return p.sums.DisplayText(0, Col);
+    } catch (...) {
+        p.showError("CellError" + support::currentError(), "错误：");
+        return {};
+    }
 }
 
-void kxGrid::Parts::realign() {
-    layout.alignTotalRow();
-    editor.place();
-    seat->layoutChanged();
+void kxGrid::RecalculateTotals() {
+    parts_->totals.recalculate(totals::TotalRow::AllColumns);
 }
 
-void kxGrid::Parts::leaveFixedArea() {
-    if (input.keyboardInGrid() && !editor.visible()) navigation.leaveFixedArea();
+std::string kxGrid::Problem(std::int32_t Row, std::int32_t Col) const {
+    Parts& p = *parts_;
+    if (!grid::holds(p.main, Row, Col) || grid::isFixed(p.main, Row, Col)) return {};
+    const cVsControl* column = p.columns.find(Col);
+    return column ? editing::brokenRule(*column, p.main.Data(Row, Col)) : std::string();
 }
 
-// --- The way back
-// -------------------------------------------------------------------------------------------------------------
-
-/// What was typed and could be stored is stored, to be undone first; a refused expression has been undone
-/// when its number is back.
-bool kxGrid::Parts::closeEditor() {
-    if (editor.committing()) return false;
-    if (editor.visible() && !editor.refused() && !editor.unchanged()) editor.commit();
-    if (!editor.visible()) return true;
-    if (editor.locked()) return false;
-    editor.drop();
-    return true;
+bool kxGrid::ValidTextData() {
+    return held()->editor.validate();
 }
 
-void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {
-    if (!host.there() || main.Col() < 0) return;
-    main.Select(row, col < 0 ? main.Col() : col);
-    editing::bringCurrentCellIntoView(main);
+bool kxGrid::IsValid() {
+    return ValidTextData();
 }
 
-void kxGrid::Parts::settleAfterReading() {
-    // A failed reading may have ended before the total row was told.
-    totals.followFixedCols();
-    realign();
-    leaveFixedArea();
+std::string kxGrid::Text() const {
+    return parts_->editor.box().text();
 }
 
-void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
-    if (host.there()) platform.showMessage({std::string(text), MessageBox::Critical, std::string(title)});
+void kxGrid::Text(std::string_view text) {
+    held()->editor.setText(text);
+}
+
+std::string kxGrid::TextTag() const {
+    return parts_->editor.box().tag();
+}
+
+void kxGrid::TextTag(std::string_view tag) {
+    parts_->editor.setTag(tag);
+}
+
+// --- Look
+
+std::uint32_t kxGrid::BackColor() const {
+    return parts_->main.BackColor();
+}
+
+void kxGrid::BackColor(std::uint32_t color) {
+    parts_->main.BackColor(color);
+    parts_->sums.BackColor(parts_->main.BackColor());
+    parts_->report("BackColor");
+}
+
+std::uint32_t kxGrid::BackColorBkg() const {
+    return parts_->main.BackColorBkg();
+}
+
+void kxGrid::BackColorBkg(std::uint32_t color) {
+    parts_->main.BackColorBkg(color);
+    parts_->sums.BackColorBkg(parts_->main.BackColorBkg());
+    parts_->report("BackColorBkg");
+}
+
+std::uint32_t kxGrid::BackColorFixed() const {
+    return parts_->main.BackColorFixed();
+}
+
+void kxGrid::BackColorFixed(std::uint32_t color) {
+    parts_->main.BackColorFixed(color);
+    parts_->sums.BackColorFixed(parts_->main.BackColorFixed());
+    parts_->report("BackColorFixed");
+}
+
+std::uint32_t kxGrid::ForeColor() const {
+    return parts_->main.ForeColor();
+}
+
+void kxGrid::ForeColor(std::uint32_t color) {
+    parts_->main.ForeColor(color);
+    parts_->sums.ForeColor(parts_->main.ForeColor());
+    parts_->report("ForeColor");
+}
+
+std::uint32_t kxGrid::ForeColorFixed() const {
+    return parts_->main.ForeColorFixed();
+}
+
+void kxGrid::ForeColorFixed(std::uint32_t color) {
+    parts_->main.ForeColorFixed(color);
+    parts_->sums.ForeColorFixed(parts_->main.ForeColorFixed());
+    parts_->report("ForeColorFixed");
+}
+
+std::int32_t kxGrid::Appearance() const {
+    return parts_->main.Appearance();
+}
+
+void kxGrid::Appearance(std::int32_t appearance) {
+    parts_->main.Appearance(appearance);
+    parts_->report("Appearance");
+}
+
+void kxGrid::VsSumCellBackColor(std::uint32_t color) {
+    parts_->totals.setColor(color);
+}
+
+// --- The grids behind it
+
+CellGrid& kxGrid::Grid() {
+    return parts_->main;
+}
+
+const CellGrid& kxGrid::Grid() const {
+    return parts_->main;
+}
+
+CellGrid& kxGrid::Grid_Sum() {
+    return parts_->sums;
+}
+
+const CellGrid& kxGrid::Grid_Sum() const {
+    return parts_->sums;
 }
 
 // --- Loading and saving
@@ -223,15 +565,5 @@ Rect kxGrid::totalRowRect() const {
 
 bool kxGrid::totalRowShown() const {
     return parts_->layout.totalRowShown();
-}
-
-void kxGrid::MeasureCols() {
-    const auto p = held();
-    p->main.MeasureCols();
-    p->realign();
-}
-
-void kxGrid::AddRow(std::int32_t Position, bool WithDefaults, bool CopyData) {
-    held()->rows.add(Position, WithDefaults, CopyData);
 }
 }  // namespace kxVsGrid

@@ -55,22 +55,13 @@ std::string render(const std::vector<std::vector<std::string>>& lines) {
 }
 }  // namespace
 
-EditorState Desk::editor() const {
+SeenEditor Desk::editor() const {
     const kxGrid& grid = *station().address;
-    const EditorView& view = grid.editorView();
-    EditorState state;
-    state.visible = view.visible;
-    state.enabled = view.enabled;
-    state.text = grid.Text();
-    state.tag = grid.TextTag();
-    state.selStart = view.selStart;
-    state.selLength = view.selLength;
-    state.rect = view.rect;
-    state.helpButton = view.visible && view.helpButton;
-    if (state.helpButton) state.helpRect = view.helpRect;
-    state.refused = view.refused;
-    state.tip = view.tip;
-    return state;
+    SeenEditor seen{grid.editorView(), grid.TextTag()};
+    seen.text = grid.Text();
+    seen.helpButton = seen.visible && seen.helpButton;
+    if (!seen.helpButton) seen.helpRect = {};
+    return seen;
 }
 
 std::string Desk::ascii() const {

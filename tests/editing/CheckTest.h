@@ -101,7 +101,7 @@ class CheckTest : public ClerkAt<WatchedDesk> {
 
     /// The editor stands open over (row, col) with this text refused: wholly selected, with the keyboard.
     void expectRefused(std::int32_t row, std::int32_t col, const std::string& text) {
-        const headless::EditorState editor = desk.editor();
+        const headless::SeenEditor editor = desk.editor();
         EXPECT_TRUE(editor.visible);
         EXPECT_TRUE(editor.refused);
         EXPECT_EQ(editor.text, text);

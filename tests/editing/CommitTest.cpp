@@ -147,7 +147,7 @@ TEST_P(Refusal, EmptiesTheCellAndKeepsTheEditorWithTheCaretAtTheEnd) {
     EXPECT_EQ(heard(), changed(1, 1));
     EXPECT_EQ(text(1, 1), "");
     EXPECT_EQ(tag(1, 1), "tag");
-    const headless::EditorState editor = desk.editor();
+    const headless::SeenEditor editor = desk.editor();
     EXPECT_TRUE(editor.visible);
     EXPECT_TRUE(editor.refused);
     EXPECT_EQ(editor.text, GetParam());

@@ -8,7 +8,7 @@ class OpeningTheEditor : public ClerkTest {
   protected:
     /// The editor lies inside the control and over the current cell.
     void expectOverTheCell() {
-        const headless::EditorState editor = desk.editor();
+        const headless::SeenEditor editor = desk.editor();
         ASSERT_TRUE(editor.visible) << desk.ascii();
         EXPECT_FALSE(editor.rect.empty());
         Rect cell = grid.Grid().CellRect(grid.Row(), grid.Col());
@@ -34,7 +34,7 @@ TEST_F(OpeningTheEditor, ShowsTextAndTagOfTheCellWithTheTextSelected) {
     at(2, 3);
     desk.press(Key::Space);
     EXPECT_EQ(heard(), opens());
-    const headless::EditorState editor = desk.editor();
+    const headless::SeenEditor editor = desk.editor();
     EXPECT_TRUE(editor.visible);
     EXPECT_TRUE(editor.enabled);
     EXPECT_FALSE(editor.refused);

@@ -81,7 +81,7 @@ class RandomDates : public ::testing::TestWithParam<TestedForm> {
     void expectRefused(std::int32_t row, const std::string& typed) {
         ASSERT_EQ(desk.messages().size(), 1u);
         EXPECT_EQ(desk.messages()[0], (MessageBox{GetParam().message, 64, "提示："}));
-        const headless::EditorState editor = desk.editor();
+        const headless::SeenEditor editor = desk.editor();
         EXPECT_TRUE(editor.visible && editor.refused);
         EXPECT_EQ(editor.text, support::withoutLineBreaks(typed));
         EXPECT_EQ(editor.selStart, 0u);

@@ -99,7 +99,7 @@ TEST_P(RefusedTyping, IsCleanedOfLineEndsBeforeItIsMarkedAndSelected) {
 TEST_P(RefusedTyping, ShowsItsBoxOverTheTextAsItWasTyped) {
     put(2, col, bad + "\r\n");
     desk.select(1);
-    headless::EditorState seen;
+    headless::SeenEditor seen;
     desk.whileTheBoxIsOpen = [&] { seen = desk.editor(); };
     EXPECT_FALSE(grid.ValidTextData());
     EXPECT_TRUE(seen.visible);

@@ -1,7 +1,7 @@
 // Numbers with group separators: they count where the column's format groups, and end the number elsewhere.
 #include <string>
 
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 #include "kit/PlacedGrid.h"
 
 namespace kxVsGrid::testing {

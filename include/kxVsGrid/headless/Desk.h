@@ -33,19 +33,10 @@
 
 namespace kxVsGrid::headless {
 
-/// The editor as a clerk sees it.
-struct EditorState {
-    bool visible = false;
-    bool enabled = true;
-    std::string text;
+/// The editor as a clerk sees it, with the tag behind its text. While it is hidden, text and tag are those of
+/// the current cell.
+struct SeenEditor : EditorView {
     std::string tag;
-    std::size_t selStart = 0;
-    std::size_t selLength = 0;
-    Rect rect;
-    bool helpButton = false;
-    Rect helpRect;  ///< of the button, while it is shown
-    bool refused = false;
-    std::string tip;  ///< at the editor: why an expression was refused
 };
 
 /// A dialog that was shown: the name of its form, its inner size and the place that it was shown near.
@@ -147,7 +138,7 @@ class Desk : public Platform {
     Desk& scrollTo(std::int32_t topRow, std::int32_t leftCol);
 
     // --- The editor.
-    EditorState editor() const;
+    SeenEditor editor() const;
     /// The clerk moves the caret or selects; positions count characters.
     Desk& select(std::size_t start, std::size_t length = 0);
 

@@ -2,7 +2,7 @@
 // a pair.
 #include <stdexcept>
 
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

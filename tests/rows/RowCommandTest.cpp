@@ -1,5 +1,5 @@
 // The commands of the menu that add, insert, copy or delete one row.
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -3,7 +3,7 @@
 #include <functional>
 #include <utility>
 
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,6 +1,6 @@
-// Cells as hosts write and read them. Errors, also those of other types than std::exception, end in a message
-// box, never in the host.
-#include "editing/EmptyRule.h"
+// What SetCell makes of a text. Errors, also those of other types than std::exception, end in a message box,
+// never in the host.
+#include "grid/CellPlace.h"
 #include "grid/Parts.h"
 #include "support/CurrentError.h"
 #include "support/Dates.h"
@@ -9,10 +9,6 @@
 
 namespace kxVsGrid {
 namespace {
-
-bool holds(const CellGrid& grid, std::int32_t row, std::int32_t col) {
-    return row >= 0 && col >= 0 && row < grid.Rows() && col < grid.Cols();
-}
 
 using support::isDigit;
 
@@ -52,15 +48,7 @@ bool isBlanked(const CellGrid& grid, mEmDataType type, std::int32_t col, std::st
     const bool groups = col >= 0 && col < grid.Cols() && grid.ColGroups(col);  // "0,123" is no zero there
     return !groups || support::leadingNumber(support::withoutGroups(text, groups)) == 0;
 }
-
-bool isFixed(const CellGrid& grid, std::int32_t row, std::int32_t col) {
-    return row < grid.FixedRows() || col < grid.FixedCols();
-}
 }  // namespace
-
-void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
-    parts_->set(Row, Col, psDisplay, psTag);
-}
 
 bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view text,
                         const std::string_view& tag) {
@@ -73,7 +61,8 @@ bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view tex
         const cVsControl* column = columns.find(col);
         if (!column) return true;
         defaulted.written(row, col);
-        if (!flags.bIsShowZero && isBlanked(main, column->iType(), col, text) && !isFixed(main, row, col))
+        if (!flags.bIsShowZero && isBlanked(main, column->iType(), col, text) &&
+            !grid::isFixed(main, row, col))
             text = {};
         const bool heard = main.CellChanged.heard();
         if (heard) kept = shared_from_this();
@@ -92,79 +81,8 @@ bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view tex
 
 void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_view text,
                               const std::string_view& tag) {
-    if (!holds(main, row, col)) return;
+    if (!grid::holds(main, row, col)) return;
     const auto write = [&] { main.Cell(row, col, text, tag); };
     totals.around(row, col, main.CellChanged.heard(), write, [this] { return flags.ReDraw; });
-}
-
-std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {
-    const CellReader data = &CellGrid::Data;
-    return read(Row, Col, piReturnTextorID ? &CellGrid::DisplayText : data);
-}
-
-std::string kxGrid::RawText(std::int32_t Row, std::int32_t Col) {
-    return read(Row, Col, &CellGrid::Text);
-}
-
-std::string kxGrid::read(std::int32_t Row, std::int32_t Col, CellReader reader) {
-    Parts& p = *parts_;
-    std::shared_ptr<Parts> kept;
-    try {
-        if (p.editor.visible()) {
-            kept = held();
-            p.editor.commitUnlessLocked();
-        }
-        if (!holds(p.main, Row, Col)) return {};
-        return (p.main.*reader)(Row, Col);
-    } catch (...) {
-        p.showError("CellError" + support::currentError(), "错误：");
-        return {};
-    }
-}
-
-std::string kxGrid::ReadSum(std::int32_t Col) const {
-    Parts& p = *parts_;
-    try {
-        if (p.sums.Rows() <= p.sums.FixedRows() || !holds(p.sums, 0, Col)) return {};
-        return p.sums.DisplayText(0, Col);
-    } catch (...) {
-        p.showError("CellError" + support::currentError(), "错误：");
-        return {};
-    }
-}
-
-void kxGrid::RecalculateTotals() {
-    parts_->totals.recalculate(totals::TotalRow::AllColumns);
-}
-
-std::string kxGrid::Problem(std::int32_t Row, std::int32_t Col) const {
-    Parts& p = *parts_;
-    if (!holds(p.main, Row, Col) || isFixed(p.main, Row, Col)) return {};
-    const cVsControl* column = p.columns.find(Col);
-    return column ? editing::brokenRule(*column, p.main.Data(Row, Col)) : std::string();
-}
-
-bool kxGrid::ValidTextData() {
-    return held()->editor.validate();
-}
-
-bool kxGrid::IsValid() {
-    return ValidTextData();
-}
-
-std::string kxGrid::Text() const {
-    return parts_->editor.box().text();
-}
-
-void kxGrid::Text(std::string_view text) {
-    held()->editor.setText(text);
-}
-
-std::string kxGrid::TextTag() const {
-    return parts_->editor.box().tag();
-}
-
-void kxGrid::TextTag(std::string_view tag) {
-    parts_->editor.setTag(tag);
 }
 }  // namespace kxVsGrid

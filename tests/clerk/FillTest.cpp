@@ -1,5 +1,5 @@
 // Filling the rest of a column: series of numbers, and copies of the cell.
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,5 +1,5 @@
 // The menu of a grid that cannot be changed: the current cell goes to the clipboard.
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

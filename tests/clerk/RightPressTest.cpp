@@ -1,5 +1,5 @@
 // A right press acts where it was pressed: the menu's commands are for the row and the column under it.
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

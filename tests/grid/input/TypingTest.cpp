@@ -132,7 +132,7 @@ class ControlKeys : public ClerkTest {
   protected:
     void expectOpenWithTheCellSelected(std::string_view content) {
         EXPECT_EQ(heard(), opens());
-        const headless::EditorState editor = desk.editor();
+        const headless::SeenEditor editor = desk.editor();
         EXPECT_TRUE(editor.visible);
         EXPECT_EQ(editor.text, content);
         EXPECT_EQ(editor.selStart, 0u);

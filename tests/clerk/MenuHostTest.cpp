@@ -1,5 +1,5 @@
 // Hosts that fail, close the control or bring up another menu while a command of the menu is carried out.
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 #include "kxVsGrid/kxGrid.h"
 
 namespace kxVsGrid::testing {

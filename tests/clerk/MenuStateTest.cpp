@@ -3,7 +3,7 @@
 #include <array>
 #include <stdexcept>
 
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

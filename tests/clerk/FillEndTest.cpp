@@ -1,5 +1,5 @@
 // Fills that end where the lines of a sheet end.
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

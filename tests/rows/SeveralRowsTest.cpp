@@ -1,5 +1,5 @@
 // The commands that add several rows: how many is asked in an input box, and then each row like one alone.
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

@@ -1,7 +1,7 @@
 // Fills whose cells cannot be written: one box, and a tip of how many cells were left.
 #include <stdexcept>
 
-#include "grid/events/MenuTest.h"
+#include "kit/MenuTest.h"
 
 namespace kxVsGrid::testing {
 namespace {

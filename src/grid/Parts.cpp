@@ -1,0 +1,145 @@
+// Wiring: which collaborator hears which event of the grids.
+#include "grid/Parts.h"
+
+#include "columns/EditableColumn.h"
+#include "editing/BringIntoView.h"
+
+namespace kxVsGrid {
+
+kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
+    : control(owner),
+      host(owner),
+      platform(machine),
+      main(machine.textMetrics()),
+      sums(machine.textMetrics()),
+      seat(machine.seat(owner)),
+      totals(main, sums, columns),
+      layout(main, sums, totals),
+      wheel(main),
+      settings(main, sums, columns, flags, totals, layout),
+      editor({context, platform, *seat, *this}),
+      rows({context, editor, totals, wheel, defaulted}),
+      menus({context, defaulted, platform, rows, *this}),
+      inputContext{context, editor, rows, totals, *seat, platform},
+      navigation(inputContext),
+      keys(inputContext, menus),
+      boxPress(inputContext),
+      input(inputContext, navigation, keys, boxPress, layout) {
+    columns.resize(main.Cols());
+    main.ColShade([this](std::int32_t col) { return shadeOf(col); });
+    options.LookChanged.connect([this] { main.damageAll(); });
+    connectMoves();
+    connectKeysAndMouse();
+}
+
+/// A grid that cannot be edited has no column that can.
+std::uint8_t kxGrid::Parts::shadeOf(std::int32_t col) {
+    if (options.ReadOnlyShade() == 0) return 0;
+    const bool editable = flags.Editable && columns::isEditableColumn(main, columns, col);
+    return editable ? std::uint8_t{0} : static_cast<std::uint8_t>(options.ReadOnlyShade());
+}
+
+void kxGrid::Parts::controlGone() {
+    host.controlGone();
+    main.silence();
+    sums.silence();
+}
+
+void kxGrid::Parts::connectMoves() {
+    main.BeforeRowColChange.connect(
+        keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol, bool& cancel) {
+            navigation.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
+        }));
+    main.LeaveCell.connect(keeping([this] { navigation.leaveCell(); }));
+    main.EnterCell.connect(keeping([this] { navigation.enterCell(); }));
+    main.RowColChange.connect(keeping([this] { navigation.rowColChange(); }));
+    main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
+        navigation.afterRowColChange(oldRow, oldCol, newRow, newCol);
+    }));
+    main.SelChange.connect(keeping([this] { host.raise(&GridEvents::SelChange); }));
+    main.CellChanged.passOn(control.CellChanged);
+    main.AfterScroll.connect(keeping(
+        [this](auto oldTopRow, auto oldLeftCol, auto, auto) { navigation.scrolled(oldTopRow, oldLeftCol); }));
+    main.SizeChanged.connect(keeping([this] {
+        totals.followCols();
+        columns.resize(main.Cols());
+        rows.follower().rowsLimited(main.Rows());
+        defaulted.colsLimited(main.Cols());
+        editor.place();
+    }));
+    main.PlacesChanged.connect([this] {
+        if (!editor.visible()) return;
+        const auto kept = shared_from_this();
+        editor.placesChanged();
+    });
+    main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
+        if (inserted) {
+            rows.follower().rowInserted(position);
+            editor.rowInserted(position);
+        } else {
+            rows.follower().rowRemoved(position);
+            editor.rowRemoved(position);
+        }
+    }));
+}
+
+void kxGrid::Parts::connectKeysAndMouse() {
+    main.KeyDown.connect(
+        keeping([this](std::int16_t& code, std::int16_t shift) { keys.keyDown(code, shift); }));
+    main.CharacterTyped.connect(keeping(
+        [this](std::int16_t& ascii, std::string_view character) { keys.keyPress(ascii, character); }));
+    main.Click.connect(keeping([this] { host.raise(&GridEvents::Click); }));
+    main.DblClick.connect(keeping([this] { keys.doubleClick(!boxPress.turned()); }));
+    main.MouseDown.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
+        boxPress.ends(menus.mouseDown(button, shift, x, y, input.pressLeadsThere()));
+    }));
+    main.MouseMove.connect(keeping([this](std::int16_t button, std::int16_t shift, float x, float y) {
+        wheel.mouseOver();
+        host.raise(&GridEvents::MouseMove, button, shift, x, y);
+    }));
+    main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t) { realign(); }));
+    main.AfterEdit.connect(keeping(
+        [this](std::int32_t row, std::int32_t col) { host.raise(&GridEvents::AfterEdit, row, col); }));
+}
+
+void kxGrid::Parts::realign() {
+    layout.alignTotalRow();
+    editor.place();
+    seat->layoutChanged();
+}
+
+void kxGrid::Parts::leaveFixedArea() {
+    if (input.keyboardInGrid() && !editor.visible()) navigation.leaveFixedArea();
+}
+
+// --- The way back
+// -------------------------------------------------------------------------------------------------------------
+
+/// What was typed and could be stored is stored, to be undone first; a refused expression has been undone
+/// when its number is back.
+bool kxGrid::Parts::closeEditor() {
+    if (editor.committing()) return false;
+    if (editor.visible() && !editor.refused() && !editor.unchanged()) editor.commit();
+    if (!editor.visible()) return true;
+    if (editor.locked()) return false;
+    editor.drop();
+    return true;
+}
+
+void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {
+    if (!host.there() || main.Col() < 0) return;
+    main.Select(row, col < 0 ? main.Col() : col);
+    editing::bringCurrentCellIntoView(main);
+}
+
+void kxGrid::Parts::settleAfterReading() {
+    // A failed reading may have ended before the total row was told.
+    totals.followFixedCols();
+    realign();
+    leaveFixedArea();
+}
+
+void kxGrid::Parts::showError(std::string_view text, std::string_view title) {
+    if (host.there()) platform.showMessage({std::string(text), MessageBox::Critical, std::string(title)});
+}
+}  // namespace kxVsGrid
