@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 
+#include "kxVsGrid/Command.h"
 #include "kxVsGrid/DateTime.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Geometry.h"
@@ -97,6 +98,9 @@ class Input {
     /// window) shall act on it.
     virtual bool key(const KeyStroke& stroke) = 0;
     virtual void keyUp(std::int16_t code, std::int16_t shift) = 0;
+    /// The clerk asks for a command in another way than by one of its keys (commandKeys()), or by one that the
+    /// text box was left to act on and has no use for. False when it could not be done.
+    virtual bool command(Command command) = 0;
 
     /// The clerk changed the editor's text or its selection (in characters).
     virtual void edited(std::string_view text, std::size_t selStart, std::size_t selLength) = 0;

@@ -29,6 +29,7 @@
 
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
+#include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/HelpTable.h"
@@ -72,6 +73,14 @@ class kxGrid : public GridEvents {
     [[nodiscard]] ChangeStep Step(std::string_view name);
     /// What is written while it lives is not to be undone, as with texts that follow from others.
     [[nodiscard]] UnrecordedSpan Unrecorded();
+
+    // --- Commands (Command.h).
+    /// Does what a clerk's key for it would do on a closed cell; an open editor is committed first. False when
+    /// it could not be done.
+    bool Run(Command command);
+    /// Whether there is anything that it could do.
+    bool CanRun(Command command) const;
+    kxVsGrid::Commands& Commands();
 
     // --- The editor.
     /// Applies the current column's rules and commits an open editor. False when the input is refused.

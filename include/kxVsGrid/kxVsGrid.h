@@ -4,6 +4,8 @@
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/Changes.h"
+#include "kxVsGrid/Command.h"
+#include "kxVsGrid/Commands.h"
 #include "kxVsGrid/ControlPage.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"

@@ -65,7 +65,7 @@ void History::Enabled(bool enabled) {
     steps_.enable(enabled);
 }
 void History::Forget() {
-    steps_.forget();
+    steps_.forgetByHost();
 }
 
 void Changes::AddSettler(Settler settler) {

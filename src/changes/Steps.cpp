@@ -170,6 +170,7 @@ void Steps::finish(const Told& told, FirstFault& fault) {
     if (told.anything)
         fault.during([&] { changes.After({told.name, told.cause, told.rows, told.cols, told.known}); });
     fault.during([&] { tellForgot(); });
+    fault.during([&] { owner_.historyChanged(); });
     fault.raise();
 }
 
@@ -319,12 +320,14 @@ void Steps::limit(std::size_t bytes) {
     limit_ = bytes;
     trim();
     listenAsNeeded();
+    owner_.historyChanged();
 }
 
 void Steps::enable(bool enabled) {
     enabled_ = enabled;
     if (!enabled) forget();
     listenAsNeeded();
+    owner_.historyChanged();
 }
 
 void Steps::forget() noexcept {
@@ -335,6 +338,11 @@ void Steps::forget() noexcept {
     prelude_ = 0;
     forgetsStep_ = depth_ > 0 || restoring_;
     if (!forgetsStep_) listen(false);
+}
+
+void Steps::forgetByHost() {
+    forget();
+    owner_.historyChanged();
 }
 
 }  // namespace kxVsGrid::changes

@@ -33,6 +33,8 @@ class StepOwner {
     /// Cells have got other contents past the clerk; `col` -1: the current one. Makes the cell current.
     virtual void show(std::int32_t row, std::int32_t col) = 0;
     virtual void contentRestored() = 0;
+    /// What can be undone or redone may have changed; no step is open.
+    virtual void historyChanged() = 0;
 };
 
 class Steps : private ChangeListener {
@@ -85,6 +87,7 @@ class Steps : private ChangeListener {
     bool enabled() const { return enabled_; }
     void enable(bool enabled);
     void forget() noexcept;
+    void forgetByHost();
     void addSettler(Changes::Settler settler) { settlers_.push_back(std::move(settler)); }
 
     History history;

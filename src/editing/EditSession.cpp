@@ -62,6 +62,8 @@ void EditSession::show(Focus focus) {
     tip_.clear();
     validLock_ = 0;
     chosen_ = false;
+    typedInto_ = false;
+    opened_ = box_.text();
     state_ = State::Open;
     face_.begin();
     publish();
@@ -373,6 +375,7 @@ void EditSession::edited(std::string_view text, std::size_t selStart, std::size_
     box_.select(selStart, selLength);
     face_.follow(box_);
     if (!changed) return;
+    typedInto_ = true;
     textChanged();
     if (wasRefused || face_.buttonInTheWay()) publish();
 }

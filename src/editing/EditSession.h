@@ -38,6 +38,10 @@ class EditSession {
     bool committing() const { return committing_; }
     /// Open, with the text and tag that the cell has.
     bool unchanged() const;
+    /// Open, with the text that it was opened with.
+    bool asOpened() const { return visible() && box_.text() == opened_; }
+    /// Open, and the clerk has changed its text.
+    bool typedInto() const { return visible() && typedInto_; }
     /// Open over a text that the last commit has refused, and that has not changed since.
     bool refused() const { return visible() && state_ == State::Refused; }
     /// The field check has refused the present text: only what asks for it checks it once more. An expression
@@ -139,8 +143,10 @@ class EditSession {
     bool committing_ =
         false;  ///< also when the editor has been hidden meanwhile: nothing else commits or opens
     std::int16_t validLock_ = 0;
-    bool chosen_ = false;  ///< the text was chosen in a help
-    std::string tip_;      ///< why the expression was refused, while the clerk shall see it
+    bool chosen_ = false;     ///< the text was chosen in a help
+    bool typedInto_ = false;  ///< the clerk has changed the text since the editor was opened
+    std::string opened_;      ///< the text that it was opened with
+    std::string tip_;         ///< why the expression was refused, while the clerk shall see it
     TextBox box_;
     EnteredCell entered_;
     MirroredCell mirrored_;

@@ -24,7 +24,7 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       navigation(inputContext),
       keys(inputContext, menus),
       boxPress(inputContext),
-      input(inputContext, navigation, keys, boxPress, layout) {
+      input(inputContext, navigation, keys, boxPress, layout, commands) {
     columns.resize(main.Cols());
     main.ColShade([this](std::int32_t col) { return shadeOf(col); });
     options.LookChanged.connect([this] { main.damageAll(); });

@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "clerk/CommandRunner.h"
 #include "clerk/Menus.h"
 #include "editing/EditSession.h"
 #include "editing/EditorOwner.h"
@@ -78,6 +79,9 @@ struct kxGrid::Parts : editing::EditorOwner,
     void recalculateAll() override { totals.recalculate(totals::TotalRow::AllColumns); }
     void show(std::int32_t row, std::int32_t col) override;
     void contentRestored() override { editor.captureAndLoad(); }
+    void historyChanged() override {
+        if (host.there()) commands.tellChanges();
+    }
 
     // the first two
     Rect onScreen(const Rect& place) const override { return seat->onScreen(layout.inControl(place)); }
@@ -101,6 +105,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     editing::EditSession editor;
     rows::Rows rows;
     clerk::Menus menus;
+    clerk::CommandRunner commands{steps, editor};
     grid::InputContext inputContext;
     grid::Navigation navigation;
     grid::Keys keys;

@@ -60,6 +60,18 @@ UnrecordedSpan kxGrid::Unrecorded() {
     return UnrecordedSpan({parts_, &parts_->steps});
 }
 
+bool kxGrid::Run(Command command) {
+    return held()->commands.run(command);
+}
+
+bool kxGrid::CanRun(Command command) const {
+    return parts_->commands.can(command);
+}
+
+kxVsGrid::Commands& kxGrid::Commands() {
+    return parts_->commands.face;
+}
+
 bool kxGrid::IsActive() const {
     return parts_->input.active();
 }
@@ -78,6 +90,7 @@ void kxGrid::Editable(bool editable) {
     p.flags.Editable = editable;
     if (p.options.ReadOnlyShade() != 0) p.main.damageAll();
     p.report("Editable");
+    p.historyChanged();
 }
 
 bool kxGrid::bIsShowZero() const {
@@ -335,6 +348,7 @@ void kxGrid::Clear() {
     p.editor.setTag("");
     p.editor.hide();
     if (p.host.there()) Rows(p.main.FixedRows());
+    p.historyChanged();
 }
 
 // --- Cells
@@ -520,6 +534,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
         grid::SettingsLoading::setUnderway(false);
         p.flags.changed = false;
         p.settleAfterReading();
+        p.historyChanged();
     } catch (...) {
         p.showError(grid::readFault(), SettingsErrorTitle);
         try {

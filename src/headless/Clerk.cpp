@@ -80,7 +80,10 @@ void Desk::stroke(const KeyStroke& key) {
         records_->leftControl = forward ? 1 : -1;
         moveFocus(&at, FocusPlace::Elsewhere);
     } else if (!used && records_->place == FocusPlace::Editor) {
-        applyToTextBox(at, key);
+        if (const auto command = commandOf(key.code, key.shift))
+            applyToTextBox(at, *command);
+        else
+            applyToTextBox(at, key);
     }
     if (!at.removed && records_->focused == &at) at.input()->keyUp(key.code, key.shift);
 }
@@ -121,6 +124,21 @@ void Desk::applyToTextBox(Station& at, const KeyStroke& key) {
     else
         at.box.key(static_cast<Key>(key.code));
     at.reportChange(before);
+}
+
+/// What the text box cannot do any more is the grid's.
+void Desk::applyToTextBox(Station& at, Command command) {
+    const TextLine before = at.box;
+    const bool done = command == Command::Undo ? at.box.undo() : at.box.redo();
+    if (done)
+        at.reportChange(before);
+    else
+        at.input()->command(command);
+}
+
+bool Desk::run(Command command) {
+    Call call(*this);
+    return station().input()->command(command);
 }
 
 // --- Input method

@@ -20,7 +20,7 @@ class Desk::DeskSeat : public Seat {
     }
     void showEditor(const EditorView& editor) override {
         TextLine& box = station_->box;
-        box.text = editor.text;
+        box.set(editor.text);
         box.selStart = editor.selStart;
         box.selLength = editor.selLength;
         box.limit = editor.limit;

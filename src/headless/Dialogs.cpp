@@ -7,6 +7,16 @@
 #include "support/Text.h"
 
 namespace kxVsGrid::headless {
+namespace {
+
+TextLine lineOf(const FormControl& box) {
+    TextLine line;
+    line.text = box.text;
+    line.selStart = static_cast<std::size_t>(box.selStart);
+    line.selLength = static_cast<std::size_t>(box.selLength);
+    return line;
+}
+}  // namespace
 
 DialogBase::DialogBase(Form& form) : form_(form) {
     form_.open(*this);
@@ -53,8 +63,7 @@ void DialogBase::type(std::string_view text) {
     while (!text.empty() && open_) {
         const std::string character(support::left(text, 1));
         text.remove_prefix(character.size());
-        TextLine line{box.text, static_cast<std::size_t>(box.selStart),
-                      static_cast<std::size_t>(box.selLength)};
+        TextLine line = lineOf(box);
         line.insert(character);
         form_.edit(box, line.text, static_cast<std::int32_t>(line.selStart),
                    static_cast<std::int32_t>(line.selLength));
@@ -68,8 +77,7 @@ void DialogBase::press(Key key, std::int16_t shift) {
     if (box.typeName == "CellGrid") {
         box.grid->keyDown(static_cast<std::int16_t>(key), shift);
     } else if (box.typeName == "TextBox") {
-        TextLine line{box.text, static_cast<std::size_t>(box.selStart),
-                      static_cast<std::size_t>(box.selLength)};
+        TextLine line = lineOf(box);
         line.key(key);
         form_.edit(box, line.text, static_cast<std::int32_t>(line.selStart),
                    static_cast<std::int32_t>(line.selLength));

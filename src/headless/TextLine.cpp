@@ -1,6 +1,7 @@
 #include "headless/TextLine.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "support/Text.h"
 
@@ -10,6 +11,36 @@ using support::byteOfCharacter;
 
 std::size_t TextLine::length() const {
     return support::characters(text);
+}
+
+void TextLine::set(std::string_view content) {
+    if (text == content) return;
+    text = content;
+    past.clear();
+    future.clear();
+}
+
+void TextLine::remember() {
+    past.push_back({text, selStart});
+    future.clear();
+}
+
+bool TextLine::go(std::vector<Edit>& from, std::vector<Edit>& to) {
+    if (from.empty()) return false;
+    to.push_back({text, selStart});
+    text = std::move(from.back().text);
+    selStart = from.back().caret;
+    selLength = 0;
+    from.pop_back();
+    return true;
+}
+
+bool TextLine::undo() {
+    return go(past, future);
+}
+
+bool TextLine::redo() {
+    return go(future, past);
 }
 
 void TextLine::removeSelection() {
@@ -26,6 +57,7 @@ void TextLine::insert(std::string_view characters) {
         characters = support::left(characters, most > kept ? most - kept : 0);
         if (characters.empty()) return;
     }
+    remember();
     removeSelection();
     text.insert(byteOfCharacter(text, selStart), characters);
     selStart += support::characters(characters);
@@ -45,6 +77,12 @@ void TextLine::paste(std::string_view content) {
     if (!lines.empty()) insert(lines);
 }
 
+void TextLine::erase() {
+    if (selLength == 0) return;
+    remember();
+    removeSelection();
+}
+
 std::string TextLine::selected() const {
     const std::size_t from = byteOfCharacter(text, selStart);
     return text.substr(from, byteOfCharacter(text, selStart + selLength) - from);
@@ -58,11 +96,11 @@ void TextLine::key(Key key) {
                 --selStart;
                 selLength = 1;
             }
-            removeSelection();
+            erase();
             break;
         case Key::Delete:
             if (!selected && selStart < length()) selLength = 1;
-            removeSelection();
+            erase();
             break;
         case Key::Left:
             if (!selected && selStart > 0) --selStart;

@@ -5,17 +5,25 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "kxVsGrid/Enumerations.h"
 
 namespace kxVsGrid::headless {
 
 struct TextLine {
+    struct Edit {
+        std::string text;
+        std::size_t caret;
+    };
+
     std::string text;
     std::size_t selStart = 0;   ///< in characters
     std::size_t selLength = 0;  ///< in characters
     std::int16_t limit = 0;     ///< most characters that can be typed, 0 for no limit
     bool multiLine = false;
+    std::vector<Edit> past;    ///< texts that undoing leads back to, the oldest first
+    std::vector<Edit> future;  ///< and those that were undone
 
     /// The characters take the selection's place, as far as the limit lets them.
     void insert(std::string_view characters);
@@ -27,7 +35,16 @@ struct TextLine {
     /// nothing.
     void key(Key key);
 
+    /// The text of before the last change, and of after it again. False when there is none.
+    bool undo();
+    bool redo();
+    /// The text is code's: nothing leads back behind it.
+    void set(std::string_view content);
+
   private:
+    void remember();
+    void erase();
+    bool go(std::vector<Edit>& from, std::vector<Edit>& to);
     void removeSelection();
     std::size_t length() const;
 };

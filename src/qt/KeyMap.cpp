@@ -128,6 +128,27 @@ std::string characterOf(const QKeyEvent& event, std::int16_t code) {
 }
 }  // namespace
 
+std::optional<Command> commandOf(const QKeyEvent& event) {
+    const KeyStroke stroke = strokeOf(event);
+    if (const auto own = kxVsGrid::commandOf(stroke.code, stroke.shift)) return own;
+    if (event.matches(QKeySequence::Undo)) return Command::Undo;
+    if (event.matches(QKeySequence::Redo)) return Command::Redo;
+    return {};
+}
+
+QList<QKeySequence> sequencesOf(Command command) {
+    QList<QKeySequence> sequences;
+    for (const CommandKey& key : commandKeys()) {
+        if (key.command != command) continue;
+        Qt::KeyboardModifiers modifiers;
+        modifiers.setFlag(Qt::ControlModifier, (key.shift & CtrlKey) != 0);
+        modifiers.setFlag(Qt::ShiftModifier, (key.shift & ShiftKey) != 0);
+        modifiers.setFlag(Qt::AltModifier, (key.shift & AltKey) != 0);
+        sequences << QKeySequence(QKeyCombination(modifiers, static_cast<Qt::Key>(key.code)));
+    }
+    return sequences;
+}
+
 std::int16_t shiftOf(Qt::KeyboardModifiers modifiers) {
     int shift = 0;
     if (modifiers.testFlag(Qt::ShiftModifier)) shift += ShiftKey;

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QList>
 #include <cstdint>
+#include <optional>
 
 #include "kxVsGrid/Platform.h"
 
@@ -13,6 +16,11 @@ namespace kxVsGrid::qt {
 KeyStroke strokeOf(const QKeyEvent& event);
 /// A stroke that only types.
 KeyStroke strokeOf(char32_t character);
+
+/// The command that a key gives: one of the control's own keys, or one that the desktop has for it.
+std::optional<Command> commandOf(const QKeyEvent& event);
+/// The control's own keys of a command.
+QList<QKeySequence> sequencesOf(Command command);
 
 /// A sum of ShiftMask.
 std::int16_t shiftOf(Qt::KeyboardModifiers modifiers);

@@ -98,6 +98,7 @@ bool Stage::attempt(const std::function<void()>& look) {
 
 /// After every call: the input method works at another place, or in a cell that is not typed into.
 void Stage::settle() {
+    actions_.refresh();
     const CellGrid& cells = grid().Grid();
     TypingPlace now{takesTyping() || composingOnGrid_, cells.Row(), cells.Col(), 0, 0};
     if (now.row >= 0 && now.col >= 0) {

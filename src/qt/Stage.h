@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "qt/Machine.h"
+#include "qt/actions/CommandActions.h"
 #include "qt/settings/StoredSettings.h"
 #include "qt/text/EditorBox.h"
 #include "qt/text/EditorTip.h"
@@ -47,6 +48,7 @@ class Stage {
     EditorBox& box() const { return *box_; }
     GridView& view() const { return *view_; }
     const ScrollBars& bars() const { return *bars_; }
+    QAction* action(Command command) { return actions_.action(command); }
     Scale scale() const;
     const TextMetrics& metrics() const { return machine_->platform.textMetrics(); }
 
@@ -129,6 +131,7 @@ class Stage {
     kxGridWidget& widget_;
     std::shared_ptr<Machine> machine_;
     StoredSettings settings_;
+    CommandActions actions_{*this};
     GridView* view_;
     HelpButton* button_;
     EditorTip* tip_;

@@ -38,6 +38,10 @@ const kxGrid& kxGridWidget::grid() const {
     return parts_->grid();
 }
 
+QAction* kxGridWidget::action(Command command) {
+    return parts_->action(command);
+}
+
 QSize kxGridWidget::sizeHint() const {
     const Rect hint{0, 0, 9000, 4500};
     return parts_->scale().pixels(hint).size();

@@ -42,10 +42,11 @@ PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid ChangeListener Frame RowId",
     "changes": "Changes",
-    "platform": "Platform",
+    "platform": "Command Platform",
     "columns": "cVsControl",
     "host": "GridEvents Options",
     "dialogs": "ControlPage HelpExchange HelpTable",
+    "clerk": "Commands",
     "grid": "GridColumns StoredKeys kxGrid",
     "headless": "kxVsGrid",  # the umbrella stands above all that it includes
 }

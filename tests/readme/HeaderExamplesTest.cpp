@@ -87,6 +87,33 @@ TEST(HeaderExamples, ThatOfChangesTakesAStepBack) {
     EXPECT_EQ(grid.History().RedoName(), "套用价格");
 }
 
+TEST(HeaderExamples, ThatOfCommandUndoesByKey) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    {
+        const auto step = grid.Step("写");
+        grid.SetCell(1, 1, "7");
+    }
+#include "examples/Command.inc"
+    EXPECT_EQ(grid.RawText(1, 1), "");
+}
+
+TEST(HeaderExamples, ThatOfCommandsNamesWhatWouldBeUndone) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    struct {
+        std::string text;
+        bool enabled = false;
+    } button;
+#include "examples/Commands.inc"
+    {
+        const auto step = grid.Step("写");
+        grid.SetCell(1, 1, "7");
+    }
+    EXPECT_EQ(button.text, "撤销“写”");
+    EXPECT_TRUE(button.enabled);
+}
+
 TEST(HeaderExamples, ThatOfControlPageShowsThePage) {
     headless::Desk desk;
     kxGrid& grid = desk.place();

@@ -116,6 +116,8 @@ class Desk : public Platform {
     Desk& type(std::string_view text);
     Desk& press(Key key, std::int16_t shift = 0);
     Desk& press(std::int16_t code, std::int16_t shift = 0);
+    /// A command, as from a menu of the host's.
+    bool run(Command command);
     /// An input method shows `text` as being composed, in place of what it showed before.
     Desk& compose(std::string_view text);
     /// It ends with the committed text; an empty one drops the composition.
@@ -212,6 +214,7 @@ class Desk : public Platform {
     bool copyOrPasteCell(Station& at, const KeyStroke& key);
     void paste(Station& at);
     void applyToTextBox(Station& at, const KeyStroke& key);
+    void applyToTextBox(Station& at, Command command);
     Rect reach(std::int32_t row, std::int32_t col) const;
     Desk& clickCell(std::int16_t button, std::int32_t row, std::int32_t col, std::int16_t shift);
     std::vector<std::shared_ptr<Station>> stations_;

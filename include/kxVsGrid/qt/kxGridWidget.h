@@ -23,6 +23,7 @@
 // first look what that look is going to give; asking is no look. Dynamic ones give what was set last by name.
 #pragma once
 
+#include <QAction>
 #include <QByteArray>
 #include <QWidget>
 #include <memory>
@@ -57,6 +58,10 @@ class kxGridWidget : public QWidget {
 
     kxGrid& grid();
     const kxGrid& grid() const;
+
+    /// A command for menus and toolbars: caption with the name of what it acts on, theme icon, keys, and
+    /// enabled while it can be done. Asking for it looks at the control; the widget keeps it.
+    QAction* action(Command command);
 
     // --- The stored settings of the whole grid. Colours are the 32 bits of the control's, as a signed
     // number.

@@ -70,7 +70,14 @@ bool InputRouter::key(const KeyStroke& stroke) {
     return acting([&] { return keyFor(stroke); });
 }
 
+bool InputRouter::command(Command command) {
+    if (composing_) return false;
+    return acting([&] { return commands_.run(command); });
+}
+
 bool InputRouter::keyFor(const KeyStroke& stroke) {
+    const std::optional<Command> command = commandOf(stroke.code, stroke.shift);
+    if (command && keyboardInGrid()) return commands_.runByKey(*command);
     switch (place_) {
         case FocusPlace::Editor:
             return editorKey(stroke);

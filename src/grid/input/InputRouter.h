@@ -6,6 +6,7 @@
 
 #include <string_view>
 
+#include "clerk/CommandRunner.h"
 #include "editing/EditSession.h"
 #include "grid/Layout.h"
 #include "grid/input/BoxPress.h"
@@ -20,8 +21,13 @@ namespace kxVsGrid::grid {
 class InputRouter : public Input {
   public:
     InputRouter(const InputContext& context, Navigation& navigation, Keys& keys, BoxPress& boxPress,
-                Layout& layout)
-        : c_(context), navigation_(navigation), keys_(keys), boxPress_(boxPress), layout_(layout) {}
+                Layout& layout, clerk::CommandRunner& commands)
+        : c_(context),
+          navigation_(navigation),
+          keys_(keys),
+          boxPress_(boxPress),
+          layout_(layout),
+          commands_(commands) {}
 
     bool active() const { return place_ != FocusPlace::Elsewhere; }
     /// Told when the editor was hidden: if it had the keyboard, the grid has it, once what the clerk did is
@@ -36,6 +42,7 @@ class InputRouter : public Input {
     void focusMoved(FocusPlace place) override;
     FocusPlace focus() const override { return place_; }
     bool key(const KeyStroke& stroke) override;
+    bool command(Command command) override;
     void keyUp(std::int16_t code, std::int16_t shift) override;
     void edited(std::string_view text, std::size_t selStart, std::size_t selLength) override;
     void selected(std::size_t selStart, std::size_t selLength) override;
@@ -69,6 +76,7 @@ class InputRouter : public Input {
     Keys& keys_;
     BoxPress& boxPress_;
     Layout& layout_;
+    clerk::CommandRunner& commands_;
     FocusPlace place_ = FocusPlace::Elsewhere;
     int underway_ = 0;  ///< calls of the machine's that are being worked off
     bool composing_ = false;

@@ -22,6 +22,7 @@ void asClerk(BoxEvents& events, const QWidget& box, Work work) {
 
 /// Keys that the core or the box acts on must not set off a shortcut of the window.
 inline bool claims(const QKeyEvent& event) {
+    if (commandOf(event)) return true;
     const auto modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     if (modifiers != Qt::NoModifier) return false;
     const KeyStroke stroke = strokeOf(event);

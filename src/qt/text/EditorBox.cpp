@@ -146,7 +146,19 @@ void EditorBox::paste() {
 bool EditorBox::keyToCore(const QKeyEvent& event) {
     bool used = true;
     const bool alive = stage_.guarded([&](Input& input) { used = input.key(strokeOf(event)); });
-    return used || !alive;
+    return used || !alive || undoOrRedo(event);
+}
+
+/// What the box cannot take back or bring back any more is the grid's.
+bool EditorBox::undoOrRedo(const QKeyEvent& event) {
+    const std::optional<Command> command = commandOf(event);
+    if (!command || composing()) return false;
+    const bool undo = *command == Command::Undo;
+    if (undo ? port_->canUndo() : port_->canRedo())
+        asClerk(*this, port_->widget(), [&] { undo ? port_->undo() : port_->redo(); });
+    else
+        stage_.guarded([&](Input& input) { input.command(*command); });
+    return true;
 }
 
 void EditorBox::keyUp(const QKeyEvent& event) {

@@ -55,6 +55,7 @@ class EditorBox : private BoxMirror {
 
     void choose(bool multiLine);
     void hide();
+    bool undoOrRedo(const QKeyEvent& event);
     void mirrorText(const EditorView& view);
     void mirrorSelection(const EditorView& view);
     void composes(bool underway) override;

@@ -127,6 +127,11 @@ bool GridView::event(QEvent* event) {
 void GridView::keyPressEvent(QKeyEvent* event) {
     event->accept();
     if (stage_.box().composing() || copyOrPaste(*event)) return;
+    const auto command = commandOf(*event);
+    if (command && !stage_.box().visible()) {
+        stage_.guarded([&](Input& input) { input.command(*command); });
+        return;
+    }
     KeyStroke stroke = strokeOf(*event);
     QString further;
     if (characters(event->text()) > 1 && !stroke.character.empty()) {

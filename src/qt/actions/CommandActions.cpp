@@ -1,0 +1,43 @@
+#include "qt/actions/CommandActions.h"
+
+#include <QIcon>
+
+#include "kxVsGrid/qt/kxGridWidget.h"
+#include "qt/KeyMap.h"
+#include "qt/Stage.h"
+#include "qt/text/Encoding.h"
+
+namespace kxVsGrid::qt {
+namespace {
+
+QIcon iconOf(Command command) {
+    switch (command) {
+        case Command::Undo:
+            return QIcon::fromTheme(QStringLiteral("edit-undo"));
+        case Command::Redo:
+            return QIcon::fromTheme(QStringLiteral("edit-redo"));
+    }
+    return {};
+}
+}  // namespace
+
+QAction* CommandActions::action(Command command) {
+    QAction*& action = actions_[command];
+    if (action != nullptr) return action;
+    if (!changes_.connected()) changes_ = stage_.grid().Commands().Changed.connect([this] { refresh(); });
+    action = new QAction(iconOf(command), toQt(captionOf(command)), &stage_.widget());
+    action->setIconText(action->text());  // a toolbar keeps its width whatever the step is called
+    action->setShortcuts(sequencesOf(command));
+    QObject::connect(action, &QAction::triggered, &stage_.widget(),
+                     [this, command] { stage_.guarded([&](Input& input) { input.command(command); }); });
+    refresh();
+    return action;
+}
+
+void CommandActions::refresh() {
+    for (const auto& [command, action] : actions_) {
+        action->setText(toQt(stage_.grid().Commands().Caption(command)));
+        action->setEnabled(stage_.grid().CanRun(command));
+    }
+}
+}  // namespace kxVsGrid::qt
