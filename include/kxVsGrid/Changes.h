@@ -19,9 +19,11 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/Event.h"
+#include "kxVsGrid/RowId.h"
 
 namespace kxVsGrid {
 
@@ -108,6 +110,44 @@ struct StepChanges {
     bool known;                          ///< False: more than could be kept; anything may have changed
 };
 
+/// A cell's text, or its tag, that is another one than when the grid was saved.
+struct ChangedCell {
+    std::int32_t col;
+    CellPart part;
+    std::string before;  ///< as saved
+};
+
+struct ChangedRow {
+    RowId row;
+    std::vector<ChangedCell> cells;  ///< by column, a text before its tag
+};
+
+struct RemovedCell {
+    std::int32_t col;
+    std::string text;  ///< both as saved
+    std::string tag;
+};
+
+struct RemovedRow {
+    RowId row;
+    std::vector<RemovedCell> cells;  ///< those that held a text or a tag, by column
+};
+
+/// What has become of a grid: step by step, and since it was saved.
+///
+///     load(grid);
+///     grid.Changes().Saved();  // the log begins
+///     ...
+///     for (const RowId row : grid.Changes().Added()) insertLine(grid.Grid().RowOf(row));
+///     for (const ChangedRow& row : grid.Changes().Changed()) updateLine(row);
+///     for (const RemovedRow& row : grid.Changes().Removed()) deleteLine(row);
+///     grid.Changes().Saved();
+///
+/// A line is a data row, below FixedRows, that holds a text or a tag: one that holds nothing is none, whether
+/// its row is there or not. So a row that was empty and now holds something is an added line, and one whose
+/// cells have all been emptied a removed one. Values are compared: what was written back to what it was has
+/// not changed, and undoing all brings the log back to nothing. Where a row stands does not matter. What is
+/// computed, row numbers too, is no data, and neither is what an open editor holds.
 class Changes {
   public:
     explicit Changes(changes::Steps& steps) : steps_(steps) {}
@@ -120,6 +160,25 @@ class Changes {
     /// cells in order that depend on others: what a settler writes belongs to the step, and is not settled
     /// again. Not called for a step that was undone, redone or taken back. For as long as the grid lives.
     void AddSettler(Settler settler);
+
+    // --- What is to be saved. A write costs a few steps more from the first Saved() on. Asking takes a time
+    // that grows with the rows that were written to since the grid was saved.
+
+    /// What is there now counts as saved. The log is kept from the first call on.
+    void Saved();
+    /// There is nothing to save: no line was added, changed or removed. False while Unknown(). Asked again and
+    /// again it looks at no more than has changed meanwhile, as a rule.
+    bool empty() const;
+    /// What has changed cannot be told, until Saved(): save everything. So before the first Saved(), when
+    /// memory did not suffice, when columns have gone, and when other rows have become headings. The lists are
+    /// empty then.
+    bool Unknown() const;
+    /// Lines that were none, as the rows stand now.
+    std::vector<RowId> Added() const;
+    /// Lines that were and are, with other contents, as the rows stand now.
+    std::vector<ChangedRow> Changed() const;
+    /// Lines that are none any more, with all that they held; by row id. Their rows may still be there, empty.
+    std::vector<RemovedRow> Removed() const;
 
   private:
     changes::Steps& steps_;

@@ -71,4 +71,22 @@ void History::Forget() {
 void Changes::AddSettler(Settler settler) {
     steps_.addSettler(std::move(settler));
 }
+void Changes::Saved() {
+    steps_.log.saved();
+}
+bool Changes::empty() const {
+    return steps_.log.empty();
+}
+bool Changes::Unknown() const {
+    return steps_.log.unknown();
+}
+std::vector<RowId> Changes::Added() const {
+    return steps_.log.addedRows();
+}
+std::vector<ChangedRow> Changes::Changed() const {
+    return steps_.log.changedRows();
+}
+std::vector<RemovedRow> Changes::Removed() const {
+    return steps_.log.removedRows();
+}
 }  // namespace kxVsGrid

@@ -58,7 +58,9 @@ RemovedRows keepRows(CellGrid& grid, std::int32_t at, std::int32_t count) {
                              keepStyles(grid, row)});
     grid.ForEachCell(at, at + count - 1,
                      [&](std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) {
-                         KeptCell& cell = cellOf(kept.rows[static_cast<std::size_t>(row - at)], col);
+                         KeptRow& keptRow = kept.rows[static_cast<std::size_t>(row - at)];
+                         if (keptRow.id == RowId::None) keptRow.id = grid.IdOf(row);
+                         KeptCell& cell = cellOf(keptRow, col);
                          cell.text = text;
                          cell.tag = tag;
                      });

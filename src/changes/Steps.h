@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "changes/ChangeLog.h"
 #include "changes/Record.h"
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
@@ -39,7 +40,8 @@ class StepOwner {
 
 class Steps : private ChangeListener {
   public:
-    Steps(CellGrid& grid, StepOwner& owner) : history(*this), changes(*this), grid_(grid), owner_(owner) {}
+    Steps(CellGrid& grid, StepOwner& owner)
+        : history(*this), changes(*this), log(grid), grid_(grid), owner_(owner) {}
     ~Steps() override { listen(false); }
     Steps(const Steps&) = delete;
     Steps& operator=(const Steps&) = delete;
@@ -92,6 +94,7 @@ class Steps : private ChangeListener {
 
     History history;
     Changes changes;
+    ChangeLog log;
 
   private:
     struct Done {

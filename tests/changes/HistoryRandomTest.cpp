@@ -5,8 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "kit/PlacedGrid.h"
-#include "kit/Random.h"
+#include "changes/RandomClerk.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -34,25 +33,10 @@ struct SeenGrid {
     friend bool operator==(const SeenGrid&, const SeenGrid&) = default;
 };
 
-class RandomHistory : public PlacedGrid, public ChangeListener {
+class RandomHistory : public RandomClerk, public ChangeListener {
   protected:
-    static constexpr std::int32_t Number = 2, Defaulted = 4, Toggled = 5;
-
     RandomHistory() {
-        grid.Cols(6);
-        summed(Number);
-        column(Defaulted).sDefaultText_Name("default");
-        column(Defaulted).sDefaultText_Code("code");
-        column(Toggled).iType(flexDTBoolean);
-        grid.AddVsRow.connect([this](std::int32_t, bool& consent) { consent = adds || stepOpen; });
-        grid.DeleteVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
-        grid.AfterAddRow.connect([this](bool& keep, auto...) { keep = dice.oneIn(2); });
-        grid.AfterEdit.connect([this](std::int32_t row, std::int32_t) {
-            if (dice.oneIn(3)) grid.SetCell(row, 3, anyText(), anyText());
-        });
-        setUp();
-        vs().NumberRows();
-        desk.focusGrid();
+        grid.AddVsRow.connect([this](std::int32_t, bool& consent) { consent = consent || stepOpen; });
         vs().AddListener(*this);
         grid.Changes().After.connect([this](const StepChanges& changes) {
             ASSERT_TRUE(changes.known);
@@ -81,22 +65,6 @@ class RandomHistory : public PlacedGrid, public ChangeListener {
         return now;
     }
 
-    std::int32_t roll(std::int32_t from, std::int32_t to) {
-        return static_cast<std::int32_t>(dice.between(from, to));
-    }
-    std::int32_t anyRow() { return roll(1, vs().Rows() - 1); }
-    std::int32_t anyCol() { return roll(1, 5); }
-    std::string anyText() {
-        switch (roll(0, 4)) {
-            case 0:
-                return "";
-            case 1:
-                return "a text that is longer than a slot";
-            default:
-                return std::to_string(roll(1, 300));
-        }
-    }
-
     void act() {
         switch (roll(0, 16)) {
             case 0:
@@ -123,48 +91,6 @@ class RandomHistory : public PlacedGrid, public ChangeListener {
                 return undo();
             default:
                 return redo();
-        }
-    }
-    void type() {
-        vs().Select(anyRow(), anyCol());
-        if (vs().Col() == Toggled) return static_cast<void>(desk.type(" "));
-        const bool wrong = dice.oneIn(5);
-        desk.type(wrong ? "19x5" : std::to_string(roll(1, 300)));
-        desk.press(dice.oneIn(6) ? Key::Escape : Key::Enter);
-        if (desk.editor().visible) desk.press(Key::Escape);
-    }
-    void rowKey() {
-        adds = true;
-        desk.press(vs().Rows() < 12 && dice.oneIn(2) ? Key::Insert : Key::Delete);
-        adds = false;
-    }
-    void choose() {
-        static const std::vector<std::string> Items{"新增行", "复制行", "插入行", "复制插入行"};
-        vs().Select(anyRow(), roll(1, 4));
-        const bool fills = vs().Rows() >= 12 || dice.oneIn(3);
-        const std::string item = Items[static_cast<std::size_t>(roll(0, 3))];
-        desk.onPopup([&](headless::PoppedMenu& menu) {
-            if (!fills) return menu.choose(item);
-            menu.choose("填充列", vs().Col() == Number ? "序列方式填充" : "复制单元格");
-        });
-        adds = true;
-        desk.press(Key::Menu);
-        adds = false;
-    }
-    void write() {
-        switch (roll(0, 8)) {
-            case 0:
-                if (vs().Rows() < 12) vs().InsertRow(anyRow());
-                return;
-            case 1:
-                if (vs().Rows() > 6) vs().RemoveRow(anyRow());
-                return;
-            case 2:
-                return grid.Rows(roll(6, 10));
-            case 3:
-                return vs().ClearText(anyRow(), vs().Rows() - 1);
-            default:
-                return grid.SetCell(anyRow(), anyCol(), anyText(), anyText());
         }
     }
     /// What is written outside of steps joins the newest one, and ends what can be redone.
@@ -231,11 +157,9 @@ class RandomHistory : public PlacedGrid, public ChangeListener {
         ASSERT_EQ(grid.ReadSum(Number), std::to_string(static_cast<int>(vs().ColumnSum(Number))));
     }
 
-    kit::Random dice;
     std::vector<SeenGrid> done;    ///< the grid before each step that stands
     std::vector<SeenGrid> undone;  ///< and after each that was undone
     SeenGrid before;
-    bool adds = false;
     bool stepOpen = false;
     int undos = 0;
 };
