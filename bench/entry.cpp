@@ -78,9 +78,10 @@ Entry nextEntry() {
     return {3 + number % 30, QByteArray::number(number)};
 }
 
-template <class Contestant>
-void addEntry(const std::string& name) {
-    measure(name, EntriesPerRepetition, Repetitions, [](benchmark::State& state) {
+/// What is done with each entry once its row is the current one.
+template <class Contestant, class Work>
+void addEntries(const std::string& name, Work work) {
+    measure(name, EntriesPerRepetition, Repetitions, [work](benchmark::State& state) {
         Contestant& shown = Shared<Contestant>::get();
         activate(shown.window());
         const PaintCount paints(shown.window());
@@ -88,33 +89,34 @@ void addEntry(const std::string& name) {
             const Entry entry = nextEntry();
             shown.select(entry.row);
             settle();
+            work(state, shown, entry, paints);
+        }
+    });
+}
+
+template <class Contestant>
+void addEntry(const std::string& name) {
+    addEntries<Contestant>(
+        name, [](benchmark::State& state, Contestant& shown, const Entry& entry, const PaintCount& paints) {
             state.SetIterationTime(seconds([&] {
                 for (const char key : entry.digits) press(key, paints);
                 press('\r', paints);
             }));
             if (shown.text(entry.row) != entry.digits) state.SkipWithError("the entry did not arrive");
-        }
-    });
+        });
 }
 
 /// The first key alone; the rest of the entry is dropped.
 template <class Contestant>
 void addOpeningKey(const std::string& name) {
-    measure(name, EntriesPerRepetition, Repetitions, [](benchmark::State& state) {
-        Contestant& shown = Shared<Contestant>::get();
-        activate(shown.window());
-        const PaintCount paints(shown.window());
-        for (auto _ : state) {
-            const Entry entry = nextEntry();
-            shown.select(entry.row);
-            settle();
+    addEntries<Contestant>(
+        name, [](benchmark::State& state, Contestant&, const Entry& entry, const PaintCount& paints) {
             QWidget* const closed = QApplication::focusWidget();
             state.SetIterationTime(seconds([&] { press(entry.digits[0], paints); }));
             if (QApplication::focusWidget() == closed) state.SkipWithError("no editor was opened");
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
             settle();
-        }
-    });
+        });
 }
 
 void releaseAll() {

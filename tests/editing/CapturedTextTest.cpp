@@ -9,14 +9,11 @@ class CapturedText : public ClerkTest {
   protected:
     /// Column 1 shows the names of its codes. The names themselves are no codes.
     CapturedText() {
-        column(1).i有效性判断(1);
-        column(1).i字段有效性判断类型(ij编码型);
+        takesCodes(1);
         column(1).i帮助返回值显示类型(iText记Name);
-        grid.TxtValidBmS.connect([](const std::string&, const std::string&, const std::string&,
-                                    const std::string& typed, std::string& code, std::string& name) {
-            if (typed != "01" && typed != "02") return;
-            code = typed;
-            name = typed == "01" ? "主仓" : "副仓";
+        knowCodes([](const std::string& typed) -> std::optional<std::string> {
+            if (typed != "01" && typed != "02") return {};
+            return typed == "01" ? "主仓" : "副仓";
         });
     }
     std::size_t checks() { return named(heard(), "TxtValidBmS").size(); }

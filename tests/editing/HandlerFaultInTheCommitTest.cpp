@@ -11,14 +11,10 @@ class HandlerFaultInTheCommit : public ClerkTest {
   protected:
     /// The column shows names; what is shown there is no code, and would be refused if it were checked.
     HandlerFaultInTheCommit() {
-        column(1).i有效性判断(1);
-        column(1).i字段有效性判断类型(ij编码型);
+        takesCodes(1);
         column(1).i帮助返回值显示类型(iText记Name);
-        grid.TxtValidBmS.connect([](const std::string&, const std::string&, const std::string&,
-                                    const std::string& typed, std::string& code, std::string& name) {
-            if (typed.starts_with("name")) return;
-            code = typed;
-            name = "name " + typed;
+        knowCodes([](const std::string& typed) {
+            return typed.starts_with("name") ? std::nullopt : std::optional("name " + typed);
         });
         fill(1, 1, "name A", "A");
         openAt(1, 1);

@@ -10,13 +10,8 @@ namespace {
 class HostMovesInTheCommit : public ClerkTest {
   protected:
     HostMovesInTheCommit() {
-        column(1).i有效性判断(1);
-        column(1).i字段有效性判断类型(ij编码型);
-        grid.TxtValidBmS.connect([](const std::string&, const std::string&, const std::string&,
-                                    const std::string& typed, std::string& code, std::string& name) {
-            code = typed;
-            name = "name of " + typed;
-        });
+        takesCodes(1);
+        knowCodes([](const std::string& typed) { return std::optional("name of " + typed); });
         fill(1, 1, "A1", "name of A1");
         fill(2, 2, "other", "tag of the other");
         openAt(1, 1);

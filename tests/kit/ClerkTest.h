@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <iostream>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -114,14 +116,27 @@ class ClerkAt : public ::testing::Test {
     void consentToRows() {
         grid.AddVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
     }
+    /// The host knows the codes that `nameOf` has a name for.
+    void knowCodes(std::function<std::optional<std::string>(const std::string&)> nameOf) {
+        grid.TxtValidBmS.connect([nameOf = std::move(nameOf)](const std::string&, const std::string&,
+                                                              const std::string&, const std::string& typed,
+                                                              std::string& code, std::string& name) {
+            const auto found = nameOf(typed);
+            if (!found) return;
+            code = typed;
+            name = *found;
+        });
+    }
     /// The host knows the codes that begin with A.
     void knowCodes() {
-        grid.TxtValidBmS.connect([](const std::string&, const std::string&, const std::string&,
-                                    const std::string& typed, std::string& code, std::string& name) {
-            if (!typed.starts_with("A")) return;
-            code = typed;
-            name = "货 " + typed;
+        knowCodes([](const std::string& typed) {
+            return typed.starts_with("A") ? std::optional("货 " + typed) : std::nullopt;
         });
+    }
+    /// What is typed there has to be a code that the host knows.
+    void takesCodes(std::int32_t col) {
+        column(col).i有效性判断(1);
+        column(col).i字段有效性判断类型(ij编码型);
     }
     void rows(std::int32_t count) {
         grid.Rows(count);
@@ -133,6 +148,25 @@ class ClerkAt : public ::testing::Test {
     void fill(std::int32_t row, std::int32_t col, std::string_view display, std::string_view data = {}) {
         grid.SetCell(row, col, display, data);
         log.clear();
+    }
+    /// A text and a tag of its own in each cell of a row, without a trace in the log.
+    void content(std::int32_t row) {
+        for (int c = 1; c < 6; ++c)
+            fill(row, c, "t" + std::to_string(row) + std::to_string(c),
+                 "d" + std::to_string(row) + std::to_string(c));
+    }
+    /// The row holds what content() gave to the row `original`.
+    void expectContent(std::int32_t row, std::int32_t original) {
+        for (int c = 1; c < 6; ++c) {
+            EXPECT_EQ(text(row, c), "t" + std::to_string(original) + std::to_string(c)) << row;
+            EXPECT_EQ(tag(row, c), "d" + std::to_string(original) + std::to_string(c)) << row;
+        }
+    }
+    void expectEmpty(std::int32_t row) {
+        for (int c = 1; c < 6; ++c) {
+            EXPECT_EQ(text(row, c), "") << row << ' ' << c;
+            EXPECT_EQ(tag(row, c), "") << row << ' ' << c;
+        }
     }
     Cell current() const { return {grid.Row(), grid.Col()}; }
     /// Puts the current cell somewhere, without a trace in the log.

@@ -99,15 +99,27 @@ TEST(Focus, LostToAnotherControlCommitsOnce) {
     EXPECT_FALSE(w.grid().IsActive());
 }
 
+namespace {
+
+/// Something is typed when another window comes in front.
+class InterruptedTyping : public Window {
+  public:
+    InterruptedTyping() {
+        other_.show();
+        settle();
+        QApplication::setActiveWindow(&window);
+        focusCell(1, Code);
+        type("new");
+        QApplication::setActiveWindow(&other_);
+    }
+
+  private:
+    QWidget other_;
+};
+}  // namespace
+
 TEST(Focus, LostToAnotherWindowCommitsNothing) {
-    Window w;
-    QWidget other;
-    other.show();
-    w.settle();
-    QApplication::setActiveWindow(&w.window);
-    w.focusCell(1, Code);
-    w.type("new");
-    QApplication::setActiveWindow(&other);
+    InterruptedTyping w;
     w.settle();
     EXPECT_TRUE(w.editorShown());
     EXPECT_TRUE(w.grid().IsActive());
@@ -119,14 +131,7 @@ TEST(Focus, LostToAnotherWindowCommitsNothing) {
 }
 
 TEST(Focus, GivenAwayByCodeWhileAnotherWindowIsInFrontIsLost) {
-    Window w;
-    QWidget other;
-    other.show();
-    w.settle();
-    QApplication::setActiveWindow(&w.window);
-    w.focusCell(1, Code);
-    w.type("new");
-    QApplication::setActiveWindow(&other);
+    InterruptedTyping w;
     w.after->setFocus();
     QApplication::setActiveWindow(&w.window);
     w.settle();

@@ -18,23 +18,6 @@ class RowAdding : public ClerkTest {
     void confirmCopies() {
         grid.AfterAddRow.connect([](bool& keep, std::int32_t, bool, std::int32_t) { keep = true; });
     }
-    void content(std::int32_t row) {
-        for (int c = 1; c < 6; ++c)
-            fill(row, c, "t" + std::to_string(row) + std::to_string(c),
-                 "d" + std::to_string(row) + std::to_string(c));
-    }
-    void expectContent(std::int32_t row, std::int32_t original) {
-        for (int c = 1; c < 6; ++c) {
-            EXPECT_EQ(text(row, c), "t" + std::to_string(original) + std::to_string(c));
-            EXPECT_EQ(tag(row, c), "d" + std::to_string(original) + std::to_string(c));
-        }
-    }
-    void expectEmpty(std::int32_t row) {
-        for (int c = 1; c < 6; ++c) {
-            EXPECT_EQ(text(row, c), "");
-            EXPECT_EQ(tag(row, c), "");
-        }
-    }
 };
 
 TEST_F(RowAdding, AtTheEndWithDefaultsIsToldInTheStatedOrder) {

@@ -10,23 +10,6 @@ class RowCommand : public MenuTest {
         column(4).sDefaultText_Name("件");
         column(4).sDefaultText_Code("01");
     }
-    void content(std::int32_t row) {
-        for (int c = 1; c < 6; ++c)
-            fill(row, c, "t" + std::to_string(row) + std::to_string(c),
-                 "d" + std::to_string(row) + std::to_string(c));
-    }
-    void expectContent(std::int32_t row, std::int32_t original) {
-        for (int c = 1; c < 6; ++c) {
-            EXPECT_EQ(text(row, c), "t" + std::to_string(original) + std::to_string(c)) << row;
-            EXPECT_EQ(tag(row, c), "d" + std::to_string(original) + std::to_string(c)) << row;
-        }
-    }
-    void expectEmpty(std::int32_t row) {
-        for (int c = 1; c < 6; ++c) {
-            EXPECT_EQ(text(row, c), "") << row << ' ' << c;
-            EXPECT_EQ(tag(row, c), "") << row << ' ' << c;
-        }
-    }
     void expectDefaults(std::int32_t row) {
         EXPECT_EQ(text(row, 4), "件");
         EXPECT_EQ(tag(row, 4), "01");
