@@ -26,4 +26,6 @@ std::span<const CommandKey> commandKeys();
 std::optional<Command> commandOf(std::int16_t code, std::int16_t shift);
 /// As a menu names it, without what it would act on.
 std::string_view captionOf(Command command);
+/// The name of its icon in the icon themes of desktops (freedesktop.org, Icon Naming Specification).
+std::string_view iconNameOf(Command command);
 }  // namespace kxVsGrid

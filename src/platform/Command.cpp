@@ -1,9 +1,28 @@
 #include "kxVsGrid/Command.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "kxVsGrid/Enumerations.h"
 
 namespace kxVsGrid {
 namespace {
+
+struct Look {
+    Command command;
+    std::string_view caption;
+    std::string_view iconName;
+};
+
+constexpr Look looks[] = {
+    {Command::Undo, "撤销", "edit-undo"},
+    {Command::Redo, "重做", "edit-redo"},
+};
+
+const Look& lookOf(Command command) {
+    return *std::find_if(std::begin(looks), std::end(looks),
+                         [command](const Look& look) { return look.command == command; });
+}
 
 constexpr CommandKey keys[] = {
     {Command::Undo, 'Z', CtrlKey},
@@ -23,12 +42,10 @@ std::optional<Command> commandOf(std::int16_t code, std::int16_t shift) {
 }
 
 std::string_view captionOf(Command command) {
-    switch (command) {
-        case Command::Undo:
-            return "撤销";
-        case Command::Redo:
-            return "重做";
-    }
-    return {};
+    return lookOf(command).caption;
+}
+
+std::string_view iconNameOf(Command command) {
+    return lookOf(command).iconName;
 }
 }  // namespace kxVsGrid

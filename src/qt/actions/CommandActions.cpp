@@ -8,24 +8,13 @@
 #include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt {
-namespace {
-
-QIcon iconOf(Command command) {
-    switch (command) {
-        case Command::Undo:
-            return QIcon::fromTheme(QStringLiteral("edit-undo"));
-        case Command::Redo:
-            return QIcon::fromTheme(QStringLiteral("edit-redo"));
-    }
-    return {};
-}
-}  // namespace
 
 QAction* CommandActions::action(Command command) {
     QAction*& action = actions_[command];
     if (action != nullptr) return action;
     if (!changes_.connected()) changes_ = stage_.grid().Commands().Changed.connect([this] { refresh(); });
-    action = new QAction(iconOf(command), toQt(captionOf(command)), &stage_.widget());
+    action =
+        new QAction(QIcon::fromTheme(toQt(iconNameOf(command))), toQt(captionOf(command)), &stage_.widget());
     action->setIconText(action->text());  // a toolbar keeps its width whatever the step is called
     action->setShortcuts(sequencesOf(command));
     QObject::connect(action, &QAction::triggered, &stage_.widget(),
