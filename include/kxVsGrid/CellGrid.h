@@ -341,6 +341,9 @@ class CellGrid {
       public:
         virtual ~Watcher() = default;
         virtual void contentWillChange(std::int32_t col) = 0;
+        /// Whether it wants to hear of a cell of the column now. It is asked at every write, also at those
+        /// that change nothing.
+        virtual bool awaits(std::int32_t) const { return true; }
     };
     /// One watcher at a time; nullptr for none. It must outlive the grid or be taken away.
     void watch(Watcher* watcher);

@@ -170,7 +170,10 @@ class Event {
 
     /// Calls the listeners; what the control does, and what a test may do in its place.
     void operator()(Args... args) const {
-        if (heard()) raise(args...);
+        if (state_)
+            raise(args...);
+        else if (next_ && next_->state_)
+            next_->raise(args...);
     }
 
   private:
@@ -239,7 +242,6 @@ class Event {
 // Apart from the class, so that an event that nobody listens to costs those who raise it no more than a look.
 template <class... Args>
 void Event<Args...>::raise(Args&... args) const {
-    if (!state_) return next_->raise(args...);
     const Raising raising(state_.get());
     const std::size_t count = listeners();
     if (next_ && next_->state_) next_->raise(args...);

@@ -7,7 +7,8 @@ namespace kxVsGrid::cellgrid {
 /// Group separators belong to the number only in a column whose format puts them there: those that it did
 /// put, and those of a text that has them already, as a copy of a shown text has.
 double CellStore::numberOf(const GridColumn& c, std::string_view text) {
-    if (!c.format || text.empty()) return support::leadingNumber(text);
+    if (text.empty()) return 0;
+    if (!c.format) return support::leadingNumber(text);
     std::string shown;
     const bool formatted = c.format->apply(text, shown);
     if (!c.format->groups()) return support::leadingNumber(formatted ? shown : text);
@@ -16,8 +17,10 @@ double CellStore::numberOf(const GridColumn& c, std::string_view text) {
 }
 
 double CellStore::number(std::int32_t row, std::int32_t col) const {
+    const TextSlot s = textSlot(row, col);
+    if (s == slot::Empty && !numbered(row, col)) return 0;
     Scratch scratch;
-    return numberOf(column(col), text(row, col, scratch));
+    return numberOf(column(col), textOf(s, row, col, scratch));
 }
 
 double CellStore::readNumber(GridColumn& c, RowHandle handle) {

@@ -14,11 +14,15 @@ void CellGrid::Impl::setText(std::int32_t row, std::int32_t col, std::string_vie
         if (store.setText(row, col, text) != Effect::Nothing && !damage.all()) damageCell(row, col);
         return;
     }
-    if (watcher) {
-        if (store.effectOfText(row, col, text) == Effect::Nothing) return;
-        watcher->contentWillChange(col);
-    }
-    told(row, col, storeText(row, col, text));
+    if (forewarn(row, col, text)) told(row, col, storeText(row, col, text));
+}
+
+/// What the write does is found out twice only for a watcher that awaits it.
+bool CellGrid::Impl::forewarn(std::int32_t row, std::int32_t col, std::string_view text) {
+    if (!watcher || !watcher->awaits(col)) return true;
+    if (store.effectOfText(row, col, text) == Effect::Nothing) return true;
+    watcher->contentWillChange(col);
+    return holds(row, col);
 }
 
 Effect CellGrid::Impl::storeText(std::int32_t row, std::int32_t col, std::string_view text,
@@ -84,10 +88,7 @@ void CellGrid::Impl::told(std::int32_t row, std::int32_t col, Effect effect) {
 /// Nobody hears of the two, which the store writes whole.
 bool CellGrid::Impl::setCellWatched(std::int32_t row, std::int32_t col, std::string_view text,
                                     const std::string_view& tag) {
-    if (store.effectOfText(row, col, text) != Effect::Nothing) {
-        watcher->contentWillChange(col);
-        if (!holds(row, col)) return false;
-    }
+    if (!forewarn(row, col, text)) return false;
     told(row, col, store.setCell(row, col, text, tag));
     return true;
 }
@@ -95,16 +96,12 @@ bool CellGrid::Impl::setCellWatched(std::int32_t row, std::int32_t col, std::str
 /// What can fail before a listener has heard of one of the two fails before either is written.
 bool CellGrid::Impl::setCellHeard(std::int32_t row, std::int32_t col, std::string_view text,
                                   const std::string_view& tag) {
-    {
-        CellStore::Scratch scratch;
-        if (store.tag(row, col, scratch) == tag) {
-            setText(row, col, text);
-            return true;
-        }
+    if (!store.changesTag(row, col, tag)) {
+        setText(row, col, text);
+        return true;
     }
-    const auto textChanges = [&] { return store.effectOfText(row, col, text) != Effect::Nothing; };
-    cellgrid::CellStore::TextRoom room;
-    if (textChanges()) {
+    CellStore::TextRoom room;
+    if (store.effectOfText(row, col, text) != Effect::Nothing) {
         contentWillChange(col);
         if (!holds(row, col)) return false;
         room.take(store, row, col, text);
@@ -112,9 +109,7 @@ bool CellGrid::Impl::setCellHeard(std::int32_t row, std::int32_t col, std::strin
     if (storeTag(row, col, tag)) {
         grid.CellChanged(row, col);
         if (!there || !holds(row, col)) return false;
-        if (watcher && textChanges())
-            contentWillChange(col);  // a listener may have asked for a total meanwhile
-        if (!holds(row, col)) return false;
+        if (!forewarn(row, col, text)) return false;  // a listener may have asked for a total meanwhile
     }
     told(row, col, storeText(row, col, text, &room));
     return true;

@@ -95,6 +95,8 @@ struct CellGrid::Impl {
     bool setCellWatched(std::int32_t row, std::int32_t col, std::string_view text,
                         const std::string_view& tag);
     bool setCellHeard(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
+    /// Before a text is written: the watcher hears of one that changes. False when the cell has gone then.
+    bool forewarn(std::int32_t row, std::int32_t col, std::string_view text);
     /// A text was written: the picture and who listens hear of it.
     void told(std::int32_t row, std::int32_t col, cellgrid::CellStore::Effect effect);
     template <class Change>

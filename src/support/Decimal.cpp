@@ -65,18 +65,18 @@ Decimal readDecimal(const char* first, const char* last) {
 }
 
 Decimal readDecimalWithExponent(const char* first, const char* last) {
-    const Decimal plain = readDecimal(first, last);
-    if (!plain.hasDigits || plain.end == last || (*plain.end != 'e' && *plain.end != 'E')) return plain;
-    const char* const exponent = plain.end + 1;
+    Decimal number = readDecimal(first, last);
+    if (!number.hasDigits || number.end == last || (*number.end != 'e' && *number.end != 'E')) return number;
+    const char* const exponent = number.end + 1;
     const char* digits = exponent;
     if (digits != last && (*digits == '+' || *digits == '-')) ++digits;
     const char* end = digits;
     while (end != last && isDigit(*end)) ++end;
-    if (end == digits) return plain;
-    double value = 0;
-    const auto result = std::from_chars(first, end, value, std::chars_format::general);
+    if (end == digits) return number;
+    const auto result = std::from_chars(first, end, number.value, std::chars_format::general);
     if (result.ec == std::errc::result_out_of_range)
-        value = beyondRange(first, plain.end, exponentValue(exponent, end));
-    return {value, end, true};
+        number.value = beyondRange(first, number.end, exponentValue(exponent, end));
+    number.end = end;
+    return number;
 }
 }  // namespace kxVsGrid::support

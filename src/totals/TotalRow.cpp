@@ -173,6 +173,7 @@ void TotalRow::settle(std::int32_t col) {
 
 TotalRow::PutOff::PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard)
     : totals_(totals), col_(col) {
+    if (col == NoColumn) return;
     const double before = heard ? totals.main_.CellNumber(row, col) : 0;
     if (!totals.isPending(col)) return;  // the host that computes the cell has set the grid up
     Total& total = totals.totals_[static_cast<std::size_t>(col)];
@@ -180,15 +181,6 @@ TotalRow::PutOff::PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, b
     if (!heard) return;
     total.writtenRow = row;
     total.numberBefore = before;
-}
-
-/// Not made anew after all, when the cell still counts as it was before.
-TotalRow::PutOff::~PutOff() {
-    if (totals_.isPending(col_)) totals_.totals_[static_cast<std::size_t>(col_)].putOff = false;
-}
-
-void TotalRow::PutOff::recalculated() {
-    if (totals_.isPending(col_)) totals_.totals_[static_cast<std::size_t>(col_)].writtenRow = NoRow;
 }
 
 double TotalRow::sumBeforeWrite(std::int32_t col, Total total) const {
@@ -201,7 +193,7 @@ double TotalRow::sumBeforeWrite(std::int32_t col, Total total) const {
 
 void TotalRow::contentWillChange(std::int32_t col) {
     if (col >= 0) {
-        if (isPending(col) && !totals_[static_cast<std::size_t>(col)].putOff) settle(col);
+        if (awaits(col)) settle(col);
         return;
     }
     for (std::size_t c = 0; c < totals_.size(); ++c) {

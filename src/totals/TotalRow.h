@@ -73,18 +73,18 @@ class TotalRow : private CellGrid::Watcher {
     void around(std::int32_t row, std::int32_t col, bool heard, Write write, Recalculates recalculates) {
         const bool summed = recalculates() && isSummed(col);
         if (summed && isWritten(col)) settle(col);
-        if (summed && isPending(col)) {
-            PutOff putOff(*this, row, col, heard);
-            write();
-            if (recalculates() && isSummed(col)) putOff.recalculated();
-        } else {
-            write();
-        }
-        if (recalculates() && !isPending(col) && isSummed(col)) recalculate(col);
+        PutOff putOff(*this, row, summed && isPending(col) ? col : NoColumn, heard);
+        write();
+        if (!recalculates() || !isSummed(col)) return;
+        if (isPending(col))
+            putOff.recalculated();
+        else
+            recalculate(col);
     }
 
   private:
     static constexpr std::int32_t NoRow = -1;
+    static constexpr std::int32_t NoColumn = -1;
     struct Total {
         bool pending = false;
         bool shown = false;   ///< the cell of the total row asks for the value
@@ -93,16 +93,22 @@ class TotalRow : private CellGrid::Watcher {
         std::int32_t writtenRow = NoRow;  ///< a cell that counts as it was before it was written
         double numberBefore = 0;
     };
-    /// The write of one cell before which a pending total was not added up. Ending it adds nothing up: that
-    /// asks the texts of other cells, which a host computes and may fail to.
+    /// The write of one cell before which a pending total was not added up; of NoColumn where none is
+    /// pending. Ending it adds nothing up: that asks the texts of other cells, which a host computes and may
+    /// fail to.
     class PutOff {
       public:
         PutOff(TotalRow& totals, std::int32_t row, std::int32_t col, bool heard);
-        ~PutOff();
+        /// Not made anew after all, when the cell still counts as it was before.
+        ~PutOff() {
+            if (totals_.isPending(col_)) totals_.totals_[static_cast<std::size_t>(col_)].putOff = false;
+        }
         PutOff(const PutOff&) = delete;
         PutOff& operator=(const PutOff&) = delete;
         /// The write is done, and the total counts it from now on.
-        void recalculated();
+        void recalculated() {
+            if (totals_.isPending(col_)) totals_.totals_[static_cast<std::size_t>(col_)].writtenRow = NoRow;
+        }
 
       private:
         TotalRow& totals_;
@@ -119,6 +125,9 @@ class TotalRow : private CellGrid::Watcher {
     };
 
     void contentWillChange(std::int32_t col) override;
+    bool awaits(std::int32_t col) const override {
+        return isPending(col) && !totals_[static_cast<std::size_t>(col)].putOff;
+    }
     void overwritten(std::int32_t col);
     void pending(std::int32_t totals);
     bool isPending(std::int32_t col) const {

@@ -247,6 +247,58 @@ TEST_F(Watched, ContentThatStaysIsNotTold) {
     EXPECT_EQ(watcher.calls, Lines{});
 }
 
+/// Awaits nothing of one column, and takes all rows away when it hears of another.
+class Choosy final : public CellGrid::Watcher {
+  public:
+    Choosy(CellGrid& grid, std::int32_t unheeded, std::int32_t emptying = -2)
+        : grid_(grid), unheeded_(unheeded), emptying_(emptying) {
+        grid.watch(this);
+    }
+    ~Choosy() { grid_.watch(nullptr); }
+    Choosy(const Choosy&) = delete;
+    Choosy& operator=(const Choosy&) = delete;
+    void contentWillChange(std::int32_t col) override {
+        heard.push_back(col);
+        if (col == emptying_) grid_.Rows(1);
+    }
+    bool awaits(std::int32_t col) const override { return col != unheeded_; }
+    std::vector<std::int32_t> heard;
+
+  private:
+    CellGrid& grid_;
+    std::int32_t unheeded_;
+    std::int32_t emptying_;
+};
+
+TEST(GridWatcher, HearsNothingOfTextsInAColumnItDoesNotAwait) {
+    CellGrid grid;
+    Choosy watcher(grid, 1);
+    grid.Text(2, 1, "7");
+    grid.Text(2, 3, "x");
+    grid.Cell(3, 1, "8", "tag");
+    EXPECT_EQ(watcher.heard, std::vector<std::int32_t>{3});
+    EXPECT_EQ(grid.ColumnSum(1), 15);
+}
+
+TEST(GridWatcher, MayTakeTheRowOfATextAwayBeforeItIsWritten) {
+    CellGrid grid;
+    Choosy watcher(grid, 1, 2);
+    grid.Text(3, 2, "gone");
+    EXPECT_EQ(grid.Rows(), 1);
+    grid.Rows(6);
+    EXPECT_EQ(grid.Text(3, 2), "");
+}
+
+TEST(GridWatcher, MayTakeTheRowOfAPairAwayBeforeItIsWrittenWhileAListenerHears) {
+    CellGrid grid;
+    int changes = 0;
+    grid.CellChanged.connect([&](std::int32_t, std::int32_t) { ++changes; });
+    Choosy watcher(grid, 1, 2);
+    EXPECT_FALSE(grid.Cell(3, 2, "gone", "tag"));
+    EXPECT_EQ(grid.Rows(), 1);
+    EXPECT_EQ(changes, 0);
+}
+
 TEST_F(Watched, RowsThatComeAndGoAreToldBefore) {
     grid.Rows(7);
     grid.InsertRow(1);

@@ -60,8 +60,8 @@ std::string_view CellStore::slotText(TextSlot s, Scratch& scratch) const {
     return scratch.text;
 }
 
-std::string_view CellStore::text(std::int32_t row, std::int32_t col, Scratch& scratch) const {
-    const TextSlot s = textSlot(row, col);
+/// The text of a cell whose slot is `s`.
+std::string_view CellStore::textOf(TextSlot s, std::int32_t row, std::int32_t col, Scratch& scratch) const {
     if (s == slot::Empty && numbered(row, col)) return rowNumber(row - fixedRows_ + 1, scratch);
     return slotText(s, scratch);
 }
@@ -203,16 +203,7 @@ void CellStore::setComputed(std::int32_t row, std::int32_t col, std::function<st
 }
 
 std::string_view CellStore::tag(std::int32_t row, std::int32_t col, Scratch& scratch) const {
-    const RowHandle handle = order_.handle(row);
-    return handle == NoHandle ? std::string_view{}
-                              : arena_.text(column(col).cells.get(CellPages::Tag, handle), scratch.bytes);
-}
-
-/// `fresh` is the tag's slot if it fits into one.
-inline bool CellStore::changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const {
-    if (fresh != slot::Empty || tag.empty()) return fresh != old;
-    slot::Buffer buffer;
-    return !slot::hasBlock(old) || arena_.text(old, buffer) != tag;
+    return arena_.text(tagSlot(row, col), scratch.bytes);
 }
 
 inline void CellStore::putTagSlot(Spot& at, TextSlot s, Replaced* replaced) {

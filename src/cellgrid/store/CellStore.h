@@ -60,7 +60,9 @@ class CellStore {
     void setFixedRows(std::int32_t count) { fixedRows_ = count; }
 
     /// The cell's text, in `scratch` or in the store; good until either changes.
-    std::string_view text(std::int32_t row, std::int32_t col, Scratch& scratch) const;
+    std::string_view text(std::int32_t row, std::int32_t col, Scratch& scratch) const {
+        return textOf(textSlot(row, col), row, col, scratch);
+    }
     /// The text as the column's format shows it.
     std::string_view displayText(std::int32_t row, std::int32_t col, Scratch& scratch) const;
     /// What setText would do.
@@ -107,6 +109,10 @@ class CellStore {
                      Replaced* replaced = nullptr);
 
     std::string_view tag(std::int32_t row, std::int32_t col, Scratch& scratch) const;
+    /// What setTag would answer.
+    bool changesTag(std::int32_t row, std::int32_t col, std::string_view tag) const {
+        return changesTag(tagSlot(row, col), slot::ofShort(tag), tag);
+    }
     /// Answers whether the stored tag changed.
     bool setTag(std::int32_t row, std::int32_t col, std::string_view tag, Replaced* replaced = nullptr);
     /// setTag and setText in one. Answers what became of the text; when it fails, both are the old ones.
@@ -194,10 +200,15 @@ class CellStore {
         const RowHandle handle = order_.handle(row);
         return handle == NoHandle ? slot::Empty : column(col).cells.get(CellPages::Text, handle);
     }
+    TextSlot tagSlot(std::int32_t row, std::int32_t col) const {
+        const RowHandle handle = order_.handle(row);
+        return handle == NoHandle ? slot::Empty : column(col).cells.get(CellPages::Tag, handle);
+    }
     bool numbered(std::int32_t row, std::int32_t col) const {
         return numbered_ && col == 0 && row >= fixedRows_;
     }
     std::string_view slotText(TextSlot s, Scratch& scratch) const;
+    std::string_view textOf(TextSlot s, std::int32_t row, std::int32_t col, Scratch& scratch) const;
     Effect effect(std::int32_t col, TextSlot old, TextSlot fresh, std::string_view text) const;
     Effect effectOfEmpty(std::int32_t col, TextSlot old) const;
     struct Spot;
@@ -206,7 +217,12 @@ class CellStore {
     Effect overwrite(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     Effect putText(Spot& at, std::int32_t row, std::int32_t col, std::string_view text, TextSlot& ready,
                    Replaced* replaced = nullptr);
-    bool changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const;
+    /// `fresh` is the tag's slot if it fits into one.
+    bool changesTag(TextSlot old, TextSlot fresh, std::string_view tag) const {
+        if (fresh != slot::Empty || tag.empty()) return fresh != old;
+        slot::Buffer buffer;
+        return !slot::hasBlock(old) || arena_.text(old, buffer) != tag;
+    }
     TextSlot writtenEmpty(std::int32_t col) const {
         return numbered_ && col == 0 ? slot::WrittenEmpty : slot::Empty;
     }
