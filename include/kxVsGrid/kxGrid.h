@@ -30,6 +30,7 @@
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
 #include "kxVsGrid/Commands.h"
+#include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/HelpTable.h"
@@ -73,6 +74,11 @@ class kxGrid : public GridEvents {
     [[nodiscard]] ChangeStep Step(std::string_view name);
     /// What is written while it lives is not to be undone, as with texts that follow from others.
     [[nodiscard]] UnrecordedSpan Unrecorded();
+
+    /// Puts the control into the state that a draft of it has kept (Draft.h; recoverDraft says what `document`
+    /// is and when it refuses). What is being typed is dropped, the totals are made anew, and nothing of it
+    /// can be undone; Changes() counts it as changed since Saved().
+    DraftInfo Recover(std::string_view draft, bool document);
 
     // --- Commands (Command.h).
     /// Does what a clerk's key for it would do on a closed cell; an open editor is committed first. False when

@@ -7,6 +7,7 @@
 #include "kxVsGrid/Command.h"
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/ControlPage.h"
+#include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"
 #include "kxVsGrid/Form.h"

@@ -60,6 +60,24 @@ UnrecordedSpan kxGrid::Unrecorded() {
     return UnrecordedSpan({parts_, &parts_->steps});
 }
 
+DraftInfo kxGrid::Recover(std::string_view draft, bool document) {
+    const auto kept = held();
+    Parts& p = *kept;
+    p.editor.drop();
+    DraftInfo info;
+    support::FirstFault fault;
+    fault.during([&] {
+        const UnrecordedSpan unrecorded({kept, &p.steps});
+        info = recoverDraft(p.main, draft, document);
+    });
+    if (info.refusal.empty()) p.steps.forget();
+    fault.during([&] { p.totals.recalculate(TotalRow::AllColumns); });
+    fault.during([&] { p.editor.captureAndLoad(); });
+    fault.during([&] { p.historyChanged(); });
+    fault.raise();
+    return info;
+}
+
 bool kxGrid::Run(Command command) {
     return held()->commands.run(command);
 }

@@ -41,7 +41,7 @@ OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid ChangeListener Frame RowId",
-    "changes": "Changes",
+    "changes": "Changes Draft",
     "platform": "Command Platform",
     "columns": "cVsControl",
     "host": "GridEvents Options",

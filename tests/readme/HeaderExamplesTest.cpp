@@ -124,6 +124,18 @@ TEST(HeaderExamples, ThatOfControlPageShowsThePage) {
     EXPECT_FALSE(caption.empty());
 }
 
+TEST(HeaderExamples, ThatOfDraftKeepsAStep) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+#include "examples/Draft.inc"
+    EXPECT_EQ(info.key, "order 4711");
+    EXPECT_EQ(info.steps, 1U);
+    EXPECT_EQ(info.puts.at("remark"), "call before noon");
+    kxGrid& next = desk.place();
+    EXPECT_EQ(next.Recover(kept, true).refusal, "");
+    EXPECT_EQ(next.RawText(1, 1), "A001");
+}
+
 TEST(HeaderExamples, ThatOfEventConsentsToARow) {
     headless::Desk desk;
     kxGrid& grid = desk.place();

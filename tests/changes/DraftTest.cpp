@@ -1,0 +1,259 @@
+// Drafts: what is kept of what was keyed, and what comes back of it.
+#include <map>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "kit/PlacedGrid.h"
+#include "kit/Random.h"
+
+namespace kxVsGrid::testing {
+namespace {
+
+/// Texts and tags of all data rows.
+std::vector<std::string> contentOf(const kxGrid& grid) {
+    std::vector<std::string> content;
+    const CellGrid& cells = grid.Grid();
+    for (std::int32_t row = cells.FixedRows(); row < cells.Rows(); ++row) {
+        std::string line;
+        for (std::int32_t col = 1; col < cells.Cols(); ++col)
+            line += cells.Text(row, col) + "/" + cells.Data(row, col) + "|";
+        content.push_back(line);
+    }
+    return content;
+}
+
+class DraftOfAGrid : public PlacedGrid {
+  protected:
+    DraftOfAGrid() {
+        grid.Cols(5);
+        setUp();
+        for (std::int32_t row = 1; row < grid.Rows(); ++row)
+            grid.SetCell(row, 1, "old " + std::to_string(row), "tag");
+        desk.focusGrid();
+    }
+    void key(std::int32_t row, std::int32_t col, std::string_view typed) {
+        vs().Select(row, col);
+        desk.type(typed).press(Key::Enter);
+    }
+    void writeAll() {
+        while (draft.writeSlice()) {
+        }
+    }
+    /// What comes back in a control that holds nothing.
+    std::vector<std::string> recovered(std::string_view kept) {
+        kxGrid& other = anew.place();
+        other.Cols(grid.Cols());
+        const DraftInfo info = other.Recover(kept, false);
+        EXPECT_EQ(info.refusal, "");
+        return contentOf(other);
+    }
+    std::string bytes;
+    bool keeps = true;
+    std::size_t sinkRoom = std::string::npos;
+    Draft::Sink sink() {
+        return [this](std::string_view more) {
+            const std::string_view part =
+                more.substr(0, keeps ? sinkRoom : std::min<std::size_t>(3, sinkRoom));
+            bytes += part;
+            if (sinkRoom != std::string::npos) sinkRoom -= part.size();
+            return keeps && part.size() == more.size();
+        };
+    }
+    Draft draft{grid.Grid(), sink()};
+    headless::Desk anew;
+};
+
+TEST_F(DraftOfAGrid, BringsKeyedLinesBackInAnEmptyGrid) {
+    draft.begin("order 7", "3");
+    writeAll();
+    ASSERT_TRUE(draft.whole());
+    key(1, 2, "12");
+    key(3, 1, "new");
+    EXPECT_TRUE(draft.kept());
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+    const DraftInfo info = lookAtDraft(bytes);
+    EXPECT_EQ(info.key, "order 7");
+    EXPECT_EQ(info.version, "3");
+    EXPECT_EQ(info.steps, 2U);
+    EXPECT_EQ(info.lastStep, "录入");
+    EXPECT_TRUE(info.whole);
+    EXPECT_EQ(info.damage, "");
+}
+
+TEST_F(DraftOfAGrid, IsGoodOverItsDocumentBeforeAllHasBeenGiven) {
+    draft.begin("order 7", "3");
+    key(2, 1, "new");
+    grid.Grid().InsertRow(2);
+    grid.Grid().Text(2, 3, "inserted");
+    grid.Grid().RemoveRow(1);
+    draft.flush();
+    EXPECT_FALSE(lookAtDraft(bytes).whole);
+    kxGrid& document = anew.place();
+    document.Cols(5);
+    for (std::int32_t row = 1; row < 6; ++row) document.SetCell(row, 1, "old " + std::to_string(row), "tag");
+    EXPECT_NE(document.Recover(bytes, false).refusal, "");
+    EXPECT_EQ(document.RawText(1, 1), "old 1");
+    EXPECT_EQ(document.Recover(bytes, true).refusal, "");
+    EXPECT_EQ(contentOf(document), contentOf(grid));
+}
+
+TEST_F(DraftOfAGrid, LeavesTheDocumentsRowsWhoTheyAre) {
+    draft.begin("order 7", "3");
+    grid.Grid().RemoveRow(1);
+    key(1, 2, "x");
+    kxGrid& document = anew.place();
+    document.Cols(5);
+    for (std::int32_t row = 1; row < 6; ++row) document.SetCell(row, 1, "old " + std::to_string(row), "tag");
+    document.Changes().Saved();
+    const RowId second = document.Grid().IdOf(2);
+    document.Recover(bytes, true);
+    EXPECT_EQ(document.Grid().RowOf(second), 1);
+    EXPECT_EQ(document.Changes().Removed().size(), 1U);
+    EXPECT_EQ(document.Changes().Changed().size(), 1U);
+    EXPECT_TRUE(document.Changes().Added().empty());
+    EXPECT_FALSE(document.History().CanUndo());
+}
+
+TEST_F(DraftOfAGrid, FollowsUndo) {
+    draft.begin("order 7", "3");
+    writeAll();
+    key(1, 2, "12");
+    desk.press('Z', CtrlKey);
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+    EXPECT_EQ(grid.RawText(1, 2), "");
+}
+
+TEST_F(DraftOfAGrid, HoldsTheLastOfWhatWasPutBesideTheGrid) {
+    draft.begin("order 7", "3");
+    draft.put("remark", "first");
+    draft.put("remark", "tab\t, line\n and \\");
+    draft.put("customer", "0042");
+    const DraftInfo info = lookAtDraft(bytes);
+    EXPECT_EQ(info.puts.at("remark"), "tab\t, line\n and \\");
+    EXPECT_EQ(info.puts.at("customer"), "0042");
+    draft.begin("order 8", "1");
+    EXPECT_TRUE(lookAtDraft(bytes).puts.empty());
+}
+
+TEST_F(DraftOfAGrid, GivesAgainWhatTheSinkCouldNotKeep) {
+    draft.begin("order 7", "3");
+    writeAll();
+    keeps = false;
+    key(1, 2, "12");
+    key(2, 2, "13");
+    EXPECT_FALSE(draft.kept());
+    keeps = true;
+    key(3, 2, "14");
+    EXPECT_TRUE(draft.kept());
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+    EXPECT_EQ(lookAtDraft(bytes).damage, "");
+}
+
+TEST_F(DraftOfAGrid, IsGivenAnewWhenTheColumnsHaveChanged) {
+    draft.begin("order 7", "3");
+    writeAll();
+    grid.Cols(7);
+    key(1, 6, "far");
+    EXPECT_TRUE(draft.kept());
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+    EXPECT_EQ(lookAtDraft(bytes).captions.size(), 7U);
+}
+
+TEST_F(DraftOfAGrid, CanBeWrittenShorter) {
+    draft.begin("order 7", "3");
+    writeAll();
+    draft.put("remark", "kept");
+    for (int i = 0; i < 50; ++i) key(1, 2, std::to_string(i));
+    std::string shorter;
+    EXPECT_TRUE(draft.rewrite([&](std::string_view all) {
+        shorter = all;
+        return true;
+    }));
+    EXPECT_LT(shorter.size(), bytes.size());
+    EXPECT_EQ(draft.contentBytes(), shorter.size());
+    bytes = shorter;
+    key(2, 2, "after");
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+    EXPECT_EQ(lookAtDraft(bytes).puts.at("remark"), "kept");
+}
+
+TEST_F(DraftOfAGrid, RefusesWhatIsNoneAndOtherColumns) {
+    EXPECT_NE(lookAtDraft("").refusal, "");
+    EXPECT_NE(lookAtDraft("hello\nworld\n").refusal, "");
+    draft.begin("order 7", "3");
+    writeAll();
+    kxGrid& other = anew.place();
+    other.Cols(4);
+    other.SetCell(1, 1, "stays");
+    EXPECT_NE(other.Recover(bytes, false).refusal, "");
+    EXPECT_EQ(other.RawText(1, 1), "stays");
+}
+
+TEST_F(DraftOfAGrid, StopsBeforeADamagedLineAndSaysWhere) {
+    draft.begin("order 7", "3");
+    writeAll();
+    key(1, 2, "one");
+    const auto state = contentOf(grid);
+    const std::size_t place = bytes.size();
+    key(2, 2, "two");
+    key(3, 2, "three");
+    bytes[place + 20] = static_cast<char>(bytes[place + 20] ^ 4);
+    EXPECT_EQ(recovered(bytes), state);
+    const DraftInfo info = lookAtDraft(bytes);
+    EXPECT_EQ(info.steps, 1U);
+    EXPECT_NE(info.damage.find("byte " + std::to_string(place)), std::string::npos) << info.damage;
+}
+
+TEST_F(DraftOfAGrid, PutsRightWhatAHostMakesOfWrittenCells) {
+    draft.begin("order 7", "3");
+    writeAll();
+    key(1, 2, "12");
+    grid.Grid().Text(1, 3, "twelve");
+    draft.flush();
+    kxGrid& other = anew.place();
+    other.Cols(5);
+    other.CellChanged.connect([&](std::int32_t row, std::int32_t col) {
+        if (col == 2) other.Grid().Text(row, 3, "computed");
+    });
+    other.Recover(bytes, false);
+    EXPECT_EQ(contentOf(other), contentOf(grid));
+}
+
+TEST_F(DraftOfAGrid, CutAnywhereIsTheStateAfterSomeWholeStep) {
+    kit::Random random;
+    draft.begin("order 7", "3");
+    std::map<std::size_t, std::vector<std::string>> states;
+    std::size_t slicesEnd = 0;
+    for (int act = 0; act < 60; ++act) {
+        const auto row = static_cast<std::int32_t>(random.between(1, grid.Rows() - 1));
+        switch (random.between(0, 5)) {
+            case 0:
+                grid.Grid().InsertRow(row);
+                break;
+            case 1:
+                if (grid.Rows() > 3) grid.Grid().RemoveRow(row);
+                break;
+            case 2:
+                desk.press('Z', CtrlKey);
+                break;
+            case 3:
+                grid.Grid().ClearText(row, row);
+                break;
+            default:
+                key(row, static_cast<std::int32_t>(random.between(1, 4)), "t" + std::to_string(act));
+        }
+        draft.flush();
+        if (act == 20) {
+            writeAll();
+            slicesEnd = bytes.size();
+        }
+        if (act >= 20) states[bytes.size()] = contentOf(grid);
+    }
+    for (std::size_t cut = slicesEnd; cut <= bytes.size(); ++cut) {
+        const auto expected = std::prev(states.upper_bound(cut))->second;
+        ASSERT_EQ(recovered(std::string_view(bytes).substr(0, cut)), expected) << "cut at " << cut;
+    }
+}
+}  // namespace
+}  // namespace kxVsGrid::testing
