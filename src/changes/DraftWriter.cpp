@@ -131,6 +131,7 @@ void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std
 void DraftWriter::added(std::int32_t at, std::int32_t count) noexcept {
     frontier_.added(at, count);
     attempt([&] {
+        if (at < fixedRows_) throw GridError("a fixed row was added");  // told by the whole alone
         changes_ += "\ta";
         appendField(changes_, std::int64_t{at});
         appendField(changes_, std::int64_t{count});
@@ -140,6 +141,7 @@ void DraftWriter::added(std::int32_t at, std::int32_t count) noexcept {
 void DraftWriter::removing(std::int32_t at, std::int32_t count) noexcept {
     frontier_.removing(at, count);
     attempt([&] {
+        if (at < fixedRows_) throw GridError("a fixed row was removed");
         changes_ += "\tr";
         appendField(changes_, std::int64_t{at});
         appendField(changes_, std::int64_t{count});
