@@ -94,6 +94,7 @@ struct CellGrid::Impl {
     void setText(std::int32_t row, std::int32_t col, std::string_view text);
     bool setCellWatched(std::int32_t row, std::int32_t col, std::string_view text,
                         const std::string_view& tag);
+    bool fillCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     bool setCellHeard(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     /// A text was written: the picture and who listens hear of it.
     void told(std::int32_t row, std::int32_t col, cellgrid::CellStore::Effect effect);
@@ -103,6 +104,7 @@ struct CellGrid::Impl {
     }
     void contentWillChange(std::int32_t col) {
         mayWrite();
+        listeners.tellFilled();
         if (watcher) watcher->contentWillChange(col);
     }
 
