@@ -24,6 +24,7 @@ void CellGrid::Impl::setText(std::int32_t row, std::int32_t col, std::string_vie
 Effect CellGrid::Impl::storeText(std::int32_t row, std::int32_t col, std::string_view text,
                                  CellStore::TextRoom* room) {
     mayWrite();
+    listeners.tellFilled();
     if ((listening & Streamed) == 0)
         return room ? store.setText(row, col, text, *room) : store.setText(row, col, text);
     CellStore::Replaced before(store);
@@ -44,6 +45,7 @@ void CellGrid::Impl::tellWritten(std::int32_t row, std::int32_t col, Effect effe
 
 bool CellGrid::Impl::storeTag(std::int32_t row, std::int32_t col, std::string_view tag) {
     mayWrite();
+    listeners.tellFilled();
     if ((listening & Streamed) == 0) return store.setTag(row, col, tag);
     CellStore::Replaced before(store);
     if (!store.setTag(row, col, tag, &before)) return false;
