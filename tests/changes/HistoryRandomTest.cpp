@@ -88,10 +88,16 @@ class RandomHistory : public RandomClerk, public ChangeListener, public ::testin
         for (std::int32_t r = 0; r < vs().Rows(); ++r) {
             SeenRow row{{}, vs().RowHeight(r), vs().RowHidden(r), vs().MergeRow(r)};
             for (std::int32_t c = 1; c < vs().Cols(); ++c)  // row numbers follow the rows by themselves
-                row.cells.push_back({vs().Text(r, c), vs().Data(r, c), vs().CellForeColor(r, c),
-                                     vs().CellBackColor(r, c), vs().CellAlignment(r, c)});
+                row.cells.push_back(
+                    {{}, {}, vs().CellForeColor(r, c), vs().CellBackColor(r, c), vs().CellAlignment(r, c)});
             now.rows.push_back(std::move(row));
         }
+        vs().ForEachCell(0, vs().Rows() - 1, [&](auto r, auto c, auto text, auto tag) {
+            if (c == 0) return;
+            SeenCell& cell = now.rows[static_cast<std::size_t>(r)].cells[static_cast<std::size_t>(c - 1)];
+            cell.text = text;
+            cell.tag = tag;
+        });
         return now;
     }
 
