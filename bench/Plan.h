@@ -62,4 +62,5 @@ void planEvaluator(Plan& plan);
 void planFrames(Plan& plan);
 void planEntry(Plan& plan);
 void planLookup(Plan& plan);
+void planHistory(Plan& plan);
 }  // namespace kxbench

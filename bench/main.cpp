@@ -50,6 +50,7 @@ Plan makePlan() {
     planFrames(plan);
     planEntry(plan);
     planLookup(plan);
+    planHistory(plan);
     return plan;
 }
 

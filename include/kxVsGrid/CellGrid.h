@@ -351,6 +351,8 @@ class CellGrid {
     void AddListener(ChangeListener& listener);
     /// Does nothing for one that does not listen. Allowed while it is being told.
     void RemoveListener(ChangeListener& listener);
+    /// Tells the listeners of the cells that were filled and are not told yet (ChangeListener::filled).
+    void TellFilled();
     /// Tells the listeners of a step of changes, which somebody else keeps track of.
     void TellStepOpened(std::string_view name, Cause cause);
     void TellStepClosed(std::string_view name, Cause cause);

@@ -49,6 +49,12 @@ class ChangeListener {
     /// A cell's text or tag has become another one. Both texts are good until this returns.
     virtual void written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
                          std::string_view after) noexcept;
+    /// Asked once, as it is added: whether it hears of `filled` instead of each write that fills a cell.
+    virtual bool hearsFilled() const noexcept;
+    /// Cells of the row, in the 32 columns from `col` on, held neither a text nor a tag and have got what the
+    /// bits say, the lowest one for `col`. Told of many writes at once, where a grid is filled: before
+    /// anything else is written or told, and when CellGrid::TellFilled() asks for it.
+    virtual void filled(std::int32_t row, std::int32_t col, std::uint32_t texts, std::uint32_t tags) noexcept;
     /// Rows have come before the one at `at`: empty ones.
     virtual void added(std::int32_t at, std::int32_t count) noexcept;
     /// Rows are about to go; their contents can still be read.

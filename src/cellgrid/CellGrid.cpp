@@ -42,6 +42,9 @@ void CellGrid::RemoveListener(ChangeListener& listener) {
     impl_->listeners.remove(listener);
     if (!impl_->listeners.any()) impl_->listening &= ~Impl::Streamed;
 }
+void CellGrid::TellFilled() {
+    impl_->listeners.tellFilled();
+}
 void CellGrid::TellStepOpened(std::string_view name, Cause cause) {
     impl_->tellStream([&](ChangeListener& one) { one.stepOpened(name, cause); });
 }

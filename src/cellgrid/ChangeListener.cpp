@@ -4,6 +4,10 @@ namespace kxVsGrid {
 
 void ChangeListener::written(std::int32_t, std::int32_t, CellPart, std::string_view,
                              std::string_view) noexcept {}
+bool ChangeListener::hearsFilled() const noexcept {
+    return false;
+}
+void ChangeListener::filled(std::int32_t, std::int32_t, std::uint32_t, std::uint32_t) noexcept {}
 void ChangeListener::added(std::int32_t, std::int32_t) noexcept {}
 void ChangeListener::removing(std::int32_t, std::int32_t) noexcept {}
 void ChangeListener::reordered(std::int32_t, std::span<const std::int32_t>) noexcept {}

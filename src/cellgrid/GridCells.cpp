@@ -28,6 +28,7 @@ bool CellGrid::Impl::forewarn(std::int32_t row, std::int32_t col, std::string_vi
 Effect CellGrid::Impl::storeText(std::int32_t row, std::int32_t col, std::string_view text,
                                  CellStore::TextRoom* room) {
     mayWrite();
+    listeners.tellFilled();
     if ((listening & Streamed) == 0)
         return room ? store.setText(row, col, text, *room) : store.setText(row, col, text);
     CellStore::Replaced before(store);
@@ -48,6 +49,7 @@ void CellGrid::Impl::tellWritten(std::int32_t row, std::int32_t col, Effect effe
 
 bool CellGrid::Impl::storeTag(std::int32_t row, std::int32_t col, std::string_view tag) {
     mayWrite();
+    listeners.tellFilled();
     if ((listening & Streamed) == 0) return store.setTag(row, col, tag);
     CellStore::Replaced before(store);
     if (!store.setTag(row, col, tag, &before)) return false;
@@ -90,6 +92,19 @@ bool CellGrid::Impl::setCellWatched(std::int32_t row, std::int32_t col, std::str
                                     const std::string_view& tag) {
     if (!forewarn(row, col, text)) return false;
     told(row, col, store.setCell(row, col, text, tag));
+    return true;
+}
+
+/// What filling a table does while the stream alone hears of it. False, and nothing is done, where it takes
+/// more.
+inline bool CellGrid::Impl::fillCell(std::int32_t row, std::int32_t col, std::string_view text,
+                                     const std::string_view& tag) {
+    if (listening != Streamed || text.empty() || !listeners.allHearFilled() || !store.holdsNothing(row, col))
+        return false;
+    mayWrite();
+    store.setCell(row, col, text, tag);
+    if (!damage.all()) damageCell(row, col);
+    listeners.fill(row, col, !tag.empty());
     return true;
 }
 
@@ -151,8 +166,10 @@ void CellGrid::RestoreData(std::int32_t row, std::int32_t col, std::string_view 
 bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data) {
     Impl& impl = *impl_;
     if (!impl.holds(row, col)) return false;
-    if ((impl.listening & ~Impl::Watched) != 0) [[unlikely]]
+    if ((impl.listening & ~Impl::Watched) != 0) [[unlikely]] {
+        if (impl.fillCell(row, col, text, data)) return true;
         return held()->setCellHeard(row, col, text, data);
+    }
     if (impl.listening != 0) return impl.setCellWatched(row, col, text, data);
     const Effect effect = impl.store.setCell(row, col, text, data);
     if (!impl.damage.all() && effect != Effect::Nothing) impl.damageCell(row, col);

@@ -94,6 +94,7 @@ struct CellGrid::Impl {
     void setText(std::int32_t row, std::int32_t col, std::string_view text);
     bool setCellWatched(std::int32_t row, std::int32_t col, std::string_view text,
                         const std::string_view& tag);
+    bool fillCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     bool setCellHeard(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     /// Before a text is written: the watcher hears of one that changes. False when the cell has gone then.
     bool forewarn(std::int32_t row, std::int32_t col, std::string_view text);
@@ -105,6 +106,7 @@ struct CellGrid::Impl {
     }
     void contentWillChange(std::int32_t col) {
         mayWrite();
+        listeners.tellFilled();
         if (watcher) watcher->contentWillChange(col);
     }
 

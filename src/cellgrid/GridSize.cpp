@@ -11,6 +11,7 @@ namespace kxVsGrid {
 using cellgrid::misuse;
 
 void CellGrid::Impl::insertRows(std::int32_t position, std::int32_t n, RowId id) {
+    listeners.tellFilled();
     store.insertRows(position, n);
     support::Undo undoStore([&] { store.removeRows(position, n); });
     layout.rows.axis.insert(position, n);

@@ -15,10 +15,18 @@ std::uint64_t rank(std::uint64_t number) {
 }
 }  // namespace
 
+/// Rows are mostly asked about one after the other, as a grid is filled.
 RowId RowIds::idOf(std::int32_t row) {
-    if (const Number number = find(row)) return RowId{number};
+    findLast();
+    if (row <= lastRow_) {
+        if (row == lastRow_) return RowId{last_};
+        if (const Number number = find(row)) return RowId{number};
+    }
     obtainPage(next_);
-    link(next_, row);
+    if (row > lastRow_)
+        append(next_, row);
+    else
+        link(next_, row);
     return RowId{next_++};
 }
 
@@ -39,6 +47,7 @@ bool RowIds::prepareReturn(RowId id) {
 
 void RowIds::inserted(std::int32_t row, std::int32_t n) {
     if (root_ == None) return;
+    last_ = None;
     const auto [before, from] = split(root_, row);
     shift(from, n);
     root_ = merge(before, from);
@@ -46,6 +55,7 @@ void RowIds::inserted(std::int32_t row, std::int32_t n) {
 
 void RowIds::removed(std::int32_t row, std::int32_t n) {
     if (root_ == None) return;
+    last_ = None;
     const auto [before, from] = split(root_, row);
     const auto [gone, after] = split(from, row + n);
     shift(after, -n);
@@ -72,6 +82,38 @@ void RowIds::obtainPage(Number number) {
         pages_.resize(page + 1);
     }
     if (!pages_[page]) pages_[page] = std::make_unique<Page>();
+}
+
+void RowIds::findLast() {
+    if (last_ != None) return;
+    lastRow_ = -1;
+    for (Number at = root_; at != None; at = node(at).right) {
+        lastRow_ = last_ == None ? node(at).offset : lastRow_ + node(at).offset;
+        last_ = at;
+    }
+}
+
+/// The same as link for a row after all that have a node: what merging would do, from the last one upwards.
+void RowIds::append(Number number, std::int32_t row) {
+    Number below = None;
+    std::int32_t belowRow = 0;
+    Number above = last_;
+    std::int32_t aboveRow = lastRow_;
+    while (above != None && rank(above) <= rank(number)) {
+        below = above;
+        belowRow = aboveRow;
+        aboveRow -= node(above).offset;
+        above = node(above).parent;
+    }
+    node(number) = {below, None, above, above == None ? row : row - aboveRow, true};
+    ++pages_[number / PageNodes]->used;
+    if (below != None) {
+        node(below).parent = number;
+        node(below).offset = belowRow - row;
+    }
+    (above == None ? root_ : node(above).right) = number;
+    last_ = number;
+    lastRow_ = row;
 }
 
 /// Its page is there, and the row has no other node.

@@ -28,7 +28,10 @@ class RowIds {
     /// Memory for an id whose row has gone and shall come back; false for what is no such id.
     bool prepareReturn(RowId id);
     /// The row, which has no id, is the one of this id again. Cannot fail after prepareReturn.
-    void returned(RowId id, std::int32_t row) { link(static_cast<Number>(id), row); }
+    void returned(RowId id, std::int32_t row) {
+        last_ = None;
+        link(static_cast<Number>(id), row);
+    }
     /// RowId::None for a row that nobody asked about.
     RowId known(std::int32_t row) const { return RowId{find(row)}; }
     /// -1 for a row that has gone, and for what is no id.
@@ -62,6 +65,8 @@ class RowIds {
     const Node& node(Number number) const { return pages_[number / PageNodes]->nodes[number % PageNodes]; }
     Number find(std::int32_t row) const;
     void obtainPage(Number number);
+    void findLast();
+    void append(Number number, std::int32_t row);
     void link(Number number, std::int32_t row);
     Parts split(Number root, std::int32_t row);
     Number merge(Number before, Number after);
@@ -73,6 +78,8 @@ class RowIds {
 
     std::vector<std::unique_ptr<Page>> pages_;
     Number root_ = None;
+    Number last_ = None;  ///< the node of the last row that has one, where that is known
+    std::int32_t lastRow_ = -1;
     Number next_ = 1;
 };
 }  // namespace kxVsGrid::cellgrid

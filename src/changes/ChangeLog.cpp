@@ -8,18 +8,6 @@
 #include "support/Room.h"
 
 namespace kxVsGrid::changes {
-namespace {
-
-constexpr std::size_t SmallestTable = 16;
-
-std::size_t indexOf(CellPart part) {
-    return part == CellPart::Text ? 0 : 1;
-}
-std::uint64_t bitOf(std::int32_t col, std::int32_t groupCols) {
-    return std::uint64_t{1} << (col % groupCols);
-}
-}  // namespace
-
 // --- Hearing
 
 void ChangeLog::listen(bool on) {
@@ -33,6 +21,7 @@ void ChangeLog::listen(bool on) {
 
 /// Without the memory to listen, it stays unknown.
 void ChangeLog::saved() noexcept {
+    grid_.TellFilled();
     forget();
     try {
         listen(true);
@@ -43,6 +32,11 @@ void ChangeLog::saved() noexcept {
     cols_ = grid_.Cols();
 }
 
+bool ChangeLog::unknown() const {
+    grid_.TellFilled();
+    return !listening_ || grid_.FixedRows() != fixedRows_;
+}
+
 /// Nothing can be told until the grid is saved again; the writes go on.
 void ChangeLog::lose() noexcept {
     forget();
@@ -51,7 +45,7 @@ void ChangeLog::lose() noexcept {
 
 void ChangeLog::forget() noexcept {
     blocks_ = std::vector<Block>();
-    table_ = std::vector<std::uint32_t>();
+    heads_.clear();
     kept_ = std::vector<Kept>();
     std::string().swap(texts_);
     gone_ = hint_ = 0;
@@ -61,14 +55,19 @@ void ChangeLog::forget() noexcept {
 void ChangeLog::written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
                         std::string_view) noexcept {
     try {
-        const std::int32_t group = col / GroupCols;
-        if (row != knownRow_ || group != knownGroup_) know(row, group);
-        Block& block = blocks_[known_];
-        std::uint64_t& touched = block.touched[indexOf(part)];
-        const std::uint64_t bit = bitOf(col, GroupCols);
-        if ((touched & bit) != 0) return;
+        Block& block = know(row, col / GroupCols);
+        const std::uint64_t bit = EmptyCells::bit(col % GroupCols, part);
+        if ((block.touched & bit) != 0) return;
         if (!before.empty()) keepText(block, col, part, before);
-        touched |= bit;
+        block.touched |= bit;
+    } catch (...) {
+        lose();
+    }
+}
+
+void ChangeLog::filled(std::int32_t row, std::int32_t col, std::uint32_t texts, std::uint32_t tags) noexcept {
+    try {
+        know(row, col / GroupCols).touched |= EmptyCells::bits(texts, tags);
     } catch (...) {
         lose();
     }
@@ -116,17 +115,27 @@ void ChangeLog::keepRows(std::int32_t first, std::int32_t last) noexcept {
 
 // --- Keeping
 
-/// The block that is written to from now on; a new one when there is none.
-void ChangeLog::know(std::int32_t row, std::int32_t group) {
+/// The block of a cell, a new one when there is none. Most writes go to the block of the one before.
+inline ChangeLog::Block& ChangeLog::know(std::int32_t row, std::int32_t group) {
+    if (row != knownRow_ || group != knownGroup_) [[unlikely]]
+        look(row, group);
+    return *known_;
+}
+
+void ChangeLog::look(std::int32_t row, std::int32_t group) {
     const RowId id = grid_.IdOf(row);
     std::uint32_t block = find(id, group);
     if (block == None) {
-        makeRoomForBlock();
+        knownRow_ = -1;
+        if (blocks_.size() == blocks_.capacity() && gone_ > blocks_.size() / 2) dropIdleBlocks();
+        if (blocks_.size() == None) throw std::bad_alloc();
+        support::makeRoom(blocks_);
+        std::uint32_t& head = obtainHead(id);
         block = static_cast<std::uint32_t>(blocks_.size());
-        blocks_.push_back({id, group, None, {}});
-        table_[spotOf(id, group)] = block;
+        blocks_.push_back({id, group, head, None, 0});
+        head = block;
     }
-    known_ = block;
+    known_ = &blocks_[block];
     knownRow_ = row;
     knownGroup_ = group;
 }
@@ -141,65 +150,52 @@ void ChangeLog::keepText(Block& block, std::int32_t col, CellPart part, std::str
     block.first = static_cast<std::uint32_t>(kept_.size() - 1);
 }
 
-/// Where the block stands in the table, or would stand.
-std::size_t ChangeLog::spotOf(RowId row, std::int32_t group) const {
-    const std::size_t mask = table_.size() - 1;
-    const auto key = static_cast<std::uint64_t>(row) + (static_cast<std::uint64_t>(group) << 40);
-    std::size_t spot = static_cast<std::size_t>((key * 0x9E37'79B9'7F4A'7C15U) >> 32) & mask;
-    while (table_[spot] != None) {
-        const Block& there = blocks_[table_[spot]];
-        if (there.row == row && there.group == group) break;
-        spot = (spot + 1) & mask;
-    }
-    return spot;
+std::uint32_t ChangeLog::headOf(RowId row) const {
+    const auto number = static_cast<std::uint64_t>(row);
+    const std::size_t page = number / PageRows;
+    return page < heads_.size() && heads_[page] ? (*heads_[page])[number % PageRows] : None;
 }
 
 std::uint32_t ChangeLog::find(RowId row, std::int32_t group) const {
-    return table_.empty() ? None : table_[spotOf(row, group)];
+    std::uint32_t block = headOf(row);
+    while (block != None && blocks_[block].group != group) block = blocks_[block].next;
+    return block;
 }
 
-/// One more block can be added without taking memory, and the table stays half empty.
-void ChangeLog::makeRoomForBlock() {
-    if (2 * (blocks_.size() + 1) <= table_.size()) return;
-    if (gone_ > 0 && gone_ >= blocks_.size() / 2) dropIdleBlocks();
-    if (blocks_.size() >= None / 4) throw std::bad_alloc();
-    std::size_t spots = std::max(table_.size(), SmallestTable);
-    while (spots < 4 * blocks_.size()) spots *= 2;
-    blocks_.reserve(spots / 2);
-    makeTable(spots);
+std::uint32_t& ChangeLog::obtainHead(RowId row) {
+    const auto number = static_cast<std::uint64_t>(row);
+    const std::size_t page = number / PageRows;
+    if (page >= heads_.size()) {
+        support::makeRoom(heads_, page + 1 - heads_.size());
+        heads_.resize(page + 1);
+    }
+    if (!heads_[page]) {
+        heads_[page] = std::make_unique<std::array<std::uint32_t, PageRows>>();
+        heads_[page]->fill(None);
+    }
+    return (*heads_[page])[number % PageRows];
 }
 
 /// Rows that came and went, and held nothing when the grid was saved.
 void ChangeLog::dropIdleBlocks() {
     std::erase_if(blocks_, [this](const Block& b) { return b.first == None && grid_.RowOf(b.row) < 0; });
+    heads_.clear();
+    for (std::size_t i = 0; i < blocks_.size(); ++i) {
+        std::uint32_t& head = obtainHead(blocks_[i].row);
+        blocks_[i].next = std::exchange(head, static_cast<std::uint32_t>(i));
+    }
     gone_ = hint_ = 0;
-}
-
-void ChangeLog::makeTable(std::size_t spots) {
-    table_.assign(spots, None);
-    for (std::size_t i = 0; i < blocks_.size(); ++i)
-        table_[spotOf(blocks_[i].row, blocks_[i].group)] = static_cast<std::uint32_t>(i);
 }
 
 // --- Telling
 
-/// Each row is looked at once: of its blocks, by the first one.
-bool ChangeLog::leads(const Block& block) const {
-    for (std::int32_t group = 0; group < block.group; ++group)
-        if (find(block.row, group) != None) return false;
-    return true;
-}
-
 /// What is kept of a row.
 std::vector<ChangeLog::Slot> ChangeLog::slotsOf(RowId row) const {
     std::vector<Slot> slots;
-    for (std::int32_t group = 0; group * GroupCols < cols_; ++group) {
-        const std::uint32_t block = find(row, group);
-        if (block == None) continue;
+    for (std::uint32_t block = headOf(row); block != None; block = blocks_[block].next)
         for (std::uint32_t i = blocks_[block].first; i != None; i = kept_[i].next)
             slots.push_back(
                 {kept_[i].col, kept_[i].part, std::string_view(texts_).substr(kept_[i].at, kept_[i].length)});
-    }
     std::sort(slots.begin(), slots.end(), [](const Slot& a, const Slot& b) {
         return std::tuple(a.col, a.part) < std::tuple(b.col, b.part);
     });
@@ -208,7 +204,7 @@ std::vector<ChangeLog::Slot> ChangeLog::slotsOf(RowId row) const {
 
 bool ChangeLog::touched(RowId row, std::int32_t col, CellPart part) const {
     const std::uint32_t block = find(row, col / GroupCols);
-    return block != None && (blocks_[block].touched[indexOf(part)] & bitOf(col, GroupCols)) != 0;
+    return block != None && (blocks_[block].touched & EmptyCells::bit(col % GroupCols, part)) != 0;
 }
 
 /// What the row holds comes in the order of what is kept of it.
@@ -252,8 +248,8 @@ ChangeLog::Judged ChangeLog::judge(RowId row) const {
 template <class Visit>
 void ChangeLog::forEachRow(Visit visit) const {
     if (unknown()) return;
-    for (const Block& block : blocks_)
-        if (leads(block)) visit(block.row, judge(block.row));
+    for (std::size_t i = 0; i < blocks_.size(); ++i)
+        if (headOf(blocks_[i].row) == i) visit(blocks_[i].row, judge(blocks_[i].row));
 }
 
 /// A log whose rows are all as saved starts anew, so that nobody looks at them again.

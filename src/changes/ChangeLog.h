@@ -9,11 +9,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "changes/EmptyCells.h"
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
 
@@ -28,20 +30,22 @@ class ChangeLog : private ChangeListener {
 
     void saved() noexcept;
     bool empty();
-    bool unknown() const { return !listening_ || grid_.FixedRows() != fixedRows_; }
+    bool unknown() const;
     std::vector<RowId> addedRows();
     std::vector<ChangedRow> changedRows();
     std::vector<RemovedRow> removedRows();
 
   private:
-    static constexpr std::int32_t GroupCols = 64;
+    static constexpr std::int32_t GroupCols = EmptyCells::Cols;
+    static constexpr std::size_t PageRows = 256;
     static constexpr std::uint32_t None = 0xFFFF'FFFF;
-    /// The columns [64 group, 64 group + 64) of a row, of which something was written to.
+    /// The columns [32 group, 32 group + 32) of a row, of which something was written to.
     struct Block {
         RowId row;
         std::int32_t group;
-        std::uint32_t first;                   ///< of its kept texts
-        std::array<std::uint64_t, 2> touched;  ///< texts and tags that were written to
+        std::uint32_t next;     ///< another one of the row
+        std::uint32_t first;    ///< of its kept texts
+        std::uint64_t touched;  ///< texts and tags that were written to: EmptyCells
     };
     /// A text or tag that was not empty, as saved.
     struct Kept {
@@ -69,6 +73,9 @@ class ChangeLog : private ChangeListener {
     // ChangeListener
     void written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
                  std::string_view after) noexcept override;
+    bool hearsFilled() const noexcept override { return true; }
+    void filled(std::int32_t row, std::int32_t col, std::uint32_t texts,
+                std::uint32_t tags) noexcept override;
     void added(std::int32_t at, std::int32_t count) noexcept override;
     void removing(std::int32_t at, std::int32_t count) noexcept override;
     void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override;
@@ -79,15 +86,14 @@ class ChangeLog : private ChangeListener {
     void lose() noexcept;
     void forget() noexcept;
     void keepRows(std::int32_t first, std::int32_t last) noexcept;
-    void know(std::int32_t row, std::int32_t group);
+    Block& know(std::int32_t row, std::int32_t group);
+    void look(std::int32_t row, std::int32_t group);
     void keepText(Block& block, std::int32_t col, CellPart part, std::string_view text);
+    std::uint32_t headOf(RowId row) const;
     std::uint32_t find(RowId row, std::int32_t group) const;
-    std::size_t spotOf(RowId row, std::int32_t group) const;
-    void makeRoomForBlock();
+    std::uint32_t& obtainHead(RowId row);
     void dropIdleBlocks();
-    void makeTable(std::size_t spots);
 
-    bool leads(const Block& block) const;
     std::vector<Slot> slotsOf(RowId row) const;
     bool touched(RowId row, std::int32_t col, CellPart part) const;
     Judged judge(RowId row) const;
@@ -96,7 +102,8 @@ class ChangeLog : private ChangeListener {
 
     CellGrid& grid_;
     std::vector<Block> blocks_;
-    std::vector<std::uint32_t> table_;  ///< blocks by row and group; a power of two, or none
+    /// The newest block of each row, by row id.
+    std::vector<std::unique_ptr<std::array<std::uint32_t, PageRows>>> heads_;
     std::vector<Kept> kept_;
     std::string texts_;
     std::size_t gone_ = 0;  ///< rows that have gone since idle blocks were dropped
@@ -106,6 +113,6 @@ class ChangeLog : private ChangeListener {
     std::int32_t cols_ = 0;
     std::int32_t knownRow_ = -1;  ///< the row and group that was written to last
     std::int32_t knownGroup_ = -1;
-    std::uint32_t known_ = None;
+    Block* known_ = nullptr;
 };
 }  // namespace kxVsGrid::changes

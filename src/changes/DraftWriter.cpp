@@ -111,10 +111,13 @@ void DraftWriter::attempt(Work work) noexcept {
     } catch (...) {
         lost_ = true;
     }
-    if (lost_) {
-        changes_.clear();
-        pending_.clear();
-    }
+    if (lost_) giveUpChanges();
+}
+
+void DraftWriter::giveUpChanges() noexcept {
+    lost_ = true;
+    changes_.clear();
+    pending_.clear();
 }
 
 void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std::string_view,
@@ -130,8 +133,8 @@ void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std
 
 void DraftWriter::added(std::int32_t at, std::int32_t count) noexcept {
     frontier_.added(at, count);
+    if (at < fixedRows_) return giveUpChanges();
     attempt([&] {
-        if (at < fixedRows_) throw GridError("a fixed row was added");  // told by the whole alone
         changes_ += "\ta";
         appendField(changes_, std::int64_t{at});
         appendField(changes_, std::int64_t{count});
@@ -140,8 +143,8 @@ void DraftWriter::added(std::int32_t at, std::int32_t count) noexcept {
 
 void DraftWriter::removing(std::int32_t at, std::int32_t count) noexcept {
     frontier_.removing(at, count);
+    if (at < fixedRows_) return giveUpChanges();
     attempt([&] {
-        if (at < fixedRows_) throw GridError("a fixed row was removed");
         changes_ += "\tr";
         appendField(changes_, std::int64_t{at});
         appendField(changes_, std::int64_t{count});
@@ -150,7 +153,7 @@ void DraftWriter::removing(std::int32_t at, std::int32_t count) noexcept {
 
 void DraftWriter::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
     frontier_.reordered(first, static_cast<std::int32_t>(from.size()));
-    lost_ = true;  // as many numbers as rows: all of it anew is hardly more
+    giveUpChanges();  // as many numbers as rows: all of it anew is hardly more
 }
 
 void DraftWriter::cleared(std::int32_t first, std::int32_t last) noexcept {

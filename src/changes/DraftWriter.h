@@ -41,12 +41,14 @@ class DraftWriter : private ChangeListener {
     void removing(std::int32_t at, std::int32_t count) noexcept override;
     void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override;
     void cleared(std::int32_t first, std::int32_t last) noexcept override;
-    void columnsChanged() noexcept override { lost_ = true; }
+    void columnsChanged() noexcept override { giveUpChanges(); }
     void stepOpened(std::string_view name, Cause cause) noexcept override;
     void stepClosed(std::string_view name, Cause cause) noexcept override;
 
     template <class Work>
     void attempt(Work work) noexcept;
+    /// They are told by the whole alone.
+    void giveUpChanges() noexcept;
     void closeLine(std::string_view name, Cause cause);
     void give() noexcept;
     void giveAnew();

@@ -1,6 +1,7 @@
 #include "changes/Record.h"
 
 #include <algorithm>
+#include <bit>
 #include <unordered_set>
 #include <utility>
 
@@ -72,11 +73,31 @@ std::size_t Record::bytes() const {
 }
 
 void Record::write(RowId row, std::int32_t col, CellPart part, std::string_view before) {
+    const std::int32_t offset = col % EmptyCells::Cols;
+    if (before.empty()) return fill(row, col - offset, EmptyCells::bit(offset, part));
+    filled_ = None;  // of each text the first one counts
     support::makeRoom(entries_);
     const std::size_t at = texts_.size();
     texts_.append(before);
     entries_.push_back({row, at, static_cast<std::uint32_t>(before.size()), static_cast<std::int16_t>(col),
                         Entry::Kind::Written, part});
+}
+
+void Record::fill(RowId row, std::int32_t col, std::uint64_t cells) {
+    if (filled_ != None && entries_[filled_].row == row && entries_[filled_].col == col) {
+        entries_[filled_].at |= cells;
+        return;
+    }
+    support::makeRoom(entries_);
+    const auto first = static_cast<std::uint32_t>(std::countr_zero(cells) % EmptyCells::Cols);
+    entries_.push_back(
+        {row, cells, first, static_cast<std::int16_t>(col), Entry::Kind::Filled, CellPart::Text});
+    filled_ = entries_.size() - 1;
+}
+
+std::size_t Record::mark() noexcept {
+    filled_ = None;
+    return entries_.size();
 }
 
 void Record::add(AddedRows rows) {
@@ -96,6 +117,7 @@ void Record::remove(RemovedRows rows) {
 }
 
 void Record::cutAll() noexcept {
+    mark();
     entries_.clear();
     texts_.clear();
     added_.clear();
@@ -110,9 +132,10 @@ void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int
     for (const Record::Entry& entry : record.entries()) {
         if (entry.kind == Record::Entry::Kind::Added)
             ids.insert(record.added(entry).ids.begin(), record.added(entry).ids.end());
-        if (entry.kind != Record::Entry::Kind::Written) continue;
-        ids.insert(entry.row);
-        written.insert(entry.col);
+        record.forEachWrite(entry, [&](std::int32_t col, CellPart, std::string_view) {
+            ids.insert(entry.row);
+            written.insert(col);
+        });
     }
     for (const RowId id : ids)
         if (const std::int32_t row = grid.RowOf(id); row >= 0) rows.push_back(row);
@@ -126,6 +149,7 @@ Record Record::cutFrom(std::size_t mark) {
     Record cut = *this;
     cut.entries_.erase(cut.entries_.begin(), cut.entries_.begin() + static_cast<std::ptrdiff_t>(mark));
     entries_.resize(mark);
+    filled_ = None;
     return cut;
 }
 }  // namespace kxVsGrid::changes

@@ -10,6 +10,7 @@
 #include <variant>
 #include <vector>
 
+#include "changes/EmptyCells.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::changes {
@@ -46,11 +47,13 @@ struct RemovedRows {
 class Record {
   public:
     struct Entry {
-        enum class Kind : std::uint8_t { Written, Added, Removed };
-        RowId row = RowId::None;  ///< that was written to
-        std::size_t at = 0;       ///< of the text before, or of the rows
-        std::uint32_t length = 0;
-        std::int16_t col = 0;
+        /// Most of what is written to was empty: such cells of a row share an entry, as filling a table
+        /// takes a great many.
+        enum class Kind : std::uint8_t { Written, Filled, Added, Removed };
+        RowId row = RowId::None;   ///< that was written to
+        std::uint64_t at = 0;      ///< of the text before, or of the rows; EmptyCells
+        std::uint32_t length = 0;  ///< of the text before; of empty cells the one that was written first
+        std::int16_t col = 0;      ///< of empty cells the first one that there is a bit for
         Kind kind = Kind::Written;
         CellPart part = CellPart::Text;
     };
@@ -61,8 +64,23 @@ class Record {
 
     bool empty() const { return entries_.empty(); }
     const std::vector<Entry>& entries() const { return entries_; }
-    std::string_view before(const Entry& entry) const {
-        return std::string_view(texts_).substr(entry.at, entry.length);
+    /// visit(col, part, before) for each text and tag of an entry's row that was written; a cell that was
+    /// written first comes first.
+    template <class Visit>
+    void forEachWrite(const Entry& entry, Visit visit) const {
+        if (entry.kind == Entry::Kind::Written)
+            visit(std::int32_t{entry.col}, entry.part,
+                  std::string_view(texts_).substr(entry.at, entry.length));
+        if (entry.kind != Entry::Kind::Filled) return;
+        const auto visitCell = [&](std::int32_t offset) {
+            for (const CellPart part : {CellPart::Tag, CellPart::Text})
+                if ((entry.at & EmptyCells::bit(offset, part)) != 0)
+                    visit(entry.col + offset, part, std::string_view());
+        };
+        const auto first = static_cast<std::int32_t>(entry.length);
+        visitCell(first);
+        for (std::int32_t offset = 0; offset < EmptyCells::Cols; ++offset)
+            if (offset != first) visitCell(offset);
     }
     const AddedRows& added(const Entry& entry) const { return added_[entry.at]; }
     const RemovedRows& removed(const Entry& entry) const { return removed_[entry.at]; }
@@ -71,15 +89,22 @@ class Record {
 
     /// When one of these fails, nothing has changed.
     void write(RowId row, std::int32_t col, CellPart part, std::string_view before);
+    /// Texts and tags that were empty: EmptyCells from `col` on, which begins a group of them.
+    void fill(RowId row, std::int32_t col, std::uint64_t cells);
     void add(AddedRows rows);
     void remove(RemovedRows rows);
+    /// The entries that are there grow no more: their number marks this moment.
+    std::size_t mark() noexcept;
     /// What was recorded from the `mark`-th entry on, which this loses.
     Record cutFrom(std::size_t mark);
     /// Nothing is recorded any more; name and cause stay.
     void cutAll() noexcept;
 
   private:
+    static constexpr std::size_t None = static_cast<std::size_t>(-1);
+
     std::vector<Entry> entries_;
+    std::size_t filled_ = None;  ///< the entry of empty cells that may grow
     std::string texts_;
     std::vector<AddedRows> added_;
     std::vector<RemovedRows> removed_;

@@ -15,8 +15,9 @@ void Restore::run(support::FirstFault& fault) {
             takeAway(record_.added(*entry), fault);
         else if (entry->kind == Kind::Removed)
             bringBack(record_.removed(*entry), fault);
-        else
-            targets_.push_back({entry->row, entry->col, entry->part, record_.before(*entry)});
+        record_.forEachWrite(*entry, [&](std::int32_t col, CellPart part, std::string_view before) {
+            targets_.push_back({entry->row, col, part, before});
+        });
     }
     keepFirst();
     write(false, fault);
@@ -137,12 +138,15 @@ bool Restore::restores(RowId row, std::int32_t col, CellPart part) const {
 }
 
 std::optional<std::pair<std::int32_t, std::int32_t>> Restore::place() const {
+    std::optional<std::pair<std::int32_t, std::int32_t>> found;
     for (const Record::Entry& entry : record_.entries()) {
-        if (entry.kind != Kind::Written || entry.col < grid_.FixedCols() || entry.col >= grid_.Cols())
-            continue;
         const std::int32_t row = grid_.RowOf(entry.row);
-        if (row >= grid_.FixedRows() && !grid_.ColHidden(entry.col))
-            return std::pair{row, std::int32_t{entry.col}};
+        if (row < grid_.FixedRows()) continue;
+        record_.forEachWrite(entry, [&](std::int32_t col, CellPart, std::string_view) {
+            if (!found && col >= grid_.FixedCols() && col < grid_.Cols() && !grid_.ColHidden(col))
+                found = {row, col};
+        });
+        if (found) return found;
     }
     const std::int32_t row = grid_.RowOf(broughtBack_);
     if (row < 0) return std::nullopt;

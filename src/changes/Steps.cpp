@@ -13,7 +13,6 @@ namespace kxVsGrid::changes {
 
 using support::FirstFault;
 using support::FlagSpan;
-using Kind = Record::Entry::Kind;
 
 // --- Hearing
 
@@ -77,6 +76,10 @@ void Steps::written(std::int32_t row, std::int32_t col, CellPart part, std::stri
     record(0, [&](Record& record) { record.write(idOf(row), col, part, before); });
 }
 
+void Steps::filled(std::int32_t row, std::int32_t col, std::uint32_t texts, std::uint32_t tags) noexcept {
+    record(0, [&](Record& record) { record.fill(idOf(row), col, EmptyCells::bits(texts, tags)); });
+}
+
 void Steps::added(std::int32_t at, std::int32_t count) noexcept {
     knownRow_ = -1;
     record(bytesOfRows(count), [&](Record& record) {
@@ -116,6 +119,7 @@ void Steps::columnsChanged() noexcept {
 // --- Steps
 
 void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
+    grid_.TellFilled();
     if (depth_ > 0 || restoring_) {
         ++depth_;
         return;
@@ -137,7 +141,7 @@ void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
         undone_.empty()) {
         joined_ = prelude_;
         current_ = std::move(done_.back().record);
-        joinedEntries_ = current_.entries().size();
+        joinedEntries_ = current_.mark();
         joinedName_ = std::move(current_.name);
         done_.pop_back();
     }
@@ -149,6 +153,7 @@ void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
 
 void Steps::close() {
     if (depth_ == 0) return;
+    grid_.TellFilled();
     if (depth_ > 1 || restoring_) {
         --depth_;
         return;
@@ -156,6 +161,7 @@ void Steps::close() {
     const auto kept = owner_.keep();
     FirstFault fault;
     if (!takenBack_) settle(fault);
+    grid_.TellFilled();
     depth_ = 0;
     grid_.TellStepClosed(current_.name, current_.cause);
     Told told;
@@ -242,7 +248,7 @@ std::size_t Steps::openHostStep(std::string_view name) {
         --hostSteps_;
         throw;
     }
-    return current_.entries().size();
+    return current_.mark();
 }
 
 void Steps::closeHostStep() {
@@ -251,6 +257,7 @@ void Steps::closeHostStep() {
 }
 
 bool Steps::takeBack(std::size_t mark) {
+    grid_.TellFilled();
     if (restoring_ || lost_ || forgetsStep_ || depth_ == 0 || mark > current_.entries().size()) return false;
     const auto kept = owner_.keep();
     undone_.clear();
@@ -275,24 +282,27 @@ void Steps::restore(const Record& record, bool moves, FirstFault& fault) {
         const auto place = restore.place();
         if (moves && place) fault.during([&] { owner_.show(place->first, place->second); });
         fault.during([&] { owner_.contentRestored(); });
+        grid_.TellFilled();
     }
     if (!moves) forward(std::exchange(back_, {}), restore);
 }
 
 /// What handlers wrote elsewhere while a step was taken back stays in the step.
 void Steps::forward(const Record& meanwhile, const Restore& restored) {
-    for (const Record::Entry& entry : meanwhile.entries()) {
-        if (entry.kind != Kind::Written || restored.restores(entry.row, entry.col, entry.part)) continue;
-        record(0, [&](Record& record) {
-            record.write(entry.row, entry.col, entry.part, meanwhile.before(entry));
+    for (const Record::Entry& entry : meanwhile.entries())
+        meanwhile.forEachWrite(entry, [&](std::int32_t col, CellPart part, std::string_view before) {
+            if (restored.restores(entry.row, col, part)) return;
+            record(0, [&](Record& record) { record.write(entry.row, col, part, before); });
         });
-    }
 }
 
 bool Steps::goBack(std::vector<Done>& from, std::vector<Done>& to) {
+    grid_.TellFilled();
     if (from.empty() || !mayGoBack()) return false;
     const auto kept = owner_.keep();
-    if (!owner_.closeEditor() || from.empty() || !mayGoBack()) return false;
+    if (!owner_.closeEditor()) return false;
+    grid_.TellFilled();
+    if (from.empty() || !mayGoBack()) return false;
     support::makeRoom(to);
     listenAsNeeded();
     Record record = std::move(from.back().record);
@@ -317,6 +327,7 @@ bool Steps::goBack(std::vector<Done>& from, std::vector<Done>& to) {
 }
 
 void Steps::limit(std::size_t bytes) {
+    grid_.TellFilled();
     limit_ = bytes;
     trim();
     listenAsNeeded();
@@ -324,6 +335,7 @@ void Steps::limit(std::size_t bytes) {
 }
 
 void Steps::enable(bool enabled) {
+    grid_.TellFilled();
     enabled_ = enabled;
     if (!enabled) forget();
     listenAsNeeded();
@@ -331,6 +343,7 @@ void Steps::enable(bool enabled) {
 }
 
 void Steps::forget() noexcept {
+    grid_.TellFilled();
     done_.clear();
     undone_.clear();
     current_.cutAll();

@@ -76,21 +76,30 @@ class Steps : private ChangeListener {
     std::size_t openHostStep(std::string_view name);
     void closeHostStep();
     bool takeBack(std::size_t mark);
-    void beginUnrecorded() { ++unrecorded_; }
-    void endUnrecorded() { --unrecorded_; }
+    void beginUnrecorded() {
+        grid_.TellFilled();
+        ++unrecorded_;
+    }
+    void endUnrecorded() {
+        grid_.TellFilled();
+        --unrecorded_;
+    }
     bool undo() { return goBack(done_, undone_); }
     bool redo() { return goBack(undone_, done_); }
-    bool canUndo() const { return !done_.empty() && mayGoBack(); }
-    bool canRedo() const { return !undone_.empty() && mayGoBack(); }
-    std::string undoName() const { return done_.empty() ? std::string() : done_.back().record.name; }
-    std::string redoName() const { return undone_.empty() ? std::string() : undone_.back().record.name; }
+    bool canUndo() const { return !done().empty() && mayGoBack(); }
+    bool canRedo() const { return !undone().empty() && mayGoBack(); }
+    std::string undoName() const { return done().empty() ? std::string() : done_.back().record.name; }
+    std::string redoName() const { return undone().empty() ? std::string() : undone_.back().record.name; }
     std::size_t limit() const { return limit_; }
     void limit(std::size_t bytes);
     bool enabled() const { return enabled_; }
     void enable(bool enabled);
     void forget() noexcept;
     void forgetByHost();
-    void addSettler(Changes::Settler settler) { settlers_.push_back(std::move(settler)); }
+    void addSettler(Changes::Settler settler) {
+        grid_.TellFilled();
+        settlers_.push_back(std::move(settler));
+    }
 
     History history;
     Changes changes;
@@ -114,12 +123,24 @@ class Steps : private ChangeListener {
     // ChangeListener
     void written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
                  std::string_view after) noexcept override;
+    bool hearsFilled() const noexcept override { return true; }
+    void filled(std::int32_t row, std::int32_t col, std::uint32_t texts,
+                std::uint32_t tags) noexcept override;
     void added(std::int32_t at, std::int32_t count) noexcept override;
     void removing(std::int32_t at, std::int32_t count) noexcept override;
     void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override;
     void cleared(std::int32_t first, std::int32_t last) noexcept override;
     void columnsChanged() noexcept override;
 
+    // As they are when all that was written has been heard of.
+    const std::vector<Done>& done() const {
+        grid_.TellFilled();
+        return done_;
+    }
+    const std::vector<Done>& undone() const {
+        grid_.TellFilled();
+        return undone_;
+    }
     bool mayGoBack() const { return depth_ == 0 && !restoring_ && owner_.mayGoBack(); }
     bool goBack(std::vector<Done>& from, std::vector<Done>& to);
     void restore(const Record& record, bool moves, support::FirstFault& fault);

@@ -25,8 +25,9 @@ struct CopiedCell {
 /// What is stored in a grid, as the stream tells it.
 class Copy : public ChangeListener {
   public:
-    explicit Copy(CellGrid& grid)
+    Copy(CellGrid& grid, bool filledAtOnce)
         : grid_(grid),
+          filledAtOnce_(filledAtOnce),
           rows(static_cast<std::size_t>(grid.Rows()),
                std::vector<CopiedCell>(static_cast<std::size_t>(grid.Cols()))) {
         grid.AddListener(*this);
@@ -39,6 +40,19 @@ class Copy : public ChangeListener {
         std::string& held = part == CellPart::Text ? cell.text : cell.tag;
         right = right && held == before && before != after;
         held = after;
+    }
+    bool hearsFilled() const noexcept override { return filledAtOnce_; }
+    void filled(std::int32_t row, std::int32_t col, std::uint32_t texts,
+                std::uint32_t tags) noexcept override {
+        right = right && (texts | tags) != 0;
+        for (std::int32_t i = 0; i < 32; ++i) {
+            if (((texts | tags) >> i & 1) == 0) continue;
+            CopiedCell& cell = rows.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(col + i));
+            right = right && cell == CopiedCell{};
+            cell = {grid_.Text(row, col + i), grid_.Data(row, col + i)};
+            right = right && cell.text.empty() == ((texts >> i & 1) == 0);
+            right = right && cell.tag.empty() == ((tags >> i & 1) == 0);
+        }
     }
     void added(std::int32_t at, std::int32_t count) noexcept override {
         rows.insert(rows.begin() + at, static_cast<std::size_t>(count), std::vector<CopiedCell>(cols()));
@@ -61,16 +75,19 @@ class Copy : public ChangeListener {
   private:
     std::size_t cols() const { return static_cast<std::size_t>(grid_.Cols()); }
     CellGrid& grid_;
+    bool filledAtOnce_;
 
   public:
     std::vector<std::vector<CopiedCell>> rows;
 };
 
-class RandomChanges : public ::testing::TestWithParam<bool> {
+enum class Hearing { Alone, WithTheEvent, FilledAtOnce };
+
+class RandomChanges : public ::testing::TestWithParam<Hearing> {
   protected:
     void SetUp() override {
         grid.Resize(6000, 3000);
-        if (GetParam())
+        if (GetParam() == Hearing::WithTheEvent)
             grid.CellChanged.connect([this](std::int32_t r, std::int32_t c) { compareHeard(r, c); });
     }
     std::int32_t anyRow() { return dice.index(grid.Rows()); }
@@ -94,7 +111,11 @@ class RandomChanges : public ::testing::TestWithParam<bool> {
         const int choice = dice.between(0, 199);
         if (choice < 60) return grid.Text(r, c, anyText());
         if (choice < 90) return grid.Data(r, c, anyText());
-        if (choice < 130) return static_cast<void>(grid.Cell(r, c, anyText(), anyText()));
+        if (choice < 130) {
+            for (std::int32_t at = c; at < grid.Cols() && dice.between(0, 3) > 0; ++at)
+                grid.Cell(r, at, anyText(), anyText());
+            return;
+        }
         if (choice < 140) return grid.RestoreData(r, c, anyText());
         if (choice < 160) return grid.InsertRow(r);
         if (choice < 183) return removeRow(r);
@@ -137,6 +158,7 @@ class RandomChanges : public ::testing::TestWithParam<bool> {
         }
     }
     void compareEverything() {
+        grid.TellFilled();
         ASSERT_TRUE(copy->right);
         ASSERT_EQ(copy->rows.size(), static_cast<std::size_t>(grid.Rows()));
         std::vector<std::vector<CopiedCell>> stored(
@@ -157,7 +179,7 @@ class RandomChanges : public ::testing::TestWithParam<bool> {
 
     kit::Dice dice;
     CellGrid grid;
-    std::unique_ptr<Copy> copy = std::make_unique<Copy>(grid);
+    std::unique_ptr<Copy> copy = std::make_unique<Copy>(grid, GetParam() == Hearing::FilledAtOnce);
     bool computed = false;  ///< some cells show what is not stored
 };
 
@@ -172,7 +194,8 @@ TEST_P(RandomChanges, KeepACopyThatIsTheGrid) {
     }
     compareEverything();
 }
-INSTANTIATE_TEST_SUITE_P(HeardOrNot, RandomChanges, ::testing::Bool());
+INSTANTIATE_TEST_SUITE_P(Listening, RandomChanges,
+                         ::testing::Values(Hearing::Alone, Hearing::WithTheEvent, Hearing::FilledAtOnce));
 
 class Counting : public ChangeListener {
   public:

@@ -33,7 +33,17 @@ struct SeenGrid {
     friend bool operator==(const SeenGrid&, const SeenGrid&) = default;
 };
 
-class RandomHistory : public RandomClerk, public ChangeListener {
+/// Cells as they were written, one after the other.
+using Written = std::vector<std::pair<RowId, std::int32_t>>;
+
+/// The grid beside a step, and what the step wrote.
+struct SeenStep {
+    SeenGrid grid;
+    Written written;
+};
+
+/// With and without somebody who wants to hear of each write, which is told of in another way then.
+class RandomHistory : public RandomClerk, public ChangeListener, public ::testing::WithParamInterface<bool> {
   protected:
     RandomHistory() {
         grid.AddVsRow.connect([this](std::int32_t, bool& consent) { consent = consent || stepOpen; });
@@ -42,7 +52,7 @@ class RandomHistory : public RandomClerk, public ChangeListener {
             ASSERT_TRUE(changes.known);
             if (changes.cause == Cause::Undo) return;
             undone.clear();
-            done.push_back(std::move(before));
+            done.push_back({std::move(before), written_});
         });
     }
     ~RandomHistory() override { vs().RemoveListener(*this); }
@@ -50,18 +60,44 @@ class RandomHistory : public RandomClerk, public ChangeListener {
     void stepOpened(std::string_view, Cause) noexcept override {
         stepOpen = true;
         before = seen();
+        written_.clear();
+        back_ = RowId::None;
     }
     void stepClosed(std::string_view, Cause) noexcept override { stepOpen = false; }
+
+    bool hearsFilled() const noexcept override { return GetParam(); }
+    void written(std::int32_t row, std::int32_t col, CellPart, std::string_view,
+                 std::string_view) noexcept override {
+        written_.emplace_back(vs().IdOf(row), col);
+    }
+    void filled(std::int32_t row, std::int32_t col, std::uint32_t texts, std::uint32_t) noexcept override {
+        for (std::int32_t i = 0; i < 32; ++i)
+            if ((texts >> i & 1) != 0) written_.emplace_back(vs().IdOf(row), col + i);
+    }
+    void cleared(std::int32_t first, std::int32_t last) noexcept override {
+        vs().ForEachCell(first, last, [this](auto row, auto col, auto, auto) {
+            written_.emplace_back(vs().IdOf(row), col);
+        });
+    }
+    void added(std::int32_t at, std::int32_t) noexcept override {
+        if (back_ == RowId::None) back_ = vs().IdOf(at);
+    }
 
     SeenGrid seen() {
         SeenGrid now;
         for (std::int32_t r = 0; r < vs().Rows(); ++r) {
             SeenRow row{{}, vs().RowHeight(r), vs().RowHidden(r), vs().MergeRow(r)};
             for (std::int32_t c = 1; c < vs().Cols(); ++c)  // row numbers follow the rows by themselves
-                row.cells.push_back({vs().Text(r, c), vs().Data(r, c), vs().CellForeColor(r, c),
-                                     vs().CellBackColor(r, c), vs().CellAlignment(r, c)});
+                row.cells.push_back(
+                    {{}, {}, vs().CellForeColor(r, c), vs().CellBackColor(r, c), vs().CellAlignment(r, c)});
             now.rows.push_back(std::move(row));
         }
+        vs().ForEachCell(0, vs().Rows() - 1, [&](auto r, auto c, auto text, auto tag) {
+            if (c == 0) return;
+            SeenCell& cell = now.rows[static_cast<std::size_t>(r)].cells[static_cast<std::size_t>(c - 1)];
+            cell.text = text;
+            cell.tag = tag;
+        });
         return now;
     }
 
@@ -96,7 +132,11 @@ class RandomHistory : public RandomClerk, public ChangeListener {
     /// What is written outside of steps joins the newest one, and ends what can be redone.
     void outside() {
         const SeenGrid then = seen();
+        written_.clear();
         write();
+        vs().TellFilled();
+        if (!done.empty())
+            done.back().written.insert(done.back().written.end(), written_.begin(), written_.end());
         grid.RecalculateTotals();
         if (seen() != then) undone.clear();
         ASSERT_LE(grid.History().CanRedo(), !undone.empty());
@@ -124,25 +164,39 @@ class RandomHistory : public RandomClerk, public ChangeListener {
         undone.clear();
     }
     void undo() {
-        const bool possible = !done.empty();
-        ASSERT_EQ(grid.History().CanUndo(), possible);
-        if (!possible) return;
-        undone.push_back(seen());
-        const SeenGrid expected = std::move(done.back());
-        done.pop_back();
-        ASSERT_TRUE(grid.History().Undo());
-        compare(expected);
+        ASSERT_EQ(grid.History().CanUndo(), !done.empty());
+        if (done.empty()) return;
+        goBack(done, undone, [this] { return grid.History().Undo(); });
         ++undos;
     }
     void redo() {
-        const bool possible = !undone.empty();
-        ASSERT_EQ(grid.History().CanRedo(), possible);
-        if (!possible) return;
-        done.push_back(seen());
-        const SeenGrid expected = std::move(undone.back());
-        undone.pop_back();
-        ASSERT_TRUE(grid.History().Redo());
-        compare(expected);
+        ASSERT_EQ(grid.History().CanRedo(), !undone.empty());
+        if (undone.empty()) return;
+        goBack(undone, done, [this] { return grid.History().Redo(); });
+    }
+    template <class Go>
+    void goBack(std::vector<SeenStep>& from, std::vector<SeenStep>& to, Go go) {
+        const SeenStep expected = std::move(from.back());
+        from.pop_back();
+        SeenGrid now = seen();
+        ASSERT_TRUE(go());
+        to.push_back({std::move(now), written_});
+        compare(expected.grid);
+        comparePlace(expected.written);
+    }
+    /// The first cell that the step wrote and that is there, or the first row that came back.
+    void comparePlace(const Written& written) {
+        for (const auto& [id, col] : written) {
+            const std::int32_t row = vs().RowOf(id);
+            if (row < vs().FixedRows() || col < vs().FixedCols()) continue;
+            ASSERT_EQ(vs().Row(), row);
+            ASSERT_EQ(vs().Col(), col);
+            ++places;
+            return;
+        }
+        if (vs().RowOf(back_) < 0) return;
+        ASSERT_EQ(vs().Row(), vs().RowOf(back_));
+        ++places;
     }
     void compare(const SeenGrid& expected) {
         const SeenGrid now = seen();
@@ -157,22 +211,27 @@ class RandomHistory : public RandomClerk, public ChangeListener {
         ASSERT_EQ(grid.ReadSum(Number), std::to_string(static_cast<int>(vs().ColumnSum(Number))));
     }
 
-    std::vector<SeenGrid> done;    ///< the grid before each step that stands
-    std::vector<SeenGrid> undone;  ///< and after each that was undone
+    std::vector<SeenStep> done;    ///< with the grid before each step that stands
+    std::vector<SeenStep> undone;  ///< and after each that was undone
     SeenGrid before;
+    Written written_;           ///< since the last step began
+    RowId back_ = RowId::None;  ///< the first row that has come since then
     bool stepOpen = false;
     int undos = 0;
+    int places = 0;
 };
 
-TEST_F(RandomHistory, AgreesWithOneThatKeepsWholeGrids) {
-    for (int n = 0; n < 20'000; ++n) {
+TEST_P(RandomHistory, AgreesWithOneThatKeepsWholeGrids) {
+    for (int n = 0; n < 100'000; ++n) {
         act();
         if (HasFailure()) {
             ADD_FAILURE() << "act " << n;
             return;
         }
     }
-    EXPECT_GT(undos, 1'000);
+    EXPECT_GT(undos, 5'000);
+    EXPECT_GT(places, 5'000);
 }
+INSTANTIATE_TEST_SUITE_P(FilledOrWritten, RandomHistory, ::testing::Bool());
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -133,6 +133,14 @@ class CellStore {
         return Effect::Changed;
     }
 
+    /// Neither a text nor a tag is there, nor is anything computed; in column 0 the row's number may show.
+    bool holdsNothing(std::int32_t row, std::int32_t col) const {
+        const RowHandle handle = order_.handle(row);
+        if (handle == NoHandle) return true;
+        const CellPages& cells = column(col).cells;
+        return (cells.get(CellPages::Text, handle) | cells.get(CellPages::Tag, handle)) == slot::Empty;
+    }
+
     /// visit(row, col, text, tag) for the cells of the rows [row, row + n) that hold one of them, column by
     /// column. What is computed holds none.
     template <class Visit>
