@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "editing/BringIntoView.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::clerk {
@@ -75,45 +74,6 @@ Menus::Menus(const ClerkContext& context)
     : c_(context), fills_(context), rowMenu_(rowMenu()), copyMenu_(copyMenu()) {}
 
 // --- Showing
-
-/// The commands act on the current cell, which shall be the one that the clerk points at: where it could not
-/// become the current one, no menu offers them.
-bool Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y, bool leadsThere) {
-    const Rect place{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0};
-    const bool there = button != RightButton || (leadsThere && goWherePressed(place.left, place.top));
-    if (!letGoOn(button, shift, x, y)) return false;
-    if (button == RightButton && there) popUpAt(place, shift);
-    return true;
-}
-
-/// A row number stands for its row, in the column where the clerk is. A header and the empty area stand for
-/// no cell. False when the host has kept the current cell away.
-bool Menus::goWherePressed(std::int32_t x, std::int32_t y) {
-    CellGrid& grid = c_.grid;
-    const GridHit hit = grid.HitTest(x, y);
-    const bool onCell = hit.part == GridHit::Part::Cell || hit.part == GridHit::Part::FixedCell;
-    if (!onCell || hit.row < grid.FixedRows()) return true;
-    const std::int32_t col = hit.part == GridHit::Part::Cell ? hit.col : grid.Col();
-    const rows::FollowedRow wanted(c_.rows.follower(), hit.row);
-    grid.Select(hit.row, col);
-    if (!wanted.there() || grid.Row() != wanted.row() || grid.Col() != col) return false;
-    editing::bringCurrentCellIntoView(grid);
-    return true;
-}
-
-void Menus::open(std::int16_t shift) {
-    const CellGrid& grid = c_.grid;
-    if (grid.Row() < 0 || grid.Col() < 0) return;
-    const Rect cell = grid.CellRect(grid.Row(), grid.Col());
-    if (letGoOn(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.top)))
-        popUpAt({cell.left, cell.bottom(), 0, 0}, shift);
-}
-
-bool Menus::letGoOn(std::int16_t button, std::int16_t shift, float x, float y) {
-    bool cancel = false;
-    c_.host.raise(&GridEvents::MouseDown, button, shift, x, y, cancel);
-    return !cancel && c_.host.there();
-}
 
 void Menus::popUpAt(const Rect& place, std::int16_t shift) {
     if (c_.flags.Editable) {

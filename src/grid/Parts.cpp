@@ -21,10 +21,10 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       rows({context, editor, totals, wheel, defaulted}),
       menus({context, defaulted, platform, rows, *this}),
       inputContext{context, editor, rows, totals, *seat, platform},
-      navigation(inputContext),
+      moveEvents(inputContext),
       keys(inputContext, menus),
       boxPress(inputContext),
-      input(inputContext, navigation, keys, boxPress, layout, commands) {
+      input(inputContext, moveEvents, keys, boxPress, layout, commands) {
     columns.resize(main.Cols());
     main.ColShade([this](std::int32_t col) { return shadeOf(col); });
     options.LookChanged.connect([this] { main.damageAll(); });
@@ -48,18 +48,18 @@ void kxGrid::Parts::controlGone() {
 void kxGrid::Parts::connectMoves() {
     main.BeforeRowColChange.connect(
         keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol, bool& cancel) {
-            navigation.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
+            moveEvents.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
         }));
-    main.LeaveCell.connect(keeping([this] { navigation.leaveCell(); }));
-    main.EnterCell.connect(keeping([this] { navigation.enterCell(); }));
-    main.RowColChange.connect(keeping([this] { navigation.rowColChange(); }));
+    main.LeaveCell.connect(keeping([this] { moveEvents.leaveCell(); }));
+    main.EnterCell.connect(keeping([this] { moveEvents.enterCell(); }));
+    main.RowColChange.connect(keeping([this] { moveEvents.rowColChange(); }));
     main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
-        navigation.afterRowColChange(oldRow, oldCol, newRow, newCol);
+        moveEvents.afterRowColChange(oldRow, oldCol, newRow, newCol);
     }));
     main.SelChange.connect(keeping([this] { host.raise(&GridEvents::SelChange); }));
     main.CellChanged.passOn(control.CellChanged);
     main.AfterScroll.connect(keeping(
-        [this](auto oldTopRow, auto oldLeftCol, auto, auto) { navigation.scrolled(oldTopRow, oldLeftCol); }));
+        [this](auto oldTopRow, auto oldLeftCol, auto, auto) { moveEvents.scrolled(oldTopRow, oldLeftCol); }));
     main.SizeChanged.connect(keeping([this] {
         totals.followCols();
         columns.resize(main.Cols());
@@ -109,7 +109,7 @@ void kxGrid::Parts::realign() {
 }
 
 void kxGrid::Parts::leaveFixedArea() {
-    if (input.keyboardInGrid() && !editor.visible()) navigation.leaveFixedArea();
+    if (input.keyboardInGrid() && !editor.visible()) moveEvents.leaveFixedArea();
 }
 
 // --- The way back

@@ -13,7 +13,7 @@
 #include "grid/input/BoxPress.h"
 #include "grid/input/InputRouter.h"
 #include "grid/input/Keys.h"
-#include "grid/input/Navigation.h"
+#include "grid/input/MoveEvents.h"
 #include "host/ControlContext.h"
 #include "kxVsGrid/kxGrid.h"
 #include "platform/Wheel.h"
@@ -107,7 +107,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     clerk::Menus menus;
     clerk::CommandRunner commands{steps, editor};
     grid::InputContext inputContext;
-    grid::Navigation navigation;
+    grid::MoveEvents moveEvents;
     grid::Keys keys;
     grid::BoxPress boxPress;
     grid::InputRouter input;

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "columns/ColumnArray.h"
-#include "grid/Properties.h"
+#include "grid/GridProperties.h"
 #include "kxVsGrid/PropertyBag.h"
 #include "totals/TotalRow.h"
 

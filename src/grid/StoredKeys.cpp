@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "columns/ColumnProperties.h"
-#include "grid/Properties.h"
+#include "grid/GridProperties.h"
 
 namespace kxVsGrid {
 namespace {

@@ -42,7 +42,7 @@ void InputRouter::focusMoved(FocusPlace place) {
     // The help button belongs to the editor: pressing it commits nothing.
     if (from == FocusPlace::Editor && place != FocusPlace::HelpButton) c_.editor.focusLost();
     if (from == FocusPlace::HelpButton && place != FocusPlace::Editor) c_.editor.focusLost();
-    if (place == FocusPlace::Grid) navigation_.gainedFocus();
+    if (place == FocusPlace::Grid) moveEvents_.gainedFocus();
 }
 
 void InputRouter::takeKeyboardBack() {
@@ -94,14 +94,14 @@ bool InputRouter::keyFor(const KeyStroke& stroke) {
 bool InputRouter::editorKey(const KeyStroke& stroke) {
     if (!c_.editor.visible()) return gridKey(stroke);
     if (stroke.code == static_cast<std::int16_t>(Key::Tab) && stroke.shift <= ShiftKey)
-        return navigation_.tab(stroke.shift == 0);
+        return moveEvents_.tab(stroke.shift == 0);
     if (c_.editor.keyDown(stroke.code)) return true;
     return !stroke.character.empty() && c_.editor.keyPress(asciiOf(stroke.character));
 }
 
 bool InputRouter::gridKey(const KeyStroke& stroke) {
     if (stroke.code == static_cast<std::int16_t>(Key::Tab) && stroke.shift <= ShiftKey)
-        return navigation_.tab(stroke.shift == 0);
+        return moveEvents_.tab(stroke.shift == 0);
     bool used = keys_.asksTheHost(stroke.code);
     used = c_.grid.keyDown(stroke.code, stroke.shift) || used;
     if (!stroke.character.empty()) {

@@ -11,7 +11,7 @@
 #include "grid/Layout.h"
 #include "grid/input/BoxPress.h"
 #include "grid/input/Keys.h"
-#include "grid/input/Navigation.h"
+#include "grid/input/MoveEvents.h"
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/Platform.h"
@@ -20,10 +20,10 @@ namespace kxVsGrid::grid {
 
 class InputRouter : public Input {
   public:
-    InputRouter(const InputContext& context, Navigation& navigation, Keys& keys, BoxPress& boxPress,
+    InputRouter(const InputContext& context, MoveEvents& moveEvents, Keys& keys, BoxPress& boxPress,
                 Layout& layout, clerk::CommandRunner& commands)
         : c_(context),
-          navigation_(navigation),
+          moveEvents_(moveEvents),
           keys_(keys),
           boxPress_(boxPress),
           layout_(layout),
@@ -72,7 +72,7 @@ class InputRouter : public Input {
     bool settleEditorForPress();
 
     InputContext c_;
-    Navigation& navigation_;
+    MoveEvents& moveEvents_;
     Keys& keys_;
     BoxPress& boxPress_;
     Layout& layout_;

@@ -7,9 +7,9 @@
 
 namespace kxVsGrid::grid {
 
-class Navigation {
+class MoveEvents {
   public:
-    explicit Navigation(const InputContext& context) : c_(context) {}
+    explicit MoveEvents(const InputContext& context) : c_(context) {}
 
     /// The grid has the keyboard now: a refused text gets it back. Otherwise keeps the current cell out of
     /// the fixed area.

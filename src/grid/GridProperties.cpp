@@ -1,4 +1,4 @@
-#include "grid/Properties.h"
+#include "grid/GridProperties.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "grid/input/Navigation.h"
+#include "grid/input/MoveEvents.h"
 
 #include "editing/BringIntoView.h"
 #include "editing/NextCell.h"
@@ -8,12 +8,12 @@ namespace kxVsGrid::grid {
 
 using support::FlagSpan;
 
-void Navigation::gainedFocus() {
+void MoveEvents::gainedFocus() {
     if (c_.editor.refused()) return c_.seat.giveFocus(FocusPlace::Editor);
     if (!leaving_) leaveFixedArea();
 }
 
-void Navigation::leaveFixedArea() {
+void MoveEvents::leaveFixedArea() {
     CellGrid& grid = c_.grid;
     if (grid.Row() < grid.FixedRows() && grid.Rows() > grid.FixedRows()) {
         FlagSpan internal(MovingInternally_);
@@ -26,23 +26,23 @@ void Navigation::leaveFixedArea() {
     }
 }
 
-void Navigation::beforeRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
+void MoveEvents::beforeRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                                     std::int32_t newCol, bool& cancel) {
     c_.host.raise(&GridEvents::BeforeRowColChange, oldRow, oldCol, newRow, newCol, cancel);
 }
 
-void Navigation::leaveCell() {
+void MoveEvents::leaveCell() {
     if (MovingInternally_) return;
     FlagSpan leaving(leaving_);
     c_.editor.leaveCell();
 }
 
-void Navigation::enterCell() {
+void MoveEvents::enterCell() {
     c_.editor.enterCell();
     c_.host.raise(&GridEvents::EnterCell);
 }
 
-void Navigation::rowColChange() {
+void MoveEvents::rowColChange() {
     if (MovingInternally_) return;
     std::int16_t result = 0;
     c_.host.raise(&GridEvents::ValidData, result);
@@ -50,13 +50,13 @@ void Navigation::rowColChange() {
     c_.host.raise(&GridEvents::RowColChange);
 }
 
-void Navigation::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
+void MoveEvents::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std::int32_t newRow,
                                    std::int32_t newCol) {
     c_.steps.during("默认值", Cause::Typed, [&] { c_.rows.entered(newRow); });
     c_.host.raise(&GridEvents::AfterRowColChange, oldRow, oldCol, newRow, newCol);
 }
 
-void Navigation::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
+void MoveEvents::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
     if (!scrollGuard_) {
         FlagSpan guard(scrollGuard_);
         if (c_.editor.visible()) c_.grid.ScrollTo(oldTopRow, oldLeftCol);
@@ -66,7 +66,7 @@ void Navigation::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
     c_.seat.layoutChanged();
 }
 
-bool Navigation::tab(bool forward) {
+bool MoveEvents::tab(bool forward) {
     if (!c_.editor.commitOrStay()) return true;
     const auto next =
         forward ? editing::nextTabStop(c_.grid, c_.columns) : editing::previousTabStop(c_.grid, c_.columns);
