@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "OrderEntry.h"
+#include "kit/Random.h"
 
 using kxVsGrid::Command;
 
@@ -85,6 +86,22 @@ TEST_F(UndoneOrder, LeavesTheTextsOfTheHeadAlone) {
     EXPECT_EQ(window->header().number(), QString("XS-20261120-001"));
     play({"key Ctrl+Z", "key Ctrl+Z"});
     EXPECT_TRUE(window->onScreen() == before);
+}
+
+TEST_F(UndoneOrder, IsNotRedoneByTheKeysOfAFieldOfTheHead) {
+    open();
+    typeOrder();
+    go(1, OrderGrid::Quantity);
+    play({"type 40", "key Tab", "key Ctrl+Z"});
+    const Order before = window->onScreen();
+    for (const auto field :
+         {OrderHeader::Field::Number, OrderHeader::Field::Date, OrderHeader::Field::Customer}) {
+        window->header().focus(field);
+        play({"key Ctrl+Y", "key Ctrl+Shift+Z"});
+        EXPECT_TRUE(window->onScreen() == before);
+    }
+    play({"key F7", "key Ctrl+Shift+Z"});
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("40"));
 }
 
 TEST_F(UndoneOrder, ThatIsApprovedStaysAsItIs) {
@@ -173,6 +190,51 @@ TEST_F(UndoneOrder, IsSavedAsItStandsWhateverWasUndoneInBetween) {
     EXPECT_EQ(window->onScreen().lines.size(), 3u);
     EXPECT_EQ(value(database, "SELECT goods_code FROM order_line WHERE line_no = 1").toString(),
               QString("100001"));
+}
+
+TEST_F(UndoneOrder, IsInTheDatabaseAsItIsOnTheScreenWheneverItIsSaved) {
+    for (std::uint32_t turn = 0; turn < 3; ++turn) {
+        kxVsGrid::kit::Random random(20261121, turn);
+        QFile::remove(databaseFile());
+        open();
+        typeOrder();
+        Database database(databaseFile());
+        const OrderStore store(database);
+        const auto change = [&] {
+            const auto row = static_cast<std::int32_t>(random.between(1, 8));
+            const auto step = grid().Step("改动");
+            if (random.oneIn(3)) {
+                grid().SetCell(row, OrderGrid::Code, std::to_string(random.between(100001, 100009)));
+                grid().SetCell(row, OrderGrid::Quantity, std::to_string(random.between(1, 99)));
+            } else if (random.oneIn(3)) {
+                grid().SetCell(row, OrderGrid::Remark, random.oneIn(2) ? "" : std::to_string(row));
+            } else if (random.oneIn(2)) {
+                grid().Grid().InsertRow(row);
+            } else if (grid().Rows() > 10) {
+                grid().Grid().RemoveRow(row);
+            }
+        };
+        int saves = 0;
+        for (int act = 0; act < 120; ++act) {
+            const auto kind = random.between(0, 9);
+            if (kind < 4) {
+                change();
+            } else if (kind < 7) {
+                grid().Run(Command::Undo);
+            } else if (kind < 9) {
+                grid().Run(Command::Redo);
+            } else if (window->save()) {
+                ++saves;
+                ASSERT_TRUE(store.load(1) == window->onScreen());
+            }
+            answers.problems.clear();
+            if (window->onScreen().id == 0) continue;
+            const bool same = store.load(1)->lines == window->onScreen().lines;
+            ASSERT_EQ(window->hasUnsavedWork(), !same) << act;
+        }
+        EXPECT_GE(saves, 3);
+        window.reset();
+    }
 }
 
 TEST_F(UndoneOrder, OfWhichNothingCanBeToldIsSavedWhole) {
