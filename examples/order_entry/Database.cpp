@@ -12,9 +12,21 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int SchemaVersion = 3;
+constexpr int SchemaVersion = 4;
 
 constexpr QLatin1StringView InMemory(":memory:");
+
+// A line keeps its id wherever it comes to stand in its order; line_no is that place, from 1.
+// Quantities are thousandths, prices and amounts cents. The goods' name, specification and price are copies: an
+// order keeps what was agreed when the catalogue changes.
+constexpr const char* LineTable =
+    "CREATE TABLE order_line (id INTEGER PRIMARY KEY,"
+    " order_id INTEGER NOT NULL REFERENCES sales_order (id) ON DELETE CASCADE,"
+    " line_no INTEGER NOT NULL, goods_code TEXT NOT NULL, goods_name TEXT NOT NULL, spec TEXT NOT NULL,"
+    " unit TEXT NOT NULL, quantity_milli INTEGER, price_cents INTEGER, amount_cents INTEGER,"
+    " warehouse TEXT NOT NULL, delivery_date TEXT, is_gift INTEGER NOT NULL, remark TEXT NOT NULL,"
+    " delivery_slot TEXT, entered_at TEXT)";
+constexpr const char* LineIndex = "CREATE INDEX order_line_place ON order_line (order_id, line_no)";
 
 const char* const Tables[] = {
     "CREATE TABLE customer (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL,"
@@ -27,13 +39,8 @@ const char* const Tables[] = {
     "CREATE TABLE sales_order (id INTEGER PRIMARY KEY, number TEXT NOT NULL UNIQUE, order_date TEXT NOT NULL,"
     " customer_id INTEGER NOT NULL REFERENCES customer (id), version INTEGER NOT NULL,"
     " is_approved INTEGER NOT NULL DEFAULT 0)",
-    // Quantities are thousandths, prices and amounts cents. The goods' name, specification and price are
-    // copies: an order keeps what was agreed when the catalogue changes.
-    "CREATE TABLE order_line (order_id INTEGER NOT NULL REFERENCES sales_order (id) ON DELETE CASCADE,"
-    " line_no INTEGER NOT NULL, goods_code TEXT NOT NULL, goods_name TEXT NOT NULL, spec TEXT NOT NULL,"
-    " unit TEXT NOT NULL, quantity_milli INTEGER, price_cents INTEGER, amount_cents INTEGER,"
-    " warehouse TEXT NOT NULL, delivery_date TEXT, is_gift INTEGER NOT NULL, remark TEXT NOT NULL,"
-    " delivery_slot TEXT, entered_at TEXT, PRIMARY KEY (order_id, line_no))",
+    LineTable,
+    LineIndex,
 };
 
 // What leads from each earlier version to the next one, the first entry from version 1.
@@ -41,6 +48,13 @@ const std::initializer_list<const char*> Upgrades[SchemaVersion - 1] = {
     {"ALTER TABLE order_line ADD COLUMN delivery_slot TEXT",
      "ALTER TABLE order_line ADD COLUMN entered_at TEXT"},
     {"ALTER TABLE sales_order ADD COLUMN is_approved INTEGER NOT NULL DEFAULT 0"},
+    {"ALTER TABLE order_line RENAME TO order_line_before", LineTable,
+     "INSERT INTO order_line (order_id, line_no, goods_code, goods_name, spec, unit, quantity_milli,"
+     " price_cents, amount_cents, warehouse, delivery_date, is_gift, remark, delivery_slot, entered_at)"
+     " SELECT order_id, line_no, goods_code, goods_name, spec, unit, quantity_milli, price_cents,"
+     " amount_cents, warehouse, delivery_date, is_gift, remark, delivery_slot, entered_at"
+     " FROM order_line_before ORDER BY order_id, line_no",
+     "DROP TABLE order_line_before", LineIndex},
 };
 
 // SQLite's error numbers. The low byte of an extended one is the number that it refines.

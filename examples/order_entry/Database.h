@@ -41,7 +41,7 @@ class Database {
     bool isInMemory() const;
 
     /// Opens the file; one that has no tables yet gets them and the sample data, one of an earlier version
-    /// the columns that it lacks: all or nothing. A file that is made, and folders above it, are the user's
+    /// the columns and ids that it lacks: all or nothing. A file that is made, and folders above it, are the user's
     /// alone.
     void open();
     /// Runs one statement with its values; `attempt` says in an error message what it was for. Opens first

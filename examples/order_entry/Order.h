@@ -22,6 +22,7 @@ inline QDateTime timeOf(const QString& text) {
 }
 
 struct OrderLine {
+    qint64 id = 0;  ///< 0: not saved yet
     QString code;
     QString name;
     QString spec;
@@ -46,6 +47,16 @@ struct OrderLine {
     }
 };
 
+/// What has become of an order's lines since they were saved, beside those that were not saved at all.
+struct LineChanges {
+    bool unknown = false;  ///< anything may have changed
+    bool added = false;    ///< there are lines without an id
+    std::vector<qint64> changed;
+    std::vector<qint64> removed;
+
+    bool none() const { return !unknown && !added && changed.empty() && removed.empty(); }
+};
+
 struct Order {
     qint64 id = 0;    ///< 0: not saved yet
     int version = 0;  ///< counts the saves
@@ -56,6 +67,11 @@ struct Order {
     std::vector<OrderLine> lines;
 
     bool operator==(const Order&) const = default;
+
+    /// The same number, date and customer.
+    bool hasHeadOf(const Order& other) const {
+        return number == other.number && date == other.date && customer == other.customer;
+    }
 
     Cents total() const {
         Cents sum = 0;

@@ -1,8 +1,9 @@
 #include "OrderGrid.h"
 
+#include <QPointer>
 #include <QRegularExpression>
 #include <algorithm>
-#include <utility>
+#include <numeric>
 
 using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
@@ -10,19 +11,6 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr std::int32_t SheetRows = 12;   // data rows of a new sheet
 constexpr std::uint32_t Red = 0x0000C0;  // red is the low byte
-
-/// Holds a flag for the length of a block.
-class Span {
-  public:
-    explicit Span(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-    ~Span() { flag_ = before_; }
-    Span(const Span&) = delete;
-    Span& operator=(const Span&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
 
 // The control copies a cell as it is displayed: 1,234.5.
 std::optional<std::int64_t> number(const QString& text, int decimals) {
@@ -53,9 +41,6 @@ OrderGrid::OrderGrid(kxGrid& grid, Services services) : grid_(grid), services_(s
     grid_.Options().PressToggles(true);
     grid_.Options().ReadOnlyShade(6);  // an approved order looks closed
     connectEvents();
-    settleLater_.setSingleShot(true);
-    settleLater_.setInterval(0);
-    connect(&settleLater_, &QTimer::timeout, this, [this] { settleAll(); });
 }
 
 OrderGrid::~OrderGrid() = default;
@@ -67,7 +52,6 @@ void OrderGrid::connectEvents() {
     all.push_back(
         grid_.AfterAddRow.connect([this](bool& keepCopy, std::int32_t row, bool copied, std::int32_t) {
             if (copied) keepOrClearCopy(row, keepCopy);
-            emit changed();
         }));
     all.push_back(grid_.DeleteVsRow.connect([this](std::int32_t row, bool& consent) {
         consent = grid_.Editable() &&
@@ -79,7 +63,6 @@ void OrderGrid::connectEvents() {
     grid_.Options().FillsToLastLine(true);
     all.push_back(grid_.Options().RowInUse.connect(
         [this](std::int32_t row, bool& inUse) { inUse = !read(row).isEmpty(); }));
-    all.push_back(grid_.AfterDeleteVsRow.connect([this] { emit changed(); }));
     all.push_back(grid_.TxtValidBmS.connect([this](const std::string& query, const std::string& codeField,
                                                    const std::string& nameField, const std::string& typed,
                                                    std::string& code, std::string& name) {
@@ -92,53 +75,48 @@ void OrderGrid::connectEvents() {
     all.push_back(grid_.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         settle(row);
         settleTyped(row, static_cast<Column>(col));
-        emit changed();
     }));
-    // Fills, copies and pastes of the control itself raise no AfterEdit. They are settled when the control is
-    // done with them.
-    all.push_back(grid_.CellChanged.connect([this](std::int32_t row, std::int32_t col) {
-        if (writing_) return;
-        // Of all that writes cells, column fills alone write other rows than the current one.
-        if (col == Delivery && row != grid_.Row()) redated_.insert(row);
-        settleLater_.start();
+    // Fills, copies and pastes of the control itself raise no AfterEdit. Whatever the clerk does, what follows
+    // from it belongs to the same step, and is undone and redone with it. The grid may outlive this.
+    grid_.Changes().AddSettler([self = QPointer(this)](const StepChanges& step) {
+        if (self) self->settleStep(step);
+    });
+    all.push_back(grid_.Changes().After.connect([this](const StepChanges& step) {
+        markCodes(step);
+        emit changed();
     }));
     all.push_back(grid_.RowColChange.connect([this] { emit moved(); }));
 }
 
-void OrderGrid::clearRows(std::int32_t dataRows) {
-    grid_.Clear();
-    grid_.Rows(grid_.FixedRows() + dataRows);
-    redated_.clear();
-}
-
 void OrderGrid::clear(const QDate& delivery) {
-    {
-        const Span span(writing_);
-        grid_.ReDraw(false);
-        clearRows(SheetRows);
-        presetDelivery(delivery);
+    load(SheetRows, delivery, [&] {
         putDelivery(grid_.FixedRows(), delivery);
         const QString warehouse = QString::fromStdString(grid_.VsCtrl(Warehouse)->sDefaultText_Name());
         put(grid_.FixedRows(), Warehouse, warehouse, warehouse);
-        grid_.ReDraw(true);
-        select(grid_.FixedRows(), Code);
-    }
-    markSaved();
+    });
+    markSaved({});
 }
 
 void OrderGrid::show(const std::vector<OrderLine>& lines, const QDate& delivery) {
-    {
-        const Span span(writing_);
-        grid_.ReDraw(false);
-        const auto count = static_cast<std::int32_t>(lines.size());
-        clearRows(std::max(SheetRows, count + 1));
-        presetDelivery(delivery);
+    const auto count = static_cast<std::int32_t>(lines.size());
+    load(std::max(SheetRows, count + 1), delivery, [&] {
         for (std::int32_t i = 0; i < count; ++i)
             write(grid_.FixedRows() + i, lines[static_cast<std::size_t>(i)]);
-        grid_.ReDraw(true);
-        select(grid_.FixedRows(), Code);
-    }
-    markSaved();
+    });
+    markSaved(lines);
+}
+
+// Clear() forgets what could be undone. What is written into the empty sheet, the default texts of its first
+// row too, is nobody's step.
+void OrderGrid::load(std::int32_t dataRows, const QDate& delivery, const std::function<void()>& fill) {
+    const UnrecordedSpan unrecorded = grid_.Unrecorded();
+    grid_.ReDraw(false);
+    grid_.Clear();
+    grid_.Rows(grid_.FixedRows() + dataRows);
+    presetDelivery(delivery);
+    fill();
+    grid_.ReDraw(true);
+    select(grid_.FixedRows(), Code);
 }
 
 void OrderGrid::presetDelivery(const QDate& delivery) {
@@ -146,7 +124,8 @@ void OrderGrid::presetDelivery(const QDate& delivery) {
     presetRow(Delivery, day);
     presetRow(Slot, day.isEmpty() ? day : day + u" 上午"_s);
     if (!lines().empty()) return;
-    const Span span(writing_);
+    // The order's date is none of the acts in the grid.
+    const UnrecordedSpan unrecorded = grid_.Unrecorded();
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row)
         if (!text(row, Delivery).isEmpty()) putDelivery(row, delivery);
 }
@@ -159,10 +138,6 @@ void OrderGrid::presetWarehouse(const QString& name) {
 void OrderGrid::presetRow(Column col, const QString& text) {
     grid_.VsCtrl(col)->sDefaultText_Name(text.toStdString());
     grid_.VsCtrl(col)->sDefaultText_Code(text.toStdString());
-}
-
-void OrderGrid::markSaved() {
-    grid_.Unmodified();
 }
 
 void OrderGrid::setReadOnly(bool readOnly) {
@@ -200,7 +175,6 @@ void OrderGrid::putDelivery(std::int32_t row, const QDate& delivery) {
 void OrderGrid::write(std::int32_t row, const OrderLine& line) {
     put(row, Code, line.code);
     put(row, Name, line.name, line.code);
-    markCode(row, !line.code.isEmpty() && line.name.isEmpty());
     put(row, Spec, line.spec, line.code);
     put(row, Unit, line.unit);
     const QString quantity = ::text(line.quantity, QuantityDecimals);
@@ -213,6 +187,7 @@ void OrderGrid::write(std::int32_t row, const OrderLine& line) {
     if (line.gift) put(row, Gift, u"-1"_s);
     put(row, Remark, line.remark);
     put(row, Entered, timeText(line.entered), timeText(line.entered));
+    markCode(row);
 }
 
 OrderLine OrderGrid::read(std::int32_t row) const {
@@ -238,40 +213,98 @@ std::vector<OrderLine> OrderGrid::lines() const {
     std::vector<OrderLine> result;
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
         OrderLine line = read(row);
-        if (!line.isEmpty()) result.push_back(std::move(line));
+        if (line.isEmpty()) continue;
+        if (const auto known = saved_.find(grid_.Grid().IdOf(row)); known != saved_.end())
+            line.id = known->second.id;
+        result.push_back(std::move(line));
     }
+    return result;
+}
+
+// --- What is to be saved.
+
+void OrderGrid::markSaved(const std::vector<OrderLine>& lines) {
+    saved_.clear();
+    auto line = lines.begin();
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows() && line != lines.end(); ++row) {
+        if (read(row).isEmpty()) continue;
+        if (line->id != 0) saved_.emplace(grid_.Grid().IdOf(row), *line);
+        ++line;
+    }
+    grid_.Changes().Saved();
+}
+
+// The control's log names the rows that hold something else than when they were saved. To the order a row that
+// says nothing is no line, and texts alone count, not the tags that go with them.
+LineChanges OrderGrid::unsaved() const {
+    LineChanges result;
+    const Changes& log = grid_.Changes();
+    if (log.empty()) return result;
+    result.unknown = log.Unknown();
+    const auto judge = [&](RowId id) {
+        OrderLine now = read(grid_.Grid().RowOf(id));
+        const auto saved = saved_.find(id);
+        if (saved == saved_.end()) {
+            result.added = result.added || !now.isEmpty();
+            return;
+        }
+        now.id = saved->second.id;
+        if (now.isEmpty())
+            result.removed.push_back(now.id);
+        else if (now != saved->second)
+            result.changed.push_back(now.id);
+    };
+    for (const RowId id : log.Added()) judge(id);
+    for (const ChangedRow& changed : log.Changed()) judge(changed.row);
+    for (const RemovedRow& removed : log.Removed())
+        if (const auto saved = saved_.find(removed.row); saved != saved_.end())
+            result.removed.push_back(saved->second.id);
     return result;
 }
 
 // --- What follows from what was typed.
 
 // Goods are what a copied line is for: without a code there is nothing to keep. The control writes cells as
-// they are; the mark of an unknown code and the time of entry are ours.
+// they are; the time of entry is ours.
 void OrderGrid::keepOrClearCopy(std::int32_t row, bool& keep) {
     keep = !text(row, Code).isEmpty();
     if (!keep) {
         emit said(u"没有货号的行不复制,新增了一个空行"_s, false);
         return;
     }
-    const Span span(writing_);
     const QString now = timeText(services_.now());
     put(row, Entered, now, now);
-    markCode(row, text(row, Name).isEmpty());
 }
 
+std::vector<std::int32_t> OrderGrid::rowsOf(const StepChanges& step) const {
+    std::vector<std::int32_t> rows(step.rows.begin(), step.rows.end());
+    if (!step.known) {
+        rows.resize(static_cast<std::size_t>(grid_.Rows()));
+        std::iota(rows.begin(), rows.end(), 0);
+    }
+    std::erase_if(rows, [&](std::int32_t row) { return row < grid_.FixedRows(); });
+    return rows;
+}
+
+// What a failing database has left open. Where nothing is left to do, it is no step.
 void OrderGrid::settleAll() {
     // A closed order stays as it is.
     if (!grid_.Editable()) return;
-    // Writing a cell would commit what the clerk is typing; the next commit comes back here.
-    if (grid_.editorView().visible) return;
+    ChangeStep step = grid_.Step("核对货号");
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) settle(row);
-    for (const std::int32_t row : std::exchange(redated_, {}))
-        if (row < grid_.Rows()) settleSlot(row);
-    emit changed();
+    step.close();
+}
+
+void OrderGrid::settleStep(const StepChanges& step) {
+    if (!grid_.Editable()) return;
+    const bool redated = step.cause == Cause::Fill && std::ranges::count(step.cols, Delivery) > 0;
+    for (const std::int32_t row : rowsOf(step)) {
+        settle(row);
+        if (redated) settleSlot(row);
+    }
 }
 
 void OrderGrid::settle(std::int32_t row) {
-    const Span span(writing_);
     settleGoods(row);
     settleAmount(row);
     settleBlanks(row);
@@ -281,7 +314,6 @@ void OrderGrid::settle(std::int32_t row) {
 // What follows from what the clerk has typed himself. The time of entry does not follow from what the control
 // has filled.
 void OrderGrid::settleTyped(std::int32_t row, Column col) {
-    const Span span(writing_);
     if (col == Delivery) settleSlot(row);
     if (col != Entered && text(row, Entered).isEmpty() && !read(row).isEmpty()) {
         const QString now = timeText(services_.now());
@@ -291,7 +323,6 @@ void OrderGrid::settleTyped(std::int32_t row, Column col) {
 
 // The half day stays, on the day of the delivery.
 void OrderGrid::settleSlot(std::int32_t row) {
-    const Span span(writing_);
     const QString slot = text(row, Slot);
     const QString day = text(row, Delivery);
     if (day.isEmpty() || !slot.contains(u' ')) return;
@@ -330,7 +361,6 @@ void OrderGrid::settleGoods(std::int32_t row) {
 }
 
 void OrderGrid::putName(std::int32_t row, const QString& code, const std::optional<Goods>& goods) {
-    markCode(row, !goods && !code.isEmpty());
     put(row, Name, goods ? goods->name : QString(), code);
 }
 
@@ -348,7 +378,14 @@ void OrderGrid::putTerms(std::int32_t row, const QString& code, const std::optio
     }
 }
 
-void OrderGrid::markCode(std::int32_t row, bool unknown) {
+// Colours are not undone: each step, and each way back, marks its rows as they are then.
+void OrderGrid::markCodes(const StepChanges& step) {
+    for (const std::int32_t row : rowsOf(step)) markCode(row);
+}
+
+void OrderGrid::markCode(std::int32_t row) {
+    const QString code = text(row, Code);
+    const bool unknown = !code.isEmpty() && tag(row, Name) == code && text(row, Name).isEmpty();
     grid_.Grid().CellForeColor(row, Code, unknown ? std::optional(Red) : std::nullopt);
 }
 

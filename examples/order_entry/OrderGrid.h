@@ -6,10 +6,9 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
-#include <QTimer>
 #include <functional>
+#include <map>
 #include <optional>
-#include <set>
 #include <vector>
 
 #include "Catalogue.h"
@@ -67,6 +66,7 @@ class OrderGrid : public QObject {
 
     void mayDelete(MayDelete ask) { mayDelete_ = std::move(ask); }
 
+    // Another order: nothing of the one before can be undone any more.
     /// An empty sheet; each row that the clerk comes to gets the preset warehouse and delivery date.
     void clear(const QDate& delivery);
     void show(const std::vector<OrderLine>& lines, const QDate& delivery);
@@ -94,9 +94,11 @@ class OrderGrid : public QObject {
     /// Takes over what is being typed and what follows from it; false when it is refused and still in the
     /// editor.
     bool commit();
-    /// The clerk has typed something since markSaved(), clear() or show().
-    bool typed() const { return grid_.bIsDirty(); }
-    void markSaved();
+    /// What lines() are beside those of markSaved(), clear() or show(). What was undone has not changed, and
+    /// neither has a row that says nothing.
+    LineChanges unsaved() const;
+    /// What is there now is saved: `lines` are those of lines(), with their ids. It can still be undone.
+    void markSaved(const std::vector<OrderLine>& lines);
 
     /// What can be done in the current cell.
     QString hint() const;
@@ -115,7 +117,7 @@ class OrderGrid : public QObject {
     void setUpColumns();
     void setUpRules();
     void connectEvents();
-    void clearRows(std::int32_t dataRows);
+    void load(std::int32_t dataRows, const QDate& delivery, const std::function<void()>& fill);
     void write(std::int32_t row, const OrderLine& line);
     OrderLine read(std::int32_t row) const;
     QString text(std::int32_t row, Column col) const;
@@ -135,8 +137,11 @@ class OrderGrid : public QObject {
     /// The text stands in the list of its column.
     bool isListed(const OrderLine& line, Column col);
 
+    /// All rows, where more has changed than could be kept.
+    std::vector<std::int32_t> rowsOf(const kxVsGrid::StepChanges& step) const;
     void keepOrClearCopy(std::int32_t row, bool& keep);
     void settleAll();
+    void settleStep(const kxVsGrid::StepChanges& step);
     void settle(std::int32_t row);
     void settleTyped(std::int32_t row, Column col);
     void settleSlot(std::int32_t row);
@@ -144,15 +149,14 @@ class OrderGrid : public QObject {
     void settleBlanks(std::int32_t row);
     void settleGoods(std::int32_t row);
     void settleAmount(std::int32_t row);
-    void markCode(std::int32_t row, bool unknown);
+    void markCodes(const kxVsGrid::StepChanges& step);
+    void markCode(std::int32_t row);
     void putName(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
     void putTerms(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
 
     kxVsGrid::kxGrid& grid_;
     Services services_;
     MayDelete mayDelete_;
-    QTimer settleLater_;
-    std::set<std::int32_t> redated_;  ///< rows that have got a delivery date from a column fill
-    bool writing_ = false;            ///< the cells are being written by this class
+    std::map<kxVsGrid::RowId, OrderLine> saved_;  ///< the lines that have an id, by their rows
     std::vector<kxVsGrid::ScopedConnection> connections_;
 };

@@ -1,4 +1,6 @@
 // What the grid asks its host while it checks a typed text, and what the host checks before it saves.
+#include <set>
+
 #include "OrderGrid.h"
 
 using namespace kxVsGrid;

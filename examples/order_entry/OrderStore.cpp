@@ -1,5 +1,9 @@
 #include "OrderStore.h"
 
+#include <map>
+#include <set>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,8 +34,22 @@ std::optional<std::int64_t> number(const QVariant& value) {
     return value.toLongLong();
 }
 
+/// In the order of lineOf() and valuesOf().
+constexpr const char16_t* LineColumns =
+    u"goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse, "
+    u"delivery_date,"
+    " is_gift, remark, delivery_slot, entered_at";
+
+QVariantList valuesOf(const OrderLine& line) {
+    return {filled(line.code),     filled(line.name),  filled(line.spec),   filled(line.unit),
+            orNull(line.quantity), orNull(line.price), orNull(line.amount), filled(line.warehouse),
+            orNull(line.delivery), line.gift ? 1 : 0,  filled(line.remark), orNull(line.slot),
+            orNull(line.entered)};
+}
+
 OrderLine lineOf(const QSqlQuery& row) {
     OrderLine line;
+    line.id = row.value(13).toLongLong();
     line.code = row.value(0).toString();
     line.name = row.value(1).toString();
     line.spec = row.value(2).toString();
@@ -66,22 +84,30 @@ std::optional<Order> OrderStore::load(qint64 id) const {
     order.approved = head.value(5).toBool();
     QSqlQuery lines = database_.run(
         attempt,
-        u"SELECT goods_code, goods_name, spec, unit, quantity_milli, price_cents, amount_cents, warehouse,"
-        " delivery_date, is_gift, remark, delivery_slot, entered_at FROM order_line WHERE order_id = ? ORDER BY line_no"_s,
+        u"SELECT %1, id FROM order_line WHERE order_id = ? ORDER BY line_no"_s.arg(QStringView(LineColumns)),
         {id});
     while (lines.next()) order.lines.push_back(lineOf(lines));
     return order;
 }
 
 void OrderStore::save(Order& order) {
+    LineChanges all;
+    all.unknown = true;
+    save(order, all);
+}
+
+void OrderStore::save(Order& order, const LineChanges& changes) {
     const QString attempt = u"保存订单 "_s + order.number;
+    const bool whole = order.id == 0 || changes.unknown;
     Order saved = order;
     Transaction transaction(database_, attempt);
     writeHead(saved, attempt);
-    writeLines(saved, attempt);
+    if (whole)
+        writeAllLines(saved, attempt);
+    else
+        writeChanges(saved, changes, attempt);
     transaction.commit();
-    order.id = saved.id;
-    order.version = saved.version;
+    order = std::move(saved);
 }
 
 void OrderStore::writeHead(Order& order, const QString& attempt) {
@@ -102,23 +128,69 @@ void OrderStore::writeHead(Order& order, const QString& attempt) {
                           " version = ? WHERE id = ? AND version = ? AND is_approved = 0"_s,
                           values + QVariantList{order.id, order.version});
         expectOne(written, attempt);
-        database_.run(attempt, u"DELETE FROM order_line WHERE order_id = ?"_s, {order.id});
     }
     ++order.version;
 }
 
-void OrderStore::writeLines(const Order& order, const QString& attempt) {
-    int number = 0;
-    for (const OrderLine& line : order.lines) {
-        database_.run(attempt,
-                      u"INSERT INTO order_line (order_id, line_no, goods_code, goods_name, spec, unit,"
-                      " quantity_milli, price_cents, amount_cents, warehouse, delivery_date, is_gift, remark,"
-                      " delivery_slot, entered_at) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
-                      {order.id, ++number, filled(line.code), filled(line.name), filled(line.spec),
-                       filled(line.unit), orNull(line.quantity), orNull(line.price), orNull(line.amount),
-                       filled(line.warehouse), orNull(line.delivery), line.gift ? 1 : 0, filled(line.remark),
-                       orNull(line.slot), orNull(line.entered)});
+void OrderStore::writeAllLines(Order& order, const QString& attempt) {
+    database_.run(attempt, u"DELETE FROM order_line WHERE order_id = ?"_s, {order.id});
+    for (std::size_t i = 0; i < order.lines.size(); ++i) order.lines[i].id = insertLine(order, i, attempt);
+}
+
+void OrderStore::writeChanges(Order& order, const LineChanges& changes, const QString& attempt) {
+    for (const qint64 removed : changes.removed) removeLine(order, removed, attempt);
+    const std::set<qint64> changed(changes.changed.begin(), changes.changed.end());
+    for (const OrderLine& line : order.lines)
+        if (changed.contains(line.id)) updateLine(order, line, attempt);
+    placeLines(order, attempt);
+    for (std::size_t i = 0; i < order.lines.size(); ++i)
+        if (order.lines[i].id == 0) order.lines[i].id = insertLine(order, i, attempt);
+}
+
+// Lines are numbered from 1 without gaps. What stands in the database is asked: another program may number
+// otherwise.
+void OrderStore::placeLines(const Order& order, const QString& attempt) {
+    QSqlQuery found =
+        database_.run(attempt, u"SELECT id, line_no FROM order_line WHERE order_id = ?"_s, {order.id});
+    std::map<qint64, int> numbers;
+    while (found.next()) numbers.emplace(found.value(0).toLongLong(), found.value(1).toInt());
+    QVariantList moved;
+    QVariantList places;
+    for (std::size_t i = 0; i < order.lines.size(); ++i) {
+        const int number = static_cast<int>(i) + 1;
+        const auto before = numbers.find(order.lines[i].id);
+        if (before == numbers.end() || before->second == number) continue;
+        places << number;
+        moved << order.lines[i].id;
     }
+    if (!moved.isEmpty())
+        database_.runForEach(attempt, u"UPDATE order_line SET line_no = ? WHERE id = ?"_s, {places, moved});
+}
+
+qint64 OrderStore::insertLine(const Order& order, std::size_t index, const QString& attempt) {
+    const QVariantList place = {order.id, static_cast<qint64>(index) + 1};
+    return database_
+        .run(attempt,
+             u"INSERT INTO order_line (order_id, line_no, %1)"
+             " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s.arg(QStringView(LineColumns)),
+             place + valuesOf(order.lines[index]))
+        .lastInsertId()
+        .toLongLong();
+}
+
+void OrderStore::updateLine(const Order& order, const OrderLine& line, const QString& attempt) {
+    const QSqlQuery written = database_.run(
+        attempt,
+        u"UPDATE order_line SET (%1) = (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) WHERE id = ? AND order_id = ?"_s
+            .arg(QStringView(LineColumns)),
+        valuesOf(line) + QVariantList{line.id, order.id});
+    expectOne(written, attempt);
+}
+
+void OrderStore::removeLine(const Order& order, qint64 line, const QString& attempt) {
+    const QSqlQuery removed =
+        database_.run(attempt, u"DELETE FROM order_line WHERE id = ? AND order_id = ?"_s, {line, order.id});
+    expectOne(removed, attempt);
 }
 
 void OrderStore::remove(const Order& order) {

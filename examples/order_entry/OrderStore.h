@@ -30,8 +30,12 @@ class OrderStore {
 
     /// Nothing when it is gone.
     std::optional<Order> load(qint64 id) const;
-    /// Inserts a new order or replaces the one with its id; sets id and version once everything is written.
+    /// Inserts a new order or replaces the one with its id, with all lines; sets version and all ids once
+    /// everything is written.
     void save(Order& order);
+    /// The same, where the lines differ from those in the database by no more than the changes: only those
+    /// are written, and the place of lines that have come to stand elsewhere.
+    void save(Order& order, const LineChanges& changes);
     void remove(const Order& order);
     /// Closes the order as it was saved last: it can be neither saved nor removed any more.
     void approve(Order& order);
@@ -43,7 +47,12 @@ class OrderStore {
   private:
     void expectOne(const QSqlQuery& written, const QString& attempt) const;
     void writeHead(Order& order, const QString& attempt);
-    void writeLines(const Order& order, const QString& attempt);
+    void writeAllLines(Order& order, const QString& attempt);
+    void writeChanges(Order& order, const LineChanges& changes, const QString& attempt);
+    void placeLines(const Order& order, const QString& attempt);
+    qint64 insertLine(const Order& order, std::size_t index, const QString& attempt);
+    void updateLine(const Order& order, const OrderLine& line, const QString& attempt);
+    void removeLine(const Order& order, qint64 line, const QString& attempt);
 
     Database& database_;
 };

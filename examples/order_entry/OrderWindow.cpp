@@ -204,6 +204,7 @@ void OrderWindow::display(const Order& order) {
     else
         grid_->show(order.lines, order.date.addDays(DeliveryDays));
     saved_ = order;
+    saved_.lines.clear();
     showWhetherApproved();
 }
 
@@ -270,7 +271,7 @@ bool OrderWindow::hasUnsavedWork() const {
 }
 
 bool OrderWindow::isUnsaved(const Order& order) const {
-    return grid_->typed() || header_->customerUnclear() || order != saved_;
+    return !order.hasHeadOf(saved_) || header_->customerUnclear() || !grid_->unsaved().none();
 }
 
 bool OrderWindow::refuse(const QString& why) {
@@ -321,8 +322,9 @@ bool OrderWindow::save() {
         return report(error, u"没有保存任何内容,屏幕上的订单没有改变;排除原因后可以再次保存。"_s);
     }
     saved_ = order;
+    saved_.lines.clear();
     header_->showNumber(order.number);
-    grid_->markSaved();
+    grid_->markSaved(order.lines);
     refresh();
     const QString done = u"订单 %1 已保存:%2 行,金额 %3"_s.arg(
         order.number, QString::number(order.lines.size()), money(order.total()));
@@ -340,9 +342,10 @@ bool OrderWindow::save() {
 void OrderWindow::store(Order& order) {
     constexpr int MostTries = 20;
     const bool proposed = order.id == 0 && order.number == saved_.number;
+    const LineChanges changes = grid_->unsaved();
     for (int left = proposed ? MostTries : 1;; --left) {
         try {
-            return store_.save(order);
+            return store_.save(order, changes);
         } catch (const DatabaseError& error) {
             if (!error.isDuplicate() || left <= 1) throw;
         }

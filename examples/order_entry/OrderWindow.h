@@ -101,7 +101,8 @@ class OrderWindow : public QMainWindow {
     OrderStore store_;
     Questions& questions_;
     Clock clock_;
-    Order saved_;  ///< what the database holds; for a new order what the window proposed
+    /// The head that the database holds; for a new order what the window proposed. The grid knows of the lines.
+    Order saved_;
 
     OrderHeader* header_;
     kxVsGrid::qt::kxGridWidget* widget_;

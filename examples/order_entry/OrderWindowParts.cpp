@@ -8,7 +8,9 @@
 #include <QStyle>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <utility>
 
+#include "CurvedArrow.h"
 #include "ManualWindow.h"
 #include "OrderGrid.h"
 #include "OrderHeader.h"
@@ -16,6 +18,22 @@
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+// The control's own action: it says what it would undo, has the keys, and is enabled as it should be.
+QAction* completed(QAction* action, Turn turn) {
+    if (action->icon().isNull()) action->setIcon(curvedArrow(turn));
+    // The grid takes the keys itself. In the fields of the head they are the text's own.
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    const auto tell = [action] {
+        action->setToolTip(action->text() + u" ("_s + action->shortcut().toString(QKeySequence::NativeText) +
+                           u")"_s);
+    };
+    tell();
+    QObject::connect(action, &QAction::changed, action, tell);
+    return action;
+}
+}  // namespace
 
 void OrderWindow::layOut() {
     widget_->setObjectName(u"grid"_s);
@@ -80,6 +98,15 @@ void OrderWindow::addActions() {
                             [this] { deleteOrder(); }));
     order->addSeparator();
     order->addAction(u"退出(&X)"_s, QKeySequence(u"Ctrl+Q"_s), this, [this] { close(); });
+
+    QMenu* edit = menuBar()->addMenu(u"编辑(&E)"_s);
+    tools->addSeparator();
+    using kxVsGrid::Command;
+    for (const auto& [command, turn] : {std::pair(Command::Undo, Turn::Back), {Command::Redo, Turn::Forth}}) {
+        QAction* action = completed(widget_->action(command), turn);
+        edit->addAction(action);
+        tools->addAction(action);
+    }
 
     QMenu* go = menuBar()->addMenu(u"转到(&G)"_s);
     go->addAction(u"表头(&H)"_s, QKeySequence(u"F6"_s), this,

@@ -2,8 +2,9 @@
 
 import os
 import sqlite3
+import subprocess
 
-from desktop import wait_for
+from desktop import Failure, wait_for
 
 NOW = "2026-11-20 09:30:00"
 WAREHOUSES = {"C01": "主仓库", "C02": "五金仓", "C03": "钢材仓"}
@@ -70,6 +71,22 @@ class OrderWindow:
         x, y = self.window.corner()
         return x + LEFT, y + TOP, WIDTH, HEIGHT
 
+    def grid_picture(self, name):
+        """The grid with the first code as current cell, without its scroll bar: the sheets differ in empty rows."""
+        self.select(1, "货号")
+        self.window.desktop.settle()
+        x, y, width, height = self.grid_on_screen()
+        file = self.window.desktop.picture(name)
+        subprocess.run(["convert", file, "-crop", f"{width}x{height}+{x}+{y}", "+repage", file], check=True)
+        return file
+
+    def key_line(self, row, code, quantity):
+        self.select(row, "货号")
+        self.window.type(code)
+        self.window.keys("Return")
+        self.window.type(quantity)
+        self.window.keys("Return")
+
     def select(self, row, column):
         self.window.click(*self.cell(row, column))
 
@@ -84,3 +101,19 @@ class OrderWindow:
         self.open_menu(row, column, held)
         self.window.keys(*["Down"] * item, "Return")
         self.window.await_popups(0)
+
+
+def expect_same_pictures(before, after):
+    result = subprocess.run(
+        ["compare", "-metric", "AE", before, after, "null:"], capture_output=True, text=True, check=False
+    )
+    if result.stderr.strip() != "0":
+        raise Failure(f"{before} and {after} differ in {result.stderr} pixels")
+
+
+def expect_lines(expected, rows):
+    for number, (want, have) in enumerate(zip(expected, rows), 1):
+        if want != have:
+            raise Failure(f"line {number}: expected {want}, saved {have}")
+    if len(rows) != len(expected):
+        raise Failure(f"expected {len(expected)} lines, saved {len(rows)}: {rows}")

@@ -7,11 +7,17 @@ reads it must show, pixel by pixel, what the screen showed before the order was 
 """
 
 import datetime
-import subprocess
 import sys
 
-from desktop import Desktop, Failure
-from order_window import NOW, PRESET_WAREHOUSE, WAREHOUSES, OrderWindow
+from desktop import Desktop
+from order_window import (
+    NOW,
+    PRESET_WAREHOUSE,
+    WAREHOUSES,
+    OrderWindow,
+    expect_lines,
+    expect_same_pictures,
+)
 
 WAREHOUSE = "C02"
 DELIVERY = datetime.date(2026, 11, 27)
@@ -21,14 +27,6 @@ IN_FIRST_OR_LAST_ITEM = 12  # pixels from the menu's edge
 # Where the items stand in the menu, without separators.
 COPY_INSERT, DELETE, FILL = 4, 7, 8
 INSERT_SEVERAL = 4  # with Ctrl
-
-
-def key_line(order, row, code, quantity):
-    order.select(row, "货号")
-    order.window.type(code)
-    order.window.keys("Return")
-    order.window.type(quantity)
-    order.window.keys("Return")
 
 
 def add_row_by_mouse(order):
@@ -71,8 +69,8 @@ def fill_by_keys(order, row, column, letter):
 def work(order, goods):
     """Leaves the lines that expected_rows() names."""
     window = order.window
-    key_line(order, 1, goods[0][0], "10")
-    key_line(order, 2, goods[1][0], "13")
+    order.key_line(1, goods[0][0], "10")
+    order.key_line(2, goods[1][0], "13")
     for row in (1, 2):
         order.select(row, "仓库")
         window.type(WAREHOUSE)
@@ -80,7 +78,7 @@ def work(order, goods):
     add_row_by_mouse(order)
     order.choose(2, "货号", COPY_INSERT)
     insert_rows(order, 2)  # between the first line and the copy
-    key_line(order, 2, goods[2][0], "1")
+    order.key_line(2, goods[2][0], "1")
     order.choose(3, "货号", DELETE)  # empty: no question
     order.choose(4, "数量", DELETE)  # what was copied
     window.answer_box("alt+d")
@@ -114,14 +112,6 @@ def expected_rows(goods):
     return rows
 
 
-def check(expected, rows):
-    for number, (want, have) in enumerate(zip(expected, rows), 1):
-        if want != have:
-            raise Failure(f"line {number}: expected {want}, saved {have}")
-    if len(rows) != len(expected):
-        raise Failure(f"expected {len(expected)} lines, saved {len(rows)}: {rows}")
-
-
 def approve(order):
     """Afterwards neither keys nor the right button change anything."""
     order.window.keys("F9")
@@ -135,24 +125,6 @@ def approve(order):
     order.window.check_undisturbed()
 
 
-def what_is_shown(order, name):
-    """The grid with the first code as current cell, without its scroll bar: the sheets differ in empty rows."""
-    order.select(1, "货号")
-    order.window.desktop.settle()
-    x, y, width, height = order.grid_on_screen()
-    file = order.window.desktop.picture(name)
-    subprocess.run(["convert", file, "-crop", f"{width}x{height}+{x}+{y}", "+repage", file], check=True)
-    return file
-
-
-def compare(before, after):
-    result = subprocess.run(
-        ["compare", "-metric", "AE", before, after, "null:"], capture_output=True, text=True, check=False
-    )
-    if result.stderr.strip() != "0":
-        raise Failure(f"{before} and {after} differ in {result.stderr} pixels")
-
-
 def main(program, keep):
     with Desktop(keep) as desktop:
         order = OrderWindow(desktop, program, "orders.sqlite")
@@ -160,15 +132,15 @@ def main(program, keep):
         order.choose_customer()
         work(order, goods)
         rows = order.save()
-        check(expected_rows(goods), rows)
+        expect_lines(expected_rows(goods), rows)
         approve(order)
-        before = what_is_shown(order, "rows-before")
+        before = order.grid_picture("rows-before")
         order.window.close()
         again = OrderWindow(desktop, program, "orders.sqlite")
         again.window.keys("ctrl+o")
         again.window.answer_box("Return", title="订单列表")
-        compare(before, what_is_shown(again, "rows-after"))
-        check(rows, again.lines())
+        expect_same_pictures(before, again.grid_picture("rows-after"))
+        expect_lines(rows, again.lines())
         again.window.close()
     print(f"{len(rows)} lines, shown as they were saved")
 

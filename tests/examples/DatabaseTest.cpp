@@ -133,7 +133,7 @@ TEST_F(DatabaseFile, OfANewerProgramIsRefused) {
 TEST_F(DatabaseFile, OfTheEarlierLayoutIsUpgradedAndKeepsItsOrders) {
     makeEarlierLayout();
     Database database(databaseFile());
-    EXPECT_EQ(value(database, "PRAGMA user_version").toInt(), 3);
+    EXPECT_EQ(value(database, "PRAGMA user_version").toInt(), 4);
     OrderStore store(database);
     Order old = *store.load(7);
     ASSERT_EQ(old.lines.size(), 1u);
@@ -160,6 +160,43 @@ TEST_F(DatabaseFile, OfTheSecondLayoutIsUpgradedAndItsOrdersCanBeApproved) {
     EXPECT_FALSE(old.approved);
     store.approve(old);
     EXPECT_TRUE(store.load(7)->approved);
+}
+
+TEST_F(DatabaseFile, OfTheThirdLayoutIsUpgradedAndItsLinesKeepTheirOrderUnderIdsOfTheirOwn) {
+    {
+        DatabaseConnection connection(madeDatabase());
+        connection.run("DROP TABLE order_line");
+        connection.run(
+            "CREATE TABLE order_line (order_id INTEGER NOT NULL REFERENCES sales_order (id) ON DELETE "
+            "CASCADE,"
+            " line_no INTEGER NOT NULL, goods_code TEXT NOT NULL, goods_name TEXT NOT NULL, spec TEXT NOT "
+            "NULL,"
+            " unit TEXT NOT NULL, quantity_milli INTEGER, price_cents INTEGER, amount_cents INTEGER,"
+            " warehouse TEXT NOT NULL, delivery_date TEXT, is_gift INTEGER NOT NULL, remark TEXT NOT NULL,"
+            " delivery_slot TEXT, entered_at TEXT, PRIMARY KEY (order_id, line_no))");
+        connection.run("INSERT INTO sales_order VALUES (7, 'A-7', '2026-02-20', 1, 1, 1)");
+        for (const char* line : {"2, 'b'", "3, 'c'", "1, 'a'"})
+            connection.run("INSERT INTO order_line VALUES (7, " + QString(line) +
+                           ", '螺栓', 'M8', '个', 5000, 300, 1500, '主仓库', '2026-02-28', 1, '旧行',"
+                           " '2026-02-28 下午', '2026-02-01 08:05:09')");
+        connection.run("PRAGMA user_version = 3");
+    }
+    Database database(databaseFile());
+    OrderStore store(database);
+    const Order old = *store.load(7);
+    EXPECT_TRUE(old.approved);
+    QStringList codes;
+    QSet<qint64> ids;
+    for (const OrderLine& line : old.lines) {
+        codes << line.code;
+        ids << line.id;
+        EXPECT_EQ(line.slot, QString("2026-02-28 下午"));
+        EXPECT_EQ(timeText(line.entered), QString("2026-02-01 08:05:09"));
+        EXPECT_TRUE(line.gift);
+    }
+    EXPECT_EQ(codes, (QStringList{"a", "b", "c"}));
+    EXPECT_EQ(ids.size(), 3);
+    EXPECT_FALSE(ids.contains(0));
 }
 
 TEST_F(DatabaseFile, IsUpgradedOnceOnly) {

@@ -9,6 +9,14 @@ class StoredOrders : public Scratch {
     OrderStore store{database};
 
     int count(const QString& table) { return value(database, "SELECT COUNT(*) FROM " + table).toInt(); }
+
+    /// An order of four lines.
+    Order savedOrder() {
+        Order saved = order("A-1", {line("100001", 1000, 100), line("100002", 2000, 100),
+                                    line("100003", 3000, 100), line("100004", 4000, 100)});
+        store.save(saved);
+        return saved;
+    }
 };
 }  // namespace
 
@@ -60,6 +68,82 @@ TEST_F(StoredOrders, AreReplacedNotDoubledBySavingAgain) {
     EXPECT_EQ(count("sales_order"), 1);
     EXPECT_EQ(count("order_line"), 1);
     EXPECT_TRUE(store.load(saved.id) == saved);
+}
+
+TEST_F(StoredOrders, AreSavedByTheLinesThatHaveChangedAlone) {
+    Order saved = savedOrder();
+    watchLines(database);
+    LineChanges changes;
+    changes.changed = {saved.lines[3].id};
+    saved.lines[3].quantity = 5000;
+    store.save(saved, changes);
+    EXPECT_EQ(linesWritten(database), QStringList("changed 100004 5000"));
+    EXPECT_TRUE(store.load(saved.id) == saved);
+    EXPECT_EQ(saved.version, 2);
+}
+
+TEST_F(StoredOrders, WithAnotherHeadAloneWriteNoLine) {
+    Order saved = savedOrder();
+    watchLines(database);
+    saved.customer = 2;
+    store.save(saved, {});
+    EXPECT_EQ(linesWritten(database), QStringList());
+    EXPECT_TRUE(store.load(saved.id) == saved);
+}
+
+TEST_F(StoredOrders, KeepTheirLinesInOrderWhereOnesComeAndGo) {
+    Order saved = savedOrder();
+    watchLines(database);
+    LineChanges changes;
+    changes.removed = {saved.lines[0].id};
+    changes.added = true;
+    const qint64 last = saved.lines[3].id;
+    saved.lines.erase(saved.lines.begin());
+    saved.lines.insert(saved.lines.begin() + 1, {line("7", 7, 7), line("8", 8, 8)});
+    store.save(saved, changes);
+    EXPECT_EQ(linesWritten(database), (QStringList{"removed 100001 1000", "moved 100002 1", "moved 100003 4",
+                                                   "moved 100004 5", "added 7 7", "added 8 8"}));
+    EXPECT_TRUE(store.load(saved.id) == saved);
+    EXPECT_EQ(saved.lines[4].id, last);
+    EXPECT_EQ(value(database, "SELECT group_concat(line_no) FROM (SELECT line_no FROM order_line ORDER BY 1)")
+                  .toString(),
+              QString("1,2,3,4,5"));
+}
+
+TEST_F(StoredOrders, OfWhichAnythingMayHaveChangedAreWrittenWhole) {
+    Order saved = savedOrder();
+    watchLines(database);
+    LineChanges changes;
+    changes.unknown = true;
+    saved.lines.pop_back();
+    store.save(saved, changes);
+    EXPECT_EQ(linesWritten(database).size(), 7);
+    EXPECT_TRUE(store.load(saved.id) == saved);
+}
+
+TEST_F(StoredOrders, AreNotChangedByAnOlderVersionLineByLineEither) {
+    Order here = savedOrder();
+    Order there = *store.load(here.id);
+    store.save(there, {});
+    watchLines(database);
+    const Order before = here;
+    LineChanges changes;
+    changes.removed = {here.lines[0].id};
+    here.lines.erase(here.lines.begin());
+    EXPECT_THROW(store.save(here, changes), OrderChanged);
+    EXPECT_EQ(linesWritten(database), QStringList());
+    EXPECT_EQ(here.version, before.version);
+    EXPECT_TRUE(store.load(there.id) == there);
+}
+
+TEST_F(StoredOrders, WhoseLineHasGoneBehindTheirBackAreNotSaved) {
+    Order saved = savedOrder();
+    database.run("test", "DELETE FROM order_line WHERE goods_code = '100002'");
+    LineChanges changes;
+    changes.changed = {saved.lines[1].id};
+    saved.number = "A-9";
+    EXPECT_THROW(store.save(saved, changes), OrderChanged);
+    EXPECT_EQ(store.load(saved.id)->number, QString("A-1"));
 }
 
 TEST_F(StoredOrders, StayWholeWhenSavingFailsHalfWay) {

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <utility>
 
 #include "Database.h"
 #include "Order.h"
@@ -30,6 +32,29 @@ class Scratch : public testing::Test {
     static QVariant value(Database& database, const QString& query) {
         QSqlQuery found = database.run("test", query);
         return found.next() ? found.value(0) : QVariant();
+    }
+
+    /// From now on linesWritten() tells what is written to the lines of orders.
+    static void watchLines(Database& database) {
+        database.run("test", "CREATE TABLE written (what TEXT)");
+        const std::pair<const char*, const char*> acts[] = {
+            {"INSERT ON order_line", "'added ' || NEW.goods_code || ' ' || NEW.quantity_milli"},
+            {"DELETE ON order_line", "'removed ' || OLD.goods_code || ' ' || OLD.quantity_milli"},
+            {"UPDATE OF line_no ON order_line", "'moved ' || NEW.goods_code || ' ' || NEW.line_no"},
+            {"UPDATE OF goods_code ON order_line",
+             "'changed ' || NEW.goods_code || ' ' || NEW.quantity_milli"},
+        };
+        int number = 0;
+        for (const auto& [act, what] : acts)
+            database.run("test",
+                         QString("CREATE TRIGGER watch%1 AFTER %2 BEGIN INSERT INTO written VALUES (%3); END")
+                             .arg(QString::number(++number), act, what));
+    }
+    static QStringList linesWritten(Database& database) {
+        QStringList all;
+        QSqlQuery found = database.run("test", "SELECT what FROM written ORDER BY rowid");
+        while (found.next()) all << found.value(0).toString();
+        return all;
     }
 
     static OrderLine line(const QString& code, Thousandths quantity, Cents price) {
