@@ -23,8 +23,6 @@ namespace {
 // The control's own action: it says what it would undo, has the keys, and is enabled as it should be.
 QAction* completed(QAction* action, Turn turn) {
     if (action->icon().isNull()) action->setIcon(curvedArrow(turn));
-    // The grid takes the keys itself. In the fields of the head they are the text's own.
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     const auto tell = [action] {
         action->setToolTip(action->text() + u" ("_s + action->shortcut().toString(QKeySequence::NativeText) +
                            u")"_s);

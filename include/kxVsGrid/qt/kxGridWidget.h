@@ -60,7 +60,8 @@ class kxGridWidget : public QWidget {
     const kxGrid& grid() const;
 
     /// A command for menus and toolbars: caption with the name of what it acts on, theme icon, keys, and
-    /// enabled while it can be done. Asking for it looks at the control; the widget keeps it.
+    /// enabled while it can be done. Its keys work in the grid and its editor alone. Asking for it looks at the
+    /// control; the widget keeps it.
     QAction* action(Command command);
 
     // --- The stored settings of the whole grid. Colours are the 32 bits of the control's, as a signed

@@ -17,6 +17,8 @@ QAction* CommandActions::action(Command command) {
         new QAction(QIcon::fromTheme(toQt(iconNameOf(command))), toQt(captionOf(command)), &stage_.widget());
     action->setIconText(action->text());  // a toolbar keeps its width whatever the step is called
     action->setShortcuts(sequencesOf(command));
+    // The grid takes the keys itself; in the text fields beside it they are the text's own.
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     QObject::connect(action, &QAction::triggered, &stage_.widget(),
                      [this, command] { stage_.guarded([&](Input& input) { input.command(command); }); });
     refresh();
