@@ -95,6 +95,12 @@ void Record::fill(RowId row, std::int32_t col, std::uint64_t cells) {
     filled_ = entries_.size() - 1;
 }
 
+/// Of many small records most would be room.
+void Record::finish() {
+    constexpr std::size_t Small = 64;
+    if (entries_.size() < Small) entries_.shrink_to_fit();
+}
+
 std::size_t Record::mark() noexcept {
     filled_ = None;
     return entries_.size();

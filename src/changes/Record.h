@@ -93,6 +93,8 @@ class Record {
     void fill(RowId row, std::int32_t col, std::uint64_t cells);
     void add(AddedRows rows);
     void remove(RemovedRows rows);
+    /// Little will be added to it any more: gives back what it does not need.
+    void finish();
     /// The entries that are there grow no more: their number marks this moment.
     std::size_t mark() noexcept;
     /// What was recorded from the `mark`-th entry on, which this loses.

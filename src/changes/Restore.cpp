@@ -10,6 +10,7 @@ using Kind = Record::Entry::Kind;
 void Restore::run(support::FirstFault& fault) {
     findPassing();
     const auto& entries = record_.entries();
+    targets_.reserve(entries.size());
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
         if (entry->kind == Kind::Added)
             takeAway(record_.added(*entry), fault);
@@ -20,8 +21,9 @@ void Restore::run(support::FirstFault& fault) {
         });
     }
     keepFirst();
-    write(false, fault);
-    write(true, fault);
+    const bool heard = grid_.CellChanged.heard();
+    write(false, heard, fault);
+    if (heard) write(true, heard, fault);
 }
 
 void Restore::findPassing() {
@@ -107,20 +109,24 @@ bool Restore::earlier(const Target& a, const Target& b) {
     return std::tuple(a.row, a.col, b.part) < std::tuple(b.row, b.col, a.part);
 }
 
-/// They were found from the last one to the first: of each slot the last one counts.
+/// They were found from the last one to the first: turned around, the first of each slot counts. Mostly a
+/// step has gone through the cells in order.
 void Restore::keepFirst() {
-    std::stable_sort(targets_.begin(), targets_.end(), earlier);
-    auto kept = targets_.begin();
-    for (auto target = targets_.begin(); target != targets_.end(); ++target) {
-        const auto next = target + 1;
-        if (next == targets_.end() || !sameSlot(*target, *next)) *kept++ = *target;
-    }
-    targets_.erase(kept, targets_.end());
+    std::reverse(targets_.begin(), targets_.end());
+    if (!std::is_sorted(targets_.begin(), targets_.end(), earlier))
+        std::stable_sort(targets_.begin(), targets_.end(), earlier);
+    targets_.erase(std::unique(targets_.begin(), targets_.end(),
+                               [](const Target& a, const Target& b) { return sameSlot(a, b); }),
+                   targets_.end());
 }
 
-void Restore::write(bool again, support::FirstFault& fault) {
+/// Where nobody hears of the writes, a row stays where it is.
+void Restore::write(bool again, bool heard, support::FirstFault& fault) {
+    RowId known = RowId::None;
+    std::int32_t row = -1;
     for (const Target& target : targets_) {
-        const std::int32_t row = grid_.RowOf(target.row);
+        if (heard || target.row != known) row = grid_.RowOf(target.row);
+        known = target.row;
         if (row < 0 || target.col >= grid_.Cols()) continue;
         fault.during([&] {
             if (target.part == CellPart::Tag)

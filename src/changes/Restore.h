@@ -2,7 +2,7 @@
 //
 // From the last change to the first: rows that were added go, rows that were removed come back where their
 // neighbours stand now. Then each cell gets the first of the texts that the record has of it, once, and once
-// more where a handler has written another one meanwhile.
+// more where handlers hear of it, which may have written another one meanwhile.
 #pragma once
 
 #include <cstdint>
@@ -50,7 +50,7 @@ class Restore {
     void bringRowBack(const KeptRow& kept, std::int32_t position, support::FirstFault& fault);
     void dress(std::int32_t row, const KeptCell& cell);
     void keepFirst();
-    void write(bool again, support::FirstFault& fault);
+    void write(bool again, bool heard, support::FirstFault& fault);
     bool passing(RowId id) const { return passing_.contains(id); }
 
     CellGrid& grid_;

@@ -204,6 +204,7 @@ void Steps::keepDone() noexcept {
     if (record.empty() || !whole || !enabled_) return;
     const bool nothingYet = joined_ != 0 && record.entries().size() == joinedEntries_;
     if (nothingYet) record.name = std::move(joinedName_);
+    record.finish();
     try {
         done_.push_back({std::move(record), ++serial_});
         if (nothingYet) prelude_ = serial_;
