@@ -75,7 +75,8 @@ class History {
     /// passed over. What handlers write meanwhile stands, except in cells that are restored.
     /// An open editor is committed first, a refused expression dropped. False, and nothing is done, while
     /// CanUndo() is False, and when the editor's text is refused by a check. What a handler throws comes
-    /// through when all is done.
+    /// through when all is done. Where memory ends in the middle of it the grid stays as far as it came, and
+    /// the history is empty (Forgot).
     bool Undo();
     bool Redo();
     /// False on a grid that is not Editable, and while a step is open.

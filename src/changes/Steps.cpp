@@ -32,7 +32,8 @@ void Steps::listenAsNeeded() {
 
 /// Where a change is to be kept; what was undone cannot be redone after it. None where it is not kept.
 Record* Steps::keeper() noexcept {
-    if (unrecorded_ > 0 || lost_ || forgetsStep_) return nullptr;
+    if (lost_ || forgetsStep_) return nullptr;
+    if (unrecorded_ > (restoring_ ? unrecordedBefore_ : 0)) return nullptr;
     if (restoring_) return &back_;
     undone_.clear();
     if (depth_ > 0) return wanted() ? &current_ : nullptr;
@@ -129,7 +130,9 @@ void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
     support::makeRoom(done_);
     current_ = {};
     joined_ = 0;
-    lost_ = forgetsStep_ = takenBack_ = false;
+    lost_ = forgetsStep_ = false;
+    settledEntries_ = 0;
+    marks_.clear();
     depth_ = 1;
     try {
         listenAsNeeded();
@@ -160,7 +163,8 @@ void Steps::close() {
     }
     const auto kept = owner_.keep();
     FirstFault fault;
-    if (!takenBack_) settle(fault);
+    grid_.TellFilled();
+    settle(fault);
     grid_.TellFilled();
     depth_ = 0;
     grid_.TellStepClosed(current_.name, current_.cause);
@@ -225,7 +229,7 @@ void Steps::trim() noexcept {
 }
 
 void Steps::settle(FirstFault& fault) {
-    if (settlers_.empty() || (current_.empty() && !lost_)) return;
+    if (settlers_.empty() || (current_.entries().size() <= settledEntries_ && !lost_)) return;
     const Told told = toldOf(current_, current_.cause);
     for (std::size_t i = 0; i < settlers_.size(); ++i)
         fault.during([&] {
@@ -242,6 +246,7 @@ void Steps::tellForgot() {
 // --- The host's steps
 
 std::size_t Steps::openHostStep(std::string_view name) {
+    support::makeRoom(marks_);
     ++hostSteps_;
     try {
         open(name, Cause::Code);
@@ -249,7 +254,8 @@ std::size_t Steps::openHostStep(std::string_view name) {
         --hostSteps_;
         throw;
     }
-    return current_.mark();
+    marks_.push_back(current_.mark());
+    return marks_.size() - 1;
 }
 
 void Steps::closeHostStep() {
@@ -257,28 +263,38 @@ void Steps::closeHostStep() {
     close();
 }
 
-bool Steps::takeBack(std::size_t mark) {
+bool Steps::takeBack(std::size_t hostStep) {
     grid_.TellFilled();
-    if (restoring_ || lost_ || forgetsStep_ || depth_ == 0 || mark > current_.entries().size()) return false;
+    if (silent_ || restoring_ || lost_ || forgetsStep_ || depth_ == 0 || hostStep >= marks_.size())
+        return false;
     const auto kept = owner_.keep();
-    undone_.clear();
-    if (mark == 0) takenBack_ = true;
+    const std::size_t mark = marks_[hostStep];
     const Record record = current_.cutFrom(mark);
+    undone_.clear();
+    // Steps that were begun later begin here now.
+    for (std::size_t& other : marks_) other = std::min(other, mark);
     FirstFault fault;
     restore(record, false, fault);
+    grid_.TellFilled();
+    if (mark == 0) settledEntries_ = current_.mark();
     fault.raise();
     return true;
 }
 
 // --- The way back
 
-/// Leaves in `back_` what would take it back.
+/// Leaves in `back_` what would take it back. Where memory ends on the way nobody knows any more what stands
+/// where: it forgets.
 void Steps::restore(const Record& record, bool moves, FirstFault& fault) {
     back_ = {};
+    unrecordedBefore_ = unrecorded_;
     Restore restore(grid_, record);
     {
         FlagSpan restoring(restoring_);
-        restore.run(fault);
+        FirstFault run;
+        run.during([&] { restore.run(run); });
+        if (run.outOfMemory()) failed();
+        fault.during([&] { run.raise(); });
         fault.during([&] { owner_.recalculateAll(); });
         const auto place = restore.place();
         if (moves && place) fault.during([&] { owner_.show(place->first, place->second); });
@@ -352,6 +368,13 @@ void Steps::forget() noexcept {
     prelude_ = 0;
     forgetsStep_ = depth_ > 0 || restoring_;
     if (!forgetsStep_) listen(false);
+}
+
+void Steps::silence() {
+    silent_ = true;
+    settlers_.clear();
+    history.Forgot.disconnectAll();
+    changes.After.disconnectAll();
 }
 
 void Steps::forgetByHost() {

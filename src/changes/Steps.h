@@ -73,9 +73,10 @@ class Steps : private ChangeListener {
     bool restoring() const { return restoring_; }
 
     // --- For those who stand in the public header.
+    /// Answers what takeBack() knows the step by.
     std::size_t openHostStep(std::string_view name);
     void closeHostStep();
-    bool takeBack(std::size_t mark);
+    bool takeBack(std::size_t hostStep);
     void beginUnrecorded() {
         grid_.TellFilled();
         ++unrecorded_;
@@ -96,6 +97,8 @@ class Steps : private ChangeListener {
     void enable(bool enabled);
     void forget() noexcept;
     void forgetByHost();
+    /// The control has gone, perhaps in a listener of what is going on here: nobody is told or asked any more.
+    void silence();
     void addSettler(Changes::Settler settler) {
         grid_.TellFilled();
         settlers_.push_back(std::move(settler));
@@ -170,6 +173,9 @@ class Steps : private ChangeListener {
     int depth_ = 0;      ///< steps that are open, one in the other
     int hostSteps_ = 0;  ///< of them those that the host may take back
     int unrecorded_ = 0;
+    int unrecordedBefore_ = 0;        ///< so many of them began before what is being restored
+    std::vector<std::size_t> marks_;  ///< entries that were there when the host's steps began
+    std::size_t settledEntries_ = 0;  ///< left by a step that was taken back; no settler is called for them
     std::size_t limit_ = std::size_t{64} << 20;
     std::uint64_t serial_ = 0;
     std::uint64_t serialAtOpening_ = 0;
@@ -178,9 +184,9 @@ class Steps : private ChangeListener {
     std::size_t joinedEntries_ = 0;  ///< so long it was
     std::string joinedName_;         ///< and so it was called
     bool enabled_ = true;
+    bool silent_ = false;
     bool listening_ = false;
     bool restoring_ = false;
-    bool takenBack_ = false;      ///< the open step from its beginning on
     bool lost_ = false;           ///< what is being recorded could not be kept
     bool forgetsStep_ = false;    ///< and shall not
     bool forgot_ = false;         ///< to be told when the step is done

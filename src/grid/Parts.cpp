@@ -43,6 +43,10 @@ void kxGrid::Parts::controlGone() {
     host.controlGone();
     main.silence();
     sums.silence();
+    steps.silence();
+    commands.face.Changed.disconnectAll();
+    options.RowInUse.disconnectAll();
+    options.LookChanged.disconnectAll();
 }
 
 void kxGrid::Parts::connectMoves() {

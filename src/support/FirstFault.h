@@ -2,6 +2,7 @@
 #pragma once
 
 #include <exception>
+#include <new>
 
 namespace kxVsGrid::support {
 
@@ -19,6 +20,17 @@ class FirstFault {
     /// Throws what it has kept, if anything.
     void raise() const {
         if (fault_) std::rethrow_exception(fault_);
+    }
+
+    bool outOfMemory() const {
+        try {
+            raise();
+        } catch (const std::bad_alloc&) {
+            return true;
+        } catch (...) {
+            return false;
+        }
+        return false;
     }
 
   private:
