@@ -44,6 +44,18 @@ TEST(UndoActions, LeaveTheirKeysToAnotherFieldOfTheWindow) {
     EXPECT_EQ(w.text(3, Code), "a");
 }
 
+TEST(UndoActions, LeaveCtrlYToAnotherFieldOfTheWindow) {
+    WindowWithActions w;
+    w.keyed(3, Code, "a");
+    w.undo->trigger();
+    w.before->setFocus();
+    w.type("xy");
+    w.ctrlZ();
+    w.press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(w.text(3, Code), "");
+    EXPECT_EQ(w.before->text(), "xy");
+}
+
 TEST(UndoActions, WorkFromAToolBarWhileAnotherFieldHasTheKeyboard) {
     WindowWithActions w;
     w.keyed(3, Code, "a");
