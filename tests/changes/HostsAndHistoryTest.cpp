@@ -437,6 +437,29 @@ TEST_F(HistoryBesideAHost, GoesOnWhenAHandlerInsertsAndRemovesRowsMeanwhile) {
     EXPECT_EQ(vs().Rows(), rows);
 }
 
+TEST_F(HistoryBesideAHost, CountsNoRowAsUsedForDefaultsThatCameBack) {
+    column(3).sDefaultText_Name("default");
+    grid.Options().FillsToLastLine(true);
+    key(1, 2, "5");
+    vs().Select(4, 2);
+    ASSERT_EQ(text(4, 3), "default");
+    const auto filled = [this] {
+        vs().Select(1, 2);
+        desk.onPopup([](headless::PoppedMenu& menu) { menu.choose("填充列", "序列方式填充"); });
+        desk.rightClick(0, 1);
+        desk.onPopup({});
+        return text(4, 2);
+    };
+    EXPECT_EQ(filled(), "");
+    history().Undo();
+    history().Redo();
+    EXPECT_EQ(filled(), "");
+    removesRow(4);
+    history().Undo();
+    ASSERT_EQ(text(4, 3), "default");
+    EXPECT_EQ(filled(), "");
+}
+
 // --- What the host is told
 
 TEST_F(HistoryBesideAHost, RaisesAsManyCellChangedAsCellsChangeAndAsksNobody) {

@@ -10,8 +10,8 @@
 namespace kxVsGrid::qt {
 
 QAction* CommandActions::action(Command command) {
-    QAction*& action = actions_[command];
-    if (action != nullptr) return action;
+    QPointer<QAction>& action = actions_[command];
+    if (action) return action;
     if (!changes_.connected()) changes_ = stage_.grid().Commands().Changed.connect([this] { refresh(); });
     action =
         new QAction(QIcon::fromTheme(toQt(iconNameOf(command))), toQt(captionOf(command)), &stage_.widget());
@@ -27,7 +27,9 @@ QAction* CommandActions::action(Command command) {
 
 void CommandActions::refresh() {
     for (const auto& [command, action] : actions_) {
-        action->setText(toQt(stage_.grid().Commands().Caption(command)));
+        if (!action) continue;
+        // A step's name marks no letter of the menu's.
+        action->setText(toQt(stage_.grid().Commands().Caption(command)).replace(u'&', QStringLiteral("&&")));
         action->setEnabled(stage_.grid().CanRun(command));
     }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAction>
+#include <QPointer>
 #include <map>
 
 #include "kxVsGrid/Command.h"
@@ -15,14 +16,14 @@ class CommandActions {
   public:
     explicit CommandActions(Stage& stage) : stage_(stage) {}
 
-    /// Made when first asked for; the widget's child.
+    /// Made when first asked for, and again when it was deleted; the widget's child.
     QAction* action(Command command);
     /// Captions and states follow the control.
     void refresh();
 
   private:
     Stage& stage_;
-    std::map<Command, QAction*> actions_;
+    std::map<Command, QPointer<QAction>> actions_;  ///< a host may delete them
     ScopedConnection changes_;
 };
 }  // namespace kxVsGrid::qt
