@@ -85,7 +85,7 @@ class RandomLog : public RandomClerk {
     int empties = 0;
 };
 
-TEST_F(RandomLog, AgreesWithAFullCopyOfWhatWasSaved) {
+TEST_P(RandomLog, AgreesWithAFullCopyOfWhatWasSaved) {
     for (int n = 0; n < 10'000; ++n) {
         act();
         if (!HasFailure()) compare();
@@ -96,5 +96,6 @@ TEST_F(RandomLog, AgreesWithAFullCopyOfWhatWasSaved) {
     }
     EXPECT_GT(empties, 20);
 }
+INSTANTIATE_TEST_SUITE_P(HeardOrNot, RandomLog, ::testing::Bool());
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -75,6 +75,91 @@ TEST_F(HistoryOfAGrid, HoldsWhatTheHostWritesInACommitAsPartOfIt) {
     EXPECT_EQ(tag(1, 3), "tag");
 }
 
+/// A grid whose writes nobody hears of one by one.
+class HistoryOfAFill : public ::testing::Test {
+  protected:
+    HistoryOfAFill() {
+        grid.Cols(40);
+        grid.Rows(6);
+        for (std::int32_t row = 1; row < 6; ++row) grid.SetCell(row, 1, "line");
+        grid.Changes().Saved();
+    }
+    /// The columns of a row that hold a text or a tag, and which of the two.
+    std::string held(std::int32_t row) {
+        std::string found;
+        for (std::int32_t col = 2; col < 40; ++col) {
+            if (!grid.Grid().Text(row, col).empty()) found += std::to_string(col) + " ";
+            if (!grid.Grid().Data(row, col).empty()) found += std::to_string(col) + "tag ";
+        }
+        return found;
+    }
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+};
+
+TEST_F(HistoryOfAFill, TakesBackWhatWasFilledAndNothingElse) {
+    {
+        auto step = grid.Step("fill");
+        for (const std::int32_t col : {3, 38, 2}) grid.SetCell(2, col, "x", "tag");
+        {
+            const auto span = grid.Unrecorded();
+            grid.SetCell(2, 4, "stays");
+        }
+        grid.SetCell(2, 5, "y");
+        grid.SetCell(3, 2, "z");
+    }
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_EQ(held(2), "4 ");
+    EXPECT_EQ(held(3), "");
+    EXPECT_EQ(grid.Grid().Row(), 2);
+    EXPECT_EQ(grid.Grid().Col(), 3);
+    EXPECT_EQ(grid.Changes().Changed().size(), 1U);
+    EXPECT_TRUE(grid.History().Redo());
+    EXPECT_EQ(held(2), "2 2tag 3 3tag 4 5 38 38tag ");
+    EXPECT_EQ(grid.Changes().Changed().size(), 2U);
+}
+
+TEST_F(HistoryOfAFill, PartsWhatStepsFillInOneRow) {
+    auto outer = grid.Step("outer");
+    grid.SetCell(2, 2, "outer");
+    auto inner = grid.Step("inner");
+    grid.SetCell(2, 3, "inner");
+    ASSERT_TRUE(inner.takeBack());
+    EXPECT_EQ(held(2), "2 ");
+    inner.close();
+    grid.SetCell(2, 4, "outer");
+    outer.close();
+    {
+        auto next = grid.Step("next");
+        grid.SetCell(2, 5, "next");
+    }
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_EQ(held(2), "2 4 ");
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_EQ(held(2), "");
+}
+
+TEST_F(HistoryOfAFill, KnowsAtOnceThatNothingCanBeRedoneAnyMore) {
+    {
+        auto step = grid.Step("first");
+        grid.SetCell(2, 2, "x");
+        grid.SetCell(2, 2, "y");
+        grid.SetCell(2, 3, "z");
+    }
+    {
+        auto step = grid.Step("second");
+        grid.SetCell(3, 2, "x");
+    }
+    ASSERT_TRUE(grid.History().Undo());
+    grid.SetCell(3, 3, "written outside of steps");
+    EXPECT_FALSE(grid.History().CanRedo());
+    EXPECT_EQ(grid.History().UndoName(), "first");
+    grid.Grid().InsertRow(1);
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_EQ(held(1) + held(2) + held(3), "");
+    EXPECT_TRUE(grid.Changes().empty());
+}
+
 TEST_F(HistoryOfAGrid, GivesBackTheNumberThatARefusedExpressionHasEmptied) {
     key(1, 2, "12");
     typeInto(1, 2, "19x5");
