@@ -154,6 +154,8 @@ class CellGrid {
     /// text there. Not stored, no CellChanged. Nothing without a fixed column; the numbers end when the last
     /// fixed column does.
     void NumberRows();
+    /// A row number shows again where code had written the empty text over it; not stored, no CellChanged.
+    void ShowRowNumber(std::int32_t row);
     /// The sum of the leading numbers of the displayed texts of a column's data rows, added up in row order
     /// in a double. Numbers once read are remembered until their cell changes.
     double ColumnSum(std::int32_t col) const;

@@ -185,6 +185,10 @@ void CellGrid::ComputedText(std::int32_t row, std::int32_t col, std::function<st
 void CellGrid::NumberRows() {
     if (FixedCols() > 0) impl_->numberRows();
 }
+void CellGrid::ShowRowNumber(std::int32_t row) {
+    impl_->requireRow("ShowRowNumber", row);
+    if (Cols() > 0) impl_->showRowNumber(row);
+}
 double CellGrid::ColumnSum(std::int32_t col) const {
     impl_->requireCol("ColumnSum", col);
     return impl_->store.sum(col);

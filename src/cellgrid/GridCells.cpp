@@ -81,6 +81,13 @@ void CellGrid::Impl::numberRows() {
     damage.addAll();
 }
 
+void CellGrid::Impl::showRowNumber(std::int32_t row) {
+    contentWillChange(0);
+    if (!store.showRowNumber(row)) return;
+    tellShown(0);
+    damageCell(row, 0);
+}
+
 void CellGrid::Impl::told(std::int32_t row, std::int32_t col, Effect effect) {
     if (effect == Effect::Nothing) return;
     if (!damage.all()) damageCell(row, col);

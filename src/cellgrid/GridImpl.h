@@ -43,6 +43,7 @@ struct CellGrid::Impl {
     void tellWritten(std::int32_t row, std::int32_t col, cellgrid::CellStore::Effect effect,
                      const cellgrid::CellStore::Replaced& before, std::string_view after);
     void numberRows();
+    void showRowNumber(std::int32_t row);
     void setComputed(std::int32_t row, std::int32_t col, std::function<std::string()> compute);
     void tellShown(std::int32_t col) {
         tellStream([col](ChangeListener& one) { one.shown(col); });

@@ -50,6 +50,7 @@ class Restore {
     void bringRowBack(const KeptRow& kept, std::int32_t position, support::FirstFault& fault);
     void dress(std::int32_t row, const KeptCell& cell);
     void keepFirst();
+    void writeText(std::int32_t row, const Target& target);
     void write(bool again, bool heard, support::FirstFault& fault);
     bool passing(RowId id) const { return passing_.contains(id); }
 

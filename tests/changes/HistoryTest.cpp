@@ -283,6 +283,18 @@ TEST_F(HistoryOfAGrid, UndoesAMovesDefaultTextsAndFillsNoneItself) {
     EXPECT_EQ(vs().Row(), 3);
 }
 
+TEST_F(HistoryOfAGrid, ShowsTheRowNumberAgainThatATextHasStoodOver) {
+    vs().NumberRows();
+    {
+        const auto step = grid.Step("标记");
+        vs().Text(2, 0, "*");
+    }
+    EXPECT_TRUE(history().Undo());
+    EXPECT_EQ(text(2, 0), "2");
+    EXPECT_TRUE(history().Redo());
+    EXPECT_EQ(text(2, 0), "*");
+}
+
 TEST_F(HistoryOfAGrid, EndsTheRedoWithTheNextWrite) {
     key(1, 1, "a");
     key(2, 1, "b");

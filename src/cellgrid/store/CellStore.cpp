@@ -280,6 +280,14 @@ void CellStore::numberRows() {
     });
 }
 
+bool CellStore::showRowNumber(std::int32_t row) {
+    if (!numbered_ || textSlot(row, 0) != slot::WrittenEmpty) return false;
+    GridColumn& c = column(0);
+    const RowHandle handle = order_.handle(row);
+    putTextSlot(c, *c.cells.find(handle), handle, slot::Empty);
+    return true;
+}
+
 void CellStore::endRowNumbers() {
     numbered_ = false;
     if (cols() > 0) column(0).numbers.reset();

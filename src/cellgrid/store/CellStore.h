@@ -165,6 +165,8 @@ class CellStore {
     /// From now on column 0 answers the numbers of the data rows where no text is stored; those stored in
     /// data rows are dropped.
     void numberRows();
+    /// Answers whether an empty text stood over the row's number, which shows again.
+    bool showRowNumber(std::int32_t row);
     /// visit(row) for the data rows whose text in the column was written; it may empty that text.
     template <class Visit>
     void forEachDataText(std::int32_t col, Visit visit) const {
