@@ -139,11 +139,10 @@ void Restore::write(bool again, bool heard, support::FirstFault& fault) {
 
 /// The stream takes a row's number for no text: what stood over it makes way for it again.
 void Restore::writeText(std::int32_t row, const Target& target) {
-    const RowId id = grid_.IdOf(row);
     grid_.Text(row, target.col, target.text);
     if (target.col != 0 || !target.text.empty()) return;
-    const std::int32_t now = grid_.RowOf(id);
-    if (now >= 0 && now < grid_.Rows() && grid_.Text(now, 0).empty()) grid_.ShowRowNumber(now);
+    const std::int32_t now = grid_.RowOf(target.row);
+    if (now >= 0 && grid_.Text(now, 0).empty()) grid_.ShowRowNumber(now);
 }
 
 bool Restore::restores(RowId row, std::int32_t col, CellPart part) const {
