@@ -152,10 +152,10 @@ void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int
 
 /// Texts and rows keep their places in what is cut off.
 Record Record::cutFrom(std::size_t mark) {
+    filled_ = None;
     Record cut = *this;
     cut.entries_.erase(cut.entries_.begin(), cut.entries_.begin() + static_cast<std::ptrdiff_t>(mark));
     entries_.resize(mark);
-    filled_ = None;
     return cut;
 }
 }  // namespace kxVsGrid::changes
