@@ -53,11 +53,12 @@ std::string draftOf(std::string_view input) {
         return true;
     });
     draft.begin("key", "version");
-    std::uint64_t number = 1;
+    changes::DraftPlace place{
+        1, changes::readLine(std::string_view(bytes).substr(1, bytes.size() - 2), 0)->checksum};
     while (!input.empty()) {
         const std::size_t end = input.find('\n');
         const std::string_view fields = input.substr(0, end);
-        if (!fields.empty() && !namesManyRows(fields)) changes::appendLine(bytes, ++number, fields);
+        if (!fields.empty() && !namesManyRows(fields)) changes::appendLine(bytes, place, fields);
         input.remove_prefix(end == std::string_view::npos ? input.size() : end + 1);
     }
     return bytes;

@@ -114,6 +114,8 @@ class CellGrid {
     /// Puts the data right where an event has failed in the middle of a pair: back, where the text could not
     /// follow, or in, where it has. Raises no CellChanged: the routine has ended with the failure.
     void RestoreData(std::int32_t row, std::int32_t col, std::string_view data);
+    /// The same for the text, also where a whole state is put back and its texts follow from nothing.
+    void RestoreText(std::int32_t row, std::int32_t col, std::string_view text);
     /// Writes the cell's data, then its text: the same as the two calls, in less time. False, and nothing is
     /// written, when the grid has no such cell; when a listener of the first takes the cell away, the text is
     /// not written. Where memory runs out both are the old ones or both the new ones, whatever the listeners
@@ -358,6 +360,8 @@ class CellGrid {
     /// Tells the listeners of a step of changes, which somebody else keeps track of.
     void TellStepOpened(std::string_view name, Cause cause);
     void TellStepClosed(std::string_view name, Cause cause);
+    /// A step was told as opened, and not as closed.
+    bool StepOpen() const;
     /// Raises nothing any more, for an owner that is destroyed while the grid is still at work.
     void silence();
 

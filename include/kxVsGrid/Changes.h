@@ -81,6 +81,7 @@ class History {
     bool Redo();
     /// False on a grid that is not Editable, and while a step is open.
     bool CanUndo() const;
+    /// The same; also False over a text that is being typed.
     bool CanRedo() const;
     /// The step's name, for menus; empty when there is none.
     std::string UndoName() const;

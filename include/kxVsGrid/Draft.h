@@ -41,7 +41,9 @@ class DraftWriter;
 class Draft {
   public:
     /// Keeps the bytes behind those that it was given before. False when they could not be kept, or not all of
-    /// them: they are given again with the next, and nobody else waits. What it throws counts as False.
+    /// them: they are given again, as long as it is little as the next step closes, else by flush(),
+    /// writeSlice() or put(). What it throws counts as False. It is called while a step closes: it may neither
+    /// write to the grid nor end the draft.
     using Sink = std::function<bool(std::string_view bytes)>;
 
     /// The grid must outlive it.
@@ -57,9 +59,10 @@ class Draft {
     /// What the host has beside the grid, by name; the last one holds. Given away at once.
     void put(std::string_view name, std::string_view bytes);
     /// Gives some more of what the grid holds away; a slice takes about as long as a key press may. False when
-    /// all of it has been given, and while a step is open.
+    /// all of it has been given, while the sink keeps nothing, and while a step is open.
     bool writeSlice();
-    /// Gives away what was written outside of steps, and what the sink could not keep.
+    /// Gives away what was written outside of steps, and what the sink could not keep. Where lines could not be
+    /// noted for want of memory, or columns have changed, this may be the whole grid.
     void flush();
     /// Nothing is recorded any more until begin().
     void end();
@@ -70,7 +73,7 @@ class Draft {
     /// The sink has kept all that it was given.
     bool kept() const;
     /// The draft anew and in one piece, as short as it can be: a sink whose file has grown too long puts this in
-    /// place of it. False, and nothing has been given, while a step is open or nothing was begun.
+    /// place of it. False while a step is open, when nothing was begun, and when `into` has not kept it.
     bool rewrite(const Sink& into);
     /// How many bytes that took, or the first snapshot did.
     std::size_t contentBytes() const;
@@ -101,9 +104,11 @@ DraftInfo lookAtDraft(std::string_view bytes);
 
 /// Puts a grid into the state after the last whole step of a draft. `document`: the grid holds the document in
 /// the version that the draft began with; only then a draft that is not whole() can be recovered, and rows that
-/// are still there keep their ids. Otherwise all data rows are replaced. The number of columns and their captions
-/// have to be those of the draft: else, as with bytes that are no draft, the answer says why in `refusal`, and
-/// nothing has changed. Cells that differ are written, so that CellChanged tells of each; what handlers make of
-/// other cells is put right.
-DraftInfo recoverDraft(CellGrid& grid, std::string_view bytes, bool document);
+/// are still there keep their ids (a row that was removed and brought back counts as another one). Otherwise all
+/// data rows are replaced. The fixed rows, the number of columns and their captions have to be those of the
+/// draft: else, as with bytes that are no draft, the answer says why in `refusal`, and nothing has changed.
+/// Cells that differ are written without CellChanged: what follows from them was kept with them. `before` is
+/// called when nothing refuses it, before anything changes.
+DraftInfo recoverDraft(CellGrid& grid, std::string_view bytes, bool document,
+                       const std::function<void()>& before = {});
 }  // namespace kxVsGrid

@@ -76,8 +76,8 @@ class kxGrid : public GridEvents {
     [[nodiscard]] UnrecordedSpan Unrecorded();
 
     /// Puts the control into the state that a draft of it has kept (Draft.h; recoverDraft says what `document`
-    /// is and when it refuses). What is being typed is dropped, the totals are made anew, and nothing of it
-    /// can be undone; Changes() counts it as changed since Saved().
+    /// is and when it refuses). What is being typed is dropped, and nothing of it can be undone. Totals, row
+    /// numbers and colours are made anew, bIsDirty is True, and Changes() counts it as changed since Saved().
     DraftInfo Recover(std::string_view draft, bool document);
 
     // --- Commands (Command.h).

@@ -46,10 +46,15 @@ void CellGrid::TellFilled() {
     impl_->listeners.tellFilled();
 }
 void CellGrid::TellStepOpened(std::string_view name, Cause cause) {
+    impl_->stepOpen = true;
     impl_->tellStream([&](ChangeListener& one) { one.stepOpened(name, cause); });
 }
 void CellGrid::TellStepClosed(std::string_view name, Cause cause) {
+    impl_->stepOpen = false;
     impl_->tellStream([&](ChangeListener& one) { one.stepClosed(name, cause); });
+}
+bool CellGrid::StepOpen() const {
+    return impl_->stepOpen;
 }
 void CellGrid::ForEachCell(std::int32_t firstRow, std::int32_t lastRow, const CellVisitor& visit) const {
     if (lastRow < firstRow) return;

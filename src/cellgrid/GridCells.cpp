@@ -170,6 +170,12 @@ void CellGrid::RestoreData(std::int32_t row, std::int32_t col, std::string_view 
     impl_->storeTag(row, col, data);
 }
 
+void CellGrid::RestoreText(std::int32_t row, std::int32_t col, std::string_view text) {
+    impl_->requireCell("RestoreText", row, col);
+    if (impl_->forewarn(row, col, text) && impl_->storeText(row, col, text) != Effect::Nothing)
+        impl_->damageCell(row, col);
+}
+
 bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data) {
     Impl& impl = *impl_;
     if (!impl.holds(row, col)) return false;

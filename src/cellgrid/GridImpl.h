@@ -200,6 +200,7 @@ struct CellGrid::Impl {
     bool showCursor = true;
     bool selectsRows = false;
 
+    bool stepOpen = false;  ///< told as opened (CellGrid::TellStepOpened)
     bool there = true;  ///< the grid, or somebody to hear of it; what goes on after an event asks
 
   private:

@@ -1,7 +1,9 @@
 // What the lines of a draft hold, by their first field.
 //
-//     B format again key version rows fixedRows cols caption...   it begins; `again`: in place of what stands
-//                                                                  before it, once it is whole
+//     B format again key version rows fixedRows cols caption...   it begins, with so many rows; `again`: in place
+//                                                                  of what stands before it, once it is whole
+//     R steps lastStep {a at count | r at count}...                what has become of the rows since, in a draft
+//                                                                  that was written anew, and how many steps it was
 //     S first count {row col text tag}...                          all that these rows hold
 //     E                                                            the last row has been given
 //     P name bytes                                                 what the host has beside the grid

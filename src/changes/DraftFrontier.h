@@ -17,10 +17,6 @@ class DraftFrontier {
         if (at < row_) row_ += count;
     }
     void removing(std::int32_t at, std::int32_t count) { row_ -= std::clamp(row_ - at, 0, count); }
-    /// Rows [first, first + count) have changed places: those from the first on are given once more.
-    void reordered(std::int32_t first, std::int32_t count) {
-        if (first + count > row_) row_ = std::min(row_, first);
-    }
 
   private:
     std::int32_t row_ = 0;

@@ -20,9 +20,12 @@ void appendChecksum(std::string& out, std::uint32_t sum) {
     for (int shift = 28; shift >= 0; shift -= 4) out += Digits[(sum >> shift) & 0xF];
 }
 
-/// Of a line as it would be without its checksum.
-std::uint32_t checksumOf(std::string_view number, std::string_view fields) {
-    return support::checksum(fields, support::checksum(" ", support::checksum(number)));
+constexpr std::uint64_t HeaderNumber = 1;
+
+std::uint32_t checksumOf(std::uint64_t number, std::string_view digits, std::string_view fields,
+                         std::uint32_t header) {
+    const std::uint32_t before = number == HeaderNumber ? 0 : header;
+    return support::checksum(fields, support::checksum(" ", support::checksum(digits, before)));
 }
 
 template <class Number>
@@ -57,18 +60,22 @@ void appendField(std::string& fields, std::int64_t number) {
     appendNumber(fields, number);
 }
 
-void appendLine(std::string& out, std::uint64_t number, std::string_view fields) {
+void appendLine(std::string& out, DraftPlace& place, std::string_view fields) {
+    const std::uint64_t number = place.number + 1;
     std::string digits;
     appendNumber(digits, static_cast<std::int64_t>(number));
+    const std::uint32_t sum = checksumOf(number, digits, fields, place.checksum);
     out += digits;
     out += ' ';
-    appendChecksum(out, checksumOf(digits, fields));
+    appendChecksum(out, sum);
     out += ' ';
     out += fields;
     out += '\n';
+    place.number = number;
+    if (number == HeaderNumber) place.checksum = sum;
 }
 
-std::optional<DraftLine> readLine(std::string_view line) {
+std::optional<DraftLine> readLine(std::string_view line, std::uint32_t header) {
     const std::size_t space = line.find(' ');
     if (space == std::string_view::npos || line.size() < space + 1 + ChecksumDigits + 1) return {};
     const std::string_view number = line.substr(0, space);
@@ -76,9 +83,8 @@ std::optional<DraftLine> readLine(std::string_view line) {
     const std::string_view fields = line.substr(space + 1 + ChecksumDigits + 1);
     if (line[space + 1 + ChecksumDigits] != ' ') return {};
     DraftLine read;
-    std::uint32_t stated = 0;
-    if (!readAll(number, read.number) || !readAll(sum, stated, 16)) return {};
-    if (stated != checksumOf(number, fields)) return {};
+    if (!readAll(number, read.number) || !readAll(sum, read.checksum, 16)) return {};
+    if (read.checksum != checksumOf(read.number, number, fields, header)) return {};
     read.fields = fields;
     return read;
 }

@@ -2,8 +2,9 @@
 //
 //     17 3f2a91c0 T\t录入\t0\tw\t5\t2\t12.5
 //
-// Numbers count up from 1 without gaps. The checksum is that of the number and of what follows it. Fields are
-// separated by tabs; a backslash stands before what would be taken for the end of a field or a line.
+// Numbers count up from 1, the header's, without gaps. The checksum is that of the number and the fields; behind
+// the header it goes on from the header's checksum, so that no line fits another draft. Fields are separated by
+// tabs; a backslash stands before what would be taken for the end of a field or a line.
 #pragma once
 
 #include <cstddef>
@@ -17,15 +18,24 @@ namespace kxVsGrid::changes {
 /// Appends a field, with the tab before it.
 void appendField(std::string& fields, std::string_view text);
 void appendField(std::string& fields, std::int64_t number);
-/// Appends the whole line. `fields` begins with the letter that says what the line is.
-void appendLine(std::string& out, std::uint64_t number, std::string_view fields);
+
+/// Where the lines of one draft have come to.
+struct DraftPlace {
+    std::uint64_t number = 0;    ///< of the last line
+    std::uint32_t checksum = 0;  ///< the header's
+};
+/// Appends the line behind `place`, which moves on when that has been done. `fields` begins with the letter that
+/// says what the line is.
+void appendLine(std::string& out, DraftPlace& place, std::string_view fields);
 
 struct DraftLine {
     std::uint64_t number = 0;
     std::string_view fields;
+    std::uint32_t checksum = 0;
 };
-/// A line without its end; nothing when it is torn or altered.
-std::optional<DraftLine> readLine(std::string_view line);
+/// A line without its end, of the draft whose header has this checksum, or a header; nothing when it is torn or
+/// altered.
+std::optional<DraftLine> readLine(std::string_view line, std::uint32_t header);
 
 /// The fields of a line, one after the other. Reading past the end, or a number that is none or out of its
 /// range, gives 0 and makes good() False for good.

@@ -8,48 +8,53 @@
 namespace kxVsGrid::changes {
 namespace {
 
-/// What the changes of a step lead to: the count of rows, and the table where there is one.
+constexpr std::int32_t AnyNumber = std::numeric_limits<std::int32_t>::max();
+
+/// What the changes of a line are for: tried with neither rows nor table, for the count alone, they change
+/// nothing.
 struct Target {
-    std::int32_t rows;
+    std::int32_t count;  ///< of rows
     std::int32_t fixedRows;
     std::int32_t cols;
-    DraftFrontier given;
+    DraftRows* rows;
     DraftTable* table;
 };
 
-bool readWrite(FieldReader& fields, Target& target, CellPart part) {
-    const std::int32_t row = fields.number(target.fixedRows, target.rows - 1);
+bool readWrite(FieldReader& fields, const Target& target, CellPart part) {
+    const std::int32_t row = fields.number(target.fixedRows, target.count - 1);
     const std::int32_t col = fields.number(0, target.cols - 1);
     const std::string_view text = fields.text();
-    if (fields.good() && target.table) target.table->write(row, col, part, text);
+    if (fields.good() && target.table) target.table->write(*target.rows, row, col, part, text);
     return fields.good();
 }
 
 bool readAdding(FieldReader& fields, Target& target) {
-    const std::int32_t at = fields.number(target.fixedRows, target.rows);
-    const std::int32_t count = fields.number(1, CellGrid::MaxRows - target.rows);
+    const std::int32_t at = fields.number(target.fixedRows, target.count);
+    const std::int32_t count = fields.number(1, CellGrid::MaxRows - target.count);
     if (!fields.good()) return false;
-    target.rows += count;
-    target.given.added(at, count);
+    target.count += count;
+    if (target.rows) target.rows->add(at, count);
     if (target.table) target.table->add(at, count);
     return true;
 }
 
 bool readRemoving(FieldReader& fields, Target& target) {
-    const std::int32_t at = fields.number(target.fixedRows, target.rows - 1);
-    const std::int32_t count = fields.number(1, target.rows - at);
+    const std::int32_t at = fields.number(target.fixedRows, target.count - 1);
+    const std::int32_t count = fields.number(1, target.count - at);
     if (!fields.good()) return false;
-    target.rows -= count;
-    target.given.removing(at, count);
+    target.count -= count;
+    if (target.rows) target.rows->remove(at, count);
     if (target.table) target.table->remove(at, count);
     return true;
 }
 
-bool readClearing(FieldReader& fields, Target& target) {
-    const std::int32_t first = fields.number(0, target.rows - 1);
-    const std::int32_t last = fields.number(first, target.rows - 1);
-    if (fields.good() && target.table) target.table->clear(first, last);
-    return fields.good();
+bool readClearing(FieldReader& fields, const Target& target) {
+    const std::int32_t first = fields.number(0, target.count - 1);
+    const std::int32_t last = fields.number(first, target.count - 1);
+    if (!fields.good()) return false;
+    if (target.rows) target.rows->know(first, last - first + 1);
+    if (target.table) target.table->clear(first, last);
+    return true;
 }
 
 bool readChange(FieldReader& fields, Target& target) {
@@ -61,16 +66,29 @@ bool readChange(FieldReader& fields, Target& target) {
     return kind == "c" && readClearing(fields, target);
 }
 
-bool readCells(FieldReader& fields, std::int32_t first, std::int32_t count, std::int32_t cols,
-               DraftTable* table) {
+bool readChanges(FieldReader fields, Target target) {
+    while (fields.good() && !fields.atEnd())
+        if (!readChange(fields, target)) return false;
+    return fields.good();
+}
+
+/// Nothing has changed when one of them is wrong.
+bool readChanges(const FieldReader& fields, DraftRows& rows, std::int32_t cols, DraftTable* table) {
+    const Target trial{rows.count(), rows.fixed(), cols, nullptr, nullptr};
+    return readChanges(fields, trial) &&
+           readChanges(fields, Target{rows.count(), rows.fixed(), cols, &rows, table});
+}
+
+bool readCells(FieldReader fields, std::int32_t first, std::int32_t count, std::int32_t cols,
+               const DraftRows& rows, DraftTable* table) {
     while (fields.good() && !fields.atEnd()) {
         const std::int32_t row = fields.number(first, first + count - 1);
         const std::int32_t col = fields.number(0, cols - 1);
         const std::string text(fields.text());
         const std::string_view tag = fields.text();
         if (!fields.good() || !table) continue;
-        table->write(row, col, CellPart::Text, text);
-        table->write(row, col, CellPart::Tag, tag);
+        table->write(rows, row, col, CellPart::Text, text);
+        table->write(rows, row, col, CellPart::Tag, tag);
     }
     return fields.good();
 }
@@ -87,125 +105,155 @@ DraftReader::DraftReader(std::string_view bytes, bool makesTable) : makesTable_(
     finish();
 }
 
+// --- Lines
+
 void DraftReader::take(std::string_view line, std::size_t at, bool ended) {
     if (line.empty()) return;
-    const auto read = ended ? readLine(line) : std::nullopt;
-    if (read && use(*read)) {
-        badLines_ = 0;
-        return;
-    }
-    if (badLines_++ == 0) badAt_ = at;
-    tornAtEnd_ = !ended;
+    const auto read = ended ? readLine(line, draft_.place.checksum) : std::nullopt;
+    const Use used = read ? use(*read) : Use::Bad;
+    if (used == Use::Good) draft_.badLines = 0;
+    if (used != Use::Bad) return;
+    if (draft_.badLines++ == 0) draft_.badAt = at;
+    draft_.torn = !ended;
 }
 
-bool DraftReader::use(const DraftLine& line) {
+DraftReader::Use DraftReader::use(const DraftLine& line) {
     FieldReader fields(line.fields);
     const std::string kind(fields.text());
-    if (kind == "B" && line.number == 1) return begin(fields);
-    if (!began_ || line.number > draft_.lines + 1) return false;
-    if (line.number <= draft_.lines) return true;  // given once more
-    if (!useOne(kind, fields)) return false;
-    draft_.lines = line.number;
-    return true;
+    if (line.number == 1) {
+        const bool again = line.checksum == draft_.place.checksum && draft_.place.number > 0;
+        if (again) return Use::Again;
+        closed_ = kind != "B" || !begin(fields, line);
+        return closed_ ? Use::Bad : Use::Good;
+    }
+    if (closed_ || draft_.place.number == 0 || line.number > draft_.place.number + 1) return Use::Bad;
+    if (line.number <= draft_.place.number) return Use::Again;
+    if (!useOne(kind, fields)) return Use::Bad;
+    draft_.place.number = line.number;
+    return Use::Good;
 }
 
-bool DraftReader::begin(FieldReader& fields) {
-    constexpr std::int32_t AnyFormat = std::numeric_limits<std::int32_t>::max();
-    const std::int32_t format = fields.number(1, AnyFormat);
+bool DraftReader::begin(FieldReader& fields, const DraftLine& line) {
+    const std::int32_t format = fields.number(1, AnyNumber);
     if (fields.good() && format != DraftFormat) otherFormat_ = format;
     if (format != DraftFormat) return false;
     OneDraft next;
-    next.again = fields.number(0, 1) != 0;
+    const bool again = fields.number(0, 1) != 0;
     next.info.key = fields.text();
     next.info.version = fields.text();
-    next.rows = next.info.rows = fields.number(0, CellGrid::MaxRows);
-    next.fixedRows = fields.number(0, next.rows);
+    next.overDocument = fields.number(0, 1) != 0;
+    next.info.rows = fields.number(0, CellGrid::MaxRows);
+    next.rows = DraftRows(next.info.rows, fields.number(0, next.info.rows));
     next.cols = fields.number(0, CellGrid::MaxCols);
     for (std::int32_t col = 0; fields.good() && col < next.cols; ++col)
         next.info.captions.emplace_back(fields.text());
     if (!fields.good() || !fields.atEnd()) return false;
-    next.given.start(next.fixedRows);
-    next.lines = 1;
-    if (makesTable_) next.table = std::make_unique<DraftTable>(next.rows, next.fixedRows, next.cols);
-    if (next.again && began_) {
-        next.info.steps = draft_.info.steps;
-        next.info.lastStep = draft_.info.lastStep;
-        if (!before_) before_ = std::move(draft_);
-    } else {
+    next.place = {line.number, line.checksum};
+    if (makesTable_)
+        next.table = std::make_unique<DraftTable>(next.rows.count(), next.rows.fixed(), next.cols);
+    if (!again || draft_.place.number == 0)
         before_.reset();
-    }
+    else if (!before_)
+        before_ = std::move(draft_);
     draft_ = std::move(next);
-    began_ = true;
     return true;
 }
 
 bool DraftReader::useOne(std::string_view kind, FieldReader& fields) {
+    if (kind == "R") return rowsSince(fields);
     if (kind == "S") return slice(fields);
     if (kind == "T") return step(fields);
-    if (kind == "P") put(fields);
-    if (kind == "E") whole();
-    return (kind == "P" || kind == "E") && fields.good();
+    if (kind == "P") return put(fields);
+    return kind == "E" && whole(fields);
+}
+
+bool DraftReader::rowsSince(FieldReader& fields) {
+    const std::int32_t steps = fields.number(0, AnyNumber);
+    const std::string last(fields.text());
+    if (!fields.good() || !readChanges(fields, draft_.rows, draft_.cols, draft_.table.get())) return false;
+    draft_.info.steps = static_cast<std::size_t>(steps);
+    draft_.info.lastStep = last;
+    return true;
 }
 
 bool DraftReader::slice(FieldReader& fields) {
-    const std::int32_t first = fields.number(draft_.given.row(), draft_.given.row());
-    const std::int32_t count = fields.number(1, draft_.rows - draft_.given.row());
-    if (!fields.good()) return false;
-    FieldReader trial = fields;
-    if (!readCells(trial, first, count, draft_.cols, nullptr)) return false;
-    draft_.given.passed(first + count);
+    const std::int32_t first = fields.number(draft_.rows.fixed(), draft_.rows.count() - 1);
+    const std::int32_t count = fields.number(1, draft_.rows.count() - first);
+    if (!fields.good() || !readCells(fields, first, count, draft_.cols, draft_.rows, nullptr)) return false;
+    draft_.rows.know(first, count);
     if (!draft_.table) return true;
-    draft_.table->beginSlice(count);
-    return readCells(fields, first, count, draft_.cols, draft_.table.get());
+    draft_.table->clear(first, first + count - 1);
+    return readCells(fields, first, count, draft_.cols, draft_.rows, draft_.table.get());
 }
 
 bool DraftReader::step(FieldReader& fields) {
     const std::string name(fields.text());
-    fields.number(0, std::numeric_limits<std::int32_t>::max());  // the cause
-    Target trial{draft_.rows, draft_.fixedRows, draft_.cols, draft_.given, nullptr};
-    FieldReader changes = fields;
-    while (changes.good() && !changes.atEnd())
-        if (!readChange(changes, trial)) return false;
-    if (!changes.good()) return false;
-    Target target{draft_.rows, draft_.fixedRows, draft_.cols, draft_.given, draft_.table.get()};
-    if (target.table)
-        while (!fields.atEnd() && readChange(fields, target)) {
-        }
-    draft_.rows = trial.rows;
-    draft_.given = trial.given;
+    fields.number(0, AnyNumber);  // the cause
+    if (!fields.good() || !readChanges(fields, draft_.rows, draft_.cols, draft_.table.get())) return false;
     if (name.empty()) return true;
     ++draft_.info.steps;
     draft_.info.lastStep = name;
     return true;
 }
 
-void DraftReader::put(FieldReader& fields) {
+bool DraftReader::put(FieldReader& fields) {
     const std::string name(fields.text());
     const std::string_view bytes = fields.text();
-    if (fields.good()) draft_.info.puts[name] = bytes;
+    if (!fields.good()) return false;
+    draft_.info.puts[name] = bytes;
+    return true;
 }
 
-void DraftReader::whole() {
+bool DraftReader::whole(const FieldReader& fields) {
+    if (!fields.good() || !draft_.rows.knowsAll()) return false;
     draft_.info.whole = true;
     before_.reset();
+    return true;
+}
+
+// --- What comes of it
+
+std::string DraftReader::OneDraft::damage() const {
+    if (badLines == 0 || (badLines == 1 && torn)) return {};
+    return "the line at byte " + std::to_string(badAt) + " is damaged; " + std::to_string(badLines) +
+           " lines from there on were not used";
 }
 
 void DraftReader::finish() {
-    if (!began_) {
+    if (draft_.place.number == 0) {
         info_.refusal = otherFormat_ > 0 ? "the draft is of format " + std::to_string(otherFormat_) +
                                                ", not of format " + std::to_string(DraftFormat)
                                          : "these bytes are no draft";
         return;
     }
-    const bool fellBack = before_ && !draft_.info.whole;
-    if (fellBack) draft_ = std::move(*before_);
+    std::string damage;
+    if (before_ && !draft_.info.whole) {
+        damage = "the draft was being written anew, which did not come to its end";
+        const std::string own = before_->damage();
+        if (!own.empty()) damage = own + "; " + damage;
+        draft_ = std::move(*before_);
+    } else {
+        damage = draft_.damage();
+    }
     info_ = draft_.info;
-    const bool torn = badLines_ == 1 && tornAtEnd_;
-    if (badLines_ > 0 && !torn)
-        info_.damage = "the line at byte " + std::to_string(badAt_) + " is damaged; " +
-                       std::to_string(badLines_) + " lines from there on were not used";
-    else if (fellBack)
-        info_.damage = "the draft was being written anew, which did not come to its end";
+    info_.damage = std::move(damage);
+}
+
+std::string DraftReader::refusalFor(const CellGrid& grid, bool document) const {
+    if (!info_.refusal.empty()) return info_.refusal;
+    if (grid.FixedRows() != draft_.rows.fixed())
+        return "the draft belongs to a grid of " + std::to_string(draft_.rows.fixed()) + " fixed rows";
+    if (captionsOf(grid) != info_.captions) return "the draft belongs to a grid with other columns";
+    if (!info_.whole && !(document && draft_.overDocument))
+        return "the draft is not whole: it can be recovered over its document only";
+    if (document && draft_.overDocument && grid.Rows() != info_.rows)
+        return "the document has " + std::to_string(grid.Rows()) + " rows, the draft began with " +
+               std::to_string(info_.rows);
+    return {};
+}
+
+void DraftReader::putInto(CellGrid& grid, bool document) const {
+    draft_.table->putInto(grid, draft_.rows, document && draft_.overDocument);
 }
 }  // namespace kxVsGrid::changes
 
@@ -215,26 +263,14 @@ DraftInfo lookAtDraft(std::string_view bytes) {
     return changes::DraftReader(bytes, false).info();
 }
 
-namespace {
-
-std::string refusalFor(const CellGrid& grid, const changes::DraftReader& draft, bool document) {
-    const DraftInfo& info = draft.info();
-    if (!info.refusal.empty()) return info.refusal;
-    if (changes::captionsOf(grid) != info.captions || grid.FixedRows() != draft.fixedRows())
-        return "the draft belongs to a grid with other columns";
-    if (document && grid.Rows() != info.rows)
-        return "the document has " + std::to_string(grid.Rows()) + " rows, the draft began with " +
-               std::to_string(info.rows);
-    if (!document && !info.whole) return "the draft is not whole: it can be recovered over its document only";
-    return {};
-}
-}  // namespace
-
-DraftInfo recoverDraft(CellGrid& grid, std::string_view bytes, bool document) {
+DraftInfo recoverDraft(CellGrid& grid, std::string_view bytes, bool document,
+                       const std::function<void()>& before) {
     const changes::DraftReader draft(bytes, true);
     DraftInfo info = draft.info();
-    info.refusal = refusalFor(grid, draft, document);
-    if (info.refusal.empty()) draft.table()->putInto(grid, document);
+    info.refusal = draft.refusalFor(grid, document);
+    if (!info.refusal.empty()) return info;
+    if (before) before();
+    draft.putInto(grid, document);
     return info;
 }
 }  // namespace kxVsGrid

@@ -1,6 +1,7 @@
 // Reads a draft: which of its lines are good, and what stands in them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -19,41 +20,43 @@ class DraftReader {
     DraftReader(std::string_view bytes, bool makesTable);
 
     const DraftInfo& info() const { return info_; }
-    std::int32_t fixedRows() const { return draft_.fixedRows; }
-    /// None when nothing can be recovered, or it was not asked for.
-    const DraftTable* table() const { return draft_.table.get(); }
+    /// Why it cannot be put into the grid; empty when it can.
+    std::string refusalFor(const CellGrid& grid, bool document) const;
+    /// Only where nothing refuses it.
+    void putInto(CellGrid& grid, bool document) const;
 
   private:
     /// What began with one header.
     struct OneDraft {
         DraftInfo info;
-        std::int32_t rows = 0;
-        std::int32_t fixedRows = 0;
+        DraftRows rows{0, 0};
         std::int32_t cols = 0;
-        DraftFrontier given;  ///< what slices have told
-        bool again = false;
-        std::uint64_t lines = 0;
+        bool overDocument = true;  ///< its changes lead from the document's rows to its own
+        DraftPlace place;
         std::unique_ptr<DraftTable> table;
+        std::size_t badAt = 0;     ///< where the first line stands that could not be used
+        std::size_t badLines = 0;  ///< how many there are from there on
+        bool torn = false;         ///< the last of them has no end
+
+        std::string damage() const;
     };
     void take(std::string_view line, std::size_t at, bool ended);
-    /// Whether the line goes on from those before it, or stood there already.
-    bool use(const DraftLine& line);
-    bool begin(FieldReader& fields);
+    enum class Use { Good, Again, Bad };
+    Use use(const DraftLine& line);
+    bool begin(FieldReader& fields, const DraftLine& line);
     bool useOne(std::string_view kind, FieldReader& fields);
+    bool rowsSince(FieldReader& fields);
     bool slice(FieldReader& fields);
     bool step(FieldReader& fields);
-    void put(FieldReader& fields);
-    void whole();
+    bool put(FieldReader& fields);
+    bool whole(const FieldReader& fields);
     void finish();
 
     bool makesTable_;
-    bool began_ = false;
-    OneDraft draft_;
+    OneDraft draft_;                  ///< its place is that of no line before there is one
     std::optional<OneDraft> before_;  ///< the one that counts until draft_ is whole
     DraftInfo info_;
-    std::size_t badAt_ = 0;     ///< where the first line stands that could not be used
-    std::size_t badLines_ = 0;  ///< how many there are from there on
-    bool tornAtEnd_ = false;    ///< the last of them has no end
+    bool closed_ = false;  ///< behind a header that cannot be read
     std::int32_t otherFormat_ = 0;
 };
 }  // namespace kxVsGrid::changes

@@ -5,58 +5,66 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
-#include "changes/DraftFrontier.h"
+#include "cellgrid/store/RunList.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::changes {
+
+/// How many rows there are, and of which of them all is known.
+class DraftRows {
+  public:
+    struct Change {
+        bool added;
+        std::int32_t at;
+        std::int32_t count;
+    };
+
+    DraftRows(std::int32_t rows, std::int32_t fixedRows) : rows_(rows), fixedRows_(fixedRows) {}
+
+    std::int32_t count() const { return rows_; }
+    std::int32_t fixed() const { return fixedRows_; }
+    bool knows(std::int32_t row) const { return known_.at(row); }
+    bool knowsAll() const;
+    /// In their order.
+    const std::vector<Change>& changes() const { return changes_; }
+
+    void add(std::int32_t at, std::int32_t count);
+    void remove(std::int32_t at, std::int32_t count);
+    void know(std::int32_t first, std::int32_t count) { known_.set(first, count, true); }
+
+  private:
+    std::int32_t rows_;
+    std::int32_t fixedRows_;
+    cellgrid::SparseRuns<bool> known_;
+    std::vector<Change> changes_;
+};
 
 class DraftTable {
   public:
     DraftTable(std::int32_t rows, std::int32_t fixedRows, std::int32_t cols);
 
-    std::int32_t rows() const { return cells_.Rows(); }
-    /// The first row of the next slice.
-    std::int32_t given() const { return given_.row(); }
-
-    // --- What the lines say; places have to be there.
-    void write(std::int32_t row, std::int32_t col, CellPart part, std::string_view text);
+    // --- What the lines say. Places have to be there; `rows` is as it is before the change.
+    void write(const DraftRows& rows, std::int32_t row, std::int32_t col, CellPart part,
+               std::string_view text);
     void add(std::int32_t at, std::int32_t count);
     void remove(std::int32_t at, std::int32_t count);
     void clear(std::int32_t first, std::int32_t last);
-    /// The `count` rows from given() on hold what is written to them from here on, and nothing else.
-    void beginSlice(std::int32_t count);
 
-    /// Makes the grid like this. `document`: it holds what the draft began with; the same rows are added and
-    /// removed then, so that those that stay are the same ones. Rows that the draft does not know keep what
-    /// they hold but for what was written to them.
-    void putInto(CellGrid& grid, bool document) const;
+    /// Makes the grid like this, raising no CellChanged. `document`: it holds what the draft began with; the same
+    /// rows are added and removed then, so that those that stay are the same ones. Rows that are not known keep
+    /// what they hold but for what was written to them.
+    void putInto(CellGrid& grid, const DraftRows& rows, bool document) const;
 
   private:
-    struct RowChange {
-        bool added;
-        std::int32_t at;
-        std::int32_t count;
-    };
-    bool knows(std::int32_t row) const;
-    void changeRows(CellGrid& grid) const;
-    bool writeCells(CellGrid& grid) const;
-    bool writeKnown(CellGrid& grid) const;
-    bool emptyOthers(CellGrid& grid) const;
-    bool writePatches(CellGrid& grid) const;
+    void emptyOthers(CellGrid& grid, const DraftRows& rows) const;
+    void writeCells(CellGrid& grid) const;
+    void writePatches(CellGrid& grid, const DraftRows& rows) const;
 
     CellGrid cells_;
-    // Rows whose contents are known whole: those that were given, those that were added at the end, and others
-    // by id.
-    DraftFrontier given_;
-    DraftFrontier appended_;
-    std::unordered_set<RowId> known_;
-    /// What was written to rows that are not: columns and parts.
+    /// What was written to rows that are not known: columns and parts.
     std::map<RowId, std::map<std::pair<std::int32_t, CellPart>, std::string>> patches_;
-    std::vector<RowChange> rowChanges_;
 };
 }  // namespace kxVsGrid::changes

@@ -1,102 +1,101 @@
 #include "changes/DraftWriter.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "changes/DraftFormat.h"
-#include "changes/DraftLine.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::changes {
 namespace {
 
-constexpr std::int32_t SliceRows = 512;
 constexpr char LineEnd = '\n';
+constexpr std::int32_t SliceRows = 512;
 /// What waits for a sink that keeps nothing, or for the end of a step: more is cheaper to give anew.
-constexpr std::size_t MostWaiting = std::size_t{64} << 20;
+constexpr std::size_t MostWaiting = std::size_t{16} << 20;
+/// So much is given as a step closes, also anew or once more; the rest has to wait until nobody types.
+constexpr std::size_t MostAtOnce = std::size_t{1} << 20;
 }  // namespace
 
 // --- What the host asks
 
 void DraftWriter::begin(std::string_view key, std::string_view version) {
-    std::string newKey(key);
-    std::string newVersion(version);
+    Header header = headerNow(key, version);
+    DraftPlace place;
+    std::string lines(1, LineEnd);  // for what may have been torn before it
+    appendHeader(lines, place, header, false);
     if (!begun_) grid_.AddListener(*this);
     begun_ = true;
-    key_ = std::move(newKey);
-    version_ = std::move(newVersion);
+    header_ = std::move(header);
+    place_ = place;
+    pending_ = std::move(lines);
+    contentBytes_ = pending_.size();
     puts_.clear();
     changes_.clear();
-    pending_.clear();
-    number_ = 0;
-    whole_ = lost_ = false;
-    appendHeader(pending_, false);
-    contentBytes_ = pending_.size();
-    frontier_.start(fixedRows_);
-    give();
+    rowChanges_.clear();
+    lastStep_.clear();
+    steps_ = 0;
+    given_.start(header_.fixedRows);
+    stepOpen_ = grid_.StepOpen();
+    whole_ = lost_ = failing_ = false;
+    give(true);
 }
 
 void DraftWriter::put(std::string_view name, std::string_view bytes) {
     if (!begun_) return;
-    std::string& kept = puts_[std::string(name)];
-    if (kept == bytes) return;
-    kept = bytes;
-    std::string fields = "P";
-    appendField(fields, name);
-    appendField(fields, bytes);
-    appendLine(pending_, ++number_, fields);
-    give();
+    const auto kept = puts_.find(name);
+    if (kept != puts_.end() && kept->second == bytes) return;
+    puts_.insert_or_assign(std::string(name), std::string(bytes));
+    attempt([&] {
+        std::string fields = "P";
+        appendField(fields, name);
+        appendField(fields, bytes);
+        appendLine(pending_, place_, fields);
+    });
+    give(true);
 }
 
 bool DraftWriter::writeSlice() {
-    if (!begun_ || whole_ || stepOpen_ || lost_ || !fitsHeader()) return false;
+    if (!begun_ || stepOpen_) return false;
     attempt([&] { closeLine({}, Cause::Code); });
-    attempt([&] {
-        const std::int32_t first = frontier_.row();
-        const std::int32_t count = std::min(SliceRows, grid_.Rows() - first);
-        const std::size_t before = pending_.size();
-        if (count > 0) appendSlice(pending_, first, count);
-        frontier_.passed(first + std::max(count, 0));
-        if (frontier_.row() >= grid_.Rows()) {
-            appendEnd(pending_);
-            whole_ = true;
-        }
-        contentBytes_ += pending_.size() - before;
-    });
-    give();
-    return !whole_ && !lost_;
+    if (!whole_)
+        attempt([&] {
+            const std::size_t before = pending_.size();
+            const std::int32_t first = given_.row();
+            const std::int32_t count = std::min(SliceRows, grid_.Rows() - first);
+            if (count > 0) appendSlice(pending_, place_, first, count);
+            const bool last = first + count >= grid_.Rows();
+            if (last) appendLine(pending_, place_, "E");
+            given_.passed(first + count);
+            whole_ = last;
+            contentBytes_ += pending_.size() - before;
+        });
+    give(true);
+    return !whole() && !failing_;
 }
 
 void DraftWriter::flush() {
     if (!begun_ || stepOpen_) return;
     attempt([&] { closeLine({}, Cause::Code); });
-    give();
+    give(true);
 }
 
 void DraftWriter::end() {
     if (!std::exchange(begun_, false)) return;
     grid_.RemoveListener(*this);
-    stepOpen_ = false;
     pending_.clear();
     changes_.clear();
 }
 
 bool DraftWriter::rewrite(const Draft::Sink& into) {
     if (!begun_ || stepOpen_) return false;
-    const std::uint64_t number = number_;
-    const bool fitted = fitsHeader();
-    const std::string all = allAnew(false);
-    if (!giveTo(into, all)) {
-        number_ = number;
-        if (!fitted) lost_ = true;
-        return false;
+    Whole whole = wholeNow(false);
+    if (giveTo(into, whole.lines)) {
+        takeOver(whole);
+        return true;
     }
-    contentBytes_ = all.size();
-    frontier_.passed(grid_.Rows());
-    whole_ = true;
-    lost_ = false;
-    changes_.clear();
-    pending_.clear();
-    return true;
+    // Whichever of the two goes on, all of it anew is right behind it.
+    giveUpChanges();
+    return false;
 }
 
 // --- What the engine tells
@@ -114,6 +113,7 @@ void DraftWriter::attempt(Work work) noexcept {
     if (lost_) giveUpChanges();
 }
 
+/// They are told by the whole alone.
 void DraftWriter::giveUpChanges() noexcept {
     lost_ = true;
     changes_.clear();
@@ -122,7 +122,7 @@ void DraftWriter::giveUpChanges() noexcept {
 
 void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std::string_view,
                           std::string_view after) noexcept {
-    if (row < fixedRows_) return;
+    if (row < header_.fixedRows) return;
     attempt([&] {
         changes_ += part == CellPart::Text ? "\tw" : "\tg";
         appendField(changes_, std::int64_t{row});
@@ -131,29 +131,38 @@ void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std
     });
 }
 
+/// Also while the draft is lost: the whole has to say where the document's rows are now.
+void DraftWriter::noteRows(const char* kind, std::int32_t at, std::int32_t count) noexcept {
+    if (at < header_.fixedRows) return loseRows();
+    try {
+        std::string fields = kind;
+        appendField(fields, std::int64_t{at});
+        appendField(fields, std::int64_t{count});
+        rowChanges_ += fields;
+        if (!lost_) changes_ += fields;
+    } catch (...) {
+        loseRows();
+    }
+}
+
+/// Where the document's rows stand is not known any more.
+void DraftWriter::loseRows() noexcept {
+    header_.rows = -1;
+    giveUpChanges();
+}
+
 void DraftWriter::added(std::int32_t at, std::int32_t count) noexcept {
-    frontier_.added(at, count);
-    if (at < fixedRows_) return giveUpChanges();
-    attempt([&] {
-        changes_ += "\ta";
-        appendField(changes_, std::int64_t{at});
-        appendField(changes_, std::int64_t{count});
-    });
+    given_.added(at, count);
+    noteRows("\ta", at, count);
 }
 
 void DraftWriter::removing(std::int32_t at, std::int32_t count) noexcept {
-    frontier_.removing(at, count);
-    if (at < fixedRows_) return giveUpChanges();
-    attempt([&] {
-        changes_ += "\tr";
-        appendField(changes_, std::int64_t{at});
-        appendField(changes_, std::int64_t{count});
-    });
+    given_.removing(at, count);
+    noteRows("\tr", at, count);
 }
 
-void DraftWriter::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
-    frontier_.reordered(first, static_cast<std::int32_t>(from.size()));
-    giveUpChanges();  // as many numbers as rows: all of it anew is hardly more
+void DraftWriter::reordered(std::int32_t, std::span<const std::int32_t>) noexcept {
+    loseRows();
 }
 
 void DraftWriter::cleared(std::int32_t first, std::int32_t last) noexcept {
@@ -171,11 +180,20 @@ void DraftWriter::stepOpened(std::string_view, Cause) noexcept {
 
 void DraftWriter::stepClosed(std::string_view name, Cause cause) noexcept {
     stepOpen_ = false;
+    const bool changed = lost_ || !changes_.empty();
     attempt([&] { closeLine(name, cause); });
-    give();
+    if (changed) noteStep(name);
+    give(false);
 }
 
-// --- Lines
+void DraftWriter::noteStep(std::string_view name) noexcept {
+    ++steps_;
+    try {
+        lastStep_ = name;
+    } catch (...) {
+        lastStep_.clear();
+    }
+}
 
 /// What has changed since the last line becomes one; nothing is written for nothing.
 void DraftWriter::closeLine(std::string_view name, Cause cause) {
@@ -185,85 +203,110 @@ void DraftWriter::closeLine(std::string_view name, Cause cause) {
     appendField(fields, name);
     appendField(fields, static_cast<std::int64_t>(cause));
     fields += changes_;
-    appendLine(pending_, number_ + 1, fields);
-    ++number_;
+    appendLine(pending_, place_, fields);
     changes_.clear();
 }
 
-void DraftWriter::give() noexcept {
+bool DraftWriter::fitsHeader() const {
+    return grid_.FixedRows() == header_.fixedRows && captionsOf(grid_) == header_.captions;
+}
+
+// --- Giving away
+
+/// `idle`: there is time for more than a key press may take.
+void DraftWriter::give(bool idle) noexcept {
+    if (giving_) return;
+    const support::FlagSpan giving(giving_);
     if (lost_) {
-        try {
-            giveAnew();
-        } catch (...) {
-            // For want of memory: with the next step.
-        }
+        if (!stepOpen_ && (idle || (contentBytes_ <= MostAtOnce && !failing_))) giveAnew();
         return;
     }
-    if (pending_.empty()) return;
+    if (pending_.empty() || (!idle && failing_ && pending_.size() > MostAtOnce)) return;
     if (giveTo(sink_, pending_))
         pending_.clear();
-    else if (pending_.front() != LineEnd)
+    else if (!pending_.empty() && pending_.front() != LineEnd)
         attempt([&] { pending_.insert(pending_.begin(), LineEnd); });  // for what may have been torn
 }
 
 /// Behind what was given before. It counts only when it is whole.
-void DraftWriter::giveAnew() {
-    if (stepOpen_) return;
-    std::string all(1, LineEnd);  // for what may have been torn
-    all += allAnew(true);
-    if (!giveTo(sink_, all)) return;
-    contentBytes_ = all.size();
-    frontier_.passed(grid_.Rows());
+void DraftWriter::giveAnew() noexcept {
+    try {
+        Whole whole = wholeNow(true);
+        whole.lines.insert(whole.lines.begin(), LineEnd);  // for what may have been torn
+        if (giveTo(sink_, whole.lines)) takeOver(whole);
+    } catch (...) {
+        // For want of memory: later.
+    }
+}
+
+bool DraftWriter::giveTo(const Draft::Sink& sink, std::string_view bytes) noexcept {
+    try {
+        failing_ = !sink(bytes);
+    } catch (...) {
+        failing_ = true;
+    }
+    return !failing_;
+}
+
+/// It has been kept.
+void DraftWriter::takeOver(Whole& whole) noexcept {
+    contentBytes_ = whole.lines.size();
+    place_ = whole.place;
+    header_ = std::move(whole.header);
+    given_.passed(grid_.Rows());
     whole_ = true;
     lost_ = false;
     changes_.clear();
     pending_.clear();
 }
 
-bool DraftWriter::giveTo(const Draft::Sink& sink, std::string_view bytes) const noexcept {
-    try {
-        return sink(bytes);
-    } catch (...) {
-        return false;
-    }
+DraftWriter::Header DraftWriter::headerNow(std::string_view key, std::string_view version) const {
+    return {std::string(key), std::string(version), grid_.Rows(), grid_.FixedRows(), captionsOf(grid_)};
 }
 
-std::string DraftWriter::allAnew(bool again) {
-    std::string all;
-    number_ = 0;
-    appendHeader(all, again);
-    appendPuts(all);
-    for (std::int32_t row = fixedRows_; row < grid_.Rows(); row += SliceRows)
-        appendSlice(all, row, std::min(SliceRows, grid_.Rows() - row));
-    appendEnd(all);
-    return all;
+DraftWriter::Whole DraftWriter::wholeNow(bool again) const {
+    Whole whole;
+    whole.header = headerNow(header_.key, header_.version);
+    const bool overDocument = header_.rows >= 0 && header_.fixedRows == grid_.FixedRows();
+    whole.header.rows = overDocument ? header_.rows : -1;
+    appendHeader(whole.lines, whole.place, whole.header, again);
+    std::string fields = "R";
+    appendField(fields, steps_);
+    appendField(fields, lastStep_);
+    if (overDocument) fields += rowChanges_;
+    appendLine(whole.lines, whole.place, fields);
+    appendPuts(whole.lines, whole.place);
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); row += SliceRows)
+        appendSlice(whole.lines, whole.place, row, std::min(SliceRows, grid_.Rows() - row));
+    appendLine(whole.lines, whole.place, "E");
+    return whole;
 }
 
-void DraftWriter::appendHeader(std::string& out, bool again) {
-    fixedRows_ = grid_.FixedRows();
-    cols_ = grid_.Cols();
+void DraftWriter::appendHeader(std::string& out, DraftPlace& place, const Header& header, bool again) const {
     std::string fields = "B";
     appendField(fields, std::int64_t{DraftFormat});
     appendField(fields, std::int64_t{again});
-    appendField(fields, key_);
-    appendField(fields, version_);
-    appendField(fields, std::int64_t{grid_.Rows()});
-    appendField(fields, std::int64_t{fixedRows_});
-    appendField(fields, std::int64_t{cols_});
-    for (const std::string& caption : captionsOf(grid_)) appendField(fields, caption);
-    appendLine(out, ++number_, fields);
+    appendField(fields, header.key);
+    appendField(fields, header.version);
+    appendField(fields, std::int64_t{header.rows >= 0});
+    appendField(fields, std::int64_t{header.rows >= 0 ? header.rows : grid_.Rows()});
+    appendField(fields, std::int64_t{header.fixedRows});
+    appendField(fields, static_cast<std::int64_t>(header.captions.size()));
+    for (const std::string& caption : header.captions) appendField(fields, caption);
+    appendLine(out, place, fields);
 }
 
-void DraftWriter::appendPuts(std::string& out) {
+void DraftWriter::appendPuts(std::string& out, DraftPlace& place) const {
     for (const auto& [name, bytes] : puts_) {
         std::string fields = "P";
         appendField(fields, name);
         appendField(fields, bytes);
-        appendLine(out, ++number_, fields);
+        appendLine(out, place, fields);
     }
 }
 
-void DraftWriter::appendSlice(std::string& out, std::int32_t first, std::int32_t count) {
+void DraftWriter::appendSlice(std::string& out, DraftPlace& place, std::int32_t first,
+                              std::int32_t count) const {
     std::string fields = "S";
     appendField(fields, std::int64_t{first});
     appendField(fields, std::int64_t{count});
@@ -273,11 +316,7 @@ void DraftWriter::appendSlice(std::string& out, std::int32_t first, std::int32_t
         appendField(fields, text);
         appendField(fields, tag);
     });
-    appendLine(out, ++number_, fields);
-}
-
-void DraftWriter::appendEnd(std::string& out) {
-    appendLine(out, ++number_, "E");
+    appendLine(out, place, fields);
 }
 }  // namespace kxVsGrid::changes
 

@@ -1,17 +1,21 @@
 // Writes a draft: hears what the engine tells, and gives whole steps away as lines.
 //
-// What fails for want of memory, and what cannot be told as changes of rows and texts (other columns, other
-// fixed rows), is made good by giving the whole content away anew as soon as that is possible.
+// What fails for want of memory, and what cannot be told as changes of rows and texts (other columns or fixed
+// rows, rows that change places), is made good by giving the whole content away anew.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "changes/DraftFrontier.h"
+#include "changes/DraftLine.h"
 #include "kxVsGrid/Draft.h"
 
 namespace kxVsGrid::changes {
@@ -34,6 +38,21 @@ class DraftWriter : private ChangeListener {
     std::size_t contentBytes() const { return contentBytes_; }
 
   private:
+    /// The grid and the document as a header tells of them.
+    struct Header {
+        std::string key;
+        std::string version;
+        std::int32_t rows = 0;  ///< when the draft began
+        std::int32_t fixedRows = 0;
+        std::vector<std::string> captions;  ///< of all columns
+    };
+    /// A draft in one piece.
+    struct Whole {
+        std::string lines;
+        DraftPlace place;
+        Header header;
+    };
+
     // ChangeListener
     void written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
                  std::string_view after) noexcept override;
@@ -47,35 +66,41 @@ class DraftWriter : private ChangeListener {
 
     template <class Work>
     void attempt(Work work) noexcept;
-    /// They are told by the whole alone.
     void giveUpChanges() noexcept;
+    void noteRows(const char* kind, std::int32_t at, std::int32_t count) noexcept;
+    void loseRows() noexcept;
+    void noteStep(std::string_view name) noexcept;
     void closeLine(std::string_view name, Cause cause);
-    void give() noexcept;
-    void giveAnew();
-    bool giveTo(const Draft::Sink& sink, std::string_view bytes) const noexcept;
 
-    void appendHeader(std::string& out, bool again);
-    void appendPuts(std::string& out);
-    void appendSlice(std::string& out, std::int32_t first, std::int32_t count);
-    void appendEnd(std::string& out);
-    std::string allAnew(bool again);
-    bool fitsHeader() const { return grid_.FixedRows() == fixedRows_ && grid_.Cols() == cols_; }
+    void give(bool idle) noexcept;
+    void giveAnew() noexcept;
+    bool giveTo(const Draft::Sink& sink, std::string_view bytes) noexcept;
+    void takeOver(Whole& whole) noexcept;
+
+    Header headerNow(std::string_view key, std::string_view version) const;
+    Whole wholeNow(bool again) const;
+    void appendHeader(std::string& out, DraftPlace& place, const Header& header, bool again) const;
+    void appendPuts(std::string& out, DraftPlace& place) const;
+    void appendSlice(std::string& out, DraftPlace& place, std::int32_t first, std::int32_t count) const;
+    bool fitsHeader() const;
 
     CellGrid& grid_;
     Draft::Sink sink_;
-    std::string key_;
-    std::string version_;
+    Header header_;
     std::map<std::string, std::string, std::less<>> puts_;
     std::string changes_;  ///< the fields of what has changed since the last line
     std::string pending_;  ///< lines that the sink has not kept yet
-    std::uint64_t number_ = 0;
-    DraftFrontier frontier_;
+    DraftPlace place_;
+    DraftFrontier given_;
+    std::string rowChanges_;  ///< the fields of rows that came and went since the draft began
+    std::string lastStep_;
+    std::int64_t steps_ = 0;
     std::size_t contentBytes_ = 0;
-    std::int32_t fixedRows_ = 0;
-    std::int32_t cols_ = 0;
     bool begun_ = false;
     bool stepOpen_ = false;
     bool whole_ = false;
+    bool failing_ = false;  ///< the sink did not keep what it was given last
+    bool giving_ = false;
     bool lost_ = false;  ///< the draft lacks something: only all of it anew is right
 };
 }  // namespace kxVsGrid::changes

@@ -19,6 +19,17 @@ std::size_t bytesOf(const RemovedRows& rows) {
     return bytes;
 }
 
+std::size_t bytesOf(const AddedRows& rows) {
+    return sizeof(AddedRows) + rows.ids.size() * sizeof(RowId);
+}
+
+template <class Rows>
+std::vector<Rows> tailOf(const std::vector<Rows>& all, std::size_t first, std::size_t& bytes) {
+    std::vector<Rows> tail(all.begin() + static_cast<std::ptrdiff_t>(first), all.end());
+    for (std::size_t i = first; i < all.size(); ++i) bytes += bytesOf(all[i]);
+    return tail;
+}
+
 /// Cells that have a style of their own; their contents are still to be read.
 std::vector<KeptCell> keepStyles(const CellGrid& grid, std::int32_t row) {
     std::vector<KeptCell> cells;
@@ -108,7 +119,7 @@ std::size_t Record::mark() noexcept {
 
 void Record::add(AddedRows rows) {
     support::makeRoom(entries_);
-    const std::size_t more = sizeof(AddedRows) + rows.ids.size() * sizeof(RowId);
+    const std::size_t more = bytesOf(rows);
     added_.push_back(std::move(rows));
     rowBytes_ += more;
     entries_.push_back({RowId::None, added_.size() - 1, 0, 0, Entry::Kind::Added, CellPart::Text});
@@ -150,12 +161,34 @@ void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int
     std::sort(cols.begin(), cols.end());
 }
 
-/// Texts and rows keep their places in what is cut off.
+/// Texts and rows stand in the order of their entries: those of the tail are tails themselves.
 Record Record::cutFrom(std::size_t mark) {
     filled_ = None;
-    Record cut = *this;
-    cut.entries_.erase(cut.entries_.begin(), cut.entries_.begin() + static_cast<std::ptrdiff_t>(mark));
+    Record cut;
+    cut.name = name;
+    cut.cause = cause;
+    cut.entries_.assign(entries_.begin() + static_cast<std::ptrdiff_t>(mark), entries_.end());
+    std::size_t text = texts_.size();
+    std::size_t added = added_.size();
+    std::size_t removed = removed_.size();
+    for (const Entry& entry : cut.entries_) {
+        if (entry.kind == Entry::Kind::Written) text = std::min(text, entry.at);
+        if (entry.kind == Entry::Kind::Added) added = std::min(added, entry.at);
+        if (entry.kind == Entry::Kind::Removed) removed = std::min(removed, entry.at);
+    }
+    cut.texts_ = texts_.substr(text);
+    cut.added_ = tailOf(added_, added, cut.rowBytes_);
+    cut.removed_ = tailOf(removed_, removed, cut.rowBytes_);
+    for (Entry& entry : cut.entries_) {
+        if (entry.kind == Entry::Kind::Written) entry.at -= text;
+        if (entry.kind == Entry::Kind::Added) entry.at -= added;
+        if (entry.kind == Entry::Kind::Removed) entry.at -= removed;
+    }
+    rowBytes_ -= cut.rowBytes_;
     entries_.resize(mark);
+    texts_.resize(text);
+    added_.resize(added);
+    removed_.resize(removed);
     return cut;
 }
 }  // namespace kxVsGrid::changes

@@ -83,7 +83,7 @@ void Steps::filled(std::int32_t row, std::int32_t col, std::uint32_t texts, std:
 
 void Steps::added(std::int32_t at, std::int32_t count) noexcept {
     knownRow_ = -1;
-    record(bytesOfRows(count), [&](Record& record) {
+    record(static_cast<std::size_t>(count) * sizeof(RowId), [&](Record& record) {
         AddedRows rows;
         rows.ids.reserve(static_cast<std::size_t>(count));
         for (std::int32_t row = at; row < at + count; ++row) rows.ids.push_back(grid_.IdOf(row));

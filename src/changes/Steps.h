@@ -17,6 +17,7 @@
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
 #include "support/FirstFault.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::changes {
 
@@ -27,6 +28,8 @@ class StepOwner {
     /// Kept for as long as something is going on whose listeners may destroy the control.
     virtual std::shared_ptr<void> keep() = 0;
     virtual bool mayGoBack() const = 0;
+    /// An open editor has another text than its cell.
+    virtual bool holdsText() const = 0;
     /// Closes an open editor. False when it has to stay.
     virtual bool closeEditor() = 0;
     /// All totals are made anew.
@@ -69,8 +72,20 @@ class Steps : private ChangeListener {
     }
     void dropPrelude() { prelude_ = 0; }
 
-    /// A step is being undone, redone or taken back: nothing fills anything by itself.
+    /// A step is being undone, redone or taken back, or a whole state is put back: nothing fills anything by
+    /// itself.
     bool restoring() const { return restoring_; }
+    /// Work that puts a whole state back, of which nothing is kept.
+    template <class Work>
+    void duringLoading(Work work) {
+        unrecordedBefore_ = unrecorded_;
+        const support::FlagSpan restoring(restoring_);
+        beginUnrecorded();
+        support::FirstFault fault;
+        fault.during(work);
+        endUnrecorded();
+        fault.raise();
+    }
 
     // --- For those who stand in the public header.
     /// Answers what takeBack() knows the step by.
@@ -86,9 +101,10 @@ class Steps : private ChangeListener {
         --unrecorded_;
     }
     bool undo() { return goBack(done_, undone_); }
-    bool redo() { return goBack(undone_, done_); }
+    bool redo() { return canRedo() && goBack(undone_, done_); }
     bool canUndo() const { return !done().empty() && mayGoBack(); }
-    bool canRedo() const { return !undone().empty() && mayGoBack(); }
+    /// Not over a text that is being typed: its commit would be an act, and end what can be redone.
+    bool canRedo() const { return !undone().empty() && mayGoBack() && !owner_.holdsText(); }
     std::string undoName() const { return done().empty() ? std::string() : done_.back().record.name; }
     std::string redoName() const { return undone().empty() ? std::string() : undone_.back().record.name; }
     std::size_t limit() const { return limit_; }

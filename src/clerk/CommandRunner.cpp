@@ -32,7 +32,13 @@ bool CommandRunner::run(Command command) {
 
 bool CommandRunner::textBoxHasIt(Command command) const {
     if (!editor_.visible()) return false;
-    return command == Command::Undo ? !editor_.asOpened() : editor_.typedInto();
+    switch (command) {
+        case Command::Undo:
+            return !editor_.asOpened();
+        case Command::Redo:
+            return editor_.typedInto();
+    }
+    return false;
 }
 
 bool CommandRunner::runByKey(Command command) {
@@ -43,7 +49,9 @@ bool CommandRunner::runByKey(Command command) {
 }
 
 std::string CommandRunner::caption(Command command) const {
-    const std::string step = command == Command::Undo ? steps_.undoName() : steps_.redoName();
+    std::string step;
+    if (command == Command::Undo) step = steps_.undoName();
+    if (command == Command::Redo) step = steps_.redoName();
     std::string caption(captionOf(command));
     return step.empty() ? caption : caption + "“" + step + "”";
 }

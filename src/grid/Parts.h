@@ -75,6 +75,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     // StepOwner
     std::shared_ptr<void> keep() override { return shared_from_this(); }
     bool mayGoBack() const override { return flags.Editable && host.there(); }
+    bool holdsText() const override { return editor.visible() && !editor.unchanged(); }
     bool closeEditor() override;
     void recalculateAll() override { totals.recalculate(totals::TotalRow::AllColumns); }
     void show(std::int32_t row, std::int32_t col) override;

@@ -63,15 +63,20 @@ UnrecordedSpan kxGrid::Unrecorded() {
 DraftInfo kxGrid::Recover(std::string_view draft, bool document) {
     const auto kept = held();
     Parts& p = *kept;
-    p.editor.drop();
     DraftInfo info;
     support::FirstFault fault;
     fault.during([&] {
-        const UnrecordedSpan unrecorded({kept, &p.steps});
-        info = recoverDraft(p.main, draft, document);
+        p.steps.duringLoading([&] {
+            info = recoverDraft(p.main, draft, document, [&] {
+                p.editor.drop();
+                p.steps.forget();
+            });
+        });
     });
-    if (info.refusal.empty()) p.steps.forget();
-    fault.during([&] { p.totals.recalculate(TotalRow::AllColumns); });
+    if (!info.refusal.empty()) return info;
+    fault.during([&] { p.rows.replaced(); });
+    p.flags.changed = true;
+    fault.during([&] { p.leaveFixedArea(); });
     fault.during([&] { p.editor.captureAndLoad(); });
     fault.during([&] { p.historyChanged(); });
     fault.raise();

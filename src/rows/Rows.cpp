@@ -177,10 +177,20 @@ void Rows::count(std::int32_t rows) {
     });
     if (!refill()) fault.raise();
     grid.NumberRows();
-    columns::paintColumns(grid, c_.columns);
+    follow();
+    fault.raise();
+}
+
+void Rows::replaced() {
+    refill();
+    follow();
+}
+
+/// What depends on which rows there are.
+void Rows::follow() {
+    columns::paintColumns(c_.grid, c_.columns);
     c_.totals.recalculate(TotalRow::AllColumns);
     c_.wheel.rowsChanged();
-    fault.raise();
 }
 
 /// False when there were enough.

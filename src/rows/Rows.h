@@ -27,6 +27,8 @@ class Rows {
     /// The host's way: so many rows, the fixed ones included, and enough to key into. When a handler fails
     /// over the loss of rows, the others are there all the same before that is thrown on.
     void count(std::int32_t rows);
+    /// Others have put rows of their own into the grid, numbered as they are.
+    void replaced();
 
     /// The cursor has entered the row: it gets its default texts, and the totals are made anew.
     void entered(std::int32_t row);
@@ -41,6 +43,7 @@ class Rows {
     void appendEmpty() { insert(c_.grid.Rows()); }
     void show(std::int32_t row);
     bool refill();
+    void follow();
     void copy(const FollowedRow& from, const FollowedRow& to);
     void copyCell(const FollowedRow& from, const FollowedRow& to, std::int32_t col);
     void empty(const FollowedRow& row);

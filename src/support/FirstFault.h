@@ -13,8 +13,11 @@ class FirstFault {
     void during(Work work) {
         try {
             work();
+        } catch (const std::bad_alloc&) {
+            outOfMemory_ = true;
+            keep();
         } catch (...) {
-            if (!fault_) fault_ = std::current_exception();
+            keep();
         }
     }
     /// Throws what it has kept, if anything.
@@ -22,18 +25,15 @@ class FirstFault {
         if (fault_) std::rethrow_exception(fault_);
     }
 
-    bool outOfMemory() const {
-        try {
-            raise();
-        } catch (const std::bad_alloc&) {
-            return true;
-        } catch (...) {
-            return false;
-        }
-        return false;
-    }
+    /// One of the works, also a later one, lacked memory.
+    bool outOfMemory() const { return outOfMemory_; }
 
   private:
+    void keep() {
+        if (!fault_) fault_ = std::current_exception();
+    }
+
     std::exception_ptr fault_;
+    bool outOfMemory_ = false;
 };
 }  // namespace kxVsGrid::support

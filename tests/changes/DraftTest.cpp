@@ -1,9 +1,11 @@
 // Drafts: what is kept of what was keyed, and what comes back of it.
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <tuple>
 #include <vector>
 
+#include "changes/DraftLine.h"
 #include "kit/PlacedGrid.h"
 #include "kit/Random.h"
 
@@ -50,15 +52,17 @@ class DraftOfAGrid : public PlacedGrid {
     }
     std::string bytes;
     bool keeps = true;
-    std::size_t sinkRoom = std::string::npos;
     Draft::Sink sink() {
         return [this](std::string_view more) {
-            const std::string_view part =
-                more.substr(0, keeps ? sinkRoom : std::min<std::size_t>(3, sinkRoom));
-            bytes += part;
-            if (sinkRoom != std::string::npos) sinkRoom -= part.size();
-            return keeps && part.size() == more.size();
+            bytes += keeps ? more : more.substr(0, 3);
+            return keeps;
         };
+    }
+    kxGrid& document() {
+        kxGrid& one = anew.place();
+        one.Cols(5);
+        for (std::int32_t row = 1; row < 6; ++row) one.SetCell(row, 1, "old " + std::to_string(row), "tag");
+        return one;
     }
     Draft draft{grid.Grid(), sink()};
     headless::Desk anew;
@@ -89,30 +93,26 @@ TEST_F(DraftOfAGrid, IsGoodOverItsDocumentBeforeAllHasBeenGiven) {
     grid.Grid().RemoveRow(1);
     draft.flush();
     EXPECT_FALSE(lookAtDraft(bytes).whole);
-    kxGrid& document = anew.place();
-    document.Cols(5);
-    for (std::int32_t row = 1; row < 6; ++row) document.SetCell(row, 1, "old " + std::to_string(row), "tag");
-    EXPECT_NE(document.Recover(bytes, false).refusal, "");
-    EXPECT_EQ(document.RawText(1, 1), "old 1");
-    EXPECT_EQ(document.Recover(bytes, true).refusal, "");
-    EXPECT_EQ(contentOf(document), contentOf(grid));
+    kxGrid& other = document();
+    EXPECT_NE(other.Recover(bytes, false).refusal, "");
+    EXPECT_EQ(other.RawText(1, 1), "old 1");
+    EXPECT_EQ(other.Recover(bytes, true).refusal, "");
+    EXPECT_EQ(contentOf(other), contentOf(grid));
 }
 
 TEST_F(DraftOfAGrid, LeavesTheDocumentsRowsWhoTheyAre) {
     draft.begin("order 7", "3");
     grid.Grid().RemoveRow(1);
     key(1, 2, "x");
-    kxGrid& document = anew.place();
-    document.Cols(5);
-    for (std::int32_t row = 1; row < 6; ++row) document.SetCell(row, 1, "old " + std::to_string(row), "tag");
-    document.Changes().Saved();
-    const RowId second = document.Grid().IdOf(2);
-    document.Recover(bytes, true);
-    EXPECT_EQ(document.Grid().RowOf(second), 1);
-    EXPECT_EQ(document.Changes().Removed().size(), 1U);
-    EXPECT_EQ(document.Changes().Changed().size(), 1U);
-    EXPECT_TRUE(document.Changes().Added().empty());
-    EXPECT_FALSE(document.History().CanUndo());
+    kxGrid& other = document();
+    other.Changes().Saved();
+    const RowId second = other.Grid().IdOf(2);
+    other.Recover(bytes, true);
+    EXPECT_EQ(other.Grid().RowOf(second), 1);
+    EXPECT_EQ(other.Changes().Removed().size(), 1U);
+    EXPECT_EQ(other.Changes().Changed().size(), 1U);
+    EXPECT_TRUE(other.Changes().Added().empty());
+    EXPECT_FALSE(other.History().CanUndo());
 }
 
 TEST_F(DraftOfAGrid, FollowsUndo) {
@@ -205,7 +205,7 @@ TEST_F(DraftOfAGrid, StopsBeforeADamagedLineAndSaysWhere) {
     EXPECT_NE(info.damage.find("byte " + std::to_string(place)), std::string::npos) << info.damage;
 }
 
-TEST_F(DraftOfAGrid, PutsRightWhatAHostMakesOfWrittenCells) {
+TEST_F(DraftOfAGrid, ComesBackWithoutItsHostMakingOtherCellsOfIt) {
     draft.begin("order 7", "3");
     writeAll();
     key(1, 2, "12");
@@ -213,11 +213,144 @@ TEST_F(DraftOfAGrid, PutsRightWhatAHostMakesOfWrittenCells) {
     draft.flush();
     kxGrid& other = anew.place();
     other.Cols(5);
-    other.CellChanged.connect([&](std::int32_t row, std::int32_t col) {
-        if (col == 2) other.Grid().Text(row, 3, "computed");
-    });
+    other.CellChanged.connect([&](std::int32_t row, std::int32_t) { other.Grid().Text(row, 3, "computed"); });
     other.Recover(bytes, false);
     EXPECT_EQ(contentOf(other), contentOf(grid));
+}
+
+TEST_F(DraftOfAGrid, HasTheTotalsOfWhatCameBack) {
+    column(2).iType(flexDTDouble);
+    summed(2);
+    draft.begin("order 7", "3");
+    writeAll();
+    key(1, 2, "12");
+    key(2, 2, "30");
+    kxGrid& other = anew.place();
+    other.Cols(5);
+    other.VsCtrl(2)->iType(flexDTDouble);
+    other.VsCtrl(2)->b是否合计数据(true);
+    other.SumRow(true);
+    other.ReDraw(true);
+    other.Recover(bytes, false);
+    EXPECT_EQ(other.ReadSum(2), "42");
+    EXPECT_TRUE(other.bIsDirty());
+    EXPECT_EQ(other.Row(), 1);
+}
+
+TEST_F(DraftOfAGrid, KeepsTheEditorWhereItRefuses) {
+    desk.focusGrid();
+    vs().Select(1, 1);
+    desk.type("typing");
+    EXPECT_NE(grid.Recover("nonsense", false).refusal, "");
+    EXPECT_EQ(desk.editor().text, "typing");
+}
+
+TEST_F(DraftOfAGrid, WrittenAnewIsStillOneOverItsDocument) {
+    draft.begin("order 7", "3");
+    grid.Grid().RemoveRow(1);
+    grid.Grid().InsertRow(4);
+    grid.Grid().Text(4, 1, "inserted");
+    key(1, 2, "x");
+    std::string anewBytes;
+    ASSERT_TRUE(draft.rewrite([&](std::string_view all) {
+        anewBytes = all;
+        return true;
+    }));
+    EXPECT_EQ(lookAtDraft(anewBytes).steps, 1U);
+    kxGrid& other = document();
+    other.Changes().Saved();
+    EXPECT_EQ(other.Recover(anewBytes, true).refusal, "");
+    EXPECT_EQ(contentOf(other), contentOf(grid));
+    EXPECT_EQ(other.Changes().Removed().size(), 1U);
+    EXPECT_EQ(other.Changes().Changed().size(), 1U);
+    EXPECT_EQ(other.Changes().Added().size(), 1U);
+}
+
+TEST_F(DraftOfAGrid, GoesOnAfterARewriteThatFailed) {
+    draft.begin("order 7", "3");
+    writeAll();
+    key(1, 2, "one");
+    EXPECT_FALSE(draft.rewrite([](std::string_view) { return false; }));
+    EXPECT_FALSE(draft.rewrite([](std::string_view) -> bool { throw std::runtime_error("disk"); }));
+    key(2, 2, "two");
+    draft.flush();
+    EXPECT_TRUE(draft.kept());
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+    EXPECT_EQ(lookAtDraft(bytes).steps, 2U);
+}
+
+TEST_F(DraftOfAGrid, OfANewDocumentStandsApartFromTornBytesBeforeIt) {
+    draft.begin("order 7", "3");
+    writeAll();
+    keeps = false;
+    key(1, 2, "torn");
+    keeps = true;
+    draft.begin("order 8", "1");
+    writeAll();
+    key(2, 2, "new");
+    EXPECT_EQ(lookAtDraft(bytes).key, "order 8");
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+}
+
+TEST_F(DraftOfAGrid, NeverTakesTheLinesOfAnotherDraft) {
+    draft.begin("order 7", "3");
+    writeAll();
+    key(1, 2, "seven");
+    const auto state = contentOf(grid);
+    const std::size_t second = bytes.size();
+    draft.begin("order 8", "1");
+    writeAll();
+    for (int i = 0; i < 9; ++i) key(2, 2, "eight " + std::to_string(i));
+    bytes[second + 20] = static_cast<char>(bytes[second + 20] ^ 1);
+    const DraftInfo info = lookAtDraft(bytes);
+    EXPECT_EQ(info.key, "order 7");
+    EXPECT_NE(info.damage, "");
+    EXPECT_EQ(recovered(bytes), state);
+}
+
+TEST_F(DraftOfAGrid, BegunInAStepCountsTheStepAsOne) {
+    {
+        const auto step = grid.Step("装载");
+        grid.SetCell(1, 2, "before");
+        draft.begin("order 7", "3");
+        grid.SetCell(2, 2, "after");
+        EXPECT_FALSE(draft.writeSlice());
+        draft.flush();
+        EXPECT_EQ(lookAtDraft(bytes).steps, 0U);
+    }
+    EXPECT_EQ(lookAtDraft(bytes).steps, 1U);
+}
+
+TEST_F(DraftOfAGrid, OfAnotherFormatIsRefusedByThatName) {
+    draft.begin("order 7", "3");
+    changes::DraftPlace place;
+    std::string newer;
+    changes::appendLine(newer, place, "B\t2\twhatever");
+    EXPECT_NE(lookAtDraft(newer).refusal.find("format 2"), std::string::npos);
+    EXPECT_EQ(lookAtDraft(bytes + newer).key, "order 7");
+    EXPECT_NE(lookAtDraft(bytes + newer).damage, "");
+}
+
+TEST_F(DraftOfAGrid, WithAnyByteAlteredIsAnEarlierState) {
+    draft.begin("order 7", "3");
+    writeAll();
+    std::vector<std::vector<std::string>> states{contentOf(grid)};
+    for (int i = 0; i < 6; ++i) {
+        key(1 + i % 3, 2, "value " + std::to_string(i));
+        states.push_back(contentOf(grid));
+    }
+    kxGrid& other = anew.place();
+    other.Cols(5);
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        std::string altered = bytes;
+        altered[at] = static_cast<char>(altered[at] ^ 0x10);
+        const DraftInfo info = other.Recover(altered, false);
+        if (!info.refusal.empty()) continue;
+        ASSERT_EQ(contentOf(other), states[info.steps]) << "byte " << at;
+        if (at > 0) {
+            ASSERT_NE(info.damage, "") << "byte " << at;
+        }
+    }
 }
 
 TEST_F(DraftOfAGrid, CutAnywhereIsTheStateAfterSomeWholeStep) {

@@ -90,6 +90,25 @@ TEST_F(ClerkWhoUndoes, BringsBackInTheEditorWhatWasTakenBackThere) {
     EXPECT_EQ(desk.editor().text, "x");
 }
 
+TEST_F(ClerkWhoUndoes, LosesNeitherTextNorRedoByOneRedoTooMany) {
+    key(1, 1, "a");
+    key(2, 1, "b");
+    vs().Select(2, 1);
+    undo();
+    desk.press(Key::F2);
+    desk.type("x");
+    undo();
+    redo();
+    redo();
+    EXPECT_TRUE(open());
+    EXPECT_EQ(desk.editor().text, "x");
+    EXPECT_FALSE(desk.run(Command::Redo));
+    EXPECT_FALSE(grid.CanRun(Command::Redo));
+    desk.press(Key::Escape);
+    desk.press('Y', CtrlKey);
+    EXPECT_EQ(text(2, 1), "b");
+}
+
 TEST_F(ClerkWhoUndoes, RedoesFromAnEditorThatNothingWasTypedInto) {
     key(1, 1, "a");
     undo();
