@@ -80,8 +80,9 @@ void Desk::stroke(const KeyStroke& key) {
         records_->leftControl = forward ? 1 : -1;
         moveFocus(&at, FocusPlace::Elsewhere);
     } else if (!used && records_->place == FocusPlace::Editor) {
-        if (const auto command = commandOf(key.code, key.shift))
-            applyToTextBox(at, *command);
+        const auto command = commandOf(key.code, key.shift);
+        if (command == Command::Undo || command == Command::Redo)
+            undoOrRedo(at, *command);
         else
             applyToTextBox(at, key);
     }
@@ -127,7 +128,7 @@ void Desk::applyToTextBox(Station& at, const KeyStroke& key) {
 }
 
 /// What the text box cannot do any more is the grid's.
-void Desk::applyToTextBox(Station& at, Command command) {
+void Desk::undoOrRedo(Station& at, Command command) {
     const TextLine before = at.box;
     const bool done = command == Command::Undo ? at.box.undo() : at.box.redo();
     if (done)

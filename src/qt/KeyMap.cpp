@@ -126,6 +126,16 @@ std::string characterOf(const QKeyEvent& event, std::int16_t code) {
     if (text.isEmpty() || text[0] < u' ' || text[0] == QChar(0x7F)) return {};
     return text.toStdString();
 }
+
+/// The other way round; the first name of a code is that of the unshifted key.
+Qt::Key qtKeyOf(std::int16_t code) {
+    if (code >= FirstFunctionKey && code < FirstFunctionKey + 24)
+        return static_cast<Qt::Key>(Qt::Key_F1 + (code - FirstFunctionKey));
+    const auto* found =
+        std::find_if(std::begin(named), std::end(named), [code](const Named& n) { return n.code == code; });
+    const bool letterOrDigit = (code >= 'A' && code <= 'Z') || (code >= '0' && code <= '9');
+    return static_cast<Qt::Key>(letterOrDigit || found == std::end(named) ? code : found->key);
+}
 }  // namespace
 
 std::optional<Command> commandOf(const QKeyEvent& event) {
@@ -144,7 +154,7 @@ QList<QKeySequence> sequencesOf(Command command) {
         modifiers.setFlag(Qt::ControlModifier, (key.shift & CtrlKey) != 0);
         modifiers.setFlag(Qt::ShiftModifier, (key.shift & ShiftKey) != 0);
         modifiers.setFlag(Qt::AltModifier, (key.shift & AltKey) != 0);
-        sequences << QKeySequence(QKeyCombination(modifiers, static_cast<Qt::Key>(key.code)));
+        sequences << QKeySequence(QKeyCombination(modifiers, qtKeyOf(key.code)));
     }
     return sequences;
 }

@@ -12,8 +12,14 @@
 
 #include "kit/PlacedGrid.h"
 #include "kxVsGrid/PropertyBag.h"
+#include "kxVsGrid/StoredKeys.h"
 
 namespace kxVsGrid::testing {
+
+/// What a grid of so many columns stores.
+inline std::size_t storedValues(std::size_t cols) {
+    return writtenGridKeys().size() + cols * columnKeys().size();
+}
 
 /// A value with its type, such as Int16 0 or Text "Error".
 inline std::string typed(const Variant& value) {

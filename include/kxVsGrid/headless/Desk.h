@@ -214,7 +214,7 @@ class Desk : public Platform {
     bool copyOrPasteCell(Station& at, const KeyStroke& key);
     void paste(Station& at);
     void applyToTextBox(Station& at, const KeyStroke& key);
-    void applyToTextBox(Station& at, Command command);
+    void undoOrRedo(Station& at, Command command);
     Rect reach(std::int32_t row, std::int32_t col) const;
     Desk& clickCell(std::int16_t button, std::int32_t row, std::int32_t col, std::int16_t shift);
     std::vector<std::shared_ptr<Station>> stations_;

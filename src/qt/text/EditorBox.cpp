@@ -152,8 +152,8 @@ bool EditorBox::keyToCore(const QKeyEvent& event) {
 /// What the box cannot take back or bring back any more is the grid's.
 bool EditorBox::undoOrRedo(const QKeyEvent& event) {
     const std::optional<Command> command = commandOf(event);
-    if (!command || composing()) return false;
-    const bool undo = *command == Command::Undo;
+    const bool undo = command == Command::Undo;
+    if ((!undo && command != Command::Redo) || composing()) return false;
     if (undo ? port_->canUndo() : port_->canRedo())
         asClerk(*this, port_->widget(), [&] { undo ? port_->undo() : port_->redo(); });
     else
