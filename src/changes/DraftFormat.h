@@ -1,13 +1,18 @@
 // What the lines of a draft hold, by their first field.
 //
-//     B format again key version rows fixedRows cols caption...   it begins, with so many rows; `again`: in place
-//                                                                  of what stands before it, once it is whole
-//     R steps lastStep {a at count | r at count}...                what has become of the rows since, in a draft
-//                                                                  that was written anew, and how many steps it was
-//     S first count {row col text tag}...                          all that these rows hold
-//     E                                                            the last row has been given
-//     P name bytes                                                 what the host has beside the grid
-//     T name cause {change}...                                     a step; of no name: outside of steps
+//     B format n again key version over rows fixedRows cols caption...
+//         It begins, the n-th of its program. `again`: in place of what stands before it, once it is whole. `over`: the
+//         rows are those of the document, from which the changes lead to its own; else its own.
+//     R steps lastStep {a at count | r at count}...
+//         In one that was written anew: how many steps it was, and what has become of the document's rows since.
+//     S first count {row col text tag}...
+//         All that these rows hold.
+//     E
+//         The last row has been given.
+//     P name bytes
+//         What the host has beside the grid.
+//     T name cause {change}...
+//         A step; of no name: outside of steps.
 //
 // Changes: w row col text; g row col tag; a at count (rows were added); r at count (removed); c first last
 // (texts and tags emptied).

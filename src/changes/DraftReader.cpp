@@ -121,8 +121,7 @@ DraftReader::Use DraftReader::use(const DraftLine& line) {
     FieldReader fields(line.fields);
     const std::string kind(fields.text());
     if (line.number == 1) {
-        const bool again = line.checksum == draft_.place.checksum && draft_.place.number > 0;
-        if (again) return Use::Again;
+        if (line.checksum == draft_.place.checksum && draft_.place.number > 0) return Use::Again;
         closed_ = kind != "B" || !begin(fields, line);
         return closed_ ? Use::Bad : Use::Good;
     }
@@ -138,6 +137,7 @@ bool DraftReader::begin(FieldReader& fields, const DraftLine& line) {
     if (fields.good() && format != DraftFormat) otherFormat_ = format;
     if (format != DraftFormat) return false;
     OneDraft next;
+    fields.number(1, AnyNumber);  // which of the headers of its program it is: by it no two are alike
     const bool again = fields.number(0, 1) != 0;
     next.info.key = fields.text();
     next.info.version = fields.text();

@@ -123,6 +123,7 @@ void DraftWriter::giveUpChanges() noexcept {
 void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std::string_view,
                           std::string_view after) noexcept {
     if (row < header_.fixedRows) return;
+    changed_ = true;
     attempt([&] {
         changes_ += part == CellPart::Text ? "\tw" : "\tg";
         appendField(changes_, std::int64_t{row});
@@ -133,6 +134,7 @@ void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std
 
 /// Also while the draft is lost: the whole has to say where the document's rows are now.
 void DraftWriter::noteRows(const char* kind, std::int32_t at, std::int32_t count) noexcept {
+    changed_ = true;
     if (at < header_.fixedRows) return loseRows();
     try {
         std::string fields = kind;
@@ -147,6 +149,7 @@ void DraftWriter::noteRows(const char* kind, std::int32_t at, std::int32_t count
 
 /// Where the document's rows stand is not known any more.
 void DraftWriter::loseRows() noexcept {
+    changed_ = true;
     header_.rows = -1;
     giveUpChanges();
 }
@@ -166,6 +169,7 @@ void DraftWriter::reordered(std::int32_t, std::span<const std::int32_t>) noexcep
 }
 
 void DraftWriter::cleared(std::int32_t first, std::int32_t last) noexcept {
+    changed_ = true;
     attempt([&] {
         changes_ += "\tc";
         appendField(changes_, std::int64_t{first});
@@ -176,13 +180,13 @@ void DraftWriter::cleared(std::int32_t first, std::int32_t last) noexcept {
 void DraftWriter::stepOpened(std::string_view, Cause) noexcept {
     attempt([&] { closeLine({}, Cause::Code); });
     stepOpen_ = true;
+    changed_ = false;
 }
 
 void DraftWriter::stepClosed(std::string_view name, Cause cause) noexcept {
     stepOpen_ = false;
-    const bool changed = lost_ || !changes_.empty();
     attempt([&] { closeLine(name, cause); });
-    if (changed) noteStep(name);
+    if (std::exchange(changed_, false)) noteStep(name);
     give(false);
 }
 
@@ -264,7 +268,7 @@ DraftWriter::Header DraftWriter::headerNow(std::string_view key, std::string_vie
     return {std::string(key), std::string(version), grid_.Rows(), grid_.FixedRows(), captionsOf(grid_)};
 }
 
-DraftWriter::Whole DraftWriter::wholeNow(bool again) const {
+DraftWriter::Whole DraftWriter::wholeNow(bool again) {
     Whole whole;
     whole.header = headerNow(header_.key, header_.version);
     const bool overDocument = header_.rows >= 0 && header_.fixedRows == grid_.FixedRows();
@@ -282,9 +286,11 @@ DraftWriter::Whole DraftWriter::wholeNow(bool again) const {
     return whole;
 }
 
-void DraftWriter::appendHeader(std::string& out, DraftPlace& place, const Header& header, bool again) const {
+/// Its number sets it apart from all others, and with it its lines.
+void DraftWriter::appendHeader(std::string& out, DraftPlace& place, const Header& header, bool again) {
     std::string fields = "B";
     appendField(fields, std::int64_t{DraftFormat});
+    appendField(fields, std::int64_t{headers_ + 1});
     appendField(fields, std::int64_t{again});
     appendField(fields, header.key);
     appendField(fields, header.version);
@@ -294,6 +300,7 @@ void DraftWriter::appendHeader(std::string& out, DraftPlace& place, const Header
     appendField(fields, static_cast<std::int64_t>(header.captions.size()));
     for (const std::string& caption : header.captions) appendField(fields, caption);
     appendLine(out, place, fields);
+    ++headers_;
 }
 
 void DraftWriter::appendPuts(std::string& out, DraftPlace& place) const {

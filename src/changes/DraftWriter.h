@@ -78,8 +78,8 @@ class DraftWriter : private ChangeListener {
     void takeOver(Whole& whole) noexcept;
 
     Header headerNow(std::string_view key, std::string_view version) const;
-    Whole wholeNow(bool again) const;
-    void appendHeader(std::string& out, DraftPlace& place, const Header& header, bool again) const;
+    Whole wholeNow(bool again);
+    void appendHeader(std::string& out, DraftPlace& place, const Header& header, bool again);
     void appendPuts(std::string& out, DraftPlace& place) const;
     void appendSlice(std::string& out, DraftPlace& place, std::int32_t first, std::int32_t count) const;
     bool fitsHeader() const;
@@ -95,9 +95,11 @@ class DraftWriter : private ChangeListener {
     std::string rowChanges_;  ///< the fields of rows that came and went since the draft began
     std::string lastStep_;
     std::int64_t steps_ = 0;
+    std::int32_t headers_ = 0;  ///< written so far
     std::size_t contentBytes_ = 0;
     bool begun_ = false;
     bool stepOpen_ = false;
+    bool changed_ = false;  ///< something has, since the step was opened
     bool whole_ = false;
     bool failing_ = false;  ///< the sink did not keep what it was given last
     bool giving_ = false;

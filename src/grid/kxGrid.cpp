@@ -2,6 +2,8 @@
 // hears. Errors of reading and writing cells and settings end in a message box, never in the host.
 #include "kxVsGrid/kxGrid.h"
 
+#include <algorithm>
+
 #include "columns/ColumnColors.h"
 #include "columns/EditableColumn.h"
 #include "editing/EmptyRule.h"
@@ -67,14 +69,16 @@ DraftInfo kxGrid::Recover(std::string_view draft, bool document) {
     support::FirstFault fault;
     fault.during([&] {
         p.steps.duringLoading([&] {
+            const std::int32_t row = p.main.Row();
             info = recoverDraft(p.main, draft, document, [&] {
                 p.editor.drop();
                 p.steps.forget();
             });
+            if (info.refusal.empty()) p.rows.replaced();
+            if (p.main.Row() < row) p.main.Row(std::min(row, p.main.Rows() - 1));
         });
     });
     if (!info.refusal.empty()) return info;
-    fault.during([&] { p.rows.replaced(); });
     p.flags.changed = true;
     fault.during([&] { p.leaveFixedArea(); });
     fault.during([&] { p.editor.captureAndLoad(); });

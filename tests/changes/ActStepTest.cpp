@@ -72,7 +72,7 @@ struct ClerksAct {
     friend std::ostream& operator<<(std::ostream& out, const ClerksAct& act) { return out << act.name; }
 };
 
-const ClerksAct Acts[] = {
+const ClerksAct ClerksActs[] = {
     {"TypedText", [](StepsOfAClerk& t) { t.key(2, 1, "x"); }, "录入"},
     {"TypedNumber", [](StepsOfAClerk& t) { t.key(2, 2, "3*4"); }, "录入"},
     {"TypedDate", [](StepsOfAClerk& t) { t.key(3, 3, "2023-05-06"); }, "录入"},
@@ -199,7 +199,7 @@ TEST_P(ActOfTheClerk, IsOneStepThatIsUndoneAndRedoneWhole) {
     EXPECT_TRUE(t.at().messages().empty() || std::string(GetParam().name) == "RefusedExpression");
 }
 
-INSTANTIATE_TEST_SUITE_P(As, ActOfTheClerk, ::testing::ValuesIn(Acts),
+INSTANTIATE_TEST_SUITE_P(As, ActOfTheClerk, ::testing::ValuesIn(ClerksActs),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
 /// All of them one after the other, undone and redone to the ends.
@@ -213,7 +213,7 @@ TEST(ActsOfTheClerk, AreUndoneInTheirOrderToTheBeginning) {
         states.push_back(stateOf(t.control()));
         ++steps;
     });
-    for (const ClerksAct& act : Acts) {
+    for (const ClerksAct& act : ClerksActs) {
         t.cells().Select(2, 2);
         act.act(t);
         t.adds = false;

@@ -1,5 +1,6 @@
 // Any acts on a grid while its draft is written, by slices and anew, to a sink that fails and tears: what was kept
 // is the state of the grid, and cut anywhere it is a state that the grid was in.
+#include <algorithm>
 #include <iterator>
 #include <map>
 #include <string>
@@ -13,8 +14,8 @@
 namespace kxVsGrid::testing {
 namespace {
 
-constexpr std::int32_t Cols = 4;
-constexpr int Acts = 120;
+constexpr std::int32_t DraftCols = 4;
+constexpr int ActsOnADraft = 120;
 
 using Cells = std::vector<std::vector<std::pair<std::string, std::string>>>;  ///< texts and tags by row
 
@@ -22,7 +23,7 @@ Cells cellsOf(const CellGrid& grid) {
     Cells cells;
     for (std::int32_t row = grid.FixedRows(); row < grid.Rows(); ++row) {
         auto& line = cells.emplace_back();
-        for (std::int32_t col = 1; col < Cols; ++col)
+        for (std::int32_t col = 1; col < DraftCols; ++col)
             line.emplace_back(grid.Text(row, col), grid.Data(row, col));
     }
     return cells;
@@ -31,10 +32,11 @@ Cells cellsOf(const CellGrid& grid) {
 class DraftOfAnything : public ::testing::Test {
   protected:
     DraftOfAnything() {
-        grid_.Cols(Cols);
+        grid_.Cols(DraftCols);
         grid_.Rows(9);
         fill();
         begin();
+        grid_.Changes().After.connect([this](const StepChanges&) { note(); });
     }
     void fill() {
         for (std::int32_t row = 1; row < grid_.Rows(); ++row) grid_.SetCell(row, 1, word(), word());
@@ -43,12 +45,12 @@ class DraftOfAnything : public ::testing::Test {
         return std::string(static_cast<std::size_t>(random_.between(0, 9)), random_.anyOf("ab\t\n\\"));
     }
     std::int32_t anyRow() { return static_cast<std::int32_t>(random_.between(1, grid_.Rows() - 1)); }
-    std::int32_t anyCol() { return static_cast<std::int32_t>(random_.between(1, Cols - 1)); }
+    std::int32_t anyCol() { return static_cast<std::int32_t>(random_.between(1, DraftCols - 1)); }
     void begin() {
         keeps_ = true;
         draft_.begin("key", std::to_string(random_.between(1, 9)));
         document_ = cellsOf(grid_.Grid());
-        states_.clear();
+        kept_.clear();
         note();
     }
     /// Another file, as a sink has one that grew too long.
@@ -61,7 +63,7 @@ class DraftOfAnything : public ::testing::Test {
         ASSERT_EQ(done, keeps_);
         if (!done) return;
         bytes_ = shorter;
-        states_.clear();
+        kept_.clear();
     }
     void step() {
         const auto step = grid_.Step("几格");
@@ -111,12 +113,13 @@ class DraftOfAnything : public ::testing::Test {
         }
     }
     void note() {
-        if (draft_.kept()) states_[bytes_.size()] = cellsOf(grid_.Grid());
+        seen_.push_back(cellsOf(grid_.Grid()));
+        if (draft_.kept()) kept_[bytes_.size()] = seen_.size() - 1;
     }
     Cells recovered(std::string_view bytes, bool document) {
         headless::Desk desk;
         kxGrid& other = desk.place();
-        other.Cols(Cols);
+        other.Cols(DraftCols);
         other.Grid().Rows(static_cast<std::int32_t>(document_.size()) + 1);
         for (std::size_t row = 0; row < document_.size(); ++row)
             for (std::size_t col = 0; col < document_[row].size(); ++col)
@@ -137,9 +140,12 @@ class DraftOfAnything : public ::testing::Test {
     }
     void cut() {
         const std::size_t at = static_cast<std::size_t>(random_.between(
-            static_cast<std::int64_t>(states_.begin()->first), static_cast<std::int64_t>(bytes_.size())));
-        const auto& expected = std::prev(states_.upper_bound(at))->second;
-        ASSERT_EQ(recovered(std::string_view(bytes_).substr(0, at), true), expected) << "cut at " << at;
+            static_cast<std::int64_t>(kept_.begin()->first), static_cast<std::int64_t>(bytes_.size())));
+        // a sink that tears may have kept more than it says
+        const auto first =
+            seen_.begin() + static_cast<std::ptrdiff_t>(std::prev(kept_.upper_bound(at))->second);
+        const Cells found = recovered(std::string_view(bytes_).substr(0, at), true);
+        ASSERT_NE(std::find(first, seen_.end(), found), seen_.end()) << "cut at " << at;
     }
 
     kit::Random random_;
@@ -148,7 +154,8 @@ class DraftOfAnything : public ::testing::Test {
     std::string bytes_;
     bool keeps_ = true;
     Cells document_;
-    std::map<std::size_t, Cells> states_;  ///< by how many bytes were kept
+    std::vector<Cells> seen_;                  ///< after each step
+    std::map<std::size_t, std::size_t> kept_;  ///< which of them, by how many bytes were kept
     Draft draft_{grid_.Grid(), [this](std::string_view more) {
                      bytes_ += more.substr(0, keeps_ ? more.size() : more.size() / 2);
                      return keeps_;
@@ -156,7 +163,7 @@ class DraftOfAnything : public ::testing::Test {
 };
 
 TEST_F(DraftOfAnything, IsTheGridAsItWasAfterTheLastOfItsSteps) {
-    for (int i = 0; i < Acts && !HasFatalFailure(); ++i) {
+    for (int i = 0; i < ActsOnADraft && !HasFatalFailure(); ++i) {
         act(random_.between(0, 12));
         if (HasFatalFailure()) return;
         draft_.flush();

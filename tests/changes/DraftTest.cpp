@@ -347,7 +347,8 @@ TEST_F(DraftOfAGrid, WithAnyByteAlteredIsAnEarlierState) {
         const DraftInfo info = other.Recover(altered, false);
         if (!info.refusal.empty()) continue;
         ASSERT_EQ(contentOf(other), states[info.steps]) << "byte " << at;
-        if (at > 0) {
+        // the first line is empty, and without its end the last one is torn
+        if (at > 0 && at + 1 < bytes.size()) {
             ASSERT_NE(info.damage, "") << "byte " << at;
         }
     }
@@ -357,7 +358,10 @@ TEST_F(DraftOfAGrid, CutAnywhereIsTheStateAfterSomeWholeStep) {
     kit::Random random;
     draft.begin("order 7", "3");
     std::map<std::size_t, std::vector<std::string>> states;
-    std::size_t slicesEnd = 0;
+    std::size_t slicesEnd = std::string::npos;
+    grid.Changes().After.connect([&](const StepChanges&) {
+        if (bytes.size() >= slicesEnd) states[bytes.size()] = contentOf(grid);
+    });
     for (int act = 0; act < 60; ++act) {
         const auto row = static_cast<std::int32_t>(random.between(1, grid.Rows() - 1));
         switch (random.between(0, 5)) {
@@ -365,7 +369,7 @@ TEST_F(DraftOfAGrid, CutAnywhereIsTheStateAfterSomeWholeStep) {
                 grid.Grid().InsertRow(row);
                 break;
             case 1:
-                if (grid.Rows() > 3) grid.Grid().RemoveRow(row);
+                if (grid.Rows() > 6) grid.Grid().RemoveRow(row);
                 break;
             case 2:
                 desk.press('Z', CtrlKey);
