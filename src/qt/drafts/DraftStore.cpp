@@ -217,9 +217,11 @@ class UnixDraft : public StoredDraft {
     std::atomic<bool> named_ = false;  ///< its name is on the disk
 };
 
+constexpr int Tries = 10;
+
 /// Others hold a lock for the length of a look as well.
 bool lock(const Handle& file) {
-    for (int tries = 0; tries < 10; ++tries) {
+    for (int tries = 0; tries < Tries; ++tries) {
         if (::flock(file.number(), LOCK_EX | LOCK_NB) == 0) return true;
         if (errno != EWOULDBLOCK && errno != EINTR) return false;
         QThread::msleep(10);
@@ -248,7 +250,20 @@ class UnixStore : public DraftStore {
         return {Found::Open, std::move(draft), {}};
     }
 
+    /// Its program may replace the file while its lock is waited for: what counts is the one that stands then.
     OpenedDraft open(const QString& path) override {
+        OpenedDraft opened = openOnce(path);
+        for (int tries = 1; tries < Tries && opened.found == Found::Gone; ++tries) opened = openOnce(path);
+        return opened;
+    }
+
+    Failure folderFault(const QString& folder) override {
+        const Folder opened = openFolder(QFile::encodeName(folder));
+        return opened.error == ENOENT || opened.why.isEmpty() ? Failure() : failure(folder, opened.why);
+    }
+
+  private:
+    static OpenedDraft openOnce(const QString& path) {
         Folder folder = openFolder(folderNameOf(path));
         if (folder.error == ENOENT) return notOpened(Found::Gone, path, reasonOf(ENOENT));
         if (!folder.why.isEmpty()) return notOpened(Found::Failed, QFileInfo(path).path(), folder.why);
@@ -264,14 +279,8 @@ class UnixStore : public DraftStore {
             return notOpened(Found::Failed, path, QStringLiteral("文件不属于当前用户"));
         if (!lock(file)) return inUse(path);
         auto draft = std::make_shared<UnixDraft>(path, std::move(folder.handle), std::move(file));
-        // its program has replaced or removed it meanwhile
         if (!draft->there()) return notOpened(Found::Gone, path, reasonOf(ENOENT));
         return {Found::Open, std::move(draft), {}};
-    }
-
-    Failure folderFault(const QString& folder) override {
-        const Folder opened = openFolder(QFile::encodeName(folder));
-        return opened.error == ENOENT || opened.why.isEmpty() ? Failure() : failure(folder, opened.why);
     }
 };
 
