@@ -12,9 +12,6 @@ set(KXVSGRID_TEST_CHECKS LEAN CACHE STRING "How the tests' own code is sanitized
 set_property(CACHE KXVSGRID_TEST_CHECKS PROPERTY STRINGS LEAN FULL)
 add_library(kx_test_options INTERFACE)
 target_compile_options(kx_test_options INTERFACE $<$<NOT:$<BOOL:$<TARGET_PROPERTY:KX_OPTIMISED>>>:-O0>)
-if(KXVSGRID_TEST_CHECKS STREQUAL "FULL")
-    target_compile_definitions(kx_test_options INTERFACE KX_THOROUGH)  # random tests of minutes go all the way
-endif()
 if(KXVSGRID_SANITIZE AND NOT KXVSGRID_TEST_CHECKS STREQUAL "FULL")
     target_compile_options(kx_test_options INTERFACE -fno-sanitize=null,alignment,object-size,vptr,nonnull-attribute)
 endif()
