@@ -461,10 +461,23 @@ TEST_F(DraftFileTest, StandsAsItWasWhenAHandlerThrows) {
     const QByteArray before = content(left.path);
     Window other;
     draft = make(*other.widget);
-    other.grid().CellChanged.connect([](auto, auto) { throw std::runtime_error("boom"); });
+    other.grid().Grid().Select(other.grid().Rows() - 1, Code);
+    other.grid().RowColChange.connect([] { throw std::runtime_error("boom"); });
     EXPECT_THROW(draft->recover(left, false), std::runtime_error);
     EXPECT_EQ(content(left.path), before);
     EXPECT_EQ(leftovers().size(), 1);
+}
+
+TEST_F(DraftFileTest, ComesBackWithoutTellingOfEachCell) {
+    auto draft = begun();
+    key(3, Code, "new");
+    draft.reset();
+    const auto left = leftovers().at(0);
+    Window other;
+    draft = make(*other.widget);
+    other.grid().CellChanged.connect([](auto, auto) { throw std::runtime_error("boom"); });
+    EXPECT_EQ(draft->recover(left, false).refusal, "");
+    EXPECT_EQ(other.text(3, Code), "new");
 }
 
 TEST_F(DraftFileTest, StandsInTheUsersOwnData) {
