@@ -201,7 +201,7 @@ struct CellGrid::Impl {
     bool selectsRows = false;
 
     bool stepOpen = false;  ///< told as opened (CellGrid::TellStepOpened)
-    bool there = true;  ///< the grid, or somebody to hear of it; what goes on after an event asks
+    bool there = true;      ///< the grid, or somebody to hear of it; what goes on after an event asks
 
   private:
     void insertRows(std::int32_t position, std::int32_t n, RowId id = RowId::None);
