@@ -63,4 +63,5 @@ void planFrames(Plan& plan);
 void planEntry(Plan& plan);
 void planLookup(Plan& plan);
 void planHistory(Plan& plan);
+void planDrafts(Plan& plan);
 }  // namespace kxbench

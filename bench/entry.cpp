@@ -1,5 +1,6 @@
 // One entry, key by key, each key painted: a typed key that opens the editor, five more, Enter.
 #include <QApplication>
+#include <QTemporaryDir>
 #include <QTest>
 #include <stdexcept>
 
@@ -7,6 +8,7 @@
 #include "Measure.h"
 #include "Plan.h"
 #include "Stage.h"
+#include "kxVsGrid/qt/DraftFile.h"
 
 namespace kxbench {
 namespace {
@@ -27,6 +29,16 @@ struct EntryWidget : OnWidget {
     void select(std::int32_t row) { grid.Grid().Select(row + HeaderRows, Col + HeaderCols); }
     QString text(std::int32_t row) {
         return QString::fromStdString(grid.ReadCell(row + HeaderRows, Col + HeaderCols, true));
+    }
+};
+
+/// Each entry is written to the disk as it is committed.
+struct EntryDrafted : EntryWidget {
+    QTemporaryDir folder;
+    kxVsGrid::qt::DraftFile draft{widget, folder.path()};
+    EntryDrafted() {
+        draft.begin("order", "1");
+        settle();
     }
 };
 
@@ -121,6 +133,7 @@ void addOpeningKey(const std::string& name) {
 
 void releaseAll() {
     Shared<EntryWidget>::release();
+    Shared<EntryDrafted>::release();
     Shared<EntryLean>::release();
     Shared<EntryTableWidget>::release();
 }
@@ -128,6 +141,7 @@ void releaseAll() {
 
 void planEntry(Plan& plan) {
     addEntry<EntryWidget>("entry/widget");
+    addEntry<EntryDrafted>("entry/drafted");
     addEntry<EntryLean>("entry/lean");
     addEntry<EntryTableWidget>("entry/QTableWidget");
     addOpeningKey<EntryWidget>("entry/widget_opening_key");
@@ -137,6 +151,8 @@ void planEntry(Plan& plan) {
         {"entry",
          {{work + "the table view", "entry/widget", "entry/lean", Limit::Ratio, 0.4, Show::Milliseconds},
           {work + "QTableWidget", "entry/widget", "entry/QTableWidget", Limit::None, 0, Show::Milliseconds},
+          {work + "the same without: with a draft on the disk", "entry/drafted", "entry/widget", Limit::Ratio,
+           1.1, Show::Milliseconds},
           {"the opening key alone, beside the table view", "entry/widget_opening_key",
            "entry/lean_opening_key", Limit::None, 0, Show::Milliseconds}},
          releaseAll});

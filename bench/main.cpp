@@ -51,6 +51,7 @@ Plan makePlan() {
     planEntry(plan);
     planLookup(plan);
     planHistory(plan);
+    planDrafts(plan);
     return plan;
 }
 
