@@ -9,6 +9,7 @@
 
 #include "qt/KeyMap.h"
 #include "qt/Stage.h"
+#include "qt/drafts/DraftKeeper.h"
 #include "qt/settings/PropertyValues.h"
 
 namespace kxVsGrid::qt {
@@ -24,8 +25,10 @@ kxGridWidget::kxGridWidget(QWidget* parent) : QWidget(parent), parts_(std::make_
     setMouseTracking(true);
 }
 
-/// The children tell of their end (focus, hiding): they go before what they would tell.
+/// The children tell of their end (focus, hiding), and drafts look at the grid: they go before what they would
+/// tell or look at.
 kxGridWidget::~kxGridWidget() {
+    for (QObject* child : QObjectList(children())) delete dynamic_cast<drafts::DraftKeeper*>(child);
     parts_->close();
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }

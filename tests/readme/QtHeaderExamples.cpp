@@ -1,8 +1,10 @@
 // The examples at the heads of the Qt headers, compiled as they stand there.
+#include <QDebug>
 #include <QSettings>
 #include <QWidget>
 
 #include "kxVsGrid/kxVsGrid.h"
+#include "kxVsGrid/qt/DraftFile.h"
 #include "kxVsGrid/qt/FileBag.h"
 #include "kxVsGrid/qt/SettingsBag.h"
 #include "kxVsGrid/qt/ShowForm.h"
@@ -13,6 +15,9 @@ class WindowWithAGrid : public QWidget {
   public:
     void makeGrid() {
 #include "examples/qt/kxGridWidget.inc"
+    }
+    void keepADraft() {
+#include "examples/qt/DraftFile.inc"
     }
     void keepInAFile() {
 #include "examples/qt/FileBag.inc"
@@ -31,6 +36,7 @@ class WindowWithAGrid : public QWidget {
 /// Makes the compiler look at all of it.
 void useTheExamples(WindowWithAGrid& window) {
     window.makeGrid();
+    window.keepADraft();
     window.keepInAFile();
     window.keepInSettings();
     window.showPage();
