@@ -148,6 +148,23 @@ void OrderGrid::select(std::int32_t row, std::int32_t col) {
     grid_.Grid().Select(row, col);
 }
 
+void OrderGrid::recovered(const QDate& delivery) {
+    presetDelivery(delivery);
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) markCode(row);
+    selectEnd();
+}
+
+void OrderGrid::goTo(std::int32_t row, std::int32_t col) {
+    const UnrecordedSpan unrecorded = grid_.Unrecorded();
+    select(row, col);
+}
+
+void OrderGrid::selectEnd() {
+    std::int32_t row = grid_.Rows() - 1;
+    while (row > grid_.FixedRows() && read(row - 1).isEmpty()) --row;
+    goTo(row, Code);
+}
+
 // --- Cells and lines.
 
 QString OrderGrid::text(std::int32_t row, Column col) const {

@@ -100,6 +100,13 @@ class OrderGrid : public QObject {
     /// What is there now is saved: `lines` are those of lines(), with their ids. It can still be undone.
     void markSaved(const std::vector<OrderLine>& lines);
 
+    /// The control has been put into the state of a draft: colours and proposals follow, nothing can be undone.
+    void recovered(const QDate& delivery);
+    /// Makes a cell the current one; the texts that its row gets by that are nobody's step.
+    void goTo(std::int32_t row, std::int32_t col);
+    /// To the code of the row behind the last line.
+    void selectEnd();
+
     /// What can be done in the current cell.
     QString hint() const;
     /// Gives the remark column what the others leave of the control's width, in twips.
