@@ -8,13 +8,12 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int TitleOfDesktop = 40;
 
+// As far apart as the screen allows where it is too narrow for both.
 void placeBesideEachOther(OrderWindow& left, OrderWindow& right) {
     const QRect room = left.screen()->availableGeometry().adjusted(0, 0, 0, -TitleOfDesktop);
-    const QSize half(room.width() / 2, room.height());
-    for (auto& [window, x] : {std::pair<OrderWindow*, int>(&left, room.left()), {&right, room.center().x()}}) {
-        window->resize(half);
-        window->move(x, room.top());
-    }
+    for (OrderWindow* window : {&left, &right}) window->resize(room.width() / 2, room.height());
+    left.move(room.topLeft());
+    right.move(room.right() + 1 - right.width(), room.top());
 }
 }  // namespace
 

@@ -20,7 +20,7 @@ import tempfile
 import time
 
 NOW = "2026-11-20 09:30:00"
-KILLS = int(os.environ.get("KX_KILLS", "12"))
+KILLS = int(os.environ.get("KX_KILLS", "30"))
 PATIENCE = 120  # seconds; a slow machine is not an error
 LINES = 9
 
@@ -42,7 +42,7 @@ def script():
         keys += ["key Tab", f"type {line}.25", "key Enter"] if line % 3 == 1 else ["key Enter"]
         if line % 4 == 2:
             keys += ["key Ctrl+Z", "key Ctrl+Z", "key Ctrl+Y", "key Ctrl+Y", "key Ctrl+Z"]
-    keys += [*go_to(3), "key Delete", "key Alt+D", "key Insert"]
+    keys += [*go_to(3), "key Delete", "key Left", "key Space", "key Insert"]
     keys += [*go_to(1), "key Right", "key Right", "key Right", "key Right", "type 7", "key Enter", "key Ctrl+Z"]
     return "\n".join(keys) + "\n"
 
