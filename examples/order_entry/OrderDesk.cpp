@@ -7,13 +7,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int TitleOfDesktop = 40;
+constexpr int DesktopFrame = 4;
 
-// As far apart as the screen allows where it is too narrow for both.
+// As far apart as the screen allows where it is too narrow for both. Their frames are not known yet.
 void placeBesideEachOther(OrderWindow& left, OrderWindow& right) {
-    const QRect room = left.screen()->availableGeometry().adjusted(0, 0, 0, -TitleOfDesktop);
-    for (OrderWindow* window : {&left, &right}) window->resize(room.width() / 2, room.height());
-    left.move(room.topLeft());
-    right.move(room.right() + 1 - right.width(), room.top());
+    const QRect room = left.screen()->availableGeometry().adjusted(
+        DesktopFrame, TitleOfDesktop, -DesktopFrame, -DesktopFrame);
+    const QSize half(room.width() / 2 - DesktopFrame, room.height());
+    for (OrderWindow* window : {&left, &right}) window->resize(half);
+    left.setGeometry(QRect(room.topLeft(), left.size()));
+    right.setGeometry(QRect({room.right() + 1 - right.width(), room.top()}, right.size()));
 }
 }  // namespace
 

@@ -102,9 +102,9 @@ class OrderGrid : public QObject {
 
     /// The control has been put into the state of a draft: colours and proposals follow, nothing can be undone.
     void recovered(const QDate& delivery);
-    /// Makes a cell the current one; the texts that its row gets by that are nobody's step.
+    /// Makes a cell the current one, which is nobody's step.
     void goTo(std::int32_t row, std::int32_t col);
-    /// To the code of the row behind the last line.
+    /// To the code of the row behind the last line, which gets the presets.
     void selectEnd();
 
     /// What can be done in the current cell.
@@ -132,6 +132,7 @@ class OrderGrid : public QObject {
     QString caption(Column col) const;
     void put(std::int32_t row, Column col, const QString& text, const QString& tag = {});
     void putDelivery(std::int32_t row, const QDate& delivery);
+    void putPresets(std::int32_t row);
     void presetRow(Column col, const QString& text);
 
     /// Answers a code check; an empty name refuses the text.

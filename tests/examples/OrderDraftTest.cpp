@@ -370,6 +370,23 @@ TEST_F(OrderDraftTest, GoingOnHidesTheBarAndGoesBehindTheLastLine) {
     EXPECT_FALSE(grid().History().CanUndo());
 }
 
+TEST_F(OrderDraftTest, GivesTheLineBehindTheLastOneItsPresets) {
+    start();
+    saveOrder();
+    restart();
+    EXPECT_TRUE(window().openOrder(1));
+    changeFirstQuantity("7");
+    restart();
+    EXPECT_FALSE(grid().History().CanUndo());
+    play({"type 100003", "key Enter", "type 4", "key Enter"});
+    const OrderLine line = window().onScreen().lines.back();
+    EXPECT_EQ(line.code, QString("100003"));
+    EXPECT_EQ(line.warehouse, QString("主仓库"));
+    EXPECT_EQ(line.delivery, QDate(2026, 11, 27));
+    EXPECT_EQ(line.slot, QString("2026-11-27 上午"));
+    EXPECT_TRUE(window().save());
+}
+
 TEST_F(OrderDraftTest, OpensTheEditorAgainWithWhatStoodInItForLong) {
     start();
     typeOrder();
