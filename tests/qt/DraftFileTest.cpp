@@ -448,6 +448,7 @@ TEST_F(DraftFileTest, MayBeEndedByAHandlerWhileItRecovers) {
     draft = make(*other.widget);
     other.grid().CellChanged.connect([&](auto, auto) { draft.reset(); });
     EXPECT_EQ(draft->recover(leftovers().at(0), false).refusal, "");
+    draft.reset();
     EXPECT_EQ(leftovers().size(), 1);
     EXPECT_EQ(recovered(leftovers()[0]), expected);
 }

@@ -68,8 +68,8 @@ class DraftFile : public QObject {
     struct Recovery : DraftInfo {
         /// Where a draft that was damaged is kept, all of it; empty while it stands where it stood.
         QString keptBeside;
-        /// False where all rows were put anew, with ids of their own, although the grid held the document: once
-        /// a file has been written anew it tells what the rows hold, and no more what became of which.
+        /// False where all rows were put anew, with ids of their own, although the grid held the document: a
+        /// draft that was recovered before begins with what was recovered, not with the document.
         bool overDocument = false;
         /// All of it in words for the clerk.
         QString told() const;

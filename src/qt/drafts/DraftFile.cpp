@@ -28,16 +28,25 @@ QStringList filesIn(const QString& folder, const QString& pattern) {
     return files;
 }
 
+/// Whether it stands for itself: then it is newer than the one that it was to replace.
+bool whole(drafts::StoredDraft& draft) {
+    QByteArray bytes;
+    if (!draft.read(bytes).isEmpty()) return false;
+    return lookAtDraft({bytes.constData(), static_cast<std::size_t>(bytes.size())}).whole;
+}
+
 /// A program that was ended while it wrote a draft anew has left both behind, or the new one alone.
 void tidy(DraftStore& store, const QString& folder) {
     for (const QString& path : filesIn(folder, QStringLiteral("*.draft.*.new"))) {
         const OpenedDraft opened = store.open(path);
         if (!opened.draft) continue;
-        const QString replaced = drafts::replacedBy(path);
-        if (QFileInfo::exists(replaced) || QFileInfo(replaced).isSymLink())
+        const OpenedDraft replaced = store.open(drafts::replacedBy(path));
+        if (replaced.found == Found::Gone)
+            opened.draft->moveTo(drafts::replacedBy(path));
+        else if (replaced.draft && whole(*opened.draft))
+            opened.draft->moveOver(*replaced.draft);
+        else if (replaced.draft)
             opened.draft->remove();
-        else
-            opened.draft->moveTo(replaced);
     }
 }
 

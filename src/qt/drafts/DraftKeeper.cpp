@@ -47,11 +47,12 @@ DraftKeeper::~DraftKeeper() {
     try {
         if (flushTimer_.isActive()) noteChanged();
         if (!anew_) draft_->flush();
-        dropShorter();
     } catch (const std::exception&) {
         // For want of memory: the steps are in the file.
     }
     stop();
+    syncing_.reset();
+    if (longer_ && file_->sync().isEmpty()) file_->moveOver(*longer_);
 }
 
 /// No exception may get into Qt's event loop: what memory did not suffice for is tried again.
@@ -98,7 +99,7 @@ DraftFile::Recovery DraftKeeper::recover(const QString& path, bool document) {
     }
     const std::string_view draft(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     DraftInfo look = lookAtDraft(draft);
-    back.overDocument = document && !takeNotes(look).before.rewritten;
+    back.overDocument = document && !takeNotes(look).before.recovered;
     const QPointer<DraftKeeper> here(this);
     static_cast<DraftInfo&>(back) = grid_.Recover(draft, back.overDocument);
     const Notes notes = takeNotes(back);
@@ -114,6 +115,7 @@ DraftFile::Recovery DraftKeeper::recover(const QString& path, bool document) {
         draft_->begin(back.key, back.version);
         for (const auto& [name, value] : back.puts) put(name, value);
         draft_->put(EditorNote, notes.editor);
+        draft_->put(BeforeNote, before_.text());
     }
     editorNote_ = recoveredNote_ = notes.editor;
     writeAnew();
@@ -143,9 +145,8 @@ void DraftKeeper::startOver(const QString& key) {
     stop();
     letGo();
     key_ = key;
-    size_ = compactAt_ = steps_ = 0;
+    size_ = compactAt_ = 0;
     before_ = {};
-    lastStep_.clear();
     puts_.clear();
     editorNote_.clear();
     recoveredNote_.clear();
@@ -178,7 +179,6 @@ void DraftKeeper::stop() {
     grid_.Grid().RemoveListener(*this);
     if (auto* program = QCoreApplication::instance()) program->removeEventFilter(this);
     draft_->end();
-    dropShorter();
     anew_ = failing_ = false;
 }
 
@@ -196,15 +196,10 @@ void DraftKeeper::stepOpened(std::string_view, Cause) noexcept {
     stepChanged_ = false;
 }
 
-void DraftKeeper::stepClosed(std::string_view name, Cause) noexcept {
+void DraftKeeper::stepClosed(std::string_view, Cause) noexcept {
     stepOpen_ = false;
     if (!stepChanged_) return;
-    ++steps_;
-    try {
-        lastStep_ = name;
-    } catch (...) {
-        lastStep_.clear();
-    }
+    flushTimer_.start(0);  // a long one may wait for it
     if (!editorNote_.empty()) editorTimer_.start(0);
 }
 
@@ -226,7 +221,6 @@ bool DraftKeeper::keep(std::string_view bytes) {
         return false;
     }
     size_ += bytes.size();
-    ++writes_;
     syncing_->soon(file_);
     removeFormer();
     worked();
@@ -255,11 +249,18 @@ OpenedDraft DraftKeeper::createNamed() {
 }
 
 OpenedDraft DraftKeeper::createBeside() {
-    return store_->create(nameBeside(file_->path()));
+    return store_->create(nameBeside(standing().path()));
+}
+
+/// The file under the draft's own name.
+StoredDraft& DraftKeeper::standing() const {
+    return longer_ ? *longer_ : *file_;
 }
 
 /// The file is of no use any more once another one stands.
 void DraftKeeper::letGo() {
+    if (longer_) former_.push_back(std::move(longer_));
+    longer_.reset();
     if (!file_) return;
     if (std::exchange(damaged_, false))
         file_->moveTo(keptName(file_->path()));
@@ -276,15 +277,12 @@ void DraftKeeper::removeFormer() {
     }
 }
 
-void DraftKeeper::goOnIn(const std::shared_ptr<StoredDraft>& draft, std::size_t size, const Before& before) {
+void DraftKeeper::goOnIn(const std::shared_ptr<StoredDraft>& draft, std::size_t size) {
     file_ = draft;
     size_ = size;
     compactAt_ = 0;
-    before_ = before;
-    steps_ = 0;
     anew_ = false;
-    ++writes_;
-    syncing_->soon(file_);
+    syncing_->now(file_);
     removeFormer();
     worked();
 }
@@ -314,12 +312,11 @@ void DraftKeeper::retry() {
 /// known to be on the disk, or was left behind by another program.
 bool DraftKeeper::writeAnew() {
     if (stepOpen_) return false;
-    const Before before = all();
     {
         const support::FlagSpan muted(muted_);
-        draft_->put(BeforeNote, before.text());
+        noteChanged();
     }
-    const bool inPlace = file_ && file_->there();
+    const bool inPlace = file_ && standing().there();
     OpenedDraft next;
     Failure why;
     std::size_t size = 0;
@@ -332,15 +329,18 @@ bool DraftKeeper::writeAnew() {
         if (!why.isEmpty() && next.draft) next.draft->remove();
         return why.isEmpty();
     });
-    if (done)
-        goOnIn(next.draft, size, before);
-    else
+    if (done) {
+        if (longer_) former_.push_back(file_);  // which had not moved over it
+        longer_.reset();
+        goOnIn(next.draft, size);
+    } else {
         failed(why.isEmpty() ? QStringLiteral("内存不足") : why);
+    }
     return done;
 }
 
 Failure DraftKeeper::putInPlace(StoredDraft& next) {
-    if (!damaged_) return next.moveOver(*file_);
+    if (!damaged_) return next.moveOver(standing());
     const QString path = file_->path();
     const QString kept = keptName(path);
     if (Failure why = file_->moveTo(kept); !why.isEmpty()) return why;
@@ -392,73 +392,48 @@ void DraftKeeper::noteChanged() {
     draft_->put(BeforeNote, before_.text());
 }
 
-Before DraftKeeper::all() const {
-    return {true, true, before_.steps + steps_, steps_ > 0 ? lastStep_ : before_.lastStep};
-}
-
-// --- A shorter file. The clerk may go on while it is being brought to the disk: then it is of no use.
+// --- A shorter file takes over at once, under another name. It gets the name of the longer one when the disk has
+// it: of what a program leaves behind then, the shorter one counts if it is whole.
 
 bool DraftKeeper::tooLong() const {
     return size_ > std::max({MostTimes * draft_->contentBytes(), ShortFile, compactAt_});
 }
 
 void DraftKeeper::compactSoon() {
-    if (tooLong() && !shorter_.draft && !compactTimer_.isActive()) compactTimer_.start(0);
+    if (tooLong() && !longer_ && !compactTimer_.isActive()) compactTimer_.start(0);
 }
 
 void DraftKeeper::compact() {
-    if (!tooLong() || shorter_.draft || anew_ || failing_ || !draft_->whole()) return;
+    if (!tooLong() || longer_ || anew_ || failing_ || !draft_->whole()) return;
     if (stepOpen_) return compactTimer_.start(times_.flush);
-    draft_->flush();
-    shorter_.before = all();
-    draft_->put(BeforeNote, shorter_.before.text());
-    if (!draft_->kept() || !file_) return;
-    const OpenedDraft opened = createBeside();
-    Failure why = opened.why;
-    if (opened.draft)
-        static_cast<void>(draft_->rewrite([&](std::string_view bytes) {
-            shorter_.size = bytes.size();
-            shorter_.hash = hashOf(bytes);
-            why = opened.draft->append(bytes);
-            return false;  // it counts when it is on the disk
-        }));
-    shorter_.draft = opened.draft;
-    shorter_.after = writes_;
-    if (why.isEmpty()) return syncing_->now(opened.draft);
-    compactAt_ = 2 * size_;
-    dropShorter();
+    noteChanged();
+    if (!file_ || !file_->there()) return;
+    OpenedDraft next;
+    std::size_t size = 0;
+    const bool done = draft_->rewrite([&](std::string_view bytes) {
+        size = bytes.size();
+        next = createBeside();
+        if (next.draft && next.draft->append(bytes).isEmpty()) return true;
+        if (next.draft) next.draft->remove();
+        return false;
+    });
+    if (!done) {
+        compactAt_ = 2 * size_;
+        return;
+    }
+    longer_ = file_;
+    goOnIn(next.draft, size);
 }
 
 void DraftKeeper::synced(const std::shared_ptr<StoredDraft>& draft, const Failure& why) {
-    if (!begun_) return;
-    if (draft == shorter_.draft) return why.isEmpty() ? moveShorterOver() : dropShorter();
-    if (draft != file_ || why.isEmpty() || anew_) return;
-    anew_ = true;
-    failed(why);
-}
-
-void DraftKeeper::moveShorterOver() {
-    draft_->flush();
-    const bool same = !stepOpen_ && !anew_ && writes_ == shorter_.after && file_->there();
-    const bool moved = same && draft_->rewrite([this](std::string_view bytes) {
-        return bytes.size() == shorter_.size && hashOf(bytes) == shorter_.hash &&
-               shorter_.draft->moveOver(*file_).isEmpty();
-    });
-    if (!moved) {
-        dropShorter();
-        return compactTimer_.start(times_.retry);
+    if (!begun_ || draft != file_ || anew_) return;
+    if (!why.isEmpty()) {
+        anew_ = true;
+        failed(why);
+    } else if (longer_ && file_->moveOver(*longer_).isEmpty()) {
+        longer_.reset();
+        syncing_->soon(file_);  // the name
     }
-    const Shorter shorter = std::exchange(shorter_, {});
-    goOnIn(shorter.draft, shorter.size, shorter.before);
-}
-
-void DraftKeeper::dropShorter() {
-    if (!shorter_.draft) return;
-    shorter_.draft->remove();
-    shorter_ = {};
-    if (!begun_) return;
-    before_.changed = true;
-    draft_->put(BeforeNote, before_.text());
 }
 
 // --- The open editor

@@ -59,15 +59,6 @@ class DraftKeeper : public QObject, private ChangeListener {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    /// A file that is being brought to the disk before it moves over the one that is written.
-    struct Shorter {
-        std::shared_ptr<StoredDraft> draft;
-        std::size_t size = 0;
-        std::size_t hash = 0;
-        std::uint64_t after = 0;  ///< how often something had been written by then
-        Before before;            ///< as it stands in it
-    };
-
     // ChangeListener
     void written(std::int32_t, std::int32_t, CellPart, std::string_view, std::string_view) noexcept override {
         changed();
@@ -90,6 +81,7 @@ class DraftKeeper : public QObject, private ChangeListener {
     bool openFile();
     OpenedDraft createNamed();
     OpenedDraft createBeside();
+    StoredDraft& standing() const;
     void letGo();
     void removeFormer();
 
@@ -102,16 +94,12 @@ class DraftKeeper : public QObject, private ChangeListener {
     void slice();
     void flush();
     void noteChanged();
-    /// What a file that is written anew has to say of what was before it.
-    Before all() const;
 
     bool tooLong() const;
     void compactSoon();
     void compact();
     void synced(const std::shared_ptr<StoredDraft>& draft, const Failure& why);
-    void moveShorterOver();
-    void dropShorter();
-    void goOnIn(const std::shared_ptr<StoredDraft>& draft, std::size_t size, const Before& before);
+    void goOnIn(const std::shared_ptr<StoredDraft>& draft, std::size_t size);
 
     void lookAtEditor();
     std::optional<DraftFile::EditorText> openEditor() const;
@@ -124,10 +112,10 @@ class DraftKeeper : public QObject, private ChangeListener {
 
     QString key_;
     std::shared_ptr<StoredDraft> file_;
+    std::shared_ptr<StoredDraft> longer_;               ///< whose name it gets when the disk has it
     std::vector<std::shared_ptr<StoredDraft>> former_;  ///< go as soon as the new one stands
     std::size_t size_ = 0;
     std::size_t compactAt_ = 0;
-    std::uint64_t writes_ = 0;
     bool begun_ = false;
     bool muted_ = false;  ///< what is written is in the file that is about to come
     bool anew_ = false;   ///< the file lacks something: only all of it anew is right
@@ -135,11 +123,8 @@ class DraftKeeper : public QObject, private ChangeListener {
     bool damaged_ = false;  ///< the file is to be kept beside
     bool opening_ = false;  ///< what is put belongs to the document
     QString keptBeside_;
-    Shorter shorter_;
 
-    Before before_;          ///< as it stands in the file
-    std::size_t steps_ = 0;  ///< that stand in the file
-    std::string lastStep_;
+    Before before_;  ///< as it stands in the file
     bool stepOpen_ = false;
     bool stepChanged_ = false;
 

@@ -56,7 +56,7 @@ QString keptName(const QString& path) {
 
 std::string Before::text() const {
     return jsonText({{"changed", changed},
-                     {"rewritten", rewritten},
+                     {"recovered", recovered},
                      {"steps", static_cast<qint64>(steps)},
                      {"last", toQt(lastStep)}});
 }
@@ -65,7 +65,7 @@ Notes takeNotes(DraftInfo& info) {
     Notes notes;
     notes.editor = taken(info, EditorNote);
     const QJsonObject before = objectIn(taken(info, BeforeNote));
-    notes.before = {before["changed"].toBool(), before["rewritten"].toBool(),
+    notes.before = {before["changed"].toBool(), before["recovered"].toBool(),
                     static_cast<std::size_t>(std::max(before["steps"].toInteger(), qint64{0})),
                     fromQt(before["last"].toString())};
     if (info.steps == 0) info.lastStep = notes.before.lastStep;

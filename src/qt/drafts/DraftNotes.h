@@ -26,7 +26,7 @@ inline constexpr const char* BeforeNote = "kxVsGrid.before";
 /// What the file itself does not tell any more, or never did.
 struct Before {
     bool changed = false;    ///< something was, be it no step
-    bool rewritten = false;  ///< it tells what the rows hold, not what became of those of the document
+    bool recovered = false;  ///< it begins with what was recovered, not with the document
     std::size_t steps = 0;   ///< before those that stand in it
     std::string lastStep;
 
