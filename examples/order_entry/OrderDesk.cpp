@@ -40,6 +40,8 @@ void OrderDesk::start() {
     std::vector<OrderDraft::Kept> all;
     if (!services_.drafts.isEmpty()) all = OrderDraft::keptIn(services_.drafts, services_.database);
     first().start();
+    if (!all.empty() && !first().isConnected())
+        return first().warn(u"有未保存的订单的草稿;数据库可以读取之后,重新启动程序就能恢复"_s);
     for (const OrderDraft::Kept& kept : all) offer(kept);
 }
 

@@ -108,7 +108,10 @@ void OrderWindow::connectParts() {
     });
     connect(bar_, &RecoveryBar::goesOn, this, [this] {
         bar_->hide();
-        goOnKeying();
+        if (onScreen().customer == 0 && !widget_->grid().editorView().visible)
+            header_->focus(OrderHeader::Field::Customer);
+        else
+            enterLines();
     });
     connect(bar_, &RecoveryBar::givesUp, this, &OrderWindow::giveUpRecovered);
 }

@@ -74,6 +74,7 @@ class OrderWindow : public QMainWindow {
     bool recover(const OrderDraft::Kept& kept);
     /// Puts the keyboard where the clerk goes on with what was recovered, with the text that stood in the editor.
     void goOnKeying();
+    bool isConnected() const { return database_.isOpen(); }
     /// A new order in which nothing has been done.
     bool untouched() const;
     void warn(const QString& text) { say(text, true); }

@@ -20,7 +20,7 @@ RecoveryBar::RecoveryBar(QWidget* parent) : QFrame(parent), text_(new QLabel(thi
     const auto add = [&](const QString& name, const QString& caption, auto signal) {
         auto* button = new QPushButton(caption, this);
         button->setObjectName(name);
-        button->setAutoDefault(true);
+        button->setFocusPolicy(Qt::TabFocus);  // a press leaves what is being typed in the open editor
         connect(button, &QPushButton::clicked, this, signal);
         all->addWidget(button);
     };

@@ -186,6 +186,39 @@ TEST_F(OrderDraftTest, IsStillThereAfterASecondCrash) {
     EXPECT_TRUE(window().onScreen() == before);
 }
 
+TEST_F(OrderDraftTest, SavesASavedOrderOnceAfterTwoCrashes) {
+    start();
+    const Order saved = saveOrder();
+    changeFirstQuantity("7");
+    restart();
+    play({"type 100003", "key Enter", "type 5", "key Enter"});
+    restart();
+    EXPECT_TRUE(window().save());
+    const Order now = *stored(saved.id);
+    EXPECT_TRUE(now == window().onScreen());
+    ASSERT_EQ(now.lines.size(), 3u);
+    EXPECT_EQ(now.lines[0].quantity, 7'000);
+    EXPECT_EQ(now.lines[1].code, QString("100002"));
+    EXPECT_EQ(ordersStored(), 1u);
+}
+
+TEST_F(OrderDraftTest, KeepsItsDraftsWhileTheDatabaseCannotBeRead) {
+    start();
+    typeOrder();
+    const Order before = window().onScreen();
+    crash();
+    ASSERT_TRUE(QFile::rename(databaseFile(), path("away")));
+    ASSERT_TRUE(QDir().mkdir(databaseFile()));
+    start();
+    EXPECT_EQ(windows(), 1u);
+    EXPECT_EQ(answers.problems.size(), 1);
+    EXPECT_TRUE(window().message().contains("草稿")) << window().message().toStdString();
+    crash();
+    ASSERT_TRUE(QDir().rmdir(databaseFile()) && QFile::rename(path("away"), databaseFile()));
+    start();
+    EXPECT_TRUE(window().onScreen() == before);
+}
+
 TEST_F(OrderDraftTest, OffersNothingWhereNothingWasKeyed) {
     start();
     restart();
@@ -399,6 +432,8 @@ TEST_F(OrderDraftTest, OpensTheEditorAgainWithWhatStoodInItForLong) {
     EXPECT_TRUE(grid().editorView().visible);
     EXPECT_EQ(grid().editorView().text, "1000");
     EXPECT_EQ(grid().Row(), 3);
+    QTest::mouseClick(barOf(window()).findChild<QPushButton*>("goOn"), Qt::LeftButton);
+    EXPECT_EQ(grid().editorView().text, "1000") << "it stays open";
     play({"type 03", "key Enter", "type 4", "key Enter"});
     EXPECT_EQ(window().onScreen().lines.size(), 3u);
     EXPECT_EQ(window().onScreen().lines.back().code, QString("100003"));
