@@ -89,12 +89,16 @@ void OrderGrid::connectEvents() {
 }
 
 void OrderGrid::clear(const QDate& delivery) {
-    load(SheetRows, delivery, [&] {
-        putDelivery(grid_.FixedRows(), delivery);
-        const QString warehouse = QString::fromStdString(grid_.VsCtrl(Warehouse)->sDefaultText_Name());
-        put(grid_.FixedRows(), Warehouse, warehouse, warehouse);
-    });
+    load(SheetRows, delivery, [&] { putPresets(grid_.FixedRows()); });
     markSaved({});
+}
+
+// What the row would get if the clerk came to it.
+void OrderGrid::putPresets(std::int32_t row) {
+    for (const Column col : {Warehouse, Delivery, Slot}) {
+        const QString preset = QString::fromStdString(grid_.VsCtrl(col)->sDefaultText_Name());
+        put(row, col, preset, preset);
+    }
 }
 
 void OrderGrid::show(const std::vector<OrderLine>& lines, const QDate& delivery) {
@@ -146,6 +150,26 @@ void OrderGrid::setReadOnly(bool readOnly) {
 
 void OrderGrid::select(std::int32_t row, std::int32_t col) {
     grid_.Grid().Select(row, col);
+}
+
+void OrderGrid::recovered(const QDate& delivery) {
+    presetDelivery(delivery);
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) markCode(row);
+    selectEnd();
+}
+
+void OrderGrid::goTo(std::int32_t row, std::int32_t col) {
+    const UnrecordedSpan unrecorded = grid_.Unrecorded();
+    select(row, col);
+}
+
+void OrderGrid::selectEnd() {
+    std::int32_t row = grid_.Rows() - 1;
+    while (row > grid_.FixedRows() && read(row - 1).isEmpty()) --row;
+    goTo(row, Code);
+    const UnrecordedSpan unrecorded = grid_.Unrecorded();
+    if (text(row, Warehouse).isEmpty() && text(row, Delivery).isEmpty() && read(row).isEmpty())
+        putPresets(row);
 }
 
 // --- Cells and lines.

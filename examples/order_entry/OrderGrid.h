@@ -100,6 +100,13 @@ class OrderGrid : public QObject {
     /// What is there now is saved: `lines` are those of lines(), with their ids. It can still be undone.
     void markSaved(const std::vector<OrderLine>& lines);
 
+    /// The control has been put into the state of a draft: colours and proposals follow, nothing can be undone.
+    void recovered(const QDate& delivery);
+    /// Makes a cell the current one, which is nobody's step.
+    void goTo(std::int32_t row, std::int32_t col);
+    /// To the code of the row behind the last line, which gets the presets.
+    void selectEnd();
+
     /// What can be done in the current cell.
     QString hint() const;
     /// Gives the remark column what the others leave of the control's width, in twips.
@@ -125,6 +132,7 @@ class OrderGrid : public QObject {
     QString caption(Column col) const;
     void put(std::int32_t row, Column col, const QString& text, const QString& tag = {});
     void putDelivery(std::int32_t row, const QDate& delivery);
+    void putPresets(std::int32_t row);
     void presetRow(Column col, const QString& text);
 
     /// Answers a code check; an empty name refuses the text.

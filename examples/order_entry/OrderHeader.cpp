@@ -106,6 +106,18 @@ bool OrderHeader::customerUnclear() const {
     return customer_->customerId() == 0 && !customer_->text().trimmed().isEmpty();
 }
 
+QString OrderHeader::customerTyped() const {
+    return customer_->text();
+}
+
+void OrderHeader::showTyped(const QString& customer) {
+    {
+        const QSignalBlocker quiet(this);
+        customer_->setText(customer);
+    }
+    showContact();
+}
+
 QString OrderHeader::number() const {
     return number_->text().trimmed();
 }

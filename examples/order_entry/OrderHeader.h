@@ -28,6 +28,9 @@ class OrderHeader : public QWidget {
     void read(Order& order) const;
     /// Something was typed for a customer that names none.
     bool customerUnclear() const;
+    QString customerTyped() const;
+    /// Shows a text that names no customer, without reporting a change.
+    void showTyped(const QString& customer);
     QString number() const;
     QDate date() const;
 

@@ -12,6 +12,7 @@
 #include "OrderGrid.h"
 #include "OrderHeader.h"
 #include "PlainTip.h"
+#include "RecoveryBar.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 using namespace Qt::StringLiterals;
@@ -37,6 +38,7 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Cloc
       widget_(new kxVsGrid::qt::kxGridWidget(this)),
       grid_(std::make_unique<OrderGrid>(widget_->grid(), services())),
       help_(std::make_unique<OrderGridHelp>(widget_->grid(), helpServices())),
+      bar_(new RecoveryBar(this)),
       state_(new QLabel(this)),
       hint_(new QLabel(this)),
       message_(new QLabel(this)),
@@ -94,12 +96,24 @@ void OrderWindow::connectParts() {
     connect(grid_.get(), &OrderGrid::moved, this, &OrderWindow::refreshHint);
     connect(widget_, &kxVsGrid::qt::kxGridWidget::handlerFailed, this,
             [this](const QString& why) { say(u"内部错误:"_s + why, true); });
-    connect(header_, &OrderHeader::changed, this, &OrderWindow::refresh);
+    connect(header_, &OrderHeader::changed, this, [this] {
+        refresh();
+        keepHead();
+    });
     connect(header_, &OrderHeader::done, this, &OrderWindow::enterLines);
     connect(header_, &OrderHeader::dateChanged, this, [this](const QDate& date) {
         renumber(date);
-        grid_->presetDelivery(date.addDays(DeliveryDays));
+        keepHead();
+        grid_->presetDelivery(deliveryFor(date));
     });
+    connect(bar_, &RecoveryBar::goesOn, this, [this] {
+        bar_->hide();
+        if (onScreen().customer == 0 && !widget_->grid().editorView().visible)
+            header_->focus(OrderHeader::Field::Customer);
+        else
+            enterLines();
+    });
+    connect(bar_, &RecoveryBar::givesUp, this, &OrderWindow::giveUpRecovered);
 }
 
 // --- The database.
@@ -184,7 +198,10 @@ bool OrderWindow::chooseOrder() {
 }
 
 bool OrderWindow::openOrder(qint64 id) {
-    if (!mayLeave()) return false;
+    return mayLeave() && showStored(id);
+}
+
+bool OrderWindow::showStored(qint64 id) {
     try {
         const std::optional<Order> order = store_.load(id);
         if (!order) return refuse(u"这张订单已被删除"_s);
@@ -198,11 +215,20 @@ bool OrderWindow::openOrder(qint64 id) {
 }
 
 void OrderWindow::display(const Order& order) {
+    showOrder(order);
+    beginDraft();
+}
+
+QDate OrderWindow::deliveryFor(const QDate& date) {
+    return date.addDays(DeliveryDays);
+}
+
+void OrderWindow::showOrder(const Order& order) {
     header_->show(order);
     if (order.id == 0)
-        grid_->clear(order.date.addDays(DeliveryDays));
+        grid_->clear(deliveryFor(order.date));
     else
-        grid_->show(order.lines, order.date.addDays(DeliveryDays));
+        grid_->show(order.lines, deliveryFor(order.date));
     saved_ = order;
     saved_.lines.clear();
     showWhetherApproved();
@@ -247,6 +273,7 @@ bool OrderWindow::approveOrder() {
     } catch (const DatabaseError& error) {
         return report(error, u"订单没有审核,屏幕上的内容没有改变。"_s);
     }
+    beginDraft();
     showWhetherApproved();
     say(u"订单 %1 已审核"_s.arg(saved_.number));
     return true;
@@ -325,6 +352,7 @@ bool OrderWindow::save() {
     saved_.lines.clear();
     header_->showNumber(order.number);
     grid_->markSaved(order.lines);
+    beginDraft();
     refresh();
     const QString done = u"订单 %1 已保存:%2 行,金额 %3"_s.arg(
         order.number, QString::number(order.lines.size()), money(order.total()));
@@ -385,16 +413,19 @@ bool OrderWindow::mayLeave() {
 }
 
 void OrderWindow::closeEvent(QCloseEvent* event) {
-    if (mayLeave())
-        event->accept();
-    else
-        event->ignore();
+    const bool leaves = mayLeave();
+    if (leaves && draft_) draft_->finish();
+    event->setAccepted(leaves);
 }
 
 // --- What the window shows.
 
 QString OrderWindow::message() const {
     return message_->text();
+}
+
+QString OrderWindow::total() const {
+    return QString::fromStdString(widget_->grid().Grid_Sum().DisplayText(0, OrderGrid::Amount));
 }
 
 void OrderWindow::say(const QString& text, bool warning) {
@@ -417,7 +448,8 @@ void OrderWindow::refresh() {
                     : order.approved ? u"已审核"_s
                                      : u"已保存"_s);
     state_->setStyleSheet(order.approved ? QString(ApprovedBadge) : QString());
-    setWindowTitle(u"销售订单录入 - "_s + order.number + u"[*]"_s);
+    const QString what = conflict_.isEmpty() ? order.number : u"草稿 %1 保存冲突"_s.arg(conflict_);
+    setWindowTitle(u"销售订单录入 - "_s + what + u"[*]"_s);
     setWindowModified(unsaved);
     fitGrid(widget_->width());  // more rows may have brought a scroll bar
 }

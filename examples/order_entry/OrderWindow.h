@@ -8,6 +8,7 @@
 
 #include "Catalogue.h"
 #include "Database.h"
+#include "OrderDraft.h"
 #include "OrderGrid.h"
 #include "OrderGridHelp.h"
 #include "OrderStore.h"
@@ -19,6 +20,7 @@ class OrderHeader;
 class QAction;
 class QLabel;
 class QSettings;
+class RecoveryBar;
 
 namespace kxVsGrid::qt {
 class kxGridWidget;
@@ -38,6 +40,8 @@ class OrderWindow : public QMainWindow {
     /// From now on the widths that the user gives columns are kept in these settings; without them they
     /// are forgotten.
     void rememberColumns(std::unique_ptr<QSettings> settings);
+    /// From now on what is keyed and not saved is kept in this folder, and survives the program. Before start().
+    void keepDrafts(const QString& folder);
     /// Opens the database, reporting what goes wrong; without one everything but saving works. Called once
     /// the window is shown.
     void start();
@@ -55,9 +59,31 @@ class OrderWindow : public QMainWindow {
     Order onScreen() const;
     bool hasUnsavedWork() const;
 
+    /// What has become of the order of a draft.
+    enum class Fit {
+        New,      ///< it was never saved
+        Same,     ///< it is as it was when the draft began
+        Changed,  ///< somebody has saved or approved it since
+        Gone,
+        Unknown  ///< the draft or the database cannot be read
+    };
+    Fit judge(const OrderDraft::Kept& kept) const;
+    /// Takes the place of what is on the screen, and says in a bar what has come back. An order that has
+    /// changed is not touched: the draft is to be saved as another one. False when there was nothing in it that
+    /// the database lacks, or when it cannot be recovered, which message() tells; it stays then.
+    bool recover(const OrderDraft::Kept& kept);
+    /// Puts the keyboard where the clerk goes on with what was recovered, with the text that stood in the editor.
+    void goOnKeying();
+    bool isConnected() const { return database_.isOpen(); }
+    /// A new order in which nothing has been done.
+    bool untouched() const;
+    void warn(const QString& text) { say(text, true); }
+
     OrderHeader& header() { return *header_; }
     kxVsGrid::qt::kxGridWidget& gridWidget() { return *widget_; }
     QString message() const;
+    /// The total of the amounts, as the total row shows it.
+    QString total() const;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -76,6 +102,19 @@ class OrderWindow : public QMainWindow {
     bool isUnsaved(const Order& order) const;
     void startNewOrder();
     void display(const Order& order);
+    void showOrder(const Order& order);
+    bool showStored(qint64 id);
+    static QDate deliveryFor(const QDate& date);
+
+    OrderDraft::Head head() const;
+    void beginDraft();
+    void keepHead();
+    std::optional<kxVsGrid::qt::DraftFile::Recovery> recoverAs(const OrderDraft::Kept& kept, Fit fit);
+    bool isKnown(const OrderDraft::Kept& kept, Fit fit) const;
+    void tellRecovered(const OrderDraft::Kept& kept, Fit fit, const kxVsGrid::qt::DraftFile::Recovery& back);
+    void giveUpRecovered();
+    bool hasNeighbour() const;
+
     bool readyToSave();
     bool saveAsNew(const QString& why);
     void store(Order& order);
@@ -108,9 +147,12 @@ class OrderWindow : public QMainWindow {
     kxVsGrid::qt::kxGridWidget* widget_;
     std::unique_ptr<OrderGrid> grid_;
     std::unique_ptr<OrderGridHelp> help_;
+    std::unique_ptr<OrderDraft> draft_;  ///< when drafts are kept
+    QString conflict_;                   ///< the number of the order that this draft must not overwrite
     kxVsGrid::ScopedConnection placed_;
     bool barSeen_ = false;
     std::unique_ptr<ColumnWidths> widths_;
+    RecoveryBar* bar_;
     QLabel* state_;
     QLabel* hint_;
     QLabel* message_;

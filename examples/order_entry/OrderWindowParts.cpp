@@ -15,6 +15,7 @@
 #include "OrderGrid.h"
 #include "OrderHeader.h"
 #include "OrderWindow.h"
+#include "RecoveryBar.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 using namespace Qt::StringLiterals;
@@ -59,6 +60,7 @@ void OrderWindow::layOut() {
     all->setSpacing(8);
     all->addLayout(top);
     all->addWidget(header_);
+    all->addWidget(bar_);
     all->addWidget(frame, 1);
     all->addWidget(hint_);
     auto* middle = new QWidget(this);

@@ -1,38 +1,39 @@
 // 销售订单录入: order entry with the data-entry grid on an embedded database.
 //
 //     order_entry [--db FILE] [--seed-only] [--today YYYY-MM-DD | --now "YYYY-MM-DD HH:MM:SS"]
-//                 [--settings FILE] [--keys FILE] [--picture FILE] [--dark]
+//                 [--settings FILE] [--drafts FOLDER] [--keys FILE] [--picture FILE] [--report FILE] [--dark]
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
-#include <QScreen>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
 #include <cstdio>
+#include <functional>
 #include <memory>
 
 #include "ChineseTexts.h"
 #include "KeyPlayer.h"
-#include "OrderWindow.h"
+#include "OrderDesk.h"
+#include "OrderReport.h"
 #include "PrivateFiles.h"
 #include "WindowPicture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int TitleOfDesktop = 40;
-
 struct Options {
     QString database;
     bool seedOnly = false;
     OrderWindow::Clock clock = [] { return QDateTime::currentDateTime(); };
     QString settings;
+    QString drafts;
     QString keys;
     QString picture;
+    QString report;
     bool dark = false;
 
     bool plays() const { return !keys.isEmpty() || !picture.isEmpty(); }
@@ -48,8 +49,10 @@ Options readOptions() {
         {u"today"_s, u"当作今天的日期"_s, u"yyyy-mm-dd"_s},
         {u"now"_s, u"当作现在的日期和时间,不再走动"_s, u"yyyy-mm-dd HH:mm:ss"_s},
         {u"settings"_s, u"保存列宽的文件;播放脚本时没有它就不保存"_s, u"文件"_s},
+        {u"drafts"_s, u"保存草稿的文件夹;播放脚本或者数据库在内存中时没有它就不保存"_s, u"文件夹"_s},
         {u"keys"_s, u"播放按键脚本,然后退出(格式见 KeyPlayer.h)"_s, u"文件"_s},
         {u"picture"_s, u"退出之前把窗口保存为 PNG 图片"_s, u"文件"_s},
+        {u"report"_s, u"每一步之后把屏幕上的订单写到文件末尾"_s, u"文件"_s},
         {u"dark"_s, u"使用深色,不论桌面是什么颜色"_s},
     });
     parser.process(*QCoreApplication::instance());
@@ -66,6 +69,10 @@ Options readOptions() {
     options.settings = parser.value(u"settings"_s);
     options.keys = parser.value(u"keys"_s);
     options.picture = parser.value(u"picture"_s);
+    options.report = parser.value(u"report"_s);
+    options.drafts = parser.value(u"drafts"_s);
+    if (options.drafts.isEmpty() && !options.plays() && options.database != u":memory:")
+        options.drafts = kxVsGrid::qt::DraftFile::standardFolder();
     options.dark = parser.isSet(u"dark"_s);
     return options;
 }
@@ -111,7 +118,8 @@ QPalette darkPalette() {
 }
 
 // Plays the keys, saves the picture and ends the program.
-int playKeys(OrderWindow& window, const Options& options) {
+int playKeys(OrderDesk& desk, const Options& options, const std::function<void()>& start) {
+    OrderWindow& window = desk.first();
     QStringList script;
     if (!options.keys.isEmpty()) {
         const std::optional<QStringList> lines = KeyPlayer::linesOf(options.keys);
@@ -127,7 +135,7 @@ int playKeys(OrderWindow& window, const Options& options) {
         QCoreApplication::exit(result);
     });
     // Inside the event loop, which the end of the script ends, also while a box of the window is open.
-    QTimer::singleShot(0, &window, [&] { window.start(); });
+    QTimer::singleShot(0, &window, start);
     player.start();
     return QCoreApplication::exec();
 }
@@ -151,12 +159,16 @@ int main(int argc, char** argv) {
     if (options.seedOnly) return seed(options.database);
     if (options.dark) QApplication::setPalette(darkPalette());
     Questions questions;
-    OrderWindow window(options.database, questions, options.clock);
-    window.rememberColumns(userSettings(options));
-    const QSize room = window.screen()->availableSize() - QSize(0, TitleOfDesktop);
-    window.resize(window.size().boundedTo(room));
-    window.show();
-    if (options.plays()) return playKeys(window, options);
-    window.start();
+    OrderDesk desk({options.database, options.clock, options.drafts, [&] { return userSettings(options); }},
+                   questions);
+    OrderReport report(options.report);
+    if (!options.report.isEmpty() && !report.isOpen()) return complain(u"无法写入 "_s + options.report);
+    const auto start = [&] {
+        desk.start();
+        if (!report.isOpen()) return;
+        for (const auto& window : desk.windows()) report.follow(*window);
+    };
+    if (options.plays()) return playKeys(desk, options, start);
+    start();
     return QCoreApplication::exec();
 }

@@ -24,10 +24,10 @@ COLUMN_ENDS = dict(zip(COLUMNS, (33, 100, 233, 353, 397, 487, 567, 667, 733, 817
 class OrderWindow:
     """The example with a database file of its own, opened on a desktop."""
 
-    def __init__(self, desktop, program, database):
+    def __init__(self, desktop, program, database, title="销售订单录入"):
         self.database = desktop.folder / database
         self.window = desktop.open(
-            [os.path.abspath(program), "--db", str(self.database), "--now", NOW], title="销售订单录入"
+            [os.path.abspath(program), "--db", str(self.database), "--now", NOW], title=title
         )
 
     def query(self, statement, *values):
