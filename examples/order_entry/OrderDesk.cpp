@@ -11,8 +11,8 @@ constexpr int DesktopFrame = 4;
 
 // As far apart as the screen allows where it is too narrow for both. Their frames are not known yet.
 void placeBesideEachOther(OrderWindow& left, OrderWindow& right) {
-    const QRect room = left.screen()->availableGeometry().adjusted(
-        DesktopFrame, TitleOfDesktop, -DesktopFrame, -DesktopFrame);
+    const QRect room = left.screen()->availableGeometry().adjusted(DesktopFrame, TitleOfDesktop,
+                                                                   -DesktopFrame, -DesktopFrame);
     const QSize half(room.width() / 2 - DesktopFrame, room.height());
     for (OrderWindow* window : {&left, &right}) window->resize(half);
     left.setGeometry(QRect(room.topLeft(), left.size()));

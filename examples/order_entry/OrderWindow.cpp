@@ -108,7 +108,8 @@ void OrderWindow::connectParts() {
     });
     connect(bar_, &RecoveryBar::goesOn, this, [this] {
         bar_->hide();
-        if (onScreen().customer == 0 && !widget_->grid().editorView().visible)
+        if (widget_->grid().editorView().visible) return;  // it has the keyboard
+        if (onScreen().customer == 0)
             header_->focus(OrderHeader::Field::Customer);
         else
             enterLines();

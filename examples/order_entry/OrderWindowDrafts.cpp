@@ -83,20 +83,16 @@ OrderWindow::Fit OrderWindow::judge(const OrderDraft::Kept& kept) const {
 
 bool OrderWindow::recover(const OrderDraft::Kept& kept) {
     const Fit fit = connectDatabase() ? judge(kept) : Fit::Unknown;
-    QString why = QString::fromStdString(kept.file.info.refusal);
-    if (fit != Fit::Unknown) {
-        const auto back = recoverAs(kept, fit);
-        if (back && back->refusal.empty()) {
-            if (!isKnown(kept, fit)) {
-                tellRecovered(kept, fit, *back);
-                return true;
-            }
-            draft_->finish();
-        }
-        if (isVisible()) startNewOrder();
-        if (back && back->refusal.empty()) return false;
-        if (back) why = QString::fromStdString(back->refusal);
+    const auto back = fit == Fit::Unknown ? std::nullopt : recoverAs(kept, fit);
+    const bool came = back && back->refusal.empty();
+    if (came && !isKnown(kept, fit)) {
+        tellRecovered(kept, fit, *back);
+        return true;
     }
+    if (came) draft_->finish();
+    if (fit != Fit::Unknown && isVisible()) startNewOrder();
+    if (came) return false;
+    const QString why = QString::fromStdString(back ? back->refusal : kept.file.info.refusal);
     say(u"草稿没有恢复,它还在 %1:%2"_s.arg(kept.file.path, why.isEmpty() ? u"数据库不能读取"_s : why), true);
     return false;
 }

@@ -48,6 +48,8 @@ def go_on_and_save(desktop, program, goods):
     desktop.settle()
     desktop.picture("draft-recovered")
     order.window.keys("alt+j")
+    desktop.settle()  # the bar has gone, and the rows are where they always are
+    desktop.picture("draft-goes-on")
     order.window.keys("Return")
     order.window.type(str(BEFORE + 1))
     order.window.keys("Return")

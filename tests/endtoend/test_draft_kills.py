@@ -5,7 +5,8 @@ the total row must agree with the lines. Some of them are killed a second time, 
 
     test_draft_kills.py PROGRAM KEEP
 
-KX_KILLS in the environment says how many are killed; KX_KILLS_SEED which moments it shall be.
+KX_KILLS in the environment says how many are killed, about one and a half seconds each; KX_KILLS_SEED which moments it
+shall be.
 """
 
 import json

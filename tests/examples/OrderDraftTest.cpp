@@ -16,8 +16,7 @@ class OrderDraftTest : public Scratch {
 
     QString folder() const { return path("drafts"); }
     OrderDesk::Services services() {
-        return {databaseFile(),
-                [] { return QDateTime(QDate(2026, 11, 20), QTime(9, 30)); }, folder(), {}};
+        return {databaseFile(), [] { return QDateTime(QDate(2026, 11, 20), QTime(9, 30)); }, folder(), {}};
     }
     void start() { start(services()); }
     void start(const OrderDesk::Services& services) {
