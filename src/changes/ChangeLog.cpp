@@ -10,21 +10,12 @@
 namespace kxVsGrid::changes {
 // --- Hearing
 
-void ChangeLog::listen(bool on) {
-    if (on == listening_) return;
-    if (on)
-        grid_.AddListener(*this);
-    else
-        grid_.RemoveListener(*this);
-    listening_ = on;
-}
-
 /// Without the memory to listen, it stays unknown.
 void ChangeLog::saved() noexcept {
     grid_.TellFilled();
     forget();
     try {
-        listen(true);
+        listening_.on(true);
     } catch (const std::bad_alloc&) {
         return;
     }
@@ -34,13 +25,13 @@ void ChangeLog::saved() noexcept {
 
 bool ChangeLog::unknown() const {
     grid_.TellFilled();
-    return !listening_ || grid_.FixedRows() != fixedRows_;
+    return !listening_.on() || grid_.FixedRows() != fixedRows_;
 }
 
 /// Nothing can be told until the grid is saved again; the writes go on.
 void ChangeLog::lose() noexcept {
     forget();
-    listen(false);
+    listening_.on(false);
 }
 
 void ChangeLog::forget() noexcept {
@@ -104,9 +95,9 @@ void ChangeLog::columnsChanged() noexcept {
 void ChangeLog::keepRows(std::int32_t first, std::int32_t last) noexcept {
     try {
         grid_.ForEachCell(first, last, [this](auto row, auto col, auto text, auto tag) {
-            if (!listening_) return;
+            if (!listening_.on()) return;
             if (!text.empty()) written(row, col, CellPart::Text, text, {});
-            if (!tag.empty() && listening_) written(row, col, CellPart::Tag, tag, {});
+            if (!tag.empty() && listening_.on()) written(row, col, CellPart::Tag, tag, {});
         });
     } catch (...) {
         lose();

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "changes/EmptyCells.h"
+#include "changes/Listening.h"
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
 
@@ -24,7 +25,6 @@ namespace kxVsGrid::changes {
 class ChangeLog : private ChangeListener {
   public:
     explicit ChangeLog(CellGrid& grid) : grid_(grid) {}
-    ~ChangeLog() override { listen(false); }
     ChangeLog(const ChangeLog&) = delete;
     ChangeLog& operator=(const ChangeLog&) = delete;
 
@@ -82,7 +82,6 @@ class ChangeLog : private ChangeListener {
     void cleared(std::int32_t first, std::int32_t last) noexcept override;
     void columnsChanged() noexcept override;
 
-    void listen(bool on);
     void lose() noexcept;
     void forget() noexcept;
     void keepRows(std::int32_t first, std::int32_t last) noexcept;
@@ -106,13 +105,13 @@ class ChangeLog : private ChangeListener {
     std::vector<std::unique_ptr<std::array<std::uint32_t, PageRows>>> heads_;
     std::vector<Kept> kept_;
     std::string texts_;
-    std::size_t gone_ = 0;  ///< rows that have gone since idle blocks were dropped
-    std::size_t hint_ = 0;  ///< the block whose row was not as saved when last asked
-    bool listening_ = false;
+    std::size_t gone_ = 0;        ///< rows that have gone since idle blocks were dropped
+    std::size_t hint_ = 0;        ///< the block whose row was not as saved when last asked
     std::int32_t fixedRows_ = 0;  ///< when it was saved
     std::int32_t cols_ = 0;
     std::int32_t knownRow_ = -1;  ///< the row and group that was written to last
     std::int32_t knownGroup_ = -1;
     Block* known_ = nullptr;
+    Listening listening_{grid_, *this};
 };
 }  // namespace kxVsGrid::changes

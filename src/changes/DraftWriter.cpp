@@ -23,8 +23,7 @@ void DraftWriter::begin(std::string_view key, std::string_view version) {
     DraftPlace place;
     std::string lines(1, LineEnd);  // for what may have been torn before it
     appendHeader(lines, place, header, false);
-    if (!begun_) grid_.AddListener(*this);
-    begun_ = true;
+    listening_.on(true);
     header_ = std::move(header);
     place_ = place;
     pending_ = std::move(lines);
@@ -35,13 +34,12 @@ void DraftWriter::begin(std::string_view key, std::string_view version) {
     lastStep_.clear();
     steps_ = 0;
     given_.start(header_.fixedRows);
-    stepOpen_ = grid_.StepOpen();
     whole_ = lost_ = failing_ = false;
     give(true);
 }
 
 void DraftWriter::put(std::string_view name, std::string_view bytes) {
-    if (!begun_) return;
+    if (!listening_.on()) return;
     const auto kept = puts_.find(name);
     if (kept != puts_.end() && kept->second == bytes) return;
     puts_.insert_or_assign(std::string(name), std::string(bytes));
@@ -55,7 +53,7 @@ void DraftWriter::put(std::string_view name, std::string_view bytes) {
 }
 
 bool DraftWriter::writeSlice() {
-    if (!begun_ || stepOpen_) return false;
+    if (!listening_.on() || grid_.StepOpen()) return false;
     attempt([&] { closeLine({}, Cause::Code); });
     if (!whole_)
         attempt([&] {
@@ -74,20 +72,19 @@ bool DraftWriter::writeSlice() {
 }
 
 void DraftWriter::flush() {
-    if (!begun_ || stepOpen_) return;
+    if (!listening_.on() || grid_.StepOpen()) return;
     attempt([&] { closeLine({}, Cause::Code); });
     give(true);
 }
 
 void DraftWriter::end() {
-    if (!std::exchange(begun_, false)) return;
-    grid_.RemoveListener(*this);
+    listening_.on(false);
     pending_.clear();
     changes_.clear();
 }
 
 bool DraftWriter::rewrite(const Draft::Sink& into) {
-    if (!begun_ || stepOpen_) return false;
+    if (!listening_.on() || grid_.StepOpen()) return false;
     Whole whole = wholeNow(false);
     if (giveTo(into, whole.lines)) {
         takeOver(whole);
@@ -179,12 +176,10 @@ void DraftWriter::cleared(std::int32_t first, std::int32_t last) noexcept {
 
 void DraftWriter::stepOpened(std::string_view, Cause) noexcept {
     attempt([&] { closeLine({}, Cause::Code); });
-    stepOpen_ = true;
     changed_ = false;
 }
 
 void DraftWriter::stepClosed(std::string_view name, Cause cause) noexcept {
-    stepOpen_ = false;
     attempt([&] { closeLine(name, cause); });
     if (std::exchange(changed_, false)) noteStep(name);
     give(false);
@@ -222,7 +217,7 @@ void DraftWriter::give(bool idle) noexcept {
     if (giving_) return;
     const support::FlagSpan giving(giving_);
     if (lost_) {
-        if (!stepOpen_ && (idle || (contentBytes_ <= MostAtOnce && !failing_))) giveAnew();
+        if (!grid_.StepOpen() && (idle || (contentBytes_ <= MostAtOnce && !failing_))) giveAnew();
         return;
     }
     if (pending_.empty() || (!idle && failing_ && pending_.size() > MostAtOnce)) return;

@@ -16,6 +16,7 @@
 
 #include "changes/DraftFrontier.h"
 #include "changes/DraftLine.h"
+#include "changes/Listening.h"
 #include "kxVsGrid/Draft.h"
 
 namespace kxVsGrid::changes {
@@ -23,7 +24,6 @@ namespace kxVsGrid::changes {
 class DraftWriter : private ChangeListener {
   public:
     DraftWriter(CellGrid& grid, Draft::Sink sink) : grid_(grid), sink_(std::move(sink)) {}
-    ~DraftWriter() override { end(); }
     DraftWriter(const DraftWriter&) = delete;
     DraftWriter& operator=(const DraftWriter&) = delete;
 
@@ -97,12 +97,11 @@ class DraftWriter : private ChangeListener {
     std::int64_t steps_ = 0;
     std::int32_t headers_ = 0;  ///< written so far
     std::size_t contentBytes_ = 0;
-    bool begun_ = false;
-    bool stepOpen_ = false;
     bool changed_ = false;  ///< something has, since the step was opened
     bool whole_ = false;
     bool failing_ = false;  ///< the sink did not keep what it was given last
     bool giving_ = false;
     bool lost_ = false;  ///< the draft lacks something: only all of it anew is right
+    Listening listening_{grid_, *this};
 };
 }  // namespace kxVsGrid::changes

@@ -1,7 +1,6 @@
 #include "changes/Steps.h"
 
 #include <algorithm>
-#include <iterator>
 #include <new>
 #include <utility>
 
@@ -17,12 +16,8 @@ using support::FlagSpan;
 // --- Hearing
 
 void Steps::listen(bool on) {
-    if (on == listening_) return;
-    if (on)
-        grid_.AddListener(*this);
-    else
-        grid_.RemoveListener(*this);
-    listening_ = on;
+    if (on == listening_.on()) return;
+    listening_.on(on);
     knownRow_ = -1;
 }
 
@@ -127,7 +122,7 @@ void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
     }
     std::string owned(name);
     serialAtOpening_ = serial_;
-    support::makeRoom(done_);
+    done_.makeRoom();
     current_ = {};
     joined_ = 0;
     lost_ = forgetsStep_ = false;
@@ -143,10 +138,9 @@ void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
     if (joinsPrelude && prelude_ != 0 && !done_.empty() && done_.back().serial == prelude_ &&
         undone_.empty()) {
         joined_ = prelude_;
-        current_ = std::move(done_.back().record);
+        current_ = done_.pop().record;
         joinedEntries_ = current_.mark();
         joinedName_ = std::move(current_.name);
-        done_.pop_back();
     }
     prelude_ = 0;
     current_.name = std::move(owned);
@@ -163,7 +157,6 @@ void Steps::close() {
     }
     const auto kept = owner_.keep();
     FirstFault fault;
-    grid_.TellFilled();
     settle(fault);
     grid_.TellFilled();
     depth_ = 0;
@@ -210,7 +203,7 @@ void Steps::keepDone() noexcept {
     if (nothingYet) record.name = std::move(joinedName_);
     record.finish();
     try {
-        done_.push_back({std::move(record), ++serial_});
+        done_.push({std::move(record), ++serial_});
         if (nothingYet) prelude_ = serial_;
     } catch (...) {
         failed();
@@ -219,13 +212,9 @@ void Steps::keepDone() noexcept {
 }
 
 void Steps::trim() noexcept {
-    std::size_t bytes = 0;
-    for (const Done& one : undone_) bytes += one.record.bytes();
-    auto oldest = done_.end();
-    while (oldest != done_.begin() && bytes + std::prev(oldest)->record.bytes() <= limit_)
-        bytes += (--oldest)->record.bytes();
-    done_.erase(done_.begin(), oldest);
-    if (bytes > limit_) undone_.clear();
+    const std::size_t undone = undone_.bytes();
+    while (!done_.empty() && undone + done_.bytes() > limit_) done_.dropOldest();
+    if (undone > limit_) undone_.clear();
 }
 
 void Steps::settle(FirstFault& fault) {
@@ -313,17 +302,16 @@ void Steps::forward(const Record& meanwhile, const Restore& restored) {
         });
 }
 
-bool Steps::goBack(std::vector<Done>& from, std::vector<Done>& to) {
+bool Steps::goBack(KeptSteps& from, KeptSteps& to) {
     grid_.TellFilled();
     if (from.empty() || !mayGoBack()) return false;
     const auto kept = owner_.keep();
     if (!owner_.closeEditor()) return false;
     grid_.TellFilled();
     if (from.empty() || !mayGoBack()) return false;
-    support::makeRoom(to);
+    to.makeRoom();
     listenAsNeeded();
-    Record record = std::move(from.back().record);
-    from.pop_back();
+    Record record = from.pop().record;
     prelude_ = 0;
     lost_ = forgetsStep_ = false;
     grid_.TellStepOpened(record.name, Cause::Undo);
@@ -337,7 +325,7 @@ bool Steps::goBack(std::vector<Done>& from, std::vector<Done>& to) {
     if (changes.After.heard()) told = toldOf(back, Cause::Undo);
     const bool whole = !lost_ && !forgetsStep_;
     lost_ = forgetsStep_ = false;
-    if (whole && enabled_) fault.during([&] { to.push_back({std::move(back), ++serial_}); });
+    if (whole && enabled_) fault.during([&] { to.push({std::move(back), ++serial_}); });
     trim();
     finish(told, fault);
     return true;

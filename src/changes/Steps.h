@@ -13,6 +13,8 @@
 #include <vector>
 
 #include "changes/ChangeLog.h"
+#include "changes/KeptSteps.h"
+#include "changes/Listening.h"
 #include "changes/Record.h"
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
@@ -45,7 +47,6 @@ class Steps : private ChangeListener {
   public:
     Steps(CellGrid& grid, StepOwner& owner)
         : history(*this), changes(*this), log(grid), grid_(grid), owner_(owner) {}
-    ~Steps() override { listen(false); }
     Steps(const Steps&) = delete;
     Steps& operator=(const Steps&) = delete;
 
@@ -125,10 +126,6 @@ class Steps : private ChangeListener {
     ChangeLog log;
 
   private:
-    struct Done {
-        Record record;
-        std::uint64_t serial = 0;
-    };
     /// What is told of a step when it is done.
     struct Told {
         std::string name;
@@ -152,16 +149,16 @@ class Steps : private ChangeListener {
     void columnsChanged() noexcept override;
 
     // As they are when all that was written has been heard of.
-    const std::vector<Done>& done() const {
+    const KeptSteps& done() const {
         grid_.TellFilled();
         return done_;
     }
-    const std::vector<Done>& undone() const {
+    const KeptSteps& undone() const {
         grid_.TellFilled();
         return undone_;
     }
     bool mayGoBack() const { return depth_ == 0 && !restoring_ && owner_.mayGoBack(); }
-    bool goBack(std::vector<Done>& from, std::vector<Done>& to);
+    bool goBack(KeptSteps& from, KeptSteps& to);
     void restore(const Record& record, bool moves, support::FirstFault& fault);
     void forward(const Record& meanwhile, const class Restore& restored);
     Record* keeper() noexcept;
@@ -181,8 +178,8 @@ class Steps : private ChangeListener {
 
     CellGrid& grid_;
     StepOwner& owner_;
-    std::vector<Done> done_;
-    std::vector<Done> undone_;
+    KeptSteps done_;
+    KeptSteps undone_;
     std::vector<Changes::Settler> settlers_;
     Record current_;     ///< of the step that is open
     Record back_;        ///< what it takes to take a restoration back
@@ -201,12 +198,12 @@ class Steps : private ChangeListener {
     std::string joinedName_;         ///< and so it was called
     bool enabled_ = true;
     bool silent_ = false;
-    bool listening_ = false;
     bool restoring_ = false;
     bool lost_ = false;           ///< what is being recorded could not be kept
     bool forgetsStep_ = false;    ///< and shall not
     bool forgot_ = false;         ///< to be told when the step is done
     std::int32_t knownRow_ = -1;  ///< the row that was written to last
     RowId knownId_ = RowId::None;
+    Listening listening_{grid_, *this};
 };
 }  // namespace kxVsGrid::changes

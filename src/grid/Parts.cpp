@@ -1,8 +1,11 @@
 // Wiring: which collaborator hears which event of the grids.
 #include "grid/Parts.h"
 
+#include <algorithm>
+
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
+#include "support/FirstFault.h"
 
 namespace kxVsGrid {
 
@@ -134,6 +137,29 @@ void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {
     if (!host.there() || main.Col() < 0) return;
     main.Select(row, col < 0 ? main.Col() : col);
     editing::bringCurrentCellIntoView(main);
+}
+
+DraftInfo kxGrid::Parts::recover(std::string_view draft, bool document) {
+    DraftInfo info;
+    support::FirstFault fault;
+    fault.during([&] {
+        steps.duringLoading([&] {
+            const std::int32_t row = main.Row();
+            info = recoverDraft(main, draft, document, [&] {
+                editor.drop();
+                steps.forget();
+            });
+            if (info.refusal.empty()) rows.replaced();
+            if (main.Row() < row) main.Row(std::min(row, main.Rows() - 1));
+        });
+    });
+    if (!info.refusal.empty()) return info;
+    flags.changed = true;
+    fault.during([&] { leaveFixedArea(); });
+    fault.during([&] { editor.captureAndLoad(); });
+    fault.during([&] { historyChanged(); });
+    fault.raise();
+    return info;
 }
 
 void kxGrid::Parts::settleAfterReading() {

@@ -40,6 +40,8 @@ struct kxGrid::Parts : editing::EditorOwner,
     std::uint8_t shadeOf(std::int32_t col);
     /// A host is about to change rows or columns: what is being typed is committed. A refused text stays.
     void commitOpenText() { editor.commitUnlessLocked(); }
+    /// What Recover does.
+    DraftInfo recover(std::string_view draft, bool document);
     /// Loading works on the grids directly: afterwards the control stands as they do.
     void settleAfterReading();
     /// The fixed area may have come over the current cell, where a clerk who is in the grid could not type

@@ -63,28 +63,7 @@ UnrecordedSpan kxGrid::Unrecorded() {
 }
 
 DraftInfo kxGrid::Recover(std::string_view draft, bool document) {
-    const auto kept = held();
-    Parts& p = *kept;
-    DraftInfo info;
-    support::FirstFault fault;
-    fault.during([&] {
-        p.steps.duringLoading([&] {
-            const std::int32_t row = p.main.Row();
-            info = recoverDraft(p.main, draft, document, [&] {
-                p.editor.drop();
-                p.steps.forget();
-            });
-            if (info.refusal.empty()) p.rows.replaced();
-            if (p.main.Row() < row) p.main.Row(std::min(row, p.main.Rows() - 1));
-        });
-    });
-    if (!info.refusal.empty()) return info;
-    p.flags.changed = true;
-    fault.during([&] { p.leaveFixedArea(); });
-    fault.during([&] { p.editor.captureAndLoad(); });
-    fault.during([&] { p.historyChanged(); });
-    fault.raise();
-    return info;
+    return held()->recover(draft, document);
 }
 
 bool kxGrid::Run(Command command) {

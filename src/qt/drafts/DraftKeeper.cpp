@@ -151,7 +151,7 @@ void DraftKeeper::startOver(const QString& key) {
     editorNote_.clear();
     recoveredNote_.clear();
     keptBeside_.clear();
-    opening_ = stepOpen_ = stepChanged_ = false;
+    opening_ = stepChanged_ = false;
     if (!draft_)
         draft_ =
             std::make_unique<Draft>(grid_.Grid(), [this](std::string_view bytes) { return keep(bytes); });
@@ -185,19 +185,17 @@ void DraftKeeper::stop() {
 // --- What the engine tells
 
 void DraftKeeper::changed() noexcept {
-    if (stepOpen_)
+    if (grid_.Grid().StepOpen())
         stepChanged_ = true;
     else if (!flushTimer_.isActive())
         flushTimer_.start(times_.flush);
 }
 
 void DraftKeeper::stepOpened(std::string_view, Cause) noexcept {
-    stepOpen_ = true;
     stepChanged_ = false;
 }
 
 void DraftKeeper::stepClosed(std::string_view, Cause) noexcept {
-    stepOpen_ = false;
     if (!stepChanged_) return;
     flushTimer_.start(0);  // a long one may wait for it
     if (!editorNote_.empty()) editorTimer_.start(0);
@@ -311,7 +309,7 @@ void DraftKeeper::retry() {
 /// All of it, into a file of its own that takes the place of the one that stands: when that has gone, is not
 /// known to be on the disk, or was left behind by another program.
 bool DraftKeeper::writeAnew() {
-    if (stepOpen_) return false;
+    if (grid_.Grid().StepOpen()) return false;
     {
         const support::FlagSpan muted(muted_);
         noteChanged();
@@ -380,7 +378,7 @@ bool DraftKeeper::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void DraftKeeper::flush() {
-    if (stepOpen_) return flushTimer_.start(times_.flush);
+    if (grid_.Grid().StepOpen()) return flushTimer_.start(times_.flush);
     noteChanged();
     draft_->flush();
 }
@@ -405,7 +403,7 @@ void DraftKeeper::compactSoon() {
 
 void DraftKeeper::compact() {
     if (!tooLong() || longer_ || anew_ || failing_ || !draft_->whole()) return;
-    if (stepOpen_) return compactTimer_.start(times_.flush);
+    if (grid_.Grid().StepOpen()) return compactTimer_.start(times_.flush);
     noteChanged();
     if (!file_ || !file_->there()) return;
     OpenedDraft next;

@@ -125,7 +125,6 @@ class DraftKeeper : public QObject, private ChangeListener {
     QString keptBeside_;
 
     Before before_;  ///< as it stands in the file
-    bool stepOpen_ = false;
     bool stepChanged_ = false;
 
     std::map<std::string, std::size_t> puts_;  ///< hashes
