@@ -1,31 +1,68 @@
 // What a clerk, a menu or a toolbar can ask the control to do, and the keys that ask for it.
 //
-//     const auto command = kxVsGrid::commandOf('Z', kxVsGrid::CtrlKey);
-//     if (command && grid.CanRun(*command)) grid.Run(*command);
+//     for (const kxVsGrid::CommandKey& key : kxVsGrid::defaultKeys())
+//         print(kxVsGrid::captionOf(key.command), kxVsGrid::keyText(key));  // 撤销  Ctrl+Z
+//
+// The keys of one control, which its host may change, are those of its Commands (Commands.h).
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace kxVsGrid {
 
-enum class Command : std::uint8_t { Undo, Redo };
+enum class Command : std::uint8_t {
+    Undo,
+    Redo,
+    Copy,             ///< the selection: as text, as a table, and as the control's own form
+    CopyWithHeaders,  ///< the same, with the captions of the columns above it
+    Cut,
+    Paste,
+    ClearCells,
+    SelectAll,
+    SelectRow,
+    SelectColumn,
+    FillDown,       ///< the first row of the selection into the others; of one row, the row above into it
+    FillRight,      ///< the same with columns
+    CopyFromAbove,  ///< the cell above, its tag too, into the current one
+    InsertRow,
+    AppendRow,
+    DuplicateRow,
+    DeleteRows,  ///< those that are selected whole; without them the current one
+    MoveRowUp,
+    MoveRowDown,
+    GoToRow,
+    Today,
+    Now,
+    Help,  ///< of the current cell, as F2 opens it
+    Menu,
+    NextProblem,
+};
 
-/// A key that gives a command on a closed cell. What it does in an open editor depends on the command.
+/// A key that gives a command.
 struct CommandKey {
+    enum class Where : std::uint8_t {
+        ClosedCell,  ///< in an open editor the key is the text box's own
+        EditorToo,   ///< an open editor is committed first; Undo and Redo are the text box's before
+    };
     Command command;
     std::int16_t code;   ///< of the key, never the character that it types
     std::int16_t shift;  ///< a sum of ShiftMask; no other combination gives the command
+    Where where = Where::EditorToo;
+    friend bool operator==(const CommandKey&, const CommandKey&) = default;
 };
 
-/// All of them; the first key of a command is the one that menus show.
-std::span<const CommandKey> commandKeys();
-/// The command of a key, if it has one.
-std::optional<Command> commandOf(std::int16_t code, std::int16_t shift);
+/// Every command, in the order above.
+std::span<const Command> allCommands();
+/// The keys that a control begins with; the first key of a command is the one that menus show.
+std::span<const CommandKey> defaultKeys();
 /// As a menu names it, without what it would act on.
 std::string_view captionOf(Command command);
-/// The name of its icon in the icon themes of desktops (freedesktop.org, Icon Naming Specification).
+/// The name of its icon in the icon themes of desktops (freedesktop.org, Icon Naming Specification); empty
+/// where they have none for it.
 std::string_view iconNameOf(Command command);
+/// The key as people write it: "Ctrl+Shift+Z".
+std::string keyText(const CommandKey& key);
 }  // namespace kxVsGrid

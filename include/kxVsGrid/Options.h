@@ -39,6 +39,11 @@ class GridOptions {
     bool PressToggles() const { return pressToggles_; }
     void PressToggles(bool toggles) { pressToggles_ = toggles; }
 
+    /// The plain Delete key empties the selected cells (Command::ClearCells) instead of asking to delete the
+    /// current row, for which the menu's item and the key of Command::DeleteRows remain. False at first.
+    bool DeleteClears() const { return deleteClears_; }
+    void DeleteClears(bool clears) { deleteClears_ = clears; }
+
     /// How much darker than others (lighter on a dark ground) cells are drawn that cannot be edited, in
     /// hundredths, at most 50: those of read-only columns, and all of them while the grid is not Editable.
     /// Cells with a colour of their own keep it. 0 at first: they look like the others. What a column's
@@ -56,6 +61,7 @@ class GridOptions {
     bool fillsToLastLine_ = false;
     bool enterPassesReadOnly_ = false;
     bool pressToggles_ = false;
+    bool deleteClears_ = false;
     std::int32_t readOnlyShade_ = 0;
 };
 }  // namespace kxVsGrid

@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 
+#include "kxVsGrid/Clipboard.h"
 #include "kxVsGrid/Command.h"
 #include "kxVsGrid/DateTime.h"
 #include "kxVsGrid/Enumerations.h"
@@ -98,7 +99,7 @@ class Input {
     /// window) shall act on it.
     virtual bool key(const KeyStroke& stroke) = 0;
     virtual void keyUp(std::int16_t code, std::int16_t shift) = 0;
-    /// The clerk asks for a command in another way than by one of its keys (commandKeys()), or by one that the
+    /// The clerk asks for a command in another way than by one of the control's keys for it, or by one that the
     /// text box was left to act on and has no use for. False when it could not be done.
     virtual bool command(Command command) = 0;
 
@@ -153,6 +154,9 @@ class Seat {
     /// Delivers a character to the text box as a keystroke; what it makes of the text is reported through
     /// Input::edited before this returns.
     virtual void typeIntoEditor(std::string_view character) = 0;
+    /// Copy, Cut, Paste or SelectAll while the editor is open: the text box does it with its text, and reports
+    /// what has become of that through Input::edited before this returns.
+    virtual void editText(Command command) = 0;
     /// Places or scroll ranges may have changed; the control's totalRowRect() and its grids tell.
     virtual void layoutChanged() = 0;
     /// Where a place in the control lies on the screen, in twips of the screen.
@@ -161,6 +165,15 @@ class Seat {
     virtual void settingChanged(std::string_view name) = 0;
     /// A hook for a control that has read its settings; nothing where the machine needs none.
     virtual std::unique_ptr<WheelHook> wheelHook() = 0;
+};
+
+/// Shows how far something has come that takes its time, for as long as it lives.
+class Progress {
+  public:
+    virtual ~Progress() = default;
+    /// So much is done. False when the clerk has cancelled it. It may let input be handled, so that anything
+    /// may have happened to the control meanwhile; often asked, it costs next to nothing.
+    virtual bool goOn(std::int64_t done) = 0;
 };
 
 class Platform {
@@ -190,7 +203,13 @@ class Platform {
     /// nowhere in particular), and returns when it has closed. An exception that leaves the form's code
     /// closes it and goes on to the caller.
     virtual void showForm(Form& form, const Rect& anchor) = 0;
-    virtual void clipboardText(std::string_view text) = 0;
+    virtual void copyToClipboard(const ClipboardContent& content) = 0;
+    /// What is there now; nothing when another program holds it and does not answer.
+    virtual ClipboardContent clipboardContent() const = 0;
+    /// A display of how far the work has come, which appears when that takes more than 0.3 s and can be
+    /// cancelled there: what is done, as a clerk reads it, and how much there is to do. A machine without one
+    /// shows nothing.
+    virtual std::unique_ptr<Progress> progress(std::string_view, std::int64_t) { return nullptr; }
     /// Lets input that waits be handled, as a typed key is passed on to the editor.
     virtual void processPendingInput() = 0;
 };

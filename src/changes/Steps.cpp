@@ -234,11 +234,11 @@ void Steps::tellForgot() {
 
 // --- The host's steps
 
-std::size_t Steps::openHostStep(std::string_view name) {
+std::size_t Steps::openHostStep(std::string_view name, Cause cause) {
     support::makeRoom(marks_);
     ++hostSteps_;
     try {
-        open(name, Cause::Code);
+        open(name, cause);
     } catch (...) {
         --hostSteps_;
         throw;

@@ -88,9 +88,9 @@ class Steps : private ChangeListener {
         fault.raise();
     }
 
-    // --- For those who stand in the public header.
+    // --- Steps that can be taken back, of the host's and of commands that a clerk may cancel.
     /// Answers what takeBack() knows the step by.
-    std::size_t openHostStep(std::string_view name);
+    std::size_t openHostStep(std::string_view name, Cause cause = Cause::Code);
     void closeHostStep();
     bool takeBack(std::size_t hostStep);
     void beginUnrecorded() {

@@ -1,11 +1,13 @@
-// What the menus' commands work on.
+// What the clerk's commands work on.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "editing/EditSession.h"
 #include "host/ControlContext.h"
+#include "kxVsGrid/PasteReport.h"
 #include "kxVsGrid/Platform.h"
 #include "rows/Rows.h"
 
@@ -18,6 +20,17 @@ class CommandOwner {
     virtual std::string readCell(std::int32_t row, std::int32_t col, bool text) = 0;
     /// False when it failed and a box told of it.
     virtual bool setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) = 0;
+    /// Writes a cell as it is told, keeps its column's total, and lets what handlers throw through.
+    virtual void putCell(std::int32_t row, std::int32_t col, std::string_view text,
+                         const std::string_view& tag) = 0;
+    /// The clerk has written a cell.
+    virtual void clerkWrote(std::int32_t row, std::int32_t col) = 0;
+    /// Whether the clerk has changed data is again what it was.
+    virtual void changedData(bool changed) = 0;
+    /// The host hears of a block that was written; the clerk, when something was not.
+    virtual void tell(const PasteReport& report) = 0;
+    /// What F2 does on a closed cell.
+    virtual void openHelp() = 0;
     /// Where a place in the control's grid lies on the screen.
     virtual Rect onScreen(const Rect& place) const = 0;
 };
@@ -25,7 +38,9 @@ class CommandOwner {
 struct ClerkContext : host::ControlContext {
     const rows::DefaultedCells& defaulted;
     Platform& platform;
+    Seat& seat;
     rows::Rows& rows;
+    editing::EditSession& editor;
     CommandOwner& owner;
 };
 }  // namespace kxVsGrid::clerk

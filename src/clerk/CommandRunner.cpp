@@ -2,65 +2,216 @@
 
 #include <utility>
 
-namespace kxVsGrid {
+#include "columns/EditableColumn.h"
+#include "editing/BringIntoView.h"
 
-std::string Commands::Caption(Command command) const {
-    return runner_.caption(command);
+namespace kxVsGrid::clerk {
+namespace {
+
+bool isTextBoxs(Command command) {
+    return command == Command::Copy || command == Command::Cut || command == Command::Paste ||
+           command == Command::SelectAll;
 }
 
-namespace clerk {
+bool goesBack(Command command) {
+    return command == Command::Undo || command == Command::Redo;
+}
+}  // namespace
+
+// --- What can be done
+
+/// On a data cell of a grid that can be edited.
+bool CommandRunner::mayEdit() const {
+    return c_.flags.Editable && columns::isDataCell(c_.grid, c_.grid.Row(), c_.grid.Col());
+}
 
 bool CommandRunner::can(Command command) const {
-    switch (command) {
-        case Command::Undo:
-            return steps_.canUndo();
-        case Command::Redo:
-            return steps_.canRedo();
-    }
-    return false;
+    if (!c_.host.there()) return false;
+    if (command == Command::Undo) return c_.steps.canUndo();
+    if (command == Command::Redo) return c_.steps.canRedo();
+    return (c_.editor.visible() && isTextBoxs(command)) || canOnClosedCell(command);
 }
 
-bool CommandRunner::run(Command command) {
+bool CommandRunner::canOnClosedCell(Command command) const {
+    const CellGrid& grid = c_.grid;
     switch (command) {
-        case Command::Undo:
-            return steps_.undo();
-        case Command::Redo:
-            return steps_.redo();
+        case Command::Copy:
+        case Command::CopyWithHeaders:
+        case Command::SelectAll:
+        case Command::SelectRow:
+        case Command::SelectColumn:
+            return !grid.Selected().empty();
+        case Command::Cut:
+        case Command::ClearCells:
+        case Command::Paste:
+            return mayEdit() && !grid.Selected().empty();
+        case Command::FillDown:
+            return mayEdit() && cells_.canFillDown();
+        case Command::FillRight:
+            return mayEdit() && cells_.canFillRight();
+        case Command::CopyFromAbove:
+            return cells_.canCopyFromAbove();
+        case Command::Today:
+        case Command::Now:
+            return cells_.canTakeMoment();
+        case Command::InsertRow:
+        case Command::DuplicateRow:
+        case Command::DeleteRows:
+            return mayEdit();
+        case Command::AppendRow:
+            return c_.flags.Editable && grid.Cols() > 0;
+        case Command::MoveRowUp:
+            return mayEdit() && rows_.canMove(false);
+        case Command::MoveRowDown:
+            return mayEdit() && rows_.canMove(true);
+        case Command::GoToRow:
+            return grid.Rows() > grid.FixedRows() && grid.Col() >= 0;
+        case Command::Help:
+            return c_.editor.opensHere();
+        case Command::Menu:
+            return grid.Row() >= 0 && grid.Col() >= 0;
+        case Command::NextProblem:
+            return grid.NextMark(grid.Row(), grid.Col(), CellMark::Kind::Problem).has_value();
+        default:
+            return false;
     }
-    return false;
+}
+
+// --- Doing it
+
+bool CommandRunner::run(Command command) {
+    if (command == Command::Undo) return c_.steps.undo();
+    if (command == Command::Redo) return c_.steps.redo();
+    if (c_.editor.visible() && isTextBoxs(command)) {
+        c_.seat.editText(command);
+        return true;
+    }
+    if (!c_.editor.commitOrStay() || !can(command)) return false;
+    return runOnClosedCell(command);
+}
+
+bool CommandRunner::runOnClosedCell(Command command) {
+    switch (command) {
+        case Command::Copy:
+            return copyPaste_.copy(false);
+        case Command::CopyWithHeaders:
+            return copyPaste_.copy(true);
+        case Command::Cut:
+            if (!copyPaste_.copy(false)) return false;
+            cells_.clear(command);
+            return true;
+        case Command::Paste:
+            return copyPaste_.paste();
+        case Command::ClearCells:
+            cells_.clear(command);
+            return true;
+        case Command::SelectAll:
+        case Command::SelectRow:
+        case Command::SelectColumn:
+            return select(command);
+        case Command::FillDown:
+            return cells_.fillDown();
+        case Command::FillRight:
+            return cells_.fillRight();
+        case Command::CopyFromAbove:
+            return cells_.copyFromAbove();
+        case Command::Today:
+        case Command::Now:
+            return cells_.moment(command);
+        case Command::InsertRow:
+            rows_.insert();
+            return true;
+        case Command::AppendRow:
+            rows_.append();
+            return true;
+        case Command::DuplicateRow:
+            rows_.duplicate();
+            return true;
+        case Command::DeleteRows:
+            rows_.remove();
+            return true;
+        case Command::MoveRowUp:
+            return rows_.move(false);
+        case Command::MoveRowDown:
+            return rows_.move(true);
+        case Command::GoToRow:
+            return rows_.goTo();
+        case Command::Help:
+            c_.owner.openHelp();
+            return true;
+        case Command::Menu:
+            menus_.open(0);
+            return true;
+        case Command::NextProblem:
+            return goToNextProblem();
+        default:
+            return false;
+    }
+}
+
+bool CommandRunner::select(Command command) {
+    CellGrid& grid = c_.grid;
+    const CellRange range = grid.Selected();
+    if (command == Command::SelectAll)
+        grid.SelectAll();
+    else if (command == Command::SelectRow)
+        grid.SelectRows(range.firstRow, range.lastRow);
+    else
+        grid.SelectCols(range.firstCol, range.lastCol);
+    return true;
+}
+
+/// The mark says at the cell what is wrong with it.
+bool CommandRunner::goToNextProblem() {
+    CellGrid& grid = c_.grid;
+    const auto cell = grid.NextMark(grid.Row(), grid.Col(), CellMark::Kind::Problem);
+    if (!cell || !grid.Select(cell->row, cell->col) || !c_.host.there()) return false;
+    editing::bringCurrentCellIntoView(grid);
+    if (const auto mark = grid.Mark(grid.Row(), grid.Col()))
+        c_.platform.showTip(mark->text, c_.owner.onScreen(grid.CellRect(grid.Row(), grid.Col())));
+    return true;
+}
+
+// --- By key
+
+std::optional<Command> CommandRunner::commandOf(std::int16_t code, std::int16_t shift) const {
+    const bool open = c_.editor.visible();
+    if (!open && c_.options.DeleteClears() && code == static_cast<std::int16_t>(Key::Delete) && shift == 0)
+        return Command::ClearCells;
+    return face.Of(code, shift, open ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell);
 }
 
 bool CommandRunner::textBoxHasIt(Command command) const {
-    if (!editor_.visible()) return false;
-    switch (command) {
-        case Command::Undo:
-            return !editor_.asOpened();
-        case Command::Redo:
-            return editor_.typedInto();
-    }
-    return false;
+    if (!c_.editor.visible()) return false;
+    return command == Command::Undo ? !c_.editor.asOpened() : c_.editor.typedInto();
 }
 
 bool CommandRunner::runByKey(Command command) {
-    if (textBoxHasIt(command)) return false;
-    if (editor_.visible() && can(command)) editor_.drop();
+    if (goesBack(command)) {
+        if (textBoxHasIt(command)) return false;
+        if (c_.editor.visible() && can(command)) c_.editor.drop();
+    }
     run(command);
     return true;
 }
 
+// --- What is said of them
+
 std::string CommandRunner::caption(Command command) const {
     std::string step;
-    if (command == Command::Undo) step = steps_.undoName();
-    if (command == Command::Redo) step = steps_.redoName();
+    if (command == Command::Undo) step = c_.steps.undoName();
+    if (command == Command::Redo) step = c_.steps.redoName();
     std::string caption(captionOf(command));
     return step.empty() ? caption : caption + "“" + step + "”";
 }
 
 void CommandRunner::tellChanges() {
-    Told now{steps_.undoName(), steps_.redoName(), steps_.canUndo(), steps_.canRedo()};
+    if (!c_.host.there()) return;
+    Told now{c_.steps.undoName(), c_.steps.redoName(), {}};
+    for (const Command command : allCommands())
+        now.can.set(static_cast<std::size_t>(command), can(command));
     if (now == told_) return;
     told_ = std::move(now);
     face.Changed();
 }
-}  // namespace clerk
-}  // namespace kxVsGrid
+}  // namespace kxVsGrid::clerk

@@ -1,25 +1,36 @@
 // Carries out commands, wherever they come from: a key, a menu of the host's, a toolbar, a test.
+//
+// Each of them commits an open editor first, and does not run where that is refused. Undo and Redo have their own
+// way with it; Copy, Cut, Paste and SelectAll are the text box's for as long as it is open.
 #pragma once
 
+#include <bitset>
+#include <optional>
 #include <string>
 
 #include "changes/Steps.h"
-#include "editing/EditSession.h"
+#include "clerk/CellCommands.h"
+#include "clerk/ClerkContext.h"
+#include "clerk/CopyPaste.h"
+#include "clerk/Menus.h"
+#include "clerk/RowCommands.h"
 #include "kxVsGrid/Commands.h"
 
 namespace kxVsGrid::clerk {
 
 class CommandRunner {
   public:
-    /// Both must outlive it.
-    CommandRunner(changes::Steps& steps, editing::EditSession& editor) : steps_(steps), editor_(editor) {}
+    CommandRunner(const ClerkContext& context, Menus& menus)
+        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context) {}
 
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.
     bool run(Command command);
-    /// For a key of the command in the grid. In an open editor it is the text box's own for as long as there
-    /// is something of the clerk's in the box to take back, or to bring back: False then. Otherwise the editor
-    /// closes without writing, and the command runs.
+    /// The command that a key gives now.
+    std::optional<Command> commandOf(std::int16_t code, std::int16_t shift) const;
+    /// For a key of the command in the grid. In an open editor Undo and Redo are the text box's own for as long
+    /// as there is something of the clerk's in the box to take back, or to bring back: False then. Otherwise the
+    /// editor closes without writing, and the command runs.
     bool runByKey(Command command);
     std::string caption(Command command) const;
     /// Raises Changed where something has.
@@ -31,14 +42,21 @@ class CommandRunner {
     struct Told {
         std::string undo;
         std::string redo;
-        bool canUndo = false;
-        bool canRedo = false;
+        std::bitset<64> can;
         friend bool operator==(const Told&, const Told&) = default;
     };
     bool textBoxHasIt(Command command) const;
+    bool mayEdit() const;
+    bool canOnClosedCell(Command command) const;
+    bool runOnClosedCell(Command command);
+    bool select(Command command);
+    bool goToNextProblem();
 
-    changes::Steps& steps_;
-    editing::EditSession& editor_;
+    ClerkContext c_;
+    Menus& menus_;
+    CopyPaste copyPaste_;
+    CellCommands cells_;
+    RowCommands rows_;
     Told told_;
 };
 }  // namespace kxVsGrid::clerk

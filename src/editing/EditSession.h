@@ -47,6 +47,7 @@ class EditSession {
     /// The field check has refused the present text: only what asks for it checks it once more. An expression
     /// that could not be evaluated locks nothing, and is tried again by whatever commits.
     bool locked() const { return validLock_ > 0; }
+    const WriteGate& gate() const { return gate_; }
     /// The clerk may change the current cell.
     bool opensHere() const { return gate_.opens(c_.grid.Row(), c_.grid.Col()); }
     /// How often the field check has refused the present text.

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "editing/EditingContext.h"
 #include "editing/FieldCheck.h"
@@ -28,7 +29,24 @@ class WriteGate {
     /// What a Boolean cell becomes when it is turned over.
     std::string turnedOver(std::int32_t row, std::int32_t col) const;
 
+    /// What becomes of a value that comes with others, where no editor is open.
+    struct Admission {
+        std::string text;
+        std::optional<std::string> tag;  ///< nothing: the cell keeps the one that it has
+        std::string refusal;             ///< why the value must not stand there; empty when it may
+    };
+    /// What the host has answered for codes, so that it is asked once for each.
+    using KnownCodes = std::unordered_map<std::string, FieldVerdict>;
+    /// As if the text were typed into the cell, which opens, and committed. Line ends become blanks where an
+    /// editor would have one line. A Boolean cell takes -1, 0, 1, True, False, 是, 否 and the empty text. A cell
+    /// that is emptied loses its tag. It may ask the host, who may change anything meanwhile.
+    Admission admit(std::int32_t row, std::int32_t col, std::string_view text, KnownCodes& known) const;
+
   private:
+    Admission admitBoolean(std::string_view text) const;
+    FieldVerdict checkOnce(std::int32_t col, const std::string& text, KnownCodes& known) const;
+    Admission refuseExpression(std::int32_t col, std::string_view text) const;
+
     EditingContext c_;
 };
 }  // namespace kxVsGrid::editing

@@ -22,7 +22,8 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       settings(main, sums, columns, flags, totals, layout),
       editor({context, platform, *seat, *this}),
       rows({context, editor, totals, wheel, defaulted}),
-      menus({context, defaulted, platform, rows, *this}),
+      menus({context, defaulted, platform, *seat, rows, editor, *this}),
+      commands({context, defaulted, platform, *seat, rows, editor, *this}, menus),
       inputContext{context, editor, rows, totals, *seat, platform},
       moveEvents(inputContext),
       keys(inputContext, menus),
@@ -48,6 +49,7 @@ void kxGrid::Parts::controlGone() {
     sums.silence();
     steps.silence();
     commands.face.Changed.disconnectAll();
+    commands.face.Reported.disconnectAll();
     options.RowInUse.disconnectAll();
     options.LookChanged.disconnectAll();
 }
@@ -63,7 +65,11 @@ void kxGrid::Parts::connectMoves() {
     main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
         moveEvents.afterRowColChange(oldRow, oldCol, newRow, newCol);
     }));
-    main.SelChange.connect(keeping([this] { host.raise(&GridEvents::SelChange); }));
+    main.SelChange.connect(keeping([this] {
+        host.raise(&GridEvents::SelChange);
+        commands.tellChanges();
+    }));
+    main.MarksChanged.connect(keeping([this] { commands.tellChanges(); }));
     main.CellChanged.passOn(control.CellChanged);
     main.AfterScroll.connect(keeping(
         [this](auto oldTopRow, auto oldLeftCol, auto, auto) { moveEvents.scrolled(oldTopRow, oldLeftCol); }));
@@ -131,6 +137,13 @@ bool kxGrid::Parts::closeEditor() {
     if (editor.locked()) return false;
     editor.drop();
     return true;
+}
+
+void kxGrid::Parts::tell(const PasteReport& report) {
+    commands.face.Reported(report);
+    const std::string summary = report.summary();
+    if (summary.empty() || !host.there() || main.Row() < 0 || main.Col() < 0) return;
+    platform.showTip(summary, onScreen(main.CellRect(main.Row(), main.Col())));
 }
 
 void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {

@@ -53,7 +53,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     /// Writes a cell and keeps its column's total.
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
-    // EditorOwner
+    // EditorOwner, CommandOwner
     void clerkWrote(std::int32_t row, std::int32_t col) override {
         flags.changed = true;
         defaulted.written(row, col);
@@ -73,6 +73,11 @@ struct kxGrid::Parts : editing::EditorOwner,
     bool setCell(std::int32_t row, std::int32_t col, std::string_view text, std::string_view tag) override {
         return !host.there() || set(row, col, text, tag);
     }
+    void putCell(std::int32_t row, std::int32_t col, std::string_view text,
+                 const std::string_view& tag) override;
+    void changedData(bool changed) override { flags.changed = changed; }
+    void tell(const PasteReport& report) override;
+    void openHelp() override { keys.openHelp(); }
 
     // StepOwner
     std::shared_ptr<void> keep() override { return shared_from_this(); }
@@ -82,9 +87,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     void recalculateAll() override { totals.recalculate(totals::TotalRow::AllColumns); }
     void show(std::int32_t row, std::int32_t col) override;
     void contentRestored() override { editor.captureAndLoad(); }
-    void historyChanged() override {
-        if (host.there()) commands.tellChanges();
-    }
+    void historyChanged() override { commands.tellChanges(); }
 
     // the first two
     Rect onScreen(const Rect& place) const override { return seat->onScreen(layout.inControl(place)); }
@@ -108,7 +111,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     editing::EditSession editor;
     rows::Rows rows;
     clerk::Menus menus;
-    clerk::CommandRunner commands{steps, editor};
+    clerk::CommandRunner commands;
     grid::InputContext inputContext;
     grid::MoveEvents moveEvents;
     grid::Keys keys;

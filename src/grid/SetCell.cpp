@@ -85,4 +85,13 @@ void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_vi
     const auto write = [&] { main.Cell(row, col, text, tag); };
     totals.around(row, col, main.CellChanged.heard(), write, [this] { return flags.ReDraw; });
 }
+
+/// As a commit, it keeps totals whether the grid redraws or not.
+void kxGrid::Parts::putCell(std::int32_t row, std::int32_t col, std::string_view text,
+                            const std::string_view& tag) {
+    const auto write = [&] { main.Cell(row, col, text, tag); };
+    const bool heard = main.CellChanged.heard();
+    if (!heard && !columns.at(col).b是否合计数据()) return write();
+    totals.around(row, col, heard, write, [] { return true; });
+}
 }  // namespace kxVsGrid

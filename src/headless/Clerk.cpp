@@ -73,14 +73,14 @@ void Desk::stroke(const KeyStroke& key) {
     Station& at = station();
     if (records_->focused != &at || at.composing) return;
     records_->leftControl = 0;
-    const bool used = copyOrPasteCell(at, key) || at.input()->key(key);
+    const bool used = at.input()->key(key);
     if (at.removed) return;
     if (!used && static_cast<Key>(key.code) == Key::Tab) {
         const bool forward = (key.shift & ShiftKey) == 0;
         records_->leftControl = forward ? 1 : -1;
         moveFocus(&at, FocusPlace::Elsewhere);
     } else if (!used && records_->place == FocusPlace::Editor) {
-        const auto command = commandOf(key.code, key.shift);
+        const auto command = at.address->Commands().Of(key.code, key.shift, CommandKey::Where::EditorToo);
         if (command == Command::Undo || command == Command::Redo)
             undoOrRedo(at, *command);
         else
@@ -89,35 +89,24 @@ void Desk::stroke(const KeyStroke& key) {
     if (!at.removed && records_->focused == &at) at.input()->keyUp(key.code, key.shift);
 }
 
-/// The clipboard's keys on a closed cell: they are used up, whatever comes of them.
-bool Desk::copyOrPasteCell(Station& at, const KeyStroke& key) {
-    const bool here = records_->place == FocusPlace::Grid || records_->place == FocusPlace::Editor;
-    if (!here || at.address->editorView().visible) return false;
-    const CellGrid& cells = at.address->Grid();
-    if (isCtrl(key, 'C')) {
-        if (cells.Row() >= 0 && cells.Col() >= 0)
-            records_->clipboard = cells.DisplayText(cells.Row(), cells.Col());
-        return true;
-    }
-    if (!isCtrl(key, 'V')) return false;
-    if (!at.input()->openForTyping() || at.removed) return true;
-    paste(at);
-    if (!at.removed) moveFocus(&at, FocusPlace::Editor);
-    return true;
-}
-
-void Desk::paste(Station& at) {
+/// What the text box does with the clipboard.
+void Desk::editText(Station& at, Command command) {
     const TextLine before = at.box;
-    at.box.paste(records_->clipboard);
+    if (command == Command::Paste) {
+        at.box.paste(records_->clipboard.text);
+    } else if (command == Command::SelectAll) {
+        at.box.selectAll();
+    } else if (at.box.selLength > 0) {
+        records_->clipboard = {.text = at.box.selected()};
+        if (command == Command::Cut) at.box.key(Key::Delete);
+    }
     at.reportChange(before);
 }
 
 void Desk::applyToTextBox(Station& at, const KeyStroke& key) {
-    if (isCtrl(key, 'V')) return paste(at);
-    if (isCtrl(key, 'C')) {
-        if (at.box.selLength > 0) records_->clipboard = at.box.selected();
-        return;
-    }
+    for (const auto& [letter, command] : {std::pair{'C', Command::Copy}, std::pair{'X', Command::Cut},
+                                          std::pair{'V', Command::Paste}, std::pair{'A', Command::SelectAll}})
+        if (isCtrl(key, letter)) return editText(at, command);
     const TextLine before = at.box;
     const bool printable = !key.character.empty() && static_cast<unsigned char>(key.character[0]) >= ' ';
     if (printable)

@@ -133,8 +133,28 @@ void Desk::showForm(Form& form, const Rect& anchor) {
     });
 }
 
-void Desk::clipboardText(std::string_view text) {
-    records_->clipboard = text;
+void Desk::copyToClipboard(const ClipboardContent& content) {
+    records_->clipboard = content;
+}
+
+ClipboardContent Desk::clipboardContent() const {
+    return records_->clipboard;
+}
+
+std::unique_ptr<Progress> Desk::progress(std::string_view, std::int64_t total) {
+    class Scripted : public Progress {
+      public:
+        Scripted(Desk& desk, std::int64_t total) : desk_(desk), total_(total) {}
+        bool goOn(std::int64_t done) override {
+            const auto script = desk_.records_->progressScript;  // it may give the desk another one
+            return !script || script(done, total_);
+        }
+
+      private:
+        Desk& desk_;
+        std::int64_t total_;
+    };
+    return std::make_unique<Scripted>(*this, total);
 }
 
 void Desk::processPendingInput() {}
@@ -202,11 +222,16 @@ const std::vector<ShownDialog>& Desk::dialogs() const {
 }
 
 const std::string& Desk::clipboard() const {
-    return records_->clipboard;
+    return records_->clipboard.text;
 }
 
 Desk& Desk::clipboard(std::string_view text) {
-    clipboardText(text);
+    copyToClipboard({.text = std::string(text)});
+    return *this;
+}
+
+Desk& Desk::onProgress(std::function<bool(std::int64_t, std::int64_t)> script) {
+    records_->progressScript = std::move(script);
     return *this;
 }
 
@@ -236,7 +261,7 @@ Desk& Desk::clear() {
     records_->lastMenu.reset();
     records_->waits = 0;
     records_->reports.clear();
-    records_->clipboard.clear();
+    records_->clipboard = {};
     records_->leftControl = 0;
     return *this;
 }

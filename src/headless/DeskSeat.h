@@ -34,6 +34,9 @@ class Desk::DeskSeat : public Seat {
         station_->box.insert(character);
         station_->report();
     }
+    void editText(Command command) override {
+        if (!station_->removed) desk_.editText(*station_, command);
+    }
     void layoutChanged() override {}
     Rect onScreen(const Rect& place) const override {
         return {ScreenLeft + place.left, ScreenTop + place.top, place.width, place.height};

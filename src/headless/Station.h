@@ -80,7 +80,8 @@ struct Desk::Records {
     std::map<std::string, std::unique_ptr<Hands>> hands;  ///< for the forms of these names
     HandsAt<FormDialog> anyHands;                         ///< for all others
     std::vector<std::string> reports;
-    std::string clipboard;
+    ClipboardContent clipboard;
+    std::function<bool(std::int64_t, std::int64_t)> progressScript;
     std::int32_t width = 9000;  ///< of a control that is placed
     std::int32_t height = 6000;
     DateTime now{2026, 11, 20, 9, 30, 0};

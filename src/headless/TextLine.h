@@ -31,6 +31,10 @@ struct TextLine {
     /// put there, are left out. An empty text changes nothing.
     void paste(std::string_view content);
     std::string selected() const;
+    void selectAll() {
+        selStart = 0;
+        selLength = length();
+    }
     /// Backspace, Delete, Left, Right, Home, End; Enter where several lines are allowed. Other keys do
     /// nothing.
     void key(Key key);

@@ -138,17 +138,26 @@ Qt::Key qtKeyOf(std::int16_t code) {
 }
 }  // namespace
 
-std::optional<Command> commandOf(const QKeyEvent& event) {
-    const KeyStroke stroke = strokeOf(event);
-    if (const auto own = kxVsGrid::commandOf(stroke.code, stroke.shift)) return own;
+std::optional<Command> desktopCommandOf(const QKeyEvent& event, CommandKey::Where where) {
     if (event.matches(QKeySequence::Undo)) return Command::Undo;
     if (event.matches(QKeySequence::Redo)) return Command::Redo;
+    if (where == CommandKey::Where::EditorToo) return {};
+    if (event.matches(QKeySequence::Copy)) return Command::Copy;
+    if (event.matches(QKeySequence::Cut)) return Command::Cut;
+    if (event.matches(QKeySequence::Paste)) return Command::Paste;
+    if (event.matches(QKeySequence::SelectAll)) return Command::SelectAll;
     return {};
 }
 
-QList<QKeySequence> sequencesOf(Command command) {
+std::optional<Command> commandOf(const QKeyEvent& event, const Commands& commands, CommandKey::Where where) {
+    const KeyStroke stroke = strokeOf(event);
+    if (const auto own = commands.Of(stroke.code, stroke.shift, where)) return own;
+    return desktopCommandOf(event, where);
+}
+
+QList<QKeySequence> sequencesOf(Command command, const Commands& commands) {
     QList<QKeySequence> sequences;
-    for (const CommandKey& key : commandKeys()) {
+    for (const CommandKey& key : commands.Keys()) {
         if (key.command != command) continue;
         Qt::KeyboardModifiers modifiers;
         modifiers.setFlag(Qt::ControlModifier, (key.shift & CtrlKey) != 0);

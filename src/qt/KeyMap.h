@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Platform.h"
 
 namespace kxVsGrid::qt {
@@ -17,10 +18,12 @@ KeyStroke strokeOf(const QKeyEvent& event);
 /// A stroke that only types.
 KeyStroke strokeOf(char32_t character);
 
+/// The command that the desktop has the key for; in an editor Undo and Redo alone, the others are the box's own.
+std::optional<Command> desktopCommandOf(const QKeyEvent& event, CommandKey::Where where);
 /// The command that a key gives: one of the control's own keys, or one that the desktop has for it.
-std::optional<Command> commandOf(const QKeyEvent& event);
+std::optional<Command> commandOf(const QKeyEvent& event, const Commands& commands, CommandKey::Where where);
 /// The control's own keys of a command.
-QList<QKeySequence> sequencesOf(Command command);
+QList<QKeySequence> sequencesOf(Command command, const Commands& commands);
 
 /// A sum of ShiftMask.
 std::int16_t shiftOf(Qt::KeyboardModifiers modifiers);

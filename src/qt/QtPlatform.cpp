@@ -9,8 +9,10 @@
 #include <QPushButton>
 
 #include "qt/ContextMenu.h"
+#include "qt/CopiedCells.h"
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
+#include "qt/ProgressBox.h"
 #include "qt/QtSeat.h"
 #include "qt/Tip.h"
 #include "qt/Wording.h"
@@ -98,8 +100,16 @@ void QtPlatform::waitCursor(bool on) {
         QGuiApplication::restoreOverrideCursor();
 }
 
-void QtPlatform::clipboardText(std::string_view text) {
-    QApplication::clipboard()->setText(toQt(text));
+void QtPlatform::copyToClipboard(const ClipboardContent& content) {
+    QApplication::clipboard()->setMimeData(new CopiedCells(content));
+}
+
+ClipboardContent QtPlatform::clipboardContent() const {
+    return contentOf(QApplication::clipboard()->mimeData());
+}
+
+std::unique_ptr<Progress> QtPlatform::progress(std::string_view what, std::int64_t total) {
+    return std::make_unique<ProgressBox>(machine_.shared_from_this(), widget_, toQt(what), total);
 }
 
 /// A typed character reaches the text box by a call, not through the queue: nothing has to be waited for, and

@@ -32,7 +32,9 @@ class QtPlatform : public Platform {
     void showForm(Form& form, const Rect& anchor) override;
     MenuChoice popUp(const Menu& menu, const Rect& anchor) override;
     void waitCursor(bool on) override;
-    void clipboardText(std::string_view text) override;
+    void copyToClipboard(const ClipboardContent& content) override;
+    ClipboardContent clipboardContent() const override;
+    std::unique_ptr<Progress> progress(std::string_view what, std::int64_t total) override;
     void processPendingInput() override;
 
   private:

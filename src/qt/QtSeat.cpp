@@ -24,6 +24,10 @@ void QtSeat::typeIntoEditor(std::string_view character) {
     if (Stage* stage = shown()) stage->typeIntoEditor(character);
 }
 
+void QtSeat::editText(Command command) {
+    if (Stage* stage = shown()) stage->editText(command);
+}
+
 void QtSeat::layoutChanged() {
     if (Stage* stage = shown()) stage->layoutChanged();
 }

@@ -17,6 +17,7 @@ class QtSeat : public Seat {
     void leaveControl(bool forward) override;
     void showEditor(const EditorView& editor) override;
     void typeIntoEditor(std::string_view character) override;
+    void editText(Command command) override;
     void layoutChanged() override;
     Rect onScreen(const Rect& place) const override;
     void settingChanged(std::string_view name) override;

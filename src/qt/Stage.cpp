@@ -292,11 +292,8 @@ void Stage::wheel(const QWheelEvent& event) {
     if (right != 0) guarded([&](Input& input) { input.scrolled(cells.TopRow(), cells.LeftCol() + right); });
 }
 
-void Stage::paste() {
-    bool opened = false;
-    if (!guarded([&](Input& input) { opened = input.openForTyping(); }) || !opened) return;
-    box_->paste();
-    giveFocus(FocusPlace::Editor);
+void Stage::editText(Command command) {
+    box_->carryOut(command);
 }
 
 // --- Look

@@ -73,6 +73,7 @@ class Stage {
     void leaveControl(bool forward);
     void showEditor(const EditorView& view);
     void typeIntoEditor(std::string_view character);
+    void editText(Command command);
     void layoutChanged();
     Rect onScreen(const Rect& place) const;
     void settingChanged(std::string_view name);
@@ -89,8 +90,6 @@ class Stage {
     void composeOnGrid(QInputMethodEvent& event);
     /// Commits what is being composed, exactly once; before a press, and before the keyboard leaves.
     void endComposition();
-    /// Opens the editor and pastes into it.
-    void paste();
     void lookChanged();
     /// The grid or its editor is painted as having the keyboard.
     bool focusShown() const { return focusShown_; }

@@ -146,19 +146,29 @@ void Rows::entered(std::int32_t row) {
 
 // --- Going
 
-void Rows::removeCurrent() {
-    CellGrid& grid = c_.grid;
+bool Rows::mayRemove(std::int32_t row) {
     bool consent = false;
-    c_.host.raise(&GridEvents::DeleteVsRow, grid.Row(), consent);
-    if (!consent || grid.Rows() <= grid.FixedRows() || grid.Row() < grid.FixedRows()) return;
-    c_.steps.during("删除行", Cause::Rows, [&] { removeInStep(); });
+    c_.host.raise(&GridEvents::DeleteVsRow, row, consent);
+    return consent && c_.grid.Rows() > c_.grid.FixedRows();
 }
 
-void Rows::removeInStep() {
+void Rows::removeCurrent() {
+    if (!mayRemove(c_.grid.Row()) || c_.grid.Row() < c_.grid.FixedRows()) return;
+    const FollowedRow current(follower_, c_.grid.Row());
+    c_.steps.during("删除行", Cause::Rows, [&] { removeInStep(current); });
+}
+
+void Rows::remove(std::int32_t row) {
+    const FollowedRow followed(follower_, row);
+    if (!mayRemove(row) || !followed.there() || followed.row() < c_.grid.FixedRows()) return;
+    c_.steps.during("删除行", Cause::Rows, [&] { removeInStep(followed); });
+}
+
+void Rows::removeInStep(const FollowedRow& row) {
     CellGrid& grid = c_.grid;
     // the only data row gives way to the first of those that refill the grid, not to a header
     if (grid.Rows() == grid.FixedRows() + 1) appendEmpty();
-    grid.RemoveRow(grid.Row());
+    grid.RemoveRow(row.row());
     c_.editor.captureAndLoad();
     c_.totals.recalculate(TotalRow::AllColumns);
     refill();

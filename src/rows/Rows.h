@@ -22,8 +22,10 @@ class Rows {
     /// While the clerk types: appends a row when `row` is the last one and the host consents. The current
     /// cell stays.
     void appendIfLast(std::int32_t row);
-    /// Removes the current row. There are always enough left to key into.
+    /// Removes the row that is current when the host has consented. There are always enough left to key into.
     void removeCurrent();
+    /// Removes a row, if the host consents to that and leaves it there.
+    void remove(std::int32_t row);
     /// The host's way: so many rows, the fixed ones included, and enough to key into. When a handler fails
     /// over the loss of rows, the others are there all the same before that is thrown on.
     void count(std::int32_t rows);
@@ -38,7 +40,8 @@ class Rows {
 
   private:
     void addInStep(std::int32_t position, bool withDefaults, bool copyData);
-    void removeInStep();
+    bool mayRemove(std::int32_t row);
+    void removeInStep(const FollowedRow& row);
     std::int32_t insert(std::int32_t position);
     void appendEmpty() { insert(c_.grid.Rows()); }
     void show(std::int32_t row);

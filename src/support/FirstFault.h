@@ -25,6 +25,8 @@ class FirstFault {
         if (fault_) std::rethrow_exception(fault_);
     }
 
+    /// Something was thrown.
+    bool any() const { return fault_ != nullptr; }
     /// One of the works, also a later one, lacked memory.
     bool outOfMemory() const { return outOfMemory_; }
 

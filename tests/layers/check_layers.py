@@ -42,7 +42,7 @@ PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
     "cellgrid": "CellGrid ChangeListener Frame RowId",
     "changes": "Changes Draft",
-    "platform": "Command Platform",
+    "platform": "Clipboard Command PasteReport Platform",
     "columns": "cVsControl",
     "host": "GridEvents Options",
     "dialogs": "ControlPage HelpExchange HelpTable",

@@ -12,9 +12,9 @@
 // It shows nothing, records everything and answers from scripts: input boxes that were not scripted are
 // cancelled, dialogs closed by their frame. Several controls may live on one desk; what the clerk does goes
 // to the one that was placed, loaded or chosen with use() last. Its text box carries out characters,
-// Backspace, Delete, Left, Right, Home, End and, where several lines are allowed, Enter (a line feed). Ctrl+C
-// and Ctrl+V do with the desk's own clipboard what they do in a window: on a closed cell they copy what it
-// shows, and open the editor and paste; in the editor they copy what is selected, and paste.
+// Backspace, Delete, Left, Right, Home, End and, where several lines are allowed, Enter (a line feed). The
+// clipboard is the desk's own; in the editor Ctrl+C, Ctrl+X, Ctrl+V and Ctrl+A do with the text what they do in a
+// window.
 #pragma once
 
 #include <cstddef>
@@ -171,6 +171,8 @@ class Desk : public Platform {
     const std::string& clipboard() const;
     /// What another program, or a test, has put there.
     Desk& clipboard(std::string_view text);
+    /// Asked whenever something that takes its time says how far it has come, of how much: False cancels it.
+    Desk& onProgress(std::function<bool(std::int64_t done, std::int64_t total)> script);
     /// The wheel hook of the control in use; nothing until it has read its settings.
     const std::optional<WheelHookState>& wheelHook() const;
     /// Names of changed settings, in order, of all controls.
@@ -195,7 +197,9 @@ class Desk : public Platform {
     MenuChoice popUp(const Menu& menu, const Rect& anchor) override;
     void waitCursor(bool on) override;
     void showForm(Form& form, const Rect& anchor) override;
-    void clipboardText(std::string_view text) override;
+    void copyToClipboard(const ClipboardContent& content) override;
+    ClipboardContent clipboardContent() const override;
+    std::unique_ptr<Progress> progress(std::string_view what, std::int64_t total) override;
     void processPendingInput() override;
 
   private:
@@ -211,8 +215,7 @@ class Desk : public Platform {
     void moveFocus(Station* station, FocusPlace place);
     void stroke(const KeyStroke& key);
     void endComposition();
-    bool copyOrPasteCell(Station& at, const KeyStroke& key);
-    void paste(Station& at);
+    void editText(Station& at, Command command);
     void applyToTextBox(Station& at, const KeyStroke& key);
     void undoOrRedo(Station& at, Command command);
     Rect reach(std::int32_t row, std::int32_t col) const;

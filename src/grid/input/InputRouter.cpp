@@ -76,7 +76,7 @@ bool InputRouter::command(Command command) {
 }
 
 bool InputRouter::keyFor(const KeyStroke& stroke) {
-    const std::optional<Command> command = commandOf(stroke.code, stroke.shift);
+    const std::optional<Command> command = commands_.commandOf(stroke.code, stroke.shift);
     if (command && keyboardInGrid()) return commands_.runByKey(*command);
     switch (place_) {
         case FocusPlace::Editor:

@@ -31,11 +31,11 @@ void Keys::keyDown(std::int16_t& code, std::int16_t shift) {
     if (key == Key::Delete) c_.rows.removeCurrent();
     if (key == Key::F2 && c_.editor.opensHere()) {
         code = 0;
-        editWithHelp();
+        openHelp();
     }
 }
 
-void Keys::editWithHelp() {
+void Keys::openHelp() {
     if (!c_.editor.visible()) c_.rows.appendIfLast(c_.grid.Row());
     c_.editor.open();
     if (c_.editor.visible() && c_.columns.at(c_.grid.Col()).b是否提供帮助()) c_.editor.help();

@@ -28,8 +28,10 @@ class Keys {
     /// `edits`: nothing has been done about the first of the two presses.
     void doubleClick(bool edits);
 
+    /// F2: the editor, and the column's help where it offers one.
+    void openHelp();
+
   private:
-    void editWithHelp();
     void passToEditor(std::string_view typed);
     void leaveHiddenCell();
     bool isBoolean(std::int32_t col);

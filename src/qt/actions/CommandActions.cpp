@@ -16,7 +16,6 @@ QAction* CommandActions::action(Command command) {
     action =
         new QAction(QIcon::fromTheme(toQt(iconNameOf(command))), toQt(captionOf(command)), &stage_.widget());
     action->setIconText(action->text());  // a toolbar keeps its width whatever the step is called
-    action->setShortcuts(sequencesOf(command));
     // The grid takes the keys itself; in the text fields beside it they are the text's own.
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     QObject::connect(action, &QAction::triggered, &stage_.widget(),
@@ -31,6 +30,8 @@ void CommandActions::refresh() {
         // A step's name marks no letter of the menu's.
         action->setText(toQt(stage_.grid().Commands().Caption(command)).replace(u'&', QStringLiteral("&&")));
         action->setEnabled(stage_.grid().CanRun(command));
+        const QList<QKeySequence> keys = sequencesOf(command, stage_.grid().Commands());
+        if (action->shortcuts() != keys) action->setShortcuts(keys);
     }
 }
 }  // namespace kxVsGrid::qt

@@ -7,7 +7,9 @@
 #include <QString>
 #include <QVariant>
 #include <QWidget>
+#include <optional>
 
+#include "kxVsGrid/Command.h"
 #include "kxVsGrid/Enumerations.h"
 
 namespace kxVsGrid::qt {
@@ -18,6 +20,8 @@ class BoxEvents {
     virtual ~BoxEvents() = default;
     /// A key, before the box acts on it. True when nothing is left to do.
     virtual bool keyDown(const QKeyEvent& event) = 0;
+    /// The command that the key gives in the box.
+    virtual std::optional<Command> commandOf(const QKeyEvent& event) const = 0;
     virtual void keyUp(const QKeyEvent& event) = 0;
     /// Brackets what the box does on behalf of the clerk; the outermost end looks at what has become of it.
     virtual void clerkActs(bool begins) = 0;
@@ -59,6 +63,7 @@ class TextBoxPort {
     virtual void cut() = 0;
     virtual void copy() = 0;
     virtual void paste() = 0;
+    void selectAll() { select(0, state().text.size()); }
     virtual bool canUndo() const = 0;
     virtual bool canRedo() const = 0;
 };

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <string>
 
+#include "qt/KeyMap.h"
 #include "qt/text/BoxEvents.h"
 #include "qt/text/Composition.h"
 #include "qt/text/Encoding.h"
@@ -39,6 +40,9 @@ class BoxMirror : protected BoxEvents, protected Composition::Listener {
 
     void clerkActs(bool begins) override;
     bool keyDown(const QKeyEvent& event) override;
+    std::optional<Command> commandOf(const QKeyEvent& event) const override {
+        return desktopCommandOf(event, CommandKey::Where::EditorToo);
+    }
     void inputMethod(QInputMethodEvent& event) override;
     /// Commits what is being composed, exactly once.
     void endComposition() override;

@@ -21,8 +21,8 @@ void asClerk(BoxEvents& events, const QWidget& box, Work work) {
 }
 
 /// Keys that the core or the box acts on must not set off a shortcut of the window.
-inline bool claims(const QKeyEvent& event) {
-    if (commandOf(event)) return true;
+inline bool claims(const QKeyEvent& event, const std::optional<Command>& command) {
+    if (command) return true;
     const auto modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     if (modifiers != Qt::NoModifier) return false;
     const KeyStroke stroke = strokeOf(event);
@@ -46,10 +46,12 @@ inline bool beforeBox(BoxEvents& events, QWidget& box, QEvent& event) {
         case QEvent::FocusAboutToChange:
             events.endComposition();
             return false;
-        case QEvent::ShortcutOverride:
-            if (!claims(static_cast<QKeyEvent&>(event))) return false;
+        case QEvent::ShortcutOverride: {
+            const auto& key = static_cast<QKeyEvent&>(event);
+            if (!claims(key, events.commandOf(key))) return false;
             event.accept();
             return true;
+        }
         case QEvent::KeyPress: {
             auto& key = static_cast<QKeyEvent&>(event);
             if (!isTab(key)) return false;

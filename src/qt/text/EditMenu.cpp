@@ -29,7 +29,7 @@ void showEditMenu(TextBoxPort& box, BoxEvents& events, const QPoint& place) {
     add(wording::Paste, !QGuiApplication::clipboard()->text().isEmpty(), [&box] { box.paste(); });
     add(wording::Delete, selected, [&box] { box.insert({}); });
     menu->addSeparator();
-    add(wording::SelectAll, !state.text.isEmpty(), [&box] { box.select(0, box.state().text.size()); });
+    add(wording::SelectAll, !state.text.isEmpty(), [&box] { box.selectAll(); });
     menu->popup(place);
 }
 }  // namespace kxVsGrid::qt

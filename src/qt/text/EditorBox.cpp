@@ -137,8 +137,13 @@ void EditorBox::insert(const QString& text) {
     asClerk(*this, port_->widget(), [&] { port_->insert(text); });
 }
 
-void EditorBox::paste() {
-    asClerk(*this, port_->widget(), [&] { port_->paste(); });
+void EditorBox::carryOut(Command command) {
+    asClerk(*this, port_->widget(), [&] {
+        if (command == Command::Copy) port_->copy();
+        if (command == Command::Cut) port_->cut();
+        if (command == Command::Paste) port_->paste();
+        if (command == Command::SelectAll) port_->selectAll();
+    });
 }
 
 // --- Keys, focus, wheel
@@ -147,6 +152,10 @@ bool EditorBox::keyToCore(const QKeyEvent& event) {
     bool used = true;
     const bool alive = stage_.guarded([&](Input& input) { used = input.key(strokeOf(event)); });
     return used || !alive || undoOrRedo(event);
+}
+
+std::optional<Command> EditorBox::commandOf(const QKeyEvent& event) const {
+    return kxVsGrid::qt::commandOf(event, stage_.grid().Commands(), CommandKey::Where::EditorToo);
 }
 
 /// What the box cannot take back or bring back any more is the grid's.

@@ -29,9 +29,10 @@ class EditorBox : private BoxMirror {
     /// The box that is or was shown last.
     QWidget& widget() const { return port_->widget(); }
 
-    /// Types or pastes in place of the selection.
+    /// Types in place of the selection.
     void insert(const QString& text);
-    void paste();
+    /// Copy, Cut, Paste or SelectAll, as the box's own keys do it.
+    void carryOut(Command command);
 
     // --- Input method, also for the grid, which composes in the box while it keeps the keyboard.
     void compose(QInputMethodEvent& event);
@@ -46,6 +47,7 @@ class EditorBox : private BoxMirror {
     bool watching() const override { return view_.visible; }
     void textChanging(const QString& before) override;
     bool keyToCore(const QKeyEvent& event) override;
+    std::optional<Command> commandOf(const QKeyEvent& event) const override;
     void keyUp(const QKeyEvent& event) override;
     void focusGained() override;
     void focusLost(const QFocusEvent& event) override;

@@ -1,7 +1,5 @@
 #include "qt/view/GridView.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -102,9 +100,9 @@ bool GridView::event(QEvent* event) {
             break;
         case QEvent::ShortcutOverride: {
             auto& key = static_cast<QKeyEvent&>(*event);
-            const bool ours =
-                claims(key) && key.key() != Qt::Key_Escape && (key.key() != Qt::Key_F2 || stage_.editsHere());
-            if (!ours && !key.matches(QKeySequence::Copy) && !key.matches(QKeySequence::Paste)) break;
+            const bool ours = claims(key, commandOf(key)) && key.key() != Qt::Key_Escape &&
+                              (key.key() != Qt::Key_F2 || stage_.editsHere());
+            if (!ours) break;
             event->accept();
             return true;
         }
@@ -126,7 +124,7 @@ bool GridView::event(QEvent* event) {
 
 void GridView::keyPressEvent(QKeyEvent* event) {
     event->accept();
-    if (stage_.box().composing() || copyOrPaste(*event)) return;
+    if (stage_.box().composing()) return;
     const auto command = commandOf(*event);
     if (command && !stage_.box().visible()) {
         stage_.guarded([&](Input& input) { input.command(*command); });
@@ -150,26 +148,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     event->setAccepted(used && !idle);
 }
 
-/// What cuts a text in the editor deletes no row: it does nothing here.
-bool GridView::cutsByDelete(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Delete && event.matches(QKeySequence::Cut);
-}
-
-/// On a closed cell they are used up, whatever comes of them: they are no characters to be typed.
-bool GridView::copyOrPaste(const QKeyEvent& event) {
-    if (stage_.box().visible()) return false;
-    const CellGrid& grid = stage_.grid().Grid();
-    if (event.matches(QKeySequence::Copy)) {
-        if (grid.Row() >= 0 && grid.Col() >= 0)
-            stage_.attempt(
-                [&] { QApplication::clipboard()->setText(toQt(grid.DisplayText(grid.Row(), grid.Col()))); });
-        return true;
-    }
-    if (event.matches(QKeySequence::Paste)) {
-        stage_.paste();
-        return true;
-    }
-    return cutsByDelete(event);
+std::optional<Command> GridView::commandOf(const QKeyEvent& event) const {
+    const auto where =
+        stage_.box().visible() ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
+    return qt::commandOf(event, stage_.grid().Commands(), where);
 }
 
 void GridView::keyReleaseEvent(QKeyEvent* event) {

@@ -53,9 +53,7 @@ class GridView : public GridSurface {
     bool takesKeyboard(const QPointF& at);
     bool overTotals(const QPointF& at) const;
     void showTextUnder(const QHelpEvent& event);
-    bool copyOrPaste(const QKeyEvent& event);
-    static bool cutsByDelete(const QKeyEvent& event);
-    void typeFurther(const QString& text);
+    std::optional<Command> commandOf(const QKeyEvent& event) const;
     QVariant boxQuery(Qt::InputMethodQuery query) const;
 
     Stage& stage_;

@@ -1,0 +1,79 @@
+// One act of a clerk's that writes many cells: each of them passes the gate, all of them are one step, and a
+// report tells what has become of them.
+//
+// Nobody is there to put a refused value right: its cell keeps what it has and gets a mark. A handler that
+// fails, takes the row away or ends the control ends the act; what was written until then stands. One that the
+// clerk cancels takes itself back.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "clerk/ClerkContext.h"
+#include "kxVsGrid/PasteReport.h"
+#include "support/FirstFault.h"
+
+namespace kxVsGrid::clerk {
+
+class BlockEdit {
+  public:
+    /// `cells` is how many there are to be written, for the display of how far it has come.
+    BlockEdit(const ClerkContext& context, Command command, std::int64_t cells);
+    BlockEdit(const BlockEdit&) = delete;
+    BlockEdit& operator=(const BlockEdit&) = delete;
+
+    /// Runs the work, which writes cells for as long as goesOn(), as one step. What handlers throw comes
+    /// through when the step is closed and the report is whole.
+    template <class Work>
+    void during(std::string_view step, Work work) {
+        begin(step);
+        support::FirstFault fault;
+        fault.during(work);
+        if (fault.any()) report_.cutShort = true;
+        end(fault);
+        fault.raise();
+    }
+
+    /// What is refused is no report's and gets no mark: the clerk is to put it right at once.
+    void leaveRefusedToClerk() { leftToClerk_ = true; }
+    bool goesOn() const { return !stopped_ && c_.host.there(); }
+    /// A value as it would be typed.
+    void write(const rows::FollowedRow& row, std::int32_t col, std::string_view text);
+    /// A text with its tag, as they stood in the same column: the column's rules are all that is asked.
+    void writePair(const rows::FollowedRow& row, std::int32_t col, const std::string& text,
+                   const std::string& tag);
+    /// Before a row is written with something: the last one asks the host for another one, as typing does.
+    void startRow(const rows::FollowedRow& row);
+    /// Values that have no cell.
+    void refuseBeyond(std::int64_t cells, std::string reason);
+    /// The cells have gone.
+    void cutShort();
+
+    const PasteReport& report() const { return report_; }
+
+  private:
+    void begin(std::string_view step);
+    void end(support::FirstFault& fault);
+    void takeBack(support::FirstFault& fault);
+    bool mayWrite(const rows::FollowedRow& row, std::int32_t col);
+    void put(const rows::FollowedRow& row, std::int32_t col, const std::string& text, const std::string& tag);
+    void refuse(const rows::FollowedRow& row, std::int32_t col, std::string_view text, std::string reason);
+    void list(PasteReport::Refusal refusal);
+
+    ClerkContext c_;
+    PasteReport report_;
+    std::int64_t cells_;
+    std::int64_t done_ = 0;
+    std::size_t step_ = 0;
+    bool changedBefore_ = false;
+    bool stopped_ = false;
+    bool leftToClerk_ = false;
+    editing::WriteGate::KnownCodes codes_;
+    std::vector<std::pair<RowId, std::int32_t>> marked_;
+    std::unique_ptr<Progress> progress_;
+};
+}  // namespace kxVsGrid::clerk

@@ -1,0 +1,25 @@
+#include "kxVsGrid/Clipboard.h"
+
+#include "support/HtmlTable.h"
+#include "support/Numbers.h"
+#include "support/TableText.h"
+
+namespace kxVsGrid {
+
+std::string htmlOf(const ClipboardContent& content) {
+    std::string html;
+    support::HtmlTableWriter table(html);
+    for (support::TableReader reader(content.text); reader.next();) {
+        const std::string_view text = reader.text();
+        const bool number = support::completeNumber(support::withoutGroups(text, true)).has_value();
+        const auto align = number ? support::HtmlAlign::Right : support::HtmlAlign::Left;
+        if (content.headers && reader.row() == 0)
+            table.heading(text, align);
+        else
+            table.cell(text, align);
+        if (reader.endsRow()) table.endRow();
+    }
+    table.finish();
+    return html;
+}
+}  // namespace kxVsGrid

@@ -1,0 +1,24 @@
+#include "kxVsGrid/PasteReport.h"
+
+namespace kxVsGrid {
+namespace {
+
+void append(std::string& summary, const char* what, std::int64_t count) {
+    if (count == 0) return;
+    if (!summary.empty()) summary += "，";
+    summary += what + std::to_string(count) + " 格";
+}
+}  // namespace
+
+std::string PasteReport::summary() const {
+    if (cancelled) return "已取消，没有改动。";
+    if (passedOver == 0 && refused == 0 && !cutShort) return {};
+    std::string summary;
+    append(summary, "写入 ", written);
+    append(summary, "跳过只读 ", passedOver);
+    append(summary, "未通过 ", refused);
+    if (summary.empty()) summary = "没有写入";
+    if (cutShort) summary += "，其余中断未写";
+    return summary + "。";
+}
+}  // namespace kxVsGrid
