@@ -77,6 +77,27 @@ std::string utf8(char32_t codePoint) {
     return {static_cast<char>(0xF0U | codePoint >> 18U), tail(12), tail(6), tail(0)};
 }
 
+std::size_t validBytes(std::string_view text) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const Character next = characterAt(text, at);
+        if (next.codePoint == kReplacement && next.bytes == 1) break;
+        at += next.bytes;
+    }
+    return at;
+}
+
+void appendValid(std::string& out, std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t valid = validBytes(text);
+        out += text.substr(0, valid);
+        text.remove_prefix(valid);
+        if (text.empty()) return;
+        out += "\uFFFD";
+        text.remove_prefix(1);
+    }
+}
+
 std::string withoutLineBreaks(std::string_view text) {
     std::string result;
     result.reserve(text.size());

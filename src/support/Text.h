@@ -27,6 +27,12 @@ char32_t firstCodePoint(std::string_view text);
 /// The code point as UTF-8.
 std::string utf8(char32_t codePoint);
 
+/// How many bytes of the text, from its start on, are valid UTF-8.
+std::size_t validBytes(std::string_view text);
+
+/// Appends the text with U+FFFD for each byte that is no part of valid UTF-8.
+void appendValid(std::string& out, std::string_view text);
+
 /// The text without its line feeds and carriage returns, wherever they stand.
 std::string withoutLineBreaks(std::string_view text);
 

@@ -29,6 +29,21 @@ TEST(Characters, CountsCodePoints) {
     EXPECT_EQ(characters("a\0b"s), 3U);
 }
 
+TEST(ValidBytes, EndBeforeTheFirstByteThatIsNone) {
+    EXPECT_EQ(validBytes(""), 0U);
+    EXPECT_EQ(validBytes("合\uFFFD𠮷a"), 11U);
+    EXPECT_EQ(validBytes("合\xE5\x90"), 3U);
+    EXPECT_EQ(validBytes("a\0\x80z"s), 2U);
+}
+
+TEST(AppendValid, PutsAReplacementCharacterForEachInvalidByte) {
+    std::string text = "=";
+    appendValid(text, "合\uFFFD\xE5\x90z\xFF");
+    appendValid(text, "");
+    appendValid(text, "\xED\xA0\x80");
+    EXPECT_EQ(text, "=合\uFFFD\uFFFD\uFFFDz\uFFFD\uFFFD\uFFFD\uFFFD");
+}
+
 TEST(Characters, CountsEveryInvalidByteAsOne) {
     EXPECT_EQ(characters("\xFF\xFE"), 2U);
     EXPECT_EQ(characters("\x80"), 1U);
