@@ -183,6 +183,6 @@ void Menus::addSeveral(bool atEnd, bool withDefaults) {
 void Menus::copyCell() {
     const CellGrid& grid = c_.grid;
     if (grid.Row() >= 0 && grid.Col() >= 0)
-        c_.platform.clipboardText(grid.DisplayText(grid.Row(), grid.Col()));
+        c_.platform.copyToClipboard({grid.DisplayText(grid.Row(), grid.Col()), {}, false});
 }
 }  // namespace kxVsGrid::clerk

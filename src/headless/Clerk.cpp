@@ -97,7 +97,7 @@ void Desk::editText(Station& at, Command command) {
     } else if (command == Command::SelectAll) {
         at.box.selectAll();
     } else if (at.box.selLength > 0) {
-        records_->clipboard = {.text = at.box.selected()};
+        records_->clipboard = {at.box.selected(), {}, false};
         if (command == Command::Cut) at.box.key(Key::Delete);
     }
     at.reportChange(before);

@@ -226,7 +226,7 @@ const std::string& Desk::clipboard() const {
 }
 
 Desk& Desk::clipboard(std::string_view text) {
-    copyToClipboard({.text = std::string(text)});
+    copyToClipboard({std::string(text), {}, false});
     return *this;
 }
 
