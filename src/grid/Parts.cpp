@@ -49,6 +49,7 @@ void kxGrid::Parts::controlGone() {
     steps.silence();
     commands.face.Changed.disconnectAll();
     options.RowInUse.disconnectAll();
+    options.CellLocked.disconnectAll();
     options.LookChanged.disconnectAll();
 }
 
