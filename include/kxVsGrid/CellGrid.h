@@ -32,6 +32,7 @@
 #include <string_view>
 #include <vector>
 
+#include "kxVsGrid/CellRange.h"
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"
@@ -103,6 +104,40 @@ class CellGrid {
     /// One move. Moving to where it is raises nothing. False when BeforeRowColChange cancelled it, or when
     /// what a listener did before the current cell changed replaced it or took its target away.
     bool Select(std::int32_t row, std::int32_t col);
+
+    // --- What is selected beside the current cell: never a fixed cell, and only the current cell as long as
+    // nothing else was taken. Selecting moves no current cell and raises none of its events; SelChange comes
+    // once when something else is selected. Every move of the current cell ends the selection, and tells so
+    // by the SelChange at its own end. Inserting and removing rows and columns, which raises none, keeps the
+    // cells that were selected, as far as they are there; whole columns and all cells go on to be that.
+    /// The user selects, with Shift and with the mouse. False at first: there he only moves.
+    bool SelectsRanges() const;
+    void SelectsRanges(bool ranges);
+    /// Where the selection began, and the opposite corner, which Shift moves. The current cell, unless
+    /// headers or code have begun it elsewhere; -1 where there is none.
+    std::int32_t SelRow() const;
+    std::int32_t SelCol() const;
+    std::int32_t RowSel() const;
+    std::int32_t ColSel() const;
+    SelectionKind SelectedAs() const;
+    /// Nothing but the current cell is selected.
+    bool SelectsOneCell() const;
+    /// The selected data cells, hidden ones between them included; empty when there are none.
+    CellRange Selected() const;
+    /// Selects from one data cell to another; Unselect when both are the current one.
+    void SelectRange(std::int32_t anchorRow, std::int32_t anchorCol, std::int32_t cornerRow,
+                     std::int32_t cornerCol);
+    /// Whole rows, whole columns, everything. Nothing happens in a grid without data cells.
+    void SelectRows(std::int32_t anchor, std::int32_t corner);
+    void SelectCols(std::int32_t anchor, std::int32_t corner);
+    void SelectAll();
+    /// Nothing but the current cell is selected any more.
+    void Unselect();
+    /// Counts the cells of a range that are shown and lie in the data area, and adds up those that are a
+    /// number: a text that is one as a whole, and counts what CellNumber says. Columns of dates have none.
+    /// Takes a time that grows with the rows that were ever written to; GridError when the range reaches
+    /// beyond the grid.
+    RangeSummary Summary(const CellRange& range) const;
 
     // --- Cells.
     std::string Text(std::int32_t row, std::int32_t col) const;
@@ -306,13 +341,17 @@ class CellGrid {
     std::int32_t ShownRowBefore(std::int32_t row, std::int32_t steps = 1) const;
 
     // --- What the machine reports.
-    /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt. True when the key did
-    /// something here: a listener zeroed it, or it moved or scrolled.
+    /// Raises KeyDown; not zeroed, arrows, Home, End and pages move, except with Alt; with Shift they move
+    /// the corner of the selection where the user selects. True when the key did something here: a listener
+    /// zeroed it, or it moved, selected or scrolled.
     bool keyDown(std::int16_t code, std::int16_t shift);
     /// Raises CharacterTyped and KeyPress. The character may not fit into the 16 bits. Answers what is left
     /// of these: 0 when the key was used up.
     std::int16_t keyPress(std::int16_t ascii, std::string_view character = {});
-    /// `leadsThere` False: what was pressed is there no more, and the press moves nothing.
+    /// `leadsThere` False: what was pressed is there no more, and the press moves nothing. Where the user
+    /// selects, Shift moves the corner to the pressed cell, headers take whole rows and columns, the corner
+    /// between them everything; mouseMove extends, and goes one row or column on each time it is told of a
+    /// place beside the data cells with the left button down, until mouseUp.
     void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y,
                    bool leadsThere = true);
     void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
@@ -371,6 +410,7 @@ class CellGrid {
     Event<> EnterCell;
     Event<> RowColChange;
     Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t> AfterRowColChange;
+    /// The end of a move; something else is selected.
     Event<> SelChange;
     /// After every assignment of text or data that changes the stored value, one per slot.
     Event<std::int32_t, std::int32_t> CellChanged;

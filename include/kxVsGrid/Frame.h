@@ -1,5 +1,5 @@
-// What a window paints of a grid: an ordered list of fills, lines, texts and check marks for the visible
-// part.
+// What a window paints of a grid: an ordered list of fills, lines, texts, check marks and veils for the
+// visible part.
 //
 //     kxVsGrid::Frame frame = kxVsGrid::makeFrame(grid, state);
 //     for (const auto& item : frame.items) painter.draw(item);   // first to last
@@ -29,6 +29,7 @@ struct FrameItem {
         Focus,      ///< the outline of the current cell
         Raised,  ///< a light hairline along the left and upper edges of the rectangle, a dark one along the
                  ///< lines that it ends with: tones of the colour, which is that of the ground
+        Tint,    ///< a veil of the colour over the rectangle, a quarter of it: what is below shows through
     };
     Kind kind = Kind::Fill;
     bool checked = false;

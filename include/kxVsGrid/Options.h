@@ -27,6 +27,14 @@ class GridOptions {
     /// one in use or to the current row.
     Event<std::int32_t, bool&> RowInUse;
 
+    /// Is the cell locked? Preset to False. A locked cell is to the clerk like one of a read-only column, for
+    /// this row alone: nothing opens or toggles it, and Enter and Tab pass over it. Code writes there as
+    /// anywhere, default texts and fills of the menu among it; ReadOnlyShade goes by columns and does not
+    /// show it. Asked at every key that would open or pass the cell, once more when the host has heard of
+    /// BeforeTextEdit, and not at the commit: what is being typed when a cell becomes locked is still
+    /// written. Enter asks for one cell after the other until one is free, so the answer should be at hand.
+    Event<std::int32_t, std::int32_t, bool&> CellLocked;
+
     /// Enter on a cell that is not editable goes to the next editable one, as it does on those that are;
     /// where none follows it stays. False at first: Enter does nothing there.
     bool EnterPassesReadOnly() const { return enterPassesReadOnly_; }

@@ -232,8 +232,9 @@ class kxGrid : public GridEvents {
     /// it for the length of a call, in which a listener may destroy the control.
     std::shared_ptr<Input> input();
     const EditorView& editorView() const;
-    /// Whether the clerk may change a cell: the grid is editable, and so is the cell's column. False in the
-    /// fixed area and outside the grid.
+    /// Whether the clerk may change a cell: the grid is editable, so is the cell's column, and the host does
+    /// not lock the cell. False in the fixed area and outside the grid. Lets through what a listener of
+    /// CellLocked throws.
     bool cellEditable(std::int32_t Row, std::int32_t Col) const;
     /// Where the two grids lie in the control.
     Rect gridRect() const;

@@ -15,6 +15,7 @@
 #include "cellgrid/ListenerList.h"
 #include "cellgrid/Misuse.h"
 #include "cellgrid/RowIds.h"
+#include "cellgrid/Selection.h"
 #include "cellgrid/Viewport.h"
 #include "cellgrid/frame/DamageLog.h"
 #include "cellgrid/store/CellStore.h"
@@ -117,6 +118,24 @@ struct CellGrid::Impl {
     void rowsInserted(std::int32_t position, std::int32_t n);
     void rowRemoved(std::int32_t position);
 
+    // --- What is selected (GridSelection.cpp).
+    cellgrid::Ends rowEnds() const;
+    cellgrid::Ends colEnds() const;
+    CellRange selected() const;
+    bool anyData() const { return layout.rows.fixed < rows() && layout.cols.fixed < cols(); }
+    /// Selects, and tells of it when that is something else.
+    bool select(const cellgrid::Selection& fresh);
+    /// Without telling: a move does.
+    bool putSelection(cellgrid::Selection fresh);
+    /// The same selection, or that of the current cell, with another corner.
+    cellgrid::Selection selectionTo(std::int32_t row, std::int32_t col) const;
+    bool isCursor(const cellgrid::Selection& some) const;
+    /// It began at the current cell.
+    bool selectedFromCursor() const;
+    /// The grid has another size: what has gone is selected no more. The picture is damaged altogether.
+    void tidySelection();
+    void damageSelection(const CellRange& before, const CellRange& after);
+
     // --- The view (GridView.cpp).
     /// Where the view was and where it went.
     struct Scroll {
@@ -133,16 +152,30 @@ struct CellGrid::Impl {
     /// not.
     Scroll settle();
     void geometryChanged();
-    void bringIntoView(bool sideways);
+    /// Rows or columns alone: the view goes in one direction only.
+    void bringIntoView(std::int32_t row, std::int32_t col, bool alongRows, bool alongCols);
+    void damageRange(const CellRange& range);
     void damageCell(std::int32_t row, std::int32_t col);
     void damageCursor();
 
     // --- What the user does (GridKeys.cpp, GridMouse.cpp).
-    bool navigate(Key key, bool ctrl);
+    struct Place {
+        std::int32_t row;
+        std::int32_t col;
+    };
+    bool navigate(Key key, std::int16_t shift);
     bool moveByUser(std::int32_t newRow, std::int32_t newCol);
-    std::int32_t pageTarget(bool down) const;
-    void pressed(std::int16_t button, std::int32_t x, std::int32_t y, bool leadsThere);
+    /// Where a key leads from a place; nowhere when it is none that moves.
+    std::optional<Place> target(Key key, bool ctrl, Place from) const;
+    std::int32_t pageTarget(std::int32_t row, bool down) const;
+    /// The user extends what is selected, or moves.
+    bool extends(std::int16_t shift) const;
+    bool extendByUser(Place corner);
+    void pressed(std::int16_t shift, std::int32_t x, std::int32_t y);
+    void pressedCell(std::int16_t shift, Place place);
+    void pressedHeader(std::int16_t shift, Place place);
     void dragged(std::int32_t x);
+    void draggedOver(std::int32_t x, std::int32_t y);
     void resizeByUser(std::int32_t col, std::int32_t twips);
 
     /// A move whose events are being raised. Its rows follow rows that its listeners insert or remove; a row
@@ -174,12 +207,14 @@ struct CellGrid::Impl {
 
     std::int32_t currentRow = -1;
     std::int32_t currentCol = -1;
+    cellgrid::Selection selection;
     Move* moving = nullptr;         ///< the innermost move under way
     std::uint64_t movesAsked = 0;   ///< moves of the current cell that code or the user asked for
     std::uint64_t movesForced = 0;  ///< those that the loss of rows or columns forced
 
     bool pressInside = false;
     Drag drag;
+    std::optional<SelectionKind> selecting;  ///< what the button that is down takes
 
     // Rows in view, found once for many writes; void while rowsKnown is false.
     bool rowsKnown = false;
@@ -199,6 +234,7 @@ struct CellGrid::Impl {
     std::int32_t redraw = 1;
     bool showCursor = true;
     bool selectsRows = false;
+    bool selectsRanges = false;
 
     bool stepOpen = false;  ///< told as opened (CellGrid::TellStepOpened)
     bool there = true;      ///< the grid, or somebody to hear of it; what goes on after an event asks

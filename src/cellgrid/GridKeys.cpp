@@ -23,56 +23,65 @@ std::int32_t outermost(const cellgrid::Lane& lane, std::int32_t index, bool last
 
 }  // namespace
 
-/// Where a page up or down leads: past as many rows as fit into the view, one at least.
-std::int32_t CellGrid::Impl::pageTarget(bool down) const {
+/// Where a page up or down leads from a row: past as many rows as fit into the view, one at least.
+std::int32_t CellGrid::Impl::pageTarget(std::int32_t row, bool down) const {
     const cellgrid::Lane& lane = layout.rows;
     const std::int32_t page = std::max(0, layout.clientHeight() - layout.bottomStrip - lane.fixedExtent());
-    const std::int64_t here = lane.axis.position(currentRow);
-    const std::int32_t step = neighbour(lane, currentRow, down);
+    const std::int64_t here = lane.axis.position(row);
+    const std::int32_t step = neighbour(lane, row, down);
     const std::int32_t far = down ? lane.axis.indexAt(here + page) : lane.axis.firstFrom(here - page);
-    const std::int32_t end = outermost(lane, currentRow, down);
+    const std::int32_t end = outermost(lane, row, down);
     return down ? std::min(std::max(far, step), end) : std::max(std::min(far, step), end);
 }
 
-/// Moves for the user: the view follows.
-bool CellGrid::Impl::moveByUser(std::int32_t newRow, std::int32_t newCol) {
-    const bool moves = newRow != currentRow || newCol != currentCol;
-    const std::int32_t oldTop = layout.rows.first;
-    const std::int32_t oldLeft = layout.cols.first;
-    // where whole rows are selected, another row is no reason to go sideways
-    const bool sideways = !selectsRows || newCol != currentCol;
-    if (move(newRow, newCol)) bringIntoView(sideways);
-    return moves || layout.rows.first != oldTop || layout.cols.first != oldLeft;
-}
-
-/// Carries a navigation key out. Answers whether it was one that led anywhere.
-bool CellGrid::Impl::navigate(Key key, bool ctrl) {
-    if (currentRow < 0 || currentCol < 0) return false;
+std::optional<CellGrid::Impl::Place> CellGrid::Impl::target(Key key, bool ctrl, Place from) const {
     const cellgrid::Lane& down = layout.rows;
     const cellgrid::Lane& across = layout.cols;
     const bool forward = key == Key::Right || key == Key::Down || key == Key::PageDown || key == Key::End;
     switch (key) {
         case Key::Left:
         case Key::Right:
-            if (!selectsRows) return moveByUser(currentRow, neighbour(across, currentCol, forward));
-            {
-                const std::int32_t left = across.first;
-                scrollTo(down.first, neighbour(across, left, forward));
-                return across.first != left;
-            }
+            return Place{from.row, neighbour(across, from.col, forward)};
         case Key::Up:
         case Key::Down:
-            return moveByUser(neighbour(down, currentRow, forward), currentCol);
+            return Place{neighbour(down, from.row, forward), from.col};
         case Key::PageUp:
         case Key::PageDown:
-            return moveByUser(pageTarget(forward), currentCol);
+            return Place{pageTarget(from.row, forward), from.col};
         case Key::Home:
         case Key::End:
-            return moveByUser(ctrl ? outermost(down, currentRow, forward) : currentRow,
-                              outermost(across, currentCol, forward));
+            return Place{ctrl ? outermost(down, from.row, forward) : from.row,
+                         outermost(across, from.col, forward)};
         default:
-            return false;
+            return std::nullopt;
     }
+}
+
+/// Moves for the user: the view follows, and what was selected ends where the move leads nowhere, too.
+bool CellGrid::Impl::moveByUser(std::int32_t newRow, std::int32_t newCol) {
+    const bool moves = newRow != currentRow || newCol != currentCol;
+    const std::int32_t oldTop = layout.rows.first;
+    const std::int32_t oldLeft = layout.cols.first;
+    // where whole rows are selected, another row is no reason to go sideways
+    const bool sideways = !selectsRows || newCol != currentCol;
+    const bool unselects = !moves && select({});
+    if (move(newRow, newCol)) bringIntoView(currentRow, currentCol, true, sideways);
+    return moves || unselects || layout.rows.first != oldTop || layout.cols.first != oldLeft;
+}
+
+/// Carries a navigation key out. Answers whether it was one that led anywhere.
+bool CellGrid::Impl::navigate(Key key, std::int16_t shift) {
+    if (currentRow < 0 || currentCol < 0) return false;
+    if (selectsRows && (key == Key::Left || key == Key::Right)) {
+        const std::int32_t left = layout.cols.first;
+        scrollTo(layout.rows.first, neighbour(layout.cols, left, key == Key::Right));
+        return layout.cols.first != left;
+    }
+    const bool extending = extends(shift);
+    const Place from = extending ? Place{rowEnds().corner, colEnds().corner} : Place{currentRow, currentCol};
+    const std::optional<Place> place = target(key, (shift & CtrlKey) != 0, from);
+    if (!place) return false;
+    return extending ? extendByUser(*place) : moveByUser(place->row, place->col);
 }
 
 bool CellGrid::keyDown(std::int16_t code, std::int16_t shift) {
@@ -80,7 +89,7 @@ bool CellGrid::keyDown(std::int16_t code, std::int16_t shift) {
     KeyDown(code, shift);
     if (code == 0 || !impl->there) return true;
     if ((shift & AltKey) != 0) return false;
-    return impl->navigate(static_cast<Key>(code), (shift & CtrlKey) != 0);
+    return impl->navigate(static_cast<Key>(code), shift);
 }
 
 std::int16_t CellGrid::keyPress(std::int16_t ascii, std::string_view character) {

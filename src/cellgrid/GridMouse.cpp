@@ -12,16 +12,14 @@ constexpr std::int32_t MinDraggedWidth = 60;
 constexpr std::int32_t MaxDraggedWidth = 1'000'000;
 }  // namespace
 
-void CellGrid::Impl::pressed(std::int16_t button, std::int32_t x, std::int32_t y, bool leadsThere) {
-    if (button != LeftButton) return;
-    drag = {};
-    pressInside = x >= 0 && y >= 0 && x < layout.width && y < layout.height;
-    if (!leadsThere) return;
+void CellGrid::Impl::pressed(std::int16_t shift, std::int32_t x, std::int32_t y) {
     const GridHit hit = layout.hit(x, y);
     if (hit.part == GridHit::Part::ColumnEdge)
         drag = {hit.col, layout.cols.place(hit.col) + layout.cols.axis.extent(hit.col) - x};
     else if (hit.part == GridHit::Part::Cell)
-        moveByUser(hit.row, hit.col);
+        pressedCell(shift, {hit.row, hit.col});
+    else if (hit.part == GridHit::Part::FixedCell)
+        pressedHeader(shift, {hit.row, hit.col});
 }
 
 void CellGrid::Impl::dragged(std::int32_t x) {
@@ -38,19 +36,27 @@ void CellGrid::Impl::resizeByUser(std::int32_t atCol, std::int32_t twips) {
 void CellGrid::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y,
                          bool leadsThere) {
     const auto impl = held();
-    impl->pressed(button, x, y, leadsThere);
+    if (button == LeftButton) {
+        impl->drag = {};
+        impl->selecting.reset();
+        impl->pressInside = x >= 0 && y >= 0 && x < Width() && y < Height();
+        if (leadsThere) impl->pressed(shift, x, y);
+    }
     impl->tell(&CellGrid::MouseDown, button, shift, static_cast<float>(x), static_cast<float>(y));
 }
 
 void CellGrid::mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     const auto impl = held();
     if (impl->drag.col >= 0) impl->dragged(x);
+    if ((button & LeftButton) == 0) impl->selecting.reset();  // it went up where nobody has heard of it
+    if (impl->selecting) impl->draggedOver(x, y);
     impl->tell(&CellGrid::MouseMove, button, shift, static_cast<float>(x), static_cast<float>(y));
 }
 
 void CellGrid::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     const auto impl = held();
     const bool left = button == LeftButton;
+    if (left) impl->selecting.reset();
     const Impl::Drag drag = left ? std::exchange(impl->drag, {}) : Impl::Drag{};
     const bool clicked = left && std::exchange(impl->pressInside, false) && drag.col < 0;
     impl->tell(&CellGrid::MouseUp, button, shift, static_cast<float>(x), static_cast<float>(y));

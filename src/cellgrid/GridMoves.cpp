@@ -43,6 +43,8 @@ bool CellGrid::Impl::move(std::int32_t newRow, std::int32_t newCol) {
 
     move.oldRow = currentRow;
     move.oldCol = currentCol;
+    selecting.reset();
+    putSelection({});
     damageCursor();
     currentRow = move.newRow;
     currentCol = move.newCol;
@@ -72,14 +74,20 @@ void CellGrid::Impl::announce(const Move& move) {
 
 void CellGrid::Impl::rowsInserted(std::int32_t position, std::int32_t n) {
     if (currentRow >= position) currentRow += n;
+    if (selection.any && selection.hasRowEnds()) selection.rows.inserted(position, n);
     for (Move* m = moving; m; m = m->outer) {
         if (m->oldRow >= position) m->oldRow += n;
         if (m->newRow >= position) m->newRow += n;
     }
 }
 
+/// A selection goes on to begin at the current cell, or ends.
 void CellGrid::Impl::rowRemoved(std::int32_t position) {
+    const bool fromCursor = selectedFromCursor();
     if (currentRow > position || currentRow == rows()) --currentRow;
+    if (selection.any && selection.hasRowEnds() && !selection.rows.removed(position)) selection = {};
+    if (fromCursor && !selectedFromCursor()) selection = {};
+    tidySelection();
     for (Move* m = moving; m; m = m->outer) {
         if (m->oldRow > position || m->oldRow == rows()) --m->oldRow;
         if (m->newRow == position)

@@ -38,10 +38,11 @@ void CellGrid::Impl::geometryChanged() {
     announce(scrolled);
 }
 
-void CellGrid::Impl::bringIntoView(bool sideways) {
-    if (!there || currentRow < 0 || currentCol < 0) return;
-    scrollTo(grid.TopRowToShow(currentRow, layout.clientHeight() - layout.bottomStrip),
-             sideways ? grid.LeftColToShow(currentCol, layout.clientWidth()) : layout.cols.first);
+void CellGrid::Impl::bringIntoView(std::int32_t row, std::int32_t col, bool alongRows, bool alongCols) {
+    if (!there || row < 0 || col < 0) return;
+    const std::int32_t bottom = layout.clientHeight() - layout.bottomStrip;
+    scrollTo(alongRows ? grid.TopRowToShow(row, bottom) : layout.rows.first,
+             alongCols ? grid.LeftColToShow(col, layout.clientWidth()) : layout.cols.first);
 }
 
 void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {
@@ -58,6 +59,29 @@ void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {
     Rect rect = layout.cellRect(atRow, atCol);
     if (textsRunOver) rect = {0, rect.top, layout.clientWidth(), rect.height};
     damage.add(rect);
+}
+
+namespace {
+struct Stretch {
+    std::int32_t start;
+    std::int32_t length;
+};
+
+/// What the view shows of elements that lie all in the fixed part, or all in the scrolled one.
+Stretch shownPart(const cellgrid::Lane& lane, std::int32_t first, std::int32_t last, std::int32_t client) {
+    if (first >= lane.fixed) first = std::max(first, lane.first);
+    if (last < first) return {0, 0};
+    const std::int32_t start = lane.place(first);
+    return {start, std::min(lane.place(last) + lane.axis.extent(last), client) - start};
+}
+}  // namespace
+
+void CellGrid::Impl::damageRange(const CellRange& range) {
+    if (range.empty()) return;
+    const Stretch down = shownPart(layout.rows, range.firstRow, range.lastRow, layout.clientHeight());
+    Stretch across = shownPart(layout.cols, range.firstCol, range.lastCol, layout.clientWidth());
+    if (across.length > 0 && textsRunOver) across = {0, layout.clientWidth()};
+    damage.add({across.start, down.start, across.length, down.length});
 }
 
 /// What the current cell looks like changes with its place: the cell, or its whole row.

@@ -60,7 +60,12 @@ void CellGrid::Impl::countChanged() {
 /// Rows or columns are gone, the current cell with them when `lost`; the state is already the new one. A move
 /// so forced asks nobody, and without any cell left there is none to announce.
 void CellGrid::Impl::viewAfterLoss(bool lost, std::int32_t oldRow, std::int32_t oldCol) {
-    if (lost) ++movesForced;
+    if (lost) {
+        ++movesForced;
+        selecting.reset();
+        selection = {};
+    }
+    tidySelection();
     const std::uint64_t stamp = moves();
     countChanged();
     if (lost && moves() == stamp && currentRow >= 0 && currentCol >= 0) announceForcedMove(oldRow, oldCol);
@@ -131,6 +136,7 @@ void CellGrid::Impl::setFixed(cellgrid::Lane& lane, std::int32_t count) {
     const std::int32_t oldLeft = layout.cols.first;
     lane.fixed = count;
     if (atStart) lane.first = count;
+    tidySelection();
     Scroll scrolled = settle();
     scrolled.oldTop = oldTop;
     scrolled.oldLeft = oldLeft;

@@ -47,7 +47,7 @@ void EditorKeys::escape() {
 void EditorKeys::enter() {
     session_.setText(support::withoutLineBreaks(session_.box().text()));
     if (session_.locked() || !session_.commitOrStay()) return;
-    moveByEnterRule(c_.grid, c_.columns, c_.owner);
+    moveByEnterRule(c_);
     focusToGrid();
 }
 
@@ -71,9 +71,9 @@ bool EditorKeys::left() {
     CellGrid& grid = c_.grid;
     const std::int32_t first = grid.FixedCols();
     if (session_.box().selStart() != 0 || grid.Col() <= first) return false;
-    if (grid.Col() - 1 == first && !editableColumnToTheLeft(grid, c_.columns)) return false;
+    if (grid.Col() - 1 == first && !editableColumnToTheLeft(c_)) return false;
     if (!session_.commitOrStay()) return true;
-    if (const auto col = editableColumnToTheLeft(grid, c_.columns)) grid.Col(*col);
+    if (const auto col = editableColumnToTheLeft(c_)) grid.Col(*col);
     focusToGrid();
     return true;
 }
@@ -82,7 +82,7 @@ bool EditorKeys::right() {
     const TextBox& box = session_.box();
     if (!box.caretAtEnd() && !box.allSelected()) return false;
     if (!session_.commitOrStay()) return true;
-    if (const auto next = nextEditableCell(c_.grid, c_.columns)) c_.grid.Select(next->row, next->col);
+    if (const auto next = nextEditableCell(c_)) c_.grid.Select(next->row, next->col);
     focusToGrid();
     return true;
 }

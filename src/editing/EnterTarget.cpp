@@ -6,7 +6,6 @@
 #include <string>
 
 #include "columns/CellTarget.h"
-#include "columns/EditableColumn.h"
 #include "editing/NextCell.h"
 
 namespace kxVsGrid::editing {
@@ -47,13 +46,14 @@ void toTarget(CellGrid& grid, std::string_view rule) {
 }
 }  // namespace
 
-void moveByEnterRule(CellGrid& grid, columns::ColumnArray& columns, EditorOwner& owner) {
+void moveByEnterRule(const EditingContext& c) {
+    CellGrid& grid = c.grid;
     if (grid.Col() < 0) return;
-    const std::string rule = columns.at(grid.Col()).sCellInput();
+    const std::string rule = c.columns.at(grid.Col()).sCellInput();
     if (rule.empty() || rule == "c") {
-        if (const auto next = nextEditableCell(grid, columns)) grid.Select(next->row, next->col);
+        if (const auto next = nextEditableCell(c)) grid.Select(next->row, next->col);
     } else if (rule == "r") {
-        oneRowDown(grid, owner);
+        oneRowDown(grid, c.owner);
     } else {
         toTarget(grid, rule);
     }

@@ -3,67 +3,85 @@
 #include <algorithm>
 
 #include "columns/EditableColumn.h"
+#include "host/CellLock.h"
 
 namespace kxVsGrid::editing {
 namespace {
 
-std::optional<std::int32_t> firstEditableFrom(const CellGrid& grid, columns::ColumnArray& columns,
-                                              std::int32_t col) {
-    for (; col < grid.Cols(); ++col)
-        if (columns::isEditableColumn(grid, columns, col)) return col;
+using host::ControlContext;
+
+/// Where the host locks cells, rows differ in what can be edited; it may also change anything as it is asked.
+bool rowsDiffer(const ControlContext& c) {
+    return c.options.CellLocked.heard();
+}
+
+/// The row can be a fixed one, in which the columns count alone.
+bool isStop(const ControlContext& c, std::int32_t row, std::int32_t col) {
+    if (!columns::isEditableColumn(c.grid, c.columns, col)) return false;
+    return !rowsDiffer(c) || (!host::isLocked(c, row, col) && row < c.grid.Rows() && col < c.grid.Cols());
+}
+
+std::optional<std::int32_t> firstStopFrom(const ControlContext& c, std::int32_t row, std::int32_t col) {
+    for (; col < c.grid.Cols() && c.host.there(); ++col)
+        if (isStop(c, row, col)) return col;
     return std::nullopt;
 }
 
-std::optional<std::int32_t> lastEditableBefore(const CellGrid& grid, columns::ColumnArray& columns,
-                                               std::int32_t col) {
-    while (--col >= grid.FixedCols())
-        if (columns::isEditableColumn(grid, columns, col)) return col;
+std::optional<std::int32_t> lastStopBefore(const ControlContext& c, std::int32_t row, std::int32_t col) {
+    while (c.host.there() && (col = std::min(col, c.grid.Cols()) - 1) >= c.grid.FixedCols())
+        if (isStop(c, row, col)) return col;
     return std::nullopt;
 }
 
-/// The first editable cell at or after (row, col). No row holds another set of editable columns than its
-/// neighbours, so one look at the next shown row is enough.
-std::optional<CellPlace> scanFrom(const CellGrid& grid, columns::ColumnArray& columns, std::int32_t row,
-                                  std::int32_t col) {
-    const std::int32_t shown = grid.ShownRowAfter(row - 1);
-    if (shown != row) col = grid.FixedCols();
-    if (shown < 0) return std::nullopt;
-    if (const auto found = firstEditableFrom(grid, columns, col)) return CellPlace{shown, *found};
-    const std::int32_t next = grid.ShownRowAfter(shown);
-    if (next < 0) return std::nullopt;
-    if (const auto found = firstEditableFrom(grid, columns, grid.FixedCols())) return CellPlace{next, *found};
+/// The first one at or after (row, col). Where nothing is locked no row holds another set of editable columns
+/// than its neighbours, so one look at the next shown row is enough.
+std::optional<CellPlace> scanFrom(const ControlContext& c, std::int32_t row, std::int32_t col) {
+    std::int32_t shown = c.grid.ShownRowAfter(row - 1);
+    if (shown != row) col = c.grid.FixedCols();
+    for (bool again = true; shown >= 0; shown = c.grid.ShownRowAfter(shown)) {
+        if (const auto found = firstStopFrom(c, shown, col)) return CellPlace{shown, *found};
+        if (!c.host.there() || (!again && !rowsDiffer(c))) break;
+        again = false;
+        col = c.grid.FixedCols();
+    }
     return std::nullopt;
 }
 }  // namespace
 
-std::optional<CellPlace> nextEditableCell(const CellGrid& grid, columns::ColumnArray& columns) {
+std::optional<CellPlace> nextEditableCell(const ControlContext& c) {
+    const CellGrid& grid = c.grid;
     std::int32_t row = grid.Row();
     std::int32_t col = grid.Col() + 1;
     if (col >= grid.Cols()) {
         col = grid.FixedCols();
         if (row < grid.Rows() - 1) ++row;
     }
-    return scanFrom(grid, columns, row, col);
+    return scanFrom(c, row, col);
 }
 
-std::optional<CellPlace> nextTabStop(const CellGrid& grid, columns::ColumnArray& columns) {
+std::optional<CellPlace> nextTabStop(const ControlContext& c) {
+    const CellGrid& grid = c.grid;
     const std::int32_t row = grid.Row();
-    if (row < grid.FixedRows()) return scanFrom(grid, columns, grid.FixedRows(), grid.FixedCols());
-    return scanFrom(grid, columns, row, std::max(grid.Col() + 1, grid.FixedCols()));
+    if (row < grid.FixedRows()) return scanFrom(c, grid.FixedRows(), grid.FixedCols());
+    return scanFrom(c, row, std::max(grid.Col() + 1, grid.FixedCols()));
 }
 
-std::optional<CellPlace> previousTabStop(const CellGrid& grid, columns::ColumnArray& columns) {
+std::optional<CellPlace> previousTabStop(const ControlContext& c) {
+    const CellGrid& grid = c.grid;
     const std::int32_t row = grid.Row();
     if (row < grid.FixedRows()) return std::nullopt;
     if (!grid.RowHidden(row))
-        if (const auto col = lastEditableBefore(grid, columns, grid.Col())) return CellPlace{row, *col};
-    const std::int32_t before = grid.ShownRowBefore(row);
-    if (before < grid.FixedRows()) return std::nullopt;
-    if (const auto col = lastEditableBefore(grid, columns, grid.Cols())) return CellPlace{before, *col};
+        if (const auto col = lastStopBefore(c, row, grid.Col())) return CellPlace{row, *col};
+    std::int32_t before = grid.ShownRowBefore(row);
+    while (before >= grid.FixedRows() && c.host.there()) {
+        if (const auto col = lastStopBefore(c, before, grid.Cols())) return CellPlace{before, *col};
+        if (!rowsDiffer(c)) break;
+        before = grid.ShownRowBefore(before);
+    }
     return std::nullopt;
 }
 
-std::optional<std::int32_t> editableColumnToTheLeft(const CellGrid& grid, columns::ColumnArray& columns) {
-    return lastEditableBefore(grid, columns, grid.Col());
+std::optional<std::int32_t> editableColumnToTheLeft(const ControlContext& c) {
+    return lastStopBefore(c, c.grid.Row(), c.grid.Col());
 }
 }  // namespace kxVsGrid::editing

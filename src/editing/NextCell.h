@@ -1,11 +1,11 @@
-// Where the cursor goes when a cell is done: scans over the editable columns. Hidden rows are passed over.
+// Where the cursor goes when a cell is done: scans over the editable columns. Hidden rows and locked cells are
+// passed over; the host is asked of each that the scan comes to (GridOptions::CellLocked), and may do anything.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 
-#include "columns/ColumnArray.h"
-#include "kxVsGrid/CellGrid.h"
+#include "host/ControlContext.h"
 
 namespace kxVsGrid::editing {
 
@@ -17,13 +17,13 @@ struct CellPlace {
 /// The editable cell after the current one, row by row. From the last column of the last row the scan starts
 /// over in that same row: Enter there returns to its first editable cell, and never leads beyond the last row
 /// otherwise.
-std::optional<CellPlace> nextEditableCell(const CellGrid& grid, columns::ColumnArray& columns);
+std::optional<CellPlace> nextEditableCell(const host::ControlContext& context);
 
 /// The same for Tab, which ends after the last row's last editable cell instead of starting over.
-std::optional<CellPlace> nextTabStop(const CellGrid& grid, columns::ColumnArray& columns);
+std::optional<CellPlace> nextTabStop(const host::ControlContext& context);
 /// Backwards, ending before the first one.
-std::optional<CellPlace> previousTabStop(const CellGrid& grid, columns::ColumnArray& columns);
+std::optional<CellPlace> previousTabStop(const host::ControlContext& context);
 
 /// The nearest editable column left of the current one in its row.
-std::optional<std::int32_t> editableColumnToTheLeft(const CellGrid& grid, columns::ColumnArray& columns);
+std::optional<std::int32_t> editableColumnToTheLeft(const host::ControlContext& context);
 }  // namespace kxVsGrid::editing

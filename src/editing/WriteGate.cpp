@@ -1,6 +1,6 @@
 #include "editing/WriteGate.h"
 
-#include "columns/EditableColumn.h"
+#include "host/CellLock.h"
 #include "kxVsGrid/mbasTxt.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
@@ -8,7 +8,7 @@
 namespace kxVsGrid::editing {
 
 bool WriteGate::opens(std::int32_t row, std::int32_t col) const {
-    return c_.editable() && columns::isEditableCell(c_.grid, c_.columns, row, col);
+    return c_.editable() && host::isOpenCell(c_, row, col) && c_.editable();
 }
 
 FieldVerdict WriteGate::check(std::int32_t col, std::string_view text, std::string_view entryText) const {

@@ -30,6 +30,7 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       boxPress(inputContext),
       input(inputContext, moveEvents, keys, boxPress, layout, commands) {
     columns.resize(main.Cols());
+    main.SelectsRanges(true);
     main.ColShade([this](std::int32_t col) { return shadeOf(col); });
     options.LookChanged.connect([this] { main.damageAll(); });
     connectMoves();
@@ -51,6 +52,7 @@ void kxGrid::Parts::controlGone() {
     commands.face.Changed.disconnectAll();
     commands.face.Reported.disconnectAll();
     options.RowInUse.disconnectAll();
+    options.CellLocked.disconnectAll();
     options.LookChanged.disconnectAll();
 }
 

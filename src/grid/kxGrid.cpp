@@ -5,11 +5,11 @@
 #include <algorithm>
 
 #include "columns/ColumnColors.h"
-#include "columns/EditableColumn.h"
 #include "editing/EmptyRule.h"
 #include "grid/CellPlace.h"
 #include "grid/Parts.h"
 #include "grid/SetUp.h"
+#include "host/CellLock.h"
 #include "support/CurrentError.h"
 #include "support/FirstFault.h"
 
@@ -572,8 +572,8 @@ const EditorView& kxGrid::editorView() const {
 }
 
 bool kxGrid::cellEditable(std::int32_t Row, std::int32_t Col) const {
-    Parts& p = *parts_;
-    return p.flags.Editable && columns::isEditableCell(p.main, p.columns, Row, Col);
+    const auto kept = held();
+    return kept->flags.Editable && host::isOpenCell(kept->context, Row, Col);
 }
 
 Rect kxGrid::gridRect() const {

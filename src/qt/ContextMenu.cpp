@@ -36,11 +36,15 @@ void fill(QMenu& shown, const Menu& menu, const std::string& array, const std::v
 }
 }  // namespace
 
-MenuChoice chooseFrom(const Menu& menu, QWidget* widget, const QPoint& place) {
+MenuChoice chooseFrom(const Menu& menu, const QList<QPointer<QAction>>& hosts, QWidget* widget,
+                      const QPoint& place) {
     const QPointer<QMenu> shown(new QMenu(widget));
     Choices choices;
     shown->setSeparatorsCollapsible(true);
     fill(*shown, menu, menu.array, menu.items, choices);
+    shown->addSeparator();
+    for (const QPointer<QAction>& action : hosts)
+        if (action) shown->addAction(action);
     const QAction* const chosen = shown->exec(place);
     const auto found = choices.find(chosen);
     delete shown.data();  // unless its widget was destroyed meanwhile

@@ -90,7 +90,7 @@ void QtPlatform::showForm(Form& form, const Rect& anchor) {
 
 MenuChoice QtPlatform::popUp(const Menu& menu, const Rect& anchor) {
     if (machine_.stage == nullptr || !widget_) return std::nullopt;
-    return chooseFrom(menu, widget_, Scale(*widget_).pixels(anchor).topLeft());
+    return chooseFrom(menu, hostsMenuActions, widget_, Scale(*widget_).pixels(anchor).topLeft());
 }
 
 void QtPlatform::waitCursor(bool on) {

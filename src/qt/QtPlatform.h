@@ -1,6 +1,8 @@
 // The machine: boxes, clipboard, clock and text widths of Qt.
 #pragma once
 
+#include <QAction>
+#include <QList>
 #include <QPointer>
 #include <QWidget>
 
@@ -21,6 +23,8 @@ class QtPlatform : public Platform {
 
     /// While True, message boxes are not shown at once but when Qt's event loop comes to it.
     bool boxesWait = false;
+    /// They stand at the end of the grid's menus.
+    QList<QPointer<QAction>> hostsMenuActions;
 
     std::unique_ptr<Seat> seat(kxGrid& control) override;
     const TextMetrics& textMetrics() const override { return metrics_; }

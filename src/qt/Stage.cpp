@@ -99,8 +99,11 @@ bool Stage::attempt(const std::function<void()>& look) {
 /// After every call: the input method works at another place, or in a cell that is not typed into.
 void Stage::settle() {
     actions_.refresh();
+    const std::shared_ptr<Machine> machine = machine_;
+    const bool typing = takesTyping();
+    if (machine->stage == nullptr) return;
     const CellGrid& cells = grid().Grid();
-    TypingPlace now{takesTyping() || composingOnGrid_, cells.Row(), cells.Col(), 0, 0};
+    TypingPlace now{typing || composingOnGrid_, cells.Row(), cells.Col(), 0, 0};
     if (now.row >= 0 && now.col >= 0) {
         now.left = cells.CellLeft();
         now.top = cells.CellTop();
@@ -119,9 +122,12 @@ mEmDataType Stage::currentType() {
     return col < 0 ? flexDTEmpty : grid().VsCtrl(static_cast<std::int16_t>(col))->iType();
 }
 
+/// A host that is asked whether the cell is locked may throw, or destroy the widget: then it is none to be
+/// edited.
 bool Stage::editsHere() {
     const CellGrid& cells = grid().Grid();
-    return grid().cellEditable(cells.Row(), cells.Col());
+    bool editable = false;
+    return attempt([&] { editable = grid().cellEditable(cells.Row(), cells.Col()); }) && editable;
 }
 
 bool Stage::takesTyping() {

@@ -49,6 +49,7 @@ class Stage {
     GridView& view() const { return *view_; }
     const ScrollBars& bars() const { return *bars_; }
     QAction* action(Command command) { return actions_.action(command); }
+    void appendToMenu(QAction* action) { machine_->platform.hostsMenuActions.append(action); }
     Scale scale() const;
     const TextMetrics& metrics() const { return machine_->platform.textMetrics(); }
 

@@ -45,6 +45,10 @@ QAction* kxGridWidget::action(Command command) {
     return parts_->action(command);
 }
 
+void kxGridWidget::appendToMenu(QAction* action) {
+    parts_->appendToMenu(action);
+}
+
 QSize kxGridWidget::sizeHint() const {
     const Rect hint{0, 0, 9000, 4500};
     return parts_->scale().pixels(hint).size();

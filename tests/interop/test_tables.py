@@ -73,8 +73,8 @@ def some_text():
 
 
 def as_read(text):
-    """A text with what is none replaced or left out."""
-    return text.replace("\0", "").replace("\r\n", "\n").replace("\r", "\n")
+    """With its line ends as line feeds, and without NULs; one between a carriage return and a line feed leaves both."""
+    return text.replace("\r\n", "\n").replace("\r", "\n").replace("\0", "")
 
 
 def rows_of(text):

@@ -3,6 +3,7 @@
 
 #include <ostream>
 
+#include "kxVsGrid/CellRange.h"
 #include "kxVsGrid/Geometry.h"
 #include "kxVsGrid/Platform.h"
 
@@ -12,5 +13,8 @@ inline void PrintTo(const MessageBox& box, std::ostream* out) {
 }
 inline void PrintTo(const Rect& r, std::ostream* out) {
     *out << '(' << r.left << ", " << r.top << ", " << r.width << ", " << r.height << ')';
+}
+inline void PrintTo(const CellRange& r, std::ostream* out) {
+    *out << r.firstRow << ',' << r.firstCol << " to " << r.lastRow << ',' << r.lastCol;
 }
 }  // namespace kxVsGrid

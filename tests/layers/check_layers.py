@@ -40,7 +40,7 @@ OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 # A public header counts with the folder that implements it.
 PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
-    "cellgrid": "CellGrid ChangeListener Frame RowId",
+    "cellgrid": "CellGrid CellRange ChangeListener Frame RowId",
     "changes": "Changes Draft",
     "platform": "Clipboard Command PasteReport Platform",
     "columns": "cVsControl",

@@ -64,6 +64,10 @@ class kxGridWidget : public QWidget {
     /// control; the widget keeps it.
     QAction* action(Command command);
 
+    /// Puts an action of the host's, or one of the commands', at the end of the grid's context menus, below the
+    /// control's own items. The host keeps it, and may delete it.
+    void appendToMenu(QAction* action);
+
     // --- The stored settings of the whole grid. Colours are the 32 bits of the control's, as a signed
     // number.
     bool Editable() const { return truth("Editable"); }

@@ -38,6 +38,10 @@ bool CellFormat::apply(std::string_view text, std::string& shown) const {
     return pattern_->date && pattern_->date->apply(text, shown);
 }
 
+bool CellFormat::ofDates() const {
+    return pattern_ && pattern_->date;
+}
+
 bool CellFormat::groups() const {
     return pattern_ && pattern_->number && pattern_->number->groups();
 }

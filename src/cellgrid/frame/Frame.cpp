@@ -1,7 +1,9 @@
 #include "kxVsGrid/Frame.h"
 
 #include <algorithm>
+#include <span>
 
+#include "cellgrid/Selection.h"
 #include "cellgrid/frame/FrameRegion.h"
 #include "cellgrid/frame/FrameWriter.h"
 #include "cellgrid/frame/Overlap.h"
@@ -10,7 +12,9 @@
 namespace kxVsGrid {
 namespace {
 
+using cellgrid::Band;
 using cellgrid::Bands;
+using cellgrid::Difference;
 using cellgrid::FrameRegion;
 using cellgrid::FrameScene;
 using cellgrid::FrameWriter;
@@ -27,6 +31,28 @@ void writeBackground(FrameWriter& writer, const FrameScene& scene, const Rect& s
     const Rect below = overlap(shown, {0, bottom, right, shown.bottom() - bottom});
     if (!beside.empty()) writer.add(FrameItem::Kind::Fill, beside, color);
     if (!below.empty()) writer.add(FrameItem::Kind::Fill, below, color);
+}
+
+/// Where the bands from one element to another one lie; of no length when none of them is shown.
+Band stretchOf(std::span<const Band> bands, std::int32_t first, std::int32_t last) {
+    Band stretch;
+    for (const Band& band : bands) {
+        if (band.index < first || band.index > last) continue;
+        if (stretch.size == 0) stretch.start = band.start;
+        stretch.size = band.end() - stretch.start;
+    }
+    return stretch;
+}
+
+/// Over what is selected, save the current cell.
+void writeTints(FrameWriter& writer, const FrameScene& scene, std::span<const Band> rows,
+                std::span<const Band> cols) {
+    for (const CellRange& part : Difference(scene.selected, {scene.row, scene.col, scene.row, scene.col})) {
+        const Band down = stretchOf(rows, part.firstRow, part.lastRow);
+        const Band across = stretchOf(cols, part.firstCol, part.lastCol);
+        const Rect rect = overlap(scene.area, {across.start, down.start, across.size, down.size});
+        if (!rect.empty()) writer.add(FrameItem::Kind::Tint, rect, cellgrid::FrameColor::Highlight);
+    }
 }
 
 void writeFocus(FrameWriter& writer, const FrameScene& scene, const FrameState& state, const Bands& rows,
@@ -54,6 +80,7 @@ void makeFrame(Frame& frame, const CellGrid& grid, const FrameState& state) {
     const Bands cols = cellgrid::visibleCols(grid, scene.area);
     writeBackground(writer, scene, shown, rows, cols);
     FrameRegion(scene, writer, rows.scrolled(), cols.scrolled(), false).write();
+    writeTints(writer, scene, rows.scrolled(), cols.scrolled());
     FrameRegion(scene, writer, rows.scrolled(), cols.fixed(), true).write();
     FrameRegion(scene, writer, rows.fixed(), cols.all, true).write();
     writeFocus(writer, scene, state, rows, cols);

@@ -21,6 +21,7 @@ FrameScene::FrameScene(const CellGrid& shown, const FrameState& state, const Rec
       wholeRow(shown.SelectsRows()),
       editorOpen(state.editorOpen),
       raised(shown.Appearance() != 0 && !state.flat) {
+    if (!grid.SelectsOneCell()) selected = grid.Selected();
     // what a cell shows depends on its neighbours
     if (grid.TextsRunOver() && !area.empty()) area = {0, area.top, client.width, area.height};
     const bool data = grid.Row() >= grid.FixedRows() && grid.Col() >= grid.FixedCols();
@@ -77,9 +78,8 @@ std::optional<Ground> FrameRegion::ownGround(std::size_t rowBand, std::size_t co
         if (color == backColor_) return std::nullopt;
         return Ground{color == fitted_ ? FittedGrey : *color};
     }
-    // the headers of the current cell stand out, so that the clerk sees where he is
-    if (merged_ && !scene_.wholeRow && (row == scene_.row || col == scene_.col))
-        return Ground{FrameColor::ButtonHighlight};
+    // the headers of the current cell and of the selection stand out, so that the clerk sees where he is
+    if (merged_ && scene_.marksHeader(row, col)) return Ground{FrameColor::ButtonHighlight};
     if (shades_.empty() || shades_[colBand] == 0) return std::nullopt;
     return Ground{backColor_, shades_[colBand]};
 }

@@ -36,7 +36,13 @@ struct FrameScene {
     bool wholeRow = false;  // shown by its whole row
     bool editorOpen = false;
     bool raised = false;  // fixed cells are
+    CellRange selected;   // beside the current cell; empty where nothing else is
 
+    /// The header belongs to the current cell, or to what is selected.
+    bool marksHeader(std::int32_t r, std::int32_t c) const {
+        return !wholeRow && (r == row || c == col || (r >= selected.firstRow && r <= selected.lastRow) ||
+                             (c >= selected.firstCol && c <= selected.lastCol));
+    }
     bool highlighted(std::int32_t r) const { return wholeRow && r == row; }
 };
 

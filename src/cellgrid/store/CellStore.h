@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -160,6 +161,19 @@ class CellStore {
         }
     }
 
+    /// visit(row, text) for the cells of the rows [first, stop) of a column that were written and show a
+    /// text, computed ones included, row numbers not.
+    template <class Visit>
+    void forEachText(std::int32_t col, std::int32_t first, std::int32_t stop, Visit visit) const {
+        const CellPages& cells = column(col).cells;
+        if (cells.used(CellPages::Text) == 0) return;
+        Scratch scratch;
+        order_.forEach(first, stop, [&](std::int32_t row, RowHandle handle) {
+            const TextSlot s = cells.get(CellPages::Text, handle);
+            if (s != slot::Empty && s != slot::WrittenEmpty) visit(row, slotText(s, scratch));
+        });
+    }
+
     /// Empties texts and tags of the rows [row, row + n).
     void clearTexts(std::int32_t row, std::int32_t n);
     /// From now on column 0 answers the numbers of the data rows where no text is stored; those stored in
@@ -198,6 +212,8 @@ class CellStore {
     double sum(std::int32_t col);
     /// What one cell counts in the sum.
     double number(std::int32_t row, std::int32_t col) const;
+    /// The same for a text of the column's that is a number as a whole; none for any other, and for dates.
+    std::optional<double> completeNumber(std::int32_t col, std::string_view text) const;
     /// The column's format puts separators between groups of digits.
     bool groups(std::int32_t col) const { return column(col).format && column(col).format->groups(); }
     /// The format decides what the texts count.

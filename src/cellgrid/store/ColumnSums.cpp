@@ -23,6 +23,14 @@ double CellStore::number(std::int32_t row, std::int32_t col) const {
     return numberOf(column(col), textOf(s, row, col, scratch));
 }
 
+std::optional<double> CellStore::completeNumber(std::int32_t col, std::string_view text) const {
+    const GridColumn& c = column(col);
+    if (c.dataType == flexDTDate || (c.format && c.format->ofDates())) return std::nullopt;
+    const bool groups = c.format && c.format->groups();
+    if (!support::completeNumber(groups ? support::withoutGroups(text, true) : text)) return std::nullopt;
+    return numberOf(c, text);
+}
+
 double CellStore::readNumber(GridColumn& c, RowHandle handle) {
     const TextSlot s = c.cells.get(CellPages::Text, handle);
     Scratch scratch;

@@ -5,6 +5,7 @@
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
 #include "editing/NextCell.h"
+#include "host/CellLock.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::grid {
@@ -54,14 +55,17 @@ bool Keys::isBoolean(std::int32_t col) {
 void Keys::keyPress(std::int16_t& ascii, std::string_view typed) {
     CellGrid& grid = c_.grid;
     if (!c_.flags.Editable || grid.Col() < 0) return;
-    if (!c_.columns.at(grid.Col()).bIsEditable()) {
+    const bool readOnly =
+        !c_.columns.at(grid.Col()).bIsEditable() || host::isLocked(c_, grid.Row(), grid.Col());
+    if (!c_.host.there() || grid.Col() < 0) return;
+    if (readOnly) {
         if (ascii != EnterCharacter || !c_.options.EnterPassesReadOnly()) return;
         // no header is an editable cell, whatever its column says
         if (grid.Row() < grid.FixedRows()) return;
     }
     if (ascii == EnterCharacter) {
         ascii = 0;
-        if (const auto next = editing::nextEditableCell(grid, c_.columns)) grid.Select(next->row, next->col);
+        if (const auto next = editing::nextEditableCell(c_)) grid.Select(next->row, next->col);
     } else if (isPrintable(ascii)) {
         if (grid.Row() < grid.FixedRows()) return;
         c_.rows.appendIfLast(grid.Row());

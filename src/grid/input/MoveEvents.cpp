@@ -68,8 +68,7 @@ void MoveEvents::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
 
 bool MoveEvents::tab(bool forward) {
     if (!c_.editor.commitOrStay()) return true;
-    const auto next =
-        forward ? editing::nextTabStop(c_.grid, c_.columns) : editing::previousTabStop(c_.grid, c_.columns);
+    const auto next = forward ? editing::nextTabStop(c_) : editing::previousTabStop(c_);
     if (next) c_.grid.Select(next->row, next->col);
     c_.seat.giveFocus(FocusPlace::Grid);
     return next.has_value();

@@ -44,6 +44,14 @@ bool AccessibleCell::isHeader() const {
     return row_ < grid().FixedRows() || col_ < grid().FixedCols();
 }
 
+/// The host is asked, who may throw or destroy the widget.
+bool AccessibleCell::isEditable() const {
+    bool editable = false;
+    const QPointer<GridView> view = view_;
+    view->stage().attempt([&] { editable = view->stage().grid().cellEditable(row_, col_); });
+    return editable;
+}
+
 bool AccessibleCell::isCheckBox() const {
     return !isHeader() && grid().ColDataType(col_) == flexDTBoolean;
 }
@@ -78,9 +86,9 @@ QAccessible::State AccessibleCell::state() const {
     state.focused = isSelected() && view_->hasFocus();
     state.invisible = grid().RowHidden(row_) || grid().ColHidden(col_);
     state.offscreen = !grid().RowIsVisible(row_) || !grid().ColIsVisible(col_);
-    state.readOnly = !view_->stage().grid().cellEditable(row_, col_);
     state.checkable = isCheckBox();
     state.checked = state.checkable && support::leadingNumber(textOf(grid(), row_, col_)) != 0;
+    state.readOnly = !isEditable();
     return state;
 }
 

@@ -45,6 +45,7 @@ class AccessibleCell : public QAccessibleInterface,
     const CellGrid& grid() const;
     bool isHeader() const;
     bool isCheckBox() const;
+    bool isEditable() const;
 
     QPointer<GridView> view_;
     std::int32_t row_;
