@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -60,6 +61,10 @@ std::span<const Command> allCommands();
 std::span<const CommandKey> defaultKeys();
 /// As a menu names it, without what it would act on.
 std::string_view captionOf(Command command);
+/// As programs name it, for keys that are kept in settings: "FillDown".
+std::string_view nameOf(Command command);
+/// The command of such a name, if there is one.
+std::optional<Command> commandNamed(std::string_view name);
 /// The name of its icon in the icon themes of desktops (freedesktop.org, Icon Naming Specification); empty
 /// where they have none for it.
 std::string_view iconNameOf(Command command);

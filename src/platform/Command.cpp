@@ -11,36 +11,37 @@ namespace {
 
 struct Look {
     Command command;
+    std::string_view name;
     std::string_view caption;
     std::string_view iconName;
 };
 
 constexpr Look looks[] = {
-    {Command::Undo, "撤销", "edit-undo"},
-    {Command::Redo, "重做", "edit-redo"},
-    {Command::Copy, "复制", "edit-copy"},
-    {Command::CopyWithHeaders, "复制（带标题）", ""},
-    {Command::Cut, "剪切", "edit-cut"},
-    {Command::Paste, "粘贴", "edit-paste"},
-    {Command::ClearCells, "清除内容", "edit-clear"},
-    {Command::SelectAll, "全选", "edit-select-all"},
-    {Command::SelectRow, "选择整行", ""},
-    {Command::SelectColumn, "选择整列", ""},
-    {Command::FillDown, "向下填充", ""},
-    {Command::FillRight, "向右填充", ""},
-    {Command::CopyFromAbove, "复制上一格", ""},
-    {Command::InsertRow, "插入行", ""},
-    {Command::AppendRow, "新增行", "list-add"},
-    {Command::DuplicateRow, "复制行", ""},
-    {Command::DeleteRows, "删除行", "list-remove"},
-    {Command::MoveRowUp, "上移一行", "go-up"},
-    {Command::MoveRowDown, "下移一行", "go-down"},
-    {Command::GoToRow, "转到行…", "go-jump"},
-    {Command::Today, "今天的日期", ""},
-    {Command::Now, "现在的时间", ""},
-    {Command::Help, "选择…", "help-contents"},
-    {Command::Menu, "菜单", ""},
-    {Command::NextProblem, "下一个问题", ""},
+    {Command::Undo, "Undo", "撤销", "edit-undo"},
+    {Command::Redo, "Redo", "重做", "edit-redo"},
+    {Command::Copy, "Copy", "复制", "edit-copy"},
+    {Command::CopyWithHeaders, "CopyWithHeaders", "复制（带标题）", ""},
+    {Command::Cut, "Cut", "剪切", "edit-cut"},
+    {Command::Paste, "Paste", "粘贴", "edit-paste"},
+    {Command::ClearCells, "ClearCells", "清除内容", "edit-clear"},
+    {Command::SelectAll, "SelectAll", "全选", "edit-select-all"},
+    {Command::SelectRow, "SelectRow", "选择整行", ""},
+    {Command::SelectColumn, "SelectColumn", "选择整列", ""},
+    {Command::FillDown, "FillDown", "向下填充", ""},
+    {Command::FillRight, "FillRight", "向右填充", ""},
+    {Command::CopyFromAbove, "CopyFromAbove", "复制上一格", ""},
+    {Command::InsertRow, "InsertRow", "插入行", ""},
+    {Command::AppendRow, "AppendRow", "新增行", "list-add"},
+    {Command::DuplicateRow, "DuplicateRow", "复制行", ""},
+    {Command::DeleteRows, "DeleteRows", "删除行", "list-remove"},
+    {Command::MoveRowUp, "MoveRowUp", "上移一行", "go-up"},
+    {Command::MoveRowDown, "MoveRowDown", "下移一行", "go-down"},
+    {Command::GoToRow, "GoToRow", "转到行…", "go-jump"},
+    {Command::Today, "Today", "今天的日期", ""},
+    {Command::Now, "Now", "现在的时间", ""},
+    {Command::Help, "Help", "选择…", "help-contents"},
+    {Command::Menu, "Menu", "菜单", ""},
+    {Command::NextProblem, "NextProblem", "下一个问题", ""},
 };
 
 constexpr auto commands = [] {
@@ -116,6 +117,16 @@ std::span<const CommandKey> defaultKeys() {
 
 std::string_view captionOf(Command command) {
     return lookOf(command).caption;
+}
+
+std::string_view nameOf(Command command) {
+    return lookOf(command).name;
+}
+
+std::optional<Command> commandNamed(std::string_view name) {
+    const auto* const found =
+        std::find_if(std::begin(looks), std::end(looks), [&](const Look& look) { return look.name == name; });
+    return found == std::end(looks) ? std::nullopt : std::optional(found->command);
 }
 
 std::string_view iconNameOf(Command command) {
