@@ -361,10 +361,22 @@ TEST_F(DraftFileTest, OfALaterTimeThanNowIsRecoveredLikeAnyOther) {
     EXPECT_EQ(recovered(leftovers()[0]), contentOf(w.grid()));
 }
 
+TEST_F(DraftFileTest, WritesAShortGridAtOnceThoughTheClerkTypes) {
+    drafts::DraftTimes times = quick();
+    times.typing = Never;
+    const auto draft = make(times);
+    draft->begin("order 7", "3");
+    w.after->setFocus();
+    QTest::keyClick(w.after, Qt::Key_A);
+    Window::settle();
+    EXPECT_TRUE(look(*draft).whole);
+}
+
 TEST_F(DraftFileTest, PausesWritingTheGridWhileTheClerkTypes) {
     drafts::DraftTimes times = quick();
     times.typing = Never;
     const auto draft = make(times);
+    w.grid().Rows(2'000);
     draft->begin("order 7", "3");
     w.after->setFocus();
     QTest::keyClick(w.after, Qt::Key_A);
