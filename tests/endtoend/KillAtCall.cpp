@@ -155,7 +155,9 @@ int fchmod(int file, mode_t mode) noexcept {
     return call.done(change());
 }
 
-int flock(int file, int operation) noexcept {
+// There is a struct of that name as well.
+int lockFile(int file, int operation) noexcept __asm__("flock");
+int lockFile(int file, int operation) noexcept {
     const auto lock = [&] { return static_cast<int>(::syscall(SYS_flock, file, operation)); };
     if (!inFolder(file)) return lock();
     const Call call(Lock);
