@@ -290,6 +290,18 @@ TEST_F(DraftFileTest, WhoseLastLineIsTornIsGood) {
     EXPECT_EQ(recovered(leftovers().at(0)), contentOf(w.grid()));
 }
 
+TEST_F(DraftFileTest, ThatEndsWithinItsFirstLineGoes) {
+    auto draft = make();
+    draft->begin("order 7", "3");
+    const QString path = draft->path();
+    draft.reset();
+    for (const QByteArray& part : {QByteArray("\n"), content(path).left(9), content(path).left(30)}) {
+        put(path, part);
+        EXPECT_TRUE(leftovers().isEmpty()) << part.toStdString();
+        EXPECT_FALSE(QFile::exists(path)) << part.toStdString();
+    }
+}
+
 TEST_F(DraftFileTest, ThatIsNoneIsRefusedAndNeverThrownAway) {
     ASSERT_TRUE(QDir().mkpath(place));
     const QString path = place + "/any.draft";
