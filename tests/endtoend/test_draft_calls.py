@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The order entry example is killed at the calls that change its drafts: just before one, just after it, and in the midst
 of what it writes, so that a part of the line stands. That is done while a clerk keys and saves, while what such an end
-has left behind is recovered and the clerk goes on or gives it up, and when the disk was full for a moment. Started
+has left behind is recovered and the clerk goes on, and when the disk was full for a moment. Started
 anew, the program must show what it showed after the last step that it had reported, or after the one behind it; what
 it shows is saved once, and not offered again.
 
@@ -71,9 +71,9 @@ class Calls:
 
 class Scenario:
     """What is keyed and killed again and again. `left` is a folder with what an earlier end has left behind, in which
-    case the database stays as it is. What the clerk does last of all may give up what is on the screen."""
+    case the database stays as it is."""
 
-    def __init__(self, calls, name, keys, left=None, database=None, full=0, gives_up=False):
+    def __init__(self, calls, name, keys, left=None, database=None, full=0):
         self.calls = calls
         self.program = calls.program
         self.name = name
@@ -83,7 +83,6 @@ class Scenario:
         self.full = full
         self.lost = 1 if full else 0  # steps that the disk had no room for
         self.settings = {"KX_FULL_AT": str(full)} if full else {}
-        self.gives_up = gives_up
         self.save = self.program.keys("save", "key Ctrl+S\n")
 
     def prepare(self):
@@ -92,8 +91,6 @@ class Scenario:
         log = folder / "calls"
         self.calls.run(drafts, folder / "report", self.keys, database, KX_CALLS_LOG=str(log), **self.settings)
         self.reference = reports(folder / "report")
-        if self.gives_up:
-            self.reference.append(self.reference[0] | {"lines": [], "total": "", "customer": 0})
         self.made = log.read_text().split() if log.exists() else []
         return self
 
@@ -256,10 +253,8 @@ def scenarios(calls, pool):
         Scenario(calls, "full-beside", program.script, full=remains.first_beside),
     ]
     on = program.keys("go-on", "\n".join([*go_to(LINES), "type 100001", "key Enter", "type 5", "key Enter"]) + "\n")
-    away = program.keys("give-up", "wait 300\nkey Alt+Q\nkey Alt+D\nwait 300\n")
     again = [
         Scenario(calls, "go-on", on, remains.torn()),
-        Scenario(calls, "give-up", away, program.folder / "torn", gives_up=True),
         Scenario(calls, "both", program.nothing, remains.both()),
         Scenario(calls, "torn-beside", program.nothing, remains.torn_beside()),
         Scenario(calls, "damaged", on, remains.damaged()),
