@@ -29,9 +29,11 @@ struct FrameItem {
         Focus,      ///< the outline of the current cell
         Raised,  ///< a light hairline along the left and upper edges of the rectangle, a dark one along the
                  ///< lines that it ends with: tones of the colour, which is that of the ground
+        Mark,    ///< a triangle in the upper right half of the rectangle, for a mark of the kind `mark`
     };
     Kind kind = Kind::Fill;
     bool checked = false;
+    CellMark::Kind mark = CellMark::Kind::Problem;
     std::uint8_t shade = 0;  ///< hundredths of black that are mixed into a fill, of white where it is dark
     mEmflexAlign alignment = flexAlignLeftCenter;  ///< resolved, never general
     std::uint32_t color = 0;                       ///< system colours (high bit set) stay as they are

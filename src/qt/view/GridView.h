@@ -52,6 +52,7 @@ class GridView : public GridSurface {
     void press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told);
     bool takesKeyboard(const QPointF& at);
     bool overTotals(const QPointF& at) const;
+    static std::string markUnder(const CellGrid& cells, const GridHit& under);
     void showTextUnder(const QHelpEvent& event);
     bool copyOrPaste(const QKeyEvent& event);
     static bool cutsByDelete(const QKeyEvent& event);
