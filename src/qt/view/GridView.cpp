@@ -102,10 +102,8 @@ bool GridView::event(QEvent* event) {
             break;
         case QEvent::ShortcutOverride: {
             auto& key = static_cast<QKeyEvent&>(*event);
-            const QPointer<GridView> alive(this);
             const bool ours =
                 claims(key) && key.key() != Qt::Key_Escape && (key.key() != Qt::Key_F2 || stage_.editsHere());
-            if (!alive) return true;
             if (!ours && !key.matches(QKeySequence::Copy) && !key.matches(QKeySequence::Paste)) break;
             event->accept();
             return true;
