@@ -100,10 +100,8 @@ bool GridView::event(QEvent* event) {
             break;
         case QEvent::ShortcutOverride: {
             auto& key = static_cast<QKeyEvent&>(*event);
-            const QPointer<GridView> alive(this);
             const bool ours = claims(key, commandOf(key)) && key.key() != Qt::Key_Escape &&
                               (key.key() != Qt::Key_F2 || stage_.editsHere());
-            if (!alive) return true;
             if (!ours) break;
             event->accept();
             return true;
