@@ -226,6 +226,20 @@ TEST_F(LogOfAGrid, IsTheSameAfterAStepThatWasTakenBack) {
     expectNothing();
 }
 
+TEST_F(LogOfAGrid, PassesOverThePlaceOfARow) {
+    vs().MoveRows(1, 1, 4);
+    vs().Reorder(1, std::vector<std::int32_t>{3, 1, 2});
+    expectNothing();
+    const RowId first = id(4);
+    const RowId second = id(2);
+    vs().Text(4, 3, "written");
+    vs().MoveRows(4, 1, 1);
+    vs().Text(3, 3, "written too");
+    EXPECT_EQ(lines(), line("changed ", first, " 3text=''") + line("changed ", second, " 3text=''"));
+    vs().Text(1, 3, "");
+    EXPECT_EQ(lines(), line("changed ", second, " 3text=''"));
+}
+
 TEST_F(LogOfAGrid, TellsOfUnrecordedWritesAndOfAGridWithoutHistory) {
     {
         const auto span = grid.Unrecorded();
