@@ -22,21 +22,10 @@ class ReorderedRows : public PlacedGrid {
     }
 };
 
-TEST_F(ReorderedRows, CarryAnOpenEditorAlong) {
-    vs().Select(2, 1);
-    desk.type("typed");
-    vs().MoveRows(2, 1, 4);
-    ASSERT_TRUE(desk.editor().visible);
-    EXPECT_EQ(desk.editor().text, "typed");
-    EXPECT_EQ(desk.editor().rect.top, vs().CellRect(4, 1).top);
-    desk.press(Key::Enter);
-    EXPECT_EQ(text(4, 1), "typed");
-    EXPECT_EQ(text(2, 1), "3");
-}
-
 TEST_F(ReorderedRows, AreFollowedByACommitThatTheyInterrupt) {
-    grid.ValidTextData.connect([this](auto&&...) { vs().MoveRows(2, 1, 4); });
-    column(1).bCheckNumber(1);
+    grid.ValidData.connect([this](std::int16_t&) {
+        if (text(4, 1) == "4") vs().MoveRows(2, 1, 4);
+    });
     vs().Select(2, 1);
     desk.type("typed").press(Key::Enter);
     EXPECT_EQ(text(4, 1), "typed");
