@@ -43,6 +43,7 @@ class FramePainter {
     void elide(double room);
     void checkMark(QPainter& painter, const FrameItem& item);
     void raised(QPainter& painter, const FrameItem& item);
+    void tint(QPainter& painter, const FrameItem& item);
     void focus(QPainter& painter, const FrameItem& item);
     std::uint32_t groundOf(const QRect& rect) const;
     QRgb textColor(const FrameItem& item, const QRect& rect) const;
