@@ -87,7 +87,7 @@ TEST_F(RightPress, InsideOfASelectionKeepsIt) {
     desk.rightClick(3, 3);
     EXPECT_EQ(where, (Cell{3, 3}));
     EXPECT_TRUE((grid.Grid().Selected() == CellRange{2, 2, 3, 3}));
-    EXPECT_EQ(heardWithoutPlaces(), moves(2, 2, 3, 3) + Lines{line("SelChange"), "MouseDown"});
+    EXPECT_EQ(heardWithoutPlaces(), (moves(2, 2, 3, 3) + Lines{line("SelChange"), "MouseDown"}));
     desk.rightClick(4, 3);
     EXPECT_EQ(where, (Cell{4, 3}));
     EXPECT_TRUE(grid.Grid().SelectsOneCell());
