@@ -388,6 +388,8 @@ class CellGrid {
     void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y,
                    bool leadsThere = true);
     void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    /// The last move of the mouse has scrolled; told again, it scrolls on. So a window repeats it.
+    bool DragScrolls() const;
     void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     /// The second press of a double click. Only the left button's raises DblClick, and not on a column's
     /// edge, which is dragged.
