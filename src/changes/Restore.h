@@ -47,6 +47,9 @@ class Restore {
     void takeAway(const AddedRows& rows, support::FirstFault& fault);
     void bringBack(const RemovedRows& removed, support::FirstFault& fault);
     void putInOrder(const ReorderedRows& rows, support::FirstFault& fault);
+    void sharePlaces(const std::vector<std::int32_t>& there, support::FirstFault& fault);
+    void putAt(std::int32_t place, const std::vector<std::int32_t>& there, support::FirstFault& fault);
+    std::int32_t placeOf(const ReorderedRows& rows) const;
     std::int32_t placeOf(const RemovedRows& removed) const;
     void bringRowBack(const KeptRow& kept, std::int32_t position, support::FirstFault& fault);
     void dress(std::int32_t row, const KeptCell& cell);
