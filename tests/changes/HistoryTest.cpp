@@ -8,6 +8,7 @@
 
 #include "grid/FailingAllocator.h"
 #include "kit/PlacedGrid.h"
+#include "kit/Random.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -386,6 +387,39 @@ TEST_F(HistoryOfALongOrder, FindsThePlaceByTheNeighbourThatIsThere) {
     }
     EXPECT_TRUE(history().Undo());
     EXPECT_EQ(text(2, 1) + text(3, 1) + text(4, 1) + text(5, 1) + text(6, 1), "12346");
+}
+
+TEST_F(HistoryOfALongOrder, LeadsBackAndForthThroughAnyMoves) {
+    kit::Random dice;
+    const auto roll = [&](std::int32_t from, std::int32_t to) {
+        return static_cast<std::int32_t>(dice.between(from, to));
+    };
+    std::vector<std::vector<std::string>> states{all()};
+    for (int n = 0; n < 40; ++n) {
+        inAStep([&] {
+            vs().Text(1, 2, std::to_string(n));  // each step is one
+            for (int i = roll(1, 4); i > 0; --i) {
+                const std::int32_t at = roll(1, vs().Rows() - 60);
+                const std::int32_t count = roll(1, 50);
+                if (dice.oneIn(4)) vs().InsertRow(at);
+                if (dice.oneIn(4)) vs().RemoveRow(at);
+                if (dice.oneIn(4)) vs().Text(at, 1, "n" + std::to_string(n));
+                if (dice.oneIn(2))
+                    vs().MoveRows(at, count, roll(1, vs().Rows() - count));
+                else if (at < 3000)
+                    vs().Reorder(at, swapped(at, roll(at + 1100, vs().Rows() - 1)));
+            }
+        });
+        states.push_back(all());
+    }
+    for (std::size_t n = states.size() - 1; n > 0; --n) {
+        ASSERT_TRUE(history().Undo());
+        ASSERT_EQ(all(), states[n - 1]) << n;
+    }
+    for (std::size_t n = 1; n < states.size(); ++n) {
+        ASSERT_TRUE(history().Redo());
+        ASSERT_EQ(all(), states[n]) << n;
+    }
 }
 
 TEST_F(HistoryOfALongOrder, GoesToTheRowThatWasMoved) {
