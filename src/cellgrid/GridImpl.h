@@ -127,8 +127,8 @@ struct CellGrid::Impl {
 
     // --- The current cell (GridMoves.cpp).
     bool move(std::int32_t newRow, std::int32_t newCol);
-    /// The current cell and the moves under way follow rows that were inserted or removed, or that have changed
-    /// places.
+    /// The current cell and the moves under way follow rows that were inserted or removed, or that have
+    /// changed places.
     void rowsInserted(std::int32_t position, std::int32_t n);
     void rowRemoved(std::int32_t position);
     void rowsReordered(std::int32_t first, std::span<const std::int32_t> from);
