@@ -47,7 +47,7 @@ TEST_F(ClipboardKeys, OpenTheEditorWithAValueThatTheCellRefuses) {
     EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
     EXPECT_EQ(text(1, 3), "5");
     EXPECT_EQ(desk.messages(), std::vector<MessageBox>{});
-    EXPECT_EQ(vs().Mark(1, 3), nullptr);
+    EXPECT_EQ(grid.Mark(1, 3), nullptr);
     desk.type("2").press(Key::Enter);
     EXPECT_EQ(text(1, 3), "24");
 }
