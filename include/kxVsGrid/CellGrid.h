@@ -32,6 +32,7 @@
 #include <string_view>
 #include <vector>
 
+#include "kxVsGrid/CellMark.h"
 #include "kxVsGrid/CellRange.h"
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/Enumerations.h"
@@ -182,6 +183,10 @@ class CellGrid {
     /// stored.
     void ForEachCell(std::int32_t firstRow, std::int32_t lastRow, const CellVisitor& visit) const;
 
+    /// The first data row, other than `except`, whose stored text in the column is `text`; -1 for none. Takes
+    /// a time that grows with the rows that were ever written to.
+    std::int32_t RowWithText(std::int32_t col, std::string_view text, std::int32_t except = -1) const;
+
     /// The cell's text is asked from `compute` at every look, until code writes a text there. Raises no
     /// CellChanged; nothing is stored. The cell takes it along when rows come or go before it, but `compute`
     /// does not follow: a row number that it holds goes on naming the row of that number, and what it reads
@@ -199,6 +204,23 @@ class CellGrid {
     /// What one cell counts in that sum: the leading number of its displayed text. Where the column's format
     /// groups digits, separators between groups of three belong to the number; elsewhere a comma ends it.
     double CellNumber(std::int32_t row, std::int32_t col) const;
+
+    // --- Marks on cells (CellMark.h)
+    // A mark goes where its row goes. That of a row that is removed waits, and is there again when the row
+    // comes back under its id. Columns take theirs along. A mark is no content: it is told to no
+    // ChangeListener, and writing a cell leaves it. Memory follows the marks; a marked row gets an id.
+    /// The mark on a cell; nullptr for none. Good until marks change. Takes a time that grows with the
+    /// logarithm of the marks, none without any.
+    const CellMark* Mark(std::int32_t row, std::int32_t col) const;
+    /// Puts a mark in the place of the one that was there; nothing takes it away.
+    void Mark(std::int32_t row, std::int32_t col, std::optional<CellMark> mark);
+    /// Takes away all marks of a kind, or all there are, those of removed rows among them.
+    void ClearMarks(std::optional<CellMark::Kind> kind = std::nullopt);
+    /// The marked data cell (with a mark of that kind) that comes after the given one, row by row, and from
+    /// the start on behind the last one; the given one itself when it is the only one. Hidden rows and columns
+    /// are passed over. Any place to start from will do. Takes a time that grows with the number of marks.
+    std::optional<MarkedCell> NextMark(std::int32_t row, std::int32_t col,
+                                       std::optional<CellMark::Kind> kind = std::nullopt) const;
 
     // --- Columns. Setting a column property erases no cell setting.
     std::int32_t ColWidth(std::int32_t col) const;
@@ -434,6 +456,8 @@ class CellGrid {
     /// A width, a height, a hidden state, the size or the fixed area has changed, and cells may have moved in
     /// the view. Scrolling, SizeChanged and RowMoved tell of themselves.
     Event<> PlacesChanged;
+    /// Mark or ClearMarks has changed something. Rows and columns that take marks along tell of themselves.
+    Event<> MarksChanged;
     /// A row was inserted (true) or removed at a position; the engine's state is already the new one.
     Event<std::int32_t, bool> RowMoved;
 

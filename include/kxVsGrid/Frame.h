@@ -30,9 +30,11 @@ struct FrameItem {
         Raised,  ///< a light hairline along the left and upper edges of the rectangle, a dark one along the
                  ///< lines that it ends with: tones of the colour, which is that of the ground
         Tint,    ///< a veil of the colour over the rectangle, a quarter of it: what is below shows through
+        Mark,    ///< a triangle in the upper right half of the rectangle, for a mark of the kind `mark`
     };
     Kind kind = Kind::Fill;
     bool checked = false;
+    CellMark::Kind mark = CellMark::Kind::Problem;
     std::uint8_t shade = 0;  ///< hundredths of black that are mixed into a fill, of white where it is dark
     mEmflexAlign alignment = flexAlignLeftCenter;  ///< resolved, never general
     std::uint32_t color = 0;                       ///< system colours (high bit set) stay as they are

@@ -23,12 +23,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
+#include "kxVsGrid/ColumnOptions.h"
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
@@ -63,6 +65,9 @@ class kxGrid : public GridEvents {
     /// Switches beyond what is stored; they take effect with the next act of the clerk.
     GridOptions& Options();
     const GridOptions& Options() const;
+    /// The rules of a column (ColumnOptions.h). They belong to its number, as its definition does, and go
+    /// when Cols becomes smaller. GridError outside 0 to Cols() - 1.
+    ColumnOptions& Options(std::int32_t Col);
 
     // --- The way back (Changes.h).
     /// What can be undone and redone.
@@ -123,6 +128,14 @@ class kxGrid : public GridEvents {
     /// Removes every data row, puts five empty ones back, also when a handler throws; drops what is being
     /// typed.
     void Clear();
+
+    // --- Marks on cells (CellMark.h), as the engine has them; those of a Problem end with the commit that
+    // writes their cell, and are no steps that undo would bring back.
+    const CellMark* Mark(std::int32_t Row, std::int32_t Col) const;
+    void Mark(std::int32_t Row, std::int32_t Col, std::optional<CellMark> mark);
+    void ClearMarks(std::optional<CellMark::Kind> kind = std::nullopt);
+    std::optional<MarkedCell> NextMark(std::int32_t Row, std::int32_t Col,
+                                       std::optional<CellMark::Kind> kind = std::nullopt) const;
 
     // --- Column definitions.
     /// The definition of a column, created when there is none yet; VsCtrl(Cols()) is the spare one. GridError

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/CellMark.h"
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/Changes.h"
+#include "kxVsGrid/ColumnOptions.h"
 #include "kxVsGrid/Command.h"
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/ControlPage.h"

@@ -31,7 +31,7 @@ void CellGrid::silence() {
     const auto end = [](auto&... events) { (events.disconnectAll(), ...); };
     end(BeforeRowColChange, LeaveCell, EnterCell, RowColChange, AfterRowColChange, SelChange, CellChanged,
         KeyDown, CharacterTyped, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll,
-        AfterUserResize, AfterEdit, SizeChanged, PlacesChanged, RowMoved);
+        AfterUserResize, AfterEdit, SizeChanged, PlacesChanged, MarksChanged, RowMoved);
 }
 
 void CellGrid::AddListener(ChangeListener& listener) {
@@ -60,6 +60,11 @@ void CellGrid::ForEachCell(std::int32_t firstRow, std::int32_t lastRow, const Ce
     if (lastRow < firstRow) return;
     impl_->requireRows("ForEachCell", firstRow, lastRow);
     impl_->store.forEachCell(firstRow, lastRow - firstRow + 1, visit);
+}
+
+std::int32_t CellGrid::RowWithText(std::int32_t col, std::string_view text, std::int32_t except) const {
+    impl_->requireCol("RowWithText", col);
+    return impl_->store.rowWithText(col, text, except);
 }
 
 std::int32_t CellGrid::Rows() const {

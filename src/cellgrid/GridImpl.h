@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "cellgrid/CellMarks.h"
 #include "cellgrid/ListenerList.h"
 #include "cellgrid/Misuse.h"
 #include "cellgrid/RowIds.h"
@@ -112,6 +113,13 @@ struct CellGrid::Impl {
         if (watcher) watcher->contentWillChange(col);
     }
 
+    // --- Marks (GridMarks.cpp).
+    const CellMark* markOf(std::int32_t row, std::int32_t col) const {
+        return marks.empty() ? nullptr : marks.find(ids.known(row), col);
+    }
+    void setMark(std::int32_t row, std::int32_t col, std::optional<CellMark> mark);
+    void clearMarks(std::optional<CellMark::Kind> kind);
+
     // --- The current cell (GridMoves.cpp).
     bool move(std::int32_t newRow, std::int32_t newCol);
     /// The current cell and the moves under way follow rows that were inserted or removed.
@@ -196,6 +204,7 @@ struct CellGrid::Impl {
     const TextMetrics& metrics;
     cellgrid::CellStore store;
     cellgrid::RowIds ids;
+    cellgrid::CellMarks marks;
     cellgrid::Viewport layout;
     cellgrid::DamageLog damage;
     cellgrid::SparseRuns<bool> mergedRows;

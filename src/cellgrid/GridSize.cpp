@@ -101,6 +101,7 @@ void CellGrid::Impl::setCols(std::int32_t count) {
     if (samples.size() > static_cast<std::size_t>(count)) samples.resize(static_cast<std::size_t>(count));
     layout.cols.fixed = std::min(layout.cols.fixed, count);
     if (drag.col >= count) drag = {};
+    marks.colsLimited(count);
     tellStream([](ChangeListener& one) { one.columnsChanged(); });
     const bool lost = currentCol >= count;
     const std::int32_t oldCol = std::exchange(currentCol, std::min(currentCol, count - 1));

@@ -1,10 +1,12 @@
-// The definitions of a grid's columns: one more element than there are columns, the last one spare.
+// The definitions of a grid's columns: one more element than there are columns, the last one spare. Beside
+// them what else the host wants of a column.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <vector>
 
+#include "kxVsGrid/ColumnOptions.h"
 #include "kxVsGrid/cVsControl.h"
 
 namespace kxVsGrid::columns {
@@ -27,6 +29,14 @@ class ColumnArray {
     /// Stores the object itself; nothing empties the slot.
     void put(std::int32_t col, std::shared_ptr<cVsControl> definition);
 
+    /// The options of a column, without the spare one; made at the first look. GridError outside the columns.
+    ColumnOptions& options(std::int32_t col);
+    /// The same; nothing where nobody has asked for them. They stay valid whatever a host does meanwhile.
+    std::shared_ptr<const ColumnOptions> rules(std::int32_t col) const {
+        return static_cast<std::size_t>(col) < options_.size() ? options_[static_cast<std::size_t>(col)]
+                                                               : nullptr;
+    }
+
   private:
     std::shared_ptr<cVsControl>& slot(std::int32_t col) {
         if (static_cast<std::size_t>(col) >= elements_.size()) outOfBounds(col);
@@ -37,5 +47,6 @@ class ColumnArray {
     [[noreturn]] void outOfBounds(std::int32_t col) const;
 
     std::vector<std::shared_ptr<cVsControl>> elements_{1};
+    std::vector<std::shared_ptr<ColumnOptions>> options_;  ///< as many as were ever needed
 };
 }  // namespace kxVsGrid::columns

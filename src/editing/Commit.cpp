@@ -56,14 +56,25 @@ bool EditSession::attemptInStep(std::optional<MessageBox>& refusal) {
     return true;
 }
 
+/// What is told of a broken rule.
+MessageBox EditSession::boxOf(const std::string& reason) {
+    return {reason, MessageBox::Information, "提示："};
+}
+
+/// A host that went elsewhere while it was asked has closed the editor, which cannot open again before the
+/// commit ends: there is nothing left to write.
 bool EditSession::passesCheck(std::optional<MessageBox>& refusal) {
+    const auto broken =
+        gate_.brokenRuleOfTyped(c_.grid.Row(), c_.grid.Col(), std::string(box_.text()), entered_.entryText());
+    if (broken) refusal = boxOf(*broken);
+    if (refusal || !visible()) return false;
     const FieldVerdict verdict = gate_.check(c_.grid.Col(), std::string(box_.text()), entered_.entryText());
     refusal = verdict.refusal;
-    if (refusal) return false;
-    // A host that went elsewhere while it was asked has closed the editor, which cannot open again before the
-    // commit ends: there is nothing left to write.
-    if (!visible()) return false;
+    if (refusal || !visible()) return false;
     if (verdict.rewritten) {
+        const auto repeated = gate_.brokenByRewriting(c_.grid.Row(), c_.grid.Col(), verdict.rewritten->text);
+        if (repeated) refusal = boxOf(*repeated);
+        if (refusal) return false;
         setText(verdict.rewritten->text);
         setTag(verdict.rewritten->tag);
     }

@@ -64,8 +64,23 @@ void EditSession::show(Focus focus) {
     if (focus == Focus::Take) c_.seat.giveFocus(FocusPlace::Editor);
 }
 
+/// The rules of the column judge what the cell would become. A host that is asked may go elsewhere.
+bool EditSession::mayToggle() {
+    const std::int32_t row = c_.grid.Row();
+    const std::int32_t col = c_.grid.Col();
+    if (!c_.columns.rules(col)) return true;
+    const FollowedCell cell(c_.grid);
+    if (const auto broken = gate_.brokenRule(row, col, gate_.turnedOver(row, col))) {
+        c_.showMessage(boxOf(*broken));
+        giveKeyboard();
+        return false;
+    }
+    return cell.isCurrent() && opensHere() && c_.columns.at(cell.col()).iType() == flexDTBoolean;
+}
+
 /// A Boolean cell has no editor: opening it writes the opposite truth value.
 void EditSession::toggle() {
+    if (!mayToggle()) return;
     const std::int32_t row = c_.grid.Row();
     const std::int32_t col = c_.grid.Col();
     c_.steps.duringTyped("勾选", Cause::Typed, [&] {

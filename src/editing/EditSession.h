@@ -116,6 +116,7 @@ class EditSession {
     bool editedCellIsCurrent() const { return entered_.is(c_.grid.Row(), c_.grid.Col()); }
     void show(Focus focus);
     void toggle();
+    bool mayToggle();
     void load();
     void mirror();
     void publish();
@@ -123,6 +124,7 @@ class EditSession {
     bool attempt();
     bool attemptInStep(std::optional<MessageBox>& refusal);
     bool passesCheck(std::optional<MessageBox>& refusal);
+    static MessageBox boxOf(const std::string& reason);
     void refuse(const MessageBox& message);
     void refuseExpression();
     void write(const FollowedCell& cell, const std::string& text);

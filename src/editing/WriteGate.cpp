@@ -1,5 +1,6 @@
 #include "editing/WriteGate.h"
 
+#include "editing/ColumnRules.h"
 #include "host/CellLock.h"
 #include "kxVsGrid/mbasTxt.h"
 #include "support/Numbers.h"
@@ -14,6 +15,26 @@ bool WriteGate::opens(std::int32_t row, std::int32_t col) const {
 FieldVerdict WriteGate::check(std::int32_t col, std::string_view text, std::string_view entryText) const {
     if (support::trim(text) == entryText || c_.columns.at(col).i有效性判断() == 0) return {};
     return checkField(c_, col, text);
+}
+
+std::optional<std::string> WriteGate::brokenRule(std::int32_t row, std::int32_t col,
+                                                 std::string_view stored) const {
+    return brokenColumnRule(c_, row, col, stored);
+}
+
+std::optional<std::string> WriteGate::brokenRuleOfTyped(std::int32_t row, std::int32_t col,
+                                                        std::string_view text,
+                                                        std::string_view entryText) const {
+    if (!c_.columns.rules(col) || support::trim(text) == entryText) return std::nullopt;
+    const std::optional<std::string> value = stored(col, text);
+    return value ? brokenRule(row, col, *value) : std::nullopt;
+}
+
+std::optional<std::string> WriteGate::brokenByRewriting(std::int32_t row, std::int32_t col,
+                                                        std::string_view rewritten) const {
+    if (!c_.columns.rules(col)) return std::nullopt;
+    const std::optional<std::string> value = stored(col, rewritten);
+    return value ? brokenByRepeating(c_, row, col, *value) : std::nullopt;
 }
 
 std::optional<std::string> WriteGate::stored(std::int32_t col, std::string_view text) const {

@@ -22,6 +22,16 @@ class WriteGate {
     /// The field check of the column, for a text that differs from the one that the cell had on entry. It may
     /// ask the host, who may change anything meanwhile.
     FieldVerdict check(std::int32_t col, std::string_view text, std::string_view entryText) const;
+    /// Why the rules of the column (ColumnOptions) forbid a cell to hold the text, which is as the cell would
+    /// store it; nothing when they do not. The host may be asked, who may change anything meanwhile.
+    std::optional<std::string> brokenRule(std::int32_t row, std::int32_t col, std::string_view stored) const;
+    /// The same for a text as it was typed, where that differs from the one that the cell had on entry.
+    /// Nothing for an expression that cannot be evaluated, which is refused without them.
+    std::optional<std::string> brokenRuleOfTyped(std::int32_t row, std::int32_t col, std::string_view text,
+                                                 std::string_view entryText) const;
+    /// The same by the rule on repetition alone, for what the field check makes of a text.
+    std::optional<std::string> brokenByRewriting(std::int32_t row, std::int32_t col,
+                                                 std::string_view rewritten) const;
     /// What the cell stores of a text that has passed: in a number column the value of the expression, in a
     /// text column the trimmed text, in every other the text as it is. Nothing for an expression that cannot
     /// be evaluated.

@@ -5,6 +5,7 @@
 
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
+#include "grid/CellPlace.h"
 #include "support/FirstFault.h"
 
 namespace kxVsGrid {
@@ -121,6 +122,15 @@ void kxGrid::Parts::realign() {
     layout.alignTotalRow();
     editor.place();
     seat->layoutChanged();
+}
+
+/// What was wrong with the cell was wrong with what it held.
+void kxGrid::Parts::clerkWrote(std::int32_t row, std::int32_t col) {
+    flags.changed = true;
+    defaulted.written(row, col);
+    if (!grid::holds(main, row, col)) return;
+    const CellMark* const mark = main.Mark(row, col);
+    if (mark && mark->kind == CellMark::Kind::Problem) main.Mark(row, col, std::nullopt);
 }
 
 void kxGrid::Parts::leaveFixedArea() {

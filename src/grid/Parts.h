@@ -54,10 +54,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
     // EditorOwner, CommandOwner
-    void clerkWrote(std::int32_t row, std::int32_t col) override {
-        flags.changed = true;
-        defaulted.written(row, col);
-    }
+    void clerkWrote(std::int32_t row, std::int32_t col) override;
     void recalculate(std::int32_t col) override { totals.recalculate(col); }
     void appendIfLast(std::int32_t row) override { rows.appendIfLast(row); }
     void addRowAtEnd() override {

@@ -46,6 +46,10 @@ const GridOptions& kxGrid::Options() const {
     return parts_->options;
 }
 
+ColumnOptions& kxGrid::Options(std::int32_t Col) {
+    return parts_->columns.options(Col);
+}
+
 kxVsGrid::History& kxGrid::History() {
     return parts_->steps.history;
 }
@@ -350,6 +354,7 @@ void kxGrid::Clear() {
     const auto kept = held();
     Parts& p = *kept;
     p.steps.forget();
+    p.main.ClearMarks();
     p.editor.setText("");
     p.editor.setTag("");
     p.editor.hide();
@@ -408,6 +413,23 @@ std::string kxGrid::Problem(std::int32_t Row, std::int32_t Col) const {
     if (!grid::holds(p.main, Row, Col) || grid::isFixed(p.main, Row, Col)) return {};
     const cVsControl* column = p.columns.find(Col);
     return column ? editing::brokenRule(*column, p.main.Data(Row, Col)) : std::string();
+}
+
+const CellMark* kxGrid::Mark(std::int32_t Row, std::int32_t Col) const {
+    return parts_->main.Mark(Row, Col);
+}
+
+void kxGrid::Mark(std::int32_t Row, std::int32_t Col, std::optional<CellMark> mark) {
+    held()->main.Mark(Row, Col, std::move(mark));
+}
+
+void kxGrid::ClearMarks(std::optional<CellMark::Kind> kind) {
+    held()->main.ClearMarks(kind);
+}
+
+std::optional<MarkedCell> kxGrid::NextMark(std::int32_t Row, std::int32_t Col,
+                                           std::optional<CellMark::Kind> kind) const {
+    return parts_->main.NextMark(Row, Col, kind);
 }
 
 bool kxGrid::ValidTextData() {
@@ -535,6 +557,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
     grid::SettingsLoading::setUnderway(true);
     p.steps.forget();
     try {
+        p.main.ClearMarks();
         p.settings.read(bag);
         p.wheel.hook(*p.seat);
         grid::SettingsLoading::setUnderway(false);

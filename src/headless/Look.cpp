@@ -73,7 +73,9 @@ std::string Desk::ascii() const {
         line.push_back(std::to_string(r));
         for (const std::int32_t c : shownCols(cells)) {
             const bool current = r == cells.Row() && c == cells.Col();
-            const std::string text = cells.DisplayText(r, c);
+            const CellMark* const mark = cells.Mark(r, c);
+            const bool problem = mark && mark->kind == CellMark::Kind::Problem;
+            const std::string text = cells.DisplayText(r, c) + (problem ? "!" : "");
             if (current && grid.editorView().visible)
                 line.push_back("[" + grid.Text() + "]");
             else

@@ -128,6 +128,21 @@ const Scene Scenes[] = {
     {"RowInUse",
      [](kxGrid& g, Work work) { g.Options().RowInUse.connect([work](std::int32_t, bool&) { work(); }); },
      fillsDown},
+    {"CellLocked",
+     [](kxGrid& g, Work work) {
+         g.Options().CellLocked.connect([work](std::int32_t, std::int32_t, bool&) { work(); });
+     },
+     enters},
+    {"RuleOfTheHosts",
+     [](kxGrid& g, Work work) {
+         g.Options(3).accepts([work](std::int32_t, std::string_view) {
+             work();
+             return std::string();
+         });
+     },
+     enters},
+    {"EngineMarksChanged", toEngine(&CellGrid::MarksChanged), enters,
+     [](kxGrid& g, Desk&) { g.Mark(1, 3, CellMark{}); }},
     {"After", [](kxGrid& g, Work work) { g.Changes().After.connect([work](const StepChanges&) { work(); }); },
      enters},
     {"AfterAnUndo",

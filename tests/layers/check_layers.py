@@ -40,10 +40,10 @@ OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 # A public header counts with the folder that implements it.
 PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
-    "cellgrid": "CellGrid CellRange ChangeListener Frame RowId",
+    "cellgrid": "CellGrid CellMark CellRange ChangeListener Frame RowId",
     "changes": "Changes Draft",
     "platform": "Clipboard Command PasteReport Platform",
-    "columns": "cVsControl",
+    "columns": "ColumnOptions cVsControl",
     "host": "GridEvents Options",
     "dialogs": "ControlPage HelpExchange HelpTable",
     "clerk": "Commands",

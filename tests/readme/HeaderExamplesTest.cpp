@@ -72,6 +72,38 @@ TEST(HeaderExamples, ThatOfCellGridTellsOfAWrittenCell) {
     EXPECT_EQ(repainted, (std::vector<std::pair<std::int32_t, std::int32_t>>{{6, 1}}));
 }
 
+TEST(HeaderExamples, ThatOfCellMarkGoesToTheProblem) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+#include "examples/CellMark.inc"
+    EXPECT_EQ(grid.Row(), 3);
+    EXPECT_EQ(grid.Col(), 2);
+}
+
+TEST(HeaderExamples, ThatOfColumnOptionsRefusesWhatBreaksThem) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    grid.VsCtrl(3)->iType(flexDTDouble);
+    desk.focusGrid();
+#include "examples/ColumnOptions.inc"
+    const auto enter = [&](std::int32_t row, std::int32_t col, std::string_view text) {
+        desk.press(Key::Escape);
+        grid.Grid().Select(row, col);
+        desk.type(text).press(Key::Enter);
+    };
+    enter(1, 3, "0.5");
+    enter(1, 1, "AB0001");
+    enter(1, 4, "仓一");
+    EXPECT_TRUE(desk.messages().empty());
+    enter(2, 3, "-1");
+    enter(2, 1, "AB0001");
+    enter(2, 4, "库一");
+    ASSERT_EQ(desk.messages().size(), 3U);
+    EXPECT_EQ(desk.messages()[0].text, "不能小于 0。");
+    EXPECT_EQ(desk.messages()[1].text, "与第 1 行重复。");
+    EXPECT_EQ(desk.messages()[2].text, "仓库要以“仓”开头。");
+}
+
 TEST(HeaderExamples, ThatOfChangeListenerCountsAWrite) {
     CellGrid grid;
 #include "examples/ChangeListener.inc"

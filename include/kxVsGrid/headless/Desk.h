@@ -183,8 +183,8 @@ class Desk : public Platform {
                  std::int32_t minute = 0, std::int32_t second = 0);
     /// Empties the records.
     Desk& clear();
-    /// The visible grid as text; the editor is shown as [text], the current cell as <text>. For failing
-    /// tests.
+    /// The visible grid as text; the editor is shown as [text], the current cell as <text>, one that is marked
+    /// as a Problem as text!. For failing tests.
     std::string ascii() const;
 
     // --- Platform.

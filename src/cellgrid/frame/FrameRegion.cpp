@@ -12,6 +12,14 @@ namespace {
 
 /// A grid line takes the last twips of its row or column.
 constexpr std::int32_t LineWidth = 15;
+/// Each side of the triangle that a mark is.
+constexpr std::int32_t MarkSide = 90;
+
+/// In the colours' order, blue in the high byte: red, amber, blue.
+std::uint32_t colorOf(CellMark::Kind kind) {
+    constexpr std::uint32_t Colors[] = {0x1C1CC8, 0x0082D9, 0xC85A14};
+    return Colors[static_cast<int>(kind)];
+}
 }  // namespace
 
 FrameScene::FrameScene(const CellGrid& shown, const FrameState& state, const Rect& clip)
@@ -164,6 +172,7 @@ void FrameRegion::writeMergedBlocks() {
         writeLine({rect.right() - LineWidth, rect.top, LineWidth, rect.height});
         if (scene_.raised) writeRaised(rect, block.firstRow, block.firstCol);
         writeText(rows_[block.firstRow], cols_[block.firstCol], rect);
+        writeMark(rows_[block.firstRow], cols_[block.firstCol], rect);
     }
 }
 
@@ -204,8 +213,10 @@ void FrameRegion::writeContents() {
     for (const Band& col : cols_) checkBoxes.push_back(scene_.grid.ColDataType(col.index) == flexDTBoolean);
     for (std::size_t row = 0; row < rows_.size(); ++row)
         for (std::size_t col = 0; col < cols_.size(); ++col)
-            if (!merged_ || !merged_->covers(row, col))
+            if (!merged_ || !merged_->covers(row, col)) {
                 writeContent(rows_[row], cols_[col], checkBoxes[col], roomOf(row, col));
+                writeMark(rows_[row], cols_[col], rectOf(row, row, col, col));
+            }
 }
 
 void FrameRegion::writeContent(const Band& row, const Band& col, bool checkBoxes, const Rect& cell) {
@@ -229,6 +240,17 @@ void FrameRegion::writeText(const Band& row, const Band& col, const Rect& cell) 
         writer_.add(FrameItem::Kind::Text, rect, textColor(row.index, col.index), row.index, col.index);
     item.alignment = grid.EffectiveAlignment(row.index, col.index);
     item.text = std::move(text);
+}
+
+/// Inside of the lines that end the cell. An open editor hides it.
+void FrameRegion::writeMark(const Band& row, const Band& col, const Rect& cell) {
+    const CellMark* const mark = scene_.grid.Mark(row.index, col.index);
+    if (!mark) return;
+    if (scene_.editorOpen && row.index == scene_.row && col.index == scene_.col) return;
+    const std::int32_t side = std::min({MarkSide, cell.width - LineWidth, cell.height - LineWidth});
+    const Rect rect{cell.right() - LineWidth - side, cell.top, side, side};
+    if (side <= 0 || !rect.overlaps(scene_.area)) return;
+    writer_.add(FrameItem::Kind::Mark, rect, colorOf(mark->kind), row.index, col.index).mark = mark->kind;
 }
 
 std::uint32_t FrameRegion::textColor(std::int32_t row, std::int32_t col) const {

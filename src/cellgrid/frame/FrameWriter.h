@@ -24,6 +24,7 @@ class FrameWriter {
         FrameItem& item = frame_.items[used_++];
         item.kind = kind;
         item.checked = false;
+        item.mark = CellMark::Kind::Problem;
         item.shade = 0;
         item.alignment = flexAlignLeftCenter;
         item.color = color;

@@ -288,6 +288,18 @@ bool CellStore::showRowNumber(std::int32_t row) {
     return true;
 }
 
+std::int32_t CellStore::rowWithText(std::int32_t col, std::string_view text, std::int32_t except) const {
+    const CellPages& cells = column(col).cells;
+    slot::Buffer bytes;
+    std::int32_t found = -1;
+    order_.forEach(fixedRows_, rows(), [&](std::int32_t row, RowHandle handle) {
+        if (found >= 0 || row == except) return;
+        const TextSlot s = cells.get(CellPages::Text, handle);
+        if (!slot::isComputed(s) && arena_.text(s, bytes) == text) found = row;
+    });
+    return found;
+}
+
 void CellStore::endRowNumbers() {
     numbered_ = false;
     if (cols() > 0) column(0).numbers.reset();

@@ -191,6 +191,8 @@ class CellStore {
             if (s != slot::Empty && s != slot::WrittenEmpty && !slot::isComputed(s)) visit(row);
         });
     }
+    /// The first data row but `except` whose stored text is this one; -1 for none.
+    std::int32_t rowWithText(std::int32_t col, std::string_view text, std::int32_t except) const;
     /// Column 0 answers what was written there again.
     void endRowNumbers();
 

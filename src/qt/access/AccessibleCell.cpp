@@ -57,6 +57,10 @@ bool AccessibleCell::isCheckBox() const {
 }
 
 QString AccessibleCell::text(QAccessible::Text kind) const {
+    if (isValid() && kind == QAccessible::Description) {
+        const CellMark* const mark = grid().Mark(row_, col_);
+        return mark ? toQt(mark->text) : QString();
+    }
     if (!isValid() || (kind != QAccessible::Name && kind != QAccessible::Value)) return {};
     if (isCheckBox() && kind == QAccessible::Name)
         return grid().FixedRows() > 0 ? toQt(textOf(grid(), 0, col_)) : QString();

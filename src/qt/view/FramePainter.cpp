@@ -40,6 +40,17 @@ Qt::Alignment qtAlignment(mEmflexAlign alignment) {
     return horizontal[static_cast<int>(across(alignment))] | vertical[static_cast<int>(down(alignment))];
 }
 
+/// A colour that can be told from its ground, lighter or darker where the given one cannot.
+QRgb standingOut(QRgb color, QRgb ground) {
+    constexpr double Enough = 3;
+    const QRgb away = contrast(ground, qRgb(255, 255, 255)) > contrast(ground, qRgb(0, 0, 0))
+                          ? qRgb(255, 255, 255)
+                          : qRgb(0, 0, 0);
+    double share = 0;
+    while (share < 1 && contrast(blend(color, away, share), ground) < Enough) share += 0.1;
+    return blend(color, away, std::min(share, 1.0));
+}
+
 /// A font of so many device pixels as the given one has logical ones.
 QFont onDevice(const QFont& font, double ratio) {
     QFont result(font);
@@ -89,6 +100,9 @@ void FramePainter::paint(QPainter& painter, const Frame& frame, const Rect& orig
                 break;
             case FrameItem::Kind::Raised:
                 raised(painter, item);
+                break;
+            case FrameItem::Kind::Mark:
+                mark(painter, item);
                 break;
         }
     }
@@ -203,6 +217,20 @@ void FramePainter::checkMark(QPainter& painter, const FrameItem& item) {
     tick.lineTo(box.left() + side * 0.78, box.top() + side * 0.28);
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.strokePath(tick, QPen(QColor(color), side * 0.15, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+/// The texts, which wait, come over it.
+void FramePainter::mark(QPainter& painter, const FrameItem& item) {
+    textsBegun_ = true;
+    const QRect rect = place(item.rect);
+    QPainterPath triangle;
+    triangle.moveTo(rect.left(), rect.top());
+    triangle.lineTo(rect.left() + rect.width(), rect.top());
+    triangle.lineTo(rect.left() + rect.width(), rect.top() + rect.height());
+    triangle.closeSubpath();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.fillPath(triangle, QColor(standingOut(colors_.rgb(item.color), colors_.rgb(groundOf(rect)))));
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 

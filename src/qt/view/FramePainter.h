@@ -42,6 +42,7 @@ class FramePainter {
     void shapedText(QPainter& painter, const FrameItem& item, const QRect& rect, QRgb color);
     void elide(double room);
     void checkMark(QPainter& painter, const FrameItem& item);
+    void mark(QPainter& painter, const FrameItem& item);
     void raised(QPainter& painter, const FrameItem& item);
     void focus(QPainter& painter, const FrameItem& item);
     std::uint32_t groundOf(const QRect& rect) const;

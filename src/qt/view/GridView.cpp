@@ -246,7 +246,14 @@ void GridView::showWholeText(const QHelpEvent& event) {
     stage_.attempt([&] { showTextUnder(event); });
 }
 
-/// A check box has no text to be shown.
+/// What the mark on a cell says, empty for none.
+std::string GridView::markUnder(const CellGrid& cells, const GridHit& under) {
+    if (under.part != GridHit::Part::Cell && under.part != GridHit::Part::FixedCell) return {};
+    const CellMark* const mark = cells.Mark(under.row, under.col);
+    return mark ? mark->text : std::string();
+}
+
+/// A check box has no text to be shown. What a mark says stands before the text.
 void GridView::showTextUnder(const QHelpEvent& event) {
     const kxGrid& grid = stage_.grid();
     const bool totals = overTotals(event.pos());
@@ -255,7 +262,10 @@ void GridView::showTextUnder(const QHelpEvent& event) {
     const GridHit under = hit(cells, origin, event.pos());
     const bool checkBox =
         !totals && under.part == GridHit::Part::Cell && cells.ColDataType(under.col) == flexDTBoolean;
-    showTip(event, checkBox ? std::string() : cutText(cells, under, stage_.metrics()));
+    std::string tip = markUnder(cells, under);
+    const std::string cut = checkBox ? std::string() : cutText(cells, under, stage_.metrics());
+    if (!tip.empty() && !cut.empty()) tip += '\n';
+    showTip(event, tip + cut);
 }
 
 void GridView::wheelEvent(QWheelEvent* event) {

@@ -52,6 +52,7 @@ class GridView : public GridSurface {
     void press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told);
     bool takesKeyboard(const QPointF& at);
     bool overTotals(const QPointF& at) const;
+    static std::string markUnder(const CellGrid& cells, const GridHit& under);
     void showTextUnder(const QHelpEvent& event);
     std::optional<Command> commandOf(const QKeyEvent& event) const;
     QVariant boxQuery(Qt::InputMethodQuery query) const;

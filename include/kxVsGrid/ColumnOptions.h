@@ -1,0 +1,72 @@
+// Rules of a column for what a clerk may enter, beside those of its definition. Each begins as none; none is
+// stored with the settings of a grid.
+//
+//     kxVsGrid::ColumnOptions& quantity = grid.Options(3);
+//     quantity.mostDecimals(2);
+//     quantity.smallest(0);
+//     grid.Options(1).pattern("[A-Z]{2}\\d{4}");
+//     grid.Options(1).mayRepeat(false);
+//     grid.Options(4).accepts([](std::int32_t, std::string_view text) {
+//         return text.starts_with("仓") ? std::string() : std::string("仓库要以“仓”开头。");
+//     });
+//
+// They judge what the cell would hold: in a number column the value of the expression, in a text column the
+// trimmed text; before the field check, and so before a code or a date is rewritten. A text that is still the
+// one that the cell had on entry is not judged, nor is one that code writes. A broken rule refuses the text as
+// the field check does, with the reason as the box's text. An empty text breaks no rule but accepts().
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace kxVsGrid {
+
+class ColumnOptions {
+  public:
+    /// How many digits may follow the decimal point. GridError for a negative number. This rule and the next
+    /// two judge numbers, in whatever column: a text that is none breaks none of them.
+    std::optional<int> mostDecimals() const { return mostDecimals_; }
+    void mostDecimals(std::optional<int> digits);
+    /// The smallest and the largest number, both allowed themselves. GridError for what is no number.
+    std::optional<double> smallest() const { return smallest_; }
+    void smallest(std::optional<double> number);
+    std::optional<double> largest() const { return largest_; }
+    void largest(std::optional<double> number);
+
+    /// A regular expression (ECMAScript) that the whole text has to match; empty for none. A character is a
+    /// code point: `.` is 货, and [一-龥] a range of them; \w and \d are those of ASCII. GridError, with the
+    /// reason, for what is no regular expression. A text of more than LongestMatched characters matches none.
+    static constexpr std::size_t LongestMatched = 1000;
+    const std::string& pattern() const { return pattern_; }
+    void pattern(std::string_view expression);
+    /// The text has that form; True without a pattern.
+    bool matches(std::string_view text) const;
+
+    /// Whether another data row may have the same text in this column; empty ones always may. True at first.
+    /// False has each text that is entered compared with those of the column's filled cells.
+    bool mayRepeat() const { return mayRepeat_; }
+    void mayRepeat(bool may) { mayRepeat_ = may; }
+
+    /// The host's own rule, asked last: why the text may not stand in the column's cell in that row, in words
+    /// for the clerk; empty where it may. It may do anything else, as a listener may. An empty function for
+    /// none.
+    using Acceptance = std::function<std::string(std::int32_t row, std::string_view text)>;
+    const Acceptance& accepts() const { return accepts_; }
+    void accepts(Acceptance rule) { accepts_ = std::move(rule); }
+
+  private:
+    struct Pattern;
+    std::optional<int> mostDecimals_;
+    std::optional<double> smallest_;
+    std::optional<double> largest_;
+    std::string pattern_;
+    std::shared_ptr<const Pattern> compiled_;
+    bool mayRepeat_ = true;
+    Acceptance accepts_;
+};
+}  // namespace kxVsGrid
