@@ -119,7 +119,7 @@ class Acts {
         desk_.onPopup({});
     }
     void write() {
-        switch (bytes_.below(8)) {
+        switch (bytes_.below(9)) {
             case 0:
                 if (cells().Rows() < MostRows) cells().InsertRow(row());
                 return;
@@ -130,6 +130,11 @@ class Acts {
                 return grid_.Rows(3 + bytes_.below(MostRows - 3));
             case 3:
                 return cells().ClearText(row(), cells().Rows() - 1);
+            case 4: {
+                const std::int32_t first = row();
+                const std::int32_t count = 1 + bytes_.below(cells().Rows() - first);
+                return cells().MoveRows(first, count, 1 + bytes_.below(cells().Rows() - count));
+            }
             default: {
                 const std::int32_t at = row();
                 for (std::int32_t n = 1 + bytes_.below(6); n > 0; --n)

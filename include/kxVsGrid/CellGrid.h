@@ -28,6 +28,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -86,6 +87,16 @@ class CellGrid {
     void BringRowBack(std::int32_t position, RowId id);
     /// Removes one row. Removing the current row keeps the index, or takes the new last row; no events.
     void RemoveRow(std::int32_t position);
+
+    /// Data rows [first, first + from.size()) change places; `from[i]` is the row, by its old place, that stands at
+    /// first + i then. All that belongs to a row goes along: texts, data, looks, height, hidden and merging state,
+    /// id. The current cell follows its row, without events; TopRow stays. Nothing happens where no row goes
+    /// elsewhere. GridError when `from` does not name each of these rows once. When memory fails nothing has
+    /// changed. Takes a time that grows with the number of rows between the first and the last that change places.
+    void Reorder(std::int32_t first, std::span<const std::int32_t> from);
+    /// The same for the data rows [first, first + count), which stand from `to` on then. GridError when they would
+    /// not be data rows there.
+    void MoveRows(std::int32_t first, std::int32_t count, std::int32_t to);
 
     // --- Who the rows are, wherever they go
     // An id is made when it is first asked for; rows that nobody asked about cost nothing. Asking takes a time
@@ -454,12 +465,15 @@ class CellGrid {
     /// The number of rows or columns was put; comes before the other events that this brings about.
     Event<> SizeChanged;
     /// A width, a height, a hidden state, the size or the fixed area has changed, and cells may have moved in
-    /// the view. Scrolling, SizeChanged and RowMoved tell of themselves.
+    /// the view. Scrolling, SizeChanged, RowMoved and RowsReordered tell of themselves.
     Event<> PlacesChanged;
     /// Mark or ClearMarks has changed something. Rows and columns that take marks along tell of themselves.
     Event<> MarksChanged;
     /// A row was inserted (true) or removed at a position; the engine's state is already the new one.
     Event<std::int32_t, bool> RowMoved;
+    /// Rows from a position on have changed places (Reorder); which one, by its old place, stands at each of them now.
+    /// The engine's state is already the new one.
+    Event<std::int32_t, std::span<const std::int32_t>> RowsReordered;
 
   private:
     struct Impl;

@@ -4,6 +4,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <span>
 
 #include "cellgrid/store/RunList.h"
 
@@ -26,6 +28,15 @@ class Axis {
     /// New elements have the default size, or the minimum when that is larger, and are not hidden.
     void insert(std::int32_t index, std::int32_t n);
     void remove(std::int32_t index, std::int32_t n) { runs_.remove(index, n); }
+
+    /// Elements that shall change places (RunList::prepareReorder): what cannot fail after it.
+    using Reordering = std::optional<RunList<AxisSize>::Replacement>;
+    Reordering prepareReorder(std::int32_t first, std::span<const std::int32_t> from) {
+        return runs_.prepareReorder(first, from);
+    }
+    void reorder(Reordering& prepared) noexcept {
+        if (prepared) runs_.replace(*prepared);
+    }
 
     std::int32_t size(std::int32_t index) const { return runs_.at(index).size; }
     /// A size below the minimum becomes the minimum. Answers whether something changed; so do those below.

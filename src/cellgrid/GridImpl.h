@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -67,6 +68,10 @@ struct CellGrid::Impl {
     /// With an id the row is the one that had it, come back.
     void insertRow(std::int32_t position, RowId id = RowId::None);
     void removeRow(std::int32_t position);
+    // --- Rows change places (GridReorder.cpp).
+    void reorder(std::int32_t first, std::span<const std::int32_t> from);
+    void moveRows(std::int32_t first, std::int32_t count, std::int32_t to);
+    void requireOrder(std::int32_t first, std::span<const std::int32_t> from) const;
     void setFormatString(std::string_view format);
     void setWidth(std::int32_t col, std::int32_t twips);
     void setSample(std::int32_t col, std::string_view sample);
@@ -122,9 +127,11 @@ struct CellGrid::Impl {
 
     // --- The current cell (GridMoves.cpp).
     bool move(std::int32_t newRow, std::int32_t newCol);
-    /// The current cell and the moves under way follow rows that were inserted or removed.
+    /// The current cell and the moves under way follow rows that were inserted or removed, or that have changed
+    /// places.
     void rowsInserted(std::int32_t position, std::int32_t n);
     void rowRemoved(std::int32_t position);
+    void rowsReordered(std::int32_t first, std::span<const std::int32_t> from);
 
     // --- What is selected (GridSelection.cpp).
     cellgrid::Ends rowEnds() const;

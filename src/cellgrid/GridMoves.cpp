@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "cellgrid/GridImpl.h"
+#include "support/Reordering.h"
 
 namespace kxVsGrid {
 
@@ -94,6 +95,15 @@ void CellGrid::Impl::rowRemoved(std::int32_t position) {
             m->newRow = -1;
         else if (m->newRow > position)
             --m->newRow;
+    }
+}
+
+void CellGrid::Impl::rowsReordered(std::int32_t first, std::span<const std::int32_t> from) {
+    const auto follow = [&](std::int32_t& row) { row = support::placeAfter(row, first, from); };
+    follow(currentRow);
+    for (Move* m = moving; m; m = m->outer) {
+        follow(m->oldRow);
+        follow(m->newRow);
     }
 }
 }  // namespace kxVsGrid

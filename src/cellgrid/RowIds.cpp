@@ -93,8 +93,53 @@ void RowIds::findLast() {
     }
 }
 
-/// The same as link for a row after all that have a node: what merging would do, from the last one upwards.
+/// visit(node, row) for the rows of [first, stop) below a node; its own row is `base` plus its offset.
+template <class Visit>
+void RowIds::forEach(Number at, std::int32_t base, std::int32_t first, std::int32_t stop, Visit visit) const {
+    if (at == None) return;
+    const Node& here = node(at);
+    base += here.offset;
+    if (base > first) forEach(here.left, base, first, stop, visit);
+    if (base >= first && base < stop) visit(at, base);
+    if (base < stop - 1) forEach(here.right, base, first, stop, visit);
+}
+
+RowIds::Reordering RowIds::prepareReorder(std::int32_t first, std::span<const std::int32_t> from) const {
+    Reordering prepared{first, first + static_cast<std::int32_t>(from.size()), {}};
+    std::size_t count = 0;
+    forEach(root_, 0, first, prepared.stop, [&count](Number, std::int32_t) { ++count; });
+    if (count == 0) return prepared;
+    std::vector<Number> old(from.size(), None);
+    forEach(root_, 0, first, prepared.stop,
+            [&](Number number, std::int32_t row) { old[static_cast<std::size_t>(row - first)] = number; });
+    prepared.nodes.reserve(count);
+    for (std::size_t i = 0; i < from.size(); ++i)
+        if (const Number number = old[static_cast<std::size_t>(from[i] - first)]; number != None)
+            prepared.nodes.emplace_back(number, first + static_cast<std::int32_t>(i));
+    return prepared;
+}
+
+/// The nodes of the rows are taken out, and come behind those before them one by one.
+void RowIds::reorder(const Reordering& prepared) noexcept {
+    if (prepared.nodes.empty()) return;
+    const auto [before, from] = split(root_, prepared.first);
+    const Number after = split(from, prepared.stop).from;
+    root_ = before;
+    last_ = None;
+    findLast();
+    for (const auto& [number, row] : prepared.nodes) linkLast(number, row);
+    root_ = merge(root_, after);
+    last_ = None;
+}
+
+/// The same as link for a row after all that have a node.
 void RowIds::append(Number number, std::int32_t row) {
+    linkLast(number, row);
+    ++pages_[number / PageNodes]->used;
+}
+
+/// What merging would do, from the last one upwards.
+void RowIds::linkLast(Number number, std::int32_t row) {
     Number below = None;
     std::int32_t belowRow = 0;
     Number above = last_;
@@ -106,7 +151,6 @@ void RowIds::append(Number number, std::int32_t row) {
         above = node(above).parent;
     }
     node(number) = {below, None, above, above == None ? row : row - aboveRow, true};
-    ++pages_[number / PageNodes]->used;
     if (below != None) {
         node(below).parent = number;
         node(below).offset = belowRow - row;

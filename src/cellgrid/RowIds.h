@@ -15,6 +15,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "kxVsGrid/RowId.h"
@@ -43,6 +45,19 @@ class RowIds {
 
   private:
     using Number = std::uint64_t;
+
+  public:
+    /// Rows [first, stop) that shall change places.
+    struct Reordering {
+        std::int32_t first = 0;
+        std::int32_t stop = 0;
+        std::vector<std::pair<Number, std::int32_t>> nodes;  ///< and the rows they come to, ascending
+    };
+    /// `from[i]` is the old place of the row that stands at first + i then. Takes the memory that it needs.
+    Reordering prepareReorder(std::int32_t first, std::span<const std::int32_t> from) const;
+    void reorder(const Reordering& prepared) noexcept;
+
+  private:
     static constexpr Number None = 0;
     static constexpr std::size_t PageNodes = 256;
     struct Node {
@@ -67,6 +82,9 @@ class RowIds {
     void obtainPage(Number number);
     void findLast();
     void append(Number number, std::int32_t row);
+    void linkLast(Number number, std::int32_t row);
+    template <class Visit>
+    void forEach(Number at, std::int32_t base, std::int32_t first, std::int32_t stop, Visit visit) const;
     void link(Number number, std::int32_t row);
     Parts split(Number root, std::int32_t row);
     Number merge(Number before, Number after);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace kxVsGrid::changes {
@@ -15,6 +16,10 @@ class DraftFrontier {
 
     void added(std::int32_t at, std::int32_t count) {
         if (at < row_) row_ += count;
+    }
+    /// Rows that were not given may have come before it: all from there on are given once more.
+    void reordered(std::int32_t first, std::size_t count) {
+        if (first < row_ && static_cast<std::size_t>(row_ - first) < count) row_ = first;
     }
     void removing(std::int32_t at, std::int32_t count) { row_ -= std::clamp(row_ - at, 0, count); }
 

@@ -1,7 +1,9 @@
 #include "changes/DraftReader.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "changes/DraftFormat.h"
 
@@ -48,6 +50,32 @@ bool readRemoving(FieldReader& fields, Target& target) {
     return true;
 }
 
+/// Together the stretches are the rows that they stand in place of.
+bool fitTogether(std::vector<DraftStretch> order, std::int32_t first) {
+    std::sort(order.begin(), order.end(),
+              [](const DraftStretch& a, const DraftStretch& b) { return a.row < b.row; });
+    std::int64_t next = first;
+    for (const DraftStretch& stretch : order) {
+        if (stretch.row != next) return false;
+        next += stretch.count;
+    }
+    return true;
+}
+
+bool readReordering(FieldReader& fields, const Target& target) {
+    const std::int32_t first = fields.number(target.fixedRows, target.count - 1);
+    const std::int32_t stretches = fields.number(1, target.count - first);
+    std::vector<DraftStretch> order;
+    for (std::int32_t i = 0; i < stretches && fields.good(); ++i) {
+        const std::int32_t row = fields.number(first, target.count - 1);
+        order.push_back({row, fields.number(1, target.count - row)});
+    }
+    if (!fields.good() || !fitTogether(order, first)) return false;
+    if (target.rows) target.rows->reorder(first, order);
+    if (target.table) target.table->reorder(first, order);
+    return true;
+}
+
 bool readClearing(FieldReader& fields, const Target& target) {
     const std::int32_t first = fields.number(0, target.count - 1);
     const std::int32_t last = fields.number(first, target.count - 1);
@@ -63,6 +91,7 @@ bool readChange(FieldReader& fields, Target& target) {
     if (kind == "g") return readWrite(fields, target, CellPart::Tag);
     if (kind == "a") return readAdding(fields, target);
     if (kind == "r") return readRemoving(fields, target);
+    if (kind == "o") return readReordering(fields, target);
     return kind == "c" && readClearing(fields, target);
 }
 

@@ -13,6 +13,22 @@ void removeRows(CellGrid& grid, std::int32_t at, std::int32_t count) {
     for (std::int32_t i = 0; i < count; ++i) grid.RemoveRow(at);
 }
 
+std::vector<std::int32_t> fromOf(const std::vector<DraftStretch>& order) {
+    std::vector<std::int32_t> from;
+    for (const DraftStretch& stretch : order)
+        for (std::int32_t i = 0; i < stretch.count; ++i) from.push_back(stretch.row + i);
+    return from;
+}
+
+void apply(CellGrid& grid, const DraftRows::Change& change) {
+    if (change.kind == DraftRows::Change::Kind::Added)
+        addRows(grid, change.at, change.count);
+    else if (change.kind == DraftRows::Change::Kind::Removed)
+        removeRows(grid, change.at, change.count);
+    else
+        grid.Reorder(change.at, fromOf(change.order));
+}
+
 void put(CellGrid& grid, std::int32_t row, std::int32_t col, CellPart part, std::string_view text) {
     if (row >= grid.Rows() || col >= grid.Cols()) return;
     if (part == CellPart::Tag)
@@ -39,13 +55,18 @@ void DraftRows::add(std::int32_t at, std::int32_t count) {
     known_.insert(at, count);
     know(at, count);
     rows_ += count;
-    changes_.push_back({true, at, count});
+    changes_.push_back({Change::Kind::Added, at, count});
 }
 
 void DraftRows::remove(std::int32_t at, std::int32_t count) {
     known_.remove(at, count);
     rows_ -= count;
-    changes_.push_back({false, at, count});
+    changes_.push_back({Change::Kind::Removed, at, count});
+}
+
+void DraftRows::reorder(std::int32_t first, const std::vector<DraftStretch>& order) {
+    if (auto known = known_.prepareReorder(first, fromOf(order))) known_.replace(*known);
+    changes_.push_back({Change::Kind::Reordered, first, 0, order});
 }
 
 // --- What the lines say
@@ -76,6 +97,10 @@ void DraftTable::remove(std::int32_t at, std::int32_t count) {
     removeRows(cells_, at, count);
 }
 
+void DraftTable::reorder(std::int32_t first, const std::vector<DraftStretch>& order) {
+    cells_.Reorder(first, fromOf(order));
+}
+
 void DraftTable::clear(std::int32_t first, std::int32_t last) {
     cells_.ClearText(first, last);
 }
@@ -84,8 +109,7 @@ void DraftTable::clear(std::int32_t first, std::int32_t last) {
 
 void DraftTable::putInto(CellGrid& grid, const DraftRows& rows, bool document) const {
     if (document) {
-        for (const DraftRows::Change& change : rows.changes())
-            (change.added ? addRows : removeRows)(grid, change.at, change.count);
+        for (const DraftRows::Change& change : rows.changes()) apply(grid, change);
     } else {
         grid.Rows(rows.fixed());
         grid.Rows(rows.count());

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cellgrid/store/RunList.h"
+#include "changes/DraftFormat.h"
 #include "kxVsGrid/CellGrid.h"
 
 namespace kxVsGrid::changes {
@@ -17,9 +18,11 @@ namespace kxVsGrid::changes {
 class DraftRows {
   public:
     struct Change {
-        bool added;
+        enum class Kind { Added, Removed, Reordered };
+        Kind kind;
         std::int32_t at;
         std::int32_t count;
+        std::vector<DraftStretch> order = {};  ///< of those that changed places
     };
 
     DraftRows(std::int32_t rows, std::int32_t fixedRows) : rows_(rows), fixedRows_(fixedRows) {}
@@ -33,6 +36,7 @@ class DraftRows {
 
     void add(std::int32_t at, std::int32_t count);
     void remove(std::int32_t at, std::int32_t count);
+    void reorder(std::int32_t first, const std::vector<DraftStretch>& order);
     void know(std::int32_t first, std::int32_t count) { known_.set(first, count, true); }
 
   private:
@@ -51,10 +55,11 @@ class DraftTable {
                std::string_view text);
     void add(std::int32_t at, std::int32_t count);
     void remove(std::int32_t at, std::int32_t count);
+    void reorder(std::int32_t first, const std::vector<DraftStretch>& order);
     void clear(std::int32_t first, std::int32_t last);
 
     /// Makes the grid like this, raising no CellChanged. `document`: it holds what the draft began with; the same
-    /// rows are added and removed then, so that those that stay are the same ones. Rows that are not known keep
+    /// rows are added, removed and moved then, so that those that stay are the same ones. Rows that are not known keep
     /// what they hold but for what was written to them.
     void putInto(CellGrid& grid, const DraftRows& rows, bool document) const;
 

@@ -130,18 +130,26 @@ void DraftWriter::written(std::int32_t row, std::int32_t col, CellPart part, std
 }
 
 /// Also while the draft is lost: the whole has to say where the document's rows are now.
-void DraftWriter::noteRows(const char* kind, std::int32_t at, std::int32_t count) noexcept {
+template <class Append>
+void DraftWriter::noteRowChange(std::int32_t at, Append append) noexcept {
     changed_ = true;
     if (at < header_.fixedRows) return loseRows();
     try {
-        std::string fields = kind;
-        appendField(fields, std::int64_t{at});
-        appendField(fields, std::int64_t{count});
+        std::string fields;
+        append(fields);
         rowChanges_ += fields;
         if (!lost_) changes_ += fields;
     } catch (...) {
         loseRows();
     }
+}
+
+void DraftWriter::noteRows(const char* kind, std::int32_t at, std::int32_t count) noexcept {
+    noteRowChange(at, [&](std::string& fields) {
+        fields = kind;
+        appendField(fields, std::int64_t{at});
+        appendField(fields, std::int64_t{count});
+    });
 }
 
 /// Where the document's rows stand is not known any more.
@@ -161,8 +169,21 @@ void DraftWriter::removing(std::int32_t at, std::int32_t count) noexcept {
     noteRows("\tr", at, count);
 }
 
-void DraftWriter::reordered(std::int32_t, std::span<const std::int32_t>) noexcept {
-    loseRows();
+/// Of rows that were sorted again and again, where those of the document stand would take more than all they hold.
+void DraftWriter::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
+    given_.reordered(first, from.size());
+    noteRowChange(first, [&](std::string& fields) {
+        const std::vector<DraftStretch> stretches = stretchesOf(from);
+        fields = "\to";
+        appendField(fields, std::int64_t{first});
+        appendField(fields, static_cast<std::int64_t>(stretches.size()));
+        for (const DraftStretch& one : stretches) {
+            appendField(fields, std::int64_t{one.row});
+            appendField(fields, std::int64_t{one.count});
+        }
+    });
+    if (rowChanges_.size() > MostWaiting) loseRows();
+    attempt([] {});
 }
 
 void DraftWriter::cleared(std::int32_t first, std::int32_t last) noexcept {

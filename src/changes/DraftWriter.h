@@ -1,7 +1,7 @@
 // Writes a draft: hears what the engine tells, and gives whole steps away as lines.
 //
 // What fails for want of memory, and what cannot be told as changes of rows and texts (other columns or fixed
-// rows, rows that change places), is made good by giving the whole content away anew.
+// rows), is made good by giving the whole content away anew.
 #pragma once
 
 #include <cstddef>
@@ -68,6 +68,8 @@ class DraftWriter : private ChangeListener {
     void attempt(Work work) noexcept;
     void giveUpChanges() noexcept;
     void noteRows(const char* kind, std::int32_t at, std::int32_t count) noexcept;
+    template <class Append>
+    void noteRowChange(std::int32_t at, Append append) noexcept;
     void loseRows() noexcept;
     void noteStep(std::string_view name) noexcept;
     void closeLine(std::string_view name, Cause cause);

@@ -23,6 +23,10 @@ std::size_t bytesOf(const AddedRows& rows) {
     return sizeof(AddedRows) + rows.ids.size() * sizeof(RowId);
 }
 
+std::size_t bytesOf(const ReorderedRows& rows) {
+    return sizeof(ReorderedRows) + rows.ids.size() * sizeof(RowId);
+}
+
 template <class Rows>
 std::vector<Rows> tailOf(const std::vector<Rows>& all, std::size_t first, std::size_t& bytes) {
     std::vector<Rows> tail(all.begin() + static_cast<std::ptrdiff_t>(first), all.end());
@@ -76,6 +80,14 @@ RemovedRows keepRows(CellGrid& grid, std::int32_t at, std::int32_t count) {
                          cell.text = text;
                          cell.tag = tag;
                      });
+    return kept;
+}
+
+ReorderedRows keepOrder(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from) {
+    ReorderedRows kept;
+    kept.ids.resize(from.size());
+    for (std::size_t i = 0; i < from.size(); ++i)
+        kept.ids[static_cast<std::size_t>(from[i] - first)] = grid.IdOf(first + static_cast<std::int32_t>(i));
     return kept;
 }
 
@@ -133,12 +145,21 @@ void Record::remove(RemovedRows rows) {
     entries_.push_back({RowId::None, removed_.size() - 1, 0, 0, Entry::Kind::Removed, CellPart::Text});
 }
 
+void Record::reorder(ReorderedRows rows) {
+    support::makeRoom(entries_);
+    const std::size_t more = bytesOf(rows);
+    reordered_.push_back(std::move(rows));
+    rowBytes_ += more;
+    entries_.push_back({RowId::None, reordered_.size() - 1, 0, 0, Entry::Kind::Reordered, CellPart::Text});
+}
+
 void Record::cutAll() noexcept {
     mark();
     entries_.clear();
     texts_.clear();
     added_.clear();
     removed_.clear();
+    reordered_.clear();
     rowBytes_ = 0;
 }
 
@@ -149,6 +170,8 @@ void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int
     for (const Record::Entry& entry : record.entries()) {
         if (entry.kind == Record::Entry::Kind::Added)
             ids.insert(record.added(entry).ids.begin(), record.added(entry).ids.end());
+        if (entry.kind == Record::Entry::Kind::Reordered)
+            ids.insert(record.reordered(entry).ids.begin(), record.reordered(entry).ids.end());
         record.forEachWrite(entry, [&](std::int32_t col, CellPart, std::string_view) {
             ids.insert(entry.row);
             written.insert(col);
@@ -171,24 +194,29 @@ Record Record::cutFrom(std::size_t mark) {
     std::size_t text = texts_.size();
     std::size_t added = added_.size();
     std::size_t removed = removed_.size();
+    std::size_t reordered = reordered_.size();
     for (const Entry& entry : cut.entries_) {
         if (entry.kind == Entry::Kind::Written) text = std::min(text, entry.at);
         if (entry.kind == Entry::Kind::Added) added = std::min(added, entry.at);
         if (entry.kind == Entry::Kind::Removed) removed = std::min(removed, entry.at);
+        if (entry.kind == Entry::Kind::Reordered) reordered = std::min(reordered, entry.at);
     }
     cut.texts_ = texts_.substr(text);
     cut.added_ = tailOf(added_, added, cut.rowBytes_);
     cut.removed_ = tailOf(removed_, removed, cut.rowBytes_);
+    cut.reordered_ = tailOf(reordered_, reordered, cut.rowBytes_);
     for (Entry& entry : cut.entries_) {
         if (entry.kind == Entry::Kind::Written) entry.at -= text;
         if (entry.kind == Entry::Kind::Added) entry.at -= added;
         if (entry.kind == Entry::Kind::Removed) entry.at -= removed;
+        if (entry.kind == Entry::Kind::Reordered) entry.at -= reordered;
     }
     rowBytes_ -= cut.rowBytes_;
     entries_.resize(mark);
     texts_.resize(text);
     added_.resize(added);
     removed_.resize(removed);
+    reordered_.resize(reordered);
     return cut;
 }
 }  // namespace kxVsGrid::changes

@@ -1,10 +1,11 @@
-// What it takes to take a step back: the texts and tags that it has replaced, the rows that it added, and
-// the rows that it removed. Rows are named by their ids.
+// What it takes to take a step back: the texts and tags that it has replaced, the rows that it added, the rows
+// that it removed, and the order of those that changed places. Rows are named by their ids.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -44,12 +45,18 @@ struct RemovedRows {
     std::vector<KeptRow> rows;
 };
 
+/// Rows that stood one below the other, as they stood. All of them: of those between the ones that moved, some may
+/// be needed to tell where the others stood when some have gone.
+struct ReorderedRows {
+    std::vector<RowId> ids;
+};
+
 class Record {
   public:
     struct Entry {
         /// Most of what is written to was empty: such cells of a row share an entry, as filling a table
         /// takes a great many.
-        enum class Kind : std::uint8_t { Written, Filled, Added, Removed };
+        enum class Kind : std::uint8_t { Written, Filled, Added, Removed, Reordered };
         RowId row = RowId::None;   ///< that was written to
         std::uint64_t at = 0;      ///< of the text before, or of the rows; EmptyCells
         std::uint32_t length = 0;  ///< of the text before; of empty cells the one that was written first
@@ -84,6 +91,7 @@ class Record {
     }
     const AddedRows& added(const Entry& entry) const { return added_[entry.at]; }
     const RemovedRows& removed(const Entry& entry) const { return removed_[entry.at]; }
+    const ReorderedRows& reordered(const Entry& entry) const { return reordered_[entry.at]; }
     /// Roughly what it takes of memory.
     std::size_t bytes() const;
 
@@ -93,6 +101,7 @@ class Record {
     void fill(RowId row, std::int32_t col, std::uint64_t cells);
     void add(AddedRows rows);
     void remove(RemovedRows rows);
+    void reorder(ReorderedRows rows);
     /// Little will be added to it any more: gives back what it does not need.
     void finish();
     /// The entries that are there grow no more: their number marks this moment.
@@ -110,6 +119,7 @@ class Record {
     std::string texts_;
     std::vector<AddedRows> added_;
     std::vector<RemovedRows> removed_;
+    std::vector<ReorderedRows> reordered_;
     std::size_t rowBytes_ = 0;
 };
 
@@ -117,7 +127,9 @@ class Record {
 std::size_t bytesOfRows(std::int32_t count);
 /// Rows that are about to go.
 RemovedRows keepRows(CellGrid& grid, std::int32_t at, std::int32_t count);
-/// The rows that were written to or added, and the columns that were written to, as they stand now;
+/// The order of rows that have changed places just now (ChangeListener::reordered).
+ReorderedRows keepOrder(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from);
+/// The rows that were written to or added or that changed places, and the columns that were written to, as they stand now;
 /// ascending.
 void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int32_t>& rows,
                 std::vector<std::int32_t>& cols);

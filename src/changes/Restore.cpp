@@ -1,6 +1,7 @@
 #include "changes/Restore.h"
 
 #include <algorithm>
+#include <numeric>
 #include <tuple>
 
 namespace kxVsGrid::changes {
@@ -16,6 +17,8 @@ void Restore::run(support::FirstFault& fault) {
             takeAway(record_.added(*entry), fault);
         else if (entry->kind == Kind::Removed)
             bringBack(record_.removed(*entry), fault);
+        else if (entry->kind == Kind::Reordered)
+            putInOrder(record_.reordered(*entry), fault);
         record_.forEachWrite(*entry, [&](std::int32_t col, CellPart part, std::string_view before) {
             targets_.push_back({entry->row, col, part, before});
         });
@@ -47,6 +50,22 @@ void Restore::takeAway(const AddedRows& rows, support::FirstFault& fault) {
         if (row < 0 || grid_.Rows() <= grid_.FixedRows()) continue;
         fault.during([&] { grid_.RemoveRow(row); });
     }
+}
+
+/// Those that are there share the places that they have now: rows that nobody recorded stay where they are.
+void Restore::putInOrder(const ReorderedRows& rows, support::FirstFault& fault) {
+    std::vector<std::int32_t> old;
+    old.reserve(rows.ids.size());
+    for (const RowId id : rows.ids)
+        if (const std::int32_t row = grid_.RowOf(id); row >= grid_.FixedRows()) old.push_back(row);
+    if (old.empty()) return;
+    std::vector<std::int32_t> places = old;
+    std::sort(places.begin(), places.end());
+    const std::int32_t first = places.front();
+    std::vector<std::int32_t> from(static_cast<std::size_t>(places.back() - first) + 1);
+    std::iota(from.begin(), from.end(), first);
+    for (std::size_t i = 0; i < old.size(); ++i) from[static_cast<std::size_t>(places[i] - first)] = old[i];
+    fault.during([&] { grid_.Reorder(first, from); });
 }
 
 /// Where a neighbour stands now, where the row itself stood when both have gone.
@@ -162,8 +181,23 @@ std::optional<std::pair<std::int32_t, std::int32_t>> Restore::place() const {
         });
         if (found) return found;
     }
-    const std::int32_t row = grid_.RowOf(broughtBack_);
+    std::int32_t row = grid_.RowOf(broughtBack_);
+    if (row < 0) row = reorderedRow();
     if (row < 0) return std::nullopt;
     return std::pair{row, -1};
+}
+
+/// -1 where there is none.
+std::int32_t Restore::reorderedRow() const {
+    const RowId current = grid_.Row() >= 0 ? grid_.KnownId(grid_.Row()) : RowId::None;
+    std::int32_t first = -1;
+    for (const Record::Entry& entry : record_.entries()) {
+        if (entry.kind != Kind::Reordered) continue;
+        for (const RowId id : record_.reordered(entry).ids) {
+            if (id == current) return grid_.Row();
+            if (first < 0) first = grid_.RowOf(id);
+        }
+    }
+    return first;
 }
 }  // namespace kxVsGrid::changes

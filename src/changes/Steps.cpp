@@ -91,10 +91,10 @@ void Steps::removing(std::int32_t at, std::int32_t count) noexcept {
     record(bytesOfRows(count), [&](Record& record) { record.remove(keepRows(grid_, at, count)); });
 }
 
-/// Nothing here can take it back.
-void Steps::reordered(std::int32_t, std::span<const std::int32_t>) noexcept {
+void Steps::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
     knownRow_ = -1;
-    forget();
+    record(from.size() * sizeof(RowId),
+           [&](Record& record) { record.reorder(keepOrder(grid_, first, from)); });
 }
 
 /// Rows without contents are no change.

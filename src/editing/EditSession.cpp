@@ -165,6 +165,12 @@ void EditSession::rowRemoved(std::int32_t position) {
     place();
 }
 
+void EditSession::rowsReordered(std::int32_t first, std::span<const std::int32_t> from) {
+    entered_.rowsReordered(first, from);
+    if (emptied_) emptied_->rowsReordered(first, from);
+    place();
+}
+
 void EditSession::place() {
     if (state_ == State::Hidden) return;
     if (!editedCellIsCurrent())

@@ -92,6 +92,7 @@ class EditSession {
     void captureAndLoad();
     void rowInserted(std::int32_t position);
     void rowRemoved(std::int32_t position);
+    void rowsReordered(std::int32_t first, std::span<const std::int32_t> from);
     /// Puts an open editor over its cell again, or hides it when the cell is gone. Over a cell that cannot be
     /// seen it commits and hides; a refused text goes.
     void place();

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "kxVsGrid/CellGrid.h"
+#include "support/Reordering.h"
 
 namespace kxVsGrid::editing {
 
@@ -27,7 +29,7 @@ class EnteredCell {
     }
     void none() { row_ = col_ = -1; }
 
-    /// Keeps naming the same cell when rows come or go above it; its own removal leaves none.
+    /// Keeps naming the same cell when rows come or go above it, or change places; its own removal leaves none.
     void rowInserted(std::int32_t position) {
         if (row_ >= position) ++row_;
     }
@@ -36,6 +38,9 @@ class EnteredCell {
             none();
         else if (row_ > position)
             --row_;
+    }
+    void rowsReordered(std::int32_t first, std::span<const std::int32_t> from) {
+        row_ = support::placeAfter(row_, first, from);
     }
 
   private:

@@ -8,7 +8,7 @@
 
 namespace kxVsGrid::editing {
 
-/// Names the same cell when rows come or go above it, and none once it was taken away, even if a cell of the
+/// Names the same cell when rows come or go above it, or change places, and none once it was taken away, even if a cell of the
 /// same place has come since.
 class FollowedCell {
   public:
@@ -16,6 +16,9 @@ class FollowedCell {
         cell_.capture(grid, grid.Row(), grid.Col());
         rows_ = grid.RowMoved.connect([this](std::int32_t position, bool inserted) {
             inserted ? cell_.rowInserted(position) : cell_.rowRemoved(position);
+        });
+        order_ = grid.RowsReordered.connect([this](std::int32_t first, std::span<const std::int32_t> from) {
+            cell_.rowsReordered(first, from);
         });
         size_ = grid.SizeChanged.connect([this] {
             if (cell_.row() >= grid_.Rows() || cell_.col() >= grid_.Cols()) cell_.none();
@@ -34,6 +37,7 @@ class FollowedCell {
     CellGrid& grid_;
     EnteredCell cell_;
     ScopedConnection rows_;
+    ScopedConnection order_;
     ScopedConnection size_;
 };
 }  // namespace kxVsGrid::editing

@@ -97,6 +97,17 @@ void kxGrid::Parts::connectMoves() {
             editor.rowRemoved(position);
         }
     }));
+    main.RowsReordered.connect(keeping(
+        [this](std::int32_t first, std::span<const std::int32_t> from) { rowsReordered(first, from); }));
+}
+
+/// The order in which numbers are added up decides the last digits.
+void kxGrid::Parts::rowsReordered(std::int32_t first, std::span<const std::int32_t> from) {
+    rows.follower().rowsReordered(first, from);
+    support::FirstFault fault;
+    fault.during([&] { editor.rowsReordered(first, from); });
+    fault.during([&] { totals.recalculate(totals::TotalRow::AllColumns); });
+    fault.raise();
 }
 
 void kxGrid::Parts::connectKeysAndMouse() {

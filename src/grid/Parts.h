@@ -118,6 +118,7 @@ struct kxGrid::Parts : editing::EditorOwner,
   private:
     void connectMoves();
     void connectKeysAndMouse();
+    void rowsReordered(std::int32_t first, std::span<const std::int32_t> from);
     /// The work as a listener that keeps all this until it is done.
     template <class Work>
     auto keeping(Work work) {

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 #include <vector>
+
+#include "support/Reordering.h"
 
 namespace kxVsGrid::rows {
 
@@ -15,6 +18,7 @@ class RowFollower {
   public:
     void rowInserted(std::int32_t position);
     void rowRemoved(std::int32_t position);
+    void rowsReordered(std::int32_t first, std::span<const std::int32_t> from);
     /// There are only so many rows any more.
     void rowsLimited(std::int32_t count);
 
@@ -53,6 +57,11 @@ inline void RowFollower::rowRemoved(std::int32_t position) {
         if (one->row_ == position) one->there_ = false;
         if (one->there_ && one->row_ > position) --one->row_;
     }
+}
+
+inline void RowFollower::rowsReordered(std::int32_t first, std::span<const std::int32_t> from) {
+    for (FollowedRow* const one : followed_)
+        if (one->there_) one->row_ = support::placeAfter(one->row_, first, from);
 }
 
 inline void RowFollower::rowsLimited(std::int32_t count) {

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "kit/AnyOrder.h"
 #include "kit/Dice.h"
 #include "kxVsGrid/CellGrid.h"
 
@@ -61,6 +62,11 @@ class Copy : public ChangeListener {
     void removing(std::int32_t at, std::int32_t count) noexcept override {
         right = right && rows.size() == static_cast<std::size_t>(grid_.Rows());
         rows.erase(rows.begin() + at, rows.begin() + at + count);
+    }
+    void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override {
+        const auto old = rows;
+        for (std::size_t i = 0; i < from.size(); ++i)
+            rows[static_cast<std::size_t>(first) + i] = old[static_cast<std::size_t>(from[i])];
     }
     void cleared(std::int32_t first, std::int32_t last) noexcept override {
         for (std::int32_t r = first; r <= last; ++r)
@@ -119,7 +125,11 @@ class RandomChanges : public ::testing::TestWithParam<Hearing> {
         if (choice < 140) return grid.RestoreData(r, c, anyText());
         if (choice < 160) return grid.InsertRow(r);
         if (choice < 183) return removeRow(r);
-        if (choice < 188) return static_cast<void>(grid.IdOf(r));
+        if (choice < 187) return static_cast<void>(grid.IdOf(r));
+        if (choice < 190) {
+            const kit::AnyOrder order(dice, grid.FixedRows(), grid.Rows());
+            return grid.Reorder(order.first, order.from);
+        }
         rare(r, c);
     }
     void removeRow(std::int32_t r) {

@@ -50,6 +50,7 @@ const End Ends[] = {
      [](CellGrid& g) { g.FormatString("a|b|c|d|e|f|g|h|i|j|k|l"); }},
     {"RowMovedIn", to(&CellGrid::RowMoved), [](CellGrid& g) { g.InsertRow(3); }},
     {"RowMovedOut", to(&CellGrid::RowMoved), [](CellGrid& g) { g.RemoveRow(3); }},
+    {"RowsReordered", to(&CellGrid::RowsReordered), [](CellGrid& g) { g.MoveRows(3, 2, 5); }},
     {"KeyDown", to(&CellGrid::KeyDown), [](CellGrid& g) { g.keyDown(40, 0); }},
     {"KeyPress", to(&CellGrid::KeyPress), [](CellGrid& g) { g.keyPress(65); }},
     {"MouseDown", to(&CellGrid::MouseDown), click},

@@ -248,6 +248,7 @@ TEST(ThrowingListeners, LeaveTheGridUsableWhereverTheyThrow) {
     grid.CellChanged.connect(fail);
     grid.AfterScroll.connect(fail);
     grid.RowMoved.connect(fail);
+    grid.RowsReordered.connect(fail);
     grid.KeyDown.connect(fail);
     grid.MouseDown.connect(fail);
     grid.MouseUp.connect(fail);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "kit/AnyOrder.h"
 #include "kit/Dice.h"
 #include "kxVsGrid/CellGrid.h"
 
@@ -38,6 +39,11 @@ class RandomRowIds : public ::testing::Test {
         const auto first = rows.begin() + row;
         std::copy_if(first, first + n, std::back_inserter(gone), [](RowId id) { return id != RowId::None; });
         rows.erase(first, first + n);
+    }
+    void reorder() {
+        const kit::AnyOrder any(dice, 0, count());
+        any.apply(rows);
+        ids.reorder(ids.prepareReorder(any.first, any.from));
     }
     void ask() {
         if (rows.empty()) return;
@@ -82,12 +88,15 @@ class RandomRowIds : public ::testing::Test {
 TEST_F(RandomRowIds, AgreeWithAPlainListOfRows) {
     for (int operation = 0; operation < 20'000; ++operation) {
         SCOPED_TRACE("operation " + std::to_string(operation));
-        switch (dice.between(0, 3)) {
+        switch (dice.between(0, 4)) {
             case 0:
                 insert();
                 break;
             case 1:
                 remove();
+                break;
+            case 2:
+                reorder();
                 break;
             default:
                 ask();

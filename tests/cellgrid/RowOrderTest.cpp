@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "kit/AnyOrder.h"
 #include "kit/Dice.h"
 
 namespace kxVsGrid::cellgrid {
@@ -43,6 +44,11 @@ class RandomRowOrder : public ::testing::Test {
         std::multiset<RowHandle> freed;
         order.remove(row, n, [&](RowHandle handle) { freed.insert(handle); });
         ASSERT_EQ(freed, twin.remove(row, n));
+    }
+    void reorder() {
+        const kit::AnyOrder any(dice, 0, order.rows());
+        any.apply(twin.handles);
+        order.reorder(order.prepareReorder(any.first, any.from));
     }
     void write() {
         if (order.rows() == 0) return;
@@ -86,12 +92,15 @@ TEST_F(RandomRowOrder, AgreesWithAPlainVectorOfHandles) {
     for (int operation = 0; operation < 100'000; ++operation) {
         SCOPED_TRACE("operation " + std::to_string(operation));
         const std::int32_t many = order.rows() > 6000 ? 4000 : 400;
-        switch (dice.between(0, 5)) {
+        switch (dice.between(0, 6)) {
             case 0:
                 insert(order.rows() > 6000 ? 3 : 2500);
                 break;
             case 1:
                 remove(many);
+                break;
+            case 2:
+                reorder();
                 break;
             default:
                 write();

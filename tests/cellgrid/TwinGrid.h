@@ -60,6 +60,15 @@ class TwinGrid {
         lines.erase(lines.begin() + at);
         if (row > at || row == rows()) --row;
     }
+    void reorder(std::int32_t first, const std::vector<std::int32_t>& from) {
+        const std::vector<TwinRow> old(lines.begin() + first,
+                                       lines.begin() + first + static_cast<std::int32_t>(from.size()));
+        const std::int32_t oldRow = row;
+        for (std::size_t i = 0; i < from.size(); ++i) {
+            lines[static_cast<std::size_t>(first) + i] = old[static_cast<std::size_t>(from[i] - first)];
+            if (from[i] == oldRow) row = first + static_cast<std::int32_t>(i);
+        }
+    }
     void setText(std::int32_t r, std::int32_t c, const std::string& text) {
         at(r, c).text = text;
         at(r, c).written = numbered && c == 0;

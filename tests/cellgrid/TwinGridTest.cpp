@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "TwinGrid.h"
+#include "kit/AnyOrder.h"
 #include "kit/Dice.h"
 #include "kxVsGrid/CellGrid.h"
 #include "support/Numbers.h"
@@ -34,7 +35,8 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
         if (choice < 30) return write();
         if (choice < 45) return writeBoth();
         if (choice < 60) return writeTag();
-        if (choice < 72) return insertOrRemove();
+        if (choice < 69) return insertOrRemove();
+        if (choice < 72) return reorder();
         if (choice < 80) return style();
         if (choice < 86) return geometry();
         if (choice < 92) return move();
@@ -79,6 +81,11 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
             twin.removeRow(at);
             grid.RemoveRow(at);
         }
+    }
+    void reorder() {
+        const kit::AnyOrder order(dice, twin.fixedRows, twin.rows());
+        twin.reorder(order.first, order.from);
+        grid.Reorder(order.first, order.from);
     }
     void style() {
         const std::int32_t r = anyRow();

@@ -226,6 +226,24 @@ TEST_F(LogOfAGrid, IsTheSameAfterAStepThatWasTakenBack) {
     expectNothing();
 }
 
+TEST_F(LogOfAGrid, PassesOverThePlaceOfARow) {
+    grid.Changes().Saved();
+    grid.Grid().MoveRows(1, 1, 4);
+    grid.Grid().Reorder(1, std::vector<std::int32_t>{3, 1, 2});
+    EXPECT_TRUE(grid.Changes().empty());
+    const RowId first = grid.Grid().IdOf(1);
+    grid.Grid().Text(1, 3, "written");
+    grid.Grid().MoveRows(1, 1, 2);
+    grid.Grid().Text(1, 3, "written too");
+    const std::vector<ChangedRow> changed = grid.Changes().Changed();
+    ASSERT_EQ(changed.size() + grid.Changes().Added().size(), 2U);
+    grid.Grid().Text(1, 3, "");
+    ASSERT_EQ(grid.Changes().Changed().size() + grid.Changes().Added().size(), 1U);
+    if (!grid.Changes().Changed().empty()) {
+        EXPECT_EQ(grid.Changes().Changed().front().row, first);
+    }
+}
+
 TEST_F(LogOfAGrid, TellsOfUnrecordedWritesAndOfAGridWithoutHistory) {
     {
         const auto span = grid.Unrecorded();

@@ -69,6 +69,17 @@ class DraftOfAnything : public ::testing::Test {
         const auto step = grid_.Step("几格");
         for (int i = 0; i < 3; ++i) act(random_.between(0, 4));
     }
+    void reorder() {
+        CellGrid& cells = grid_.Grid();
+        const std::int32_t first = anyRow();
+        const auto count = static_cast<std::int32_t>(random_.between(1, cells.Rows() - first));
+        if (random_.oneIn(2))
+            return cells.MoveRows(first, count,
+                                  static_cast<std::int32_t>(random_.between(1, cells.Rows() - count)));
+        std::vector<std::int32_t> from;
+        for (std::int32_t row = first + count - 1; row >= first; --row) from.push_back(row);
+        cells.Reorder(first, from);
+    }
     void act(std::int64_t what) {
         CellGrid& cells = grid_.Grid();
         switch (what) {
@@ -82,7 +93,10 @@ class DraftOfAnything : public ::testing::Test {
                 cells.InsertRow(static_cast<std::int32_t>(random_.between(1, cells.Rows())));
                 break;
             case 3:
-                if (cells.Rows() > 4) cells.RemoveRow(anyRow());
+                if (random_.oneIn(2))
+                    reorder();
+                else if (cells.Rows() > 4)
+                    cells.RemoveRow(anyRow());
                 break;
             case 4:
                 cells.ClearText(anyRow(), cells.Rows() - 1);

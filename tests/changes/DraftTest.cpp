@@ -115,6 +115,51 @@ TEST_F(DraftOfAGrid, LeavesTheDocumentsRowsWhoTheyAre) {
     EXPECT_FALSE(other.History().CanUndo());
 }
 
+TEST_F(DraftOfAGrid, HasTheOrderOfItsRows) {
+    draft.begin("order 7", "3");
+    grid.Grid().Reorder(1, std::vector<std::int32_t>{4, 5, 2, 3, 1});
+    key(2, 2, "x");
+    EXPECT_NE(bytes.find("o\t1\t3\t4\t2\t2\t2\t1\t1"), std::string::npos) << bytes;
+    kxGrid& other = document();
+    const RowId fourth = other.Grid().IdOf(4);
+    EXPECT_EQ(other.Recover(bytes, true).refusal, "");
+    EXPECT_EQ(contentOf(other), contentOf(grid));
+    EXPECT_EQ(other.Grid().RowOf(fourth), 1);
+    writeAll();
+    grid.Grid().MoveRows(5, 1, 2);
+    grid.History().Undo();
+    draft.flush();
+    EXPECT_EQ(lookAtDraft(bytes).damage, "");
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+}
+
+TEST_F(DraftOfAGrid, FollowsRowsThatChangePlacesWhileItIsGivenInSlices) {
+    grid.Rows(1500);
+    for (std::int32_t row = 1; row < 1500; ++row) grid.Grid().Text(row, 1, std::to_string(row));
+    draft.begin("order 7", "3");
+    ASSERT_TRUE(draft.writeSlice());
+    grid.Grid().MoveRows(1400, 3, 20);
+    grid.Grid().MoveRows(1, 2, 3);
+    writeAll();
+    EXPECT_TRUE(lookAtDraft(bytes).whole);
+    EXPECT_EQ(recovered(bytes), contentOf(grid));
+}
+
+TEST_F(DraftOfAGrid, TakesNoOrderThatNamesARowTwiceOrNone) {
+    for (const char* order : {"1\t2\t2\t1\t2\t1", "1\t1\t2\t2", "1\t2\t1\t2\t4\t1", "0\t2\t1\t1\t0\t1",
+                              "1\t2\t1\t1", "1\t1\t1\t9", "1\t0"}) {
+        bytes.clear();
+        draft.begin("order 7", "3");
+        changes::DraftPlace place{
+            1, changes::readLine(std::string_view(bytes).substr(1, bytes.size() - 2), 0)->checksum};
+        changes::appendLine(bytes, place, std::string("T\tname\t0\to\t") + order);
+        EXPECT_NE(lookAtDraft(bytes).damage, "") << order;
+        kxGrid& other = document();
+        EXPECT_EQ(other.Recover(bytes, true).refusal, "");
+        EXPECT_EQ(contentOf(other), contentOf(grid));
+    }
+}
+
 TEST_F(DraftOfAGrid, FollowsUndo) {
     draft.begin("order 7", "3");
     writeAll();

@@ -45,6 +45,7 @@ TEST_P(WayBackShortOfMemory, GoesWholeOrForgets) {
         const auto change = [&] {
             grid.Grid().Cell(1, 1, LongText, LongText);
             grid.Grid().RemoveRow(3);
+            grid.Grid().MoveRows(1, 2, 3);
             grid.Grid().InsertRow(2);
             grid.Grid().Text(2, 3, LongText);
         };

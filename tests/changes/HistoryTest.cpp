@@ -217,6 +217,121 @@ TEST_F(HistoryOfAGrid, FollowsRowsThatTheHostHasMovedAndPassesOverThoseThatHaveG
     EXPECT_EQ(text(3, 1), "");
 }
 
+class HistoryOfAnOrder : public HistoryOfAGrid {
+  protected:
+    HistoryOfAnOrder() {
+        for (std::int32_t row = 1; row < 6; ++row)
+            vs().Text(row, 1, std::string(1, static_cast<char>('a' + row - 1)));
+    }
+    std::string order() {
+        std::string texts;
+        for (std::int32_t row = 1; row < vs().Rows(); ++row)
+            texts += text(row, 1).empty() ? "-" : text(row, 1);
+        return texts;
+    }
+    void inAStep(const std::function<void()>& work) {
+        const auto step = grid.Step("排序");
+        work();
+    }
+};
+
+TEST_F(HistoryOfAnOrder, PutsRowsBackWhereTheyStood) {
+    std::vector<std::int32_t> rows;
+    std::vector<std::int32_t> cols;
+    grid.Changes().After.connect([&](const StepChanges& changes) {
+        rows.assign(changes.rows.begin(), changes.rows.end());
+        cols.assign(changes.cols.begin(), changes.cols.end());
+    });
+    vs().RowHeight(2, 700);
+    vs().CellBackColor(2, 3, 5U);
+    const RowId second = vs().IdOf(2);
+    vs().Select(2, 1);
+    inAStep([&] { vs().Reorder(2, std::vector<std::int32_t>{4, 3, 2}); });
+    EXPECT_EQ(order(), "adcbe");
+    EXPECT_EQ(rows, (std::vector<std::int32_t>{2, 3, 4}));
+    EXPECT_TRUE(cols.empty());
+    EXPECT_TRUE(history().Undo());
+    EXPECT_EQ(order(), "abcde");
+    EXPECT_EQ(vs().RowHeight(2), 700);
+    EXPECT_EQ(vs().CellBackColor(2, 3), 5U);
+    EXPECT_EQ(vs().RowOf(second), 2);
+    EXPECT_EQ(vs().Row(), 2);
+    EXPECT_EQ(rows, (std::vector<std::int32_t>{2, 3, 4}));
+    EXPECT_EQ(history().RedoName(), "排序");
+    EXPECT_TRUE(history().Redo());
+    EXPECT_EQ(order(), "adcbe");
+    EXPECT_EQ(vs().RowOf(second), 4);
+}
+
+TEST_F(HistoryOfAnOrder, GoesToTheRowsThatChangedPlaces) {
+    vs().Select(1, 3);
+    inAStep([&] { vs().MoveRows(4, 1, 3); });
+    EXPECT_TRUE(history().Undo());
+    EXPECT_EQ(vs().Row(), 3);
+    EXPECT_EQ(vs().Col(), 3);
+}
+
+TEST_F(HistoryOfAnOrder, IsThatOfBeforeWhateverElseTheStepDid) {
+    inAStep([&] {
+        vs().Text(1, 1, "A");
+        vs().MoveRows(1, 1, 5);
+        vs().RemoveRow(2);
+        vs().InsertRow(1);
+        vs().Text(1, 1, "n");
+        vs().MoveRows(1, 2, 3);
+        vs().Text(2, 1, "E");
+    });
+    const std::string after = order();
+    EXPECT_TRUE(history().Undo());
+    EXPECT_EQ(order(), "abcde");
+    EXPECT_TRUE(history().Redo());
+    EXPECT_EQ(order(), after);
+}
+
+TEST_F(HistoryOfAnOrder, IsRightAlsoWhereARowCameAndWent) {
+    inAStep([&] {
+        vs().InsertRow(4);
+        vs().Text(4, 1, "n");
+        vs().Reorder(2, std::vector<std::int32_t>{4, 3, 2});  // the one in the middle stays
+        EXPECT_EQ(order(), "ancbde");
+        vs().RemoveRow(2);
+    });
+    EXPECT_EQ(order(), "acbde");
+    EXPECT_TRUE(history().Undo());
+    EXPECT_EQ(order(), "abcde");
+    EXPECT_TRUE(history().Redo());
+    EXPECT_EQ(order(), "acbde");
+}
+
+TEST_F(HistoryOfAnOrder, PassesOverRowsThatHaveGoneAndLeavesThoseThatCame) {
+    inAStep([&] { vs().Reorder(1, std::vector<std::int32_t>{5, 4, 3, 2, 1}); });
+    {
+        const auto span = grid.Unrecorded();
+        vs().RemoveRow(2);
+        vs().InsertRow(3);
+        vs().Text(3, 1, "n");
+        vs().MoveRows(1, 1, 2);
+    }
+    EXPECT_EQ(order(), "cenba");
+    EXPECT_TRUE(history().Undo());
+    EXPECT_EQ(order(), "abnce");
+}
+
+TEST_F(HistoryOfAnOrder, IsTakenBackWithItsStep) {
+    key(1, 2, "7");
+    auto step = grid.Step("taken back");
+    vs().MoveRows(1, 2, 4);
+    vs().Text(1, 1, "other");
+    EXPECT_TRUE(step.takeBack());
+    EXPECT_EQ(order(), "abcde");
+    vs().MoveRows(5, 1, 1);
+    step.close();
+    EXPECT_EQ(order(), "eabcd");
+    EXPECT_TRUE(history().Undo());
+    EXPECT_EQ(order(), "abcde");
+    EXPECT_EQ(history().UndoName(), "录入");
+}
+
 TEST_F(HistoryOfAGrid, HasTheMenusFillAsOneStep) {
     key(1, 2, "5");
     vs().Select(1, 2);

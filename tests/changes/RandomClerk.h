@@ -6,7 +6,9 @@
 
 #include <cstdint>
 #include <iostream>
+#include <numeric>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "kit/Random.h"
@@ -89,7 +91,9 @@ class RandomClerk : public ::testing::TestWithParam<bool> {
     }
     void write() {
         if (dice.oneIn(2)) grid.ReadSum(Number);  // then the total row waits for no write either
-        switch (roll(0, 8)) {
+        switch (roll(0, 9)) {
+            case 9:
+                return reorder();
             case 0:
                 if (vs().Rows() < 12) vs().InsertRow(anyRow());
                 return;
@@ -103,6 +107,17 @@ class RandomClerk : public ::testing::TestWithParam<bool> {
             default:
                 return grid.SetCell(anyRow(), anyCol(), anyText(), anyText());
         }
+    }
+
+    void reorder() {
+        const std::int32_t first = anyRow();
+        const std::int32_t count = roll(1, vs().Rows() - first);
+        if (dice.oneIn(2)) return vs().MoveRows(first, count, roll(1, vs().Rows() - count));
+        std::vector<std::int32_t> from(static_cast<std::size_t>(count));
+        std::iota(from.begin(), from.end(), first);
+        for (std::size_t i = from.size(); i > 1; --i)
+            std::swap(from[i - 1], from[static_cast<std::size_t>(roll(0, static_cast<std::int32_t>(i) - 1))]);
+        vs().Reorder(first, from);
     }
 
     headless::Desk desk;

@@ -160,6 +160,11 @@ const Scene Scenes[] = {
          g.History().Limit(1 << 20);
      }},
     {"EngineRowMoved", toEngine(&CellGrid::RowMoved), choosesACopy},
+    {"EngineRowsReordered", toEngine(&CellGrid::RowsReordered),
+     [](kxGrid& g, Desk&) {
+         const auto step = g.Step("moved");
+         g.Grid().MoveRows(1, 1, 3);
+     }},
     {"EngineSizeChanged", toEngine(&CellGrid::SizeChanged), [](kxGrid& g, Desk&) { g.Rows(9); }},
     {"EngineKeyDown", toEngine(&CellGrid::KeyDown), down},
 };

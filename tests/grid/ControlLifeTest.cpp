@@ -120,6 +120,8 @@ const End DirectCalls[] = {
     {"EngineEnterCell", toEngine(&CellGrid::EnterCell), row},
     {"EngineSizeChanged", toEngine(&CellGrid::SizeChanged), rows},
     {"EngineRowMoved", toEngine(&CellGrid::RowMoved), addRow},
+    {"EngineRowsReordered", toEngine(&CellGrid::RowsReordered),
+     [](kxGrid& g, Desk&) { g.Grid().MoveRows(1, 2, 3); }},
     {"EngineSelChange", toEngine(&CellGrid::SelChange), addRow},
     {"EngineAfterScroll", toEngine(&CellGrid::AfterScroll), [](kxGrid& g, Desk&) { g.Row(50); },
      [](kxGrid& g, Desk&) { g.Rows(60); }},

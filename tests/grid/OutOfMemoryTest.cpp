@@ -180,6 +180,18 @@ const Work Works[] = {
              at.grid.Grid().RemoveRow(r - 30);
          }
      }},
+    {"RowsThatChangePlaces",
+     [](ShortOfMemory& at) {
+         at.grid.Rows(400);
+         for (std::int32_t r = 1; r < 400; r += 7)
+             at.grid.Grid().CellForeColor(r, 1, static_cast<std::uint32_t>(r));
+         at.grid.Grid().RowHeight(3, 600);
+         at.grid.Grid().IdOf(2);
+     },
+     [](ShortOfMemory& at) {
+         at.grid.Grid().MoveRows(2, 3, 300);
+         at.grid.Grid().MoveRows(300, 90, 2);
+     }},
     {"ChangingTheNumberOfColumns", nothing,
      [](ShortOfMemory& at) {
          at.grid.Cols(14);

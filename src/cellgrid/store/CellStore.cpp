@@ -45,6 +45,20 @@ void CellStore::removeRows(std::int32_t row, std::int32_t n) {
     if (n > 1) compact();
 }
 
+CellStore::Reordering CellStore::prepareReorder(std::int32_t first, std::span<const std::int32_t> from) {
+    Reordering prepared;
+    prepared.rows = order_.prepareReorder(first, from);
+    for (std::size_t col = 0; col < columns_.size(); ++col)
+        if (auto styles = columns_[col].styles.prepareReorder(first, from))
+            prepared.styles.emplace_back(col, std::move(*styles));
+    return prepared;
+}
+
+void CellStore::reorder(Reordering& prepared) noexcept {
+    order_.reorder(prepared.rows);
+    for (auto& [col, styles] : prepared.styles) columns_[col].styles.replace(styles);
+}
+
 void CellStore::setCols(std::int32_t count) {
     for (std::int32_t col = count; col < cols(); ++col) clearColumn(column(col), 0, rows());
     if (count == 0) endRowNumbers();

@@ -6,8 +6,10 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "cellgrid/format/CellFormat.h"
@@ -55,6 +57,15 @@ class CellStore {
     /// Takes the memory that removing these rows needs: that then cannot fail.
     void prepareRemove(std::int32_t row, std::int32_t n) { order_.prepareRemove(row, n); }
     void removeRows(std::int32_t row, std::int32_t n);
+    /// Data rows that shall change places, with all that belongs to them.
+    struct Reordering {
+        RowOrder::Reordering rows;
+        std::vector<std::pair<std::size_t, SparseRuns<StyleNumber>::Replacement>> styles;  ///< by column
+    };
+    /// `from[i]` is the old place of the row that stands at first + i then. Takes the memory that it needs.
+    Reordering prepareReorder(std::int32_t first, std::span<const std::int32_t> from);
+    /// What was prepared, nothing else having changed since.
+    void reorder(Reordering& prepared) noexcept;
     void setCols(std::int32_t count);
     /// Rows below this are fixed: not formatted, not numbered, not summed.
     std::int32_t fixedRows() const { return fixedRows_; }

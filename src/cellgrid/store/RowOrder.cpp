@@ -187,6 +187,57 @@ void RowOrder::prepareRemove(std::int32_t row, std::int32_t n) {
     support::makeRoom(freed_, handles);
 }
 
+/// Rows without a handle may have a place for one: until they are reordered, nothing has changed.
+RowOrder::Reordering RowOrder::prepareReorder(std::int32_t first, std::span<const std::int32_t> from) {
+    Reordering prepared;
+    const std::int32_t stop = first + static_cast<std::int32_t>(from.size());
+    bool any = false;
+    forEach(first, stop, [&any](std::int32_t, RowHandle) { any = true; });
+    if (!any) return prepared;
+    std::vector<RowHandle> old(from.size(), NoHandle);
+    forEach(first, stop,
+            [&](std::int32_t row, RowHandle handle) { old[static_cast<std::size_t>(row - first)] = handle; });
+    prepared.first = first;
+    prepared.handles.reserve(from.size());
+    for (const std::int32_t row : from)
+        prepared.handles.push_back(old[static_cast<std::size_t>(row - first)]);
+    for (std::int32_t row = first; row < stop; ++row)
+        if (prepared.handles[static_cast<std::size_t>(row - first)] != NoHandle) provide(row);
+    return prepared;
+}
+
+/// A place for the row's handle.
+void RowOrder::provide(std::int32_t row) {
+    if (row < hitFirst_ || row >= hitEnd_) look(row);
+    if (hitHandles_) return;
+    const Place place = hit_;
+    forgetHit();
+    openBlock(place, row, NoHandle);
+}
+
+/// Segments whose last handle went elsewhere become stretches of rows never written again, and short ones that
+/// lie side by side become one.
+void RowOrder::reorder(const Reordering& prepared) noexcept {
+    forgetHit();
+    const std::int32_t stop = prepared.first + static_cast<std::int32_t>(prepared.handles.size());
+    for (std::int32_t row = prepared.first; row < stop;) {
+        const Place place = segments_.find(row);
+        const auto base = static_cast<std::int32_t>(place.first);
+        const std::int32_t here = std::min(stop, base + segments_[place].count) - row;
+        if (segments_[place].handles)
+            segments_.change(place, [&](Segment& s) {
+                RowHandle* const at = s.handles.get();
+                std::copy_n(prepared.handles.begin() + (row - prepared.first), here, at + (row - base));
+                if (std::any_of(at, at + s.count, [](RowHandle h) { return h != NoHandle; })) return;
+                s.handles.reset();
+                s.capacity = 0;
+            });
+        row += here;
+        joinAt(base);
+    }
+    joinAt(stop);
+}
+
 void RowOrder::drop(std::int32_t row, std::int32_t n) {
     forgetHit();
     Place place = segments_.find(row);

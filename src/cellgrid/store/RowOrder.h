@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "cellgrid/store/RunBlocks.h"
@@ -48,6 +49,16 @@ class RowOrder {
         });
         drop(row, n);
     }
+
+    /// Rows [first, first + from.size()) that shall change places; `from[i]` is the old place of the one that
+    /// stands at first + i then.
+    struct Reordering {
+        std::int32_t first = 0;
+        std::vector<RowHandle> handles;  ///< as they shall stand; none when none of the rows was written
+    };
+    /// Takes the memory that it needs: reorder cannot fail then.
+    Reordering prepareReorder(std::int32_t first, std::span<const std::int32_t> from);
+    void reorder(const Reordering& prepared) noexcept;
 
     /// visit(row, handles, n) for stretches of rows of [first, stop), in order; some of the handles may be
     /// NoHandle. Rows in stretches that were never written are left out.
@@ -92,6 +103,7 @@ class RowOrder {
     void hit(const Place& place) const;
     void forgetHit() const { hitFirst_ = hitEnd_ = 0; }
     RowHandle give(std::int32_t row);
+    void provide(std::int32_t row);
     void release(RowHandle handle);
     void drop(std::int32_t row, std::int32_t n);
     bool moveIntoNeighbour(const Place& empty, std::int32_t row, RowHandle fresh);

@@ -4,7 +4,8 @@
 // A Run has a public `std::int32_t count` and `std::int64_t extent() const`, the length of its elements on
 // whatever the sequence measures (0 where it measures nothing). Moving a run cannot fail.
 //
-// Only `insert` takes memory, all of it before it changes anything: when it fails, nothing has happened.
+// Only `insert` and `prepareReplace` take memory, all of it before they change anything: when one of them fails,
+// nothing has happened.
 #pragma once
 
 #include <algorithm>
@@ -130,12 +131,77 @@ class RunBlocks {
         return place;
     }
 
+    /// Where the block begins that holds the run before `place`, or `place` where there is none before it.
+    Place blockBefore(Place place) const {
+        return blockStart(place.run == 0 && place.block > 0 ? place.block - 1 : place.block);
+    }
+    /// Where the block after that of `place` begins.
+    Place blockAfter(const Place& place) const {
+        return blockStart(std::min(place.block + 1, blocks_.size()));
+    }
+
   private:
     struct Block {
         std::vector<Run> runs;
         std::int64_t count = 0;
         std::int64_t extent = 0;
     };
+
+  public:
+    /// Blocks that shall stand in place of others.
+    class Replacement {
+        friend class RunBlocks;
+        std::size_t first = 0;
+        std::size_t stop = 0;
+        std::vector<Block> blocks;
+    };
+    /// `runs` shall stand in place of those of [from, to), both of which begin blocks. Takes the memory for it.
+    Replacement prepareReplace(const Place& from, const Place& to, const std::vector<Run>& runs) {
+        Replacement with;
+        with.first = from.block;
+        with.stop = to.block;
+        constexpr std::size_t Filled = Capacity * 3 / 4;  // so that the next run does not split them
+        with.blocks.reserve((runs.size() + Filled - 1) / Filled);
+        for (std::size_t i = 0; i < runs.size(); i += Filled) {
+            Block block;
+            const auto begin = runs.begin() + static_cast<std::ptrdiff_t>(i);
+            block.runs.assign(begin, begin + static_cast<std::ptrdiff_t>(std::min(Filled, runs.size() - i)));
+            for (const Run& run : block.runs) {
+                block.count += run.count;
+                block.extent += run.extent();
+            }
+            with.blocks.push_back(std::move(block));
+        }
+        const std::size_t gone = with.stop - with.first;
+        const std::size_t more = with.blocks.size() - std::min(gone, with.blocks.size());
+        support::makeRoom(blocks_, more);
+        support::makeRoom(starts_, more);
+        return with;
+    }
+    /// What was prepared, nothing else having changed since.
+    void replace(Replacement& with) noexcept {
+        for (std::size_t i = with.first; i < with.stop; ++i) {
+            count_ -= blocks_[i].count;
+            extent_ -= blocks_[i].extent;
+        }
+        for (const Block& block : with.blocks) {
+            count_ += block.count;
+            extent_ += block.extent;
+        }
+        const auto begin = blocks_.begin() + static_cast<std::ptrdiff_t>(with.first);
+        const auto end = blocks_.begin() + static_cast<std::ptrdiff_t>(with.stop);
+        const auto kept = static_cast<std::ptrdiff_t>(std::min(with.stop - with.first, with.blocks.size()));
+        const auto rest = std::make_move_iterator(with.blocks.begin() + kept);
+        std::move(with.blocks.begin(), with.blocks.begin() + kept, begin);
+        if (begin + kept < end)
+            blocks_.erase(begin + kept, end);
+        else
+            blocks_.insert(end, rest, std::make_move_iterator(with.blocks.end()));
+        starts_.resize(blocks_.size());
+        stale_ = std::min(stale_, with.first);
+    }
+
+  private:
     struct Start {
         std::int64_t first;
         std::int64_t position;
@@ -145,6 +211,12 @@ class RunBlocks {
         ++place.run;
         place.first += run.count;
         place.position += run.extent();
+    }
+
+    Place blockStart(std::size_t block) const {
+        sumUp();
+        if (block == blocks_.size()) return end();
+        return Place{block, 0, starts_[block].first, starts_[block].position};
     }
 
     Place blockPlace(typename std::vector<Start>::const_iterator after) const {

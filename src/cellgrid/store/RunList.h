@@ -2,7 +2,11 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
 
 #include "cellgrid/store/RunBlocks.h"
 
@@ -82,7 +86,54 @@ class RunList {
         return changed;
     }
 
+    using Replacement = typename Blocks::Replacement;
+    /// Elements [first, first + from.size()) shall change places: `from[i]` is the old place of the one that
+    /// stands at first + i then. Takes the memory for it; nothing where all are alike. Elements beyond the end
+    /// are T{}, and come to stand within it.
+    std::optional<Replacement> prepareReorder(std::int64_t first, std::span<const std::int32_t> from) {
+        const std::int64_t stop =
+            std::min<std::int64_t>(first + static_cast<std::int64_t>(from.size()), count());
+        const Place start = blocks_.find(first);
+        if (start.first + blocks_[start].count >= first + static_cast<std::int64_t>(from.size())) return {};
+        std::vector<T> old;
+        old.reserve(from.size());
+        for (Place place = start; !blocks_.atEnd(place) && place.first < stop; place = blocks_.next(place)) {
+            const Run& run = blocks_[place];
+            const std::int64_t here = std::min(stop, place.first + run.count) - std::max(first, place.first);
+            old.insert(old.end(), static_cast<std::size_t>(here), run.value);
+        }
+        old.resize(from.size());
+        return prepareReplace(first, stop, from, old);
+    }
+    /// What was prepared, nothing else having changed since.
+    void replace(Replacement& with) noexcept { blocks_.replace(with); }
+
   private:
+    static void append(std::vector<Run>& runs, std::int64_t count, const T& value) {
+        const auto n = static_cast<std::int32_t>(count);
+        if (!runs.empty() && runs.back().value == value)
+            runs.back().count += n;
+        else
+            runs.push_back({n, value});
+    }
+
+    /// The blocks of the runs that change, and of those beside them, which may become one with them.
+    Replacement prepareReplace(std::int64_t first, std::int64_t stop, std::span<const std::int32_t> from,
+                               const std::vector<T>& old) {
+        const Place begin = blocks_.blockBefore(blocks_.find(first));
+        const Place end = blocks_.blockAfter(blocks_.find(stop));
+        std::vector<Run> runs;
+        for (Place place = begin; place.first < first; place = blocks_.next(place))
+            append(runs, std::min<std::int64_t>(blocks_[place].count, first - place.first),
+                   blocks_[place].value);
+        for (const std::int32_t one : from) append(runs, 1, old[static_cast<std::size_t>(one - first)]);
+        for (Place place = blocks_.find(stop); place.block < end.block; place = blocks_.next(place)) {
+            const std::int64_t here = place.first + blocks_[place].count - std::max(stop, place.first);
+            append(runs, here, blocks_[place].value);
+        }
+        return blocks_.prepareReplace(begin, end, runs);
+    }
+
     /// Gives the elements of [first, stop), which lie in one run, another value.
     void assign(std::int64_t first, std::int64_t stop, const T& value) {
         split(stop);
@@ -147,6 +198,17 @@ class SparseRuns {
         return transform(index, n, [&value](const T&) { return value; });
     }
     bool empty() const { return runs_.count() == 0; }
+
+    using Replacement = typename RunList<T>::Replacement;
+    /// As of a RunList.
+    std::optional<Replacement> prepareReorder(std::int64_t first, std::span<const std::int32_t> from) {
+        if (first >= runs_.count()) return {};
+        return runs_.prepareReorder(first, from);
+    }
+    void replace(Replacement& with) noexcept {
+        runs_.replace(with);
+        trim();
+    }
 
   private:
     /// Unset elements at the end are not kept.
