@@ -84,8 +84,10 @@ TEST_F(BadPaster, KeepsFiveMillionBytesOutOfACellOfLimitedLength) {
 TEST_F(BadPaster, OutlivesBytesThatAreNoText) {
     const std::string nul("a\0b\t\0\n\0\0\tc", 11);
     for (const std::string& bytes :
-         {nul, std::string("\xFF\xFE\t\xC3(\n\xED\xA0\x80\tz"), std::string("\xF0\x9F\x98"), std::string(1, '\0'),
-          std::string("\r\r\r"), std::string("\t\t\t\t\t\t\t\t"), std::string("\xEF\xBB\xBF" "a\tb")}) {
+         {nul, std::string("\xFF\xFE\t\xC3(\n\xED\xA0\x80\tz"), std::string("\xF0\x9F\x98"),
+          std::string(1, '\0'), std::string("\r\r\r"), std::string("\t\t\t\t\t\t\t\t"),
+          std::string("\xEF\xBB\xBF"
+                      "a\tb")}) {
         at(2, 1);
         const std::string was = texts(1, 1, 5, 5);
         paste(bytes);

@@ -71,7 +71,8 @@ class BlockTest : public ClerkTest {
         EXPECT_FALSE(reports.empty());
         return reports.empty() ? PasteReport() : reports.back();
     }
-    void expectCounts(std::int64_t written, std::int64_t same, std::int64_t passedOver, std::int64_t refused) {
+    void expectCounts(std::int64_t written, std::int64_t same, std::int64_t passedOver,
+                      std::int64_t refused) {
         const PasteReport now = report();
         EXPECT_EQ(now.written, written);
         EXPECT_EQ(now.same, same);

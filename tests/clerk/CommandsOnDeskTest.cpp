@@ -37,8 +37,9 @@ struct Situation {
 // With nothing done yet and no marks.
 const CommandList AtFirst{Undo, Redo, NextProblem};
 const CommandList OfTheCell{CopyFromAbove, Today, Now};
-const CommandList Writes{Cut,       Paste,        ClearCells, FillDown,  FillRight,   CopyFromAbove, InsertRow,
-                         DeleteRows, DuplicateRow, MoveRowUp,  MoveRowDown, Today,      Now};
+const CommandList Writes{Cut,           Paste,     ClearCells, FillDown,     FillRight,
+                         CopyFromAbove, InsertRow, DeleteRows, DuplicateRow, MoveRowUp,
+                         MoveRowDown,   Today,     Now};
 const CommandList Reads{Copy, CopyWithHeaders, SelectRow, SelectColumn};
 const CommandList Unsaid{Help, Menu};
 
@@ -70,53 +71,75 @@ const std::vector<Situation>& situations() {
          AtFirst + Writes + Reads + CommandList{SelectAll, GoToRow}, Unsaid + CommandList{AppendRow}},
         {"fixed columns alone", [](auto&, kxGrid& grid) { grid.Grid().FixedCols(grid.Cols()); },
          AtFirst + Writes + Reads + CommandList{SelectAll}, Unsaid + CommandList{AppendRow, GoToRow}},
-        {"the first row", [](auto&, kxGrid& grid) { at(grid, 1, 2); },
-         AtFirst + CommandList{CopyFromAbove, FillDown, MoveRowUp}, {Help}},
-        {"the last row", [](auto&, kxGrid& grid) { at(grid, 5, 2); }, AtFirst + CommandList{MoveRowDown},
-         {Help, ClearCells}},
-        {"the first column", [](auto&, kxGrid& grid) { at(grid, 2, 1); }, AtFirst + CommandList{FillRight},
+        {"the first row",
+         [](auto&, kxGrid& grid) { at(grid, 1, 2); },
+         AtFirst + CommandList{CopyFromAbove, FillDown, MoveRowUp},
          {Help}},
-        {"hidden rows above", [](auto&, kxGrid& grid) { grid.Grid().RowHidden(1, true); },
-         AtFirst + CommandList{CopyFromAbove, FillDown, MoveRowUp}, {Help}},
+        {"the last row",
+         [](auto&, kxGrid& grid) { at(grid, 5, 2); },
+         AtFirst + CommandList{MoveRowDown},
+         {Help, ClearCells}},
+        {"the first column",
+         [](auto&, kxGrid& grid) { at(grid, 2, 1); },
+         AtFirst + CommandList{FillRight},
+         {Help}},
+        {"hidden rows above",
+         [](auto&, kxGrid& grid) { grid.Grid().RowHidden(1, true); },
+         AtFirst + CommandList{CopyFromAbove, FillDown, MoveRowUp},
+         {Help}},
         {"hidden rows below",
          [](auto&, kxGrid& grid) {
              for (std::int32_t row = 3; row < grid.Rows(); ++row) grid.Grid().RowHidden(row, true);
          },
-         AtFirst + CommandList{MoveRowDown}, {Help}},
-        {"hidden columns to the left", [](auto&, kxGrid& grid) { grid.ColHidden(1, true); },
-         AtFirst + CommandList{FillRight}, {Help}},
+         AtFirst + CommandList{MoveRowDown},
+         {Help}},
+        {"hidden columns to the left",
+         [](auto&, kxGrid& grid) { grid.ColHidden(1, true); },
+         AtFirst + CommandList{FillRight},
+         {Help}},
         {"a shown row above a hidden one",
          [](auto&, kxGrid& grid) {
              at(grid, 3, 2);
              grid.Grid().RowHidden(2, true);
          },
-         AtFirst, {Help}},
-        {"a read-only column", [](auto&, kxGrid& grid) { definition(grid, 2).bIsEditable(false); },
-         AtFirst + OfTheCell, {Help, Cut, Paste, ClearCells, FillDown, FillRight}},
+         AtFirst,
+         {Help}},
+        {"a read-only column",
+         [](auto&, kxGrid& grid) { definition(grid, 2).bIsEditable(false); },
+         AtFirst + OfTheCell,
+         {Help, Cut, Paste, ClearCells, FillDown, FillRight}},
         {"a locked cell",
          [](auto&, kxGrid& grid) {
-             grid.Options().CellLocked.connect([](std::int32_t row, std::int32_t col, bool& locked) {
-                 locked = row == 2 && col == 2;
-             });
+             grid.Options().CellLocked.connect(
+                 [](std::int32_t row, std::int32_t col, bool& locked) { locked = row == 2 && col == 2; });
          },
-         AtFirst + OfTheCell, {Help, Cut, Paste, ClearCells, FillDown, FillRight}},
-        {"a number", [](auto&, kxGrid& grid) { definition(grid, 2).iType(flexDTDouble); },
-         AtFirst + CommandList{Today, Now}, {Help}},
-        {"a check box", [](auto&, kxGrid& grid) { definition(grid, 2).iType(flexDTBoolean); },
-         AtFirst + CommandList{Today, Now}, {Help}},
+         AtFirst + OfTheCell,
+         {Help, Cut, Paste, ClearCells, FillDown, FillRight}},
+        {"a number",
+         [](auto&, kxGrid& grid) { definition(grid, 2).iType(flexDTDouble); },
+         AtFirst + CommandList{Today, Now},
+         {Help}},
+        {"a check box",
+         [](auto&, kxGrid& grid) { definition(grid, 2).iType(flexDTBoolean); },
+         AtFirst + CommandList{Today, Now},
+         {Help}},
         {"several rows from the first",
          [](auto&, kxGrid& grid) {
              at(grid, 1, 2);
              grid.Grid().SelectRange(1, 2, 2, 2);
          },
-         AtFirst + CommandList{CopyFromAbove, MoveRowUp}, {Help}},
+         AtFirst + CommandList{CopyFromAbove, MoveRowUp},
+         {Help}},
         {"several columns from the first",
          [](auto&, kxGrid& grid) {
              at(grid, 2, 1);
              grid.Grid().SelectRange(2, 1, 2, 3);
          },
-         AtFirst, {Help}},
-        {"everything selected", [](auto&, kxGrid& grid) { grid.Grid().SelectAll(); }, AtFirst,
+         AtFirst,
+         {Help}},
+        {"everything selected",
+         [](auto&, kxGrid& grid) { grid.Grid().SelectAll(); },
+         AtFirst,
          {Help, MoveRowUp, MoveRowDown}},
         {"something to undo",
          [](headless::Desk& desk, kxGrid& grid) {
@@ -124,7 +147,8 @@ const std::vector<Situation>& situations() {
              desk.type("x").press(Key::Enter);
              at(grid, 2, 2);
          },
-         {Redo, NextProblem}, {Help}},
+         {Redo, NextProblem},
+         {Help}},
         {"something to redo",
          [](headless::Desk& desk, kxGrid& grid) {
              at(grid, 2, 4);
@@ -132,17 +156,27 @@ const std::vector<Situation>& situations() {
              grid.History().Undo();
              at(grid, 2, 2);
          },
-         {Undo, NextProblem}, {Help}},
-        {"a problem", [](auto&, kxGrid& grid) { grid.Mark(4, 4, CellMark{CellMark::Kind::Problem, "p"}); },
-         {Undo, Redo}, {Help}},
+         {Undo, NextProblem},
+         {Help}},
+        {"a problem",
+         [](auto&, kxGrid& grid) {
+             grid.Mark(4, 4, CellMark{CellMark::Kind::Problem, "p"});
+         },
+         {Undo, Redo},
+         {Help}},
         {"a problem in a hidden row",
          [](auto&, kxGrid& grid) {
              grid.Mark(4, 4, CellMark{CellMark::Kind::Problem, "p"});
              grid.Grid().RowHidden(4, true);
          },
-         AtFirst, {Help}},
-        {"a warning", [](auto&, kxGrid& grid) { grid.Mark(4, 4, CellMark{CellMark::Kind::Warning, "w"}); },
-         AtFirst, {Help}},
+         AtFirst,
+         {Help}},
+        {"a warning",
+         [](auto&, kxGrid& grid) {
+             grid.Mark(4, 4, CellMark{CellMark::Kind::Warning, "w"});
+         },
+         AtFirst,
+         {Help}},
     };
     return All;
 }

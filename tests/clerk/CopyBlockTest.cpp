@@ -171,7 +171,7 @@ TEST_F(BlockCopier, CopiesFromAReadOnlyGridAndFromReadOnlyColumns) {
 }
 
 TEST_F(BlockCopier, HasBackByPastingWhateverTextsThereAre) {
-    const Lines awkward{"\"",          "\"\"",  "a\"b",  "\"a\"", "a\tb",       "=1+1",
+    const Lines awkward{"\"",          "\"\"",  "a\"b",   "\"a\"", "a\tb",        "=1+1",
                         "\"a\tb\"\"c", "'text", "货\"号", ",",     "a\"\tb\"c\"", "\\n"};
     for (const std::string& text : awkward) {
         fill(1, 1, text, "tag");

@@ -80,9 +80,9 @@ TEST_F(CheckedPaster, HasTextsTrimmedInTextColumns) {
 
 TEST_F(CheckedPaster, HasBooleansTakenInTheirForms) {
     typed(3, flexDTBoolean);
-    const std::vector<std::pair<std::string, std::string>> Forms{
-        {"-1", "-1"}, {"1", "-1"}, {"True", "-1"}, {"是", "-1"}, {"0", "0"},
-        {"False", "0"}, {"否", "0"}, {"", ""}};
+    const std::vector<std::pair<std::string, std::string>> Forms{{"-1", "-1"}, {"1", "-1"}, {"True", "-1"},
+                                                                 {"是", "-1"}, {"0", "0"},  {"False", "0"},
+                                                                 {"否", "0"},  {"", ""}};
     for (const auto& [given, stored] : Forms) {
         fill(2, 3, stored == "0" ? "-1" : "0");
         EXPECT_EQ(after(3, given), stored) << given;

@@ -39,8 +39,9 @@ TEST_F(ClerkAmongRows, DeletesTheRowsThatAreSelectedWholeFromTheLastUp) {
     grid.Grid().SelectRows(2, 4);
     log.clear();
     EXPECT_TRUE(run(Command::DeleteRows));
-    EXPECT_EQ(named(heard(), "DeleteVsRow"), (Lines{line("DeleteVsRow", 4, false), line("DeleteVsRow", 3, false),
-                                                    line("DeleteVsRow", 2, false)}));
+    EXPECT_EQ(
+        named(heard(), "DeleteVsRow"),
+        (Lines{line("DeleteVsRow", 4, false), line("DeleteVsRow", 3, false), line("DeleteVsRow", 2, false)}));
     expectRows({1, 5, 6});
     EXPECT_EQ(steps, 1);
     undo();
@@ -215,9 +216,7 @@ class MenuItemAndCommand : public ::testing::TestWithParam<ChoosesOrRuns> {
             grid.Grid().Select(2, 2);
             log.clear();
         }
-        Lines heard() {
-            return without(without(log.lines(), "MouseDown"), "Click");
-        }
+        Lines heard() { return without(without(log.lines(), "MouseDown"), "Click"); }
     };
 };
 
