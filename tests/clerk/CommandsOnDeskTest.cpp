@@ -185,6 +185,7 @@ class CommandInASituation : public BlockTest,
                             public ::testing::WithParamInterface<std::tuple<std::size_t, Command>> {
   protected:
     CommandInASituation() {
+        grid.Grid().NumberRows();  // as row commands do
         for (int row = 1; row <= 3; ++row)
             for (int col = 1; col < 6; ++col) fill(row, col, std::to_string(10 * row + col));
         grid.AfterAddRow.connect([](bool& keep, auto...) { keep = true; });
