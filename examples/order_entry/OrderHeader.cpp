@@ -133,6 +133,11 @@ void OrderHeader::focus(Field field) {
     if (field == Field::Customer) customer_->selectAll();
 }
 
+void OrderHeader::goOnTyping() {
+    customer_->setFocus(Qt::OtherFocusReason);
+    customer_->end(false);
+}
+
 void OrderHeader::showContact() {
     const Customer* chosen = customer_->customer();
     if (chosen)

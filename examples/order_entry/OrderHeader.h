@@ -36,6 +36,8 @@ class OrderHeader : public QWidget {
 
     enum class Field { Number, Date, Customer };
     void focus(Field field);
+    /// To the customer, behind what has been typed there.
+    void goOnTyping();
     /// In the order of Tab.
     QWidget* lastField() const { return customer_; }
 

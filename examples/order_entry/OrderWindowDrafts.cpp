@@ -163,7 +163,9 @@ void OrderWindow::tellRecovered(const OrderDraft::Kept& kept, Fit fit,
 }
 
 void OrderWindow::giveUpRecovered() {
-    if (!questions_.confirm(this, u"放弃恢复的内容?放弃后不能再恢复。"_s, u"放弃(&D)"_s)) return;
+    const bool keyedOn = widget_->grid().History().CanUndo();
+    const QString what = keyedOn ? u"放弃恢复的内容,连同恢复之后录入的内容"_s : u"放弃恢复的内容"_s;
+    if (!questions_.confirm(this, what + u"?放弃后不能再恢复。"_s, u"放弃(&D)"_s)) return;
     if (saved_.id != 0) {
         showStored(saved_.id);
         return;
@@ -184,8 +186,8 @@ bool OrderWindow::hasNeighbour() const {
 void OrderWindow::goOnKeying() {
     const auto typed = draft_ ? draft_->editorText() : std::nullopt;
     if (!typed) {
-        if (header_->customerUnclear() || onScreen().customer == 0)
-            return header_->focus(OrderHeader::Field::Customer);
+        if (header_->customerUnclear()) return header_->goOnTyping();
+        if (onScreen().customer == 0) return header_->focus(OrderHeader::Field::Customer);
         grid_->selectEnd();
         return enterLines();
     }

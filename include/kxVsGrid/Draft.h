@@ -97,6 +97,9 @@ struct DraftInfo {
     std::string damage;
     /// Why nothing can be recovered; empty when it can.
     std::string refusal;
+    /// Nothing can be recovered, and nothing is lost by that: no bytes, or a part of the first line of a draft. A
+    /// program that ended as it began one leaves it behind.
+    bool nothing = false;
 };
 
 /// Reads what a draft says of itself. Takes a time that grows with its length, and changes nothing.

@@ -1,5 +1,6 @@
 #include "changes/DraftLine.h"
 
+#include <algorithm>
 #include <charconv>
 #include <iterator>
 
@@ -87,6 +88,18 @@ std::optional<DraftLine> readLine(std::string_view line, std::uint32_t header) {
     if (read.checksum != checksumOf(read.number, number, fields, header)) return {};
     read.fields = fields;
     return read;
+}
+
+bool isTornHeader(std::string_view bytes) {
+    if (!bytes.empty() && bytes.front() == '\n') bytes.remove_prefix(1);
+    if (bytes.find('\n') != std::string_view::npos) return false;
+    constexpr std::string_view Begin = "1 ######## B\t";
+    const auto fits = [](char is, char wanted) {
+        return wanted == '#' ? std::string_view("0123456789abcdef").find(is) != std::string_view::npos
+                             : is == wanted;
+    };
+    const std::string_view begin = bytes.substr(0, Begin.size());
+    return std::equal(begin.begin(), begin.end(), Begin.begin(), fits);
 }
 
 std::string_view FieldReader::raw() {

@@ -37,6 +37,9 @@ struct DraftLine {
 /// altered.
 std::optional<DraftLine> readLine(std::string_view line, std::uint32_t header);
 
+/// What there is of a draft whose header was torn while it was written, with the end of line before it.
+bool isTornHeader(std::string_view bytes);
+
 /// The fields of a line, one after the other. Reading past the end, or a number that is none or out of its
 /// range, gives 0 and makes good() False for good.
 class FieldReader {

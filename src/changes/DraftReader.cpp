@@ -132,6 +132,7 @@ DraftReader::DraftReader(std::string_view bytes, bool makesTable) : makesTable_(
         at = ended ? end + 1 : bytes.size();
     }
     finish();
+    info_.nothing = !info_.refusal.empty() && isTornHeader(bytes);
 }
 
 // --- Lines

@@ -366,6 +366,21 @@ TEST_F(DraftOfAGrid, BegunInAStepCountsTheStepAsOne) {
     EXPECT_EQ(lookAtDraft(bytes).steps, 1U);
 }
 
+TEST_F(DraftOfAGrid, ThatEndsWithinItsFirstLineHoldsNothing) {
+    draft.begin("order 7", "3");
+    ASSERT_EQ(bytes.front(), '\n');
+    for (const std::string& header : {bytes, bytes.substr(1)}) {
+        for (std::size_t size = 0; size < header.size(); ++size) {
+            const DraftInfo info = lookAtDraft(header.substr(0, size));
+            ASSERT_TRUE(info.nothing) << size << " bytes";
+            ASSERT_NE(info.refusal, "") << size << " bytes";
+        }
+        EXPECT_FALSE(lookAtDraft(header).nothing);
+    }
+    for (const char* other : {"hello", "1 hello", "12 3f2a91c0 B\t", "1 3f2a91c0 T\t", "1 3f2a91c0 B\tx\n\n"})
+        EXPECT_FALSE(lookAtDraft(other).nothing) << other;
+}
+
 TEST_F(DraftOfAGrid, OfAnotherFormatIsRefusedByThatName) {
     draft.begin("order 7", "3");
     changes::DraftPlace place;

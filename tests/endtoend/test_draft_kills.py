@@ -9,99 +9,18 @@ KX_KILLS in the environment says how many are killed, about one and a half secon
 shall be.
 """
 
-import json
 import os
 import pathlib
 import random
 import shutil
 import signal
-import subprocess
 import sys
 import tempfile
 import time
 
-NOW = "2026-11-20 09:30:00"
+from draft_program import PATIENCE, Failure, Program, check, check_same, check_total, possible, reports
+
 KILLS = int(os.environ.get("KX_KILLS", "30"))
-PATIENCE = 120  # seconds; a slow machine is not an error
-LINES = 9
-
-
-class Failure(Exception):
-    """What the test must report; the text is for people."""
-
-
-def go_to(row):
-    return ["key Ctrl+Home", "key Home", *["key Down"] * row]
-
-
-def script():
-    """Lines with quantities and prices; acts that are undone and redone, a row that is added and one that goes, an
-    older line put right."""
-    keys = ["type K0002", "key Enter"]
-    for line in range(LINES):
-        keys += [*go_to(line), f"type {100001 + 37 * line}", "key Enter", f"type {line + 1}*3"]
-        keys += ["key Tab", f"type {line}.25", "key Enter"] if line % 3 == 1 else ["key Enter"]
-        if line % 4 == 2:
-            keys += ["key Ctrl+Z", "key Ctrl+Z", "key Ctrl+Y", "key Ctrl+Y", "key Ctrl+Z"]
-    keys += [*go_to(3), "key Delete", "key Left", "key Space", "key Insert"]
-    keys += [*go_to(1), "key Right", "key Right", "key Right", "key Right", "type 7", "key Enter", "key Ctrl+Z"]
-    return "\n".join(keys) + "\n"
-
-
-class Program:
-    """The example with a database, drafts and reports in a folder of its own."""
-
-    def __init__(self, program, folder):
-        self.program = os.path.abspath(program)
-        self.folder = folder
-        self.environment = os.environ | {"QT_QPA_PLATFORM": "offscreen", "HOME": str(folder)}
-        self.database = folder / "orders.sqlite"
-        self.script = folder / "clerk.keys"
-        self.script.write_text(script(), encoding="utf-8")
-        subprocess.run(
-            [self.program, "--seed-only", "--db", str(self.database)], env=self.environment, check=True, timeout=PATIENCE
-        )
-
-    def start(self, drafts, report, keys):
-        command = [self.program, "--db", str(self.database), "--now", NOW, "--keys", str(keys)]
-        command += ["--drafts", str(drafts), "--report", str(report)]
-        with open(self.folder / "output.log", "ab") as log:
-            return subprocess.Popen(command, env=self.environment, stdout=log, stderr=log, cwd=self.folder)
-
-    def run(self, drafts, report, keys):
-        process = self.start(drafts, report, keys)
-        if process.wait(PATIENCE) != 0:
-            raise Failure(f"the program ended with {process.returncode}:\n{(self.folder / 'output.log').read_text()}")
-
-
-def reports(file):
-    """The lines that were written whole."""
-    text = file.read_text(encoding="utf-8") if file.exists() else ""
-    return [json.loads(line) for line in text.split("\n")[:-1]]
-
-
-def content(report):
-    return report["lines"], report["total"]
-
-
-def check_total(report):
-    total = sum(line["amount"] or 0 for line in report["lines"])
-    shown = report["total"].replace(",", "")
-    if shown != f"{total // 100}.{total % 100:02}" and not (total == 0 and shown in ("", "0", "0.00")):
-        raise Failure(f"the lines make {total} cents, the total row shows {report['total']}")
-
-
-def check(recovered, seen, reference, customers):
-    """`seen` steps were reported before the end."""
-    if len(recovered) != 1:
-        raise Failure(f"{len(recovered)} windows after {seen} reports")
-    report = recovered[0]
-    check_total(report)
-    possible = reference[max(seen - 1, 0) : seen + 1]
-    if content(report) not in [content(one) for one in possible]:
-        raise Failure(f"after {seen} reports came back {report}, expected one of {possible}")
-    if report["customer"] not in customers if seen <= 1 else report["customer"] != reference[-1]["customer"]:
-        raise Failure(f"after {seen} reports the customer is {report['customer']}")
 
 
 def kill_at(process, report, moment):
@@ -122,16 +41,11 @@ def one_kill(program, folder, reference, duration):
     drafts, report, back = folder / "drafts", folder / "report", folder / "back"
     kill_at(program.start(drafts, report, program.script), report, random.uniform(0, duration))
     told = reports(report)
-    for number, (want, have) in enumerate(zip(reference, told)):
-        if content(want) != content(have):
-            raise Failure(f"report {number} differs from that of the first run: {have}, not {want}")
-    nothing = program.folder / "nothing.keys"
-    nothing.write_text("")
-    customers = {0, reference[-1]["customer"]}
+    check_same(reference, told)
     if random.random() < 0.25:
-        kill_at(program.start(drafts, folder / "between", nothing), folder / "between", random.uniform(0, 0.05))
-    program.run(drafts, back, nothing)
-    check(reports(back), len(told), reference, customers)
+        kill_at(program.start(drafts, folder / "between", program.nothing), folder / "between", random.uniform(0, 0.05))
+    program.run(drafts, back, program.nothing)
+    check(reports(back), possible(reference, len(told)))
     return len(told)
 
 

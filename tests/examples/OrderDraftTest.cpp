@@ -170,6 +170,21 @@ TEST_F(OrderDraftTest, BringsACustomerBackThatIsNotClearYet) {
     restart();
     EXPECT_TRUE(window().header().customerUnclear());
     EXPECT_EQ(window().findChild<QLineEdit*>("customer")->text(), QString("K00"));
+    play({"type 05", "key Enter"});
+    EXPECT_EQ(window().findChild<QLineEdit*>("customer")->text().left(5), QString("K0005"))
+        << "it is typed on";
+}
+
+TEST_F(OrderDraftTest, SaysBeforeGivingUpThatWhatWasKeyedSinceGoesToo) {
+    start();
+    typeOrder();
+    restart();
+    barOf(window()).findChild<QPushButton*>("giveUp")->click();
+    play({"type 100003", "key Enter"});
+    barOf(window()).findChild<QPushButton*>("giveUp")->click();
+    ASSERT_EQ(answers.asked.size(), 2);
+    EXPECT_FALSE(answers.asked[0].contains("连同"));
+    EXPECT_TRUE(answers.asked[1].contains("连同恢复之后录入的内容"));
 }
 
 TEST_F(OrderDraftTest, IsStillThereAfterASecondCrash) {

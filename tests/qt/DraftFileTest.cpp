@@ -290,6 +290,18 @@ TEST_F(DraftFileTest, WhoseLastLineIsTornIsGood) {
     EXPECT_EQ(recovered(leftovers().at(0)), contentOf(w.grid()));
 }
 
+TEST_F(DraftFileTest, ThatEndsWithinItsFirstLineGoes) {
+    auto draft = make();
+    draft->begin("order 7", "3");
+    const QString path = draft->path();
+    draft.reset();
+    for (const QByteArray& part : {QByteArray("\n"), content(path).left(9), content(path).left(30)}) {
+        put(path, part);
+        EXPECT_TRUE(leftovers().isEmpty()) << part.toStdString();
+        EXPECT_FALSE(QFile::exists(path)) << part.toStdString();
+    }
+}
+
 TEST_F(DraftFileTest, ThatIsNoneIsRefusedAndNeverThrownAway) {
     ASSERT_TRUE(QDir().mkpath(place));
     const QString path = place + "/any.draft";
@@ -361,10 +373,22 @@ TEST_F(DraftFileTest, OfALaterTimeThanNowIsRecoveredLikeAnyOther) {
     EXPECT_EQ(recovered(leftovers()[0]), contentOf(w.grid()));
 }
 
+TEST_F(DraftFileTest, WritesAShortGridAtOnceThoughTheClerkTypes) {
+    drafts::DraftTimes times = quick();
+    times.typing = Never;
+    const auto draft = make(times);
+    draft->begin("order 7", "3");
+    w.after->setFocus();
+    QTest::keyClick(w.after, Qt::Key_A);
+    Window::settle();
+    EXPECT_TRUE(look(*draft).whole);
+}
+
 TEST_F(DraftFileTest, PausesWritingTheGridWhileTheClerkTypes) {
     drafts::DraftTimes times = quick();
     times.typing = Never;
     const auto draft = make(times);
+    w.grid().Rows(2'000);
     draft->begin("order 7", "3");
     w.after->setFocus();
     QTest::keyClick(w.after, Qt::Key_A);

@@ -102,7 +102,7 @@ class DraftFile : public QObject {
 
     /// A new document, or the same one when it has been saved: what the grid holds now is `version` of the
     /// document `key`. A new file; the one that this object wrote before goes as soon as the new one stands.
-    /// What the grid holds follows in idle time, which pauses while the clerk types.
+    /// What the grid holds follows in idle time, which pauses while the clerk types once the first slice is written.
     void begin(const QString& key, const QString& version);
     /// What the host has beside the grid, by name; the last one holds. What is put before the event loop runs
     /// again after begin() belongs to the document; a change of it later on makes the draft worth keeping.

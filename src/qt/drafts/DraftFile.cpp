@@ -66,7 +66,7 @@ std::optional<DraftFile::Leftover> leftoverAt(DraftStore& store, const QString& 
     if (!why.isEmpty()) return DraftFile::Leftover{path, refusedFor(why), opened.draft->time()};
     DraftInfo info = lookAtDraft({bytes.constData(), static_cast<std::size_t>(bytes.size())});
     const drafts::Notes notes = drafts::takeNotes(info);
-    if (!bytes.isEmpty() && !drafts::emptyDraft(info, notes))
+    if (!drafts::emptyDraft(info, notes))
         return DraftFile::Leftover{path, std::move(info), opened.draft->time()};
     opened.draft->remove();
     return {};

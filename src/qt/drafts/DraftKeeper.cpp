@@ -151,7 +151,7 @@ void DraftKeeper::startOver(const QString& key) {
     editorNote_.clear();
     recoveredNote_.clear();
     keptBeside_.clear();
-    opening_ = stepChanged_ = false;
+    opening_ = stepChanged_ = sliced_ = false;
     if (!draft_)
         draft_ =
             std::make_unique<Draft>(grid_.Grid(), [this](std::string_view bytes) { return keep(bytes); });
@@ -353,6 +353,7 @@ Failure DraftKeeper::putInPlace(StoredDraft& next) {
 void DraftKeeper::slice() {
     opening_ = false;
     if (failing_ || anew_) return sliceTimer_.start(times_.retry);
+    sliced_ = true;
     const bool more = draft_->writeSlice();
     if (!more && !draft_->whole()) draft_->flush();
     if (draft_->whole())
@@ -361,7 +362,8 @@ void DraftKeeper::slice() {
         sliceTimer_.start(more ? DraftTimes::Time(0) : times_.typing);
 }
 
-/// Sees all that comes to the program while slices are written: they pause for the clerk.
+/// Sees all that comes to the program while slices are written: they pause for the clerk. The first one does not: a
+/// document that fits it can be recovered without its host's copy from the first key on.
 bool DraftKeeper::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::KeyPress:
@@ -369,7 +371,7 @@ bool DraftKeeper::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonPress:
         case QEvent::Wheel:
             opening_ = false;
-            if (sliceTimer_.isActive()) sliceTimer_.start(times_.typing);
+            if (sliced_ && sliceTimer_.isActive()) sliceTimer_.start(times_.typing);
             break;
         default:
             break;

@@ -35,7 +35,7 @@ struct DraftTimes {
     Time sync{100};     ///< after a write to the file; the disk has another 100 for it
     Time retry{3000};   ///< after a failure
     Time editor{5000};  ///< until what an open editor holds is kept
-    Time typing{300};   ///< slices pause so long after a key
+    Time typing{300};   ///< slices behind the first one pause so long after a key
 };
 
 /// A child of its widget, which ends it before its grid goes.
@@ -122,6 +122,7 @@ class DraftKeeper : public QObject, private ChangeListener {
     bool failing_ = false;
     bool damaged_ = false;  ///< the file is to be kept beside
     bool opening_ = false;  ///< what is put belongs to the document
+    bool sliced_ = false;   ///< the first slice has been written
     QString keptBeside_;
 
     Before before_;  ///< as it stands in the file

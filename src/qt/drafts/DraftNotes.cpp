@@ -74,6 +74,7 @@ Notes takeNotes(DraftInfo& info) {
 }
 
 bool emptyDraft(const DraftInfo& info, const Notes& notes) {
+    if (info.nothing) return true;
     return info.steps == 0 && !notes.before.changed && notes.editor.empty() && info.damage.empty() &&
            info.refusal.empty();
 }
