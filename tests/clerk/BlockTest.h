@@ -2,6 +2,7 @@
 // block which is taken back must leave as it was.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,16 @@ inline Lines wholeOf(kxGrid& grid) {
     for (std::int32_t col = 0; col < grid.Cols(); ++col) rest += " | " + grid.ReadSum(col);
     state.push_back(rest);
     return state;
+}
+
+/// The lines of such a state that are not those of another one.
+inline Lines differences(const Lines& now, const Lines& before) {
+    Lines found;
+    for (std::size_t i = 0; i < std::max(now.size(), before.size()); ++i) {
+        const std::string is = i < now.size() ? now[i] : "none", was = i < before.size() ? before[i] : "none";
+        if (is != was) found.push_back("is" + is + ", was" + was);
+    }
+    return found;
 }
 
 /// Texts, or tags, of a rectangle: "a|b/c|d".

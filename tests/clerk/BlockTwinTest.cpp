@@ -55,7 +55,7 @@ class BlockTwin : public ::testing::Test {
         grid.AfterAddRow.connect([](bool& keep, auto...) { keep = true; });
         grid.TxtValidBmS.connect([](const std::string&, const std::string&, const std::string&,
                                     const std::string& typed, std::string& code, std::string& name) {
-            if (!typed.empty() && typed[0] != 'A') return;
+            if (!typed.starts_with("A")) return;
             code = typed;
             name = "name of " + typed;
         });
@@ -118,6 +118,9 @@ class BlockTwin : public ::testing::Test {
     void copy() {
         act_ = "copy";
         if (!cellsAlone()) return;
+        if (selected().rows() == 1 && selected().cols() == 1 &&
+            grid.Grid().Text(grid.Row(), grid.Col()).empty())
+            return;
         clip = table.copy(selected());
         EXPECT_TRUE(desk.run(Command::Copy));
     }
@@ -157,7 +160,7 @@ class BlockTwin : public ::testing::Test {
     void cut() {
         act_ = "cut";
         clip.clear();
-        const bool known = cellsAlone();
+        const bool known = cellsAlone() && selected().rows() + selected().cols() > 2;
         if (known) clip = table.copy(selected());
         run(Command::Cut, table.clear(selected()));
         if (!known || reports.empty()) clip.clear();
@@ -297,7 +300,7 @@ class BlockTwin : public ::testing::Test {
         (this->*Acts[roll(0, static_cast<int>(std::size(Acts)) - 1)])();
         compare();
         if (act_ == "undo" || act_ == "redo") return;
-        EXPECT_LE(steps, 1);
+        EXPECT_LE(steps, act_ == "type" ? 2 : 1) << "a key on the last row adds one before";
         EXPECT_GE(steps, table != before ? 1 : 0);
         if (steps == 0) return;
         done.push_back(before);

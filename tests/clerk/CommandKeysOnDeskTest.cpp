@@ -338,16 +338,27 @@ TEST_F(Toolbar, FollowsMarksOfTheHost) {
     EXPECT_FALSE(shown[Command::NextProblem].first);
 }
 
-TEST_F(Toolbar, FollowsHiddenColumnsRowsAndOtherNumbersOfThem) {
+TEST_F(Toolbar, FollowsColumnsThatTheHostHides) {
     grid.ColHidden(1, true);
-    expectUpToDate("a hidden column");
+    EXPECT_FALSE(shown[Command::FillRight].first);
     grid.ColHidden(1, false);
-    expectUpToDate("a shown column");
+    EXPECT_TRUE(shown[Command::FillRight].first);
+}
+
+TEST_F(Toolbar, FollowsRowsThatTheHostHides) {
     grid.Grid().RowHidden(1, true);
-    expectUpToDate("a hidden row");
-    grid.Grid().Select(5, 2);
+    EXPECT_FALSE(shown[Command::FillDown].first);
+    EXPECT_FALSE(shown[Command::MoveRowUp].first);
+}
+
+TEST_F(Toolbar, FollowsTheNumberOfRows) {
+    at(5, 2);
+    EXPECT_FALSE(shown[Command::MoveRowDown].first);
     grid.Rows(9);
-    expectUpToDate("more rows");
+    EXPECT_TRUE(shown[Command::MoveRowDown].first);
+}
+
+TEST_F(Toolbar, FollowsTheNumberOfColumns) {
     grid.Cols(0);
     expectUpToDate("no columns");
     grid.Cols(6);

@@ -171,6 +171,13 @@ const std::vector<Situation>& situations() {
          },
          AtFirst,
          {Help}},
+        {"a problem in a hidden column",
+         [](auto&, kxGrid& grid) {
+             grid.Mark(4, 4, CellMark{CellMark::Kind::Problem, "p"});
+             grid.ColHidden(4, true);
+         },
+         AtFirst,
+         {Help}},
         {"a warning",
          [](auto&, kxGrid& grid) {
              grid.Mark(4, 4, CellMark{CellMark::Kind::Warning, "w"});
@@ -187,7 +194,7 @@ class CommandInASituation : public BlockTest,
     CommandInASituation() {
         grid.Grid().NumberRows();  // as row commands do
         for (int row = 1; row <= 3; ++row)
-            for (int col = 1; col < 6; ++col) fill(row, col, std::to_string(10 * row + col));
+            for (int col = 1; col < 6; ++col) fill(row, col, col == 1 ? "1" : std::to_string(10 * row + col));
         grid.AfterAddRow.connect([](bool& keep, auto...) { keep = true; });
         grid.DeleteVsRow.connect([](std::int32_t, bool& consent) { consent = true; });
         consentToRows();
@@ -196,7 +203,7 @@ class CommandInASituation : public BlockTest,
         grid.ReDraw(true);
         desk.focusGrid();
         desk.clear();
-        desk.clipboard("p");
+        desk.clipboard("1");
         log.clear();
     }
     const Situation& situation() const { return situations()[std::get<0>(GetParam())]; }
@@ -216,19 +223,20 @@ TEST_P(CommandInASituation, DoesNothingAtAllWhenItCannotBeDone) {
     const CellRange selected = grid.Grid().Selected();
     desk.onPopup([&](headless::PoppedMenu&) { ADD_FAILURE() << named(); });
     EXPECT_FALSE(run(command())) << named();
-    EXPECT_EQ(wholeOf(grid), before) << named();
+    EXPECT_EQ(differences(wholeOf(grid), before), Lines()) << named();
     EXPECT_EQ(heard(), Lines()) << named();
     EXPECT_EQ(desk.focusOwner(), FocusPlace::Grid);
     EXPECT_FALSE(open());
     EXPECT_TRUE(desk.messages().empty());
     EXPECT_TRUE(desk.inputBoxes().empty());
     EXPECT_TRUE(reports.empty());
-    EXPECT_EQ(desk.clipboard(), "p");
+    EXPECT_EQ(desk.clipboard(), "1");
     EXPECT_EQ(grid.Grid().Selected(), selected);
 }
 
 TEST_P(CommandInASituation, KeepsTheKeyboardAndCanBeUndoneByOneUndo) {
     if (!grid.CanRun(command()) || has({Help, Menu, GoToRow, Undo, Redo}, command())) return;
+    if (has(situation().unsaid, command())) return;
     const auto texts = [this] {
         Lines lines = wholeOf(grid);
         lines.pop_back();  // where the clerk is, what can be undone
@@ -241,15 +249,14 @@ TEST_P(CommandInASituation, KeepsTheKeyboardAndCanBeUndoneByOneUndo) {
     EXPECT_TRUE(desk.messages().empty()) << named();
     if (texts() == before) return;
     EXPECT_TRUE(grid.Run(Undo));
-    EXPECT_EQ(texts(), before) << named();
+    EXPECT_EQ(differences(texts(), before), Lines()) << named();
 }
 
 TEST_P(CommandInASituation, OutlivesAHostThatEndsTheControl) {
     if (!grid.CanRun(command())) return;
     kxGrid* const ended = &grid;
     grid.CellChanged.connect([this, ended](auto...) { desk.remove(*ended); });
-    const auto control = grid.input();
-    desk.run(command());
+    grid.Run(command());
     SUCCEED();
 }
 
@@ -265,9 +272,12 @@ INSTANTIATE_TEST_SUITE_P(All, CommandInASituation,
                          ::testing::Combine(::testing::ValuesIn(numbersOfSituations()),
                                             ::testing::ValuesIn(everyCommand())));
 
-/// Commands that an open editor's text box keeps for itself.
+/// Commands that an open editor's text box keeps for itself, and those that it has first.
 bool ofTheTextBox(Command command) {
     return has({Copy, Cut, Paste, SelectAll}, command);
+}
+bool ofTheTextFirst(Command command) {
+    return ofTheTextBox(command) || has({Undo, Redo}, command);
 }
 
 class CommandOverAnOpenEditor : public BlockTest, public ::testing::WithParamInterface<Command> {
@@ -284,19 +294,20 @@ class CommandOverAnOpenEditor : public BlockTest, public ::testing::WithParamInt
 };
 
 TEST_P(CommandOverAnOpenEditor, CommitsWhatIsBeingTypedFirst) {
-    if (ofTheTextBox(GetParam())) return;
+    if (ofTheTextFirst(GetParam())) return;
     desk.type("x");
     log.clear();
     run(GetParam());
-    const Lines events = heard();
-    EXPECT_EQ(testing::named(events, "AfterEdit"), edited(2, 2)) << named();
+    const Lines edits = testing::named(heard(), "AfterEdit");
+    ASSERT_FALSE(edits.empty()) << named();
+    EXPECT_EQ(edits.front(), edited(2, 2).front()) << named();
     if (GetParam() != Help) {
         EXPECT_FALSE(open()) << named();
     }
 }
 
 TEST_P(CommandOverAnOpenEditor, LeavesARefusedTextAndTheKeyboardAlone) {
-    if (ofTheTextBox(GetParam())) return;
+    if (ofTheTextFirst(GetParam())) return;
     takesCodes(2);
     desk.type("x");
     const Lines before = wholeOf(grid);
@@ -307,10 +318,10 @@ TEST_P(CommandOverAnOpenEditor, LeavesARefusedTextAndTheKeyboardAlone) {
     EXPECT_EQ(desk.editor().text, "x") << named();
     EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor) << named();
     EXPECT_EQ(desk.messages().size(), 1U) << named();
-    EXPECT_EQ(wholeOf(grid), before) << named();
+    EXPECT_EQ(differences(wholeOf(grid), before), Lines()) << named();
     EXPECT_FALSE(run(GetParam())) << named();
     EXPECT_TRUE(open()) << named();
-    EXPECT_EQ(wholeOf(grid), before) << named();
+    EXPECT_EQ(differences(wholeOf(grid), before), Lines()) << named();
     EXPECT_TRUE(reports.empty()) << named();
 }
 
@@ -322,7 +333,7 @@ TEST_P(CommandOverAnOpenEditor, IsTheTextBoxesWhereItHasOne) {
     const CellRange selected = grid.Grid().Selected();
     run(GetParam());
     EXPECT_TRUE(open()) << named();
-    EXPECT_EQ(wholeOf(grid), before) << named();
+    EXPECT_EQ(differences(wholeOf(grid), before), Lines()) << named();
     EXPECT_EQ(grid.Grid().Selected(), selected) << named();
     EXPECT_TRUE(reports.empty()) << named();
     EXPECT_EQ(desk.editor().text, GetParam() == Cut ? "" : GetParam() == Paste ? "new" : "abc") << named();

@@ -1,4 +1,5 @@
 // What a selection gives to the clipboard.
+#include <optional>
 #include <string>
 
 #include "clerk/BlockTest.h"
@@ -72,11 +73,53 @@ TEST_F(BlockCopier, LeavesHiddenRowsAndColumnsOut) {
     EXPECT_EQ(copied(), "t11\tt13\nt31\tt33");
 }
 
-TEST_F(BlockCopier, LeavesRowsAndColumnsWithoutExtentOutAsHiddenOnes) {
+TEST_F(BlockCopier, LeavesRowsWithoutHeightOutAsHiddenOnes) {
     grid.Grid().RowHeight(2, 0);
-    grid.ColWidth(2, 0);
     choose(1, 1, 3, 3);
-    EXPECT_EQ(copied(), "t11\tt13\nt31\tt33");
+    EXPECT_EQ(copied(), "t11\tt12\tt13\nt31\tt32\tt33");
+}
+
+TEST_F(BlockCopier, LeavesColumnsWithoutWidthOutAsHiddenOnes) {
+    grid.ColWidth(2, 0);
+    choose(1, 1, 2, 3);
+    EXPECT_EQ(copied(), "t11\tt13\nt21\tt23");
+}
+
+TEST_F(BlockCopier, GetsTheFilledRowsOfEverythingInAGridOfAHundredMillion) {
+    rows(CellGrid::MaxRows);
+    grid.Grid().SelectAll();
+    EXPECT_EQ(copied(), "t11\tt12\tt13\tt14\tt15\nt21\tt22\tt23\tt24\tt25\nt31\tt32\tt33\tt34\tt35");
+    grid.Grid().SelectAll();
+    EXPECT_TRUE(run(Command::ClearCells));
+    expectEmpty(1);
+    EXPECT_EQ(report().written, 15);
+}
+
+TEST_F(BlockCopier, KeepsNumbersAsTheyAreStoredInTheirOwnColumnAlone) {
+    column(2).iType(flexDTDouble);
+    column(3).iType(flexDTDouble);
+    grid.ColFormat(2, "0.0");
+    fill(1, 2, "1.234");
+    choose(1, 1, 1, 2);
+    copied();
+    at(4, 1);
+    run(Command::Paste);
+    EXPECT_EQ(text(4, 2), "1.234");
+    at(5, 2);
+    run(Command::Paste);
+    EXPECT_EQ(text(5, 3), "1.2") << "what can be seen, in another one";
+}
+
+TEST_F(BlockCopier, MovesCellsWithTheirTagsByCuttingAndPasting) {
+    takesCodes(1);
+    knowCodes([](const std::string&) { return std::optional<std::string>("name"); });
+    choose(1, 1, 2, 2);
+    EXPECT_TRUE(run(Command::Cut));
+    at(4, 1);
+    EXPECT_TRUE(run(Command::Paste));
+    EXPECT_EQ(texts(4, 1, 5, 2), "t11|t12/t21|t22");
+    EXPECT_EQ(tags(4, 1, 5, 2), "d11|d12/d21|d22");
+    EXPECT_EQ(texts(1, 1, 2, 2), "|/|");
 }
 
 TEST_F(BlockCopier, HasNothingToGetOfHiddenCellsAlone) {

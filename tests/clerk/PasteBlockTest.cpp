@@ -1,5 +1,6 @@
 // Where the cells of a pasted block go, and what becomes of what lies beyond the grid.
 #include <string>
+#include <utility>
 
 #include "clerk/BlockTest.h"
 
@@ -339,6 +340,86 @@ TEST_F(BlockPaster, TakesNewerTextOfAnotherProgramRatherThanItsOwnOldForm) {
     paste("new\ttext");
     EXPECT_EQ(texts(4, 1, 4, 2), "new|text");
     EXPECT_EQ(tags(4, 1, 4, 2), "|");
+}
+
+TEST_F(BlockPaster, EmptiesCellsByAnEmptyOneThatWasCopied) {
+    at(5, 1);
+    EXPECT_TRUE(run(Command::Copy));
+    at(1, 1);
+    EXPECT_TRUE(run(Command::Paste));
+    EXPECT_EQ(text(1, 1), "");
+    EXPECT_EQ(tag(1, 1), "");
+    choose(2, 1, 3, 1);
+    EXPECT_TRUE(run(Command::Paste));
+    EXPECT_EQ(texts(2, 1, 3, 2), "|t22/|t32");
+}
+
+TEST_F(BlockPaster, FollowsItsRowsWhenTheHostAddsOrRemovesOthers) {
+    bool done = false;
+    grid.AfterEdit.connect([&](auto, auto) {
+        if (!std::exchange(done, true)) grid.Grid().InsertRow(1);
+    });
+    at(2, 1);
+    paste("a\tb\nc\td");
+    EXPECT_EQ(texts(1, 1, 4, 2), "|/t11|t12/a|b/c|d");
+    expectCounts(4, 0, 0, 0);
+    done = false;
+    grid.AfterEdit.disconnectAll();
+    grid.AfterEdit.connect([&](auto, auto) {
+        if (!std::exchange(done, true)) grid.Grid().RemoveRow(1);
+    });
+    at(3, 1);
+    paste("e\tf\ng\th");
+    EXPECT_EQ(texts(1, 1, 4, 2), "t11|t12/e|f/g|h/|");
+    expectCounts(4, 0, 0, 0);
+    EXPECT_FALSE(report().cutShort);
+}
+
+TEST_F(BlockPaster, SettlesOnceAndSaysWhatItWas) {
+    int settled = 0;
+    grid.Changes().AddSettler([&](const StepChanges& changes) {
+        ++settled;
+        EXPECT_EQ(changes.rows.size(), 2U);
+        EXPECT_EQ(changes.cols.size(), 3U);
+        EXPECT_EQ(changes.cause, Cause::Paste);
+        EXPECT_NE(changes.name, "");
+    });
+    paste("a\tb\tc\nd\te\tf");
+    EXPECT_EQ(settled, 1);
+    EXPECT_NE(grid.History().UndoName().find("粘贴"), std::string::npos);
+}
+
+TEST_F(BlockPaster, LeavesTheKeyboardWhereItIs) {
+    desk.focusElsewhere();
+    EXPECT_TRUE(paste("a\tb\nc\td"));
+    EXPECT_EQ(texts(1, 1, 2, 2), "a|b/c|d");
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Elsewhere);
+}
+
+TEST_F(BlockPaster, WaitsForAnInputMethod) {
+    desk.clipboard("new");
+    desk.compose("ni");
+    desk.press('V', CtrlKey);
+    EXPECT_EQ(text(1, 1), "t11");
+    desk.commitComposition("");
+    desk.press(Key::Escape);
+    EXPECT_EQ(text(1, 1), "t11");
+}
+
+TEST_F(BlockPaster, SkipsColumnsWithoutWidthAsHiddenOnes) {
+    grid.ColWidth(2, 0);
+    paste("a\tb");
+    EXPECT_EQ(texts(1, 1, 1, 3), "a|t12|b");
+}
+
+TEST_F(BlockPaster, CannotGoBeyondAHiddenLastRow) {
+    consentToRows();
+    grid.Grid().RowHidden(5, true);
+    at(4, 1);
+    paste("a\nb");
+    EXPECT_EQ(text(4, 1), "a");
+    EXPECT_EQ(text(5, 1), "");
+    EXPECT_EQ(report().written + report().refused, 2);
 }
 
 TEST_F(BlockPaster, IsIntoAFixedCellNothing) {

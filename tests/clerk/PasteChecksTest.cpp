@@ -1,4 +1,5 @@
 // What a pasted text has to pass before it stands in a cell, and what a refused one leaves.
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -215,6 +216,27 @@ TEST_F(CheckedPaster, EmptiesTheTagWithTheText) {
     EXPECT_EQ(texts(2, 3, 3, 4), "|/|x");
     EXPECT_EQ(tags(2, 3, 3, 4), "|/|d34");
     expectCounts(4, 0, 0, 0);
+}
+
+TEST_F(CheckedPaster, EmptiesTheTagOfACodeToo) {
+    takesCodes(1);
+    knowCodes([](const std::string& code) { return std::optional("name of " + code); });
+    content(2);
+    content(3);
+    at(2, 1);
+    paste("\n\nA1");
+    EXPECT_EQ(texts(2, 1, 4, 1), "//A1");
+    EXPECT_EQ(tags(2, 1, 4, 1), "//name of A1");
+}
+
+TEST_F(CheckedPaster, EmptiesTheTagOfAClearedCodeToo) {
+    takesCodes(1);
+    knowCodes([](const std::string& code) { return std::optional("name of " + code); });
+    content(2);
+    at(2, 1);
+    run(Command::ClearCells);
+    EXPECT_EQ(text(2, 1), "");
+    EXPECT_EQ(tag(2, 1), "");
 }
 
 TEST_F(CheckedPaster, KeepsItsZeros) {

@@ -158,8 +158,8 @@ class PlainTable {
         if (next == now || next.text == now.text) return next;
         if (breaksRule(col, next.text)) return std::nullopt;
         if (col == Coded) {
-            if (!next.text.empty() && next.text[0] != 'A') return std::nullopt;
-            next.tag = next.text.empty() ? "" : "name of " + next.text;
+            if (!given.starts_with("A")) return std::nullopt;  // the host is asked for the text as it came
+            next.tag = "name of " + next.text;
         }
         return next;
     }

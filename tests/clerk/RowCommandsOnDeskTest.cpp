@@ -110,15 +110,29 @@ TEST_F(ClerkAmongRows, MovesTheRowsThatAreSelectedWhole) {
     grid.Grid().SelectRows(2, 3);
     EXPECT_TRUE(run(Command::MoveRowDown));
     expectRows({1, 4, 2, 3, 5});
+    grid.Grid().SelectRows(3, 4);
     EXPECT_TRUE(run(Command::MoveRowUp));
     expectRows({1, 2, 3, 4, 5});
+}
+
+TEST_F(ClerkAmongRows, MovesTheSameRowsAgainByTheSameKey) {
+    at(2, 2);
+    grid.Grid().SelectRows(2, 3);
+    desk.press(Key::Down, AltKey);
+    EXPECT_EQ(grid.Grid().Selected(), (CellRange{3, 1, 4, 5}));
+    EXPECT_EQ(grid.Grid().SelectedAs(), SelectionKind::Rows);
+    desk.press(Key::Down, AltKey);
+    expectRows({1, 4, 5, 2, 3, 6});
 }
 
 TEST_F(ClerkAmongRows, MovesItsRowPastHiddenOnesToo) {
     grid.Grid().RowHidden(3, true);
     EXPECT_TRUE(run(Command::MoveRowDown));
-    expectContent(4, 2);
-    EXPECT_EQ(current(), (Cell{4, 2}));
+    std::string shown;
+    for (int row = 1; row <= 6; ++row)
+        if (!grid.Grid().RowHidden(row)) shown += text(row, 1) + ' ';
+    EXPECT_EQ(shown, "t11 t41 t21 t51 t61 ");
+    EXPECT_EQ(text(current().row, 1), "t21");
 }
 
 TEST_F(ClerkAmongRows, TakesIdsLooksAndMarksAlongWithAMovedRow) {
