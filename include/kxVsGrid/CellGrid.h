@@ -88,14 +88,15 @@ class CellGrid {
     /// Removes one row. Removing the current row keeps the index, or takes the new last row; no events.
     void RemoveRow(std::int32_t position);
 
-    /// Data rows [first, first + from.size()) change places; `from[i]` is the row, by its old place, that stands at
-    /// first + i then. All that belongs to a row goes along: texts, data, looks, height, hidden and merging state,
-    /// id. The current cell follows its row, without events; TopRow stays. Nothing happens where no row goes
-    /// elsewhere. GridError when `from` does not name each of these rows once. When memory fails nothing has
-    /// changed. Takes a time that grows with the number of rows between the first and the last that change places.
+    /// Data rows [first, first + from.size()) change places; `from[i]` is the row, by its old place, that
+    /// stands at first + i then. All that belongs to a row goes along: texts, data, looks, height, hidden and
+    /// merging state, id. The current cell follows its row, without events; TopRow stays. Nothing happens
+    /// where no row goes elsewhere. GridError when `from` does not name each of these rows once. When memory
+    /// fails nothing has changed. Takes a time that grows with the number of rows between the first and the
+    /// last that change places.
     void Reorder(std::int32_t first, std::span<const std::int32_t> from);
-    /// The same for the data rows [first, first + count), which stand from `to` on then. GridError when they would
-    /// not be data rows there.
+    /// The same for the data rows [first, first + count), which stand from `to` on then. GridError when they
+    /// would not be data rows there.
     void MoveRows(std::int32_t first, std::int32_t count, std::int32_t to);
 
     // --- Who the rows are, wherever they go
@@ -388,6 +389,8 @@ class CellGrid {
     void mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y,
                    bool leadsThere = true);
     void mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
+    /// The last move of the mouse has scrolled; told again, it scrolls on. So a window repeats it.
+    bool DragScrolls() const;
     void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     /// The second press of a double click. Only the left button's raises DblClick, and not on a column's
     /// edge, which is dragged.
@@ -471,8 +474,8 @@ class CellGrid {
     Event<> MarksChanged;
     /// A row was inserted (true) or removed at a position; the engine's state is already the new one.
     Event<std::int32_t, bool> RowMoved;
-    /// Rows from a position on have changed places (Reorder); which one, by its old place, stands at each of them now.
-    /// The engine's state is already the new one.
+    /// Rows from a position on have changed places (Reorder); which one, by its old place, stands at each of
+    /// them now. The engine's state is already the new one.
     Event<std::int32_t, std::span<const std::int32_t>> RowsReordered;
 
   private:

@@ -127,8 +127,8 @@ struct CellGrid::Impl {
 
     // --- The current cell (GridMoves.cpp).
     bool move(std::int32_t newRow, std::int32_t newCol);
-    /// The current cell and the moves under way follow rows that were inserted or removed, or that have changed
-    /// places.
+    /// The current cell and the moves under way follow rows that were inserted or removed, or that have
+    /// changed places.
     void rowsInserted(std::int32_t position, std::int32_t n);
     void rowRemoved(std::int32_t position);
     void rowsReordered(std::int32_t first, std::span<const std::int32_t> from);
@@ -177,6 +177,7 @@ struct CellGrid::Impl {
     struct Place {
         std::int32_t row;
         std::int32_t col;
+        friend bool operator==(const Place&, const Place&) = default;
     };
     bool navigate(Key key, std::int16_t shift);
     bool moveByUser(std::int32_t newRow, std::int32_t newCol);
@@ -187,6 +188,13 @@ struct CellGrid::Impl {
     bool extends(std::int16_t shift) const;
     bool extendByUser(Place corner);
     void pressed(std::int16_t shift, std::int32_t x, std::int32_t y);
+    /// What lies under a point, or is the next to be reached there; and whether that lies beside the cells.
+    struct Pointed {
+        Place place;
+        bool besideRows;
+        bool besideCols;
+    };
+    Pointed pointed(std::int32_t x, std::int32_t y) const;
     void pressedCell(std::int16_t shift, Place place);
     void pressedHeader(std::int16_t shift, Place place);
     void dragged(std::int32_t x);
@@ -230,7 +238,13 @@ struct CellGrid::Impl {
 
     bool pressInside = false;
     Drag drag;
-    std::optional<SelectionKind> selecting;  ///< what the button that is down takes
+    /// The button that is down takes cells of a kind, and has come to a place.
+    struct Selecting {
+        SelectionKind kind;
+        Place at;
+        bool scrolls = false;
+    };
+    std::optional<Selecting> selecting;
 
     // Rows in view, found once for many writes; void while rowsKnown is false.
     bool rowsKnown = false;

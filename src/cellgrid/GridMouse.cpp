@@ -20,6 +20,7 @@ void CellGrid::Impl::pressed(std::int16_t shift, std::int32_t x, std::int32_t y)
         pressedCell(shift, {hit.row, hit.col});
     else if (hit.part == GridHit::Part::FixedCell)
         pressedHeader(shift, {hit.row, hit.col});
+    if (selecting) selecting->at = pointed(x, y).place;
 }
 
 void CellGrid::Impl::dragged(std::int32_t x) {

@@ -105,5 +105,11 @@ void CellGrid::Impl::rowsReordered(std::int32_t first, std::span<const std::int3
         follow(m->oldRow);
         follow(m->newRow);
     }
+    if (!selection.any || !selection.hasRowEnds()) return;
+    // a block that went somewhere else as it is stays selected; of scattered rows nothing would be told
+    const std::int32_t rows = selection.rows.high() - selection.rows.low();
+    follow(selection.rows.anchor);
+    follow(selection.rows.corner);
+    if (selection.rows.high() - selection.rows.low() != rows) selection = {};
 }
 }  // namespace kxVsGrid

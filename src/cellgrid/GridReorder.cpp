@@ -1,4 +1,4 @@
-// Rows change places: whatever belongs to a row goes along, and all of it is prepared before the first is changed.
+// Rows change places: whatever belongs to a row goes along. All is prepared before the first is changed.
 #include <algorithm>
 #include <numeric>
 #include <vector>
@@ -41,7 +41,7 @@ void CellGrid::Impl::reorder(std::int32_t first, std::span<const std::int32_t> f
     requireOrder(first, from);
     from = changing(first, from);
     if (from.empty()) return;
-    // The watcher is not told: nothing is added up in the old order first, as all of it is to be added up anew.
+    // The watcher is not told: who adds up hears of RowsReordered, and adds up anew.
     mayWrite();
     listeners.tellFilled();
     auto cells = store.prepareReorder(first, from);

@@ -151,6 +151,10 @@ void CellGrid::Unselect() {
     held()->select({});
 }
 
+bool CellGrid::DragScrolls() const {
+    return impl_->selecting && impl_->selecting->scrolls;
+}
+
 // --- By the user.
 
 /// A selection cannot begin in the fixed area: from there Shift moves.
@@ -172,13 +176,14 @@ void CellGrid::Impl::pressedCell(std::int16_t shift, Place place) {
     if (extends(shift)) {
         const Selection from =
             Selection::ofCells({rowEnds().anchor, place.row}, {colEnds().anchor, place.col});
-        selecting = SelectionKind::Cells;
+        selecting = Selecting{SelectionKind::Cells, place};
         select(from);
         return bringIntoView(rowEnds().corner, colEnds().corner, true, true);
     }
     moveByUser(place.row, place.col);
     if (!there || !selectsRanges || selectsRows) return;
-    if (currentRow == place.row && currentCol == place.col) selecting = SelectionKind::Cells;
+    if (currentRow == place.row && currentCol == place.col)
+        selecting = Selecting{SelectionKind::Cells, place};
 }
 
 void CellGrid::Impl::pressedHeader(std::int16_t shift, Place place) {
@@ -189,10 +194,10 @@ void CellGrid::Impl::pressedHeader(std::int16_t shift, Place place) {
     if (ofRows && ofCols) {
         select(Selection::ofAll());
     } else if (ofCols) {
-        selecting = SelectionKind::Columns;
+        selecting = Selecting{SelectionKind::Columns, place};
         select(Selection::ofCols({going ? colEnds().anchor : place.col, place.col}));
     } else {
-        selecting = SelectionKind::Rows;
+        selecting = Selecting{SelectionKind::Rows, place};
         select(Selection::ofRows({going ? rowEnds().anchor : place.row, place.row}));
     }
 }
@@ -223,15 +228,27 @@ Reached reached(const cellgrid::Lane& lane, std::int32_t point, std::int32_t end
 }
 }  // namespace
 
-void CellGrid::Impl::draggedOver(std::int32_t x, std::int32_t y) {
-    const bool cells = *selecting == SelectionKind::Cells;
-    if (!cells && (!selection.any || selection.kind != *selecting)) return selecting.reset();
+CellGrid::Impl::Pointed CellGrid::Impl::pointed(std::int32_t x, std::int32_t y) const {
     const Reached down = reached(layout.rows, y, layout.clientHeight() - layout.bottomStrip);
     const Reached across = reached(layout.cols, x, layout.clientWidth());
-    if (down.index < layout.rows.fixed || across.index < layout.cols.fixed) return;
-    const bool alongRows = down.beside && *selecting != SelectionKind::Columns;
-    const bool alongCols = across.beside && *selecting != SelectionKind::Rows;
-    select(selectionTo(down.index, across.index));
+    return {{down.index, across.index}, down.beside, across.beside};
+}
+
+/// A pointer that rests extends nothing, also where the view has moved under it with the press.
+void CellGrid::Impl::draggedOver(std::int32_t x, std::int32_t y) {
+    const SelectionKind kind = selecting->kind;
+    if (kind != SelectionKind::Cells && (!selection.any || selection.kind != kind)) return selecting.reset();
+    const Pointed now = pointed(x, y);
+    if (now.place.row < layout.rows.fixed || now.place.col < layout.cols.fixed) return;
+    const bool alongRows = now.besideRows && kind != SelectionKind::Columns;
+    const bool alongCols = now.besideCols && kind != SelectionKind::Rows;
+    selecting->scrolls = false;
+    if (now.place == selecting->at && !alongRows && !alongCols) return;
+    selecting->at = now.place;
+    const std::int32_t oldTop = layout.rows.first;
+    const std::int32_t oldLeft = layout.cols.first;
+    select(selectionTo(now.place.row, now.place.col));
     if (alongRows || alongCols) bringIntoView(rowEnds().corner, colEnds().corner, alongRows, alongCols);
+    if (selecting) selecting->scrolls = layout.rows.first != oldTop || layout.cols.first != oldLeft;
 }
 }  // namespace kxVsGrid

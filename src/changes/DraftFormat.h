@@ -15,8 +15,8 @@
 //         A step; of no name: outside of steps.
 //
 // Changes: w row col text; g row col tag; a at count (rows were added); r at count (removed); c first last
-// (texts and tags emptied); o first n {row count}... (from `first` on stand n stretches of rows, by their old places,
-// which together are those that stood there).
+// (texts and tags emptied); o first n {row count}... (from `first` on stand n stretches of rows, by their old
+// places, which together are those that stood there).
 #pragma once
 
 #include <cstdint>

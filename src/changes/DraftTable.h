@@ -58,9 +58,9 @@ class DraftTable {
     void reorder(std::int32_t first, const std::vector<DraftStretch>& order);
     void clear(std::int32_t first, std::int32_t last);
 
-    /// Makes the grid like this, raising no CellChanged. `document`: it holds what the draft began with; the same
-    /// rows are added, removed and moved then, so that those that stay are the same ones. Rows that are not known keep
-    /// what they hold but for what was written to them.
+    /// Makes the grid like this, raising no CellChanged. `document`: it holds what the draft began with; the
+    /// same rows are added, removed and moved then, so that those that stay are the same ones. Rows that are
+    /// not known keep what they hold but for what was written to them.
     void putInto(CellGrid& grid, const DraftRows& rows, bool document) const;
 
   private:

@@ -169,7 +169,8 @@ void DraftWriter::removing(std::int32_t at, std::int32_t count) noexcept {
     noteRows("\tr", at, count);
 }
 
-/// Of rows that were sorted again and again, where those of the document stand would take more than all they hold.
+/// Of rows that were sorted again and again, where those of the document stand would take more than all they
+/// hold.
 void DraftWriter::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
     given_.reordered(first, from.size());
     noteRowChange(first, [&](std::string& fields) {

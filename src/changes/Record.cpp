@@ -49,6 +49,68 @@ std::vector<KeptCell> keepStyles(const CellGrid& grid, std::int32_t row) {
     return cells;
 }
 
+/// Those that are not named stand between the ones that moved and the neighbour that they had.
+void addPlaces(const CellGrid& grid, const ReorderedRows& moved, std::unordered_set<RowId>& ids,
+               std::vector<std::int32_t>& rows) {
+    ids.insert(moved.ids.begin(), moved.ids.end());
+    const std::int32_t inner = grid.RowOf(moved.inner);
+    if (inner < 0) return;
+    std::int32_t least = inner;
+    std::int32_t most = inner;
+    for (const RowId id : moved.ids)
+        if (const std::int32_t row = grid.RowOf(id); row >= 0) {
+            least = std::min(least, row);
+            most = std::max(most, row);
+        }
+    for (std::int32_t row = least; row <= most; ++row) rows.push_back(row);
+}
+
+/// Rows of a new order that stood one below the other in the old one, too.
+struct Stretch {
+    std::size_t at = 0;
+    std::size_t count = 0;
+};
+
+Stretch longestOf(std::span<const std::int32_t> from) {
+    Stretch longest;
+    for (std::size_t at = 0; at < from.size();) {
+        std::size_t end = at + 1;
+        while (end < from.size() && from[end] == from[end - 1] + 1) ++end;
+        if (end - at > longest.count) longest = {at, end - at};
+        at = end;
+    }
+    return longest;
+}
+
+/// To name all others takes but little of what it takes to name all.
+bool standsOut(const Stretch& stays, std::size_t rows) {
+    constexpr std::size_t Many = 1024;
+    return rows >= Many && (rows - stays.count) * 8 < rows;
+}
+
+/// The rows that stood above the stretch that stays, and those that stood below it.
+std::vector<ReorderedRows> keepMoved(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from,
+                                     const Stretch& stays) {
+    const auto now = [first](std::size_t i) { return first + static_cast<std::int32_t>(i); };
+    std::vector<std::pair<std::int32_t, RowId>> moved;
+    moved.reserve(from.size() - stays.count);
+    for (std::size_t i = 0; i < from.size(); ++i)
+        if (i < stays.at || i >= stays.at + stays.count) moved.emplace_back(from[i], grid.IdOf(now(i)));
+    std::sort(moved.begin(), moved.end());
+    ReorderedRows above;
+    above.above = true;
+    above.inner = grid.IdOf(now(stays.at));
+    if (first > 0) above.outer = grid.IdOf(first - 1);
+    ReorderedRows below;
+    below.inner = grid.IdOf(now(stays.at + stays.count - 1));
+    if (now(from.size()) < grid.Rows()) below.outer = grid.IdOf(now(from.size()));
+    for (const auto& [old, id] : moved) (old < from[stays.at] ? above : below).ids.push_back(id);
+    std::vector<ReorderedRows> kept;
+    for (ReorderedRows* const one : {&above, &below})
+        if (!one->ids.empty()) kept.push_back(std::move(*one));
+    return kept;
+}
+
 KeptCell& cellOf(KeptRow& row, std::int32_t col) {
     const auto place = std::lower_bound(row.cells.begin(), row.cells.end(), col,
                                         [](const KeptCell& cell, std::int32_t c) { return cell.col < c; });
@@ -83,12 +145,21 @@ RemovedRows keepRows(CellGrid& grid, std::int32_t at, std::int32_t count) {
     return kept;
 }
 
-ReorderedRows keepOrder(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from) {
+std::size_t bytesOfOrder(std::span<const std::int32_t> from) {
+    const Stretch stays = longestOf(from);
+    return (standsOut(stays, from.size()) ? from.size() - stays.count : from.size()) * sizeof(RowId);
+}
+
+std::vector<ReorderedRows> keepOrder(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from) {
+    const Stretch stays = longestOf(from);
+    if (standsOut(stays, from.size())) return keepMoved(grid, first, from, stays);
     ReorderedRows kept;
     kept.ids.resize(from.size());
     for (std::size_t i = 0; i < from.size(); ++i)
         kept.ids[static_cast<std::size_t>(from[i] - first)] = grid.IdOf(first + static_cast<std::int32_t>(i));
-    return kept;
+    std::vector<ReorderedRows> all;
+    all.push_back(std::move(kept));
+    return all;
 }
 
 std::size_t Record::bytes() const {
@@ -170,8 +241,7 @@ void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int
     for (const Record::Entry& entry : record.entries()) {
         if (entry.kind == Record::Entry::Kind::Added)
             ids.insert(record.added(entry).ids.begin(), record.added(entry).ids.end());
-        if (entry.kind == Record::Entry::Kind::Reordered)
-            ids.insert(record.reordered(entry).ids.begin(), record.reordered(entry).ids.end());
+        if (entry.kind == Record::Entry::Kind::Reordered) addPlaces(grid, record.reordered(entry), ids, rows);
         record.forEachWrite(entry, [&](std::int32_t col, CellPart, std::string_view) {
             ids.insert(entry.row);
             written.insert(col);
@@ -181,6 +251,7 @@ void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int
         if (const std::int32_t row = grid.RowOf(id); row >= 0) rows.push_back(row);
     cols.assign(written.begin(), written.end());
     std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     std::sort(cols.begin(), cols.end());
 }
 

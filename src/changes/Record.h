@@ -1,5 +1,5 @@
-// What it takes to take a step back: the texts and tags that it has replaced, the rows that it added, the rows
-// that it removed, and the order of those that changed places. Rows are named by their ids.
+// What it takes to take a step back: the texts and tags that it has replaced, the rows that it added, the
+// rows that it removed, and the order of those that changed places. Rows are named by their ids.
 #pragma once
 
 #include <cstddef>
@@ -45,10 +45,17 @@ struct RemovedRows {
     std::vector<KeptRow> rows;
 };
 
-/// Rows that stood one below the other, as they stood. All of them: of those between the ones that moved, some may
-/// be needed to tell where the others stood when some have gone.
+/// Rows that changed places, as they stood.
 struct ReorderedRows {
+    /// In their order. All of the stretch: of those that stayed some may be needed to tell where the others
+    /// stood, when some have gone.
     std::vector<RowId> ids;
+    /// Where few of a great many rows moved, the others are not named: those that were moved from above them
+    /// stood between `outer`, which was beyond the stretch, and `inner`, the first that stayed; those from
+    /// below alike.
+    RowId inner = RowId::None;
+    RowId outer = RowId::None;
+    bool above = false;
 };
 
 class Record {
@@ -128,9 +135,11 @@ std::size_t bytesOfRows(std::int32_t count);
 /// Rows that are about to go.
 RemovedRows keepRows(CellGrid& grid, std::int32_t at, std::int32_t count);
 /// The order of rows that have changed places just now (ChangeListener::reordered).
-ReorderedRows keepOrder(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from);
-/// The rows that were written to or added or that changed places, and the columns that were written to, as they stand now;
-/// ascending.
+std::vector<ReorderedRows> keepOrder(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from);
+/// What memory that would take, before it is taken.
+std::size_t bytesOfOrder(std::span<const std::int32_t> from);
+/// The rows that were written to or added or that changed places, and the columns that were written to, as
+/// they stand now; ascending.
 void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int32_t>& rows,
                 std::vector<std::int32_t>& cols);
 }  // namespace kxVsGrid::changes

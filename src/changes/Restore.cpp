@@ -52,19 +52,57 @@ void Restore::takeAway(const AddedRows& rows, support::FirstFault& fault) {
     }
 }
 
-/// Those that are there share the places that they have now: rows that nobody recorded stay where they are.
 void Restore::putInOrder(const ReorderedRows& rows, support::FirstFault& fault) {
-    std::vector<std::int32_t> old;
-    old.reserve(rows.ids.size());
+    std::vector<std::int32_t> there;
+    there.reserve(rows.ids.size());
     for (const RowId id : rows.ids)
-        if (const std::int32_t row = grid_.RowOf(id); row >= grid_.FixedRows()) old.push_back(row);
-    if (old.empty()) return;
-    std::vector<std::int32_t> places = old;
+        if (const std::int32_t row = grid_.RowOf(id); row >= grid_.FixedRows()) there.push_back(row);
+    if (there.empty()) return;
+    const std::int32_t place = placeOf(rows);
+    if (place < 0)
+        sharePlaces(there, fault);
+    else
+        putAt(std::max(place, grid_.FixedRows()), there, fault);
+}
+
+/// The row that they stand before, beside a neighbour; -1 where none is named that is there.
+std::int32_t Restore::placeOf(const ReorderedRows& rows) const {
+    const std::int32_t inner = grid_.RowOf(rows.inner);
+    if (inner >= 0) return rows.above ? inner : inner + 1;
+    const std::int32_t outer = grid_.RowOf(rows.outer);
+    if (outer < 0) return -1;
+    return rows.above ? outer + 1 : outer;
+}
+
+/// In this order they stand where they stand now: rows that nobody recorded stay where they are.
+void Restore::sharePlaces(const std::vector<std::int32_t>& there, support::FirstFault& fault) {
+    std::vector<std::int32_t> places = there;
     std::sort(places.begin(), places.end());
     const std::int32_t first = places.front();
     std::vector<std::int32_t> from(static_cast<std::size_t>(places.back() - first) + 1);
     std::iota(from.begin(), from.end(), first);
-    for (std::size_t i = 0; i < old.size(); ++i) from[static_cast<std::size_t>(places[i] - first)] = old[i];
+    for (std::size_t i = 0; i < there.size(); ++i)
+        from[static_cast<std::size_t>(places[i] - first)] = there[i];
+    fault.during([&] { grid_.Reorder(first, from); });
+}
+
+/// In this order they come together, before the row at `place`.
+void Restore::putAt(std::int32_t place, const std::vector<std::int32_t>& there, support::FirstFault& fault) {
+    std::vector<std::int32_t> sorted = there;
+    std::sort(sorted.begin(), sorted.end());
+    const std::int32_t first = std::min(place, sorted.front());
+    const std::int32_t stop = std::max(place, sorted.back() + 1);
+    std::vector<std::int32_t> from;
+    from.reserve(static_cast<std::size_t>(stop - first));
+    auto moved = sorted.begin();
+    for (std::int32_t row = first; row < stop; ++row) {
+        if (row == place) from.insert(from.end(), there.begin(), there.end());
+        if (moved != sorted.end() && *moved == row)
+            ++moved;
+        else
+            from.push_back(row);
+    }
+    if (place == stop) from.insert(from.end(), there.begin(), there.end());
     fault.during([&] { grid_.Reorder(first, from); });
 }
 

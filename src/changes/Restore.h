@@ -1,8 +1,9 @@
 // Puts a grid back to what it was before a record was made.
 //
 // From the last change to the first: rows that were added go, rows that were removed come back where their
-// neighbours stand now, rows that changed places take their old order again. Then each cell gets the first of the texts that the record has of it, once, and once
-// more where handlers hear of it, which may have written another one meanwhile.
+// neighbours stand now, rows that changed places take their old order again. Then each cell gets the first of
+// the texts that the record has of it, once, and once more where handlers hear of it, which may have written
+// another one meanwhile.
 #pragma once
 
 #include <cstdint>
@@ -26,8 +27,8 @@ class Restore {
     void run(support::FirstFault& fault);
     /// Whether it has written this text or tag.
     bool restores(RowId row, std::int32_t col, CellPart part) const;
-    /// Where the eye should go: the cell that was written first, or the first row that came back, or one that took
-    /// its old place, the current one before others. Column -1: any one.
+    /// Where the eye should go: the cell that was written first, or the first row that came back, or one that
+    /// took its old place, the current one before others. Column -1: any one.
     std::optional<std::pair<std::int32_t, std::int32_t>> place() const;
 
   private:
@@ -47,6 +48,9 @@ class Restore {
     void takeAway(const AddedRows& rows, support::FirstFault& fault);
     void bringBack(const RemovedRows& removed, support::FirstFault& fault);
     void putInOrder(const ReorderedRows& rows, support::FirstFault& fault);
+    void sharePlaces(const std::vector<std::int32_t>& there, support::FirstFault& fault);
+    void putAt(std::int32_t place, const std::vector<std::int32_t>& there, support::FirstFault& fault);
+    std::int32_t placeOf(const ReorderedRows& rows) const;
     std::int32_t placeOf(const RemovedRows& removed) const;
     void bringRowBack(const KeptRow& kept, std::int32_t position, support::FirstFault& fault);
     void dress(std::int32_t row, const KeptCell& cell);

@@ -93,8 +93,9 @@ void Steps::removing(std::int32_t at, std::int32_t count) noexcept {
 
 void Steps::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
     knownRow_ = -1;
-    record(from.size() * sizeof(RowId),
-           [&](Record& record) { record.reorder(keepOrder(grid_, first, from)); });
+    record(bytesOfOrder(from), [&](Record& record) {
+        for (ReorderedRows& rows : keepOrder(grid_, first, from)) record.reorder(std::move(rows));
+    });
 }
 
 /// Rows without contents are no change.

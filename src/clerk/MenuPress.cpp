@@ -1,4 +1,5 @@
 // What opens a menu: a press in the grid, which goes to what was pressed first, or a key.
+#include "clerk/KeptSelection.h"
 #include "clerk/Menus.h"
 #include "editing/BringIntoView.h"
 
@@ -15,7 +16,8 @@ bool Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y,
 }
 
 /// A row number stands for its row, in the column where the clerk is. A header and the empty area stand for
-/// no cell. False when the host has kept the current cell away.
+/// no cell. What is selected stays where the press is inside of it. False when the host has kept the current
+/// cell away.
 bool Menus::goWherePressed(std::int32_t x, std::int32_t y) {
     CellGrid& grid = c_.grid;
     const GridHit hit = grid.HitTest(x, y);
@@ -23,10 +25,22 @@ bool Menus::goWherePressed(std::int32_t x, std::int32_t y) {
     if (!onCell || hit.row < grid.FixedRows()) return true;
     const std::int32_t col = hit.part == GridHit::Part::Cell ? hit.col : grid.Col();
     const rows::FollowedRow wanted(c_.rows.follower(), hit.row);
-    grid.Select(hit.row, col);
+    goTo(hit.row, col);
     if (!wanted.there() || grid.Row() != wanted.row() || grid.Col() != col) return false;
     editing::bringCurrentCellIntoView(grid);
     return true;
+}
+
+void Menus::goTo(std::int32_t row, std::int32_t col) {
+    CellGrid& grid = c_.grid;
+    const bool inside = grid.Selected().contains(row, col);
+    if (row == grid.Row() && col == grid.Col()) {
+        if (!inside) grid.Unselect();
+        return;
+    }
+    const KeptSelection selection(grid, c_.rows.follower());
+    grid.Select(row, col);
+    if (inside) selection.putBack();
 }
 
 void Menus::open(std::int16_t shift) {

@@ -23,6 +23,7 @@ class Menus {
 
   private:
     bool goWherePressed(std::int32_t x, std::int32_t y);
+    void goTo(std::int32_t row, std::int32_t col);
     /// Tells the host, and answers whether anything may follow.
     bool letGoOn(std::int16_t button, std::int16_t shift, float x, float y);
     void popUpAt(const Rect& place, std::int16_t shift);

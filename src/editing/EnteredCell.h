@@ -29,7 +29,8 @@ class EnteredCell {
     }
     void none() { row_ = col_ = -1; }
 
-    /// Keeps naming the same cell when rows come or go above it, or change places; its own removal leaves none.
+    /// Keeps naming the same cell when rows come or go above it, or change places; its own removal leaves
+    /// none.
     void rowInserted(std::int32_t position) {
         if (row_ >= position) ++row_;
     }

@@ -8,8 +8,8 @@
 
 namespace kxVsGrid::editing {
 
-/// Names the same cell when rows come or go above it, or change places, and none once it was taken away, even if a cell of the
-/// same place has come since.
+/// Names the same cell when rows come or go above it, or change places, and none once it was taken away, even
+/// if a cell of the same place has come since.
 class FollowedCell {
   public:
     explicit FollowedCell(CellGrid& grid) : grid_(grid) {

@@ -233,6 +233,22 @@ Desk& Desk::rightClick(std::int32_t row, std::int32_t col, std::int16_t shift) {
     return clickCell(RightButton, row, col, shift);
 }
 
+Desk& Desk::drag(std::int32_t fromRow, std::int32_t fromCol, std::int32_t toRow, std::int32_t toCol,
+                 std::int16_t shift) {
+    Call call(*this);
+    const auto middle = [&](std::int32_t row, std::int32_t col) {
+        const Rect cell = reach(row, col);
+        return Rect{cell.left + cell.width / 2, cell.top + cell.height / 2, 0, 0};
+    };
+    const Rect from = middle(fromRow, fromCol);
+    mouseDown(LeftButton, shift, from.left, from.top);
+    if (station().removed) return *this;
+    const Rect to = middle(toRow, toCol);
+    mouseMove(LeftButton, shift, to.left, to.top);
+    if (!station().removed) mouseUp(LeftButton, shift, to.left, to.top);
+    return *this;
+}
+
 Desk& Desk::doubleClick(std::int32_t row, std::int32_t col) {
     Call call(*this);
     clickCell(LeftButton, row, col, 0);

@@ -99,11 +99,11 @@ bool Stage::attempt(const std::function<void()>& look) {
 /// After every call: the input method works at another place, or in a cell that is not typed into.
 void Stage::settle() {
     actions_.refresh();
-    const std::shared_ptr<Machine> machine = machine_;
-    const bool typing = takesTyping();
-    if (machine->stage == nullptr) return;
     const CellGrid& cells = grid().Grid();
-    TypingPlace now{typing || composingOnGrid_, cells.Row(), cells.Col(), 0, 0};
+    bool editable = false;
+    if (!attempt([&] { editable = grid().cellEditable(cells.Row(), cells.Col()); })) return;
+    editable_ = editable;
+    TypingPlace now{takesTyping() || composingOnGrid_, cells.Row(), cells.Col(), 0, 0};
     if (now.row >= 0 && now.col >= 0) {
         now.left = cells.CellLeft();
         now.top = cells.CellTop();
@@ -122,12 +122,12 @@ mEmDataType Stage::currentType() {
     return col < 0 ? flexDTEmpty : grid().VsCtrl(static_cast<std::int16_t>(col))->iType();
 }
 
-/// A host that is asked whether the cell is locked may throw, or destroy the widget: then it is none to be
-/// edited.
+/// A host that is asked whether the cell is locked may throw, or destroy the widget, which Qt does not bear in
+/// the events that ask this: there it counts what was answered last.
 bool Stage::editsHere() {
     const CellGrid& cells = grid().Grid();
-    bool editable = false;
-    return attempt([&] { editable = grid().cellEditable(cells.Row(), cells.Col()); }) && editable;
+    if (grid().Options().CellLocked.heard()) return editable_;
+    return grid().cellEditable(cells.Row(), cells.Col());
 }
 
 bool Stage::takesTyping() {

@@ -139,6 +139,7 @@ class Stage {
     std::unique_ptr<ScrollBars> bars_;
     QTimer repaint_;
     QPointer<AwaitedPress> awaitedPress_;
+    bool editable_ = false;  ///< the current cell was, after the last call
     TypingPlace typingPlace_;
     Rect totalsShown_;
     RowFit mainRows_;

@@ -78,13 +78,20 @@ TEST_F(MarksInAFrame, HideUnderTheOpenEditor) {
     EXPECT_NE(markAt(1, 1), nullptr);
 }
 
-TEST_F(MarksInAFrame, FitIntoSmallCells) {
+TEST_F(MarksInAFrame, StandInsideOfTheOutlineOfTheCurrentCell) {
     grid.Mark(1, 1, CellMark{});
-    grid.RowHeight(1, 60);
-    EXPECT_EQ(markAt(1, 1)->rect.height, 45);
-    EXPECT_EQ(markAt(1, 1)->rect.width, 45);
-    grid.RowHeight(1, 15);
-    EXPECT_EQ(markAt(1, 1), nullptr);
+    const Rect cell = grid.CellRect(1, 1);
+    ASSERT_NE(markAt(1, 1), nullptr);
+    EXPECT_EQ(markAt(1, 1)->rect, (Rect{cell.right() - 30 - 90, cell.top + 30, 90, 90}));
+}
+
+TEST_F(MarksInAFrame, FitIntoSmallCells) {
+    grid.Mark(2, 2, CellMark{});
+    grid.RowHeight(2, 60);
+    EXPECT_EQ(markAt(2, 2)->rect.height, 45);
+    EXPECT_EQ(markAt(2, 2)->rect.width, 45);
+    grid.RowHeight(2, 15);
+    EXPECT_EQ(markAt(2, 2), nullptr);
 }
 }  // namespace
 }  // namespace kxVsGrid

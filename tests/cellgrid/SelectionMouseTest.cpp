@@ -199,6 +199,37 @@ TEST_F(SelectingByMouse, DraggingBesideTheCellsScrollsByOneEachTime) {
     EXPECT_EQ(grid.TopRow(), grid.MaxTopRow());
 }
 
+TEST_F(SelectingByMouse, AskForTheMoveAgainAsLongAsItScrolls) {
+    press(3500, 1600);
+    EXPECT_FALSE(grid.DragScrolls());
+    drag(3500, 2000);
+    EXPECT_FALSE(grid.DragScrolls());
+    drag(3500, 3000);
+    EXPECT_TRUE(grid.DragScrolls());
+    while (grid.DragScrolls()) drag(3500, 3000);
+    expectRange(5, 3, 100, 3);
+    drag(3500, 100);
+    EXPECT_TRUE(grid.DragScrolls());
+    drag(3500, 2000);
+    EXPECT_FALSE(grid.DragScrolls());
+    drag(3500, 100);
+    release(3500, 100);
+    EXPECT_FALSE(grid.DragScrolls());
+}
+
+TEST_F(SelectingByMouse, APointerThatRestsWhileThePressScrollsExtendsNothing) {
+    grid.Resize(5000, 3100);  // a third of row 10 can be seen
+    press(1500, 3050);
+    EXPECT_EQ(at(), "10,1");
+    EXPECT_EQ(grid.TopRow(), 2);
+    drag(1510, 3050);
+    EXPECT_TRUE(grid.SelectsOneCell());
+    drag(1510, 2000);
+    expectRange(7, 1, 10, 1);
+    drag(1510, 3050);
+    expectRange(10, 1, 11, 1);
+}
+
 TEST_F(SelectingByMouse, TheStripLiesBesideTheCells) {
     grid.BottomStrip(300);
     press(3500, 1600);

@@ -227,21 +227,17 @@ TEST_F(LogOfAGrid, IsTheSameAfterAStepThatWasTakenBack) {
 }
 
 TEST_F(LogOfAGrid, PassesOverThePlaceOfARow) {
-    grid.Changes().Saved();
-    grid.Grid().MoveRows(1, 1, 4);
-    grid.Grid().Reorder(1, std::vector<std::int32_t>{3, 1, 2});
-    EXPECT_TRUE(grid.Changes().empty());
-    const RowId first = grid.Grid().IdOf(1);
-    grid.Grid().Text(1, 3, "written");
-    grid.Grid().MoveRows(1, 1, 2);
-    grid.Grid().Text(1, 3, "written too");
-    const std::vector<ChangedRow> changed = grid.Changes().Changed();
-    ASSERT_EQ(changed.size() + grid.Changes().Added().size(), 2U);
-    grid.Grid().Text(1, 3, "");
-    ASSERT_EQ(grid.Changes().Changed().size() + grid.Changes().Added().size(), 1U);
-    if (!grid.Changes().Changed().empty()) {
-        EXPECT_EQ(grid.Changes().Changed().front().row, first);
-    }
+    vs().MoveRows(1, 1, 4);
+    vs().Reorder(1, std::vector<std::int32_t>{3, 1, 2});
+    expectNothing();
+    const RowId first = id(4);
+    const RowId second = id(2);
+    vs().Text(4, 3, "written");
+    vs().MoveRows(4, 1, 1);
+    vs().Text(3, 3, "written too");
+    EXPECT_EQ(lines(), line("changed ", first, " 3text=''") + line("changed ", second, " 3text=''"));
+    vs().Text(1, 3, "");
+    EXPECT_EQ(lines(), line("changed ", second, " 3text=''"));
 }
 
 TEST_F(LogOfAGrid, TellsOfUnrecordedWritesAndOfAGridWithoutHistory) {

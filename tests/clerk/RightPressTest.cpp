@@ -79,6 +79,60 @@ TEST_F(RightPress, BelowTheRowsOpensTheMenuWhereTheClerkIs) {
     EXPECT_EQ(where, (Cell{2, 3}));
 }
 
+TEST_F(RightPress, InsideOfASelectionKeepsIt) {
+    at(2, 2);
+    desk.press(Key::Down, ShiftKey);
+    desk.press(Key::Right, ShiftKey);
+    log.clear();
+    desk.rightClick(3, 3);
+    EXPECT_EQ(where, (Cell{3, 3}));
+    EXPECT_TRUE((grid.Grid().Selected() == CellRange{2, 2, 3, 3}));
+    EXPECT_EQ(heardWithoutPlaces(), (moves(2, 2, 3, 3) + Lines{line("SelChange"), "MouseDown"}));
+    desk.rightClick(4, 3);
+    EXPECT_EQ(where, (Cell{4, 3}));
+    EXPECT_TRUE(grid.Grid().SelectsOneCell());
+}
+
+TEST_F(RightPress, InsideOfWholeRowsAndColumnsKeepsThem) {
+    at(2, 2);
+    desk.drag(3, 0, 4, 0);
+    desk.rightClick(4, 0);
+    EXPECT_EQ(where, (Cell{4, 2}));
+    EXPECT_EQ(grid.Grid().SelectedAs(), SelectionKind::Rows);
+    EXPECT_EQ(grid.Grid().Selected().rows(), 2);
+    desk.drag(0, 3, 0, 4);
+    desk.rightClick(2, 3);
+    EXPECT_EQ(grid.Grid().SelectedAs(), SelectionKind::Columns);
+    desk.click(0, 0);
+    desk.rightClick(3, 3);
+    EXPECT_EQ(grid.Grid().SelectedAs(), SelectionKind::All);
+    desk.drag(0, 1, 0, 1);
+    log.clear();
+    desk.rightClick(3, 3);  // the current cell lies outside
+    EXPECT_TRUE(grid.Grid().SelectsOneCell());
+    EXPECT_EQ(heardWithoutPlaces(), (Lines{line("SelChange"), "MouseDown"}));
+}
+
+TEST_F(RightPress, KeepsTheRowsThatWereSelectedWhenTheHostInsertsOneAbove) {
+    at(3, 2);
+    desk.press(Key::Down, ShiftKey);
+    bool once = true;
+    grid.BeforeRowColChange.connect([&](auto, auto, auto, auto, bool&) {
+        if (std::exchange(once, false)) grid.Grid().InsertRow(1);
+    });
+    desk.rightClick(4, 2);
+    EXPECT_EQ(where, (Cell{5, 2}));
+    EXPECT_TRUE((grid.Grid().Selected() == CellRange{4, 2, 5, 2}));
+}
+
+TEST_F(RightPress, ThatTheHostKeepsFromMovingKeepsTheSelection) {
+    at(2, 2);
+    desk.press(Key::Down, ShiftKey);
+    cancelMoves();
+    desk.rightClick(5, 4);
+    EXPECT_TRUE((grid.Grid().Selected() == CellRange{2, 2, 3, 2}));
+}
+
 TEST_F(RightPress, CommitsWhatIsBeingTyped) {
     at(1, 2);
     desk.type("abc");

@@ -191,11 +191,16 @@ TEST_F(ClerkWhoUndoes, IsToldThatAReadOnlyGridUndoesNothing) {
     EXPECT_TRUE(grid.CanRun(Command::Undo));
 }
 
-TEST(CommandKeys, LeadEachCommandToItsKeysAndEachKeyToOneCommand) {
-    for (const CommandKey& key : commandKeys()) {
-        EXPECT_EQ(commandOf(key.code, key.shift), key.command);
-        EXPECT_EQ(commandOf(key.code, static_cast<std::int16_t>(key.shift | AltKey)), std::nullopt);
-        EXPECT_FALSE(captionOf(key.command).empty());
+TEST_F(ClerkWhoUndoes, HasKeysThatEachLeadToOneCommand) {
+    constexpr auto Closed = CommandKey::Where::ClosedCell;
+    for (const CommandKey& key : defaultKeys()) {
+        EXPECT_EQ(grid.Commands().Of(key.code, key.shift, Closed), key.command) << keyText(key);
+        const auto withMore = static_cast<std::int16_t>(key.shift ^ AltKey);
+        EXPECT_EQ(grid.Commands().Of(key.code, withMore, Closed), std::nullopt) << keyText(key);
+    }
+    for (const Command command : allCommands()) {
+        EXPECT_FALSE(captionOf(command).empty());
+        EXPECT_EQ(commandNamed(nameOf(command)), command);
     }
 }
 }  // namespace

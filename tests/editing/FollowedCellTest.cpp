@@ -53,6 +53,20 @@ TEST_F(FollowedCell, StaysWithARowInsertedBehindIt) {
     expectCommitGoesTo({10, 3});
 }
 
+TEST_F(FollowedCell, GoesWithItsRowToAnotherPlace) {
+    const std::int32_t top = desk.editor().rect.top;
+    grid.Grid().MoveRows(10, 1, 5);
+    EXPECT_EQ(heard(), Lines{});
+    EXPECT_EQ(desk.editor().rect.top, top - 5 * 300) << desk.ascii();
+    expectCommitGoesTo({5, 3});
+    EXPECT_EQ(text(10, 3), "");
+}
+
+TEST_F(FollowedCell, MovesUpWithARowThatGoesBehindIt) {
+    grid.Grid().MoveRows(4, 2, 15);
+    expectCommitGoesTo({8, 3});
+}
+
 TEST_F(FollowedCell, MovesUpWithARowRemovedBeforeIt) {
     const std::int32_t top = desk.editor().rect.top;
     grid.Grid().RemoveRow(5);

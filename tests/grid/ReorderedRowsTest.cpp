@@ -22,21 +22,10 @@ class ReorderedRows : public PlacedGrid {
     }
 };
 
-TEST_F(ReorderedRows, CarryAnOpenEditorAlong) {
-    vs().Select(2, 1);
-    desk.type("typed");
-    vs().MoveRows(2, 1, 4);
-    ASSERT_TRUE(desk.editor().visible);
-    EXPECT_EQ(desk.editor().text, "typed");
-    EXPECT_EQ(desk.editor().rect.top, vs().CellRect(4, 1).top);
-    desk.press(Key::Enter);
-    EXPECT_EQ(text(4, 1), "typed");
-    EXPECT_EQ(text(2, 1), "3");
-}
-
 TEST_F(ReorderedRows, AreFollowedByACommitThatTheyInterrupt) {
-    grid.ValidTextData.connect([this](auto&&...) { vs().MoveRows(2, 1, 4); });
-    column(1).bCheckNumber(1);
+    grid.ValidData.connect([this](std::int16_t&) {
+        if (text(4, 1) == "4") vs().MoveRows(2, 1, 4);
+    });
     vs().Select(2, 1);
     desk.type("typed").press(Key::Enter);
     EXPECT_EQ(text(4, 1), "typed");
@@ -96,18 +85,20 @@ TEST(ReorderedRowsShortOfMemory, AreAllAsTheyWereOrAllDone) {
         cells.Select(5, 1);
         const std::vector<std::string> before = rowsOf(cells);
         const std::int64_t height = cells.TotalHeight();
+        bool refused = false;  // what only saves memory may fail unseen
         {
             const FailingAllocation failing(point);
             try {
                 cells.MoveRows(4, 30, 260);
             } catch (const std::bad_alloc&) {
+                refused = true;
             }
             failed = failing.failed();
         }
-        EXPECT_EQ(rowsOf(cells) == before, failed);
+        EXPECT_EQ(rowsOf(cells) == before, refused);
         EXPECT_EQ(cells.TotalHeight(), height);
-        failures += failed;
-        if (failed) cells.MoveRows(4, 30, 260);
+        failures += refused;
+        if (refused) cells.MoveRows(4, 30, 260);
         cells.MoveRows(260, 30, 4);
         EXPECT_EQ(rowsOf(cells), before);
         if (::testing::Test::HasFailure()) return;

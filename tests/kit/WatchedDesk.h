@@ -57,6 +57,7 @@ class WatchedDesk : public headless::Desk {
             seat_->showEditor(editor);
         }
         void typeIntoEditor(std::string_view character) override { seat_->typeIntoEditor(character); }
+        void editText(Command command) override { seat_->editText(command); }
         void layoutChanged() override { seat_->layoutChanged(); }
         Rect onScreen(const Rect& place) const override { return seat_->onScreen(place); }
         void settingChanged(std::string_view name) override { seat_->settingChanged(name); }

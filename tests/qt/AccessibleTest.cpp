@@ -49,6 +49,31 @@ TEST(Accessible, ShowsBooleanCellsAsCheckBoxes) {
     EXPECT_FALSE(cells->cellAt(2, Paid)->state().checked);
 }
 
+TEST(Accessible, TellsWhatIsSelected) {
+    Window w;
+    w.focusCell(2, Code);
+    auto* cells = table(w).tableInterface();
+    EXPECT_EQ(cells->selectedCellCount(), 1);
+    w.grid().Grid().SelectRange(2, Code, 3, Name);
+    EXPECT_EQ(cells->selectedCellCount(), 4);
+    EXPECT_EQ(cells->selectedCells(),
+              (QList<QAccessibleInterface*>{cells->cellAt(2, Code), cells->cellAt(2, Name),
+                                            cells->cellAt(3, Code), cells->cellAt(3, Name)}));
+    EXPECT_TRUE(cells->cellAt(3, Name)->state().selected);
+    EXPECT_FALSE(cells->cellAt(3, Name)->state().focused);
+    EXPECT_TRUE(cells->cellAt(2, Code)->state().focused);
+    EXPECT_FALSE(cells->cellAt(1, Name)->state().selected);
+}
+
+TEST(Accessible, HandsOutOnlySoManyOfTheSelectedCells) {
+    Window w;
+    w.grid().Rows(1'000'000);
+    w.grid().Grid().SelectAll();
+    auto* cells = table(w).tableInterface();
+    EXPECT_EQ(cells->selectedCellCount(), 999'999 * (w.grid().Cols() - 1));
+    EXPECT_EQ(cells->selectedCells().size(), 1000);
+}
+
 TEST(Accessible, TellsTheCurrentCellAndWhatMayBeChanged) {
     Window w;
     w.focusCell(2, Code);

@@ -27,6 +27,12 @@ QString markTipOver(Window& w, std::int32_t row, std::int32_t col) {
     return tip;
 }
 
+/// An earlier tip goes after a while.
+bool hasNoTip(Window& w, std::int32_t row, std::int32_t col) {
+    markTipOver(w, row, col);
+    return waitUntil([] { return QToolTip::text().isEmpty(); });
+}
+
 /// A pixel well inside of the corner of a cell where its mark is.
 QColor cornerOf(Window& w, const QImage& image, std::int32_t row, std::int32_t col) {
     const QRect cell = w.cell(row, col).translated(w.widget->pos());
@@ -70,16 +76,15 @@ TEST(CellMarks, AreSeenInLightAndDark) {
 
 TEST(CellMarks, AreRepaintedAsTheyComeAndGo) {
     Window w;
-    Window::settle();
-    const QColor before = cornerOf(w, w.widget->grab().toImage(), 1, Code);
-    w.grid().Mark(1, Code, CellMark{});
-    Window::settle();
-    const QImage marked = w.window.grab().toImage();
-    EXPECT_NE(cornerOf(w, marked, 1, Code), before);
+    const auto corner = [&] {
+        Window::settle();
+        return cornerOf(w, w.window.grab().toImage(), 3, Code).rgb();
+    };
+    const QRgb before = corner();
+    w.grid().Mark(3, Code, CellMark{});
+    EXPECT_NE(corner(), before);
     w.grid().ClearMarks();
-    Window::settle();
-    const QImage cleared = w.window.grab().toImage();
-    EXPECT_NE(cornerOf(w, cleared, 1, Code), cornerOf(w, marked, 1, Code));
+    EXPECT_EQ(corner(), before);
 }
 
 TEST(CellMarks, ShowTheirTextWhereTheMouseRests) {
@@ -89,9 +94,9 @@ TEST(CellMarks, ShowTheirTextWhereTheMouseRests) {
     EXPECT_EQ(markTipOver(w, 2, Code), "新品。");
     EXPECT_EQ(markTipOver(w, 1, Paid), "先收款。");
     EXPECT_EQ(markTipOver(w, 0, Date), "交货日期。");
-    EXPECT_EQ(markTipOver(w, 2, Paid), "");
+    EXPECT_TRUE(hasNoTip(w, 2, Paid));
     w.grid().Mark(1, Code, std::nullopt);
-    EXPECT_EQ(markTipOver(w, 1, Code), "");
+    EXPECT_TRUE(hasNoTip(w, 1, Code));
     QToolTip::hideText();
 }
 

@@ -133,6 +133,9 @@ class Desk : public Platform {
     Desk& mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     Desk& mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     Desk& surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y);
+    /// Presses on one cell, drags to another one, and lets go there; headers take whole rows and columns.
+    Desk& drag(std::int32_t fromRow, std::int32_t fromCol, std::int32_t toRow, std::int32_t toCol,
+               std::int16_t shift = 0);
     /// The user drags the right edge of a column until it is this wide.
     Desk& dragColumn(std::int32_t col, std::int32_t twips);
     /// Notches; positive is down.

@@ -50,7 +50,7 @@ void writeTints(FrameWriter& writer, const FrameScene& scene, std::span<const Ba
     for (const CellRange& part : Difference(scene.selected, {scene.row, scene.col, scene.row, scene.col})) {
         const Band down = stretchOf(rows, part.firstRow, part.lastRow);
         const Band across = stretchOf(cols, part.firstCol, part.lastCol);
-        const Rect rect = overlap(scene.area, {across.start, down.start, across.size, down.size});
+        const Rect rect = overlap(scene.client, {across.start, down.start, across.size, down.size});
         if (!rect.empty()) writer.add(FrameItem::Kind::Tint, rect, cellgrid::FrameColor::Highlight);
     }
 }

@@ -12,6 +12,8 @@ namespace {
 
 /// A grid line takes the last twips of its row or column.
 constexpr std::int32_t LineWidth = 15;
+/// Of the current cell.
+constexpr std::int32_t OutlineWidth = 30;
 /// Each side of the triangle that a mark is.
 constexpr std::int32_t MarkSide = 90;
 
@@ -242,13 +244,16 @@ void FrameRegion::writeText(const Band& row, const Band& col, const Rect& cell) 
     item.text = std::move(text);
 }
 
-/// Inside of the lines that end the cell. An open editor hides it.
+/// Inside of the lines that end the cell, and of the outline of the current one. An open editor hides it.
 void FrameRegion::writeMark(const Band& row, const Band& col, const Rect& cell) {
     const CellMark* const mark = scene_.grid.Mark(row.index, col.index);
     if (!mark) return;
-    if (scene_.editorOpen && row.index == scene_.row && col.index == scene_.col) return;
-    const std::int32_t side = std::min({MarkSide, cell.width - LineWidth, cell.height - LineWidth});
-    const Rect rect{cell.right() - LineWidth - side, cell.top, side, side};
+    const bool current = !scene_.wholeRow && row.index == scene_.row && col.index == scene_.col;
+    if (scene_.editorOpen && current) return;
+    const std::int32_t above = current ? OutlineWidth : 0;
+    const std::int32_t beside = current ? OutlineWidth : LineWidth;
+    const std::int32_t side = std::min({MarkSide, cell.width - beside, cell.height - LineWidth - above});
+    const Rect rect{cell.right() - beside - side, cell.top + above, side, side};
     if (side <= 0 || !rect.overlaps(scene_.area)) return;
     writer_.add(FrameItem::Kind::Mark, rect, colorOf(mark->kind), row.index, col.index).mark = mark->kind;
 }

@@ -215,8 +215,8 @@ void RowOrder::provide(std::int32_t row) {
     openBlock(place, row, NoHandle);
 }
 
-/// Segments whose last handle went elsewhere become stretches of rows never written again, and short ones that
-/// lie side by side become one.
+/// Segments whose last handle went elsewhere become stretches of rows never written again, and short ones
+/// that lie side by side become one.
 void RowOrder::reorder(const Reordering& prepared) noexcept {
     forgetHit();
     const std::int32_t stop = prepared.first + static_cast<std::int32_t>(prepared.handles.size());

@@ -4,8 +4,8 @@
 // A Run has a public `std::int32_t count` and `std::int64_t extent() const`, the length of its elements on
 // whatever the sequence measures (0 where it measures nothing). Moving a run cannot fail.
 //
-// Only `insert` and `prepareReplace` take memory, all of it before they change anything: when one of them fails,
-// nothing has happened.
+// Only `insert` and `prepareReplace` take memory, all of it before they change anything: when one of them
+// fails, nothing has happened.
 #pragma once
 
 #include <algorithm>
@@ -155,7 +155,7 @@ class RunBlocks {
         std::size_t stop = 0;
         std::vector<Block> blocks;
     };
-    /// `runs` shall stand in place of those of [from, to), both of which begin blocks. Takes the memory for it.
+    /// `runs` shall stand in place of those of [from, to), both of which begin blocks. Takes memory.
     Replacement prepareReplace(const Place& from, const Place& to, const std::vector<Run>& runs) {
         Replacement with;
         with.first = from.block;

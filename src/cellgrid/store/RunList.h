@@ -88,8 +88,8 @@ class RunList {
 
     using Replacement = typename Blocks::Replacement;
     /// Elements [first, first + from.size()) shall change places: `from[i]` is the old place of the one that
-    /// stands at first + i then. Takes the memory for it; nothing where all are alike. Elements beyond the end
-    /// are T{}, and come to stand within it.
+    /// stands at first + i then. Takes the memory for it; nothing where all are alike. Elements beyond the
+    /// end are T{}, and come to stand within it.
     std::optional<Replacement> prepareReorder(std::int64_t first, std::span<const std::int32_t> from) {
         const std::int64_t stop =
             std::min<std::int64_t>(first + static_cast<std::int64_t>(from.size()), count());

@@ -87,7 +87,7 @@ QAccessible::State AccessibleCell::state() const {
     state.disabled = !view_->isEnabled();
     state.focusable = state.selectable = !isHeader();
     state.selected = isSelected();
-    state.focused = isSelected() && view_->hasFocus();
+    state.focused = isCurrent() && view_->hasFocus();
     state.invisible = grid().RowHidden(row_) || grid().ColHidden(col_);
     state.offscreen = !grid().RowIsVisible(row_) || !grid().ColIsVisible(col_);
     state.checkable = isCheckBox();
@@ -108,8 +108,12 @@ QList<QAccessibleInterface*> AccessibleCell::rowHeaderCells() const {
     return {owner->cellAt(row_, 0)};
 }
 
-bool AccessibleCell::isSelected() const {
+bool AccessibleCell::isCurrent() const {
     return isValid() && row_ == grid().Row() && col_ == grid().Col();
+}
+
+bool AccessibleCell::isSelected() const {
+    return isCurrent() || (isValid() && grid().Selected().contains(row_, col_));
 }
 
 QStringList AccessibleCell::actionNames() const {

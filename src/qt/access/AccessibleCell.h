@@ -35,6 +35,7 @@ class AccessibleCell : public QAccessibleInterface,
     QList<QAccessibleInterface*> columnHeaderCells() const override;
     QList<QAccessibleInterface*> rowHeaderCells() const override;
     bool isSelected() const override;
+    bool isCurrent() const;
     QAccessibleInterface* table() const override { return parent(); }
 
     QStringList actionNames() const override;

@@ -16,6 +16,9 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
     auto* view = dynamic_cast<GridView*>(object);
     return view != nullptr ? new AccessibleGrid(*view) : nullptr;
 }
+/// As many cells of a selection are handed out: it may have a hundred million rows.
+constexpr qsizetype MostSelected = 1000;
+
 /// Row after row; cells whose index does not fit have the highest one.
 int indexOf(std::int64_t row, std::int64_t col, std::int64_t cols) {
     return static_cast<int>(std::min<std::int64_t>(row * cols + col, std::numeric_limits<int>::max()));
@@ -111,14 +114,29 @@ int AccessibleGrid::indexOfChild(const QAccessibleInterface* child) const {
 }
 
 int AccessibleGrid::selectedCellCount() const {
-    return static_cast<int>(selectedCells().size());
+    const CellRange range = selected();
+    const std::int64_t count = std::int64_t{range.rows()} * range.cols();
+    return static_cast<int>(std::min<std::int64_t>(count, std::numeric_limits<int>::max()));
+}
+
+/// The selected cells, or the current one where it is a fixed one.
+CellRange AccessibleGrid::selected() const {
+    if (view() == nullptr) return {};
+    const CellGrid& grid = view()->stage().grid().Grid();
+    const CellRange range = grid.Selected();
+    if (!range.empty() || grid.Row() < 0 || grid.Col() < 0) return range;
+    return {grid.Row(), grid.Col(), grid.Row(), grid.Col()};
 }
 
 QList<QAccessibleInterface*> AccessibleGrid::selectedCells() const {
-    if (view() == nullptr) return {};
-    const CellGrid& grid = view()->stage().grid().Grid();
-    QAccessibleInterface* current = cellAt(grid.Row(), grid.Col());
-    return current != nullptr ? QList<QAccessibleInterface*>{current} : QList<QAccessibleInterface*>{};
+    QList<QAccessibleInterface*> cells;
+    const CellRange range = selected();
+    for (std::int32_t row = range.firstRow; row <= range.lastRow; ++row)
+        for (std::int32_t col = range.firstCol; col <= range.lastCol; ++col) {
+            if (cells.size() == MostSelected) return cells;
+            cells.append(cellAt(row, col));
+        }
+    return cells;
 }
 
 QString AccessibleGrid::columnDescription(int column) const {

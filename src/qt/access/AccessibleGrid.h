@@ -50,6 +50,8 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
     void modelChange(QAccessibleTableModelChangeEvent*) override {}
 
   private:
+    CellRange selected() const;
+
     mutable QHash<quint64, QAccessible::Id> cells_;  // those that somebody has asked for
 };
 }  // namespace kxVsGrid::qt

@@ -104,6 +104,9 @@ void FramePainter::paint(QPainter& painter, const Frame& frame, const Rect& orig
             case FrameItem::Kind::Mark:
                 mark(painter, item);
                 break;
+            case FrameItem::Kind::Tint:
+                tint(painter, item);
+                break;
         }
     }
     startRegion(painter);
@@ -245,6 +248,13 @@ void FramePainter::raised(QPainter& painter, const FrameItem& item) {
     painter.fillRect(QRect(rect.left(), rect.top() + 1, 1, rect.height() - 1), light);
     painter.fillRect(QRect(rect.left() + 1, rect.bottom(), rect.width() - 1, 1), dark);
     painter.fillRect(QRect(rect.right(), rect.top() + 1, 1, rect.height() - 2), dark);
+}
+
+void FramePainter::tint(QPainter& painter, const FrameItem& item) {
+    startRegion(painter);
+    QColor veil(colors_.rgb(item.color));
+    veil.setAlpha(64);
+    painter.fillRect(place(item.rect), veil);
 }
 
 void FramePainter::focus(QPainter& painter, const FrameItem& item) {

@@ -44,6 +44,7 @@ class FramePainter {
     void checkMark(QPainter& painter, const FrameItem& item);
     void mark(QPainter& painter, const FrameItem& item);
     void raised(QPainter& painter, const FrameItem& item);
+    void tint(QPainter& painter, const FrameItem& item);
     void focus(QPainter& painter, const FrameItem& item);
     std::uint32_t groundOf(const QRect& rect) const;
     QRgb textColor(const FrameItem& item, const QRect& rect) const;

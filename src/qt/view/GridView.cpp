@@ -15,7 +15,7 @@
 #include "qt/view/MousePress.h"
 
 namespace kxVsGrid::qt {
-GridView::GridView(Stage& stage, QWidget* parent) : GridSurface(parent), stage_(stage) {
+GridView::GridView(Stage& stage, QWidget* parent) : GridSurface(parent), stage_(stage), dragScroll_(this) {
     AccessibleGrid::install();  // before anything asks for this view
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
@@ -100,10 +100,8 @@ bool GridView::event(QEvent* event) {
             break;
         case QEvent::ShortcutOverride: {
             auto& key = static_cast<QKeyEvent&>(*event);
-            const QPointer<GridView> alive(this);
             const bool ours = claims(key, commandOf(key)) && key.key() != Qt::Key_Escape &&
                               (key.key() != Qt::Key_F2 || stage_.editsHere());
-            if (!alive) return true;
             if (!ours) break;
             event->accept();
             return true;
@@ -207,6 +205,7 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void GridView::press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told) {
+    dragScroll_.stop();
     const Touch touch = touchOf(event, event.button());
     const bool alive =
         stage_.guarded([&](Input& input) { (input.*told)(touch.buttons, touch.shift, touch.x, touch.y); });
@@ -230,6 +229,7 @@ bool GridView::overTotals(const QPointF& at) const {
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    dragScroll_.stop();
     const Touch touch = touchOf(*event, event->button());
     stage_.guarded([&](Input& input) { input.mouseUp(touch.buttons, touch.shift, touch.x, touch.y); });
 }
@@ -238,8 +238,21 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
     const QPointF at = event->position();
     if (event->buttons() == Qt::NoButton)
         showCursor(!overTotals(at) && hit(stage_.grid().Grid(), {}, at).part == GridHit::Part::ColumnEdge);
-    const Touch touch = touchOf(*event, event->buttons());
-    stage_.guarded([&](Input& input) { input.mouseMove(touch.buttons, touch.shift, touch.x, touch.y); });
+    mouseMoved(touchOf(*event, event->buttons()));
+}
+
+void GridView::mouseMoved(const Touch& touch) {
+    const bool alive =
+        stage_.guarded([&](Input& input) { input.mouseMove(touch.buttons, touch.shift, touch.x, touch.y); });
+    if (alive) dragScroll_.moved(stage_.grid().Grid().DragScrolls(), [this, touch] { dragOn(touch); });
+}
+
+/// A box in front has taken the mouse.
+void GridView::dragOn(const Touch& touch) {
+    const QWidget* box = QApplication::activeModalWidget();
+    const bool hears = isVisible() && (box == nullptr || box->isAncestorOf(this));
+    if (!hears || QApplication::activePopupWidget() != nullptr) return dragScroll_.stop();
+    mouseMoved(touch);
 }
 
 void GridView::showWholeText(const QHelpEvent& event) {

@@ -5,6 +5,7 @@
 
 #include "kxVsGrid/Frame.h"
 #include "kxVsGrid/Platform.h"
+#include "qt/view/DragScroll.h"
 #include "qt/view/GridSurface.h"
 #include "qt/view/MousePress.h"
 
@@ -50,6 +51,8 @@ class GridView : public GridSurface {
     void paintTotalEdges(QPainter& painter);
     using PressTold = void (Input::*)(std::int16_t, std::int16_t, std::int32_t, std::int32_t);
     void press(const QMouseEvent& event, const BoxMeanwhile& box, PressTold told);
+    void mouseMoved(const Touch& touch);
+    void dragOn(const Touch& touch);
     bool takesKeyboard(const QPointF& at);
     bool overTotals(const QPointF& at) const;
     static std::string markUnder(const CellGrid& cells, const GridHit& under);
@@ -58,6 +61,7 @@ class GridView : public GridSurface {
     QVariant boxQuery(Qt::InputMethodQuery query) const;
 
     Stage& stage_;
+    DragScroll dragScroll_;
     Frame mainFrame_;
     Frame totalFrame_;
     bool partFailed_ = false;   // of what is being painted
