@@ -1,5 +1,6 @@
 // A clerk who pastes, cuts, clears, fills, moves and deletes at random, undoes and redoes, beside a plain table
 // that is told the same.
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,7 +15,8 @@ namespace {
 
 constexpr int ActsOfTheTwins = 4'000;
 
-class BlockTwin : public ::testing::Test {
+/// With all rows shown, and with some that the host hides.
+class BlockTwin : public ::testing::TestWithParam<bool> {
   protected:
     using Column = PlainTable;
 
@@ -41,6 +43,10 @@ class BlockTwin : public ::testing::Test {
                 grid.SetCell(row, col, cell.text, cell.tag);
                 table.at(row, col) = cell;
             }
+        }
+        for (const std::int32_t row : {2, 4}) {
+            grid.Grid().RowHidden(row, GetParam());
+            table.rows[static_cast<std::size_t>(row)].hidden = GetParam();
         }
         first = table;
         desk.focusGrid();
@@ -73,7 +79,14 @@ class BlockTwin : public ::testing::Test {
     std::int32_t roll(std::int32_t from, std::int32_t to) {
         return static_cast<std::int32_t>(dice.between(from, to));
     }
-    std::int32_t anyRow() { return dice.oneIn(4) ? table.last() : roll(1, table.last()); }
+    std::int32_t anyRow() {
+        const auto shown = table.shownRows(1, table.last());
+        return dice.oneIn(4) ? shown.back()
+                             : shown[static_cast<std::size_t>(roll(0, static_cast<int>(shown.size()) - 1))];
+    }
+    bool anyHidden(std::int32_t from, std::int32_t to) const {
+        return static_cast<std::int32_t>(table.shownRows(from, to).size()) < to - from + 1;
+    }
     std::int32_t anyShown() {
         return PlainTable::shown(1, Column::Count - 1)[static_cast<std::size_t>(roll(0, 5))];
     }
@@ -111,8 +124,12 @@ class BlockTwin : public ::testing::Test {
             case 5:
                 return;
             default:
-                return grid.Grid().SelectRange(
-                    row, col, dice.oneIn(2) ? anyRow() : std::min(row + 1, table.last()), anyShown());
+                return grid.Grid().SelectRange(row, col,
+                                               dice.oneIn(2) ? anyRow()
+                                               : table.shownRows(row, table.last()).size() > 1
+                                                   ? table.shownRows(row, table.last())[1]
+                                                   : row,
+                                               anyShown());
         }
     }
     void copy() {
@@ -171,7 +188,9 @@ class BlockTwin : public ::testing::Test {
     }
     void fillDown() {
         act_ = "fill down";
-        if (selected().rows() == 1 && selected().firstRow == 1) return;
+        const CellRange range = selected();
+        const std::int32_t from = range.rows() == 1 ? 1 : range.firstRow;
+        if (table.shownRows(from, range.lastRow).size() < 2) return;
         run(Command::FillDown, table.fillDown(selected()));
     }
     void fillRight() {
@@ -181,7 +200,7 @@ class BlockTwin : public ::testing::Test {
     }
     void copyFromAbove() {
         act_ = "copy from above";
-        if (grid.Row() == 1 || grid.Col() == Column::ReadOnly) return;
+        if (table.shownRows(1, grid.Row()).size() < 2 || grid.Col() == Column::ReadOnly) return;
         const PlainOutcome outcome = table.copyFromAbove(grid.Row(), grid.Col());
         desk.run(Command::CopyFromAbove);
         if (desk.editor().visible) desk.press(Key::Escape);
@@ -232,6 +251,7 @@ class BlockTwin : public ::testing::Test {
         act_ = "delete rows";
         const CellRange whole = selected();
         if (wholeRows() && whole.rows() > 8 && !dice.oneIn(10)) return;
+        if (wholeRows() && anyHidden(whole.firstRow, whole.lastRow)) return;
         if (wholeRows())
             table.erase(whole.firstRow, whole.lastRow);
         else
@@ -244,6 +264,7 @@ class BlockTwin : public ::testing::Test {
         const bool whole = wholeRows(), up = dice.oneIn(2);
         const std::int32_t top = whole ? selected().firstRow : grid.Row();
         const std::int32_t bottom = whole ? selected().lastRow : grid.Row();
+        if (anyHidden(std::max(top - 1, 1), std::min(bottom + 1, table.last()))) return;
         const bool can = up ? top > 1 : bottom < table.last();
         const Command command = up ? Command::MoveRowUp : Command::MoveRowDown;
         EXPECT_EQ(grid.CanRun(command), can);
@@ -292,6 +313,7 @@ class BlockTwin : public ::testing::Test {
             &BlockTwin::fillDown,   &BlockTwin::fillRight, &BlockTwin::copyFromAbove, &BlockTwin::rowCommand,
             &BlockTwin::deleteRows, &BlockTwin::moveRows,  &BlockTwin::moveRows,      &BlockTwin::type,
             &BlockTwin::type,       &BlockTwin::undo,      &BlockTwin::redo};
+        if (table.hidden(grid.Row())) grid.Grid().Select(anyRow(), anyShown());
         const PlainTable before = table;
         steps = edits = 0;
         consents = 0;
@@ -309,6 +331,7 @@ class BlockTwin : public ::testing::Test {
     void compare() {
         ASSERT_EQ(grid.Rows() - 1, table.last());
         for (std::int32_t row = 1; row <= table.last(); ++row) {
+            ASSERT_EQ(grid.Grid().RowHidden(row), table.hidden(row)) << row;
             for (std::int32_t col = 1; col < Column::Count; ++col) {
                 ASSERT_EQ(grid.Grid().Text(row, col), table.at(row, col).text) << row << ", " << col;
                 ASSERT_EQ(grid.Grid().Data(row, col), table.at(row, col).tag) << row << ", " << col;
@@ -332,7 +355,7 @@ class BlockTwin : public ::testing::Test {
     std::string_view act_;
 };
 
-TEST_F(BlockTwin, AgreesWithAPlainTable) {
+TEST_P(BlockTwin, AgreesWithAPlainTable) {
     for (int n = 0; n < ActsOfTheTwins; ++n) {
         act();
         if (HasFailure()) {
@@ -344,5 +367,6 @@ TEST_F(BlockTwin, AgreesWithAPlainTable) {
     table = first;
     compare();
 }
+INSTANTIATE_TEST_SUITE_P(RowsHiddenOrNot, BlockTwin, ::testing::Bool());
 }  // namespace
 }  // namespace kxVsGrid::testing

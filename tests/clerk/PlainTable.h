@@ -19,7 +19,11 @@ struct PlainCell {
     std::string tag;
     friend bool operator==(const PlainCell&, const PlainCell&) = default;
 };
-using PlainRow = std::vector<PlainCell>;
+struct PlainRow {
+    std::vector<PlainCell> cells = std::vector<PlainCell>(8);
+    bool hidden = false;  ///< from the beginning; it stays so wherever it goes
+    friend bool operator==(const PlainRow&, const PlainRow&) = default;
+};
 
 /// A cell of a block on the clipboard; the column that it came from, where the control has put it there.
 struct PlainCopy {
@@ -47,13 +51,20 @@ class PlainTable {
     static constexpr std::int32_t LeastRows = 5;
 
     /// As the grid counts them, from 1 on; 0 is the heading.
-    std::vector<PlainRow> rows{1 + LeastRows, PlainRow(Count)};
+    std::vector<PlainRow> rows = std::vector<PlainRow>(1 + LeastRows);
 
     friend bool operator==(const PlainTable&, const PlainTable&) = default;
 
     std::int32_t last() const { return static_cast<std::int32_t>(rows.size()) - 1; }
     PlainCell& at(std::int32_t row, std::int32_t col) {
-        return rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(col)];
+        return rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(col)];
+    }
+    bool hidden(std::int32_t row) const { return rows[static_cast<std::size_t>(row)].hidden; }
+    std::vector<std::int32_t> shownRows(std::int32_t from, std::int32_t to) const {
+        std::vector<std::int32_t> found;
+        for (std::int32_t row = from; row <= to; ++row)
+            if (!hidden(row)) found.push_back(row);
+        return found;
     }
     static std::vector<std::int32_t> shown(std::int32_t from, std::int32_t to) {
         std::vector<std::int32_t> cols;
@@ -63,12 +74,12 @@ class PlainTable {
     }
     bool hostGivesRow() const { return last() < MostRows; }
     void append(std::int64_t count = 1) {
-        for (; count > 0; --count) rows.emplace_back(Count);
+        for (; count > 0; --count) rows.emplace_back();
     }
 
     PlainBlock copy(const CellRange& from) {
         PlainBlock block;
-        for (std::int32_t row = from.firstRow; row <= from.lastRow; ++row) {
+        for (const std::int32_t row : shownRows(from.firstRow, from.lastRow)) {
             block.emplace_back();
             for (const std::int32_t col : shown(from.firstCol, from.lastCol))
                 block.back().push_back({at(row, col), col});
@@ -77,43 +88,40 @@ class PlainTable {
     }
     PlainOutcome paste(const PlainBlock& block, const CellRange& selected) {
         PlainOutcome outcome;
-        const bool fills = block.size() == 1 && block[0].size() == 1;
-        const std::int32_t count = fills ? selected.rows() : static_cast<std::int32_t>(block.size());
-        const auto cols =
-            fills ? shown(selected.firstCol, selected.lastCol) : shown(selected.firstCol, Count - 1);
-        for (std::int32_t i = 0; i < count; ++i) {
-            const auto& line = block[fills ? 0 : static_cast<std::size_t>(i)];
-            const std::int32_t row = selected.firstRow + i;
-            if (row == last() && hostGivesRow()) {
-                append();
-                ++outcome.rowsAdded;
+        if (block.size() == 1 && block[0].size() == 1) {
+            for (const std::int32_t row : shownRows(selected.firstRow, selected.lastRow)) {
+                askForRow(outcome, row);
+                for (const std::int32_t col : shown(selected.firstCol, selected.lastCol))
+                    write(outcome, row, col, block[0][0]);
             }
-            if (row > last()) {
-                outcome.beyond += static_cast<std::int64_t>(line.size());
-                continue;
-            }
-            const std::size_t width = fills ? cols.size() : line.size();
-            for (std::size_t j = 0; j < width; ++j) {
-                if (j >= cols.size())
-                    ++outcome.beyond;
-                else
-                    write(outcome, row, cols[j], line[fills ? 0 : j]);
-            }
+            return outcome;
+        }
+        const auto cols = shown(selected.firstCol, Count - 1);
+        std::int32_t row = selected.firstRow;
+        for (const auto& line : block) {
+            while (row <= last() && hidden(row)) ++row;
+            askForRow(outcome, row);
+            const std::size_t fit = row > last() ? 0 : std::min(cols.size(), line.size());
+            outcome.beyond += static_cast<std::int64_t>(line.size() - fit);
+            for (std::size_t j = 0; j < fit; ++j) write(outcome, row, cols[j], line[j]);
+            ++row;
         }
         return outcome;
     }
     PlainOutcome clear(const CellRange& range) {
         PlainOutcome outcome;
-        for (std::int32_t row = range.firstRow; row <= range.lastRow; ++row)
+        for (const std::int32_t row : shownRows(range.firstRow, range.lastRow))
             for (const std::int32_t col : shown(range.firstCol, range.lastCol))
                 if (at(row, col) != PlainCell()) write(outcome, row, col, {});
         return outcome;
     }
     PlainOutcome fillDown(const CellRange& range) {
         PlainOutcome outcome;
+        auto targets = shownRows(range.firstRow, range.lastRow);
         const bool one = range.rows() == 1;
-        const std::int32_t source = one ? range.firstRow - 1 : range.firstRow;
-        for (std::int32_t row = source + 1; row <= range.lastRow; ++row)
+        const std::int32_t source = one ? shownRows(1, range.firstRow - 1).back() : targets[0];
+        if (!one) targets.erase(targets.begin());
+        for (const std::int32_t row : targets)
             for (const std::int32_t col : shown(range.firstCol, range.lastCol))
                 write(outcome, row, col, {at(source, col), col});
         return outcome;
@@ -124,20 +132,20 @@ class PlainTable {
         const bool one = cols.size() == 1;
         const std::int32_t source = one ? shown(1, cols[0] - 1).back() : cols[0];
         if (!one) cols.erase(cols.begin());
-        for (std::int32_t row = range.firstRow; row <= range.lastRow; ++row)
+        for (const std::int32_t row : shownRows(range.firstRow, range.lastRow))
             for (const std::int32_t col : cols) write(outcome, row, col, {at(row, source)});
         return outcome;
     }
     PlainOutcome copyFromAbove(std::int32_t row, std::int32_t col) {
         PlainOutcome outcome;
-        write(outcome, row, col, {at(row - 1, col), col});
+        write(outcome, row, col, {at(shownRows(1, row - 1).back(), col), col});
         return outcome;
     }
     void erase(std::int32_t first, std::int32_t lastRow) {
         rows.erase(rows.begin() + first, rows.begin() + lastRow + 1);
         if (last() < LeastRows) append(LeastRows - last());
     }
-    void insert(std::int32_t before) { rows.insert(rows.begin() + before, PlainRow(Count)); }
+    void insert(std::int32_t before) { rows.insert(rows.begin() + before, PlainRow()); }
     void duplicate(std::int32_t row) {
         PlainRow copy = rows[static_cast<std::size_t>(row)];
         rows.push_back(std::move(copy));
@@ -165,6 +173,11 @@ class PlainTable {
     }
 
   private:
+    void askForRow(PlainOutcome& outcome, std::int32_t row) {
+        if (row != last() || !hostGivesRow()) return;
+        append();
+        ++outcome.rowsAdded;
+    }
     void write(PlainOutcome& outcome, std::int32_t row, std::int32_t col, const PlainCopy& given) {
         if (col == ReadOnly) return static_cast<void>(++outcome.passedOver);
         const PlainCell now = at(row, col);
