@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "clerk/BlockTest.h"
@@ -223,6 +224,67 @@ TEST_F(CancellingClerk, MayCancelWhereTheHostHasClearedTheGridMeanwhile) {
     at(1, 1);
     desk.onProgress({});
     paste("a\tb");
+}
+
+TEST_F(CancellingClerk, MayFindTheHostFailingAsAllIsTakenBack) {
+    int asked = 0;
+    bool fails = false;
+    desk.onProgress([&](std::int64_t, std::int64_t) {
+        fails = asked++ == 3;
+        return !fails;
+    });
+    grid.CellChanged.connect([&](auto, auto) {
+        if (std::exchange(fails, false)) throw HostFailure();
+    });
+    try {
+        run(Command::Paste);
+    } catch (const HostFailure&) {
+        SUCCEED();
+    }
+    EXPECT_FALSE(grid.Grid().StepOpen());
+    desk.onProgress({});
+    EXPECT_TRUE(run(Command::Paste));
+    EXPECT_EQ(text(100, 1), "p99");
+}
+
+TEST_F(CancellingClerk, MayFindAToolbarFailingAsMarksAreTakenBack) {
+    grid.ClearMarks();
+    bool fails = false;
+    desk.onProgress([&](std::int64_t done, std::int64_t) {
+        fails = done > 100;
+        return !fails;
+    });
+    grid.Commands().Changed.connect([&] {
+        if (std::exchange(fails, false)) throw HostFailure();
+    });
+    const Lines before = wholeOf(grid);
+    try {
+        run(Command::Paste);
+    } catch (const HostFailure&) {
+        SUCCEED();
+    }
+    EXPECT_FALSE(grid.Grid().StepOpen());
+    EXPECT_EQ(differences(wholeOf(grid), before), Lines());
+}
+
+TEST_F(CancellingClerk, MayFindAHostThatLocksFailingAsMarksAreTakenBack) {
+    grid.ClearMarks();
+    bool fails = false;
+    desk.onProgress([&](std::int64_t done, std::int64_t) {
+        fails = done > 100;
+        return !fails;
+    });
+    grid.Options().CellLocked.connect([&](std::int32_t, std::int32_t, bool&) {
+        if (std::exchange(fails, false)) throw HostFailure();
+    });
+    const Lines before = wholeOf(grid);
+    try {
+        run(Command::Paste);
+    } catch (const HostFailure&) {
+        SUCCEED();
+    }
+    EXPECT_FALSE(grid.Grid().StepOpen());
+    EXPECT_EQ(differences(wholeOf(grid), before), Lines());
 }
 
 TEST_F(CancellingClerk, MayFindTheProgressFailing) {

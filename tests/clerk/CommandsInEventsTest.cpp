@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "clerk/BlockTest.h"
@@ -65,6 +66,27 @@ class CommandInAnEvent : public BlockTest,
         desk.clipboard("a\tb\nc\td");
         at(4, 2);
     }
+    /// The command over an open editor, and again on the closed cell, while the host does so once each time.
+    void expectNoFailureWhen(const Act& act) {
+        bool armed = false;
+        occasions()[std::get<0>(GetParam())].listen(grid, [&] {
+            if (std::exchange(armed, false)) act();
+        });
+        readOnly(2);
+        for (const bool typing : {true, false}) {
+            armed = false;
+            if (grid.Cols() < 6) grid.Cols(6);
+            grid.Rows(6);
+            at(2, 1);
+            if (typing) desk.type("x");
+            desk.answerInputBox("1");
+            grid.Mark(4, 4, CellMark{CellMark::Kind::Problem, "p"});
+            armed = true;
+            EXPECT_NO_THROW(run(std::get<1>(GetParam()))) << named() << (typing ? " while typing" : "");
+            EXPECT_FALSE(grid.Grid().StepOpen()) << named();
+        }
+        armed = false;
+    }
     std::string named() const {
         return std::string(captionOf(std::get<1>(GetParam()))) + " in " +
                occasions()[std::get<0>(GetParam())].name;
@@ -96,6 +118,58 @@ TEST_P(CommandInAnEvent, LeavesAControlThatWorks) {
     for (int steps = 0; grid.CanRun(Command::Undo) && steps < 500; ++steps) grid.Run(Command::Undo);
     for (int row = 1; row <= 3; ++row) expectContent(row, row);
     EXPECT_EQ(grid.Rows(), 6) << named();
+}
+
+TEST_P(CommandInAnEvent, MayBeTheOneInWhichTheControlEnds) {
+    kxGrid& other = desk.place();
+    desk.use(grid);
+    desk.answerInputBox("1");
+    bool gone = false;
+    occasions()[std::get<0>(GetParam())].listen(grid, [&] {
+        if (!std::exchange(gone, true)) desk.remove(grid);
+    });
+    grid.Run(std::get<1>(GetParam()));
+    if (!gone) grid.CanRun(std::get<1>(GetParam()));
+    desk.use(other);
+    EXPECT_TRUE(desk.messages().empty()) << named();
+}
+
+TEST_P(CommandInAnEvent, LetsThroughWhatAHostThrowsAndCanBeRunAgain) {
+    desk.answerInputBox("1");
+    int thrown = 0;
+    bool armed = true;
+    occasions()[std::get<0>(GetParam())].listen(grid, [&] {
+        if (!armed) return;
+        armed = false;
+        ++thrown;
+        throw HostFailure();
+    });
+    try {
+        run(std::get<1>(GetParam()));
+    } catch (const HostFailure&) {
+        EXPECT_EQ(thrown, 1) << named();
+    }
+    armed = false;
+    EXPECT_FALSE(grid.Grid().StepOpen()) << named();
+    desk.press(Key::Escape);
+    for (int steps = 0; grid.CanRun(Command::Undo) && steps < 50; ++steps) grid.Run(Command::Undo);
+    for (int row = 1; row <= 3; ++row) expectContent(row, row);
+    at(4, 1);
+    desk.clipboard("a\tb\nc\td");
+    EXPECT_TRUE(run(Command::Paste)) << named();
+    EXPECT_EQ(texts(4, 1, 5, 2), "a|b/c|d") << named();
+}
+
+TEST_P(CommandInAnEvent, FailsAtNothingWhereAllColumnsGo) {
+    expectNoFailureWhen([this] { grid.Cols(0); });
+}
+
+TEST_P(CommandInAnEvent, FailsAtNothingWhereAllRowsGo) {
+    expectNoFailureWhen([this] { grid.Grid().Rows(1); });
+}
+
+TEST_P(CommandInAnEvent, FailsAtNothingWhereTheGridIsCleared) {
+    expectNoFailureWhen([this] { grid.Clear(); });
 }
 
 std::vector<std::size_t> placesOf(std::size_t count) {

@@ -4,6 +4,7 @@
 #include <ostream>
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include "clerk/BlockTest.h"
 
@@ -258,6 +259,22 @@ TEST(HostThatFailsInAPaste, CanHaveItAgainAfterwards) {
     fails = false;
     EXPECT_TRUE(at.desk.run(Command::Paste));
     EXPECT_EQ(blockOf(at.grid.Grid(), {4, 1, 7, 3}, false), "a|A1|x/b|B1|y/c|C1|z/d|D1|w");
+}
+
+TEST(HostThatFailsInAPaste, MayBeItsToolbarAsARefusalIsMarked) {
+    Office at;
+    at.desk.clipboard("a\nb");
+    at.grid.VsCtrl(1)->iType(flexDTDouble);
+    bool fails = true;
+    at.grid.Commands().Changed.connect([&] {
+        if (std::exchange(fails, false)) throw HostFailure();
+    });
+    EXPECT_THROW(at.grid.Run(Command::Paste), HostFailure);
+    EXPECT_FALSE(at.grid.Grid().StepOpen());
+    at.desk.clipboard("1\n2");
+    at.grid.Grid().Select(1, 1);
+    EXPECT_TRUE(at.desk.run(Command::Paste));
+    EXPECT_EQ(blockOf(at.grid.Grid(), {1, 1, 2, 1}, false), "1/2");
 }
 
 TEST(HostThatFailsInAPaste, MayBeTheOneWhoHearsTheReport) {

@@ -205,6 +205,29 @@ TEST_F(ClerkAmongRows, GoesFromProblemToProblemAndHearsWhatIsWrong) {
     EXPECT_EQ(current(), (Cell{4, 4}));
 }
 
+/// A host that takes the columns away, in a grid that has to scroll.
+class ClerkWhoLosesColumns : public BlockTest {
+  protected:
+    ClerkWhoLosesColumns() {
+        rows(61);
+        at(50, 2);
+        grid.Grid().TopRow(1);
+    }
+};
+
+TEST_F(ClerkWhoLosesColumns, GoesToARowAllTheSame) {
+    grid.RowColChange.connect([this] { grid.Cols(0); });
+    desk.answerInputBox("30");
+    EXPECT_NO_THROW(run(Command::GoToRow));
+    EXPECT_EQ(grid.Cols(), 0);
+}
+
+TEST_F(ClerkWhoLosesColumns, MovesARowAllTheSame) {
+    grid.Changes().After.connect([this](const StepChanges&) { grid.Cols(0); });
+    EXPECT_NO_THROW(run(Command::MoveRowUp));
+    EXPECT_EQ(grid.Cols(), 0);
+}
+
 /// The same act by command and by menu, at two desks.
 struct ChoosesOrRuns {
     const char* item;
