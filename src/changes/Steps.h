@@ -73,6 +73,8 @@ class Steps : private ChangeListener {
     }
     void dropPrelude() { prelude_ = 0; }
 
+    /// A step is open, or is being undone or redone: its end tells what can be done then.
+    bool underway() const { return depth_ > 0 || restoring_; }
     /// A step is being undone, redone or taken back, or a whole state is put back: nothing fills anything by
     /// itself.
     bool restoring() const { return restoring_; }

@@ -33,7 +33,7 @@ class CommandRunner {
     /// editor closes without writing, and the command runs.
     bool runByKey(Command command);
     std::string caption(Command command) const;
-    /// Raises Changed where something has.
+    /// Raises Changed where something has; not while a step is open, whose end tells.
     void tellChanges();
 
     Commands face{*this};
@@ -57,6 +57,6 @@ class CommandRunner {
     CopyPaste copyPaste_;
     CellCommands cells_;
     RowCommands rows_;
-    Told told_;
+    std::optional<Told> told_;  ///< nothing while nobody hears of it
 };
 }  // namespace kxVsGrid::clerk

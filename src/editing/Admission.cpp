@@ -51,7 +51,8 @@ WriteGate::Admission WriteGate::admit(std::int32_t row, std::int32_t col, std::s
     const FieldVerdict verdict = checkOnce(col, typed, known);
     if (verdict.refusal) return {{}, {}, verdict.refusal->text.empty() ? "未通过检查。" : verdict.refusal->text};
     if (!verdict.rewritten) return {std::move(*cell), {}, {}};
-    if (col >= c_.grid.Cols()) return {};
+    if (row >= c_.grid.Rows() || col >= c_.grid.Cols()) return {};  // a host has taken the cell away
+    if (const auto repeated = brokenByRewriting(row, col, verdict.rewritten->text)) return {{}, {}, *repeated};
     cell = stored(col, verdict.rewritten->text);
     if (!cell) return refuseExpression(col, verdict.rewritten->text);
     return {std::move(*cell), verdict.rewritten->tag, {}};

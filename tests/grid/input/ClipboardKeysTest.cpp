@@ -24,28 +24,41 @@ TEST_F(ClipboardKeys, CopyWhatAClosedCellShows) {
     EXPECT_EQ(heard(), Lines{});
 }
 
-TEST_F(ClipboardKeys, PasteIntoAClosedCellThroughTheEditor) {
+TEST_F(ClipboardKeys, PasteIntoAClosedCellAsIfItHadBeenTyped) {
     fill(1, 1, "old");
     at(1, 1);
     paste("贴上");
-    EXPECT_EQ(heard(), opens());
-    EXPECT_EQ(desk.editor().text, "贴上");
-    EXPECT_EQ(desk.editor().selStart, 2u);
-    EXPECT_EQ(grid.Text(), "贴上");
-    EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
-    EXPECT_EQ(text(1, 1), "old");
-    desk.press(Key::Enter);
+    EXPECT_EQ(heard(), (Lines{"CellChanged(1, 1)", "AfterEdit(1, 1)"}));
+    EXPECT_FALSE(open());
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Grid);
     EXPECT_EQ(text(1, 1), "贴上");
+    EXPECT_EQ(grid.Text(), "贴上");
+    EXPECT_TRUE(grid.bIsDirty());
 }
 
-TEST_F(ClipboardKeys, OpenTheEditorWhereThereIsNothingToPaste) {
+TEST_F(ClipboardKeys, OpenTheEditorWithAValueThatTheCellRefuses) {
+    typed(3, flexDTDouble);
+    fill(1, 3, "5");
+    at(1, 3);
+    paste("12*");
+    EXPECT_EQ(heard(), opens());
+    EXPECT_EQ(desk.editor().text, "12*");
+    EXPECT_EQ(desk.editor().selStart, 3u);
+    EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
+    EXPECT_EQ(text(1, 3), "5");
+    EXPECT_EQ(desk.messages(), std::vector<MessageBox>{});
+    EXPECT_EQ(grid.Mark(1, 3), nullptr);
+    desk.type("2").press(Key::Enter);
+    EXPECT_EQ(text(1, 3), "24");
+}
+
+TEST_F(ClipboardKeys, DoNothingWhereThereIsNothingToPaste) {
     fill(1, 1, "old");
     at(1, 1);
     paste("");
-    EXPECT_TRUE(open());
-    EXPECT_EQ(desk.editor().text, "old");
-    EXPECT_EQ(desk.editor().selLength, 3u);
-    EXPECT_EQ(desk.focusOwner(), FocusPlace::Editor);
+    EXPECT_FALSE(open());
+    EXPECT_EQ(text(1, 1), "old");
+    EXPECT_EQ(heard(), Lines{});
 }
 
 TEST_F(ClipboardKeys, PasteNothingIntoAReadOnlyOrBooleanCell) {
@@ -63,8 +76,8 @@ TEST_F(ClipboardKeys, PasteNothingIntoAReadOnlyOrBooleanCell) {
 
 TEST_F(ClipboardKeys, PasteALineOfATableWithoutItsLineEnd) {
     paste("12\r\n");
-    EXPECT_EQ(desk.editor().text, "12");
-    desk.press(Key::Escape);
+    EXPECT_EQ(text(1, 1), "12");
+    openAt(1, 1);
     paste("\n3\r\n4\r5\n");
     EXPECT_EQ(desk.editor().text, " 3 4 5");
 }
@@ -72,6 +85,7 @@ TEST_F(ClipboardKeys, PasteALineOfATableWithoutItsLineEnd) {
 TEST_F(ClipboardKeys, PasteSeveralLinesWhereTheColumnHasThem) {
     column(1).b是否编辑多行(true);
     grid.ReDraw(true);
+    openAt(1, 1);
     paste("a\r\nb\n");
     EXPECT_EQ(desk.editor().text, "a\nb\n");
 }
@@ -114,7 +128,7 @@ TEST_F(ClipboardKeys, AreNoneWithFurtherShiftKeys) {
 }
 
 TEST_F(ClipboardKeys, OutliveAHostThatClosesTheForm) {
-    grid.BeforeTextEdit.connect([&] { desk.remove(grid); });
+    grid.AfterEdit.connect([&](std::int32_t, std::int32_t) { desk.remove(grid); });
     paste("x");
     EXPECT_EQ(desk.clipboard(), "x");
     EXPECT_THROW(desk.grid(), std::logic_error);
