@@ -5,14 +5,25 @@
 #include "support/TableText.h"
 
 namespace kxVsGrid {
+namespace {
+
+support::HtmlAlign alignOf(std::string_view text) {
+    const bool number = support::completeNumber(support::withoutGroups(text, true)).has_value();
+    return number ? support::HtmlAlign::Right : support::HtmlAlign::Left;
+}
+}  // namespace
 
 std::string htmlOf(const ClipboardContent& content) {
     std::string html;
     support::HtmlTableWriter table(html);
+    if (content.single) {
+        table.cell(content.text, alignOf(content.text));
+        table.finish();
+        return html;
+    }
     for (support::TableReader reader(content.text); reader.next();) {
         const std::string_view text = reader.text();
-        const bool number = support::completeNumber(support::withoutGroups(text, true)).has_value();
-        const auto align = number ? support::HtmlAlign::Right : support::HtmlAlign::Left;
+        const support::HtmlAlign align = alignOf(text);
         if (content.headers && reader.row() == 0)
             table.heading(text, align);
         else

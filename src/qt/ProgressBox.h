@@ -12,6 +12,8 @@
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 
+class QProgressBar;
+
 namespace kxVsGrid::qt {
 
 class ProgressBox : public Progress {
@@ -31,5 +33,6 @@ class ProgressBox : public Progress {
     QElapsedTimer sinceStart_;
     qint64 looked_ = 0;  ///< when the box was brought up to date last
     std::optional<ModalBox<QProgressDialog>> box_;
+    QPointer<QProgressBar> bar_;
 };
 }  // namespace kxVsGrid::qt
