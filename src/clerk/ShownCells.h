@@ -21,7 +21,8 @@ inline std::vector<std::int32_t> shownCols(const CellGrid& grid, std::int32_t fi
 /// The shown rows of a stretch, one after the other, while handlers may insert and remove rows.
 class ShownRows {
   public:
-    static constexpr std::int32_t NoEnd = std::numeric_limits<std::int32_t>::max();
+    /// Rows that are inserted move it: there is room for them behind it.
+    static constexpr std::int32_t NoEnd = std::numeric_limits<std::int32_t>::max() / 2;
 
     ShownRows(const CellGrid& grid, rows::RowFollower& follower, std::int32_t first, std::int32_t last)
         : grid_(grid), follower_(follower), first_(first), end_(follower, last) {}
