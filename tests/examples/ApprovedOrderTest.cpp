@@ -78,7 +78,7 @@ TEST_F(ApprovedOrder, CannotBeChangedSavedOrDeleted) {
     const Order closed = window->onScreen();
     play({"key F7", "key Home", "type 9", "key Insert", "key Delete", "key Ctrl+S"});
     EXPECT_EQ(window->message(), QString("订单 XS-20261120-001 已审核"));
-    for (const char* keys : {"Ctrl+S", "Ctrl+D", "F9"})
+    for (const char* keys : {"Ctrl+S", "Ctrl+Shift+D", "F9"})
         for (const QAction* action : window->findChildren<QAction*>())
             if (action->shortcut() == QKeySequence(keys)) {
                 EXPECT_FALSE(action->isEnabled()) << keys;
@@ -89,8 +89,8 @@ TEST_F(ApprovedOrder, CannotBeChangedSavedOrDeleted) {
     EXPECT_LT(badge->width(), 200) << "a badge, not a bar";
     EXPECT_FALSE(window->save());
     EXPECT_EQ(window->message(), QString("订单 XS-20261120-001 已审核,不能修改"));
-    play({"key F6", "key End", "type x", "key Backspace", "key Down", "key Shift+Tab", "key Up", "key Ctrl+D",
-          "key F9"});
+    play({"key F6", "key End", "type x", "key Backspace", "key Down", "key Shift+Tab", "key Up",
+          "key Ctrl+Shift+D", "key F9"});
     EXPECT_EQ(answers.asked.size(), 1);
     EXPECT_TRUE(window->onScreen() == closed);
     EXPECT_FALSE(window->hasUnsavedWork());
