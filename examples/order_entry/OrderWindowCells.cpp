@@ -13,7 +13,9 @@ using namespace Qt::StringLiterals;
 namespace {
 /// At most as many decimals as a quantity has, without zeros at the end.
 QString sumText(double value) {
-    QString text = QLocale::c().toString(value, 'f', QuantityDecimals);
+    QLocale plain = QLocale::c();
+    plain.setNumberOptions(QLocale::DefaultNumberOptions);  // with signs between the thousands
+    QString text = plain.toString(value, 'f', QuantityDecimals);
     while (text.endsWith(u'0')) text.chop(1);
     if (text.endsWith(u'.')) text.chop(1);
     return text == u"-0" ? u"0"_s : text;

@@ -146,6 +146,7 @@ void OrderWindow::addStatus() {
     message_->setTextFormat(Qt::PlainText);
     message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     totals_->setObjectName(u"totals"_s);
+    totals_->setMinimumWidth(1);  // large sums make no window wider
     statusBar()->setSizeGripEnabled(false);
     statusBar()->setContentsMargins(10, 0, 12, 2);
     statusBar()->addWidget(message_, 1);

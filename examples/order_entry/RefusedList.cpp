@@ -16,7 +16,8 @@ using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int LinesShown = 5;
+constexpr int MostLinesShown = 5;
+constexpr int BetweenColumns = 16;
 constexpr int LongestText = 60;  // characters in the list; the tip has the rest
 
 enum ListColumn { Row, Caption, Text, Reason, ListColumnCount };
@@ -38,8 +39,6 @@ RefusedList::RefusedList(kxGrid& grid, QWidget* parent)
     list_->setAlternatingRowColors(true);
     list_->setHeaderLabels({u"行号"_s, u"栏目"_s, u"内容"_s, u"原因"_s});
     list_->header()->setStretchLastSection(true);
-    const int line = list_->fontMetrics().height() + 6;
-    list_->setFixedHeight((LinesShown + 1) * line + 2 * list_->frameWidth());
     connect(list_, &QTreeWidget::itemActivated, this, &RefusedList::choose);
     connect(list_, &QTreeWidget::itemClicked, this, &RefusedList::choose);
 
@@ -109,7 +108,13 @@ void RefusedList::fill() {
         items << item;
     }
     list_->addTopLevelItems(items);
-    for (const int col : {Row, Caption, Text}) list_->resizeColumnToContents(col);
+    for (const int col : {Row, Caption, Text}) {
+        list_->resizeColumnToContents(col);
+        list_->setColumnWidth(col, list_->columnWidth(col) + BetweenColumns);
+    }
+    const int lines = std::min(static_cast<int>(items.size()), MostLinesShown);
+    list_->setFixedHeight(list_->header()->sizeHint().height() + lines * list_->sizeHintForRow(0) +
+                          2 * list_->frameWidth());
     list_->setCurrentItem(list_->topLevelItem(std::clamp(current, 0, int(items.size()) - 1)));
     title_->setText(u"没有写入 %1 格:回车到那一格,改好以后从这里消失;F8 到下一个问题"_s.arg(cells));
 }

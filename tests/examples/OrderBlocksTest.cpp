@@ -129,6 +129,7 @@ TEST_F(OrderBlocks, AWarehouseThatTheLineWillGetIsNotMarked) {
     enterLine(1, "100001");
     grid.presetWarehouse("五金仓");
     control.SetCell(2, OrderGrid::Code, "100002");
+    at(1, OrderGrid::Remark);
     EXPECT_TRUE(grid.commit());
     EXPECT_EQ(grid.markProblems(), 1);
     EXPECT_EQ(problemAt(2, OrderGrid::Warehouse), QString());

@@ -257,7 +257,8 @@ TEST_F(BlockEntry, SavesLinesThatWerePastedBetweenOthers) {
     ASSERT_TRUE(window->save()) << window->message().toStdString();
     Database database(databaseFile());
     QStringList codes;
-    for (const OrderLine& line : OrderStore(database).load(window->onScreen().id)->lines) codes << line.code;
+    const Order stored = OrderStore(database).load(window->onScreen().id).value_or(Order());
+    for (const OrderLine& line : stored.lines) codes << line.code;
     EXPECT_EQ(codes, (QStringList{"100001", "100034", "100050", "100017"}));
 }
 
