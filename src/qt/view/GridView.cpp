@@ -1,5 +1,6 @@
 #include "qt/view/GridView.h"
 
+#include <QApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QMouseEvent>
