@@ -64,4 +64,5 @@ void planEntry(Plan& plan);
 void planLookup(Plan& plan);
 void planHistory(Plan& plan);
 void planDrafts(Plan& plan);
+void planClipboard(Plan& plan);
 }  // namespace kxbench

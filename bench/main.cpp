@@ -52,6 +52,7 @@ Plan makePlan() {
     planLookup(plan);
     planHistory(plan);
     planDrafts(plan);
+    planClipboard(plan);
     return plan;
 }
 

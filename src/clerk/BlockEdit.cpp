@@ -1,6 +1,5 @@
 #include "clerk/BlockEdit.h"
 
-#include "kxVsGrid/CellMark.h"
 #include "rows/PairWrite.h"
 
 namespace kxVsGrid::clerk {
@@ -56,9 +55,9 @@ void BlockEdit::takeBack(support::FirstFault& fault) {
     if (!report_.cancelled || !c_.host.there()) return;
     report_.written = report_.same = report_.rowsAdded = 0;
     c_.owner.changedData(changedBefore_);
-    for (const auto& [id, col] : marked_)
-        if (const std::int32_t row = c_.grid.RowOf(id); row >= 0 && col < c_.grid.Cols())
-            c_.grid.Mark(row, col, std::nullopt);
+    for (auto before = marks_.rbegin(); before != marks_.rend(); ++before)
+        if (const std::int32_t row = c_.grid.RowOf(before->row); row >= 0 && before->col < c_.grid.Cols())
+            c_.grid.Mark(row, before->col, before->mark);
 }
 
 // --- Cells
@@ -111,7 +110,8 @@ void BlockEdit::put(const rows::FollowedRow& row, std::int32_t col, const std::s
         c_.owner.putCell(row.row(), col, text, tag);
     }
     ++report_.written;
-    if (!row.there() || !c_.host.there()) return;
+    if (!row.there() || !c_.host.there() || col >= grid.Cols()) return;
+    if (grid.Mark(row.row(), col)) keepMark(row.row(), col);  // the write takes a problem away
     c_.owner.clerkWrote(row.row(), col);
     c_.host.raise(&GridEvents::AfterEdit, row.row(), col);
 }
@@ -128,11 +128,17 @@ void BlockEdit::startRow(const rows::FollowedRow& row) {
 void BlockEdit::refuse(const rows::FollowedRow& row, std::int32_t col, std::string_view text,
                        std::string reason) {
     ++report_.refused;
-    if (leftToClerk_ || marked_.size() >= MostMarked) return;
-    const RowId id = c_.grid.IdOf(row.row());
+    if (leftToClerk_ || marked_ >= MostMarked) return;
+    ++marked_;
+    keepMark(row.row(), col);
     c_.grid.Mark(row.row(), col, CellMark{CellMark::Kind::Problem, reason});
-    marked_.emplace_back(id, col);
-    list({id, col, 1, std::string(text), std::move(reason)});
+    if (row.there()) list({c_.grid.IdOf(row.row()), col, 1, std::string(text), std::move(reason)});
+}
+
+/// To put it back, should the clerk cancel.
+void BlockEdit::keepMark(std::int32_t row, std::int32_t col) {
+    const CellMark* const mark = c_.grid.Mark(row, col);
+    marks_.push_back({c_.grid.IdOf(row), col, mark ? std::optional(*mark) : std::nullopt});
 }
 
 void BlockEdit::refuseBeyond(std::int64_t cells, std::string reason) {

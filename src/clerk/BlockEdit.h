@@ -8,12 +8,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "clerk/ClerkContext.h"
+#include "kxVsGrid/CellMark.h"
 #include "kxVsGrid/PasteReport.h"
 #include "support/FirstFault.h"
 
@@ -63,6 +64,7 @@ class BlockEdit {
     void put(const rows::FollowedRow& row, std::int32_t col, const std::string& text, const std::string& tag);
     void refuse(const rows::FollowedRow& row, std::int32_t col, std::string_view text, std::string reason);
     void list(PasteReport::Refusal refusal);
+    void keepMark(std::int32_t row, std::int32_t col);
 
     ClerkContext c_;
     PasteReport report_;
@@ -73,7 +75,13 @@ class BlockEdit {
     bool stopped_ = false;
     bool leftToClerk_ = false;
     editing::WriteGate::KnownCodes codes_;
-    std::vector<std::pair<RowId, std::int32_t>> marked_;
+    struct MarkBefore {
+        RowId row;
+        std::int32_t col;
+        std::optional<CellMark> mark;
+    };
+    std::vector<MarkBefore> marks_;  ///< that were put, replaced or taken away
+    std::size_t marked_ = 0;         ///< so many cells have got one
     std::unique_ptr<Progress> progress_;
 };
 }  // namespace kxVsGrid::clerk

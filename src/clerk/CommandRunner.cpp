@@ -207,6 +207,7 @@ std::string CommandRunner::caption(Command command) const {
 
 void CommandRunner::tellChanges() {
     if (!c_.host.there() || c_.steps.underway()) return;
+    if (!face.Changed.heard()) return told_.reset();
     Told now{c_.steps.undoName(), c_.steps.redoName(), {}};
     for (const Command command : allCommands())
         now.can.set(static_cast<std::size_t>(command), can(command));

@@ -57,6 +57,6 @@ class CommandRunner {
     CopyPaste copyPaste_;
     CellCommands cells_;
     RowCommands rows_;
-    Told told_;
+    std::optional<Told> told_;  ///< nothing while nobody hears of it
 };
 }  // namespace kxVsGrid::clerk

@@ -56,6 +56,7 @@ bool RowCommands::move(bool down) {
             grid.MoveRows(grid.ShownRowAfter(rows.last), 1, rows.first);
         else
             grid.MoveRows(grid.ShownRowBefore(rows.first), 1, rows.last);
+        c_.owner.changedData(true);
     });
     if (c_.host.there()) editing::bringCurrentCellIntoView(grid);
     return true;

@@ -209,7 +209,7 @@ TEST(Menus, DrawNoSeparatorFirstLastOrBesideAnother) {
     Menus menus([&](QMenu& menu) {
         for (QAction* action : menu.actions()) drawn.push_back(!menu.actionGeometry(action).isEmpty());
     });
-    EXPECT_FALSE(chooseFrom(plan, w.widget, w.widget->mapToGlobal(QPoint(20, 20))));
+    EXPECT_FALSE(chooseFrom(plan, {}, w.widget, w.widget->mapToGlobal(QPoint(20, 20))));
     EXPECT_EQ(drawn, (std::vector<bool>{false, true, true, false, true, false}));
 }
 
