@@ -19,9 +19,18 @@ ProgressBox::ProgressBox(std::shared_ptr<Machine> machine, QWidget* widget, QStr
     sinceStart_.start();
 }
 
+/// Hidden first: a box that is destroyed while it stands in front leaves nobody there.
+ProgressBox::~ProgressBox() {
+    if (box_ && *box_) box_->operator->()->hide();
+}
+
 void ProgressBox::show() {
     box_.emplace(widget_);
     QProgressDialog& box = *box_->operator->();
+    // closed with its window, for example
+    QObject::connect(&box, &QDialog::rejected, &box, &QProgressDialog::cancel);
+    bar_ = new QProgressBar(&box);
+    box.setBar(bar_);
     box.setWindowModality(Qt::WindowModal);
     box.setLabelText(what_);
     box.setCancelButtonText(wording::Cancel);
@@ -32,7 +41,7 @@ void ProgressBox::show() {
     box.show();
 }
 
-/// Also when the window was closed: nobody waits for it any more.
+/// Also when the box or the window was closed: nobody waits for it any more.
 bool ProgressBox::cancelled() const {
     return machine_->stage == nullptr || !*box_ || box_->operator->()->wasCanceled();
 }
@@ -45,7 +54,8 @@ bool ProgressBox::goOn(std::int64_t done) {
     if (!box_) show();
     if (cancelled()) return false;
     const std::int64_t most = std::max<std::int64_t>(total_, 1);
-    box_->operator->()->setValue(static_cast<int>(std::min(done, most) * Steps / most));
+    // by the bar: the box's own setValue lets events happen, and does not bear that one of them destroys it
+    if (bar_) bar_->setValue(static_cast<int>(std::min(done, most) * Steps / most));
     QCoreApplication::processEvents();
     return !cancelled();
 }

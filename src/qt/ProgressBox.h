@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <memory>
 #include <optional>
@@ -17,6 +18,9 @@ namespace kxVsGrid::qt {
 class ProgressBox : public Progress {
   public:
     ProgressBox(std::shared_ptr<Machine> machine, QWidget* widget, QString what, std::int64_t total);
+    ~ProgressBox() override;
+    ProgressBox(const ProgressBox&) = delete;
+    ProgressBox& operator=(const ProgressBox&) = delete;
 
     bool goOn(std::int64_t done) override;
 
@@ -31,5 +35,6 @@ class ProgressBox : public Progress {
     QElapsedTimer sinceStart_;
     qint64 looked_ = 0;  ///< when the box was brought up to date last
     std::optional<ModalBox<QProgressDialog>> box_;
+    QPointer<QProgressBar> bar_;
 };
 }  // namespace kxVsGrid::qt
