@@ -18,8 +18,7 @@ namespace {
 
 /// Whole columns end with the last row that holds something: below it there is nothing to copy.
 std::int32_t lastRowToCopy(const CellGrid& grid, const CellRange& range) {
-    const bool whole =
-        grid.SelectedAs() == SelectionKind::Columns || grid.SelectedAs() == SelectionKind::All;
+    const bool whole = grid.SelectedAs() == SelectionKind::Columns || grid.SelectedAs() == SelectionKind::All;
     if (!whole) return range.lastRow;
     std::int32_t last = range.firstRow;
     grid.ForEachCell(range.firstRow, range.lastRow,
@@ -92,11 +91,16 @@ bool CopyPaste::copy(bool headers) const {
 class CopyPaste::Source {
   public:
     Source(const ClipboardContent& content, const std::string& gridKey) : text_(content.text) {
+        if (isOneCell(content)) one_ = content.text;
         block_ = BlockReader::open(content.block);
         if (!block_) return;
-        const support::TableShape shape = support::tableShape(content.text);
+        const support::TableShape shape = shapeOf(content);
         const auto width = static_cast<std::int64_t>(block_->columns().size());
         if (block_->grid() != gridKey || shape != support::TableShape{block_->rows(), width}) block_.reset();
+    }
+
+    static support::TableShape shapeOf(const ClipboardContent& content) {
+        return isOneCell(content) ? support::TableShape{1, 1} : support::tableShape(content.text);
     }
 
     bool next() {
@@ -107,15 +111,17 @@ class CopyPaste::Source {
     std::int64_t col() const { return text_.col(); }
 
     void writeTo(BlockEdit& edit, const rows::FollowedRow& row, std::int32_t col) {
-        const bool samePlace = block_ && block_->columns()[static_cast<std::size_t>(block_->col())].index == col;
+        const bool samePlace =
+            block_ && block_->columns()[static_cast<std::size_t>(block_->col())].index == col;
         if (samePlace)
             edit.writePair(row, col, std::string(block_->text()), std::string(block_->tag()));
         else
-            edit.write(row, col, text_.text());
+            edit.write(row, col, one_ ? *one_ : text_.text());
     }
 
   private:
     TableReader text_;
+    std::optional<std::string_view> one_;  ///< which is not to be read as a table
     std::optional<BlockReader> block_;
 };
 
@@ -128,7 +134,7 @@ bool CopyPaste::paste() {
 }
 
 bool CopyPaste::pasteInto(const CellRange& range, const ClipboardContent& content) {
-    const support::TableShape shape = support::tableShape(content.text);
+    const support::TableShape shape = Source::shapeOf(content);
     const bool single = shape == support::TableShape{1, 1};
     const bool oneCell = range.rows() == 1 && range.cols() == 1;
     if (single && oneCell && !c_.editor.gate().opens(range.firstRow, range.firstCol)) return false;

@@ -181,18 +181,27 @@ TEST(Clipboard, PastesACopiedPartOfATextAsText) {
     EXPECT_EQ(w.grid().Grid().Data(4, Code), "");
 }
 
-/// A copied cell of several lines is one cell when it comes back.
-TEST(Clipboard, PastesACellOfSeveralLinesIntoOneCell) {
-    Window w;
-    w.grid().SetCell(1, Remark, "one\ntwo", "");
-    w.grid().SetCell(5, Remark, "stays", "");
-    w.focusCell(1, Remark);
-    w.press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(board().text(), "one\ntwo");
-    w.focusCell(4, Remark);
-    w.press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(w.text(4, Remark), "one\ntwo");
-    EXPECT_EQ(w.text(5, Remark), "stays");
+/// Whatever stands in it, also in another grid.
+TEST(Clipboard, PastesACopiedCellIntoOneCell) {
+    for (const char* text : {"one\ntwo", "a\tb", "\"quoted\"", "\"a\tb\"\nc"}) {
+        SCOPED_TRACE(text);
+        Window w;
+        Window other;
+        w.grid().SetCell(1, Remark, text, "");
+        QApplication::setActiveWindow(&w.window);
+        w.focusCell(1, Remark);
+        w.press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(board().text(), text);
+        EXPECT_EQ(board().mimeData()->html().count("<td"), 1);
+        for (Window* into : {&w, &other}) {
+            QApplication::setActiveWindow(&into->window);
+            into->grid().SetCell(5, Remark, "stays", "");
+            into->focusCell(4, Remark);
+            into->press(Qt::Key_V, Qt::ControlModifier);
+            EXPECT_EQ(into->text(4, Remark), text);
+            EXPECT_EQ(into->text(5, Remark), "stays");
+        }
+    }
 }
 
 // --- What others offer
