@@ -93,15 +93,12 @@ class CopyPaste::Source {
           shape_(support::tableShape(content.text)),
           columns_(columns) {
         block_ = BlockReader::open(content.block);
-        if (block_ && block_->grid() != gridKey) block_.reset();
         if (!block_) return;
         const support::TableShape shape{block_->rows(), static_cast<std::int64_t>(block_->columns().size())};
-        oneCell_ = shape == OneCell;
         // A single cell was copied as its bare text, which may look like several.
-        if (oneCell_)
-            shape_ = OneCell;
-        else if (shape != shape_)
-            block_.reset();
+        oneCell_ = shape == OneCell;
+        if (oneCell_) shape_ = OneCell;
+        if (block_->grid() != gridKey || shape != shape_) block_.reset();
     }
 
     const support::TableShape& shape() const { return shape_; }
@@ -137,7 +134,7 @@ class CopyPaste::Source {
     support::TableShape shape_;
     columns::ColumnArray& columns_;
     std::optional<BlockReader> block_;
-    bool oneCell_ = false;  ///< one of this grid's
+    bool oneCell_ = false;  ///< of a grid's: its text is not to be read as a table
     bool atStart_ = true;
 };
 

@@ -42,9 +42,10 @@ MenuChoice chooseFrom(const Menu& menu, const QList<QPointer<QAction>>& hosts, Q
     Choices choices;
     shown->setSeparatorsCollapsible(true);
     fill(*shown, menu, menu.array, menu.items, choices);
-    shown->addSeparator();
+    QAction* const ruler = shown->addSeparator();
     for (const QPointer<QAction>& action : hosts)
         if (action) shown->addAction(action);
+    if (shown->actions().last() == ruler) delete ruler;
     const QAction* const chosen = shown->exec(place);
     const auto found = choices.find(chosen);
     delete shown.data();  // unless its widget was destroyed meanwhile

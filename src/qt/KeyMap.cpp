@@ -127,6 +127,14 @@ std::string characterOf(const QKeyEvent& event, std::int16_t code) {
     return text.toStdString();
 }
 
+/// Every control begins with it: when it is no command's there, the host has taken it away.
+bool isDefaultKey(const KeyStroke& stroke) {
+    const auto keys = defaultKeys();
+    return std::any_of(keys.begin(), keys.end(), [&](const CommandKey& key) {
+        return key.code == stroke.code && key.shift == stroke.shift;
+    });
+}
+
 /// The other way round; the first name of a code is that of the unshifted key.
 Qt::Key qtKeyOf(std::int16_t code) {
     if (code >= FirstFunctionKey && code < FirstFunctionKey + 24)
@@ -160,7 +168,7 @@ std::optional<Command> desktopCommandOf(const QKeyEvent& event, CommandKey::Wher
 std::optional<Command> commandOf(const QKeyEvent& event, const Commands& commands, CommandKey::Where where) {
     const KeyStroke stroke = strokeOf(event);
     if (const auto own = commands.Of(stroke.code, stroke.shift, where)) return own;
-    return desktopCommandOf(event, where);
+    return isDefaultKey(stroke) ? std::nullopt : desktopCommandOf(event, where);
 }
 
 QList<QKeySequence> sequencesOf(Command command, const Commands& commands) {

@@ -20,9 +20,18 @@ ProgressBox::ProgressBox(std::shared_ptr<Machine> machine, QWidget* widget, QStr
     sinceStart_.start();
 }
 
+/// Hidden first: a box that is destroyed while it stands in front leaves nobody there.
+ProgressBox::~ProgressBox() {
+    if (box_ && *box_) box_->operator->()->hide();
+}
+
 void ProgressBox::show() {
     box_.emplace(widget_);
     QProgressDialog& box = *box_->operator->();
+    // closed with its window, for example
+    QObject::connect(&box, &QDialog::rejected, &box, &QProgressDialog::cancel);
+    bar_ = new QProgressBar(&box);
+    box.setBar(bar_);
     box.setWindowModality(Qt::WindowModal);
     box.setLabelText(what_);
     box.setCancelButtonText(wording::Cancel);
@@ -31,10 +40,9 @@ void ProgressBox::show() {
     box.setAutoReset(false);
     box.setMinimumDuration(0);
     box.show();
-    bar_ = box.findChild<QProgressBar*>();
 }
 
-/// Also when the window was closed: nobody waits for it any more.
+/// Also when the box or the window was closed: nobody waits for it any more.
 bool ProgressBox::cancelled() const {
     if (machine_->stage == nullptr || !*box_) return true;
     const QProgressDialog& box = *box_->operator->();

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <memory>
 #include <optional>
@@ -19,6 +20,9 @@ namespace kxVsGrid::qt {
 class ProgressBox : public Progress {
   public:
     ProgressBox(std::shared_ptr<Machine> machine, QWidget* widget, QString what, std::int64_t total);
+    ~ProgressBox() override;
+    ProgressBox(const ProgressBox&) = delete;
+    ProgressBox& operator=(const ProgressBox&) = delete;
 
     bool goOn(std::int64_t done) override;
 

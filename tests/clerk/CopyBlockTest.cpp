@@ -227,6 +227,22 @@ TEST_F(BlockCopier, HasBackByPastingWhateverTextsThereAre) {
     }
 }
 
+TEST_F(BlockCopier, HasASingleCellsTextBackInOneCell) {
+    column(1).b是否编辑多行(true);
+    for (const char* cell : {"a\nb", "a\tb", "\"quoted\"", "a\t\"b\"\nc"}) {
+        SCOPED_TRACE(cell);
+        fill(1, 1, cell);
+        fill(2, 1, "");
+        fill(3, 1, "stays");
+        at(1, 1);
+        run(Command::Copy);
+        at(2, 1);
+        run(Command::Paste);
+        EXPECT_EQ(text(2, 1), cell);
+        EXPECT_EQ(text(3, 1), "stays");
+    }
+}
+
 TEST_F(BlockCopier, HasLineEndsBackInAColumnOfSeveralLines) {
     column(4).b是否编辑多行(true);
     fill(1, 4, "one\ntwo\n\nthree");
