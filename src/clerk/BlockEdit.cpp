@@ -102,7 +102,8 @@ void BlockEdit::writePair(const rows::FollowedRow& row, std::int32_t col, const 
                           const std::string& tag) {
     if (!mayWrite(row, col)) return;
     if (c_.grid.Text(row.row(), col) == text && c_.grid.Data(row.row(), col) == tag) return same(row, col);
-    const auto broken = c_.editor.gate().brokenRule(row.row(), col, text);
+    std::optional<std::string> broken;
+    if (c_.grid.Text(row.row(), col) != text) broken = c_.editor.gate().brokenRule(row.row(), col, text);
     if (!stillThere(row, col)) return;
     if (broken) return refuse(row, col, text, *broken);
     put(row, col, text, tag);

@@ -17,10 +17,12 @@ using support::TableReader;
 
 namespace {
 
-/// A selection that reaches the last row, as whole columns do, ends with the last one that holds something:
-/// below it there is nothing to copy.
+/// What was selected as a whole, or is very long, ends with the last row that holds something when it reaches the
+/// last one of the grid: below it there is nothing to copy.
 std::int32_t lastRowToCopy(const CellGrid& grid, const CellRange& range) {
-    return range.lastRow < grid.Rows() - 1 ? range.lastRow : lastFilledRow(grid, range);
+    constexpr std::int32_t VeryLong = 10'000;
+    const bool asItIs = grid.SelectedAs() == SelectionKind::Cells && range.rows() <= VeryLong;
+    return asItIs || range.lastRow < grid.Rows() - 1 ? range.lastRow : lastFilledRow(grid, range);
 }
 
 template <class Visit>
@@ -72,9 +74,8 @@ bool CopyPaste::copy(bool headers) const {
     if (cells == 0) return false;
     text.finish();
     block.finish();
-    // One cell is its text, to be pasted into a letter as well: no quotes, whatever stands in it. An empty one
-    // remains a row of one empty cell.
-    content.single = cells == 1 && !headers && !only.empty();
+    // One cell is its text, to be pasted into a letter as well: no quotes, whatever stands in it.
+    content.single = cells == 1 && !headers;
     if (content.single) content.text = std::move(only);
     if (headers) content.block.clear();
     c_.platform.copyToClipboard(content);
@@ -114,7 +115,7 @@ class CopyPaste::Source {
         if (comesFrom(col))
             edit.writePair(row, col, std::string(block_->text()), std::string(block_->tag()));
         else if (oneCell_)
-            edit.write(row, col, all_ == "\n" ? std::string_view() : all_);
+            edit.write(row, col, all_);
         else
             edit.write(row, col, text_.text());
     }
@@ -142,8 +143,8 @@ bool CopyPaste::paste() {
     const CellRange range = c_.grid.Selected();
     if (range.empty()) return false;
     const ClipboardContent content = c_.platform.clipboardContent();
-    if (content.text.empty()) return false;
     Source source(content, gridKey(), c_.columns);
+    if (source.shape().rows == 0) return false;
     return pasteInto(range, source);
 }
 

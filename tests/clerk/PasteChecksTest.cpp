@@ -218,7 +218,7 @@ TEST_F(CheckedPaster, EmptiesTheTagWithTheText) {
     expectCounts(4, 0, 0, 0);
 }
 
-TEST_F(CheckedPaster, EmptiesTheTagOfACodeToo) {
+TEST_F(CheckedPaster, TakesThePairOfTheCheckForAnEmptyCodeToo) {
     takesCodes(1);
     knowCodes([](const std::string& code) { return std::optional("name of " + code); });
     content(2);
@@ -226,17 +226,17 @@ TEST_F(CheckedPaster, EmptiesTheTagOfACodeToo) {
     at(2, 1);
     paste("\n\nA1");
     EXPECT_EQ(texts(2, 1, 4, 1), "//A1");
-    EXPECT_EQ(tags(2, 1, 4, 1), "//name of A1");
+    EXPECT_EQ(tags(2, 1, 4, 1), "name of /name of /name of A1");
 }
 
-TEST_F(CheckedPaster, EmptiesTheTagOfAClearedCodeToo) {
+TEST_F(CheckedPaster, TakesThePairOfTheCheckForAClearedCodeToo) {
     takesCodes(1);
     knowCodes([](const std::string& code) { return std::optional("name of " + code); });
     content(2);
     at(2, 1);
     run(Command::ClearCells);
     EXPECT_EQ(text(2, 1), "");
-    EXPECT_EQ(tag(2, 1), "");
+    EXPECT_EQ(tag(2, 1), "name of ");
 }
 
 TEST_F(CheckedPaster, KeepsItsZeros) {

@@ -90,7 +90,6 @@ class PlainTable {
         PlainOutcome outcome;
         if (block.size() == 1 && block[0].size() == 1) {
             for (const std::int32_t row : shownRows(selected.firstRow, selected.lastRow)) {
-                askForRow(outcome, row);
                 for (const std::int32_t col : shown(selected.firstCol, selected.lastCol))
                     write(outcome, row, col, block[0][0]);
             }
@@ -99,8 +98,8 @@ class PlainTable {
         const auto cols = shown(selected.firstCol, Count - 1);
         std::int32_t row = selected.firstRow;
         for (const auto& line : block) {
+            if (&line != block.data()) askForRow(outcome, row - 1);
             while (row <= last() && hidden(row)) ++row;
-            askForRow(outcome, row);
             const std::size_t fit = row > last() ? 0 : std::min(cols.size(), line.size());
             outcome.beyond += static_cast<std::int64_t>(line.size() - fit);
             for (std::size_t j = 0; j < fit; ++j) write(outcome, row, cols[j], line[j]);
@@ -112,7 +111,7 @@ class PlainTable {
         PlainOutcome outcome;
         for (const std::int32_t row : shownRows(range.firstRow, range.lastRow))
             for (const std::int32_t col : shown(range.firstCol, range.lastCol))
-                if (at(row, col) != PlainCell()) write(outcome, row, col, {});
+                if (at(row, col) != PlainCell()) write(outcome, row, col, {}, false);
         return outcome;
     }
     PlainOutcome fillDown(const CellRange& range) {
@@ -173,12 +172,14 @@ class PlainTable {
     }
 
   private:
+    /// The last row is written into, or more is to come below it.
     void askForRow(PlainOutcome& outcome, std::int32_t row) {
         if (row != last() || !hostGivesRow()) return;
         append();
         ++outcome.rowsAdded;
     }
-    void write(PlainOutcome& outcome, std::int32_t row, std::int32_t col, const PlainCopy& given) {
+    void write(PlainOutcome& outcome, std::int32_t row, std::int32_t col, const PlainCopy& given,
+               bool asks = true) {
         if (col == ReadOnly) return static_cast<void>(++outcome.passedOver);
         const PlainCell now = at(row, col);
         std::optional<PlainCell> next;
@@ -190,6 +191,7 @@ class PlainTable {
             next = admitted(row, col, given.cell.text);
         if (!next) return outcome.refused.push_back({row, col});
         if (*next == now) return static_cast<void>(++outcome.same);
+        if (asks) askForRow(outcome, row);
         at(row, col) = *next;
         outcome.written.push_back({row, col});
     }

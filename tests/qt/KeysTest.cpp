@@ -165,17 +165,28 @@ TEST(Keys, CopyTheDisplayedTextOfAClosedCell) {
     EXPECT_EQ(w.text(1, Paid), "-1");
 }
 
-TEST(Keys, PasteIntoAClosedCellThroughTheEditor) {
+TEST(Keys, PasteIntoAClosedCellAsIfItHadBeenTyped) {
     Window w;
     QApplication::clipboard()->setText("贴上");
     w.focusCell(1, Code);
     w.press(Qt::Key_V, Qt::ControlModifier);
-    ASSERT_TRUE(w.editorShown());
-    EXPECT_EQ(w.editorText(), "贴上");
-    EXPECT_EQ(w.grid().Text(), "贴上");
-    EXPECT_TRUE(w.editor().hasFocus());
-    w.press(Qt::Key_Enter);
+    EXPECT_FALSE(w.editorShown());
     EXPECT_EQ(w.text(1, Code), "贴上");
+    EXPECT_EQ(w.grid().Text(), "贴上");
+}
+
+TEST(Keys, OpenTheEditorWithAValueThatTheCellRefuses) {
+    Window w;
+    QApplication::clipboard()->setText("12*");
+    w.focusCell(1, Quantity);
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    ASSERT_TRUE(w.editorShown());
+    EXPECT_EQ(w.editorText(), "12*");
+    EXPECT_EQ(w.grid().Text(), "12*");
+    EXPECT_TRUE(w.editor().hasFocus());
+    w.press(Qt::Key_2);
+    w.press(Qt::Key_Enter);
+    EXPECT_EQ(w.text(1, Quantity), "24.00");
 }
 
 TEST(Keys, PasteACellOfATableWithoutItsLineEnd) {
@@ -184,6 +195,8 @@ TEST(Keys, PasteACellOfATableWithoutItsLineEnd) {
     w.focusCell(1, Quantity);
     w.press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(w.grid().Text(), "12");
+    w.press(Qt::Key_F2);
+    w.press(Qt::Key_End);
     QApplication::clipboard()->setText("\n3\r\n4\n");
     w.press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(w.grid().Text(), "12 3 4");
@@ -209,7 +222,7 @@ TEST(Keys, CopyAndPasteByInsertAsInTheEditorAndAskForNoRow) {
     EXPECT_EQ(QApplication::clipboard()->text(), "1,234.50");
     w.focusCell(2, Code);
     w.press(Qt::Key_Insert, Qt::ShiftModifier);
-    EXPECT_EQ(w.editorText(), "1,234.50");
+    EXPECT_EQ(w.text(2, Code), "1,234.50");
     EXPECT_EQ(asked, 0);
 }
 
