@@ -51,10 +51,11 @@ struct OrderLine {
 struct LineChanges {
     bool unknown = false;  ///< anything may have changed
     bool added = false;    ///< there are lines without an id
+    bool moved = false;    ///< lines have changed places
     std::vector<qint64> changed;
     std::vector<qint64> removed;
 
-    bool none() const { return !unknown && !added && changed.empty() && removed.empty(); }
+    bool none() const { return !unknown && !added && !moved && changed.empty() && removed.empty(); }
 };
 
 struct Order {

@@ -53,12 +53,8 @@ void OrderGrid::connectEvents() {
         grid_.AfterAddRow.connect([this](bool& keepCopy, std::int32_t row, bool copied, std::int32_t) {
             if (copied) keepOrClearCopy(row, keepCopy);
         }));
-    all.push_back(grid_.DeleteVsRow.connect([this](std::int32_t row, bool& consent) {
-        consent = grid_.Editable() &&
-                  (read(row).isEmpty() || !mayDelete_ ||
-                   mayDelete_(u"第 %1 行 %2 %3"_s.arg(QString::number(row - grid_.FixedRows() + 1),
-                                                      text(row, Code), text(row, Name))));
-    }));
+    all.push_back(grid_.DeleteVsRow.connect(
+        [this](std::int32_t row, bool& consent) { consent = grid_.Editable() && mayDeleteRow(row); }));
     // Dates that a row got as the clerk passed it make it no line: fills end before it.
     grid_.Options().FillsToLastLine(true);
     all.push_back(grid_.Options().RowInUse.connect(
@@ -75,6 +71,7 @@ void OrderGrid::connectEvents() {
     all.push_back(grid_.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         settle(row);
         settleTyped(row, static_cast<Column>(col));
+        presetPasted(row);
     }));
     // Fills, copies and pastes of the control itself raise no AfterEdit. Whatever the clerk does, what follows
     // from it belongs to the same step, and is undone and redone with it. The grid may outlive this.
@@ -83,9 +80,11 @@ void OrderGrid::connectEvents() {
     });
     all.push_back(grid_.Changes().After.connect([this](const StepChanges& step) {
         markCodes(step);
+        judgeMarks(step);
         emit changed();
     }));
     all.push_back(grid_.RowColChange.connect([this] { emit moved(); }));
+    all.push_back(grid_.SelChange.connect([this] { emit selected(); }));
 }
 
 void OrderGrid::clear(const QDate& delivery) {
@@ -101,6 +100,14 @@ void OrderGrid::putPresets(std::int32_t row) {
     }
 }
 
+// A line that came as one of a block: the clerk has not been to its row.
+void OrderGrid::presetPasted(std::int32_t row) {
+    if (row == grid_.Row() || read(row).isEmpty()) return;
+    for (const Column col : {Warehouse, Delivery, Slot})
+        if (!text(row, col).isEmpty()) return;
+    putPresets(row);
+}
+
 void OrderGrid::show(const std::vector<OrderLine>& lines, const QDate& delivery) {
     const auto count = static_cast<std::int32_t>(lines.size());
     load(std::max(SheetRows, count + 1), delivery, [&] {
@@ -114,6 +121,7 @@ void OrderGrid::show(const std::vector<OrderLine>& lines, const QDate& delivery)
 // row too, is nobody's step.
 void OrderGrid::load(std::int32_t dataRows, const QDate& delivery, const std::function<void()>& fill) {
     const UnrecordedSpan unrecorded = grid_.Unrecorded();
+    marks_.clear();  // the marks go with the rows
     grid_.ReDraw(false);
     grid_.Clear();
     grid_.Rows(grid_.FixedRows() + dataRows);
@@ -249,10 +257,14 @@ std::vector<OrderLine> OrderGrid::lines() const {
 
 void OrderGrid::markSaved(const std::vector<OrderLine>& lines) {
     saved_.clear();
+    savedOrder_.clear();
     auto line = lines.begin();
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows() && line != lines.end(); ++row) {
         if (read(row).isEmpty()) continue;
-        if (line->id != 0) saved_.emplace(grid_.Grid().IdOf(row), *line);
+        if (line->id != 0) {
+            saved_.emplace(grid_.Grid().IdOf(row), *line);
+            savedOrder_.push_back(grid_.Grid().IdOf(row));
+        }
         ++line;
     }
     grid_.Changes().Saved();
@@ -262,6 +274,7 @@ void OrderGrid::markSaved(const std::vector<OrderLine>& lines) {
 // says nothing is no line, and texts alone count, not the tags that go with them.
 LineChanges OrderGrid::unsaved() const {
     LineChanges result;
+    result.moved = hasMovedLines();
     const Changes& log = grid_.Changes();
     if (log.empty()) return result;
     result.unknown = log.Unknown();

@@ -9,6 +9,9 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "Catalogue.h"
@@ -57,8 +60,8 @@ class OrderGrid : public QObject {
             find;
         std::function<QDateTime()> now;
     };
-    /// Whether a row with content may go; the text names it.
-    using MayDelete = std::function<bool(const QString& row)>;
+    /// Whether a row with content may go, or several rows some of which have content; the text names them.
+    using MayDelete = std::function<bool(const QString& rows)>;
 
     /// The grid must outlive this; sets up its columns.
     OrderGrid(kxVsGrid::kxGrid& grid, Services services);
@@ -89,6 +92,11 @@ class OrderGrid : public QObject {
     };
     /// The first one, row by row; to be asked after commit().
     std::optional<Problem> firstProblem();
+    /// Marks all cells that keep the order from being saved, with the reasons, and answers how many. A mark
+    /// goes when its cell is right, whatever has put it right, and with the order.
+    int markProblems();
+    /// Takes away all marks, those of refused texts too.
+    void clearMarks();
     void select(std::int32_t row, std::int32_t col);
 
     /// Takes over what is being typed and what follows from it; false when it is refused and still in the
@@ -119,6 +127,8 @@ class OrderGrid : public QObject {
     void changed();
     /// The current cell is another one.
     void moved();
+    /// Other cells are selected.
+    void selected();
 
   private:
     void setUpColumns();
@@ -133,6 +143,7 @@ class OrderGrid : public QObject {
     void put(std::int32_t row, Column col, const QString& text, const QString& tag = {});
     void putDelivery(std::int32_t row, const QDate& delivery);
     void putPresets(std::int32_t row);
+    void presetPasted(std::int32_t row);
     void presetRow(Column col, const QString& text);
 
     /// Answers a code check; an empty name refuses the text.
@@ -144,6 +155,18 @@ class OrderGrid : public QObject {
     static QString whyUnsavable(const OrderLine& line, Column col, const QString& text);
     /// The text stands in the list of its column.
     bool isListed(const OrderLine& line, Column col);
+    using ListedTexts = std::set<QString>;
+    QString faultOf(std::int32_t row, const OrderLine& line, Column col, ListedTexts& listed);
+    QString problemOf(std::int32_t row, const OrderLine& line, Column col, ListedTexts& listed);
+    static QString ruleBroken(Column col);
+    bool getsPreset(std::int32_t row, Column col) const;
+    void mark(std::int32_t row, std::int32_t col, const QString& why);
+    void judgeMarks(const kxVsGrid::StepChanges& step);
+
+    bool mayDeleteRow(std::int32_t row);
+    std::vector<std::int32_t> selectedRows() const;
+    void deleteSelectedRows();
+    bool hasMovedLines() const;
 
     /// All rows, where more has changed than could be kept.
     std::vector<std::int32_t> rowsOf(const kxVsGrid::StepChanges& step) const;
@@ -166,5 +189,10 @@ class OrderGrid : public QObject {
     Services services_;
     MayDelete mayDelete_;
     std::map<kxVsGrid::RowId, OrderLine> saved_;  ///< the lines that have an id, by their rows
+    std::vector<kxVsGrid::RowId> savedOrder_;     ///< their rows, as they stood then
+    /// What markProblems() has marked, with the reasons.
+    std::map<std::pair<kxVsGrid::RowId, std::int32_t>, std::string> marks_;
+    enum class Deletion { Single, Asked, Agreed };
+    Deletion deletion_ = Deletion::Single;
     std::vector<kxVsGrid::ScopedConnection> connections_;
 };

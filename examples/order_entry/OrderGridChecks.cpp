@@ -1,6 +1,4 @@
 // What the grid asks its host while it checks a typed text, and what the host checks before it saves.
-#include <set>
-
 #include "OrderGrid.h"
 
 using namespace kxVsGrid;
@@ -94,28 +92,34 @@ bool OrderGrid::commit() {
     return true;
 }
 
+/// Why the cell cannot be saved, beside the rules that the control itself applies. `listed`, of both columns,
+/// is asked for once.
+QString OrderGrid::faultOf(std::int32_t row, const OrderLine& line, Column col, ListedTexts& listed) {
+    const QString why = whyUnsavable(line, col, text(row, col));
+    const QString value = col == Unit ? line.unit : col == Warehouse ? line.warehouse : QString();
+    if (!why.isEmpty() || value.isEmpty() || line.isEmpty()) return why;
+    // Goods may have units of their own.
+    const QString key = caption(col) + value + (col == Unit ? line.code : QString());
+    if (listed.contains(key)) return {};
+    if (!isListed(line, col)) return u"“%1”不在%2列表中"_s.arg(value, caption(col));
+    listed.insert(key);
+    return {};
+}
+
+QString OrderGrid::ruleBroken(Column col) {
+    return col == Quantity ? u"不能为零"_s : u"不能为空"_s;
+}
+
 std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
     Place place(grid_);
-    std::set<QString> listed;  // of both columns: asked for once
-    const auto isKnown = [&](const OrderLine& line, Column col) {
-        const QString value = col == Unit ? line.unit : col == Warehouse ? line.warehouse : QString();
-        if (value.isEmpty() || line.isEmpty()) return true;
-        // Goods may have units of their own.
-        const QString key = caption(col) + value + (col == Unit ? line.code : QString());
-        if (listed.contains(key)) return true;
-        if (!isListed(line, col)) return false;
-        listed.insert(key);
-        return true;
-    };
+    ListedTexts listed;
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
         OrderLine line = read(row);
         for (int c = grid_.FixedCols(); c < ColumnCount; ++c) {
             const auto col = static_cast<Column>(c);
             const QString where =
                 u"第 %1 行的%2"_s.arg(QString::number(row - grid_.FixedRows() + 1), caption(col));
-            QString why = whyUnsavable(line, col, text(row, col));
-            if (why.isEmpty() && !isKnown(line, col))
-                why = u"“%1”不在%2列表中"_s.arg(text(row, col), caption(col));
+            const QString why = faultOf(row, line, col, listed);
             if (!why.isEmpty()) return Problem{row, col, where + why, false};
             if (!breaksRule(line, col)) continue;
             // The control applies the column's rule to its current cell, and tells the clerk. A row that
@@ -126,7 +130,7 @@ std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
                 continue;
             }
             place.leave();
-            return Problem{row, col, where + (col == Quantity ? u"不能为零"_s : u"不能为空"_s), true};
+            return Problem{row, col, where + ruleBroken(col), true};
         }
     }
     return std::nullopt;

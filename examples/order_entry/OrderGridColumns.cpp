@@ -104,6 +104,8 @@ void OrderGrid::setUpRules() {
     checkDates(Slot, ij半日型);
     checkDates(Entered, ij时间型);
 
+    // Returned goods have a quantity below 0; a price never is.
+    grid_.Options(Price).smallest(0);
     // A price of 0 is a price: it is shown, and it comes back from the database as it was.
     grid_.bIsShowZero(true);
     grid_.BackColorBkg(ButtonFace);
@@ -111,7 +113,7 @@ void OrderGrid::setUpRules() {
 }
 
 QString OrderGrid::hint() const {
-    if (!grid_.Editable()) return u"订单已审核,不能修改;右键复制单元格"_s;
+    if (!grid_.Editable()) return u"订单已审核,不能修改;Ctrl+C 复制选中的格子"_s;
     switch (grid_.Col()) {
         case Code:
             return u"输入货号后按回车,带出品名、规格、单位和单价;F2 按货号、品名或简码查找"_s;

@@ -13,6 +13,7 @@
 #include "OrderHeader.h"
 #include "PlainTip.h"
 #include "RecoveryBar.h"
+#include "RefusedList.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 using namespace Qt::StringLiterals;
@@ -42,7 +43,8 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Cloc
       state_(new QLabel(this)),
       hint_(new QLabel(this)),
       message_(new QLabel(this)),
-      totals_(new QLabel(this)) {
+      totals_(new QLabel(this)),
+      refused_(new RefusedList(widget_->grid(), this)) {
     layOut();
     addActions();
     addStatus();
@@ -94,6 +96,17 @@ void OrderWindow::connectParts() {
     connect(grid_.get(), &OrderGrid::said, this, &OrderWindow::say);
     connect(grid_.get(), &OrderGrid::changed, this, &OrderWindow::refresh);
     connect(grid_.get(), &OrderGrid::moved, this, &OrderWindow::refreshHint);
+    connect(grid_.get(), &OrderGrid::selected, this, &OrderWindow::showTotals);
+    reported_ = widget_->grid().Commands().Reported.connect(
+        [this](const kxVsGrid::PasteReport& report) { tellReport(report); });
+    marked_ = widget_->grid().Grid().MarksChanged.connect([this] { refused_->follow(); });
+    connect(refused_, &RefusedList::chosen, this, [this](std::int32_t row, std::int32_t col) {
+        enterLines();
+        grid_->select(row, col);
+    });
+    connect(refused_, &RefusedList::closed, this, [this] {
+        if (!widget_->grid().editorView().visible) enterLines();  // it has the keyboard
+    });
     connect(widget_, &kxVsGrid::qt::kxGridWidget::handlerFailed, this,
             [this](const QString& why) { say(u"内部错误:"_s + why, true); });
     connect(header_, &OrderHeader::changed, this, [this] {
@@ -225,6 +238,7 @@ QDate OrderWindow::deliveryFor(const QDate& date) {
 }
 
 void OrderWindow::showOrder(const Order& order) {
+    refused_->clear();
     header_->show(order);
     if (order.id == 0)
         grid_->clear(deliveryFor(order.date));
@@ -274,6 +288,8 @@ bool OrderWindow::approveOrder() {
     } catch (const DatabaseError& error) {
         return report(error, u"订单没有审核,屏幕上的内容没有改变。"_s);
     }
+    grid_->clearMarks();
+    refused_->clear();
     beginDraft();
     showWhetherApproved();
     say(u"订单 %1 已审核"_s.arg(saved_.number));
@@ -327,11 +343,15 @@ bool OrderWindow::readyToSave() {
         enterLines();
         return refuse(u"订单还没有明细"_s);
     }
-    if (const auto problem = grid_->firstProblem()) {
+    const auto problem = grid_->firstProblem();
+    const int problems = grid_->markProblems();
+    if (problem) {
         enterLines();
         grid_->select(problem->row, problem->col);
-        if (!problem->shown) return refuse(problem->text);
-        say(problem->text + u",订单没有保存"_s, true);
+        if (!problem->shown) refuse(problem->text);
+        const QString others =
+            problems > 1 ? u";有问题的格子共 %1 个,按 F8 逐个查看"_s.arg(problems) : QString();
+        if (problem->shown || problems > 1) say(problem->text + u",订单没有保存"_s + others, true);
         return false;
     }
     return true;
@@ -441,9 +461,11 @@ void OrderWindow::refresh() {
     const bool unsaved = isUnsaved(order);
     Thousandths quantity = 0;
     for (const OrderLine& line : order.lines) quantity += line.quantity.value_or(0);
-    totals_->setText(u"共 %1 行    数量 %2    金额 ¥ %3"_s.arg(QString::number(order.lines.size()),
-                                                               QString::fromStdString(quantityText(quantity)),
-                                                               money(order.total())));
+    orderTotals_ = u"共 %1 行    数量 %2    金额 ¥ %3"_s.arg(QString::number(order.lines.size()),
+                                                             QString::fromStdString(quantityText(quantity)),
+                                                             money(order.total()));
+    showTotals();
+    refused_->follow();
     state_->setText(unsaved          ? u"未保存"_s
                     : order.id == 0  ? u"新订单"_s
                     : order.approved ? u"已审核"_s

@@ -4,7 +4,9 @@
 #include <QDate>
 #include <QMainWindow>
 #include <functional>
+#include <initializer_list>
 #include <memory>
+#include <optional>
 
 #include "Catalogue.h"
 #include "Database.h"
@@ -19,8 +21,10 @@ class ManualWindow;
 class OrderHeader;
 class QAction;
 class QLabel;
+class QMenu;
 class QSettings;
 class RecoveryBar;
+class RefusedList;
 
 namespace kxVsGrid::qt {
 class kxGridWidget;
@@ -95,6 +99,7 @@ class OrderWindow : public QMainWindow {
     OrderGridHelp::Services helpServices();
     void connectParts();
     void addActions();
+    void addCommands(QMenu& menu, std::initializer_list<std::optional<kxVsGrid::Command>> commands);
     void addStatus();
 
     bool connectDatabase();
@@ -127,7 +132,9 @@ class OrderWindow : public QMainWindow {
     bool report(const DatabaseError& error, const QString& consolation);
 
     void say(const QString& text, bool warning = false);
+    void tellReport(const kxVsGrid::PasteReport& report);
     void refresh();
+    void showTotals();
     void refreshHint();
     void fitGrid(int width);
     void fitBesideBar();
@@ -150,6 +157,8 @@ class OrderWindow : public QMainWindow {
     std::unique_ptr<OrderDraft> draft_;  ///< when drafts are kept
     QString conflict_;                   ///< the number of the order that this draft must not overwrite
     kxVsGrid::ScopedConnection placed_;
+    kxVsGrid::ScopedConnection reported_;
+    kxVsGrid::ScopedConnection marked_;
     bool barSeen_ = false;
     std::unique_ptr<ColumnWidths> widths_;
     RecoveryBar* bar_;
@@ -157,6 +166,8 @@ class OrderWindow : public QMainWindow {
     QLabel* hint_;
     QLabel* message_;
     QLabel* totals_;
+    QString orderTotals_;  ///< of the lines, shown while no cells are selected
+    RefusedList* refused_;
     ManualWindow* manual_ =
         nullptr;  ///< once it has been asked for; it keeps the place where the clerk reads
     std::vector<QAction*> changing_;  ///< what can be done to an order that is not closed

@@ -16,6 +16,7 @@
 #include "OrderHeader.h"
 #include "OrderWindow.h"
 #include "RecoveryBar.h"
+#include "RefusedList.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 using namespace Qt::StringLiterals;
@@ -62,6 +63,7 @@ void OrderWindow::layOut() {
     all->addWidget(header_);
     all->addWidget(bar_);
     all->addWidget(frame, 1);
+    all->addWidget(refused_);
     all->addWidget(hint_);
     auto* middle = new QWidget(this);
     middle->setLayout(all);
@@ -94,8 +96,8 @@ void OrderWindow::addActions() {
     changing_.push_back(add(u"审核(&A)…"_s, u"审核"_s, QKeySequence(u"F9"_s), QStyle::SP_DialogApplyButton,
                             [this] { approveOrder(); }));
     order->addSeparator();
-    changing_.push_back(add(u"删除订单(&D)…"_s, u"删除"_s, QKeySequence(u"Ctrl+D"_s), QStyle::SP_TrashIcon,
-                            [this] { deleteOrder(); }));
+    changing_.push_back(add(u"删除订单(&D)…"_s, u"删除"_s, QKeySequence(u"Ctrl+Shift+D"_s),
+                            QStyle::SP_TrashIcon, [this] { deleteOrder(); }));
     order->addSeparator();
     order->addAction(u"退出(&X)"_s, QKeySequence(u"Ctrl+Q"_s), this, [this] { close(); });
 
@@ -107,11 +109,21 @@ void OrderWindow::addActions() {
         edit->addAction(action);
         tools->addAction(action);
     }
+    constexpr std::nullopt_t Line = std::nullopt;
+    addCommands(*edit, {Line, Command::Cut, Command::Copy, Command::CopyWithHeaders, Command::Paste,
+                        Command::ClearCells, Command::SelectAll, Line, Command::FillDown, Command::FillRight,
+                        Command::CopyFromAbove, Command::Today});
+    addCommands(*menuBar()->addMenu(u"行(&L)"_s),
+                {Command::InsertRow, Command::AppendRow, Command::DuplicateRow, Command::DeleteRows, Line,
+                 Command::MoveRowUp, Command::MoveRowDown, Line, Command::GoToRow, Command::NextProblem});
+    for (const Command command : {Command::Cut, Command::Copy, Command::Paste, Command::NextProblem})
+        widget_->appendToMenu(widget_->action(command));
 
     QMenu* go = menuBar()->addMenu(u"转到(&G)"_s);
     go->addAction(u"表头(&H)"_s, QKeySequence(u"F6"_s), this,
                   [this] { header_->focus(OrderHeader::Field::Customer); });
     go->addAction(u"明细(&M)"_s, QKeySequence(u"F7"_s), this, [this] { enterLines(); });
+    go->addAction(u"没有写入的内容(&R)"_s, QKeySequence(u"Shift+F8"_s), refused_, &RefusedList::enter);
 
     QMenu* view = menuBar()->addMenu(u"查看(&V)"_s);
     view->addAction(u"恢复列宽(&W)"_s, this, [this] { resetColumns(); });
@@ -120,11 +132,21 @@ void OrderWindow::addActions() {
     help->addAction(u"录单员手册(&M)"_s, QKeySequence(u"F1"_s), this, [this] { showManual(); });
 }
 
+/// The control's own actions, with its keys; nothing for a line between them.
+void OrderWindow::addCommands(QMenu& menu, std::initializer_list<std::optional<kxVsGrid::Command>> commands) {
+    for (const auto& command : commands)
+        if (command)
+            menu.addAction(widget_->action(*command));
+        else
+            menu.addSeparator();
+}
+
 void OrderWindow::addStatus() {
     message_->setObjectName(u"message"_s);
     message_->setTextFormat(Qt::PlainText);
     message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     totals_->setObjectName(u"totals"_s);
+    totals_->setMinimumWidth(1);  // large sums make no window wider
     statusBar()->setSizeGripEnabled(false);
     statusBar()->setContentsMargins(10, 0, 12, 2);
     statusBar()->addWidget(message_, 1);

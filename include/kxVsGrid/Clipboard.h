@@ -10,10 +10,8 @@ struct ClipboardContent {
     std::string text;   ///< UTF-8; cells stand between tabs and line ends, with quotes where they need them
     std::string block;  ///< the control's own form, which another program keeps without looking into it
     bool headers = false;  ///< the first row are captions
+    bool single = false;   ///< the text is that of one cell, as it is
 };
-
-/// The text is that of one cell, as it stands there: tabs, line ends and quotes in it mean nothing.
-bool isOneCell(const ClipboardContent& content);
 
 /// The text as an HTML table, for programs that take no other: made when one of them asks.
 std::string htmlOf(const ClipboardContent& content);

@@ -1,7 +1,7 @@
 // What a clerk, a menu or a toolbar can ask the control to do, and the keys that ask for it.
 //
-//     for (const kxVsGrid::CommandKey& key : kxVsGrid::defaultKeys())
-//         print(kxVsGrid::captionOf(key.command), kxVsGrid::keyText(key));  // 撤销  Ctrl+Z
+//     const auto command = grid.Commands().Of('Z', kxVsGrid::CtrlKey, kxVsGrid::CommandKey::Where::ClosedCell);
+//     if (command && grid.CanRun(*command)) grid.Run(*command);
 //
 // The keys of one control, which its host may change, are those of its Commands (Commands.h).
 #pragma once

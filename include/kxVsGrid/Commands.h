@@ -4,7 +4,7 @@
 //         button.text = grid.Commands().Caption(kxVsGrid::Command::Undo);  // 撤销“录入”
 //         button.enabled = grid.CanRun(kxVsGrid::Command::Undo);
 //     });
-//     grid.Commands().Bind({kxVsGrid::Command::DuplicateRow, 'D', kxVsGrid::CtrlKey});
+//     grid.Commands().Bind({kxVsGrid::Command::DuplicateRow, 'D', kxVsGrid::CtrlKey});  // was 向下填充
 #pragma once
 
 #include <optional>

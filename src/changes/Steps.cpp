@@ -40,10 +40,11 @@ template <class Keep>
 void Steps::record(std::size_t bytesAhead, Keep keep) noexcept {
     Record* const record = keeper();
     if (!record) return;
+    const bool limited = record != &current_ || !wholeToTakeBack_;
     try {
-        if (bytesAhead > limit_) throw std::bad_alloc();
+        if (limited && bytesAhead > limit_) throw std::bad_alloc();
         keep(*record);
-        if (record->bytes() > limit_) throw std::bad_alloc();
+        if (limited && record->bytes() > limit_) throw std::bad_alloc();
     } catch (...) {
         failed();
     }
@@ -195,6 +196,7 @@ Steps::Told Steps::toldOf(const Record& record, Cause cause) const noexcept {
 
 /// There is room for it since the step was opened.
 void Steps::keepDone() noexcept {
+    if (std::exchange(wholeToTakeBack_, false) && current_.bytes() > limit_) failed();
     Record record = std::move(current_);
     current_ = {};
     const bool whole = !lost_ && !forgetsStep_;
@@ -244,6 +246,7 @@ std::size_t Steps::openHostStep(std::string_view name, Cause cause) {
         --hostSteps_;
         throw;
     }
+    wholeToTakeBack_ = wholeToTakeBack_ || cause != Cause::Code;
     marks_.push_back(current_.mark());
     return marks_.size() - 1;
 }

@@ -91,7 +91,8 @@ class Steps : private ChangeListener {
     }
 
     // --- Steps that can be taken back, of the host's and of commands that a clerk may cancel.
-    /// Answers what takeBack() knows the step by.
+    /// Answers what takeBack() knows the step by. One of a command's is kept beyond the limit for as long as it
+    /// is open: a clerk who cancels shall not be left with half of it.
     std::size_t openHostStep(std::string_view name, Cause cause = Cause::Code);
     void closeHostStep();
     bool takeBack(std::size_t hostStep);
@@ -201,10 +202,11 @@ class Steps : private ChangeListener {
     bool enabled_ = true;
     bool silent_ = false;
     bool restoring_ = false;
-    bool lost_ = false;           ///< what is being recorded could not be kept
-    bool forgetsStep_ = false;    ///< and shall not
-    bool forgot_ = false;         ///< to be told when the step is done
-    std::int32_t knownRow_ = -1;  ///< the row that was written to last
+    bool wholeToTakeBack_ = false;  ///< the open step is kept whatever it takes, until it is closed
+    bool lost_ = false;             ///< what is being recorded could not be kept
+    bool forgetsStep_ = false;      ///< and shall not
+    bool forgot_ = false;           ///< to be told when the step is done
+    std::int32_t knownRow_ = -1;    ///< the row that was written to last
     RowId knownId_ = RowId::None;
     Listening listening_{grid_, *this};
 };

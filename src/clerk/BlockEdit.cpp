@@ -1,6 +1,9 @@
 #include "clerk/BlockEdit.h"
 
+#include <utility>
+
 #include "rows/PairWrite.h"
+#include "support/Text.h"
 
 namespace kxVsGrid::clerk {
 namespace {
@@ -41,7 +44,8 @@ void BlockEdit::end(support::FirstFault& fault) {
     if (report_.cancelled) takeBack(fault);
     fault.during([&] { c_.steps.closeHostStep(); });
     if (!c_.host.there()) return;
-    fault.during([&] { c_.editor.captureAndLoad(); });  // what stands there now is not checked again unchanged
+    fault.during(
+        [&] { c_.editor.captureAndLoad(); });  // what stands there now is not checked again unchanged
     if (leftToClerk_ && report_.refused > 0) return;
     fault.during([&] { c_.owner.tell(report_); });
 }
@@ -53,11 +57,14 @@ void BlockEdit::takeBack(support::FirstFault& fault) {
         report_.cutShort = !report_.cancelled;
     });
     if (!report_.cancelled || !c_.host.there()) return;
-    report_.written = report_.same = report_.rowsAdded = 0;
+    report_.written = report_.same = report_.rowsAdded = report_.refused = 0;
+    report_.refusals.clear();
     c_.owner.changedData(changedBefore_);
-    for (auto before = marks_.rbegin(); before != marks_.rend(); ++before)
-        if (const std::int32_t row = c_.grid.RowOf(before->row); row >= 0 && before->col < c_.grid.Cols())
-            c_.grid.Mark(row, before->col, before->mark);
+    for (auto before = marks_.rbegin(); before != marks_.rend() && c_.host.there(); ++before)
+        fault.during([&] {
+            const std::int32_t row = c_.grid.RowOf(before->row);
+            if (row >= 0 && before->col < c_.grid.Cols()) c_.grid.Mark(row, before->col, before->mark);
+        });
 }
 
 // --- Cells
@@ -67,21 +74,26 @@ bool BlockEdit::mayWrite(const rows::FollowedRow& row, std::int32_t col) {
         report_.cancelled = stopped_ = true;
         return false;
     }
-    if (!goesOn()) return false;
-    if (!row.there() || col >= c_.grid.Cols()) {
-        cutShort();
-        return false;
-    }
-    if (c_.editor.gate().opens(row.row(), col)) return true;
-    ++report_.passedOver;
-    return false;
+    if (!stillThere(row, col)) return false;
+    const bool opens = c_.editor.gate().opens(row.row(), col);
+    if (!stillThere(row, col)) return false;
+    if (!opens) ++report_.passedOver;
+    return opens;
 }
 
+bool BlockEdit::stillThere(const rows::FollowedRow& row, std::int32_t col) {
+    if (goesOn() && (!row.there() || col >= c_.grid.Cols())) cutShort();
+    return goesOn();
+}
+
+/// What the cell says already is not judged again, as with a typed text.
 void BlockEdit::write(const rows::FollowedRow& row, std::int32_t col, std::string_view text) {
     if (!mayWrite(row, col)) return;
+    const std::string_view typed = support::trim(text);
+    const bool nothing = typed.empty() && c_.grid.Data(row.row(), col).empty();
+    if (c_.grid.Text(row.row(), col) == typed && (nothing || !typed.empty())) return same(row, col);
     const auto admission = c_.editor.gate().admit(row.row(), col, text, codes_);
-    if (!goesOn()) return;
-    if (!row.there() || col >= c_.grid.Cols()) return cutShort();
+    if (!stillThere(row, col)) return;
     if (!admission.refusal.empty()) return refuse(row, col, text, admission.refusal);
     put(row, col, admission.text, admission.tag ? *admission.tag : c_.grid.Data(row.row(), col));
 }
@@ -89,38 +101,63 @@ void BlockEdit::write(const rows::FollowedRow& row, std::int32_t col, std::strin
 void BlockEdit::writePair(const rows::FollowedRow& row, std::int32_t col, const std::string& text,
                           const std::string& tag) {
     if (!mayWrite(row, col)) return;
+    if (c_.grid.Text(row.row(), col) == text && c_.grid.Data(row.row(), col) == tag) return same(row, col);
     const auto broken = c_.editor.gate().brokenRule(row.row(), col, text);
-    if (!goesOn()) return;
-    if (!row.there() || col >= c_.grid.Cols()) return cutShort();
+    if (!stillThere(row, col)) return;
     if (broken) return refuse(row, col, text, *broken);
     put(row, col, text, tag);
 }
 
+/// A problem was with what was to stand there before.
+void BlockEdit::same(const rows::FollowedRow& row, std::int32_t col) {
+    ++report_.same;
+    const CellMark* const mark = c_.grid.Mark(row.row(), col);
+    if (!mark || mark->kind != CellMark::Kind::Problem) return;
+    keepMark(row.row(), col);
+    c_.grid.Mark(row.row(), col, std::nullopt);
+}
+
+/// A text that stands there counts as written also when a handler fails as it hears of it.
 void BlockEdit::put(const rows::FollowedRow& row, std::int32_t col, const std::string& text,
                     const std::string& tag) {
     CellGrid& grid = c_.grid;
-    if (grid.Text(row.row(), col) == text && grid.Data(row.row(), col) == tag) {
-        ++report_.same;
-        return;
-    }
+    if (grid.Text(row.row(), col) == text && grid.Data(row.row(), col) == tag) return same(row, col);
+    if (addsRows()) askForRowBelow(row);
+    if (!stillThere(row, col)) return;
     if (grid.CellChanged.heard()) {
         const rows::PairWrite pair(grid, c_.rows.follower(), row.row(), col);
-        pair.during(tag, [&] { c_.owner.putCell(row.row(), col, text, tag); });
+        try {
+            pair.during(tag, [&] { c_.owner.putCell(row.row(), col, text, tag); });
+        } catch (...) {
+            const bool stands = row.there() && col < grid.Cols() && grid.Text(row.row(), col) == text;
+            if (stands && c_.host.there()) written(row, col);
+            throw;
+        }
     } else {
         c_.owner.putCell(row.row(), col, text, tag);
     }
-    ++report_.written;
-    if (!row.there() || !c_.host.there() || col >= grid.Cols()) return;
-    if (grid.Mark(row.row(), col)) keepMark(row.row(), col);  // the write takes a problem away
-    c_.owner.clerkWrote(row.row(), col);
+    if (!row.there() || !c_.host.there() || col >= grid.Cols()) {
+        ++report_.written;
+        return;
+    }
+    written(row, col);
     c_.host.raise(&GridEvents::AfterEdit, row.row(), col);
 }
 
-void BlockEdit::startRow(const rows::FollowedRow& row) {
-    const std::int32_t rows = c_.grid.Rows();
-    if (!goesOn() || !row.there() || !c_.flags.Editable) return;
+void BlockEdit::written(const rows::FollowedRow& row, std::int32_t col) {
+    ++report_.written;
+    if (c_.grid.Mark(row.row(), col)) keepMark(row.row(), col);  // the write takes a problem away
+    c_.owner.clerkWrote(row.row(), col);
+}
+
+void BlockEdit::askForRowBelow(const rows::FollowedRow& row) {
+    CellGrid& grid = c_.grid;
+    if (!goesOn() || !row.there() || !c_.flags.Editable || row.row() < grid.Rows() - 1) return;
+    const RowId id = grid.IdOf(row.row());
+    if (std::exchange(asked_, id) == id) return;
+    const std::int32_t rows = grid.Rows();
     c_.rows.appendIfLast(row.row());
-    if (c_.host.there() && c_.grid.Rows() > rows) ++report_.rowsAdded;
+    if (c_.host.there() && grid.Rows() > rows) ++report_.rowsAdded;
 }
 
 // --- What was not written

@@ -47,8 +47,9 @@ class BlockEdit {
     /// A text with its tag, as they stood in the same column: the column's rules are all that is asked.
     void writePair(const rows::FollowedRow& row, std::int32_t col, const std::string& text,
                    const std::string& tag);
-    /// Before a row is written with something: the last one asks the host for another one, as typing does.
-    void startRow(const rows::FollowedRow& row);
+    /// More is to come below the row. The last one asks the host for another one, once, as typing there does;
+    /// it also asks when something is written into it.
+    void askForRowBelow(const rows::FollowedRow& row);
     /// Values that have no cell.
     void refuseBeyond(std::int64_t cells, std::string reason);
     /// The cells have gone.
@@ -60,16 +61,23 @@ class BlockEdit {
     void begin(std::string_view step);
     void end(support::FirstFault& fault);
     void takeBack(support::FirstFault& fault);
+    bool addsRows() const {
+        return report_.command != Command::Cut && report_.command != Command::ClearCells;
+    }
     bool mayWrite(const rows::FollowedRow& row, std::int32_t col);
+    bool stillThere(const rows::FollowedRow& row, std::int32_t col);
+    void same(const rows::FollowedRow& row, std::int32_t col);
     void put(const rows::FollowedRow& row, std::int32_t col, const std::string& text, const std::string& tag);
     void refuse(const rows::FollowedRow& row, std::int32_t col, std::string_view text, std::string reason);
     void list(PasteReport::Refusal refusal);
     void keepMark(std::int32_t row, std::int32_t col);
+    void written(const rows::FollowedRow& row, std::int32_t col);
 
     ClerkContext c_;
     PasteReport report_;
     std::int64_t cells_;
     std::int64_t done_ = 0;
+    RowId asked_ = RowId::None;  ///< the last row, below which the host was asked for another one
     std::size_t step_ = 0;
     bool changedBefore_ = false;
     bool stopped_ = false;

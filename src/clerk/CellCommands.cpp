@@ -20,7 +20,7 @@ std::vector<FilledCell> filledCells(const CellGrid& grid, const CellRange& range
     std::vector<FilledCell> cells;
     grid.ForEachCell(range.firstRow, range.lastRow,
                      [&](std::int32_t row, std::int32_t col, std::string_view, std::string_view) {
-                         if (range.contains(row, col) && !grid.ColHidden(col) && !grid.RowHidden(row))
+                         if (range.contains(row, col) && isShownCol(grid, col) && isShownRow(grid, row))
                              cells.push_back({row, col});
                      });
     std::sort(cells.begin(), cells.end(), [](const FilledCell& a, const FilledCell& b) {
@@ -83,15 +83,15 @@ bool CellCommands::fillDown() {
     for (const std::int32_t col : cols) pairs.emplace_back(grid.Text(source, col), grid.Data(source, col));
 
     const std::int32_t first = std::max(range.firstRow, source + 1);
+    if (first > range.lastRow) return false;
     const auto cells = std::int64_t{range.lastRow - first + 1} * static_cast<std::int64_t>(cols.size());
     BlockEdit edit(c_, Command::FillDown, cells);
     edit.during(captionOf(Command::FillDown), [&] {
         ShownRows rows(grid, c_.rows.follower(), first, range.lastRow);
-        while (edit.goesOn() && rows.next()) {
-            edit.startRow(rows.row());
+        while (edit.goesOn() && rows.next())
             for (std::size_t i = 0; i < cols.size() && edit.goesOn(); ++i)
                 edit.writePair(rows.row(), cols[i], pairs[i].first, pairs[i].second);
-        }
+        if (rows.gone()) edit.cutShort();
     });
     return true;
 }
@@ -103,7 +103,7 @@ std::int32_t CellCommands::sourceCol() const {
     const std::vector<std::int32_t> cols = shownCols(grid, range.firstCol, range.lastCol);
     if (cols.size() > 1) return cols.front();
     for (std::int32_t col = range.firstCol; --col >= grid.FixedCols();)
-        if (!grid.ColHidden(col)) return col;
+        if (isShownCol(grid, col)) return col;
     return -1;
 }
 
@@ -119,27 +119,27 @@ bool CellCommands::fillRight() {
     edit.during(captionOf(Command::FillRight), [&] {
         ShownRows rows(grid, c_.rows.follower(), range.firstRow, range.lastRow);
         while (edit.goesOn() && rows.next()) {
-            edit.startRow(rows.row());
-            if (!edit.goesOn() || source >= grid.Cols()) return;
+            if (source >= grid.Cols()) return edit.cutShort();
             const std::string text = grid.DisplayText(rows.row().row(), source);
             for (const std::int32_t col : cols)
                 if (edit.goesOn()) edit.write(rows.row(), col, text);
         }
+        if (rows.gone()) edit.cutShort();
     });
     return true;
 }
 
 bool CellCommands::copyFromAbove() {
-    if (!canCopyFromAbove()) return false;
+    if (!canCopyFromAbove() || !opensHere()) return false;
     CellGrid& grid = c_.grid;
     const std::int32_t col = grid.Col();
     const std::int32_t above = rowAbove(grid.Row());
+    if (above < 0 || col < 0) return false;  // the host was asked
     const std::string text = grid.Text(above, col);
     const std::string tag = grid.Data(above, col);
     BlockEdit edit(c_, Command::CopyFromAbove, 1);
     edit.during(captionOf(Command::CopyFromAbove), [&] {
         const rows::FollowedRow row(c_.rows.follower(), grid.Row());
-        edit.startRow(row);
         edit.writePair(row, col, text, tag);
     });
     return true;
@@ -149,7 +149,7 @@ bool CellCommands::copyFromAbove() {
 
 /// A date is no number: in a number column it would be worked out as a difference.
 bool CellCommands::canTakeMoment() const {
-    if (!opensHere()) return false;
+    if (c_.grid.Col() < 0) return false;
     const mEmDataType type = c_.columns.at(c_.grid.Col()).iType();
     return type != flexDTDouble && type != flexDTBoolean;
 }
@@ -167,13 +167,13 @@ std::string CellCommands::momentText(Command command) const {
 }
 
 bool CellCommands::moment(Command command) {
-    if (!canTakeMoment()) return false;
+    if (!canTakeMoment() || !opensHere()) return false;
     const std::int32_t col = c_.grid.Col();
+    if (col < 0) return false;  // the host was asked
     const std::string text = momentText(command);
     BlockEdit edit(c_, command, 1);
     edit.during(captionOf(command), [&] {
         const rows::FollowedRow row(c_.rows.follower(), c_.grid.Row());
-        edit.startRow(row);
         edit.write(row, col, text);
     });
     return true;

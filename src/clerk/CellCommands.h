@@ -22,7 +22,8 @@ class CellCommands {
     bool fillRight();
     bool canFillRight() const { return sourceCol() >= 0; }
     bool copyFromAbove();
-    bool canCopyFromAbove() const { return rowAbove(c_.grid.Row()) >= 0 && opensHere(); }
+    /// These, if the current cell opens.
+    bool canCopyFromAbove() const { return rowAbove(c_.grid.Row()) >= 0; }
     /// Today, or now, as the column's check would have it.
     bool moment(Command command);
     bool canTakeMoment() const;

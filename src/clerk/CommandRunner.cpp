@@ -4,6 +4,7 @@
 
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
+#include "support/FlagSpan.h"
 
 namespace kxVsGrid::clerk {
 namespace {
@@ -11,6 +12,12 @@ namespace {
 bool isTextBoxs(Command command) {
     return command == Command::Copy || command == Command::Cut || command == Command::Paste ||
            command == Command::SelectAll;
+}
+
+/// The current cell has to be one that can be edited, which the host may be asked about.
+bool asksForOpenCell(Command command) {
+    return command == Command::CopyFromAbove || command == Command::Today || command == Command::Now ||
+           command == Command::Help;
 }
 
 bool goesBack(Command command) {
@@ -29,7 +36,8 @@ bool CommandRunner::can(Command command) const {
     if (!c_.host.there()) return false;
     if (command == Command::Undo) return c_.steps.canUndo();
     if (command == Command::Redo) return c_.steps.canRedo();
-    return (c_.editor.visible() && isTextBoxs(command)) || canOnClosedCell(command);
+    if (c_.editor.visible() && isTextBoxs(command)) return true;
+    return canOnClosedCell(command) && (!asksForOpenCell(command) || c_.editor.opensHere());
 }
 
 bool CommandRunner::canOnClosedCell(Command command) const {
@@ -50,10 +58,10 @@ bool CommandRunner::canOnClosedCell(Command command) const {
         case Command::FillRight:
             return mayEdit() && cells_.canFillRight();
         case Command::CopyFromAbove:
-            return cells_.canCopyFromAbove();
+            return mayEdit() && cells_.canCopyFromAbove();
         case Command::Today:
         case Command::Now:
-            return cells_.canTakeMoment();
+            return mayEdit() && cells_.canTakeMoment();
         case Command::InsertRow:
         case Command::DuplicateRow:
         case Command::DeleteRows:
@@ -67,7 +75,7 @@ bool CommandRunner::canOnClosedCell(Command command) const {
         case Command::GoToRow:
             return grid.Rows() > grid.FixedRows() && grid.Col() >= 0;
         case Command::Help:
-            return c_.editor.opensHere();
+            return mayEdit();
         case Command::Menu:
             return grid.Row() >= 0 && grid.Col() >= 0;
         case Command::NextProblem:
@@ -167,6 +175,7 @@ bool CommandRunner::goToNextProblem() {
     const auto cell = grid.NextMark(grid.Row(), grid.Col(), CellMark::Kind::Problem);
     if (!cell || !grid.Select(cell->row, cell->col) || !c_.host.there()) return false;
     editing::bringCurrentCellIntoView(grid);
+    if (!c_.host.there() || grid.Row() < 0 || grid.Col() < 0) return false;
     if (const auto mark = grid.Mark(grid.Row(), grid.Col()))
         c_.platform.showTip(mark->text, c_.owner.onScreen(grid.CellRect(grid.Row(), grid.Col())));
     return true;
@@ -205,14 +214,25 @@ std::string CommandRunner::caption(Command command) const {
     return step.empty() ? caption : caption + "“" + step + "”";
 }
 
+/// A host that is asked whether the current cell opens may bring this about once more.
 void CommandRunner::tellChanges() {
-    if (!c_.host.there() || c_.steps.underway()) return;
-    if (!face.Changed.heard()) return told_.reset();
-    Told now{c_.steps.undoName(), c_.steps.redoName(), {}};
-    for (const Command command : allCommands())
-        now.can.set(static_cast<std::size_t>(command), can(command));
-    if (now == told_) return;
-    told_ = std::move(now);
-    face.Changed();
+    if (telling_ || !c_.host.there() || c_.steps.underway()) return;
+    bool changed = false;
+    {
+        const support::FlagSpan telling(telling_);
+        Told now{c_.steps.undoName(), c_.steps.redoName(), {}};
+        // nobody is asked for what nobody hears of
+        const bool opens = face.Changed.heard()
+                               ? c_.editor.opensHere()
+                               : mayEdit() && columns::isEditableColumn(c_.grid, c_.columns, c_.grid.Col());
+        if (!c_.host.there()) return;
+        for (const Command command : allCommands()) {
+            const bool possible = asksForOpenCell(command) ? opens && canOnClosedCell(command) : can(command);
+            now.can.set(static_cast<std::size_t>(command), possible);
+        }
+        changed = face.Changed.heard() && told_ != now;
+        told_ = std::move(now);
+    }
+    if (changed) face.Changed();
 }
 }  // namespace kxVsGrid::clerk

@@ -57,6 +57,7 @@ class CommandRunner {
     CopyPaste copyPaste_;
     CellCommands cells_;
     RowCommands rows_;
-    std::optional<Told> told_;  ///< nothing while nobody hears of it
+    Told told_;
+    bool telling_ = false;
 };
 }  // namespace kxVsGrid::clerk

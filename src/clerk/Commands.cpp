@@ -23,14 +23,16 @@ std::optional<Command> Commands::Of(std::int16_t code, std::int16_t shift, Comma
 
 void Commands::Bind(const CommandKey& key) {
     std::vector<CommandKey> keys = keys_;
-    std::erase_if(keys, [&](const CommandKey& other) { return other.code == key.code && other.shift == key.shift; });
+    std::erase_if(
+        keys, [&](const CommandKey& other) { return other.code == key.code && other.shift == key.shift; });
     keys.push_back(key);
     keys_ = std::move(keys);
     Changed();
 }
 
 void Commands::Unbind(std::int16_t code, std::int16_t shift) {
-    if (std::erase_if(keys_, [&](const CommandKey& key) { return key.code == code && key.shift == shift; }) > 0)
+    if (std::erase_if(keys_, [&](const CommandKey& key) { return key.code == code && key.shift == shift; }) >
+        0)
         Changed();
 }
 }  // namespace kxVsGrid

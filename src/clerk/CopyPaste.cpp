@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <random>
+#include <utility>
 
 #include "clerk/ShownCells.h"
 #include "support/BlockForm.h"
@@ -16,16 +17,10 @@ using support::TableReader;
 
 namespace {
 
-/// Whole columns end with the last row that holds something: below it there is nothing to copy.
+/// A selection that reaches the last row, as whole columns do, ends with the last one that holds something:
+/// below it there is nothing to copy.
 std::int32_t lastRowToCopy(const CellGrid& grid, const CellRange& range) {
-    const bool whole = grid.SelectedAs() == SelectionKind::Columns || grid.SelectedAs() == SelectionKind::All;
-    if (!whole) return range.lastRow;
-    std::int32_t last = range.firstRow;
-    grid.ForEachCell(range.firstRow, range.lastRow,
-                     [&](std::int32_t row, std::int32_t col, std::string_view, std::string_view) {
-                         if (col >= range.firstCol && col <= range.lastCol) last = std::max(last, row);
-                     });
-    return last;
+    return range.lastRow < grid.Rows() - 1 ? range.lastRow : lastFilledRow(grid, range);
 }
 
 template <class Visit>
@@ -77,8 +72,10 @@ bool CopyPaste::copy(bool headers) const {
     if (cells == 0) return false;
     text.finish();
     block.finish();
-    // One cell is its text, to be pasted into a letter as well: no quotes, whatever stands in it.
-    if (cells == 1 && !headers) content.text = std::move(only);
+    // One cell is its text, to be pasted into a letter as well: no quotes, whatever stands in it. An empty one
+    // remains a row of one empty cell.
+    content.single = cells == 1 && !headers && !only.empty();
+    if (content.single) content.text = std::move(only);
     if (headers) content.block.clear();
     c_.platform.copyToClipboard(content);
     return true;
@@ -90,39 +87,55 @@ bool CopyPaste::copy(bool headers) const {
 /// come from a column of this grid, what stood there.
 class CopyPaste::Source {
   public:
-    Source(const ClipboardContent& content, const std::string& gridKey) : text_(content.text) {
-        if (isOneCell(content)) one_ = content.text;
+    Source(const ClipboardContent& content, const std::string& gridKey, columns::ColumnArray& columns)
+        : all_(content.text),
+          text_(content.text),
+          shape_(support::tableShape(content.text)),
+          columns_(columns) {
         block_ = BlockReader::open(content.block);
         if (!block_) return;
-        const support::TableShape shape = shapeOf(content);
-        const auto width = static_cast<std::int64_t>(block_->columns().size());
-        if (block_->grid() != gridKey || shape != support::TableShape{block_->rows(), width}) block_.reset();
+        const support::TableShape shape{block_->rows(), static_cast<std::int64_t>(block_->columns().size())};
+        // A single cell was copied as its bare text, which may look like several.
+        oneCell_ = shape == OneCell;
+        if (oneCell_) shape_ = OneCell;
+        if (block_->grid() != gridKey || shape != shape_) block_.reset();
     }
 
-    static support::TableShape shapeOf(const ClipboardContent& content) {
-        return isOneCell(content) ? support::TableShape{1, 1} : support::tableShape(content.text);
-    }
-
+    const support::TableShape& shape() const { return shape_; }
+    bool isOneCell() const { return shape_ == OneCell; }
     bool next() {
         if (block_ && !block_->next()) block_.reset();
-        return text_.next();
+        return oneCell_ ? std::exchange(atStart_, false) : text_.next();
     }
-    std::int64_t row() const { return text_.row(); }
-    std::int64_t col() const { return text_.col(); }
+    std::int64_t row() const { return oneCell_ ? 0 : text_.row(); }
+    std::int64_t col() const { return oneCell_ ? 0 : text_.col(); }
 
     void writeTo(BlockEdit& edit, const rows::FollowedRow& row, std::int32_t col) {
-        const bool samePlace =
-            block_ && block_->columns()[static_cast<std::size_t>(block_->col())].index == col;
-        if (samePlace)
+        if (comesFrom(col))
             edit.writePair(row, col, std::string(block_->text()), std::string(block_->tag()));
+        else if (oneCell_)
+            edit.write(row, col, all_ == "\n" ? std::string_view() : all_);
         else
-            edit.write(row, col, one_ ? *one_ : text_.text());
+            edit.write(row, col, text_.text());
     }
 
   private:
+    static constexpr support::TableShape OneCell{1, 1};
+
+    bool comesFrom(std::int32_t col) const {
+        if (!block_) return false;
+        const support::BlockColumn& from = block_->columns()[static_cast<std::size_t>(block_->col())];
+        const cVsControl* const column = columns_.find(col);
+        return from.index == col && column && from.name == column->sName();
+    }
+
+    std::string_view all_;
     TableReader text_;
-    std::optional<std::string_view> one_;  ///< which is not to be read as a table
+    support::TableShape shape_;
+    columns::ColumnArray& columns_;
     std::optional<BlockReader> block_;
+    bool oneCell_ = false;  ///< of a grid's: its text is not to be read as a table
+    bool atStart_ = true;
 };
 
 bool CopyPaste::paste() {
@@ -130,14 +143,20 @@ bool CopyPaste::paste() {
     if (range.empty()) return false;
     const ClipboardContent content = c_.platform.clipboardContent();
     if (content.text.empty()) return false;
-    return pasteInto(range, content);
+    Source source(content, gridKey(), c_.columns);
+    return pasteInto(range, source);
 }
 
-bool CopyPaste::pasteInto(const CellRange& range, const ClipboardContent& content) {
-    const support::TableShape shape = Source::shapeOf(content);
-    const bool single = shape == support::TableShape{1, 1};
-    const bool oneCell = range.rows() == 1 && range.cols() == 1;
-    if (single && oneCell && !c_.editor.gate().opens(range.firstRow, range.firstCol)) return false;
+bool CopyPaste::isCurrentCell(const CellRange& range) const {
+    return range == CellRange{c_.grid.Row(), c_.grid.Col(), c_.grid.Row(), c_.grid.Col()};
+}
+
+bool CopyPaste::pasteInto(const CellRange& range, Source& source) {
+    const support::TableShape& shape = source.shape();
+    const bool single = source.isOneCell();
+    const bool here = single && isCurrentCell(range);
+    if (here && !c_.editor.gate().opens(range.firstRow, range.firstCol)) return false;
+    if (!c_.host.there()) return false;
 
     std::vector<std::int32_t> cols =
         shownCols(c_.grid, range.firstCol, single ? range.lastCol : c_.grid.Cols() - 1);
@@ -145,21 +164,19 @@ bool CopyPaste::pasteInto(const CellRange& range, const ClipboardContent& conten
     if (!single && width > shape.cols) cols.resize(static_cast<std::size_t>(shape.cols));
     const std::int64_t cells = single ? range.rows() * width : shape.rows * std::min(width, shape.cols);
     BlockEdit edit(c_, Command::Paste, cells);
-    if (single && oneCell) edit.leaveRefusedToClerk();
+    if (here) edit.leaveRefusedToClerk();
     edit.during("粘贴 " + std::to_string(cells) + " 格", [&] {
-        Source source(content, gridKey());
         if (single)
             fill(edit, source, range, cols);
         else
             pasteBlock(edit, source, range, cols);
     });
-    if (single && oneCell && edit.report().refused > 0) pasteIntoEditor();
+    if (here && edit.report().refused > 0 && c_.host.there() && isCurrentCell(range)) pasteIntoEditor();
     return true;
 }
 
 /// What the gate refuses is the clerk's to put right.
 void CopyPaste::pasteIntoEditor() {
-    if (!c_.host.there() || c_.grid.Col() < 0) return;
     if (c_.columns.at(c_.grid.Col()).iType() == flexDTBoolean) return;
     c_.editor.open();
     if (c_.editor.visible()) c_.seat.editText(Command::Paste);
@@ -167,7 +184,7 @@ void CopyPaste::pasteIntoEditor() {
 
 void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
                            const std::vector<std::int32_t>& cols) const {
-    ShownRows rows(c_.grid, c_.rows.follower(), at.firstRow, ShownRows::NoEnd);
+    ShownRows rows(c_.grid, c_.rows.follower(), at.firstRow);
     std::int64_t row = -1;
     bool room = true;
     std::int64_t beside = 0;
@@ -176,8 +193,8 @@ void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
         if (rows.gone()) return edit.cutShort();
         if (source.row() != row) {
             row = source.row();
+            if (room && row > 0) edit.askForRowBelow(rows.row());
             room = room && rows.next();
-            if (room) edit.startRow(rows.row());
         }
         const auto col = static_cast<std::size_t>(source.col());
         if (col >= cols.size())
@@ -196,9 +213,9 @@ void CopyPaste::fill(BlockEdit& edit, Source& source, const CellRange& range,
     if (!source.next()) return;
     ShownRows rows(c_.grid, c_.rows.follower(), range.firstRow, range.lastRow);
     while (edit.goesOn() && rows.next()) {
-        edit.startRow(rows.row());
         for (const std::int32_t col : cols)
             if (edit.goesOn()) source.writeTo(edit, rows.row(), col);
     }
+    if (rows.gone()) edit.cutShort();
 }
 }  // namespace kxVsGrid::clerk

@@ -29,7 +29,8 @@ class CopyPaste {
   private:
     class Source;
     const std::string& gridKey() const;
-    bool pasteInto(const CellRange& range, const ClipboardContent& content);
+    bool isCurrentCell(const CellRange& range) const;
+    bool pasteInto(const CellRange& range, Source& source);
     void pasteIntoEditor();
     void pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
                     const std::vector<std::int32_t>& cols) const;

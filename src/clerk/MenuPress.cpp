@@ -44,8 +44,9 @@ void Menus::goTo(std::int32_t row, std::int32_t col) {
 }
 
 void Menus::open(std::int16_t shift) {
-    const CellGrid& grid = c_.grid;
-    if (grid.Row() < 0 || grid.Col() < 0) return;
+    CellGrid& grid = c_.grid;
+    editing::bringCurrentCellIntoView(grid);
+    if (!c_.host.there() || grid.Row() < 0 || grid.Col() < 0) return;
     const Rect cell = grid.CellRect(grid.Row(), grid.Col());
     if (letGoOn(RightButton, shift, static_cast<float>(cell.left), static_cast<float>(cell.top)))
         popUpAt({cell.left, cell.bottom(), 0, 0}, shift);

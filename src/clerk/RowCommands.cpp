@@ -1,5 +1,6 @@
 #include "clerk/RowCommands.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -16,24 +17,41 @@ bool RowCommands::wholeRows() const {
 
 // --- Going
 
-/// Handlers may insert and remove rows meanwhile: the rows are known by their ids.
+/// The host is asked about all of them before the first one goes: no box of its own stands in the middle of
+/// the step. Handlers may insert and remove rows meanwhile: the rows are known by their ids.
 void RowCommands::remove() {
     CellGrid& grid = c_.grid;
     if (!wholeRows()) return c_.rows.removeCurrent();
-    const CellRange range = grid.Selected();
+    std::vector<RowId> going;
+    for (const RowId id : selectedRows()) {
+        if (!c_.host.there()) return;
+        const std::int32_t row = grid.RowOf(id);
+        if (row >= 0 && c_.rows.mayRemove(row)) going.push_back(id);
+    }
+    if (going.empty() || !c_.host.there()) return;
+    c_.steps.during("删除 " + std::to_string(going.size()) + " 行", Cause::Rows, [&] {
+        for (const RowId id : going)
+            if (const std::int32_t row = c_.host.there() ? grid.RowOf(id) : -1; row >= grid.FixedRows())
+                c_.rows.remove(row);
+    });
+}
+
+/// The shown ones, from the last one up. Of a whole grid the empty rows at its end stay.
+std::vector<RowId> RowCommands::selectedRows() {
+    CellGrid& grid = c_.grid;
+    CellRange range = grid.Selected();
+    if (grid.SelectedAs() == SelectionKind::All) range.lastRow = lastFilledRow(grid, range);
     std::vector<RowId> ids;
     ShownRows rows(grid, c_.rows.follower(), range.firstRow, range.lastRow);
     while (rows.next()) ids.push_back(grid.IdOf(rows.row().row()));
-    c_.steps.during("删除 " + std::to_string(ids.size()) + " 行", Cause::Rows, [&] {
-        for (auto id = ids.rbegin(); id != ids.rend() && c_.host.there(); ++id)
-            if (const std::int32_t row = grid.RowOf(*id); row >= 0) c_.rows.remove(row);
-    });
+    std::reverse(ids.begin(), ids.end());
+    return ids;
 }
 
 // --- Places
 
 RowCommands::Block RowCommands::movedRows() const {
-    if (c_.grid.SelectedAs() != SelectionKind::Rows) return {c_.grid.Row(), c_.grid.Row()};
+    if (!wholeRows()) return {c_.grid.Row(), c_.grid.Row()};
     const CellRange range = c_.grid.Selected();
     return {range.firstRow, range.lastRow};
 }
@@ -46,7 +64,7 @@ bool RowCommands::canMove(bool down) const {
                 : grid.ShownRowBefore(rows.first) >= grid.FixedRows();
 }
 
-/// Rows that are hidden stay where they are: the shown ones change places with the next shown one.
+/// The rows change places with the next shown one; what is hidden between them stays between them.
 bool RowCommands::move(bool down) {
     if (!canMove(down)) return false;
     CellGrid& grid = c_.grid;
@@ -77,8 +95,9 @@ bool RowCommands::goTo() {
                                  MessageBox::Information, "提示："});
         return false;
     }
-    const bool there = grid.Select(grid.FixedRows() + static_cast<std::int32_t>(*number) - 1, grid.Col());
-    if (there && c_.host.there()) editing::bringCurrentCellIntoView(grid);
-    return there;
+    const std::int32_t row = grid.FixedRows() + static_cast<std::int32_t>(*number) - 1;
+    if (row >= grid.Rows() || grid.Col() < 0 || !grid.Select(row, grid.Col())) return false;
+    if (c_.host.there()) editing::bringCurrentCellIntoView(grid);
+    return true;
 }
 }  // namespace kxVsGrid::clerk

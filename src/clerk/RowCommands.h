@@ -31,6 +31,7 @@ class RowCommands {
         std::int32_t last;
     };
     Block movedRows() const;
+    std::vector<RowId> selectedRows();
 
     ClerkContext c_;
 };

@@ -22,9 +22,8 @@ std::string inOneLine(std::string_view text) {
 }
 
 bool isOneOf(std::string_view text, std::span<const std::string_view> words) {
-    return std::any_of(words.begin(), words.end(), [text](std::string_view word) {
-        return support::equalsIgnoringCase(text, word);
-    });
+    return std::any_of(words.begin(), words.end(),
+                       [text](std::string_view word) { return support::equalsIgnoringCase(text, word); });
 }
 
 constexpr std::array<std::string_view, 4> Yes{"-1", "1", "True", "是"};
@@ -43,19 +42,25 @@ WriteGate::Admission WriteGate::admit(std::int32_t row, std::int32_t col, std::s
     std::optional<std::string> cell = stored(col, typed);
     if (!cell) return refuseExpression(col, typed);
     if (const auto broken = brokenRule(row, col, *cell)) return {{}, {}, *broken};
-    if (column->i有效性判断() == 0) {
-        std::optional<std::string> tag;
-        if (cell->empty()) tag.emplace();
-        return {std::move(*cell), std::move(tag), {}};
-    }
+    std::optional<std::string> tag;
+    if (cell->empty()) tag.emplace();
+    if (!isThere(row, col)) return {};
+    if (column->i有效性判断() == 0) return {std::move(*cell), std::move(tag), {}};
     const FieldVerdict verdict = checkOnce(col, typed, known);
-    if (verdict.refusal) return {{}, {}, verdict.refusal->text.empty() ? "未通过检查。" : verdict.refusal->text};
-    if (!verdict.rewritten) return {std::move(*cell), {}, {}};
-    if (row >= c_.grid.Rows() || col >= c_.grid.Cols()) return {};  // a host has taken the cell away
-    if (const auto repeated = brokenByRewriting(row, col, verdict.rewritten->text)) return {{}, {}, *repeated};
+    if (verdict.refusal)
+        return {{}, {}, verdict.refusal->text.empty() ? "未通过检查。" : verdict.refusal->text};
+    if (!verdict.rewritten) return {std::move(*cell), std::move(tag), {}};
+    if (!isThere(row, col)) return {};
+    if (const auto repeated = brokenByRewriting(row, col, verdict.rewritten->text))
+        return {{}, {}, *repeated};
     cell = stored(col, verdict.rewritten->text);
     if (!cell) return refuseExpression(col, verdict.rewritten->text);
     return {std::move(*cell), verdict.rewritten->tag, {}};
+}
+
+/// A host that was asked may have taken the cell away.
+bool WriteGate::isThere(std::int32_t row, std::int32_t col) const {
+    return c_.host.there() && row < c_.grid.Rows() && col < c_.grid.Cols();
 }
 
 WriteGate::Admission WriteGate::admitBoolean(std::string_view text) const {

@@ -6,6 +6,7 @@ void bringCurrentRowIntoView(CellGrid& grid) {
     const std::int32_t row = grid.Row();
     if (row < grid.FixedRows() || grid.RowHidden(row)) return;
     grid.TopRow(grid.TopRowToShow(row, grid.ClientHeight() - grid.BottomStrip()));
+    if (grid.Row() < 0 || grid.Col() < 0) return;  // a host has heard of the scrolling
     // The fixed area counts as so many rows of the first one's height, which may be more than it takes.
     const std::int64_t fixedArea =
         grid.FixedRows() > 0 ? std::int64_t{grid.RowHeight(0)} * grid.FixedRows() : 0;
@@ -15,7 +16,7 @@ void bringCurrentRowIntoView(CellGrid& grid) {
         const std::int64_t above = grid.RowHidden(before - 1) ? 0 : grid.RowHeight(before - 1);
         if (grid.CellTop() + above + grid.CellHeight() > bottom) break;
         grid.TopRow(before - 1);
-        if (grid.TopRow() == before) break;
+        if (grid.TopRow() == before || grid.Row() < 0 || grid.Col() < 0) break;
     }
 }
 

@@ -36,6 +36,7 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
     options.LookChanged.connect([this] { main.damageAll(); });
     connectMoves();
     connectKeysAndMouse();
+    connectCommands();
 }
 
 /// A grid that cannot be edited has no column that can.
@@ -72,7 +73,6 @@ void kxGrid::Parts::connectMoves() {
         host.raise(&GridEvents::SelChange);
         commands.tellChanges();
     }));
-    main.MarksChanged.connect(keeping([this] { commands.tellChanges(); }));
     main.CellChanged.passOn(control.CellChanged);
     main.AfterScroll.connect(keeping(
         [this](auto oldTopRow, auto oldLeftCol, auto, auto) { moveEvents.scrolled(oldTopRow, oldLeftCol); }));
@@ -108,6 +108,15 @@ void kxGrid::Parts::rowsReordered(std::int32_t first, std::span<const std::int32
     fault.during([&] { editor.rowsReordered(first, from); });
     fault.during([&] { totals.recalculate(totals::TotalRow::AllColumns); });
     fault.raise();
+}
+
+/// What a command can do also depends on which rows and columns there are to be seen. They hear last.
+void kxGrid::Parts::connectCommands() {
+    const auto tell = keeping([this](auto&&...) { commands.tellChanges(); });
+    main.MarksChanged.connect(tell);
+    main.SizeChanged.connect(tell);
+    main.PlacesChanged.connect(tell);
+    main.RowMoved.connect([tell](std::int32_t, bool) { tell(); });
 }
 
 void kxGrid::Parts::connectKeysAndMouse() {

@@ -117,6 +117,7 @@ struct kxGrid::Parts : editing::EditorOwner,
 
   private:
     void connectMoves();
+    void connectCommands();
     void connectKeysAndMouse();
     void rowsReordered(std::int32_t first, std::span<const std::int32_t> from);
     /// The work as a listener that keeps all this until it is done.

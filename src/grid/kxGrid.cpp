@@ -75,7 +75,7 @@ bool kxGrid::Run(Command command) {
 }
 
 bool kxGrid::CanRun(Command command) const {
-    return parts_->commands.can(command);
+    return held()->commands.can(command);
 }
 
 kxVsGrid::Commands& kxGrid::Commands() {

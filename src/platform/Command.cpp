@@ -68,10 +68,10 @@ constexpr std::int16_t Minus = 189;
 constexpr std::int16_t Apostrophe = 222;
 
 constexpr KeyName keyNames[] = {
-    {8, "Backspace"}, {9, "Tab"},    {13, "Enter"},      {27, "Esc"},         {32, "Space"}, {33, "PageUp"},
-    {34, "PageDown"}, {35, "End"},   {36, "Home"},       {37, "Left"},        {38, "Up"},    {39, "Right"},
-    {40, "Down"},     {45, "Ins"},   {46, "Del"},        {Semicolon, ";"},    {Plus, "+"},   {188, ","},
-    {Minus, "-"},     {190, "."},    {191, "/"},         {192, "`"},          {219, "["},    {220, "\\"},
+    {8, "Backspace"}, {9, "Tab"},        {13, "Enter"}, {27, "Esc"},      {32, "Space"}, {33, "PageUp"},
+    {34, "PageDown"}, {35, "End"},       {36, "Home"},  {37, "Left"},     {38, "Up"},    {39, "Right"},
+    {40, "Down"},     {45, "Ins"},       {46, "Del"},   {Semicolon, ";"}, {Plus, "+"},   {188, ","},
+    {Minus, "-"},     {190, "."},        {191, "/"},    {192, "`"},       {219, "["},    {220, "\\"},
     {221, "]"},       {Apostrophe, "'"},
 };
 constexpr std::int16_t FirstFunctionKey = 112;

@@ -147,6 +147,14 @@ Qt::Key qtKeyOf(std::int16_t code) {
 }  // namespace
 
 std::optional<Command> desktopCommandOf(const QKeyEvent& event, CommandKey::Where where) {
+    // the keys that a control begins with are its host's to give and to take away
+    const KeyStroke stroke = strokeOf(event);
+    const auto known = defaultKeys();
+    const bool own = where == CommandKey::Where::ClosedCell &&
+                     std::any_of(known.begin(), known.end(), [&](const CommandKey& key) {
+                         return key.code == stroke.code && key.shift == stroke.shift;
+                     });
+    if (own) return {};
     if (event.matches(QKeySequence::Undo)) return Command::Undo;
     if (event.matches(QKeySequence::Redo)) return Command::Redo;
     if (where == CommandKey::Where::EditorToo) return {};

@@ -1,6 +1,7 @@
 #include "qt/ProgressBox.h"
 
 #include <QCoreApplication>
+#include <QProgressBar>
 #include <algorithm>
 #include <utility>
 
@@ -43,7 +44,9 @@ void ProgressBox::show() {
 
 /// Also when the box or the window was closed: nobody waits for it any more.
 bool ProgressBox::cancelled() const {
-    return machine_->stage == nullptr || !*box_ || box_->operator->()->wasCanceled();
+    if (machine_->stage == nullptr || !*box_) return true;
+    const QProgressDialog& box = *box_->operator->();
+    return box.wasCanceled() || !box.isVisible();
 }
 
 bool ProgressBox::goOn(std::int64_t done) {
@@ -52,10 +55,10 @@ bool ProgressBox::goOn(std::int64_t done) {
     looked_ = now;
     if (machine_->stage == nullptr) return false;
     if (!box_) show();
-    if (cancelled()) return false;
+    if (cancelled() || !bar_) return false;
     const std::int64_t most = std::max<std::int64_t>(total_, 1);
-    // by the bar: the box's own setValue lets events happen, and does not bear that one of them destroys it
-    if (bar_) bar_->setValue(static_cast<int>(std::min(done, most) * Steps / most));
+    // on the bar itself: the box would let events be handled, and touch itself after them
+    bar_->setValue(static_cast<int>(std::min(done, most) * Steps / most));
     QCoreApplication::processEvents();
     return !cancelled();
 }

@@ -13,6 +13,8 @@
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 
+class QProgressBar;
+
 namespace kxVsGrid::qt {
 
 class ProgressBox : public Progress {

@@ -98,7 +98,7 @@ bool Stage::attempt(const std::function<void()>& look) {
 
 /// After every call: the input method works at another place, or in a cell that is not typed into.
 void Stage::settle() {
-    actions_.refresh();
+    actions_.refreshWaysBack();
     const CellGrid& cells = grid().Grid();
     bool editable = false;
     if (!attempt([&] { editable = grid().cellEditable(cells.Row(), cells.Col()); })) return;

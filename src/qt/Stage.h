@@ -45,6 +45,8 @@ class Stage {
     /// meanwhile.
     bool setting(std::string_view name, const Variant& value);
     kxGridWidget& widget() const { return widget_; }
+    /// Outlives the stage where it is held.
+    std::shared_ptr<Machine> machine() const { return machine_; }
     EditorBox& box() const { return *box_; }
     GridView& view() const { return *view_; }
     const ScrollBars& bars() const { return *bars_; }

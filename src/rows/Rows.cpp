@@ -153,14 +153,11 @@ bool Rows::mayRemove(std::int32_t row) {
 }
 
 void Rows::removeCurrent() {
-    if (!mayRemove(c_.grid.Row()) || c_.grid.Row() < c_.grid.FixedRows()) return;
-    const FollowedRow current(follower_, c_.grid.Row());
-    c_.steps.during("删除行", Cause::Rows, [&] { removeInStep(current); });
+    if (mayRemove(c_.grid.Row()) && c_.grid.Row() >= c_.grid.FixedRows()) remove(c_.grid.Row());
 }
 
 void Rows::remove(std::int32_t row) {
     const FollowedRow followed(follower_, row);
-    if (!mayRemove(row) || !followed.there() || followed.row() < c_.grid.FixedRows()) return;
     c_.steps.during("删除行", Cause::Rows, [&] { removeInStep(followed); });
 }
 

@@ -24,7 +24,9 @@ class Rows {
     void appendIfLast(std::int32_t row);
     /// Removes the row that is current when the host has consented. There are always enough left to key into.
     void removeCurrent();
-    /// Removes a row, if the host consents to that and leaves it there.
+    /// Asks the host whether a row may go.
+    bool mayRemove(std::int32_t row);
+    /// Removes a row that may go.
     void remove(std::int32_t row);
     /// The host's way: so many rows, the fixed ones included, and enough to key into. When a handler fails
     /// over the loss of rows, the others are there all the same before that is thrown on.
@@ -40,7 +42,6 @@ class Rows {
 
   private:
     void addInStep(std::int32_t position, bool withDefaults, bool copyData);
-    bool mayRemove(std::int32_t row);
     void removeInStep(const FollowedRow& row);
     std::int32_t insert(std::int32_t position);
     void appendEmpty() { insert(c_.grid.Rows()); }

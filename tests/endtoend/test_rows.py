@@ -51,9 +51,9 @@ def key_last_line(order, code):
 
 
 def fill_by_mouse(order, row, column):
-    """Copies of the cell: the last item of the last item."""
+    """Copies of the cell: the last item of what the menu's fill leads to. Below it stand the host's own items."""
     order.open_menu(row, column)
-    order.window.click_item(from_bottom=IN_FIRST_OR_LAST_ITEM)
+    order.window.keys(*["Down"] * FILL, "Right")
     order.window.await_popups(2)
     order.window.desktop.picture("rows-fill")
     order.window.click_item(from_bottom=IN_FIRST_OR_LAST_ITEM)

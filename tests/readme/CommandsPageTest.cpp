@@ -24,7 +24,9 @@ std::string lineOf(Command command) {
         keys += (keys.empty() ? "" : ", ") + keyText(key);
         last = &key;
     }
-    const auto cell = [](const std::string& text) { return text.empty() ? std::string(" |") : " " + text + " |"; };
+    const auto cell = [](const std::string& text) {
+        return text.empty() ? std::string(" |") : " " + text + " |";
+    };
     const std::string name = std::string(captionOf(command)) + " `" + std::string(nameOf(command)) + "`";
     return "|" + cell(keys) + cell(name) + cell(inAnOpenEditor(command, last)) + "\n";
 }

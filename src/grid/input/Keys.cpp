@@ -23,7 +23,6 @@ void Keys::keyDown(std::int16_t& code, std::int16_t shift) {
     const auto key = static_cast<Key>(code);
     if (key == Key::Menu || (key == Key::F10 && (shift & ShiftKey) != 0)) {
         code = 0;
-        editing::bringCurrentCellIntoView(c_.grid);
         // the Shift of Shift+F10 names the key
         return menus_.open(key == Key::F10 ? static_cast<std::int16_t>(shift & ~ShiftKey) : shift);
     }

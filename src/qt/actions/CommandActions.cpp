@@ -1,6 +1,7 @@
 #include "qt/actions/CommandActions.h"
 
 #include <QIcon>
+#include <memory>
 
 #include "kxVsGrid/qt/kxGridWidget.h"
 #include "qt/KeyMap.h"
@@ -25,13 +26,30 @@ QAction* CommandActions::action(Command command) {
 }
 
 void CommandActions::refresh() {
-    for (const auto& [command, action] : actions_) {
+    std::vector<Command> asked;
+    for (const auto& [command, action] : actions_) asked.push_back(command);
+    refresh(asked);
+}
+
+void CommandActions::refreshWaysBack() {
+    refresh({Command::Undo, Command::Redo});
+}
+
+/// A host that is asked whether a cell can be edited may delete actions, or the widget.
+void CommandActions::refresh(const std::vector<Command>& commands) {
+    const std::shared_ptr<Machine> machine = stage_.machine();
+    for (const Command command : commands) {
+        const auto known = actions_.find(command);
+        if (known == actions_.end() || !known->second) continue;
+        const QPointer<QAction> action = known->second;
+        const bool can = machine->grid->CanRun(command);
+        if (machine->stage == nullptr) return;
         if (!action) continue;
         // A step's name marks no letter of the menu's.
-        action->setText(toQt(stage_.grid().Commands().Caption(command)).replace(u'&', QStringLiteral("&&")));
-        action->setEnabled(stage_.grid().CanRun(command));
-        const QList<QKeySequence> keys = sequencesOf(command, stage_.grid().Commands());
-        if (action->shortcuts() != keys) action->setShortcuts(keys);
+        action->setText(toQt(machine->grid->Commands().Caption(command)).replace(u'&', QStringLiteral("&&")));
+        action->setEnabled(can);
+        const QList<QKeySequence> keys = sequencesOf(command, machine->grid->Commands());
+        if (action && action->shortcuts() != keys) action->setShortcuts(keys);
     }
 }
 }  // namespace kxVsGrid::qt

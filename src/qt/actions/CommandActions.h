@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QPointer>
 #include <map>
+#include <vector>
 
 #include "kxVsGrid/Command.h"
 #include "kxVsGrid/Event.h"
@@ -18,10 +19,14 @@ class CommandActions {
 
     /// Made when first asked for, and again when it was deleted; the widget's child.
     QAction* action(Command command);
-    /// Captions and states follow the control.
+    /// Captions, states and keys follow the control.
     void refresh();
+    /// Those of undo and redo, which a host's writes change without a word.
+    void refreshWaysBack();
 
   private:
+    void refresh(const std::vector<Command>& commands);
+
     Stage& stage_;
     std::map<Command, QPointer<QAction>> actions_;  ///< a host may delete them
     ScopedConnection changes_;

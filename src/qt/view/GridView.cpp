@@ -150,8 +150,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 }
 
 std::optional<Command> GridView::commandOf(const QKeyEvent& event) const {
-    const auto where =
-        stage_.box().visible() ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
+    const auto where = stage_.box().visible() ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
     return qt::commandOf(event, stage_.grid().Commands(), where);
 }
 

@@ -1,0 +1,234 @@
+// Blocks of cells on an order: lines that are pasted, marks on what keeps it from being saved, lines that change
+// places, rows that are deleted together.
+#include "OrderSheet.h"
+
+using kxVsGrid::CellMark;
+using kxVsGrid::Command;
+
+namespace {
+class OrderBlocks : public OrderSheet {
+  protected:
+    /// As if copied in a spreadsheet, at a cell.
+    void paste(int row, OrderGrid::Column col, std::string_view text) {
+        at(row, col);
+        desk.clipboard(text);
+        EXPECT_TRUE(desk.run(Command::Paste));
+    }
+    QString problemAt(int row, OrderGrid::Column col) {
+        const CellMark* const mark = control.Mark(row, col);
+        return mark && mark->kind == CellMark::Kind::Problem ? QString::fromStdString(mark->text) : QString();
+    }
+    QStringList codes() {
+        QStringList result;
+        for (const OrderLine& line : grid.lines()) result << line.code;
+        return result;
+    }
+    /// As the database would answer.
+    void save() {
+        std::vector<OrderLine> lines = grid.lines();
+        qint64 id = 0;
+        for (OrderLine& line : lines) line.id = ++id;
+        grid.markSaved(lines);
+    }
+    void selectRows(int first, int last) {
+        at(first, OrderGrid::Code);
+        control.Grid().SelectRows(first, last);
+    }
+    void runAndSettle(Command command) {
+        desk.run(command);
+        QCoreApplication::processEvents();
+    }
+};
+}  // namespace
+
+TEST_F(OrderBlocks, PastedLinesGetTheirGoodsAmountsPresetsAndTimesAndTheRowsThatTheyNeed) {
+    grid.presetWarehouse("五金仓");
+    std::string text;
+    for (int i = 0; i < 20; ++i) text += "100001\t\t\t\t" + std::to_string(i + 1) + "\n";
+    paste(1, OrderGrid::Code, text);
+    const std::vector<OrderLine> lines = grid.lines();
+    ASSERT_EQ(lines.size(), 20u);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        EXPECT_EQ(lines[i].name, QString("六角螺栓")) << i;
+        EXPECT_EQ(lines[i].quantity, static_cast<Thousandths>(i + 1) * 1000) << i;
+        EXPECT_EQ(lines[i].amount, static_cast<Cents>(i + 1) * 333) << i;
+        EXPECT_EQ(lines[i].entered, now) << i;
+    }
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        EXPECT_EQ(lines[i].warehouse, QString("五金仓")) << i;
+        EXPECT_EQ(lines[i].slot, QString("2026-11-27 上午")) << i;
+    }
+    EXPECT_TRUE(desk.messages().empty());
+    while (desk.run(Command::Undo)) {
+    }
+    EXPECT_TRUE(grid.lines().empty());
+}
+
+TEST_F(OrderBlocks, AnUnknownCodeOfAPastedBlockIsMarkedAndTheOthersAreTaken) {
+    paste(1, OrderGrid::Code, "100001\n4711\n100002");
+    EXPECT_EQ(codes(), (QStringList{"100001", "100002"}));
+    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString("商品目录中没有这个货号,请更正。"));
+    EXPECT_TRUE(desk.messages().empty());
+    EXPECT_TRUE(desk.run(Command::NextProblem));
+    EXPECT_EQ(control.Row(), 2);
+    desk.type("100002").press(Key::Enter);
+    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString());
+}
+
+TEST_F(OrderBlocks, APastedPriceBelowZeroIsRefusedAndAQuantityBelowZeroIsAReturn) {
+    enterLine(1, "100001");
+    paste(1, OrderGrid::Quantity, "-2\t-1");
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), "-2");
+    EXPECT_EQ(cell(1, OrderGrid::Price), "3.33");
+    EXPECT_EQ(problemAt(1, OrderGrid::Price), QString("不能小于 0。"));
+}
+
+TEST_F(OrderBlocks, EveryCellThatKeepsTheOrderFromBeingSavedIsMarked) {
+    enter(1, OrderGrid::Code, "100001");
+    enter(2, OrderGrid::Quantity, "5");
+    enter(3, OrderGrid::Code, "100002");
+    EXPECT_TRUE(grid.commit());
+    EXPECT_NE(problem(), QString());
+    EXPECT_EQ(grid.markProblems(), 5) << desk.ascii();
+    EXPECT_EQ(problemAt(1, OrderGrid::Quantity), QString("数量不能为零"));
+    EXPECT_EQ(problemAt(1, OrderGrid::Warehouse), QString("仓库不能为空"));
+    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString("货号没有填写:没有货号的行要有备注,否则请删除这一行"));
+    EXPECT_EQ(problemAt(3, OrderGrid::Quantity), QString("数量不能为零"));
+    EXPECT_EQ(problemAt(2, OrderGrid::Quantity), QString());
+    EXPECT_FALSE(grid.unsaved().none());
+    EXPECT_TRUE(control.CanRun(Command::NextProblem));
+}
+
+TEST_F(OrderBlocks, AMarkGoesWithTheCommitThatMendsItsCellAndStaysOverOneThatDoesNot) {
+    enter(1, OrderGrid::Code, "100001");
+    grid.markProblems();
+    enter(1, OrderGrid::Quantity, "3-3");
+    EXPECT_EQ(problemAt(1, OrderGrid::Quantity), QString("数量不能为零"));
+    enter(1, OrderGrid::Quantity, "3");
+    EXPECT_EQ(problemAt(1, OrderGrid::Quantity), QString());
+    enter(1, OrderGrid::Warehouse, "主仓库");
+    EXPECT_EQ(grid.markProblems(), 0);
+    EXPECT_FALSE(control.CanRun(Command::NextProblem));
+}
+
+TEST_F(OrderBlocks, AMarkGoesWhenAnotherCellOfItsLineHasMadeItRight) {
+    enter(2, OrderGrid::Quantity, "5");
+    EXPECT_EQ(grid.markProblems(), 1);
+    EXPECT_NE(problemAt(2, OrderGrid::Code), QString());
+    enter(2, OrderGrid::Remark, "另行通知");
+    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString()) << "a note now";
+    enter(3, OrderGrid::Code, "100001");
+    grid.markProblems();
+    EXPECT_NE(problemAt(3, OrderGrid::Quantity), QString());
+    at(3, OrderGrid::Code);
+    desk.run(Command::ClearCells);
+    EXPECT_EQ(problemAt(3, OrderGrid::Quantity), QString()) << "no line any more";
+}
+
+TEST_F(OrderBlocks, AWarehouseThatTheLineWillGetIsNotMarked) {
+    enterLine(1, "100001");
+    grid.presetWarehouse("五金仓");
+    control.SetCell(2, OrderGrid::Code, "100002");
+    at(1, OrderGrid::Remark);
+    EXPECT_TRUE(grid.commit());
+    EXPECT_EQ(grid.markProblems(), 1);
+    EXPECT_EQ(problemAt(2, OrderGrid::Warehouse), QString());
+    EXPECT_EQ(problemAt(2, OrderGrid::Quantity), QString("数量不能为零"));
+}
+
+TEST_F(OrderBlocks, MarksAreGoneInTheNextOrder) {
+    enter(1, OrderGrid::Code, "100001");
+    EXPECT_GT(grid.markProblems(), 0);
+    grid.clear(QDate(2026, 11, 27));
+    EXPECT_FALSE(control.CanRun(Command::NextProblem));
+    enterLine(1, "100001");
+    EXPECT_EQ(grid.markProblems(), 0);
+}
+
+TEST_F(OrderBlocks, LinesThatHaveChangedPlacesAreUnsavedUntilTheyAreBack) {
+    enterLine(1, "100001");
+    enterLine(2, "100002");
+    save();
+    ASSERT_TRUE(grid.unsaved().none());
+    QSignalSpy changed(&grid, &OrderGrid::changed);
+    at(2, OrderGrid::Code);
+    EXPECT_TRUE(desk.run(Command::MoveRowUp));
+    EXPECT_EQ(codes(), (QStringList{"100002", "100001"}));
+    EXPECT_TRUE(grid.unsaved().moved);
+    EXPECT_FALSE(changed.isEmpty());
+    EXPECT_EQ(grid.lines()[0].id, 2);
+    EXPECT_TRUE(desk.run(Command::Undo));
+    EXPECT_TRUE(grid.unsaved().none());
+    at(1, OrderGrid::Code);
+    EXPECT_TRUE(desk.run(Command::MoveRowDown));
+    EXPECT_TRUE(grid.unsaved().moved);
+    save();
+    EXPECT_TRUE(grid.unsaved().none());
+}
+
+TEST_F(OrderBlocks, ALineThatMovedPastRowsThatSayNothingIsNoChange) {
+    enterLine(1, "100001");
+    enterLine(2, "100002");
+    save();
+    at(2, OrderGrid::Code);
+    EXPECT_TRUE(desk.run(Command::MoveRowDown));
+    EXPECT_EQ(cell(3, OrderGrid::Code), "100002");
+    EXPECT_TRUE(grid.unsaved().none());
+}
+
+TEST_F(OrderBlocks, SeveralRowsAreDeletedAfterOneQuestionWhateverAskedForIt) {
+    QStringList asked;
+    bool agrees = false;
+    grid.mayDelete([&](const QString& what) {
+        asked << what;
+        return agrees;
+    });
+    for (int row = 1; row <= 5; ++row) enterLine(row, "100001");
+    enter(5, OrderGrid::Remark, "留下");
+    selectRows(1, 4);
+    runAndSettle(Command::DeleteRows);
+    EXPECT_EQ(asked, QStringList("选中的 4 行"));
+    EXPECT_EQ(grid.lines().size(), 5u);
+    agrees = true;
+    for (const bool byDelete : {false, true}) {
+        selectRows(1, 4);
+        asked.clear();
+        if (byDelete) desk.press(Key::Delete);
+        byDelete ? QCoreApplication::processEvents() : runAndSettle(Command::DeleteRows);
+        EXPECT_EQ(asked, QStringList("选中的 4 行"));
+        ASSERT_EQ(grid.lines().size(), 1u) << desk.ascii();
+        EXPECT_EQ(grid.lines()[0].remark, QString("留下"));
+        EXPECT_TRUE(desk.run(Command::Undo));
+        EXPECT_EQ(grid.lines().size(), 5u) << "one step";
+    }
+}
+
+TEST_F(OrderBlocks, RowsThatSayNothingAreDeletedUnaskedAndCountedWhereOthersGoWithThem) {
+    QStringList asked;
+    grid.mayDelete([&](const QString& what) {
+        asked << what;
+        return true;
+    });
+    enterLine(1, "100001");
+    const int rows = control.Rows();
+    selectRows(3, 5);
+    runAndSettle(Command::DeleteRows);
+    EXPECT_TRUE(asked.isEmpty());
+    EXPECT_EQ(control.Rows(), rows - 3);
+    selectRows(1, 3);
+    runAndSettle(Command::DeleteRows);
+    EXPECT_EQ(asked, QStringList("选中的 3 行(其中 1 行有内容)"));
+    EXPECT_EQ(control.Rows(), rows - 6);
+}
+
+TEST_F(OrderBlocks, OneSelectedRowIsNamedInTheQuestion) {
+    QStringList asked;
+    grid.mayDelete([&](const QString& what) {
+        asked << what;
+        return false;
+    });
+    enterLine(1, "100001");
+    selectRows(1, 1);
+    runAndSettle(Command::DeleteRows);
+    EXPECT_EQ(asked, QStringList("第 1 行 100001 六角螺栓"));
+}
