@@ -165,23 +165,38 @@ TEST(Keys, CopyTheDisplayedTextOfAClosedCell) {
     EXPECT_EQ(w.text(1, Paid), "-1");
 }
 
-TEST(Keys, PasteIntoAClosedCellThroughTheEditor) {
+TEST(Keys, PasteIntoAClosedCellWithoutOpeningTheEditor) {
     Window w;
     QApplication::clipboard()->setText("贴上");
     w.focusCell(1, Code);
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_FALSE(w.editorShown());
+    EXPECT_EQ(w.text(1, Code), "贴上");
+    EXPECT_EQ(w.current(), "1,1");
+    EXPECT_TRUE(w.view().hasFocus());
+}
+
+TEST(Keys, PasteWhatACellRefusesIntoItsEditor) {
+    Window w;
+    QApplication::clipboard()->setText("贴上");
+    w.focusCell(1, Quantity);
     w.press(Qt::Key_V, Qt::ControlModifier);
     ASSERT_TRUE(w.editorShown());
     EXPECT_EQ(w.editorText(), "贴上");
     EXPECT_EQ(w.grid().Text(), "贴上");
     EXPECT_TRUE(w.editor().hasFocus());
-    w.press(Qt::Key_Enter);
-    EXPECT_EQ(w.text(1, Code), "贴上");
+    EXPECT_EQ(w.text(1, Quantity), "1234.5");
 }
 
 TEST(Keys, PasteACellOfATableWithoutItsLineEnd) {
     Window w;
     QApplication::clipboard()->setText("12\r\n");
     w.focusCell(1, Quantity);
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(w.text(1, Quantity), "12");
+    w.focusCell(4, Code);
+    w.type("x");
+    w.press(Qt::Key_A, Qt::ControlModifier);
     w.press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(w.grid().Text(), "12");
     QApplication::clipboard()->setText("\n3\r\n4\n");
@@ -209,7 +224,7 @@ TEST(Keys, CopyAndPasteByInsertAsInTheEditorAndAskForNoRow) {
     EXPECT_EQ(QApplication::clipboard()->text(), "1,234.50");
     w.focusCell(2, Code);
     w.press(Qt::Key_Insert, Qt::ShiftModifier);
-    EXPECT_EQ(w.editorText(), "1,234.50");
+    EXPECT_EQ(w.text(2, Code), "1,234.50");
     EXPECT_EQ(asked, 0);
 }
 
