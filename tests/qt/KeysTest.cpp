@@ -186,7 +186,7 @@ TEST(Keys, OpenTheEditorWithAValueThatTheCellRefuses) {
     EXPECT_TRUE(w.editor().hasFocus());
     w.press(Qt::Key_2);
     w.press(Qt::Key_Enter);
-    EXPECT_EQ(w.text(1, Quantity), "24.00");
+    EXPECT_EQ(w.text(1, Quantity), "24");
 }
 
 TEST(Keys, PasteACellOfATableWithoutItsLineEnd) {
