@@ -17,11 +17,12 @@ using support::TableReader;
 
 namespace {
 
-/// What was selected as a whole, or is very long, ends with the last row that holds something when it reaches the
-/// last one of the grid: below it there is nothing to copy.
+/// Whole columns, and selections that are very long, end with the last row that holds something when they reach
+/// the last one of the grid: below it there is nothing to copy.
 std::int32_t lastRowToCopy(const CellGrid& grid, const CellRange& range) {
-    constexpr std::int32_t VeryLong = 10'000;
-    const bool asItIs = grid.SelectedAs() == SelectionKind::Cells && range.rows() <= VeryLong;
+    const SelectionKind kind = grid.SelectedAs();
+    const bool whole = kind == SelectionKind::Columns || kind == SelectionKind::All;
+    const bool asItIs = !whole && range.rows() <= VeryLong;
     return asItIs || range.lastRow < grid.Rows() - 1 ? range.lastRow : lastFilledRow(grid, range);
 }
 

@@ -36,11 +36,12 @@ void RowCommands::remove() {
     });
 }
 
-/// The shown ones, from the last one up. Of a whole grid the empty rows at its end stay.
+/// The shown ones, from the last one up. Of a very long grid the empty rows at its end stay.
 std::vector<RowId> RowCommands::selectedRows() {
     CellGrid& grid = c_.grid;
     CellRange range = grid.Selected();
-    if (grid.SelectedAs() == SelectionKind::All) range.lastRow = lastFilledRow(grid, range);
+    if (range.rows() > VeryLong && range.lastRow == grid.Rows() - 1)
+        range.lastRow = lastFilledRow(grid, range);
     std::vector<RowId> ids;
     ShownRows rows(grid, c_.rows.follower(), range.firstRow, range.lastRow);
     while (rows.next()) ids.push_back(grid.IdOf(rows.row().row()));

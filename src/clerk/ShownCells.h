@@ -27,6 +27,9 @@ inline std::vector<std::int32_t> shownCols(const CellGrid& grid, std::int32_t fi
     return cols;
 }
 
+/// Selections of more rows are not gone through row by row to their end where nothing is there.
+constexpr std::int32_t VeryLong = 10'000;
+
 /// The last row of a range in which one of its cells holds something; its first row when none does. Takes a
 /// time that grows with the rows that were ever written to.
 inline std::int32_t lastFilledRow(const CellGrid& grid, const CellRange& range) {

@@ -192,6 +192,7 @@ TEST_F(RecklessOffice, KeepsTheControlWhole) {
         setUp();
         desk.press(Key::Escape).press(Key::Escape);
         grid.Grid().Select(1, 1);
+        grid.Grid().Unselect();
         desk.focusGrid();
         grid.History().Forget();
         const std::string before = grid.Grid().Text(1, 1);
