@@ -80,6 +80,7 @@ bool CellCommands::fillDown() {
     const CellRange range = grid.Selected();
     const std::vector<std::int32_t> cols = shownCols(grid, range.firstCol, range.lastCol);
     std::vector<std::pair<std::string, std::string>> pairs;
+    pairs.reserve(cols.size());
     for (const std::int32_t col : cols) pairs.emplace_back(grid.Text(source, col), grid.Data(source, col));
 
     const std::int32_t first = std::max(range.firstRow, source + 1);

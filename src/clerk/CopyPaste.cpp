@@ -54,6 +54,7 @@ bool CopyPaste::copy(bool headers) const {
     ClipboardContent content{{}, {}, headers};
     support::TableWriter text(content.text);
     std::vector<support::BlockColumn> columns;
+    columns.reserve(cols.size());
     for (const std::int32_t col : cols) columns.push_back({col, c_.columns.at(col).sName()});
     support::BlockWriter block(content.block, gridKey(), columns);
     if (headers)

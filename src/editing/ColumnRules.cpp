@@ -41,7 +41,7 @@ Reason brokenByRepeating(const ColumnOptions& rules, const CellGrid& grid, std::
 Reason brokenByText(const ColumnOptions& rules, const CellGrid& grid, std::int32_t row, std::int32_t col,
                     std::string_view text) {
     if (text.empty()) return std::nullopt;
-    if (const Reason reason = brokenByNumber(rules, text)) return reason;
+    if (Reason reason = brokenByNumber(rules, text)) return reason;
     if (!rules.matches(text)) return "不符合规定的格式。";
     return brokenByRepeating(rules, grid, row, col, text);
 }
@@ -51,7 +51,7 @@ std::optional<std::string> brokenColumnRule(const host::ControlContext& c, std::
                                             std::string_view text) {
     const std::shared_ptr<const ColumnOptions> rules = c.columns.rules(col);
     if (!rules || !c.host.there()) return std::nullopt;
-    if (const Reason reason = brokenByText(*rules, c.grid, row, col, text)) return reason;
+    if (Reason reason = brokenByText(*rules, c.grid, row, col, text)) return reason;
     const ColumnOptions::Acceptance accepts = rules->accepts();  // it may put another one
     if (!accepts) return std::nullopt;
     std::string reason = accepts(row, text);
