@@ -214,23 +214,32 @@ std::string CommandRunner::caption(Command command) const {
     return step.empty() ? caption : caption + "“" + step + "”";
 }
 
+CommandRunner::Told CommandRunner::state(bool opens) const {
+    Told now{c_.steps.undoName(), c_.steps.redoName(), {}};
+    for (const Command command : allCommands()) {
+        const bool possible = asksForOpenCell(command) ? opens && canOnClosedCell(command) : can(command);
+        now.can.set(static_cast<std::size_t>(command), possible);
+    }
+    return now;
+}
+
+/// Rows come and go by the thousand while nobody listens: nothing is found out for nobody, and no host asked.
+void CommandRunner::look() {
+    if (telling_ || face.Changed.heard() || !c_.host.there()) return;
+    const CellGrid& grid = c_.grid;
+    told_ = state(mayEdit() && columns::isEditableColumn(grid, c_.columns, grid.Col()));
+}
+
 /// A host that is asked whether the current cell opens may bring this about once more.
 void CommandRunner::tellChanges() {
-    if (telling_ || !c_.host.there() || c_.steps.underway()) return;
+    if (!face.Changed.heard() || telling_ || !c_.host.there() || c_.steps.underway()) return;
     bool changed = false;
     {
         const support::FlagSpan telling(telling_);
-        Told now{c_.steps.undoName(), c_.steps.redoName(), {}};
-        // nobody is asked for what nobody hears of
-        const bool opens = face.Changed.heard()
-                               ? c_.editor.opensHere()
-                               : mayEdit() && columns::isEditableColumn(c_.grid, c_.columns, c_.grid.Col());
+        const bool opens = c_.editor.opensHere();
         if (!c_.host.there()) return;
-        for (const Command command : allCommands()) {
-            const bool possible = asksForOpenCell(command) ? opens && canOnClosedCell(command) : can(command);
-            now.can.set(static_cast<std::size_t>(command), possible);
-        }
-        changed = face.Changed.heard() && told_ != now;
+        Told now = state(opens);
+        changed = told_ != now;
         told_ = std::move(now);
     }
     if (changed) face.Changed();

@@ -36,6 +36,9 @@ class CommandRunner {
     /// Raises Changed where something has; not while a step is open, whose end tells.
     void tellChanges();
 
+    /// Before somebody listens to Changed: from here on he is to be told.
+    void look();
+
     Commands face{*this};
 
   private:
@@ -45,6 +48,7 @@ class CommandRunner {
         std::bitset<64> can;
         friend bool operator==(const Told&, const Told&) = default;
     };
+    Told state(bool opens) const;
     bool textBoxHasIt(Command command) const;
     bool mayEdit() const;
     bool canOnClosedCell(Command command) const;

@@ -79,6 +79,7 @@ bool kxGrid::CanRun(Command command) const {
 }
 
 kxVsGrid::Commands& kxGrid::Commands() {
+    parts_->commands.look();
     return parts_->commands.face;
 }
 
