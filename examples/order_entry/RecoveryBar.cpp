@@ -2,7 +2,8 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
+
+#include "QuietButton.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,15 +18,8 @@ RecoveryBar::RecoveryBar(QWidget* parent) : QFrame(parent), text_(new QLabel(thi
     auto* all = new QHBoxLayout(this);
     all->setContentsMargins(10, 5, 6, 5);
     all->addWidget(text_, 1);
-    const auto add = [&](const QString& name, const QString& caption, auto signal) {
-        auto* button = new QPushButton(caption, this);
-        button->setObjectName(name);
-        button->setFocusPolicy(Qt::TabFocus);  // a press leaves what is being typed in the open editor
-        connect(button, &QPushButton::clicked, this, signal);
-        all->addWidget(button);
-    };
-    add(u"goOn"_s, u"继续(&J)"_s, &RecoveryBar::goesOn);
-    add(u"giveUp"_s, u"放弃(&Q)"_s, &RecoveryBar::givesUp);
+    addQuietButton(*all, *this, u"goOn"_s, u"继续(&J)"_s, &RecoveryBar::goesOn);
+    addQuietButton(*all, *this, u"giveUp"_s, u"放弃(&Q)"_s, &RecoveryBar::givesUp);
     hide();
 }
 

@@ -4,13 +4,13 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "PlainTip.h"
+#include "QuietButton.h"
 
 using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
@@ -44,15 +44,8 @@ RefusedList::RefusedList(kxGrid& grid, QWidget* parent)
 
     auto* top = new QHBoxLayout;
     top->addWidget(title_, 1);
-    const auto add = [&](const QString& name, const QString& caption, auto act) {
-        auto* button = new QPushButton(caption, this);
-        button->setObjectName(name);
-        button->setFocusPolicy(Qt::TabFocus);  // a press leaves what is being typed in the open editor
-        connect(button, &QPushButton::clicked, this, act);
-        top->addWidget(button);
-    };
-    add(u"clearMarks"_s, u"清除标记(&K)"_s, &RefusedList::clearMarks);
-    add(u"close"_s, u"关闭(&B)"_s, &RefusedList::close);
+    addQuietButton(*top, *this, u"clearMarks"_s, u"清除标记(&K)"_s, &RefusedList::clearMarks);
+    addQuietButton(*top, *this, u"close"_s, u"关闭(&B)"_s, &RefusedList::close);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(8, 4, 8, 8);
     all->setSpacing(4);
