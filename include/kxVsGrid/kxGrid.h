@@ -92,6 +92,7 @@ class kxGrid : public GridEvents {
     /// Whether there is anything that it could do.
     bool CanRun(Command command) const;
     kxVsGrid::Commands& Commands();
+    const kxVsGrid::Commands& Commands() const;
 
     // --- The editor.
     /// Applies the current column's rules and commits an open editor. False when the input is refused.

@@ -83,6 +83,11 @@ kxVsGrid::Commands& kxGrid::Commands() {
     return parts_->commands.face;
 }
 
+/// Nobody can begin to listen by this one: keys are looked up here.
+const kxVsGrid::Commands& kxGrid::Commands() const {
+    return parts_->commands.face;
+}
+
 bool kxGrid::IsActive() const {
     return parts_->input.active();
 }
@@ -455,71 +460,6 @@ std::string kxGrid::TextTag() const {
 
 void kxGrid::TextTag(std::string_view tag) {
     parts_->editor.setTag(tag);
-}
-
-// --- Look
-
-std::uint32_t kxGrid::BackColor() const {
-    return parts_->main.BackColor();
-}
-
-void kxGrid::BackColor(std::uint32_t color) {
-    parts_->main.BackColor(color);
-    parts_->sums.BackColor(parts_->main.BackColor());
-    parts_->report("BackColor");
-}
-
-std::uint32_t kxGrid::BackColorBkg() const {
-    return parts_->main.BackColorBkg();
-}
-
-void kxGrid::BackColorBkg(std::uint32_t color) {
-    parts_->main.BackColorBkg(color);
-    parts_->sums.BackColorBkg(parts_->main.BackColorBkg());
-    parts_->report("BackColorBkg");
-}
-
-std::uint32_t kxGrid::BackColorFixed() const {
-    return parts_->main.BackColorFixed();
-}
-
-void kxGrid::BackColorFixed(std::uint32_t color) {
-    parts_->main.BackColorFixed(color);
-    parts_->sums.BackColorFixed(parts_->main.BackColorFixed());
-    parts_->report("BackColorFixed");
-}
-
-std::uint32_t kxGrid::ForeColor() const {
-    return parts_->main.ForeColor();
-}
-
-void kxGrid::ForeColor(std::uint32_t color) {
-    parts_->main.ForeColor(color);
-    parts_->sums.ForeColor(parts_->main.ForeColor());
-    parts_->report("ForeColor");
-}
-
-std::uint32_t kxGrid::ForeColorFixed() const {
-    return parts_->main.ForeColorFixed();
-}
-
-void kxGrid::ForeColorFixed(std::uint32_t color) {
-    parts_->main.ForeColorFixed(color);
-    parts_->sums.ForeColorFixed(parts_->main.ForeColorFixed());
-    parts_->report("ForeColorFixed");
-}
-
-std::int32_t kxGrid::Appearance() const {
-    return parts_->main.Appearance();
-}
-
-void kxGrid::Appearance(std::int32_t appearance) {
-    parts_->main.Appearance(appearance);
-    parts_->report("Appearance");
-}
-
-void kxGrid::VsSumCellBackColor(std::uint32_t color) {
-    parts_->totals.setColor(color);
 }
 
 // --- The grids behind it

@@ -2,6 +2,7 @@
 #include <cctype>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "headless/Call.h"
 #include "headless/Station.h"
@@ -80,7 +81,8 @@ void Desk::stroke(const KeyStroke& key) {
         records_->leftControl = forward ? 1 : -1;
         moveFocus(&at, FocusPlace::Elsewhere);
     } else if (!used && records_->place == FocusPlace::Editor) {
-        const auto command = at.address->Commands().Of(key.code, key.shift, CommandKey::Where::EditorToo);
+        const auto command =
+            std::as_const(*at.address).Commands().Of(key.code, key.shift, CommandKey::Where::EditorToo);
         if (command == Command::Undo || command == Command::Redo)
             undoOrRedo(at, *command);
         else

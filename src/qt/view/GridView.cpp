@@ -151,7 +151,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 
 std::optional<Command> GridView::commandOf(const QKeyEvent& event) const {
     const auto where = stage_.box().visible() ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
-    return qt::commandOf(event, stage_.grid().Commands(), where);
+    return qt::commandOf(event, std::as_const(stage_.grid()).Commands(), where);
 }
 
 void GridView::keyReleaseEvent(QKeyEvent* event) {
