@@ -86,6 +86,26 @@ class CancellingClerk : public BlockTest {
         EXPECT_EQ(text(30, 4), "o304") << "what was typed before can still be undone";
     }
     std::string block_;
+    /// Throws once, when the clerk has cancelled.
+    void failOnce() {
+        if (std::exchange(fails_, false)) throw HostFailure();
+    }
+    void expectAllTakenBack() {
+        grid.ClearMarks();
+        desk.onProgress([this](std::int64_t done, std::int64_t) {
+            fails_ = done > 100;
+            return !fails_;
+        });
+        const Lines before = wholeOf(grid);
+        try {
+            run(Command::Paste);
+        } catch (const HostFailure&) {
+            SUCCEED();
+        }
+        EXPECT_FALSE(grid.Grid().StepOpen());
+        EXPECT_EQ(differences(wholeOf(grid), before), Lines());
+    }
+    bool fails_ = false;
 };
 
 TEST_F(CancellingClerk, HasEverythingBackAfterAPaste) {
@@ -248,43 +268,18 @@ TEST_F(CancellingClerk, MayFindTheHostFailingAsAllIsTakenBack) {
 }
 
 TEST_F(CancellingClerk, MayFindAToolbarFailingAsMarksAreTakenBack) {
-    grid.ClearMarks();
-    bool fails = false;
-    desk.onProgress([&](std::int64_t done, std::int64_t) {
-        fails = done > 100;
-        return !fails;
-    });
-    grid.Commands().Changed.connect([&] {
-        if (std::exchange(fails, false)) throw HostFailure();
-    });
-    const Lines before = wholeOf(grid);
-    try {
-        run(Command::Paste);
-    } catch (const HostFailure&) {
-        SUCCEED();
-    }
-    EXPECT_FALSE(grid.Grid().StepOpen());
-    EXPECT_EQ(differences(wholeOf(grid), before), Lines());
+    grid.Commands().Changed.connect([this] { failOnce(); });
+    expectAllTakenBack();
 }
 
 TEST_F(CancellingClerk, MayFindAHostThatLocksFailingAsMarksAreTakenBack) {
-    grid.ClearMarks();
-    bool fails = false;
-    desk.onProgress([&](std::int64_t done, std::int64_t) {
-        fails = done > 100;
-        return !fails;
-    });
-    grid.Options().CellLocked.connect([&](std::int32_t, std::int32_t, bool&) {
-        if (std::exchange(fails, false)) throw HostFailure();
-    });
-    const Lines before = wholeOf(grid);
-    try {
-        run(Command::Paste);
-    } catch (const HostFailure&) {
-        SUCCEED();
-    }
-    EXPECT_FALSE(grid.Grid().StepOpen());
-    EXPECT_EQ(differences(wholeOf(grid), before), Lines());
+    grid.Options().CellLocked.connect([this](std::int32_t, std::int32_t, bool&) { failOnce(); });
+    expectAllTakenBack();
+}
+
+TEST_F(CancellingClerk, MayFindAListOfMarksFailingAsMarksAreTakenBack) {
+    grid.Grid().MarksChanged.connect([this] { failOnce(); });
+    expectAllTakenBack();
 }
 
 TEST_F(CancellingClerk, MayFindTheProgressFailing) {

@@ -2,6 +2,7 @@
 #include <stdexcept>
 
 #include "kit/ClerkTest.h"
+#include "kit/Life.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -219,10 +220,7 @@ TEST(ControlThatGoesAsALockIsAsked, IsAskedNoMore) {
         act(goes);
         EXPECT_EQ(asked, 1);
         EXPECT_TRUE(desk.messages().empty());
-        desk.use(stays);
-        desk.focusGrid();
-        desk.type("x").press(Key::Enter);
-        EXPECT_EQ(stays.Grid().Text(1, 1), "x");
+        kit::expectKeyedAsEver(desk, stays);
     }
 }
 }  // namespace

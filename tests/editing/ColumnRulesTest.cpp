@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "kit/ClerkTest.h"
+#include "kit/Life.h"
 #include "kit/PrintTo.h"
 
 namespace kxVsGrid::testing {
@@ -355,10 +356,7 @@ TEST(ControlThatGoesAsARuleIsAsked, LeavesTheDeskInOrder) {
                : goes.input()->key({static_cast<std::int16_t>(Key::Space), 0, " "});
         EXPECT_TRUE(gone);
         EXPECT_TRUE(desk.messages().empty());
-        desk.use(stays);
-        desk.focusGrid();
-        desk.type("x").press(Key::Enter);
-        EXPECT_EQ(stays.Grid().Text(1, 1), "x");
+        kit::expectKeyedAsEver(desk, stays);
     }
 }
 }  // namespace

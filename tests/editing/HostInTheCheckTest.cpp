@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "editing/CheckTest.h"
+#include "kit/Life.h"
 
 namespace kxVsGrid::testing {
 namespace {
@@ -436,10 +437,7 @@ class ClosedDocument : public ::testing::TestWithParam<std::tuple<Ask, bool>> {
         desk.type("X1").select(0, 2);
         std::get<Ask>(GetParam()).ask(desk, goes);
         EXPECT_EQ(closed, 1);
-        desk.use(stays);
-        desk.focusGrid();
-        desk.type("x").press(Key::Enter);
-        EXPECT_EQ(stays.Grid().Text(1, 1), "x");
+        kit::expectKeyedAsEver(desk, stays);
         EXPECT_EQ(desk.focusOwner(), FocusPlace::Grid);
     }
 

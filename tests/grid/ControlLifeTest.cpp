@@ -149,10 +149,7 @@ TEST_P(ControlThatGoesInADirectCall, TellsNobodyElse) {
     EXPECT_EQ(later, 0);
     EXPECT_TRUE(desk.messages().empty());
     EXPECT_TRUE(desk.reports().empty());
-    desk.use(stays);
-    desk.focusGrid();
-    desk.type("x").press(Key::Enter);
-    EXPECT_EQ(stays.Grid().Text(1, 1), "x");
+    kit::expectKeyedAsEver(desk, stays);
 }
 
 INSTANTIATE_TEST_SUITE_P(In, ControlThatGoesInADirectCall, ::testing::ValuesIn(DirectCalls),
@@ -210,10 +207,7 @@ TEST_P(ControlThatGoesInACallOfTheDesk, LeavesTheDeskInOrder) {
     GetParam().act(goes, desk);
     EXPECT_TRUE(gone);
     EXPECT_THROW(desk.press(Key::Down), std::logic_error);
-    desk.use(stays);
-    desk.focusGrid();
-    desk.type("x").press(Key::Enter);
-    EXPECT_EQ(stays.Grid().Text(1, 1), "x");
+    kit::expectKeyedAsEver(desk, stays);
 }
 
 INSTANTIATE_TEST_SUITE_P(In, ControlThatGoesInACallOfTheDesk, ::testing::ValuesIn(DeskCalls),

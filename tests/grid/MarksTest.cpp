@@ -2,6 +2,7 @@
 #include <stdexcept>
 
 #include "kit/ClerkTest.h"
+#include "kit/Life.h"
 #include "kxVsGrid/MemoryBag.h"
 
 namespace kxVsGrid::testing {
@@ -147,10 +148,7 @@ TEST(ControlThatGoesAsItTellsOfMarks, LeavesTheDeskInOrder) {
         act(goes, desk);
         EXPECT_TRUE(gone);
         EXPECT_TRUE(desk.messages().empty());
-        desk.use(stays);
-        desk.focusGrid();
-        desk.type("x").press(Key::Enter);
-        EXPECT_EQ(stays.Grid().Text(1, 1), "x");
+        kit::expectKeyedAsEver(desk, stays);
     }
 }
 }  // namespace

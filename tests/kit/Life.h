@@ -2,10 +2,13 @@
 // works with.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <functional>
 #include <ostream>
 
+#include "kxVsGrid/headless/Desk.h"
 #include "kxVsGrid/kxGrid.h"
 
 namespace kxVsGrid::kit {
@@ -47,5 +50,13 @@ inline std::function<void(kxGrid&, Work)> consenting(Event<std::int32_t, bool&> 
             work();
         });
     };
+}
+
+/// Another control of the desk has come to no harm.
+inline void expectKeyedAsEver(headless::Desk& desk, kxGrid& stays) {
+    desk.use(stays);
+    desk.focusGrid();
+    desk.type("x").press(Key::Enter);
+    EXPECT_EQ(stays.Grid().Text(1, 1), "x");
 }
 }  // namespace kxVsGrid::kit
