@@ -7,10 +7,11 @@ namespace kxVsGrid {
 
 /// The forms in which a block of cells is put there; empty ones are not there.
 struct ClipboardContent {
-    std::string text;   ///< UTF-8; cells stand between tabs and line ends, with quotes where they need them
-    std::string block;  ///< the control's own form, which another program keeps without looking into it
+    /// UTF-8; cells stand between tabs and line ends, with quotes where they need them. Beside a block of one cell
+    /// it is the text of that cell, as it is.
+    std::string text;
+    std::string block;     ///< the control's own form, which another program keeps without looking into it
     bool headers = false;  ///< the first row are captions
-    bool single = false;   ///< the text is that of one cell, as it is
 };
 
 /// The text as an HTML table, for programs that take no other: made when one of them asks.

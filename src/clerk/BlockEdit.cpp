@@ -28,6 +28,10 @@ Cause causeOf(Command command) {
 }
 }  // namespace
 
+std::string namedFor(Command command, std::int64_t cells) {
+    return std::string(captionOf(command)) + " " + std::to_string(cells) + " 格";
+}
+
 BlockEdit::BlockEdit(const ClerkContext& context, Command command, std::int64_t cells)
     : c_(context), cells_(cells) {
     report_.command = command;
@@ -70,6 +74,7 @@ void BlockEdit::takeBack(support::FirstFault& fault) {
 // --- Cells
 
 bool BlockEdit::mayWrite(const rows::FollowedRow& row, std::int32_t col) {
+    if (!goesOn()) return false;
     if (progress_ && ++done_ % CellsBetweenLooks == 0 && !progress_->goOn(done_)) {
         report_.cancelled = stopped_ = true;
         return false;
@@ -101,7 +106,6 @@ void BlockEdit::write(const rows::FollowedRow& row, std::int32_t col, std::strin
 void BlockEdit::writePair(const rows::FollowedRow& row, std::int32_t col, const std::string& text,
                           const std::string& tag) {
     if (!mayWrite(row, col)) return;
-    if (c_.grid.Text(row.row(), col) == text && c_.grid.Data(row.row(), col) == tag) return same(row, col);
     std::optional<std::string> broken;
     if (c_.grid.Text(row.row(), col) != text) broken = c_.editor.gate().brokenRule(row.row(), col, text);
     if (!stillThere(row, col)) return;

@@ -14,11 +14,15 @@
 #include <vector>
 
 #include "clerk/ClerkContext.h"
+#include "clerk/ShownCells.h"
 #include "kxVsGrid/CellMark.h"
 #include "kxVsGrid/PasteReport.h"
 #include "support/FirstFault.h"
 
 namespace kxVsGrid::clerk {
+
+/// What the step of so many cells is called: 粘贴 120 格.
+std::string namedFor(Command command, std::int64_t cells);
 
 class BlockEdit {
   public:
@@ -42,7 +46,14 @@ class BlockEdit {
     /// What is refused is no report's and gets no mark: the clerk is to put it right at once.
     void leaveRefusedToClerk() { leftToClerk_ = true; }
     bool goesOn() const { return !stopped_ && c_.host.there(); }
-    /// A value as it would be typed.
+    /// visit(row) for the shown rows from one to another, for as long as the act goes on.
+    template <class Visit>
+    void forEachRow(std::int32_t first, std::int32_t last, Visit visit) {
+        ShownRows rows(c_.grid, c_.rows.follower(), first, last);
+        while (goesOn() && rows.next()) visit(rows.row());
+        if (rows.gone()) cutShort();
+    }
+    /// A value as it would be typed. Nothing when the act has ended; so with the pair.
     void write(const rows::FollowedRow& row, std::int32_t col, std::string_view text);
     /// A text with its tag, as they stood in the same column: the column's rules are all that is asked.
     void writePair(const rows::FollowedRow& row, std::int32_t col, const std::string& text,

@@ -28,10 +28,6 @@ std::vector<FilledCell> filledCells(const CellGrid& grid, const CellRange& range
     });
     return cells;
 }
-
-std::string named(Command command, std::int64_t cells) {
-    return std::string(captionOf(command)) + " " + std::to_string(cells) + " 格";
-}
 }  // namespace
 
 // --- Clearing
@@ -46,7 +42,7 @@ void CellCommands::clear(Command command) {
         if (i == 0 || cells[i].row != cells[i - 1].row) ids.push_back(grid.IdOf(cells[i].row));
 
     BlockEdit edit(c_, command, static_cast<std::int64_t>(cells.size()));
-    edit.during(named(command, static_cast<std::int64_t>(cells.size())), [&] {
+    edit.during(namedFor(command, static_cast<std::int64_t>(cells.size())), [&] {
         auto id = ids.begin();
         for (std::size_t i = 0; i < cells.size() && edit.goesOn(); ++id) {
             const std::int32_t row = grid.RowOf(*id);
@@ -88,11 +84,10 @@ bool CellCommands::fillDown() {
     const auto cells = std::int64_t{range.lastRow - first + 1} * static_cast<std::int64_t>(cols.size());
     BlockEdit edit(c_, Command::FillDown, cells);
     edit.during(captionOf(Command::FillDown), [&] {
-        ShownRows rows(grid, c_.rows.follower(), first, range.lastRow);
-        while (edit.goesOn() && rows.next())
-            for (std::size_t i = 0; i < cols.size() && edit.goesOn(); ++i)
-                edit.writePair(rows.row(), cols[i], pairs[i].first, pairs[i].second);
-        if (rows.gone()) edit.cutShort();
+        edit.forEachRow(first, range.lastRow, [&](const rows::FollowedRow& row) {
+            for (std::size_t i = 0; i < cols.size(); ++i)
+                edit.writePair(row, cols[i], pairs[i].first, pairs[i].second);
+        });
     });
     return true;
 }
@@ -118,24 +113,20 @@ bool CellCommands::fillRight() {
     std::erase(cols, source);
     BlockEdit edit(c_, Command::FillRight, range.rows() * static_cast<std::int64_t>(cols.size()));
     edit.during(captionOf(Command::FillRight), [&] {
-        ShownRows rows(grid, c_.rows.follower(), range.firstRow, range.lastRow);
-        while (edit.goesOn() && rows.next()) {
+        edit.forEachRow(range.firstRow, range.lastRow, [&](const rows::FollowedRow& row) {
             if (source >= grid.Cols()) return edit.cutShort();
-            const std::string text = grid.DisplayText(rows.row().row(), source);
-            for (const std::int32_t col : cols)
-                if (edit.goesOn()) edit.write(rows.row(), col, text);
-        }
-        if (rows.gone()) edit.cutShort();
+            const std::string text = grid.DisplayText(row.row(), source);
+            for (const std::int32_t col : cols) edit.write(row, col, text);
+        });
     });
     return true;
 }
 
 bool CellCommands::copyFromAbove() {
-    if (!canCopyFromAbove() || !opensHere()) return false;
+    if (!canCopyFromAbove()) return false;
     CellGrid& grid = c_.grid;
     const std::int32_t col = grid.Col();
     const std::int32_t above = rowAbove(grid.Row());
-    if (above < 0 || col < 0) return false;  // the host was asked
     const std::string text = grid.Text(above, col);
     const std::string tag = grid.Data(above, col);
     BlockEdit edit(c_, Command::CopyFromAbove, 1);
@@ -168,9 +159,8 @@ std::string CellCommands::momentText(Command command) const {
 }
 
 bool CellCommands::moment(Command command) {
-    if (!canTakeMoment() || !opensHere()) return false;
+    if (!canTakeMoment()) return false;
     const std::int32_t col = c_.grid.Col();
-    if (col < 0) return false;  // the host was asked
     const std::string text = momentText(command);
     BlockEdit edit(c_, command, 1);
     edit.during(captionOf(command), [&] {

@@ -23,7 +23,7 @@ class CellCommands {
     bool canFillRight() const { return sourceCol() >= 0; }
     bool copyFromAbove();
     /// These, if the current cell opens.
-    bool canCopyFromAbove() const { return rowAbove(c_.grid.Row()) >= 0; }
+    bool canCopyFromAbove() const { return c_.grid.Col() >= 0 && rowAbove(c_.grid.Row()) >= 0; }
     /// Today, or now, as the column's check would have it.
     bool moment(Command command);
     bool canTakeMoment() const;
@@ -32,7 +32,6 @@ class CellCommands {
     std::int32_t rowAbove(std::int32_t row) const;
     std::int32_t sourceRow() const;
     std::int32_t sourceCol() const;
-    bool opensHere() const { return c_.editor.gate().opens(c_.grid.Row(), c_.grid.Col()); }
     std::string momentText(Command command) const;
 
     ClerkContext c_;

@@ -25,16 +25,6 @@ std::int32_t lastRowToCopy(const CellGrid& grid, const CellRange& range) {
     const bool asItIs = !whole && range.rows() <= VeryLong;
     return asItIs || range.lastRow < grid.Rows() - 1 ? range.lastRow : lastFilledRow(grid, range);
 }
-
-template <class Visit>
-void forEachShownRow(const CellGrid& grid, std::int32_t first, std::int32_t last, Visit visit) {
-    for (std::int32_t row = grid.ShownRowAfter(first - 1); row >= first && row <= last;) {
-        visit(row);
-        const std::int32_t next = grid.ShownRowAfter(row);
-        if (next <= row) break;
-        row = next;
-    }
-}
 }  // namespace
 
 const std::string& CopyPaste::gridKey() const {
@@ -57,14 +47,16 @@ bool CopyPaste::copy(bool headers) const {
     columns.reserve(cols.size());
     for (const std::int32_t col : cols) columns.push_back({col, c_.columns.at(col).sName()});
     support::BlockWriter block(content.block, gridKey(), columns);
-    if (headers)
-        forEachShownRow(grid, 0, grid.FixedRows() - 1, [&](std::int32_t row) {
-            for (const std::int32_t col : cols) text.cell(grid.Text(row, col));
-            text.endRow();
-        });
+    ShownRows captions(grid, c_.rows.follower(), 0, grid.FixedRows() - 1);
+    while (headers && captions.next()) {
+        for (const std::int32_t col : cols) text.cell(grid.Text(captions.row().row(), col));
+        text.endRow();
+    }
     std::int64_t cells = 0;
     std::string only;
-    forEachShownRow(grid, range.firstRow, lastRowToCopy(grid, range), [&](std::int32_t row) {
+    ShownRows rows(grid, c_.rows.follower(), range.firstRow, lastRowToCopy(grid, range));
+    while (rows.next()) {
+        const std::int32_t row = rows.row().row();
         for (const std::int32_t col : cols) {
             only = grid.DisplayText(row, col);
             text.cell(only);
@@ -72,13 +64,12 @@ bool CopyPaste::copy(bool headers) const {
             ++cells;
         }
         text.endRow();
-    });
+    }
     if (cells == 0) return false;
     text.finish();
     block.finish();
     // One cell is its text, to be pasted into a letter as well: no quotes, whatever stands in it.
-    content.single = cells == 1 && !headers;
-    if (content.single) content.text = std::move(only);
+    if (cells == 1 && !headers) content.text = std::move(only);
     if (headers) content.block.clear();
     c_.platform.copyToClipboard(content);
     return true;
@@ -99,7 +90,7 @@ class CopyPaste::Source {
         if (!block_) return;
         const support::TableShape shape{block_->rows(), static_cast<std::int64_t>(block_->columns().size())};
         // A single cell was copied as its bare text, which may look like several.
-        oneCell_ = shape == OneCell;
+        oneCell_ = block_->isOneCell();
         if (oneCell_) shape_ = OneCell;
         if (block_->grid() != gridKey || shape != shape_) block_.reset();
     }
@@ -168,7 +159,7 @@ bool CopyPaste::pasteInto(const CellRange& range, Source& source) {
     const std::int64_t cells = single ? range.rows() * width : shape.rows * std::min(width, shape.cols);
     BlockEdit edit(c_, Command::Paste, cells);
     if (here) edit.leaveRefusedToClerk();
-    edit.during("粘贴 " + std::to_string(cells) + " 格", [&] {
+    edit.during(namedFor(Command::Paste, cells), [&] {
         if (single)
             fill(edit, source, range, cols);
         else
@@ -214,11 +205,8 @@ void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
 void CopyPaste::fill(BlockEdit& edit, Source& source, const CellRange& range,
                      const std::vector<std::int32_t>& cols) const {
     if (!source.next()) return;
-    ShownRows rows(c_.grid, c_.rows.follower(), range.firstRow, range.lastRow);
-    while (edit.goesOn() && rows.next()) {
-        for (const std::int32_t col : cols)
-            if (edit.goesOn()) source.writeTo(edit, rows.row(), col);
-    }
-    if (rows.gone()) edit.cutShort();
+    edit.forEachRow(range.firstRow, range.lastRow, [&](const rows::FollowedRow& row) {
+        for (const std::int32_t col : cols) source.writeTo(edit, row, col);
+    });
 }
 }  // namespace kxVsGrid::clerk

@@ -9,18 +9,6 @@
 namespace kxVsGrid::editing {
 namespace {
 
-/// What a text box of one line makes of a pasted text.
-std::string inOneLine(std::string_view text) {
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.remove_suffix(1);
-    std::string line;
-    line.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        if (!pair) line += text[i] == '\n' || text[i] == '\r' ? ' ' : text[i];
-    }
-    return line;
-}
-
 bool isOneOf(std::string_view text, std::span<const std::string_view> words) {
     return std::any_of(words.begin(), words.end(),
                        [text](std::string_view word) { return support::equalsIgnoringCase(text, word); });
@@ -34,7 +22,7 @@ WriteGate::Admission WriteGate::admit(std::int32_t row, std::int32_t col, std::s
                                       KnownCodes& known) const {
     const std::shared_ptr<cVsControl> column = c_.columns.shared(col);
     if (column->iType() == flexDTBoolean) return admitBoolean(text);
-    std::string typed = column->b是否编辑多行() ? std::string(text) : inOneLine(text);
+    std::string typed = column->b是否编辑多行() ? std::string(text) : support::inOneLine(text);
     const auto limit = static_cast<std::size_t>(std::max<std::int16_t>(column->iLimitLength(), 0));
     if (limit > 0 && support::characters(typed) > limit)
         return {{}, {}, "最多 " + std::to_string(limit) + " 个字。"};

@@ -8,11 +8,6 @@
 namespace kxVsGrid::editing {
 namespace {
 
-std::string_view withoutTrailingLineBreaks(std::string_view text) {
-    while (!text.empty() && (text.back() == '\r' || text.back() == '\n')) text.remove_suffix(1);
-    return text;
-}
-
 /// The text is known when the host finds a name for it. Which half of the pair shows is the column's choice;
 /// the other one becomes the tag.
 FieldVerdict checkCode(const EditingContext& c, std::int32_t col, std::string_view text) {
@@ -20,7 +15,8 @@ FieldVerdict checkCode(const EditingContext& c, std::int32_t col, std::string_vi
     std::string name;
     std::shared_ptr<cVsControl> column = c.columns.shared(col);
     c.host.raise(&GridEvents::TxtValidBmS, column->s有效性判断基础(), column->s文本框对应编码字段(),
-                 column->s文本框对应名称字段(), std::string(withoutTrailingLineBreaks(text)), code, name);
+                 column->s文本框对应名称字段(), std::string(support::withoutTrailingLineBreaks(text)), code,
+                 name);
     if (col <= c.columns.upper()) column = c.columns.shared(col);
     if (name.empty()) return {MessageBox{column->s错误提示信息(), MessageBox::Critical, "错误："}, {}};
     if (column->i帮助返回值显示类型() == iText记Name) return {{}, FieldVerdict::Pair{name, code}};

@@ -9,6 +9,20 @@ namespace kxVsGrid::headless {
 
 using support::byteOfCharacter;
 
+namespace {
+
+/// Line ends of whatever kind as line feeds.
+std::string withLineFeeds(std::string_view content) {
+    std::string lines;
+    for (std::size_t i = 0; i < content.size(); ++i) {
+        const bool endsLine = content[i] == '\r';
+        if (endsLine && i + 1 < content.size() && content[i + 1] == '\n') continue;
+        lines += endsLine ? '\n' : content[i];
+    }
+    return lines;
+}
+}  // namespace
+
 std::size_t TextLine::length() const {
     return support::characters(text);
 }
@@ -64,17 +78,8 @@ void TextLine::insert(std::string_view characters) {
 }
 
 void TextLine::paste(std::string_view content) {
-    std::string lines;
-    for (std::size_t i = 0; i < content.size(); ++i) {
-        const bool endsLine = content[i] == '\r';
-        if (endsLine && i + 1 < content.size() && content[i + 1] == '\n') continue;
-        lines += endsLine ? '\n' : content[i];
-    }
-    if (!multiLine) {
-        while (lines.ends_with('\n')) lines.pop_back();
-        std::replace(lines.begin(), lines.end(), '\n', ' ');
-    }
-    if (!lines.empty()) insert(lines);
+    const std::string pasted = multiLine ? withLineFeeds(content) : support::inOneLine(content);
+    if (!pasted.empty()) insert(pasted);
 }
 
 void TextLine::erase() {

@@ -1,5 +1,6 @@
 #include "kxVsGrid/Clipboard.h"
 
+#include "support/BlockForm.h"
 #include "support/HtmlTable.h"
 #include "support/Numbers.h"
 #include "support/TableText.h"
@@ -16,7 +17,8 @@ support::HtmlAlign alignOf(std::string_view text) {
 std::string htmlOf(const ClipboardContent& content) {
     std::string html;
     support::HtmlTableWriter table(html);
-    if (content.single) {
+    const auto block = support::BlockReader::open(content.block);
+    if (block && block->isOneCell()) {
         table.cell(content.text, alignOf(content.text));
         table.finish();
         return html;

@@ -44,9 +44,7 @@ void ProgressBox::show() {
 
 /// Also when the box or the window was closed: nobody waits for it any more.
 bool ProgressBox::cancelled() const {
-    if (machine_->stage == nullptr || !*box_) return true;
-    const QProgressDialog& box = *box_->operator->();
-    return box.wasCanceled() || !box.isVisible();
+    return machine_->stage == nullptr || !*box_ || box_->operator->()->wasCanceled();
 }
 
 bool ProgressBox::goOn(std::int64_t done) {

@@ -13,8 +13,6 @@
 #include "qt/Machine.h"
 #include "qt/ModalBox.h"
 
-class QProgressBar;
-
 namespace kxVsGrid::qt {
 
 class ProgressBox : public Progress {

@@ -60,6 +60,7 @@ class BlockReader {
     const std::vector<BlockColumn>& columns() const { return columns_; }
     /// At least one.
     std::int64_t rows() const { return rows_; }
+    bool isOneCell() const { return rows_ == 1 && columns_.size() == 1; }
 
     /// Goes to the next cell, at first to the first one; False behind the last one.
     bool next();

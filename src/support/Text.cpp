@@ -106,6 +106,22 @@ std::string withoutLineBreaks(std::string_view text) {
     return result;
 }
 
+std::string_view withoutTrailingLineBreaks(std::string_view text) {
+    while (!text.empty() && (text.back() == '\r' || text.back() == '\n')) text.remove_suffix(1);
+    return text;
+}
+
+std::string inOneLine(std::string_view text) {
+    text = withoutTrailingLineBreaks(text);
+    std::string line;
+    line.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+        if (!pair) line += text[i] == '\n' || text[i] == '\r' ? ' ' : text[i];
+    }
+    return line;
+}
+
 bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char x, char y) { return lower(x) == lower(y); });

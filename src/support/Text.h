@@ -36,6 +36,13 @@ void appendValid(std::string& out, std::string_view text);
 /// The text without its line feeds and carriage returns, wherever they stand.
 std::string withoutLineBreaks(std::string_view text);
 
+/// The text without the line feeds and carriage returns at its end.
+std::string_view withoutTrailingLineBreaks(std::string_view text);
+
+/// What a box of one line makes of a pasted text: the line ends at its end go, the others, of whatever kind,
+/// become blanks.
+std::string inOneLine(std::string_view text);
+
 /// Equal but for the case of ASCII letters.
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 
