@@ -2,8 +2,9 @@
 //
 //     clipboard_grid IN.json OUT.json
 //
-// IN has rows of texts: code, name, quantity, date, remark. After each paste or cut OUT is written as a whole:
-// {"count": how many there have been, "refused": of the last one, "cells": rows of texts}.
+// IN has rows of texts: code, name, quantity, date, remark. After each paste or cut, and for F12, OUT is written as a
+// whole: {"count": how many pastes and cuts there have been, "refused": of the last one, "looks": how often F12 was
+// pressed, "cells": rows of texts}.
 //
 //     clipboard_grid --take TEXT
 //
@@ -15,6 +16,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -57,7 +59,14 @@ void load(kxGrid& grid, const QString& file) {
     grid.ReDraw(true);
 }
 
-void tell(const kxGrid& grid, const QString& file, int count, const PasteReport& report) {
+/// What there has been.
+struct Acts {
+    int count = 0;
+    int looks = 0;
+    qint64 refused = 0;
+};
+
+void tell(const kxGrid& grid, const QString& file, const Acts& acts) {
     QJsonArray rows;
     for (std::int32_t row = 1; row < grid.Rows(); ++row) {
         QJsonArray cells;
@@ -67,9 +76,9 @@ void tell(const kxGrid& grid, const QString& file, int count, const PasteReport&
     }
     QSaveFile out(file);
     if (!out.open(QIODevice::WriteOnly)) qFatal("no file");
-    out.write(
-        QJsonDocument(QJsonObject{{"count", count}, {"refused", qint64{report.refused}}, {"cells", rows}})
-            .toJson());
+    const QJsonObject told{
+        {"count", acts.count}, {"looks", acts.looks}, {"refused", acts.refused}, {"cells", rows}};
+    out.write(QJsonDocument(told).toJson());
     out.commit();
 }
 
@@ -96,9 +105,17 @@ int main(int argc, char** argv) {
     kxGrid& grid = widget->grid();
     describe(grid);
     load(grid, arguments[1]);
-    int count = 0;
-    grid.Commands().Reported.connect(
-        [&](const PasteReport& report) { tell(grid, arguments[2], ++count, report); });
+    Acts acts;
+    grid.Commands().Reported.connect([&](const PasteReport& report) {
+        ++acts.count;
+        acts.refused = report.refused;
+        tell(grid, arguments[2], acts);
+    });
+    const QShortcut look(Qt::Key_F12, &window);
+    QObject::connect(&look, &QShortcut::activated, [&] {
+        ++acts.looks;
+        tell(grid, arguments[2], acts);
+    });
     grid.Grid().Select(1, 0);
     window.resize(640, 380);
     window.show();

@@ -43,7 +43,13 @@ class ClipboardWindow:
         wait_for("the paste", lambda: self.acts() > before)
         return self.cells()
 
+    def keys_done(self, *keys, delay=0):
+        """Presses keys, and waits until the grid has worked them off."""
+        looks = self._told()["looks"]
+        self.window.keys(*keys, "F12", delay=delay)
+        wait_for("the keys to be worked off", lambda: self._told()["looks"] > looks)
+
     def _told(self):
         if not self.told.exists():
-            return {"count": 0, "cells": []}
+            return {"count": 0, "looks": 0, "cells": []}
         return json.loads(self.told.read_text(encoding="utf-8"))
