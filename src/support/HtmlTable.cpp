@@ -46,6 +46,16 @@ std::string_view attribute(HtmlAlign align) {
     return "";
 }
 
+/// What a spreadsheet would take for something else than it is: a formula, or a number that loses its zeros or its
+/// last digits. LibreOffice Calc leaves a cell of the number format @ the text that it is.
+bool misreadAsTyped(std::string_view text) {
+    constexpr std::size_t DigitsOfANumber = 15;
+    if (text.starts_with('=')) return true;
+    const bool digits = text.find_first_not_of("0123456789") == std::string_view::npos;
+    return digits && ((text.size() > 1 && text.front() == '0') || text.size() > DigitsOfANumber);
+}
+
+constexpr std::string_view KeptAsText = " sdnum=\"1033;0;@\"";
 }  // namespace
 
 HtmlTableWriter::HtmlTableWriter(std::string& out) : out_(out) {
@@ -66,6 +76,7 @@ void HtmlTableWriter::element(std::string_view tag, std::string_view text, HtmlA
     out_ += '<';
     out_ += tag;
     out_ += attribute(align);
+    if (misreadAsTyped(text)) out_ += KeptAsText;
     out_ += '>';
     if (validBytes(text) == text.size()) {
         appendEscaped(out_, text);

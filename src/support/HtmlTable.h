@@ -15,7 +15,8 @@ enum class HtmlAlign { Left, Center, Right };
 ///
 /// Markup in a cell is escaped; a line end (\n, \r\n or \r) is <br>; the style keeps blanks and tabs as they
 /// are, which other characters in their place would not. NULs are left out, a byte that is no part of valid
-/// UTF-8 is U+FFFD.
+/// UTF-8 is U+FFFD. A text that a spreadsheet would read as a formula, or as a number that loses zeros or digits,
+/// is marked as a text (sdnum).
 class HtmlTableWriter {
   public:
     /// `out` has to outlive the writer.

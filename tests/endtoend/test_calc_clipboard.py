@@ -38,8 +38,7 @@ WANTED = [
 ]
 
 # What the grid is given, and what Calc shows then. It takes the table in HTML, asks for the language of its numbers, and
-# reads each cell as if it had been typed: a code of digits loses its zeros, what begins with = is a formula. Dates stay
-# texts unless the clerk ticks the box for them in what Calc asks. Tabs inside of cells are blanks there.
+# reads each cell as if it had been typed, but for those that are marked as texts. Dates stay texts unless the clerk ticks the box for them in what Calc asks. Tabs inside of cells are blanks there.
 ROWS = [
     ["A001", "苹果汁 🍎", "1234.5", "2026-11-20", "plain"],
     ["007", 'quo"ted"', "-1234567.89", "2026-01-02", "two\nlines"],
@@ -49,12 +48,12 @@ ROWS = [
 ]
 SHOWN = [
     ["A001", "苹果汁 🍎", "1234.5", "2026-11-20", "plain"],
-    ["7", 'quo"ted"', "-1234567.89", "2026-01-02", "two\nlines"],
+    ["007", 'quo"ted"', "-1234567.89", "2026-01-02", "two\nlines"],
     ['"all"', "tab here", "0.5", "2024-02-29", 'a "b"\nc d\n\nend'],
-    ["<b>&amp;", "a b", "12", "2026-12-31", "2"],
+    ["<b>&amp;", "a b", "12", "2026-12-31", "=1+1"],
     ["", "矿泉水", "", "", "last"],
 ]
-KINDS = ["TTVTT", "VTVTT", "TTVTT", "TTVTF", "ETEET"]
+KINDS = ["TTVTT", "TTVTT", "TTVTT", "TTVTT", "ETEET"]
 NUMBERS = [1234.5, -1234567.89, 0.5, 12, 0]
 PASTED_AT = 10  # row
 

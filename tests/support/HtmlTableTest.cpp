@@ -58,6 +58,21 @@ TEST(HtmlTable, ShowsMarkupAsText) {
     EXPECT_EQ(htmlOf("<!-- '"), "&lt;!-- '");
 }
 
+TEST(HtmlTable, SaysWhichTextsASpreadsheetWouldReadAsSomethingElse) {
+    const auto isKept = [](std::string_view text) {
+        std::string html;
+        HtmlTableWriter writer(html);
+        writer.cell(text);
+        writer.finish();
+        return html.find("<td sdnum=\"1033;0;@\">" + std::string(text) + "</td>") != std::string::npos;
+    };
+    for (const std::string_view text : {"=1+1", "=", "007", "00", "6901234567890123"})
+        EXPECT_TRUE(isKept(text)) << text;
+    for (const std::string_view text :
+         {"", "0", "7", "0.5", "-007", "1,234.50", "690123456789012", "货号", "a=1"})
+        EXPECT_FALSE(isKept(text)) << text;
+}
+
 TEST(HtmlTable, KeepsBlanksAndBreaksLines) {
     EXPECT_EQ(htmlOf("  a \t b  "), "  a \t b  ");
     EXPECT_EQ(htmlOf("a\nb\r\nc\rd\r\r\n"), "a<br>b<br>c<br>d<br><br>");
