@@ -12,10 +12,16 @@ namespace {
 constexpr std::string_view FirstLine = "kxVsGrid block 1\n";
 constexpr std::size_t ChecksumDigits = 8;
 
+/// Most numbers are lengths of short texts.
 void appendNumber(std::string& out, std::uint64_t number) {
     char digits[24];
-    out.append(digits, std::to_chars(std::begin(digits), std::end(digits), number).ptr);
-    out += ':';
+    char* end = digits;
+    if (number < 10)
+        *end++ = static_cast<char>('0' + number);
+    else
+        end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+    *end++ = ':';
+    out.append(digits, end);
 }
 
 void appendText(std::string& out, std::string_view text) {
