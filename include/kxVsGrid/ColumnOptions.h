@@ -59,6 +59,10 @@ class ColumnOptions {
     const Acceptance& accepts() const { return accepts_; }
     void accepts(Acceptance rule) { accepts_ = std::move(rule); }
 
+    /// The clerk may sort the rows by the column (Command::SortUp, SortDown). False at first.
+    bool sortable() const { return sortable_; }
+    void sortable(bool may) { sortable_ = may; }
+
   private:
     struct Pattern;
     std::optional<int> mostDecimals_;
@@ -68,5 +72,6 @@ class ColumnOptions {
     std::shared_ptr<const Pattern> compiled_;
     bool mayRepeat_ = true;
     Acceptance accepts_;
+    bool sortable_ = false;
 };
 }  // namespace kxVsGrid

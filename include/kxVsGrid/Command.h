@@ -35,6 +35,9 @@ enum class Command : std::uint8_t {
     MoveRowUp,
     MoveRowDown,
     GoToRow,
+    SortUp,  ///< the rows by the current column, which its host allows (ColumnOptions::sortable)
+    SortDown,
+    Unsort,  ///< back into the order from before the rows were sorted
     Today,
     Now,
     Help,  ///< of the current cell, as F2 opens it

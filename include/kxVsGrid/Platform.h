@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "kxVsGrid/Clipboard.h"
 #include "kxVsGrid/Command.h"
@@ -203,6 +204,9 @@ class Platform {
     /// nowhere in particular), and returns when it has closed. An exception that leaves the form's code
     /// closes it and goes on to the caller.
     virtual void showForm(Form& form, const Rect& anchor) = 0;
+    /// How the machine's language orders texts, each of which is given once: for each its rank, the same for
+    /// texts that count as equal. By code points without one.
+    virtual std::vector<std::uint32_t> collationRanks(const std::vector<std::string_view>& texts) const;
     virtual void copyToClipboard(const ClipboardContent& content) = 0;
     /// What is there now; nothing when another program holds it and does not answer.
     virtual ClipboardContent clipboardContent() const = 0;

@@ -74,6 +74,11 @@ bool CommandRunner::canOnClosedCell(Command command) const {
             return mayEdit() && rows_.canMove(true);
         case Command::GoToRow:
             return grid.Rows() > grid.FixedRows() && grid.Col() >= 0;
+        case Command::SortUp:
+        case Command::SortDown:
+            return sorts_.canSort();
+        case Command::Unsort:
+            return c_.flags.Editable && sorts_.canUnsort();
         case Command::Help:
             return mayEdit();
         case Command::Menu:
@@ -144,6 +149,11 @@ bool CommandRunner::runOnClosedCell(Command command) {
             return rows_.move(true);
         case Command::GoToRow:
             return rows_.goTo();
+        case Command::SortUp:
+        case Command::SortDown:
+            return sorts_.sort(command == Command::SortDown);
+        case Command::Unsort:
+            return sorts_.unsort();
         case Command::Help:
             c_.owner.openHelp();
             return true;

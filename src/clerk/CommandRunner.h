@@ -14,6 +14,7 @@
 #include "clerk/CopyPaste.h"
 #include "clerk/Menus.h"
 #include "clerk/RowCommands.h"
+#include "clerk/SortCommands.h"
 #include "kxVsGrid/Commands.h"
 
 namespace kxVsGrid::clerk {
@@ -21,7 +22,7 @@ namespace kxVsGrid::clerk {
 class CommandRunner {
   public:
     CommandRunner(const ClerkContext& context, Menus& menus)
-        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context) {}
+        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context), sorts_(context) {}
 
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.
@@ -61,6 +62,7 @@ class CommandRunner {
     CopyPaste copyPaste_;
     CellCommands cells_;
     RowCommands rows_;
+    SortCommands sorts_;
     Told told_;
     bool telling_ = false;
 };

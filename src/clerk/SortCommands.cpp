@@ -1,0 +1,63 @@
+#include "clerk/SortCommands.h"
+
+#include <string>
+
+#include "clerk/SortedRows.h"
+#include "columns/EditableColumn.h"
+#include "editing/BringIntoView.h"
+#include "support/Text.h"
+
+namespace kxVsGrid::clerk {
+namespace {
+
+SortKind kindOf(const cVsControl& column) {
+    const auto check = static_cast<std::int32_t>(column.i字段有效性判断类型());
+    if (column.iType() == flexDTDate || check == ij日期型 || check == ij半日型 || check == ij时间型)
+        return SortKind::Dates;
+    return column.iType() == flexDTDouble || column.iType() == flexDTBoolean ? SortKind::Numbers
+                                                                             : SortKind::Texts;
+}
+/// As the clerk knows it.
+std::string nameOf(const CellGrid& grid, std::int32_t col, const cVsControl& column) {
+    if (!column.sName().empty() || grid.FixedRows() == 0) return column.sName();
+    return std::string(support::trim(grid.DisplayText(grid.FixedRows() - 1, col)));
+}
+}  // namespace
+
+/// Row headers that merge say what rows belong together.
+bool SortCommands::merges() const {
+    const CellGrid& grid = c_.grid;
+    if (grid.MergeCells() != flexMergeFixedOnly) return false;
+    for (std::int32_t col = 0; col < grid.FixedCols(); ++col)
+        if (grid.MergeCol(col)) return true;
+    return false;
+}
+
+bool SortCommands::canSort() const {
+    if (!c_.flags.Editable || !columns::isDataCell(c_.grid, c_.grid.Row(), c_.grid.Col()) || merges())
+        return false;
+    const std::shared_ptr<const ColumnOptions> rules = c_.columns.rules(c_.grid.Col());
+    return rules && rules->sortable();
+}
+
+bool SortCommands::sort(bool down) {
+    const std::int32_t col = c_.grid.Col();
+    const cVsControl& column = c_.columns.at(col);
+    const std::vector<std::int32_t> from = sortedRows(c_.grid, col, kindOf(column), down, c_.platform);
+    entered_.sorting(from.size());
+    return reorder("按" + nameOf(c_.grid, col, column) + (down ? "降序" : "升序"), from);
+}
+
+bool SortCommands::unsort() {
+    return reorder(std::string(captionOf(Command::Unsort)), entered_.order());
+}
+
+bool SortCommands::reorder(const std::string& step, const std::vector<std::int32_t>& from) {
+    c_.steps.during(step, Cause::Sort, [&] {
+        c_.grid.Reorder(c_.grid.FixedRows(), from);
+        c_.owner.changedData(true);
+    });
+    if (c_.host.there()) editing::bringCurrentCellIntoView(c_.grid);
+    return true;
+}
+}  // namespace kxVsGrid::clerk

@@ -1,0 +1,29 @@
+// Sorting by the column of the current cell, once: the rows change places, and no rule stays behind that would move
+// them again.
+#pragma once
+
+#include "clerk/ClerkContext.h"
+#include "clerk/EntryOrder.h"
+
+namespace kxVsGrid::clerk {
+
+class SortCommands {
+  public:
+    explicit SortCommands(const ClerkContext& context) : c_(context), entered_(context.grid) {}
+
+    /// The host lets the column be sorted (ColumnOptions::sortable), and no cells are merged beside the rows.
+    bool canSort() const;
+    /// False when memory does not suffice; nothing has changed then.
+    bool sort(bool down);
+    bool canUnsort() const { return entered_.isAnother() && !merges(); }
+    /// Back into the order that the rows stood in before they were sorted.
+    bool unsort();
+
+  private:
+    bool merges() const;
+    bool reorder(const std::string& step, const std::vector<std::int32_t>& from);
+
+    ClerkContext c_;
+    EntryOrder entered_;
+};
+}  // namespace kxVsGrid::clerk

@@ -1,0 +1,138 @@
+#include "clerk/SortedRows.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <optional>
+
+#include "support/Dates.h"
+#include "support/DistinctTexts.h"
+#include "support/Numbers.h"
+#include "support/Text.h"
+
+namespace kxVsGrid::clerk {
+namespace {
+
+struct Ranked {
+    std::uint64_t key;
+    std::int32_t row;
+};
+
+/// Orders like the number does.
+std::uint64_t keyOf(double number) {
+    constexpr std::uint64_t Sign = std::uint64_t{1} << 63;
+    const auto bits = std::bit_cast<std::uint64_t>(number == 0 ? 0.0 : number);
+    return (bits & Sign) != 0 ? ~bits : bits | Sign;
+}
+
+std::uint64_t keyOf(const DateTime& date) {
+    const std::int64_t seconds =
+        support::dayNumber(date) * 86'400 + date.hour * 3'600 + date.minute * 60 + date.second;
+    return static_cast<std::uint64_t>(seconds) ^ (std::uint64_t{1} << 63);
+}
+
+std::optional<std::uint64_t> keyOf(SortKind kind, std::string_view text) {
+    if (kind == SortKind::Numbers) {
+        const auto number = support::completeNumber(text);
+        return number ? std::optional(keyOf(*number)) : std::nullopt;
+    }
+    if (kind == SortKind::Dates) {
+        const auto date = support::parseDate(text);
+        return date ? std::optional(keyOf(*date)) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+/// By key, in passes of sixteen bits from the lowest up, each of which keeps the order of the one before.
+void sortByKey(std::vector<Ranked>& rows) {
+    constexpr std::size_t Values = std::size_t{1} << 16;
+    std::vector<Ranked> other(rows.size());
+    for (int shift = 0; shift < 64; shift += 16) {
+        std::vector<std::size_t> ends(Values + 1, 0);
+        const auto part = [shift](const Ranked& row) { return (row.key >> shift) & (Values - 1); };
+        for (const Ranked& row : rows) ++ends[part(row) + 1];
+        if (std::find(ends.begin(), ends.end(), rows.size()) != ends.end()) continue;  // all are alike here
+        for (std::size_t value = 0; value < Values; ++value) ends[value + 1] += ends[value];
+        for (const Ranked& row : rows) other[ends[part(row)]++] = row;
+        rows.swap(other);
+    }
+}
+
+/// For short lists the passes cost more than they save.
+void sortRows(std::vector<Ranked>& rows, bool down) {
+    constexpr std::size_t Many = 20'000;
+    if (down)
+        for (Ranked& row : rows) row.key = ~row.key;
+    if (rows.size() >= Many) return sortByKey(rows);
+    std::stable_sort(rows.begin(), rows.end(),
+                     [](const Ranked& a, const Ranked& b) { return a.key < b.key; });
+}
+
+class Sorting {
+  public:
+    Sorting(const CellGrid& grid, std::int32_t col, SortKind kind)
+        : grid_(grid), col_(col), kind_(kind), first_(grid.FixedRows()) {}
+
+    void read() {
+        grid_.ForEachCell(first_, grid_.Rows() - 1, [this](auto row, auto col, auto text, auto tag) {
+            if (!text.empty() || !tag.empty()) take(row, col, text);
+        });
+    }
+
+    std::vector<std::int32_t> order(bool down, const Platform& platform) {
+        rankTexts(platform);
+        sortRows(ranked_, down);
+        sortRows(texts_, down);
+        std::vector<std::int32_t> from;
+        from.reserve(states_.size());
+        for (const Ranked& row : ranked_) from.push_back(row.row);
+        for (const Ranked& row : texts_) from.push_back(row.row);
+        for (const State wanted : {State::EmptyHere, State::Empty})
+            for (std::size_t i = 0; i < states_.size(); ++i)
+                if (states_[i] == wanted) from.push_back(first_ + static_cast<std::int32_t>(i));
+        return from;
+    }
+
+  private:
+    enum class State : std::uint8_t { Empty, EmptyHere, Filled };
+
+    void take(std::int32_t row, std::int32_t col, std::string_view text) {
+        const auto i = static_cast<std::size_t>(row - first_);
+        if (i >= states_.size()) states_.resize(i + 1, State::Empty);
+        if (states_[i] == State::Empty) states_[i] = State::EmptyHere;
+        if (col != col_ || support::trim(text).empty()) return;
+        states_[i] = State::Filled;
+        if (const auto key = keyOf(kind_, text))
+            ranked_.push_back({*key, row});
+        else
+            texts_.push_back({distinct_.add(text), row});
+    }
+
+    /// Cells come in no order of rows that could be relied on.
+    void rankTexts(const Platform& platform) {
+        const std::vector<std::uint32_t> ranks = platform.collationRanks(distinct_.texts());
+        for (Ranked& row : texts_) row.key = ranks[row.key];
+        const auto higher = [](const Ranked& a, const Ranked& b) { return a.row < b.row; };
+        for (std::vector<Ranked>* rows : {&ranked_, &texts_})
+            if (!std::is_sorted(rows->begin(), rows->end(), higher))
+                std::sort(rows->begin(), rows->end(), higher);
+    }
+
+    const CellGrid& grid_;
+    std::int32_t col_;
+    SortKind kind_;
+    std::int32_t first_;
+    std::vector<State> states_;  ///< of the data rows down to the last one that holds something
+    std::vector<Ranked> ranked_;
+    std::vector<Ranked> texts_;
+    support::DistinctTexts distinct_;
+};
+}  // namespace
+
+std::vector<std::int32_t> sortedRows(const CellGrid& grid, std::int32_t col, SortKind kind, bool down,
+                                     const Platform& platform) {
+    Sorting sorting(grid, col, kind);
+    sorting.read();
+    return sorting.order(down, platform);
+}
+}  // namespace kxVsGrid::clerk
