@@ -17,6 +17,7 @@
 #include "qt/Tip.h"
 #include "qt/Wording.h"
 #include "qt/forms/FormDialog.h"
+#include "qt/text/Collation.h"
 #include "qt/text/Encoding.h"
 #include "qt/view/Scale.h"
 
@@ -98,6 +99,10 @@ void QtPlatform::waitCursor(bool on) {
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QGuiApplication::restoreOverrideCursor();
+}
+
+std::vector<std::uint32_t> QtPlatform::collationRanks(const std::vector<std::string_view>& texts) const {
+    return ranksOf(texts);
 }
 
 void QtPlatform::copyToClipboard(const ClipboardContent& content) {

@@ -36,6 +36,7 @@ class QtPlatform : public Platform {
     void showForm(Form& form, const Rect& anchor) override;
     MenuChoice popUp(const Menu& menu, const Rect& anchor) override;
     void waitCursor(bool on) override;
+    std::vector<std::uint32_t> collationRanks(const std::vector<std::string_view>& texts) const override;
     void copyToClipboard(const ClipboardContent& content) override;
     ClipboardContent clipboardContent() const override;
     std::unique_ptr<Progress> progress(std::string_view what, std::int64_t total) override;
