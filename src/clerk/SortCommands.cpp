@@ -43,7 +43,8 @@ bool SortCommands::canSort() const {
 bool SortCommands::sort(bool down) {
     const std::int32_t col = c_.grid.Col();
     const cVsControl& column = c_.columns.at(col);
-    const std::vector<std::int32_t> from = sortedRows(c_.grid, col, kindOf(column), down, c_.platform);
+    const std::vector<std::int32_t> from =
+        sortedRows(c_.grid, c_.defaulted, col, kindOf(column), down, c_.platform);
     entered_.sorting(from.size());
     return reorder("按" + nameOf(c_.grid, col, column) + (down ? "降序" : "升序"), from);
 }

@@ -70,8 +70,8 @@ void sortRows(std::vector<Ranked>& rows, bool down) {
 
 class Sorting {
   public:
-    Sorting(const CellGrid& grid, std::int32_t col, SortKind kind)
-        : grid_(grid), col_(col), kind_(kind), first_(grid.FixedRows()) {}
+    Sorting(const CellGrid& grid, const rows::DefaultedCells& defaulted, std::int32_t col, SortKind kind)
+        : grid_(grid), defaulted_(defaulted), col_(col), kind_(kind), first_(grid.FixedRows()) {}
 
     void read() {
         grid_.ForEachCell(first_, grid_.Rows() - 1, [this](auto row, auto col, auto text, auto tag) {
@@ -80,32 +80,44 @@ class Sorting {
     }
 
     std::vector<std::int32_t> order(bool down, const Platform& platform) {
+        leaveOutUnused(ranked_);
+        leaveOutUnused(texts_);
         rankTexts(platform);
         sortRows(ranked_, down);
         sortRows(texts_, down);
         std::vector<std::int32_t> from;
-        from.reserve(states_.size());
+        from.reserve(seen_.size());
         for (const Ranked& row : ranked_) from.push_back(row.row);
         for (const Ranked& row : texts_) from.push_back(row.row);
-        for (const State wanted : {State::EmptyHere, State::Empty})
-            for (std::size_t i = 0; i < states_.size(); ++i)
-                if (states_[i] == wanted) from.push_back(first_ + static_cast<std::int32_t>(i));
+        for (const bool inUse : {true, false})
+            for (std::size_t i = 0; i < seen_.size(); ++i)
+                if (seen_[i].inUse == inUse && !(inUse && seen_[i].here))
+                    from.push_back(first_ + static_cast<std::int32_t>(i));
         return from;
     }
 
   private:
-    enum class State : std::uint8_t { Empty, EmptyHere, Filled };
+    struct Seen {
+        bool inUse = false;  ///< something stands in the row that default filling has not put there
+        bool here = false;   ///< something stands in the column
+    };
 
     void take(std::int32_t row, std::int32_t col, std::string_view text) {
         const auto i = static_cast<std::size_t>(row - first_);
-        if (i >= states_.size()) states_.resize(i + 1, State::Empty);
-        if (states_[i] == State::Empty) states_[i] = State::EmptyHere;
+        if (i >= seen_.size()) seen_.resize(i + 1);
+        if (!seen_[i].inUse) seen_[i].inUse = !defaulted_.holds(row, col, text);
         if (col != col_ || support::trim(text).empty()) return;
-        states_[i] = State::Filled;
+        seen_[i].here = true;
         if (const auto key = keyOf(kind_, text))
             ranked_.push_back({*key, row});
         else
             texts_.push_back({distinct_.add(text), row});
+    }
+
+    void leaveOutUnused(std::vector<Ranked>& rows) const {
+        std::erase_if(rows, [this](const Ranked& one) {
+            return !seen_[static_cast<std::size_t>(one.row - first_)].inUse;
+        });
     }
 
     /// Cells come in no order of rows that could be relied on.
@@ -119,19 +131,20 @@ class Sorting {
     }
 
     const CellGrid& grid_;
+    const rows::DefaultedCells& defaulted_;
     std::int32_t col_;
     SortKind kind_;
     std::int32_t first_;
-    std::vector<State> states_;  ///< of the data rows down to the last one that holds something
+    std::vector<Seen> seen_;  ///< of the data rows down to the last one that holds something
     std::vector<Ranked> ranked_;
     std::vector<Ranked> texts_;
     support::DistinctTexts distinct_;
 };
 }  // namespace
 
-std::vector<std::int32_t> sortedRows(const CellGrid& grid, std::int32_t col, SortKind kind, bool down,
-                                     const Platform& platform) {
-    Sorting sorting(grid, col, kind);
+std::vector<std::int32_t> sortedRows(const CellGrid& grid, const rows::DefaultedCells& defaulted,
+                                     std::int32_t col, SortKind kind, bool down, const Platform& platform) {
+    Sorting sorting(grid, defaulted, col, kind);
     sorting.read();
     return sorting.order(down, platform);
 }

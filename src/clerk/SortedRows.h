@@ -1,7 +1,8 @@
 // The order that data rows take when they are sorted by a column.
 //
 // Stable: rows that count as equal keep their order, downwards as well. Whichever way, numbers (or dates) come
-// before other texts, empty cells behind both, and rows in which nothing stands at all last.
+// before other texts, empty cells behind both, and rows last that hold nothing, or only what default filling has put
+// there.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +12,7 @@
 
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Platform.h"
+#include "rows/DefaultedCells.h"
 
 namespace kxVsGrid::clerk {
 
@@ -20,6 +22,6 @@ enum class SortKind { Numbers, Dates, Texts };
 /// For each data row down to the last one that holds something the one that comes there, as CellGrid::Reorder
 /// takes it from the first data row on. Texts are ordered as the platform orders them. Takes a time that grows
 /// with the rows that were ever written to, times the logarithm of those in use.
-std::vector<std::int32_t> sortedRows(const CellGrid& grid, std::int32_t col, SortKind kind, bool down,
-                                     const Platform& platform);
+std::vector<std::int32_t> sortedRows(const CellGrid& grid, const rows::DefaultedCells& defaulted,
+                                     std::int32_t col, SortKind kind, bool down, const Platform& platform);
 }  // namespace kxVsGrid::clerk

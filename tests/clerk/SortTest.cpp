@@ -84,6 +84,18 @@ TEST_F(SortedGrid, HasEmptyCellsBehindTheOthersAndEmptyRowsLast) {
     EXPECT_EQ(column(Quantity, 5), (Lines{"2", "3", "1", "4", ""}));
 }
 
+TEST_F(SortedGrid, HasRowsLastThatOnlyDefaultFillingHasFilled) {
+    grid.VsCtrl(Name)->sDefaultText_Name("a");
+    fill(Name, {"b"});
+    grid.Grid().Select(2, Quantity);
+    ASSERT_EQ(column(Name, 2), (Lines{"b", "a"}));
+    sort(Name);
+    EXPECT_EQ(column(Name, 2), (Lines{"b", "a"}));
+    grid.Grid().Text(2, Quantity, "1");
+    sort(Name);
+    EXPECT_EQ(column(Name, 2), (Lines{"a", "b"}));
+}
+
 TEST_F(SortedGrid, KeepsTheOrderOfRowsThatAreEqualWhicheverWay) {
     fill(Name, {"b", "a", "b", "a"});
     fill(Quantity, {"1", "2", "3", "4"});
