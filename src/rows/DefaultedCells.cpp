@@ -16,6 +16,7 @@ RowId DefaultedCells::known(std::int32_t row) const {
 }
 
 bool DefaultedCells::holds(std::int32_t row, std::int32_t col, std::string_view text) const {
+    if (!mayHold(col)) return false;
     const auto found = rows_.find(known(row));
     if (found == rows_.end()) return false;
     const auto cell = found->second.find(col);

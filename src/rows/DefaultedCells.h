@@ -23,9 +23,7 @@ class DefaultedCells {
     void put(std::int32_t row, std::int32_t col, std::string_view text);
     /// The host has given the cell a text of its own.
     void written(std::int32_t row, std::int32_t col) {
-        if (col >= 0 && static_cast<std::size_t>(col) < filled_.size() &&
-            filled_[static_cast<std::size_t>(col)])
-            forget(row, col);
+        if (mayHold(col)) forget(row, col);
     }
     /// Whether a text that stands in a cell was put there by default filling.
     bool holds(std::int32_t row, std::int32_t col, std::string_view text) const;
@@ -34,6 +32,10 @@ class DefaultedCells {
 
   private:
     using Texts = std::map<std::int32_t, std::string>;  ///< of one row, by column
+    bool mayHold(std::int32_t col) const {
+        return col >= 0 && static_cast<std::size_t>(col) < filled_.size() &&
+               filled_[static_cast<std::size_t>(col)];
+    }
     RowId known(std::int32_t row) const;
     void forget(std::int32_t row, std::int32_t col);
     void forgetRowsThatHaveGone();
