@@ -104,6 +104,7 @@ void OrderGrid::setUpRules() {
     checkDates(Slot, ij半日型);
     checkDates(Entered, ij时间型);
 
+    for (int col = Code; col < ColumnCount; ++col) grid_.Options(col).sortable(true);
     // Returned goods have a quantity below 0; a price never is.
     grid_.Options(Price).smallest(0);
     // A price of 0 is a price: it is shown, and it comes back from the database as it was.

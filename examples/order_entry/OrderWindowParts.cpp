@@ -115,7 +115,8 @@ void OrderWindow::addActions() {
                         Command::CopyFromAbove, Command::Today});
     addCommands(*menuBar()->addMenu(u"行(&L)"_s),
                 {Command::InsertRow, Command::AppendRow, Command::DuplicateRow, Command::DeleteRows, Line,
-                 Command::MoveRowUp, Command::MoveRowDown, Line, Command::GoToRow, Command::NextProblem});
+                 Command::MoveRowUp, Command::MoveRowDown, Line, Command::SortUp, Command::SortDown,
+                 Command::Unsort, Line, Command::GoToRow, Command::NextProblem});
     for (const Command command : {Command::Cut, Command::Copy, Command::Paste, Command::NextProblem})
         widget_->appendToMenu(widget_->action(command));
 
