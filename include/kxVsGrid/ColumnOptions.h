@@ -24,6 +24,8 @@
 #include <string_view>
 #include <utility>
 
+#include "kxVsGrid/Suggestions.h"
+
 namespace kxVsGrid {
 
 class ColumnOptions {
@@ -59,6 +61,19 @@ class ColumnOptions {
     const Acceptance& accepts() const { return accepts_; }
     void accepts(Acceptance rule) { accepts_ = std::move(rule); }
 
+    /// What is suggested while the clerk types into a cell of the column (Suggestions.h); an empty function for
+    /// nothing. It is asked for each text, as long as the text is not blank and the list was not closed by Esc.
+    /// Down goes into the list and moves there; Enter and Tab take the one that was moved to, Enter also the
+    /// only one, unless the text is one of the suggested texts already. What is taken is committed and checked
+    /// as if it were typed.
+    const SuggestionSource& suggest() const { return suggest_; }
+    void suggest(SuggestionSource source) { suggest_ = std::move(source); }
+
+    /// Enter passes over a cell of the column that is filled: its text is not empty. Tab and the arrows stop
+    /// there. False at first.
+    bool skipFilled() const { return skipFilled_; }
+    void skipFilled(bool skips) { skipFilled_ = skips; }
+
   private:
     struct Pattern;
     std::optional<int> mostDecimals_;
@@ -68,5 +83,7 @@ class ColumnOptions {
     std::shared_ptr<const Pattern> compiled_;
     bool mayRepeat_ = true;
     Acceptance accepts_;
+    SuggestionSource suggest_;
+    bool skipFilled_ = false;
 };
 }  // namespace kxVsGrid

@@ -22,6 +22,7 @@
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Geometry.h"
 #include "kxVsGrid/Menu.h"
+#include "kxVsGrid/Suggestions.h"
 
 namespace kxVsGrid {
 
@@ -117,6 +118,8 @@ class Input {
     virtual void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
     virtual void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
     virtual void helpButtonPressed() = 0;
+    /// A suggestion was pressed in the list that is shown, by its place there: it is taken as Enter takes one.
+    virtual void suggestionPressed(std::size_t index) = 0;
     /// The mouse moved over the control's own surface, outside the grids.
     virtual void surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) = 0;
     /// Notches of the wheel; positive is down. Three rows each.
@@ -151,6 +154,8 @@ class Seat {
     virtual void leaveControl(bool forward) = 0;
     /// The editor has changed: mirror it.
     virtual void showEditor(const EditorView& editor) = 0;
+    /// The list of suggestions at the editor has changed: show it, or none. A machine without one shows none.
+    virtual void showSuggestions(const SuggestionView&) {}
     /// Delivers a character to the text box as a keystroke; what it makes of the text is reported through
     /// Input::edited before this returns.
     virtual void typeIntoEditor(std::string_view character) = 0;

@@ -59,6 +59,7 @@ void EditSession::show(Focus focus) {
     typedInto_ = false;
     opened_ = box_.text();
     state_ = State::Open;
+    suggestions_.begin();
     face_.begin();
     publish();
     if (focus == Focus::Take) c_.seat.giveFocus(FocusPlace::Editor);
@@ -100,6 +101,7 @@ void EditSession::hide() {
     emptied_.reset();
     mirrored_.forget();
     c_.steps.dropPrelude();
+    suggestions_.close();
     publish();
     if (!committing_) c_.owner.editorHidden();  // else at its end
 }
@@ -227,6 +229,7 @@ void EditSession::edited(std::string_view text, std::size_t selStart, std::size_
     typedInto_ = true;
     textChanged();
     if (wasRefused || face_.buttonInTheWay()) publish();
+    askForSuggestions();
 }
 
 void EditSession::selected(std::size_t selStart, std::size_t selLength) {
@@ -236,6 +239,7 @@ void EditSession::selected(std::size_t selStart, std::size_t selLength) {
 }
 
 void EditSession::focusLost() {
+    suggestions_.close();
     commitUnlessLocked();
     if (tip_.empty()) return;
     tip_.clear();
@@ -244,6 +248,7 @@ void EditSession::focusLost() {
 
 void EditSession::help() {
     if (!visible()) return;
+    suggestions_.close();
     const FollowedCell cell(c_.grid);
     const std::shared_ptr<cVsControl> column = c_.columns.shared(cell.col());
     {
