@@ -24,6 +24,8 @@
 #include <string_view>
 #include <utility>
 
+#include "kxVsGrid/Suggestions.h"
+
 namespace kxVsGrid {
 
 class ColumnOptions {
@@ -63,6 +65,19 @@ class ColumnOptions {
     bool sortable() const { return sortable_; }
     void sortable(bool may) { sortable_ = may; }
 
+    /// What is suggested while the clerk types into a cell of the column (Suggestions.h); an empty function for
+    /// nothing. It is asked for each text, as long as the text is not blank and the list was not closed by Esc.
+    /// Down goes into the list and moves there; Enter and Tab take the one that was moved to, Enter also the
+    /// only one, unless the text is one of the suggested texts already. What is taken is committed and checked
+    /// as if it were typed.
+    const SuggestionSource& suggest() const { return suggest_; }
+    void suggest(SuggestionSource source) { suggest_ = std::move(source); }
+
+    /// Enter passes over a cell of the column that is filled: its text is not empty. Tab and the arrows stop
+    /// there. False at first.
+    bool skipFilled() const { return skipFilled_; }
+    void skipFilled(bool skips) { skipFilled_ = skips; }
+
   private:
     struct Pattern;
     std::optional<int> mostDecimals_;
@@ -73,5 +88,7 @@ class ColumnOptions {
     bool mayRepeat_ = true;
     Acceptance accepts_;
     bool sortable_ = false;
+    SuggestionSource suggest_;
+    bool skipFilled_ = false;
 };
 }  // namespace kxVsGrid

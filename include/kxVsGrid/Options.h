@@ -52,6 +52,12 @@ class GridOptions {
     bool DeleteClears() const { return deleteClears_; }
     void DeleteClears(bool clears) { deleteClears_ = clears; }
 
+    /// How a clerk is told that a text was refused: with a message box, or beside the editor with the same
+    /// text, which takes neither a key nor the keyboard and goes with the next change. Box at first.
+    enum class RefusalStyle { Box, Beside };
+    RefusalStyle Refusals() const { return refusals_; }
+    void Refusals(RefusalStyle style) { refusals_ = style; }
+
     /// How much darker than others (lighter on a dark ground) cells are drawn that cannot be edited, in
     /// hundredths, at most 50: those of read-only columns, and all of them while the grid is not Editable.
     /// Cells with a colour of their own keep it. 0 at first: they look like the others. What a column's
@@ -70,6 +76,7 @@ class GridOptions {
     bool enterPassesReadOnly_ = false;
     bool pressToggles_ = false;
     bool deleteClears_ = false;
+    RefusalStyle refusals_ = RefusalStyle::Box;
     std::int32_t readOnlyShade_ = 0;
 };
 }  // namespace kxVsGrid

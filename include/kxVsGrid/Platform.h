@@ -23,6 +23,7 @@
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Geometry.h"
 #include "kxVsGrid/Menu.h"
+#include "kxVsGrid/Suggestions.h"
 
 namespace kxVsGrid {
 
@@ -43,6 +44,9 @@ struct EditorView {
     bool refused = false;  ///< the text was refused and has not been changed since: shown with a red frame
     bool readsDigits =
         false;  ///< numbers and dates are expected; an input method may prefer them, never enforce them
+    /// Full-width digits and signs count as their ASCII selves: a text box may show them so at once; it is shown
+    /// the text anew when it does not.
+    bool plainSigns = false;
     std::int16_t limit =
         0;  ///< most characters that can be typed, 0 for no limit; texts set by code are never cut
     mEmflexAlign alignment = flexAlignLeftCenter;
@@ -118,6 +122,8 @@ class Input {
     virtual void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
     virtual void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) = 0;
     virtual void helpButtonPressed() = 0;
+    /// A suggestion was pressed in the list that is shown, by its place there: it is taken as Enter takes one.
+    virtual void suggestionPressed(std::size_t index) = 0;
     /// The mouse moved over the control's own surface, outside the grids.
     virtual void surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) = 0;
     /// Notches of the wheel; positive is down. Three rows each.
@@ -152,6 +158,8 @@ class Seat {
     virtual void leaveControl(bool forward) = 0;
     /// The editor has changed: mirror it.
     virtual void showEditor(const EditorView& editor) = 0;
+    /// The list of suggestions at the editor has changed: show it, or none. A machine without one shows none.
+    virtual void showSuggestions(const SuggestionView&) {}
     /// Delivers a character to the text box as a keystroke; what it makes of the text is reported through
     /// Input::edited before this returns.
     virtual void typeIntoEditor(std::string_view character) = 0;

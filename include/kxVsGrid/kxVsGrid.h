@@ -22,6 +22,7 @@
 #include "kxVsGrid/Platform.h"
 #include "kxVsGrid/PropertyBag.h"
 #include "kxVsGrid/StoredKeys.h"
+#include "kxVsGrid/Suggestions.h"
 #include "kxVsGrid/TextBag.h"
 #include "kxVsGrid/Variant.h"
 #include "kxVsGrid/VsNode.h"

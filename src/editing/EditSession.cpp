@@ -5,6 +5,7 @@
 #include "editing/BringIntoView.h"
 #include "editing/EditorKeys.h"
 #include "editing/HelpDriver.h"
+#include "support/PlainSigns.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
@@ -59,6 +60,7 @@ void EditSession::show(Focus focus) {
     typedInto_ = false;
     opened_ = box_.text();
     state_ = State::Open;
+    suggestions_.begin();
     face_.begin();
     publish();
     if (focus == Focus::Take) c_.seat.giveFocus(FocusPlace::Editor);
@@ -100,6 +102,7 @@ void EditSession::hide() {
     emptied_.reset();
     mirrored_.forget();
     c_.steps.dropPrelude();
+    suggestions_.close();
     publish();
     if (!committing_) c_.owner.editorHidden();  // else at its end
 }
@@ -217,16 +220,26 @@ bool EditSession::keyPress(std::int16_t ascii) const {
     return ascii == 13 && !box_.text().empty() && box_.selLength() == box_.length();
 }
 
+/// What the clerk's text means in a column of numbers or dates.
+std::string EditSession::asTaken(std::string_view text) const {
+    return face_.view().plainSigns ? support::inPlainSigns(text) : std::string(text);
+}
+
 void EditSession::edited(std::string_view text, std::size_t selStart, std::size_t selLength) {
     if (state_ == State::Hidden) return;
     const bool wasRefused = face_.view().refused;
-    const bool changed = box_.setText(text);
+    const std::string plain = asTaken(text);
+    const bool shownOtherwise = plain != text;
+    const bool changed = box_.setText(plain);
     box_.select(selStart, selLength);
     face_.follow(box_);
+    if (changed) {
+        typedInto_ = true;
+        textChanged();
+    }
+    if (shownOtherwise || (changed && (wasRefused || face_.buttonInTheWay()))) publish();
     if (!changed) return;
-    typedInto_ = true;
-    textChanged();
-    if (wasRefused || face_.buttonInTheWay()) publish();
+    askForSuggestions();
 }
 
 void EditSession::selected(std::size_t selStart, std::size_t selLength) {
@@ -236,6 +249,7 @@ void EditSession::selected(std::size_t selStart, std::size_t selLength) {
 }
 
 void EditSession::focusLost() {
+    suggestions_.close();
     commitUnlessLocked();
     if (tip_.empty()) return;
     tip_.clear();
@@ -244,6 +258,7 @@ void EditSession::focusLost() {
 
 void EditSession::help() {
     if (!visible()) return;
+    suggestions_.close();
     const FollowedCell cell(c_.grid);
     const std::shared_ptr<cVsControl> column = c_.columns.shared(cell.col());
     {

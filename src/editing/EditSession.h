@@ -18,6 +18,7 @@
 #include "editing/MirroredCell.h"
 #include "editing/TextBox.h"
 #include "editing/WriteGate.h"
+#include "suggest/SuggestionChoice.h"
 
 namespace kxVsGrid::editing {
 
@@ -103,6 +104,12 @@ class EditSession {
     /// True when the key was used up.
     bool keyDown(std::int16_t code);
     bool keyPress(std::int16_t ascii) const;
+    /// What was suggested for the text, and where the clerk is in that.
+    suggest::SuggestionChoice& suggestions() { return suggestions_; }
+    /// Has the editor hold what the key takes of the suggestions, if anything; the list goes.
+    void takeSuggestion(suggest::SuggestionChoice::By key);
+    /// The same for one that was pressed, as Enter would take it and go on.
+    void suggestionPressed(std::size_t index);
     void edited(std::string_view text, std::size_t selStart, std::size_t selLength);
     void selected(std::size_t selStart, std::size_t selLength);
     void focusLost();
@@ -112,6 +119,7 @@ class EditSession {
   private:
     enum class State { Hidden, Open, Refused };
 
+    std::string asTaken(std::string_view text) const;
     void textChanged();
     /// The cell that an open editor stands over is the one entered last; it may be gone.
     bool editedCellIsCurrent() const { return entered_.is(c_.grid.Row(), c_.grid.Col()); }
@@ -138,6 +146,9 @@ class EditSession {
     bool overUnseenCell() const;
     void leaveUnseenCell();
     void takeChosen(const cVsControl& column);
+    void askForSuggestions();
+    void take(const Suggestion& suggestion);
+    void publishSuggestions();
 
     EditingContext c_;
     WriteGate gate_;
@@ -152,6 +163,7 @@ class EditSession {
     std::string opened_;      ///< the text that it was opened with
     std::string tip_;         ///< why the expression was refused, while the clerk shall see it
     TextBox box_;
+    suggest::SuggestionChoice suggestions_{[this] { publishSuggestions(); }};
     EnteredCell entered_;
     MirroredCell mirrored_;
     std::optional<EnteredCell> emptied_;  ///< the cell as it was before a refused expression emptied it

@@ -40,11 +40,13 @@ bool EditorKeys::multiLine() const {
 }
 
 void EditorKeys::escape() {
+    if (session_.suggestions().dismiss()) return;
     session_.giveUp();
     focusToGrid();
 }
 
 void EditorKeys::enter() {
+    session_.takeSuggestion(suggest::SuggestionChoice::By::Enter);
     session_.setText(support::withoutLineBreaks(session_.box().text()));
     if (session_.locked() || !session_.commitOrStay()) return;
     moveByEnterRule(c_);
@@ -52,6 +54,7 @@ void EditorKeys::enter() {
 }
 
 void EditorKeys::up() {
+    if (session_.suggestions().move(-1)) return;
     if (!session_.commitOrStay()) return;
     CellGrid& grid = c_.grid;
     const std::int32_t row = grid.ShownRowBefore(grid.Row());
@@ -60,6 +63,7 @@ void EditorKeys::up() {
 }
 
 void EditorKeys::down() {
+    if (session_.suggestions().move(1)) return;
     if (!session_.commitOrStay()) return;
     CellGrid& grid = c_.grid;
     const std::int32_t row = grid.ShownRowAfter(grid.Row());

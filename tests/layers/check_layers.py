@@ -20,6 +20,7 @@ import sys
 # stand apart (APART) may not include each other.
 ROWS = [
     ["support"],
+    ["suggest"],
     ["cellgrid"],
     ["changes"],
     ["platform"],
@@ -40,6 +41,7 @@ OUTSIDE_THE_CORE = {"qt", "qt/designer", "examples"}
 # A public header counts with the folder that implements it.
 PUBLIC_HEADERS = {
     "support": "DateTime Enumerations Event Form Geometry Members MemoryBag Menu PropertyBag TextBag Variant VsNode cResize mbasTxt",
+    "suggest": "Suggestions",
     "cellgrid": "CellGrid CellMark CellRange ChangeListener Frame RowId",
     "changes": "Changes Draft",
     "platform": "Clipboard Command PasteReport Platform",

@@ -67,6 +67,7 @@ void MoveEvents::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
 }
 
 bool MoveEvents::tab(bool forward) {
+    c_.editor.takeSuggestion(suggest::SuggestionChoice::By::Tab);
     if (!c_.editor.commitOrStay()) return true;
     const auto next = forward ? editing::nextTabStop(c_) : editing::previousTabStop(c_);
     if (next) c_.grid.Select(next->row, next->col);

@@ -1,0 +1,82 @@
+// Suggestions while a clerk types: a list under the text box, from which a few keys take what would take many.
+//
+//     kxVsGrid::SuggestionList goods;
+//     goods.add({"100001", "六角螺栓", "六角螺栓  M8×40"}, {"六角螺栓", "ljls"});
+//     goods.add({"100002", "无缝钢管", "无缝钢管  DN25"}, {"无缝钢管", "wfgg"});
+//     grid.Options(1).suggest(goods);
+//
+// A source is asked for each text that the clerk types, and answers at once or later:
+//
+//     grid.Options(1).suggest([&](const kxVsGrid::SuggestionRequest& request) {
+//         server.find(request.text, [answer = request.answer](auto found) { answer(std::move(found)); });
+//     });
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kxVsGrid {
+
+/// What the clerk may have meant.
+struct Suggestion {
+    std::string
+        text;         ///< takes the place of what was typed, and is committed and checked as if it were typed
+    std::string tag;  ///< goes with it, where the check of the column does not put another one
+    std::string note;  ///< stands beside the text in the list: a name, a size
+    friend bool operator==(const Suggestion&, const Suggestion&) = default;
+};
+
+/// The candidates for one text, best first. It may be called at once or later, from the thread that asked; once
+/// the text, the cell or the control is another or gone it does nothing. A later answer takes the place of an
+/// earlier one, until the clerk has moved into the list.
+using SuggestionAnswer = std::function<void(std::vector<Suggestion>)>;
+
+struct SuggestionRequest {
+    std::int32_t row = -1;  ///< zero-based; -1 outside of a grid
+    std::string text;       ///< trimmed; never empty
+    SuggestionAnswer answer;
+};
+
+/// Whatever it throws is the host's fault and is reported as a listener's; the clerk's text stays, without
+/// suggestions.
+using SuggestionSource = std::function<void(const SuggestionRequest&)>;
+
+/// A source that holds its candidates in memory and finds them by the beginning of their text, by a word
+/// inside, or by other names that they have, initials for instance. Copies share the candidates.
+class SuggestionList {
+  public:
+    /// So many are answered at most, best first: the exact text, then texts that begin with what was typed,
+    /// then other names that do, then texts and names that contain it; each group in the order of adding.
+    static constexpr std::size_t MostAnswered = 100;
+
+    SuggestionList();
+    /// `names` are what it is found by beside its text, in whatever case.
+    void add(Suggestion candidate, std::span<const std::string_view> names);
+    void add(Suggestion candidate, std::initializer_list<std::string_view> names = {});
+    void clear();
+    std::size_t size() const;
+
+    /// Latin letters match in both cases.
+    std::vector<Suggestion> match(std::string_view typed, std::size_t most = MostAnswered) const;
+    /// As a source.
+    void operator()(const SuggestionRequest& request) const;
+
+  private:
+    struct Index;
+    std::shared_ptr<Index> index_;
+};
+
+/// The list as it has to be shown: under the text box, or above it where there is no room; it takes neither
+/// keys nor the keyboard.
+struct SuggestionView {
+    std::span<const Suggestion> candidates;  ///< valid during the call; none: no list is shown
+    std::ptrdiff_t current = -1;             ///< the one that the clerk has moved to; -1: none
+};
+}  // namespace kxVsGrid
