@@ -258,6 +258,8 @@ class CellGrid {
     static bool IsFormat(std::string_view format);
     /// The column's format separates groups of thousands.
     bool ColGroups(std::int32_t col) const;
+    /// The column's format shows numbers as percent.
+    bool ColPercent(std::int32_t col) const;
     mEmDataType ColDataType(std::int32_t col) const;
     void ColDataType(std::int32_t col, mEmDataType type);
     bool MergeCol(std::int32_t col) const;

@@ -43,6 +43,9 @@ struct EditorView {
     bool refused = false;  ///< the text was refused and has not been changed since: shown with a red frame
     bool readsDigits =
         false;  ///< numbers and dates are expected; an input method may prefer them, never enforce them
+    /// Full-width digits and signs count as their ASCII selves: a text box may show them so at once; it is shown
+    /// the text anew when it does not.
+    bool plainSigns = false;
     std::int16_t limit =
         0;  ///< most characters that can be typed, 0 for no limit; texts set by code are never cut
     mEmflexAlign alignment = flexAlignLeftCenter;

@@ -211,6 +211,10 @@ bool CellGrid::ColGroups(std::int32_t col) const {
     impl_->requireCol("ColGroups", col);
     return impl_->store.groups(col);
 }
+bool CellGrid::ColPercent(std::int32_t col) const {
+    impl_->requireCol("ColPercent", col);
+    return impl_->store.percent(col);
+}
 
 // --- Columns.
 

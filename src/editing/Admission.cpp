@@ -3,7 +3,9 @@
 #include <array>
 
 #include "editing/ExpressionTip.h"
+#include "editing/InputForms.h"
 #include "editing/WriteGate.h"
+#include "support/PlainSigns.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
@@ -23,10 +25,12 @@ WriteGate::Admission WriteGate::admit(std::int32_t row, std::int32_t col, std::s
     const std::shared_ptr<cVsControl> column = c_.columns.shared(col);
     if (column->iType() == flexDTBoolean) return admitBoolean(text);
     std::string typed = column->b是否编辑多行() ? std::string(text) : support::inOneLine(text);
+    if (takesPlainSigns(*column)) typed = support::inPlainSigns(typed);
     const auto limit = static_cast<std::size_t>(std::max<std::int16_t>(column->iLimitLength(), 0));
     if (limit > 0 && support::characters(typed) > limit)
         return {{}, {}, "最多 " + std::to_string(limit) + " 个字。"};
 
+    typed = inFull(col, typed);
     std::optional<std::string> cell = stored(col, typed);
     if (!cell) return refuseExpression(col, typed);
     if (const auto broken = brokenRule(row, col, *cell)) return {{}, {}, *broken};
@@ -70,7 +74,7 @@ FieldVerdict WriteGate::checkOnce(std::int32_t col, const std::string& text, Kno
 }
 
 WriteGate::Admission WriteGate::refuseExpression(std::int32_t col, std::string_view text) const {
-    std::string reason = expressionTip(text, c_.grid.ColGroups(col));
+    std::string reason = expressionTip(text, numberForms(c_.grid, col));
     return {{}, {}, reason.empty() ? "不是数字。" : std::move(reason)};
 }
 }  // namespace kxVsGrid::editing

@@ -50,23 +50,68 @@ std::optional<std::string> halfDay(std::string_view text) {
     return std::string(text);
 }
 
-std::optional<std::string> dateOf(std::string_view text) {
-    const auto date = support::parseDate(text);
+struct ShortForm {
+    std::string_view afterMonth, afterDay;
+};
+constexpr ShortForm ShortForms[] = {{"-", ""}, {"/", ""}, {"月", "日"}};
+
+bool isDigits(std::string_view text) {
+    return text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// Month and day alone, as a date of the year; nothing when the text does not look like that.
+std::optional<std::string> ofYear(std::string_view year, std::string_view text, const ShortForm& form) {
+    const std::size_t at = text.find(form.afterMonth);
+    if (at == std::string_view::npos || !text.ends_with(form.afterDay)) return std::nullopt;
+    const std::string_view month = text.substr(0, at);
+    std::string_view day = text.substr(at + form.afterMonth.size());
+    day.remove_suffix(form.afterDay.size());
+    if (!isDigits(month) || !isDigits(day)) return std::nullopt;
+    return std::string(year) + "-" + std::string(month) + "-" + std::string(day);
+}
+
+/// A short date with all that it leaves out, for the recogniser of dates to judge; nothing for any other text.
+std::optional<std::string> inFull(std::string_view text, const DateTime& now) {
+    constexpr std::size_t YearDigits = 4;
+    constexpr std::size_t AllDigits = 8;
+    if (text.size() == AllDigits && isDigits(text))
+        return std::string(text.substr(0, YearDigits)) + "-" + std::string(text.substr(YearDigits, 2)) + "-" +
+               std::string(text.substr(YearDigits + 2));
+    const std::string year = support::shortDateText(now).substr(0, YearDigits);
+    for (const ShortForm& form : ShortForms)
+        if (auto date = ofYear(year, text, form)) return date;
+    return std::nullopt;
+}
+
+std::optional<std::string> dateOf(std::string_view text, const DateTime& now) {
+    const auto full = inFull(text, now);
+    const auto date = support::parseDate(full ? *full : text);
     if (!date) return std::nullopt;
     return support::shortDateText(*date);
 }
+
+/// The date and what follows it.
+Halves partsOf(DateForm form, std::string_view text) {
+    if (form == DateForm::Date) return {text, {}};
+    return splitAt(text, ' ').value_or(Halves{text, {}});
+}
 }  // namespace
 
-std::optional<std::string> inDateForm(DateForm form, std::string_view text) {
+std::optional<std::string> inDateForm(DateForm form, std::string_view text, const DateTime& now) {
     text = support::trim(text);
     if (text.empty()) return std::string();
-    if (form == DateForm::Date) return dateOf(text);
-    const auto parts = splitAt(text, ' ');
-    if (!parts) return std::nullopt;
-    const auto date = dateOf(parts->before);
-    const auto rest = form == DateForm::HalfDay ? halfDay(parts->after) : timeOfDay(parts->after);
-    if (!date || !rest) return std::nullopt;
+    const Halves parts = partsOf(form, text);
+    const auto date = dateOf(parts.before, now);
+    if (!date || form == DateForm::Date) return date;
+    const auto rest = form == DateForm::HalfDay ? halfDay(parts.after) : timeOfDay(parts.after);
+    if (!rest) return std::nullopt;
     return *date + " " + *rest;
+}
+
+std::optional<std::string> fromShortDate(DateForm form, std::string_view text, const DateTime& now) {
+    text = support::trim(text);
+    if (!inFull(partsOf(form, text).before, now)) return std::nullopt;
+    return inDateForm(form, text, now);
 }
 
 std::string exampleOf(DateForm form, const DateTime& now) {

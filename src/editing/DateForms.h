@@ -19,8 +19,12 @@ enum class DateForm : std::int32_t {
 };
 
 /// The typed text in its column's form; nothing when it is no such date. Blanks around it are ignored, an
-/// empty text is accepted as it is.
-std::optional<std::string> inDateForm(DateForm form, std::string_view text);
+/// empty text is accepted as it is. The date may be short: 20240105, or, of the present year, 1-5, 1/5 and
+/// 1月5日.
+std::optional<std::string> inDateForm(DateForm form, std::string_view text, const DateTime& now);
+
+/// The same for a text whose date is short; nothing for any other.
+std::optional<std::string> fromShortDate(DateForm form, std::string_view text, const DateTime& now);
 
 /// This moment in the form, as a message shows it: inDateForm() accepts it unchanged.
 std::string exampleOf(DateForm form, const DateTime& now);

@@ -5,6 +5,7 @@
 #include "editing/BringIntoView.h"
 #include "editing/EditorKeys.h"
 #include "editing/HelpDriver.h"
+#include "support/PlainSigns.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
@@ -219,16 +220,25 @@ bool EditSession::keyPress(std::int16_t ascii) const {
     return ascii == 13 && !box_.text().empty() && box_.selLength() == box_.length();
 }
 
+/// What the clerk's text means in a column of numbers or dates.
+std::string EditSession::asTaken(std::string_view text) const {
+    return face_.view().plainSigns ? support::inPlainSigns(text) : std::string(text);
+}
+
 void EditSession::edited(std::string_view text, std::size_t selStart, std::size_t selLength) {
     if (state_ == State::Hidden) return;
     const bool wasTold = face_.view().refused || !face_.view().tip.empty();
-    const bool changed = box_.setText(text);
+    const std::string plain = asTaken(text);
+    const bool shownOtherwise = plain != text;
+    const bool changed = box_.setText(plain);
     box_.select(selStart, selLength);
     face_.follow(box_);
+    if (changed) {
+        typedInto_ = true;
+        textChanged();
+    }
+    if (shownOtherwise || (changed && (wasTold || face_.buttonInTheWay()))) publish();
     if (!changed) return;
-    typedInto_ = true;
-    textChanged();
-    if (wasTold || face_.buttonInTheWay()) publish();
     askForSuggestions();
 }
 

@@ -119,6 +119,7 @@ class EditSession {
   private:
     enum class State { Hidden, Open, Refused };
 
+    std::string asTaken(std::string_view text) const;
     void textChanged();
     /// The cell that an open editor stands over is the one entered last; it may be gone.
     bool editedCellIsCurrent() const { return entered_.is(c_.grid.Row(), c_.grid.Col()); }

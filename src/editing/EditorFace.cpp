@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "editing/EditorPlaces.h"
+#include "editing/InputForms.h"
 
 namespace kxVsGrid::editing {
 
@@ -15,6 +16,7 @@ void EditorFace::show(const TextBox& box, bool refused, std::string_view tip) {
     view.multiLine = column.b是否编辑多行();
     view.limit = column.iLimitLength();
     view.readsDigits = column.iType() == flexDTDouble || column.iType() == flexDTDate;
+    view.plainSigns = takesPlainSigns(column);
     view.refused = refused;
     view.tip = tip;
     view.alignment = grid.EffectiveAlignment(grid.Row(), grid.Col());

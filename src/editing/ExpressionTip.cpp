@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "support/ExpressionFault.h"
-#include "support/Numbers.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
@@ -53,15 +52,35 @@ std::string reasonFor(ExpressionFault::Reason reason, std::string_view character
     }
     return {};
 }
+/// A percent sign is known, but not here.
+std::string reasonAtPercent(NumberForms forms) {
+    return forms.percent ? "百分号只能写在单个数的末尾" : "此栏不用百分号";
+}
+
+/// What is evaluated to find the fault: separators that stand in place are none.
+std::string withoutGoodSeparators(std::string_view text, NumberForms forms) {
+    std::string plain = plainNumber(text, forms);
+    if (forms.groups && isNumberInParts(plain)) std::erase(plain, ',');
+    return plain;
+}
+
+std::string tipAt(std::string_view text, std::size_t place, const std::string& reason) {
+    const std::size_t number = support::characters(text.substr(0, place)) + 1;
+    return "第 " + std::to_string(number) + " 个字符：" + reason;
+}
 }  // namespace
 
-std::string expressionTip(std::string_view text, bool grouped) {
-    const std::string evaluated = support::withoutGroups(support::trim(text), grouped);
+std::string expressionTip(std::string_view text, NumberForms forms) {
+    if (forms.groups) {
+        if (const auto separator = misplacedSeparator(text))
+            return tipAt(text, *separator, "千位逗号的位置不对");
+    }
+    const std::string evaluated = withoutGoodSeparators(text, forms);
     const auto fault = support::expressionFault(evaluated);
     if (!fault) return {};
     const std::size_t place = placeInTyped(text, evaluated, fault->place);
-    const std::string_view from = text.substr(std::min(place, text.size()));
-    const std::size_t number = support::characters(text.substr(0, place)) + 1;
-    return "第 " + std::to_string(number) + " 个字符：" + reasonFor(fault->reason, support::left(from, 1));
+    const std::string_view at = support::left(text.substr(std::min(place, text.size())), 1);
+    const bool percent = fault->reason == ExpressionFault::Reason::UnknownCharacter && at == "%";
+    return tipAt(text, place, percent ? reasonAtPercent(forms) : reasonFor(fault->reason, at));
 }
 }  // namespace kxVsGrid::editing

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "editing/DateForms.h"
+#include "editing/InputForms.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
@@ -24,23 +24,17 @@ FieldVerdict checkCode(const EditingContext& c, std::int32_t col, std::string_vi
 }
 
 FieldVerdict checkDate(const EditingContext& c, DateForm form, std::string_view text) {
-    if (auto date = inDateForm(form, text)) return {{}, FieldVerdict::Pair{*date, *date}};
-    const std::string example = "非法公历日期!(格式:" + exampleOf(form, c.platform.now()) + ")";
+    const DateTime now = c.platform.now();
+    if (auto date = inDateForm(form, text, now)) return {{}, FieldVerdict::Pair{*date, *date}};
+    const std::string example = "非法公历日期!(格式:" + exampleOf(form, now) + ")";
     return {MessageBox{example, MessageBox::Information, "提示："}, {}};
 }
 }  // namespace
 
 FieldVerdict checkField(const EditingContext& c, std::int32_t col, std::string_view text) {
-    const auto type = static_cast<std::int32_t>(c.columns.at(col).i字段有效性判断类型());
-    switch (type) {
-        case ij编码型:
-            return checkCode(c, col, text);
-        case static_cast<std::int32_t>(DateForm::Date):
-        case static_cast<std::int32_t>(DateForm::HalfDay):
-        case static_cast<std::int32_t>(DateForm::Time):
-            return checkDate(c, static_cast<DateForm>(type), text);
-        default:
-            return {};
-    }
+    const cVsControl& column = c.columns.at(col);
+    if (column.i字段有效性判断类型() == ij编码型) return checkCode(c, col, text);
+    if (const auto form = dateFormOf(column)) return checkDate(c, *form, text);
+    return {};
 }
 }  // namespace kxVsGrid::editing

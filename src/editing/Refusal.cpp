@@ -54,7 +54,7 @@ void EditSession::refuse(const MessageBox& message, const FollowedCell& cell) {
 void EditSession::refuseExpression() {
     const std::int32_t row = c_.grid.Row();
     const std::int32_t col = c_.grid.Col();
-    tip_ = expressionTip(box_.text(), c_.grid.ColGroups(col));
+    tip_ = expressionTip(box_.text(), numberForms(c_.grid, col));
     box_.caretToEnd();
     state_ = State::Refused;
     if (!c_.grid.Text(row, col).empty()) emptied_.emplace().capture(c_.grid, row, col);

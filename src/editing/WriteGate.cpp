@@ -1,6 +1,7 @@
 #include "editing/WriteGate.h"
 
 #include "editing/ColumnRules.h"
+#include "editing/InputForms.h"
 #include "host/CellLock.h"
 #include "kxVsGrid/mbasTxt.h"
 #include "support/Numbers.h"
@@ -26,7 +27,7 @@ std::optional<std::string> WriteGate::brokenRuleOfTyped(std::int32_t row, std::i
                                                         std::string_view text,
                                                         std::string_view entryText) const {
     if (!c_.columns.rules(col) || support::trim(text) == entryText) return std::nullopt;
-    const std::optional<std::string> value = stored(col, text);
+    const std::optional<std::string> value = stored(col, inFull(col, text));
     return value ? brokenRule(row, col, *value) : std::nullopt;
 }
 
@@ -37,13 +38,22 @@ std::optional<std::string> WriteGate::brokenByRewriting(std::int32_t row, std::i
     return value ? brokenByRepeating(c_, row, col, *value) : std::nullopt;
 }
 
+/// A short date as it will be stored, for the rules to judge that; any other text as it is.
+std::string WriteGate::inFull(std::int32_t col, std::string_view text) const {
+    const cVsControl& column = c_.columns.at(col);
+    const auto form = column.i有效性判断() == 0 ? std::nullopt : dateFormOf(column);
+    std::optional<std::string> date;
+    if (form) date = fromShortDate(*form, text, c_.platform.now());
+    return date ? *std::move(date) : std::string(text);
+}
+
 std::optional<std::string> WriteGate::stored(std::int32_t col, std::string_view text) const {
     const mEmDataType type = c_.columns.at(col).iType();
     if (type != flexDTDouble && type != flexDTString) return std::string(text);
     const std::string_view trimmed = support::trim(text);
     if (type == flexDTString || trimmed.empty()) return std::string(trimmed);
     double value = 0;
-    if (!bEvaluateExp(support::withoutGroups(trimmed, c_.grid.ColGroups(col)), value)) return std::nullopt;
+    if (!bEvaluateExp(plainNumber(trimmed, numberForms(c_.grid, col)), value)) return std::nullopt;
     return support::numberText(value);
 }
 

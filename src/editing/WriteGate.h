@@ -48,11 +48,13 @@ class WriteGate {
     /// What the host has answered for codes, so that it is asked once for each.
     using KnownCodes = std::unordered_map<std::string, FieldVerdict>;
     /// As if the text were typed into the cell, which opens, and committed. Line ends become blanks where an
-    /// editor would have one line. A Boolean cell takes -1, 0, 1, True, False, 是, 否 and the empty text. A cell
-    /// that is emptied loses its tag, unless the check of a code gives the empty one another. It may ask the host, who may change anything meanwhile.
+    /// editor would have one line, and full-width signs their ASCII selves where it would show those. A Boolean
+    /// cell takes -1, 0, 1, True, False, 是, 否 and the empty text. A cell that is emptied loses its tag, unless
+    /// the check of a code gives the empty one another. It may ask the host, who may change anything meanwhile.
     Admission admit(std::int32_t row, std::int32_t col, std::string_view text, KnownCodes& known) const;
 
   private:
+    std::string inFull(std::int32_t col, std::string_view text) const;
     bool isThere(std::int32_t row, std::int32_t col) const;
     Admission admitBoolean(std::string_view text) const;
     FieldVerdict checkOnce(std::int32_t col, const std::string& text, KnownCodes& known) const;

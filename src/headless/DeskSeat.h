@@ -25,6 +25,7 @@ class Desk::DeskSeat : public Seat {
         box.selLength = editor.selLength;
         box.limit = editor.limit;
         box.multiLine = editor.multiLine;
+        box.plainSigns = editor.plainSigns;
         const bool newTip = !editor.tip.empty() && editor.tip != station_->tip;
         station_->tip = editor.tip;
         if (newTip && !station_->removed) desk_.showTip(editor.tip, onScreen(editor.rect));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "support/PlainSigns.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::headless {
@@ -64,7 +65,9 @@ void TextLine::removeSelection() {
     selLength = 0;
 }
 
-void TextLine::insert(std::string_view characters) {
+void TextLine::insert(std::string_view entered) {
+    const std::string taken = plainSigns ? support::inPlainSigns(entered) : std::string(entered);
+    std::string_view characters = taken;
     const std::size_t kept = length() - selLength;
     if (limit > 0) {
         const auto most = static_cast<std::size_t>(limit);

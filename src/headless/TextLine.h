@@ -22,11 +22,12 @@ struct TextLine {
     std::size_t selLength = 0;  ///< in characters
     std::int16_t limit = 0;     ///< most characters that can be typed, 0 for no limit
     bool multiLine = false;
+    bool plainSigns = false;   ///< full-width signs go in as their ASCII selves
     std::vector<Edit> past;    ///< texts that undoing leads back to, the oldest first
     std::vector<Edit> future;  ///< and those that were undone
 
     /// The characters take the selection's place, as far as the limit lets them.
-    void insert(std::string_view characters);
+    void insert(std::string_view entered);
     /// What a clipboard holds: in one line its line ends become blanks, and those at its end, which tables
     /// put there, are left out. An empty text changes nothing.
     void paste(std::string_view content);

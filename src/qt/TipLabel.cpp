@@ -152,7 +152,10 @@ void TipLabel::showBeside(const QRect& anchor, int gap, const QString& text,
     show();
     raise();
     update();
-    if (!news) return;
+    if (news) announce();
+}
+
+void TipLabel::announce() {
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
 }

@@ -23,6 +23,8 @@ class TipLabel : public QLabel {
     /// read whole: in one of `homes`, in the order given; else as a window of its own on the screen. Screen readers
     /// are alerted when it was not there before.
     void showBeside(const QRect& anchor, int gap, const QString& text, std::initializer_list<QWidget*> homes);
+    /// Tells screen readers that the text has come up.
+    virtual void announce();
     void paintEvent(QPaintEvent* event) override;
 
   private:

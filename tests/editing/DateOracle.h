@@ -16,15 +16,17 @@ namespace kxVsGrid::testing {
 class DateOracle {
   public:
     enum class Form { Date, HalfDay, Time };
+    /// That the clock of the tests shows.
+    static constexpr int ThisYear = 2026;
 
     /// The text as it has to be stored; nothing when it has to be refused.
     static std::optional<std::string> stored(Form form, std::string text) {
         text = trimmed(text);
         if (text.empty()) return "";
-        if (form == Form::Date) return day(text);
+        if (form == Form::Date) return anyDay(text);
         const std::size_t blank = text.find(' ');
         if (blank == std::string::npos) return {};
-        const auto date = day(text.substr(0, blank));
+        const auto date = anyDay(text.substr(0, blank));
         const std::string rest = text.substr(blank + 1);
         const auto suffix = form == Form::HalfDay ? half(rest) : time(rest);
         if (!date || !suffix) return {};
@@ -94,6 +96,17 @@ class DateOracle {
         if (year < 100 || month < 1 || month > 12 || dayOfMonth < 1 || dayOfMonth > daysOf(year, month))
             return {};
         return digits(year, 4) + "-" + digits(month, 2) + "-" + digits(dayOfMonth, 2);
+    }
+
+    /// Also one of this year, or of eight digits.
+    static std::optional<std::string> anyDay(const std::string& text) {
+        std::vector<std::string> runs;
+        const std::string marks = outline(text, runs);
+        if (marks == "#" && text.size() == 8)
+            return day(text.substr(0, 4) + "/" + text.substr(4, 2) + "/" + text.substr(6));
+        if (marks == "#-#" || marks == "#/#" || marks == "#月#日")
+            return day(std::to_string(ThisYear) + "/" + runs[0] + "/" + runs[1]);
+        return day(text);
     }
 
     static std::optional<std::string> half(const std::string& word) {

@@ -52,11 +52,31 @@ class DateTexts {
         static constexpr const char* Ways[][3] = {
             {"-", "-", ""}, {"/", "/", ""}, {".", ".", ""}, {"年", "月", "日"}};
         const auto& way = Ways[random_.between(0, 3)];
+        if (random_.oneIn(3)) return shortDate();
         const std::string year =
             random_.oneIn(5) ? number(0, 99, 2) : number(random_.oneIn(9) ? 0 : 100, 9999, 4);
         const bool odd = random_.oneIn(8);
         return year + way[0] + number(odd ? 0 : 1, odd ? 14 : 12, 2) + way[1] +
                number(odd ? 0 : 1, random_.oneIn(3) ? 33 : 28, 2) + way[2];
+    }
+
+    /// Of eight digits, or without its year.
+    std::string shortDate() {
+        const std::string month = number(random_.oneIn(8) ? 0 : 1, random_.oneIn(8) ? 14 : 12, 2);
+        const std::string day = number(1, random_.oneIn(4) ? 33 : 28, 2);
+        switch (random_.between(0, 4)) {
+            case 0:
+                return month + "-" + day;
+            case 1:
+                return month + "/" + day;
+            case 2:
+                return month + "月" + day + "日";
+            case 3:
+                return month + oneOf({".", "月", "--", "年"}) + day;
+            default:
+                return std::to_string(random_.between(random_.oneIn(9) ? 0 : 1000, 9999) * 10000 +
+                                      random_.between(1, 12) * 100 + random_.between(1, 31));
+        }
     }
 
     std::string time() {

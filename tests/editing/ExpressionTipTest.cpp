@@ -26,7 +26,7 @@ TEST_F(ExpressionTip, NamesThePlaceAndTheReason) {
         {"(1+)", "第 4 个字符：此处应为数字"},      {"()", "第 2 个字符：此处应为数字"},
         {"2*(3+4", "第 3 个字符：括号不配对"},      {"3+4)", "第 4 个字符：括号不配对"},
         {"1.2.3", "第 4 个字符：多余的小数点"},     {"12a", "第 3 个字符：无法识别“a”"},
-        {"1+２", "第 3 个字符：无法识别“２”"},      {"货1", "第 1 个字符：无法识别“货”"},
+        {"1+②", "第 3 个字符：无法识别“②”"},        {"货1", "第 1 个字符：无法识别“货”"},
         {"1\u00a0", "第 2 个字符：无法识别的字符"}, {"1+8/0+2", "第 5 个字符：除数为零"},
         {"8/(2-2)*3", "第 3 个字符：除数为零"},     {"0^-1", "第 4 个字符：除数为零"},
         {"(1-3)^0.5", "第 7 个字符：负数不能开方"}, {"10^400", "第 4 个字符：数值太大"},
@@ -40,6 +40,35 @@ TEST_F(ExpressionTip, CountsTheCharactersAsTheClerkSeesThem) {
     EXPECT_EQ(tipOf(" 1+ "), "第 4 个字符：此处应为数字");
     grid.ColFormat(Counted, "#,##0.00");
     EXPECT_EQ(tipOf(" 1+1,234"), "第 5 个字符：无法识别“,”") << "only a number by itself may be grouped";
+}
+
+TEST_F(ExpressionTip, NamesTheSeparatorThatStandsWrong) {
+    grid.ColFormat(Counted, "#,##0.00");
+    const std::string reason = " 个字符：千位逗号的位置不对";
+    const std::pair<const char*, const char*> places[] = {
+        {"1,5", "2"},  {"1,23", "2"},      {"1,2345", "2"},   {"1,234,5", "6"}, {"1,,234", "2"},
+        {"1,", "2"},   {"1,234.5,6", "8"}, {"1234,567", "5"}, {",123", "1"},    {"-,123", "2"},
+        {"-1,5", "3"}, {"  1,5", "4"},     {"1,5%", "2"},     {"，", "1"},      {"１，２３４，５", "6"},
+    };
+    for (const auto& [text, place] : places)
+        EXPECT_EQ(tipOf(text), "第 " + std::string(place) + reason) << text;
+    EXPECT_EQ(tipOf("1,234.5.6"), "第 8 个字符：多余的小数点");
+    EXPECT_EQ(tipOf("1,234a"), "第 2 个字符：无法识别“,”") << "no number by itself";
+    grid.ColFormat(Counted, "0.00");
+    EXPECT_EQ(tipOf("1,234"), "第 2 个字符：无法识别“,”") << "this column has none";
+}
+
+TEST_F(ExpressionTip, NamesThePercentSignThatHasNoUse) {
+    EXPECT_EQ(tipOf("12%"), "第 3 个字符：此栏不用百分号");
+    EXPECT_EQ(tipOf("1+12％"), "第 5 个字符：此栏不用百分号");
+    grid.ColFormat(Counted, "#,##0");
+    EXPECT_EQ(tipOf("1,234%"), "第 6 个字符：此栏不用百分号");
+    grid.ColFormat(Counted, "0.0%");
+    EXPECT_EQ(tipOf("1+12%"), "第 5 个字符：百分号只能写在单个数的末尾");
+    EXPECT_EQ(tipOf("12%%"), "第 3 个字符：百分号只能写在单个数的末尾");
+    EXPECT_EQ(tipOf("%"), "第 1 个字符：百分号只能写在单个数的末尾");
+    EXPECT_EQ(tipOf("1.2.3%"), "第 4 个字符：多余的小数点");
+    EXPECT_EQ(tipOf("1,234%"), "第 2 个字符：无法识别“,”");
 }
 
 TEST_F(ExpressionTip, IsShownOnceAtTheEditorWhichKeepsTheKeyboard) {

@@ -45,4 +45,8 @@ bool CellFormat::ofDates() const {
 bool CellFormat::groups() const {
     return pattern_ && pattern_->number && pattern_->number->groups();
 }
+
+bool CellFormat::percent() const {
+    return pattern_ && pattern_->number && pattern_->number->percent();
+}
 }  // namespace kxVsGrid::cellgrid

@@ -22,6 +22,8 @@ class CellFormat {
     bool apply(std::string_view text, std::string& shown) const;
     /// It is a number pattern that separates groups of thousands.
     bool groups() const;
+    /// It is a number pattern that shows percent.
+    bool percent() const;
     /// It is a date pattern.
     bool ofDates() const;
 

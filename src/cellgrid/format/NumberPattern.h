@@ -29,6 +29,8 @@ class NumberPattern {
     bool apply(std::string_view text, std::string& shown) const;
     /// One of the sections separates groups of thousands.
     bool groups() const { return sections_[0].grouped || sections_[1].grouped || sections_[2].grouped; }
+    /// One of the sections multiplies by 100 and shows the sign for that.
+    bool percent() const { return sections_[0].shift + sections_[1].shift + sections_[2].shift > 0; }
 
   private:
     struct Step {

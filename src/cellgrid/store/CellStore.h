@@ -229,6 +229,8 @@ class CellStore {
     std::optional<double> completeNumber(std::int32_t col, std::string_view text) const;
     /// The column's format puts separators between groups of digits.
     bool groups(std::int32_t col) const { return column(col).format && column(col).format->groups(); }
+    /// The column's format shows numbers as percent.
+    bool percent(std::int32_t col) const { return column(col).format && column(col).format->percent(); }
     /// The format decides what the texts count.
     void setFormat(std::int32_t col, std::string_view pattern);
 

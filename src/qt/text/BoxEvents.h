@@ -54,6 +54,8 @@ class TextBoxPort {
     virtual void select(qsizetype start, qsizetype length) = 0;
     /// In place of the selection, as if typed.
     virtual void insert(const QString& text) = 0;
+    /// From now on what the clerk enters shows full-width signs as their ASCII selves. What stands there stays.
+    virtual void takePlainSigns(bool plain) = 0;
     virtual void setAlignment(mEmflexAlign alignment) = 0;
     virtual void applyInputMethod(QInputMethodEvent& event) = 0;
     virtual QVariant query(Qt::InputMethodQuery query) const = 0;

@@ -66,13 +66,13 @@ inline bool beforeBox(BoxEvents& events, QWidget& box, QEvent& event) {
     }
 }
 
-/// The key event that the box shall see: the keypad's decimal types what the core was offered.
-inline QKeyEvent asOffered(const QKeyEvent& event) {
+/// The key event that the box shall see, with the text that it puts in: the keypad's decimal types what the core
+/// was offered.
+inline QKeyEvent asOffered(const QKeyEvent& event, const QString& text) {
     const QString typed = QString::fromStdString(strokeOf(event).character);
     const bool decimal = typed == QLatin1String(".") && event.text() != typed;
     return QKeyEvent(event.type(), decimal ? int{Qt::Key_Period} : event.key(), event.modifiers(),
-                     decimal ? typed : event.text(), event.isAutoRepeat(),
-                     static_cast<ushort>(event.count()));
+                     decimal ? typed : text, event.isAutoRepeat(), static_cast<ushort>(event.count()));
 }
 
 /// The edge of the box: in the selection's colour, red while its text is refused.

@@ -7,6 +7,7 @@
 
 #include "qt/Wording.h"
 #include "qt/text/BoxParts.h"
+#include "qt/text/Encoding.h"
 
 namespace kxVsGrid::qt {
 
@@ -19,7 +20,14 @@ class ClerkBox : public Base, public TextBoxPort {
     }
 
     QWidget& widget() override { return *this; }
-    void applyInputMethod(QInputMethodEvent& event) override { Base::inputMethodEvent(&event); }
+    void takePlainSigns(bool plain) override { plainSigns_ = plain; }
+    void applyInputMethod(QInputMethodEvent& event) override {
+        if (!plainSigns_) return Base::inputMethodEvent(&event);
+        QInputMethodEvent taken(event.preeditString(), event.attributes());
+        taken.setCommitString(asTaken(event.commitString()), event.replacementStart(),
+                              event.replacementLength());
+        Base::inputMethodEvent(&taken);
+    }
     QVariant query(Qt::InputMethodQuery query) const override { return Base::inputMethodQuery(query); }
     void undo() override { Base::undo(); }
     void redo() override { Base::redo(); }
@@ -39,6 +47,9 @@ class ClerkBox : public Base, public TextBoxPort {
         QObject::connect(this, &Base::selectionChanged, this, look);
     }
 
+    /// What the clerk enters, as it is to stand in the box: put in so at once, it can be undone like any other text.
+    QString asTaken(const QString& text) const { return plainSigns_ ? inPlainSigns(text) : text; }
+
     // --- Where the two boxes differ
     /// A key that is the box's own. True when it is used up.
     virtual bool takeKey(QKeyEvent& key) {
@@ -55,7 +66,7 @@ class ClerkBox : public Base, public TextBoxPort {
             event->accept();
             return;
         }
-        QKeyEvent offered = asOffered(*event);
+        QKeyEvent offered = asOffered(*event, asTaken(event->text()));
         bool used = true;
         asClerk(events_, *this, [&] { used = takeKey(offered); });
         event->setAccepted(used);
@@ -95,5 +106,6 @@ class ClerkBox : public Base, public TextBoxPort {
 
   private:
     BoxEvents& events_;
+    bool plainSigns_ = false;
 };
 }  // namespace kxVsGrid::qt

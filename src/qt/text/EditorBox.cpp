@@ -53,6 +53,7 @@ void EditorBox::show(const EditorView& view) {
         return;
     }
     choose(view.multiLine);
+    port_->takePlainSigns(view.plainSigns);
     if (!composing() || view.text != known_.text) {
         mirrorText(view);
         mirrorSelection(view);

@@ -1,5 +1,8 @@
 #include "qt/text/Encoding.h"
 
+#include <algorithm>
+
+#include "support/PlainSigns.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::qt {
@@ -48,6 +51,17 @@ qsizetype positionOf(const QString& boxText, std::size_t character, LineEnds lin
         at += unitsAt(boxText, at);
     }
     return at;
+}
+
+QString inPlainSigns(QString text) {
+    const auto signs = support::plainSigns();
+    for (QChar& character : text) {
+        const auto sign = std::find_if(signs.begin(), signs.end(), [character](const auto& candidate) {
+            return support::firstCodePoint(candidate.fullWidth) == character.unicode();
+        });
+        if (sign != signs.end()) character = QLatin1Char(sign->plain);
+    }
+    return text;
 }
 
 std::size_t characters(const QString& text) {

@@ -21,6 +21,8 @@ enum class LineEnds { Single, CarriageReturnAndLineFeed };
 std::size_t charactersBefore(const QString& boxText, qsizetype position, LineEnds lineEnds);
 /// Position in the box's text of a character of the core's; its end when there are fewer.
 qsizetype positionOf(const QString& boxText, std::size_t character, LineEnds lineEnds);
+/// The text with each full-width sign as its ASCII self, in the same places (support/PlainSigns.h).
+QString inPlainSigns(QString text);
 /// Code points of a text.
 std::size_t characters(const QString& text);
 }  // namespace kxVsGrid::qt

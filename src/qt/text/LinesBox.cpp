@@ -1,3 +1,4 @@
+#include <QMimeData>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextOption>
@@ -35,6 +36,13 @@ void LinesBox::select(qsizetype start, qsizetype length) {
     cursor.setPosition(static_cast<int>(start));
     cursor.setPosition(static_cast<int>(start + length), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+void LinesBox::insertFromMimeData(const QMimeData* source) {
+    const QString text = asTaken(source->text());
+    QMimeData taken;
+    taken.setText(text);
+    QPlainTextEdit::insertFromMimeData(text == source->text() ? source : &taken);
 }
 
 void LinesBox::setAlignment(mEmflexAlign alignment) {

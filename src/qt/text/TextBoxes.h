@@ -15,7 +15,7 @@ class LineBox : public ClerkBox<QLineEdit> {
     BoxState state() const override;
     void setText(const QString& text) override { QLineEdit::setText(text); }
     void select(qsizetype start, qsizetype length) override;
-    void insert(const QString& text) override { QLineEdit::insert(text); }
+    void insert(const QString& text) override { QLineEdit::insert(asTaken(text)); }
     void setAlignment(mEmflexAlign alignment) override;
     /// Line ends of what is pasted become blanks; those at its end, which tables put there, are left out.
     void paste() override;
@@ -34,12 +34,13 @@ class LinesBox : public ClerkBox<QPlainTextEdit> {
     BoxState state() const override;
     void setText(const QString& text) override { setPlainText(text); }
     void select(qsizetype start, qsizetype length) override;
-    void insert(const QString& text) override { insertPlainText(text); }
+    void insert(const QString& text) override { insertPlainText(asTaken(text)); }
     void setAlignment(mEmflexAlign alignment) override;
     bool canUndo() const override { return document()->isUndoAvailable(); }
     bool canRedo() const override { return document()->isRedoAvailable(); }
 
   protected:
     QWidget& surface() override { return *viewport(); }
+    void insertFromMimeData(const QMimeData* source) override;
 };
 }  // namespace kxVsGrid::qt
