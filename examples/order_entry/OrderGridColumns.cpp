@@ -69,11 +69,14 @@ void OrderGrid::setUpColumns() {
 
 void OrderGrid::setUpRules() {
     // Enter follows what most lines need, code and quantity: a known code brings the rest of its line, new
-    // rows get warehouse and delivery. Tab leads to every field, and Enter there ends the line too.
+    // rows get warehouse and delivery. Tab leads to every field, keys of the menu 转到 to those that differ most
+    // often, and Enter there ends the line too. On a closed cell it stops where something is still to be keyed.
     const std::string nextLine = "+1," + std::to_string(Code);
     for (int col = Quantity; col < ColumnCount; ++col)
         grid_.VsCtrl(static_cast<std::int16_t>(col))->sCellInput(nextLine);
     for (const Column col : {Code, Unit}) grid_.VsCtrl(col)->sCellInput("," + std::to_string(Quantity));
+    for (const Column brought : {Unit, Price, Warehouse, Delivery, Slot, Entered})
+        grid_.Options(brought).skipFilled(true);
     for (const Column summed : {Quantity, Amount}) grid_.VsCtrl(summed)->b是否合计数据(true);
 
     const auto code = grid_.VsCtrl(Code);
@@ -105,6 +108,8 @@ void OrderGrid::setUpRules() {
     checkDates(Entered, ij时间型);
 
     for (int col = Code; col < ColumnCount; ++col) grid_.Options(col).sortable(true);
+    // The clerk keys on: what is refused is told at the text that is to be corrected.
+    grid_.Options().Refusals(GridOptions::RefusalStyle::Beside);
     // Returned goods have a quantity below 0; a price never is.
     grid_.Options(Price).smallest(0);
     // A price of 0 is a price: it is shown, and it comes back from the database as it was.
@@ -124,7 +129,7 @@ QString OrderGrid::hint() const {
         case Unit:
             return u"由货号带出,可以改成列表中的另一个;F2 从列表中选择"_s;
         case Quantity:
-            return u"不能为零;可以输入算式,例如 12*3+5;输入后回车到下一行,Tab 到单价"_s;
+            return u"不能为零;可以输入算式,例如 12*3+5;输入后回车到下一行,Tab 到单价,F3 到仓库,F4 到交货日期,F5 到备注"_s;
         case Price:
             return u"由货号带出,可以修改,也可以输入算式;Tab 到仓库"_s;
         case Amount:

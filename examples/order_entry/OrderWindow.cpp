@@ -485,6 +485,14 @@ void OrderWindow::enterLines() {
     widget_->setFocus(Qt::TabFocusReason);
 }
 
+// In the line where the clerk is. A text that is refused stays where it is typed.
+void OrderWindow::enterColumn(OrderGrid::Column col) {
+    kxVsGrid::kxGrid& grid = widget_->grid();
+    enterLines();
+    grid.ReadCell(grid.Row(), grid.Col());  // commits what is being typed
+    if (!grid.editorView().visible) grid_->select(grid.Row(), col);
+}
+
 void OrderWindow::fitGrid(int width) {
     grid_->fitWidth(width * TwipsPerInch / widget_->logicalDpiX());
 }

@@ -141,6 +141,7 @@ class OrderWindow : public QMainWindow {
     void resetColumns();
     void showManual();
     void enterLines();
+    void enterColumn(OrderGrid::Column col);
 
     Database database_;
     Catalogue catalogue_;

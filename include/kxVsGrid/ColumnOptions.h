@@ -73,8 +73,10 @@ class ColumnOptions {
     const SuggestionSource& suggest() const { return suggest_; }
     void suggest(SuggestionSource source) { suggest_ = std::move(source); }
 
-    /// Enter passes over a cell of the column that is filled: its text is not empty. Tab and the arrows stop
-    /// there. False at first.
+    /// Enter passes over a cell of the column that is filled: its text is not empty, a 0 that is kept among
+    /// that. It goes on from there, also where a rule (`sCellInput`) names the cell, to the next editable cell
+    /// that it does not pass; where all are passed, to the first one of the next row. Tab and the arrows stop
+    /// there, and so does the rule "r", which stays in its column. False at first.
     bool skipFilled() const { return skipFilled_; }
     void skipFilled(bool skips) { skipFilled_ = skips; }
 

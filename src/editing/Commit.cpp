@@ -30,14 +30,15 @@ void EditSession::handKeyboardOver() {
     if (state_ == State::Hidden) c_.owner.editorHidden();
 }
 
-/// What the host does in the check belongs to the step; the box that a refusal shows stands after it.
+/// What the host does in the check belongs to the step; what the clerk is told of a refusal stands after it.
 bool EditSession::attempt() {
     FlagSpan committing(committing_);
     std::optional<MessageBox> refusal;
+    const FollowedCell cell(c_.grid);
     bool done = false;
     c_.steps.duringTyped("录入", chosen_ ? Cause::Help : Cause::Typed,
                          [&] { done = attemptInStep(refusal); });
-    if (refusal) refuse(*refusal);
+    if (refusal) refuse(*refusal, cell);
     return done;
 }
 
@@ -143,7 +144,7 @@ bool EditSession::passesRule() {
     const std::shared_ptr<cVsControl> column = c_.columns.shared(c_.grid.Col());
     const std::string message = brokenRule(*column, box().tag());
     if (message.empty()) return true;
-    c_.showMessage({message, MessageBox::Information, "提示："});
+    tellOfCurrent(boxOf(message));
     giveKeyboard();
     return false;
 }

@@ -73,7 +73,7 @@ bool EditSession::mayToggle() {
     if (!c_.columns.rules(col)) return true;
     const FollowedCell cell(c_.grid);
     if (const auto broken = gate_.brokenRule(row, col, gate_.turnedOver(row, col))) {
-        c_.showMessage(boxOf(*broken));
+        tellOfCurrent(boxOf(*broken));
         giveKeyboard();
         return false;
     }
@@ -227,7 +227,7 @@ std::string EditSession::asTaken(std::string_view text) const {
 
 void EditSession::edited(std::string_view text, std::size_t selStart, std::size_t selLength) {
     if (state_ == State::Hidden) return;
-    const bool wasRefused = face_.view().refused;
+    const bool wasTold = face_.view().refused || !face_.view().tip.empty();
     const std::string plain = asTaken(text);
     const bool shownOtherwise = plain != text;
     const bool changed = box_.setText(plain);
@@ -237,7 +237,7 @@ void EditSession::edited(std::string_view text, std::size_t selStart, std::size_
         typedInto_ = true;
         textChanged();
     }
-    if (shownOtherwise || (changed && (wasRefused || face_.buttonInTheWay()))) publish();
+    if (shownOtherwise || (changed && (wasTold || face_.buttonInTheWay()))) publish();
     if (!changed) return;
     askForSuggestions();
 }
@@ -248,10 +248,12 @@ void EditSession::selected(std::size_t selStart, std::size_t selLength) {
     face_.follow(box_);
 }
 
+/// A text that was refused beside the editor keeps its reason, wherever the keyboard is: the clerk comes back to
+/// it, and Enter does not check it once more.
 void EditSession::focusLost() {
     suggestions_.close();
     commitUnlessLocked();
-    if (tip_.empty()) return;
+    if (tip_.empty() || (locked() && tellsBeside())) return;
     tip_.clear();
     publish();
 }

@@ -134,7 +134,10 @@ class EditSession {
     bool attemptInStep(std::optional<MessageBox>& refusal);
     bool passesCheck(std::optional<MessageBox>& refusal);
     static MessageBox boxOf(const std::string& reason);
-    void refuse(const MessageBox& message);
+    bool tellsBeside() const;
+    void tellAt(const FollowedCell& cell, std::string_view text);
+    void tellOfCurrent(const MessageBox& message);
+    void refuse(const MessageBox& message, const FollowedCell& cell);
     void refuseExpression();
     void write(const FollowedCell& cell, const std::string& text);
     void writePair(const FollowedCell& cell, const std::string& text, const std::string& tag);
@@ -161,7 +164,7 @@ class EditSession {
     bool chosen_ = false;     ///< the text was chosen in a help
     bool typedInto_ = false;  ///< the clerk has changed the text since the editor was opened
     std::string opened_;      ///< the text that it was opened with
-    std::string tip_;         ///< why the expression was refused, while the clerk shall see it
+    std::string tip_;         ///< why the text was refused, while the clerk shall see it at the editor
     TextBox box_;
     suggest::SuggestionChoice suggestions_{[this] { publishSuggestions(); }};
     EnteredCell entered_;

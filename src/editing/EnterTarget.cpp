@@ -36,13 +36,15 @@ std::optional<std::int32_t> rowOf(const CellGrid& grid, const columns::CellTarge
     return grid.ShownRowAfter(row - 1) == row ? std::optional(row) : std::nullopt;
 }
 
-void toTarget(CellGrid& grid, std::string_view rule) {
+void toTarget(const EditingContext& c, std::string_view rule) {
+    CellGrid& grid = c.grid;
     const auto target = columns::resolveTarget(rule, grid.Row(), grid.Col());
     if (!target || grid.Rows() <= grid.FixedRows() || grid.Cols() <= grid.FixedCols()) return;
     const auto row = rowOf(grid, *target);
     if (!row) return;
     const auto col = std::clamp<std::int64_t>(target->col, grid.FixedCols(), grid.Cols() - 1);
-    grid.Select(*row, static_cast<std::int32_t>(col));
+    if (const auto cell = cellForEnter(c, *row, static_cast<std::int32_t>(col)))
+        grid.Select(cell->row, cell->col);
 }
 }  // namespace
 
@@ -51,11 +53,11 @@ void moveByEnterRule(const EditingContext& c) {
     if (grid.Col() < 0) return;
     const std::string rule = c.columns.at(grid.Col()).sCellInput();
     if (rule.empty() || rule == "c") {
-        if (const auto next = nextEditableCell(c)) grid.Select(next->row, next->col);
+        if (const auto next = nextCellForEnter(c)) grid.Select(next->row, next->col);
     } else if (rule == "r") {
         oneRowDown(grid, c.owner);
     } else {
-        toTarget(grid, rule);
+        toTarget(c, rule);
     }
 }
 }  // namespace kxVsGrid::editing

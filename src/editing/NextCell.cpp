@@ -10,6 +10,9 @@ namespace {
 
 using host::ControlContext;
 
+/// Whether cells are passed over because they are filled.
+enum class Filled { Stops, MayBePassed };
+
 /// Where the host locks cells, rows differ in what can be edited; it may also change anything as it is asked.
 bool rowsDiffer(const ControlContext& c) {
     return c.options.CellLocked.heard();
@@ -21,9 +24,16 @@ bool isStop(const ControlContext& c, std::int32_t row, std::int32_t col) {
     return !rowsDiffer(c) || (!host::isLocked(c, row, col) && row < c.grid.Rows() && col < c.grid.Cols());
 }
 
-std::optional<std::int32_t> firstStopFrom(const ControlContext& c, std::int32_t row, std::int32_t col) {
+bool isPassed(const ControlContext& c, std::int32_t row, std::int32_t col) {
+    const auto rules = c.columns.rules(col);
+    return rules && rules->skipFilled() && columns::isDataCell(c.grid, row, col) &&
+           !c.grid.Text(row, col).empty();
+}
+
+std::optional<std::int32_t> firstStopFrom(const ControlContext& c, std::int32_t row, std::int32_t col,
+                                          Filled filled) {
     for (; col < c.grid.Cols() && c.host.there(); ++col)
-        if (isStop(c, row, col)) return col;
+        if (!(filled == Filled::MayBePassed && isPassed(c, row, col)) && isStop(c, row, col)) return col;
     return std::nullopt;
 }
 
@@ -33,30 +43,56 @@ std::optional<std::int32_t> lastStopBefore(const ControlContext& c, std::int32_t
     return std::nullopt;
 }
 
-/// The first one at or after (row, col). Where nothing is locked no row holds another set of editable columns
-/// than its neighbours, so one look at the next shown row is enough.
-std::optional<CellPlace> scanFrom(const ControlContext& c, std::int32_t row, std::int32_t col) {
+/// The first one at or after (row, col). Where nothing is locked or passed no row holds another set of stops than
+/// its neighbours, so one look at the next shown row is enough.
+std::optional<CellPlace> scanFrom(const ControlContext& c, std::int32_t row, std::int32_t col,
+                                  Filled filled = Filled::Stops) {
     std::int32_t shown = c.grid.ShownRowAfter(row - 1);
     if (shown != row) col = c.grid.FixedCols();
     for (bool again = true; shown >= 0; shown = c.grid.ShownRowAfter(shown)) {
-        if (const auto found = firstStopFrom(c, shown, col)) return CellPlace{shown, *found};
-        if (!c.host.there() || (!again && !rowsDiffer(c))) break;
+        if (const auto found = firstStopFrom(c, shown, col, filled)) return CellPlace{shown, *found};
+        if (!c.host.there() || (!again && !rowsDiffer(c) && filled == Filled::Stops)) break;
         again = false;
         col = c.grid.FixedCols();
     }
     return std::nullopt;
 }
+
+/// The cell after (row, col); after that of the last row and column the first one of its row.
+CellPlace placeAfter(const CellGrid& grid, std::int32_t row, std::int32_t col) {
+    if (++col < grid.Cols()) return {row, col};
+    return {row < grid.Rows() - 1 ? row + 1 : row, grid.FixedCols()};
+}
+
+bool passesAny(const ControlContext& c) {
+    for (std::int32_t col = c.grid.FixedCols(); col < c.grid.Cols(); ++col)
+        if (const auto rules = c.columns.rules(col); rules && rules->skipFilled()) return true;
+    return false;
+}
+
+/// Where Enter goes from (row, col). In the last column the row has ended as it is.
+std::optional<CellPlace> enterFrom(const ControlContext& c, std::int32_t row, std::int32_t col) {
+    const CellPlace after = placeAfter(c.grid, row, col);
+    if (!passesAny(c)) return scanFrom(c, after.row, after.col);
+    const auto found = scanFrom(c, after.row, after.col, Filled::MayBePassed);
+    if (found || !c.host.there()) return found;
+    if (after.col != col + 1) return scanFrom(c, after.row, after.col);
+    return scanFrom(c, row + 1, c.grid.FixedCols());
+}
 }  // namespace
 
 std::optional<CellPlace> nextEditableCell(const ControlContext& c) {
-    const CellGrid& grid = c.grid;
-    std::int32_t row = grid.Row();
-    std::int32_t col = grid.Col() + 1;
-    if (col >= grid.Cols()) {
-        col = grid.FixedCols();
-        if (row < grid.Rows() - 1) ++row;
-    }
-    return scanFrom(c, row, col);
+    const CellPlace from = placeAfter(c.grid, c.grid.Row(), c.grid.Col());
+    return scanFrom(c, from.row, from.col);
+}
+
+std::optional<CellPlace> nextCellForEnter(const ControlContext& c) {
+    return enterFrom(c, c.grid.Row(), c.grid.Col());
+}
+
+std::optional<CellPlace> cellForEnter(const ControlContext& c, std::int32_t row, std::int32_t col) {
+    if (!isPassed(c, row, col)) return CellPlace{row, col};
+    return enterFrom(c, row, col);
 }
 
 std::optional<CellPlace> nextTabStop(const ControlContext& c) {

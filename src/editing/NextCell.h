@@ -19,6 +19,14 @@ struct CellPlace {
 /// otherwise.
 std::optional<CellPlace> nextEditableCell(const host::ControlContext& context);
 
+/// The same for Enter, which passes over filled cells of columns that have it so (ColumnOptions::skipFilled).
+/// Where all that follow are passed over, it is the first editable one of a row below, filled as it is; in the
+/// last row nothing.
+std::optional<CellPlace> nextCellForEnter(const host::ControlContext& context);
+/// The cell itself, unless Enter passes over it: then the next one for Enter.
+std::optional<CellPlace> cellForEnter(const host::ControlContext& context, std::int32_t row,
+                                      std::int32_t col);
+
 /// The same for Tab, which ends after the last row's last editable cell instead of starting over.
 std::optional<CellPlace> nextTabStop(const host::ControlContext& context);
 /// Backwards, ending before the first one.

@@ -53,6 +53,7 @@ bool Stage::setting(std::string_view name, const Variant& value) {
 Stage::~Stage() {
     close();
     machine_->grid.reset();  // whose seat keeps the machine
+    delete tip_;
 }
 
 void Stage::close() {
@@ -175,6 +176,7 @@ void Stage::showEditor(const EditorView& view) {
 
 /// While the keyboard is elsewhere nobody needs it.
 void Stage::showTip() {
+    if (!tip_) return;  // went with its window
     if (box_->visible() && focusShown_)
         tip_->showFor(box_->widget(), box_->tip());
     else

@@ -136,7 +136,7 @@ class Stage {
     CommandActions actions_{*this};
     GridView* view_;
     HelpButton* button_;
-    EditorTip* tip_;
+    QPointer<EditorTip> tip_;  // it may be its window's
     std::unique_ptr<EditorBox> box_;
     std::unique_ptr<ScrollBars> bars_;
     QTimer repaint_;

@@ -35,27 +35,12 @@ bool isNextAct(const QEvent& event) {
 }  // namespace
 
 Tip::Tip(QWidget& owner, const QRect& anchor, const QString& text) : TipLabel(owner.window()) {
-    setText(text);
     setFont(QToolTip::font());
     setPalette(QToolTip::palette());
     setMargin(Padding);
-    place(anchor);
+    showBeside(anchor, 0, text, {owner.window()});
     qApp->installEventFilter(this);
     QTimer::singleShot(lifeOf(text), this, [this] { hide(); });
-    show();
-    raise();
-}
-
-void Tip::place(const QRect& anchor) {
-    const QRect room = parentWidget()->rect();
-    setWordWrap(sizeHint().width() > room.width());
-    const int width = std::min(sizeHint().width(), room.width());
-    const QSize size(width, wordWrap() ? heightForWidth(width) : sizeHint().height());
-    const QRect beside(parentWidget()->mapFromGlobal(anchor.topLeft()), anchor.size());
-    const bool fitsBelow = beside.bottom() + 1 + size.height() <= room.bottom() + 1;
-    const int top = fitsBelow ? beside.bottom() + 1 : beside.top() - size.height();
-    const int left = std::clamp(beside.left(), 0, std::max(0, room.width() - size.width()));
-    setGeometry({{left, std::max(0, top)}, size});
 }
 
 bool Tip::eventFilter(QObject* object, QEvent* event) {

@@ -16,8 +16,5 @@ class Tip : public TipLabel {
   protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-
-  private:
-    void place(const QRect& anchor);
 };
 }  // namespace kxVsGrid::qt

@@ -16,6 +16,23 @@ TEST_F(OrderSheet, EnterOnACodeGoesToTheQuantity) {
     EXPECT_EQ(control.Col(), OrderGrid::Quantity);
 }
 
+TEST_F(OrderSheet, EnterOnAClosedCellStopsAtWhatTheLineLacks) {
+    enterLine(1, "100001");
+    at(1, OrderGrid::Code);
+    for (const OrderGrid::Column next : {OrderGrid::Quantity, OrderGrid::Gift, OrderGrid::Remark}) {
+        desk.press(Key::Enter);
+        EXPECT_EQ(control.Row(), 1);
+        EXPECT_EQ(control.Col(), next);
+    }
+    desk.press(Key::Enter);
+    EXPECT_EQ(control.Row(), 2);
+    EXPECT_EQ(control.Col(), OrderGrid::Code);
+    control.SetCell(1, OrderGrid::Price, "");
+    at(1, OrderGrid::Quantity);
+    desk.press(Key::Enter);
+    EXPECT_EQ(control.Col(), OrderGrid::Price);
+}
+
 TEST_F(OrderSheet, ACodeInFullWidthDigitsIsTheSameCode) {
     enter(1, OrderGrid::Code, "１００００１");
     EXPECT_EQ(cell(1, OrderGrid::Code), "100001");
@@ -34,7 +51,7 @@ TEST_F(OrderSheet, AFailingDatabaseIsReportedAndTheCodeIsLookedUpAgainLater) {
     EXPECT_TRUE(warned);
     EXPECT_TRUE(said.contains("disk I/O error")) << said.toStdString();
     EXPECT_EQ(cell(1, OrderGrid::Code), "500");
-    EXPECT_TRUE(desk.messages().empty());
+    EXPECT_TRUE(told().empty());
     EXPECT_TRUE(grid.commit());
     EXPECT_EQ(problem(), QString("第 1 行的货号“500”没有在商品目录中查到"));
 }

@@ -94,7 +94,7 @@ TEST_F(OrderHelp, AChosenGoodFillsTheLineAsATypedCodeDoes) {
     EXPECT_EQ(cell(1, OrderGrid::Unit), "米");
     EXPECT_EQ(cell(1, OrderGrid::Price), "18.50");
     EXPECT_EQ(control.Col(), OrderGrid::Quantity);
-    EXPECT_TRUE(desk.messages().empty());
+    EXPECT_TRUE(told().empty());
 }
 
 TEST_F(OrderHelp, TheTypedBeginningOfACodeIsSearchedAtOnce) {
@@ -247,7 +247,7 @@ TEST_F(OrderHelp, ATimeOfEntryIsTakenFromTheCalendar) {
     desk.press(Key::Enter);
     EXPECT_EQ(opened, 30);
     EXPECT_EQ(grid.lines().front().entered, QDateTime(QDate(2026, 11, 19), QTime(8, 5, 9)));
-    EXPECT_TRUE(desk.messages().empty());
+    EXPECT_TRUE(told().empty());
 }
 
 TEST_F(OrderHelp, AWarehouseIsChosenUnderItsCell) {

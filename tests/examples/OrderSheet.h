@@ -70,6 +70,12 @@ class OrderSheet : public testing::Test {
         enter(row, OrderGrid::Warehouse, "主仓库");
     }
 
+    // The reasons of what was refused, as they came up at the editor or the cell; never a box.
+    const std::vector<std::string>& told() {
+        EXPECT_TRUE(desk.messages().empty());
+        return desk.tips();
+    }
+
     // What commit() and firstProblem() leave for the clerk to read.
     QString problem() {
         const auto found = grid.firstProblem();

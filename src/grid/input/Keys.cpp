@@ -64,7 +64,7 @@ void Keys::keyPress(std::int16_t& ascii, std::string_view typed) {
     }
     if (ascii == EnterCharacter) {
         ascii = 0;
-        if (const auto next = editing::nextEditableCell(c_)) grid.Select(next->row, next->col);
+        if (const auto next = editing::nextCellForEnter(c_)) grid.Select(next->row, next->col);
     } else if (isPrintable(ascii)) {
         if (grid.Row() < grid.FixedRows()) return;
         c_.rows.appendIfLast(grid.Row());

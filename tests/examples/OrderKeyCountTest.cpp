@@ -1,0 +1,220 @@
+// How many keys an order of twenty lines takes, from the customer's code to the key that saves it, and that what was
+// saved is what was meant.
+#include <QFile>
+#include <QRegularExpression>
+#include <iostream>
+
+#include "OrderEntry.h"
+
+namespace {
+/// What the clerk reads from the customer's paper. What is empty the line gets by itself.
+struct PaperLine {
+    QString code;
+    QString quantity;
+    QString price = {};
+    QString warehouse = {};
+    QString day = {};
+    QString remark = {};
+};
+
+/// Codes of six digits; quantities of two digits as a rule, two of them as expressions.
+const std::vector<PaperLine> Paper = {
+    {"100001", "24"},
+    {"100017", "12", "12.5"},
+    {"100034", "8"},
+    {"100050", "36", {}, "C02"},
+    {"100101", "12*3"},
+    {"100207", "15", {}, {}, "12-5"},
+    {"100310", "60"},
+    {"100444", "20", {}, {}, {}, "加急"},
+    {"100500", "100"},
+    {"101001", "48", {}, "C03"},
+    {"101234", "30", "8.75"},
+    {"101500", "96"},
+    {"102000", "18", {}, {}, "12-1"},
+    {"102111", "25", {}, {}, {}, "送到二楼"},
+    {"102222", "25+8"},
+    {"102500", "11", {}, "C02"},
+    {"103000", "40", "19.9"},
+    {"103377", "16", {}, {}, "12-8"},
+    {"103588", "50", {}, "C05"},
+    {"104644", "72", {}, {}, {}, "附合格证"},
+};
+
+/// Keys pressed: one for each character and each named key, and one for each key that is held down with it.
+class PressedKeys {
+  public:
+    void type(const QString& text) {
+        script_ << "type " + text;
+        count_ += static_cast<int>(text.size());
+    }
+    /// As `Ctrl+S`.
+    void press(const QString& keys) {
+        script_ << "key " + keys;
+        count_ += 1 + static_cast<int>(keys.count('+'));
+    }
+    /// By an input method, with four keys for a few characters.
+    void compose(const QString& text) {
+        script_ << "compose pinyin"
+                << "commit " + text;
+        count_ += 4;
+    }
+    int count() const { return count_; }
+    QStringList takeScript() { return std::exchange(script_, {}); }
+
+  private:
+    QStringList script_;
+    int count_ = 0;
+};
+
+/// How the clerk comes from the quantity to what differs.
+using WayTo = void (*)(PressedKeys& keys, OrderGrid::Column col);
+
+void byTab(PressedKeys& keys, OrderGrid::Column col) {
+    for (int at = OrderGrid::Quantity; at < col; ++at)
+        if (at != OrderGrid::Amount) keys.press("Tab");
+}
+
+/// Enter on a closed cell passes over what the line got by itself, up to the gift.
+void byTabAndEnter(PressedKeys& keys, OrderGrid::Column col) {
+    if (col != OrderGrid::Remark) return byTab(keys, col);
+    for (const char* key : {"Tab", "Enter", "Enter"}) keys.press(key);
+}
+
+void byKey(PressedKeys& keys, OrderGrid::Column col) {
+    keys.press(col == OrderGrid::Price       ? "Tab"
+               : col == OrderGrid::Warehouse ? "F3"
+               : col == OrderGrid::Delivery  ? "F4"
+                                             : "F5");
+}
+
+void keyLine(PressedKeys& keys, const PaperLine& line, WayTo way) {
+    keys.type(line.code);
+    keys.press("Enter");
+    keys.type(line.quantity);
+    const std::pair<OrderGrid::Column, const QString&> differs[] = {{OrderGrid::Price, line.price},
+                                                                    {OrderGrid::Warehouse, line.warehouse},
+                                                                    {OrderGrid::Delivery, line.day}};
+    for (const auto& [col, text] : differs) {
+        if (text.isEmpty()) continue;
+        way(keys, col);
+        keys.type(text);
+    }
+    if (!line.remark.isEmpty()) {
+        way(keys, OrderGrid::Remark);
+        keys.compose(line.remark);
+    }
+    keys.press("Enter");
+}
+
+Thousandths quantityOf(const QString& text) {
+    const auto number = [](const QString& digits) { return digits.toLongLong(); };
+    if (text.contains('*')) return number(text.section('*', 0, 0)) * number(text.section('*', 1)) * 1000;
+    if (text.contains('+')) return (number(text.section('+', 0, 0)) + number(text.section('+', 1))) * 1000;
+    return number(text) * 1000;
+}
+
+class OrderKeyCount : public OrderEntry {
+  protected:
+    /// Keys the paper into a new order and saves it by its key; answers how many keys that took.
+    int key(WayTo way) {
+        PressedKeys keys;
+        keys.type("K0002");
+        keys.press("Enter");
+        QString lines;
+        for (const PaperLine& line : Paper) {
+            const int before = keys.count();
+            keyLine(keys, line, way);
+            lines += QString(" %1").arg(keys.count() - before);
+        }
+        keys.press("Ctrl+S");
+        play(keys.takeScript());
+        std::cout << keys.count() << " keys; per line" << lines.toStdString() << '\n';
+        return keys.count();
+    }
+
+    void expectStored() {
+        Database database(databaseFile());
+        Catalogue catalogue(database);
+        const Order order = *OrderStore(database).load(window->onScreen().id);
+        EXPECT_FALSE(window->hasUnsavedWork());
+        ASSERT_EQ(order.lines.size(), Paper.size());
+        for (std::size_t i = 0; i < Paper.size(); ++i)
+            expectLine(order.lines[i], Paper[i], *catalogue.goods(Paper[i].code), catalogue);
+    }
+
+  private:
+    static void expectLine(const OrderLine& line, const PaperLine& paper, const Goods& goods,
+                           const Catalogue& catalogue) {
+        SCOPED_TRACE(paper.code.toStdString());
+        EXPECT_EQ(line.code, goods.code);
+        EXPECT_EQ(line.name, goods.name);
+        EXPECT_EQ(line.unit, goods.unit);
+        EXPECT_EQ(line.quantity, quantityOf(paper.quantity));
+        const Cents price =
+            paper.price.isEmpty() ? goods.price : *scaledNumber(paper.price.toStdString(), PriceDecimals);
+        EXPECT_EQ(line.price, price);
+        EXPECT_EQ(line.amount, amountOf(quantityOf(paper.quantity), price));
+        QString warehouse;
+        for (const CodeAndName& known : catalogue.warehouses())
+            if (known.code == (paper.warehouse.isEmpty() ? QString("C01") : paper.warehouse))
+                warehouse = known.name;
+        EXPECT_EQ(line.warehouse, warehouse);
+        const QDate day = paper.day.isEmpty() ? QDate(2026, 11, 27)
+                                              : QDate(2026, paper.day.section('-', 0, 0).toInt(),
+                                                      paper.day.section('-', 1).toInt());
+        EXPECT_EQ(line.delivery, day);
+        EXPECT_EQ(line.slot, day.toString(Qt::ISODate) + " 上午");
+        EXPECT_EQ(line.remark, paper.remark);
+        EXPECT_FALSE(line.gift);
+    }
+};
+
+/// The number in a row of the manual's table.
+int manualSays(const QString& row) {
+    QFile page(QStringLiteral(KX_KEYS_PAGE));
+    EXPECT_TRUE(page.open(QIODevice::ReadOnly));
+    const QRegularExpression cells("\\| " + QRegularExpression::escape(row) + " \\| (\\d+) \\|");
+    return cells.match(QString::fromUtf8(page.readAll())).captured(1).toInt();
+}
+}  // namespace
+
+TEST_F(OrderKeyCount, OfTwentyLinesIsAtMostTwoHundredAndEightyNineAndWhatTheManualSays) {
+    open();
+    const int count = key(byKey);
+    RecordProperty("keys", count);
+    EXPECT_LE(count, 289);
+    EXPECT_EQ(count, manualSays("Tab to the price, F3, F4, F5 to the others"));
+    expectStored();
+}
+
+TEST_F(OrderKeyCount, WithEnterPastWhatIsFilledIsWhatTheManualSays) {
+    open();
+    EXPECT_EQ(key(byTabAndEnter), manualSays("Tab, and Enter past what is filled"));
+    expectStored();
+}
+
+TEST_F(OrderKeyCount, ByTabAloneIsWhatTheManualSays) {
+    open();
+    EXPECT_EQ(key(byTab), manualSays("Tab alone"));
+    expectStored();
+}
+
+TEST_F(OrderKeyCount, KeysToAColumnCommitWhatIsTypedAndStayWithWhatIsRefused) {
+    open();
+    play({"type K0002", "key Enter", "type 100001", "key F3"});
+    EXPECT_EQ(cell(1, OrderGrid::Code), "100001");
+    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    play({"type X9", "key F4"});
+    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    EXPECT_TRUE(grid().editorView().refused);
+    EXPECT_EQ(grid().editorView().tip, "没有这个仓库,请更正。");
+    play({"key F5"});
+    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    play({"type C02", "key F4", "key F5"});
+    EXPECT_EQ(grid().Col(), OrderGrid::Remark);
+    play({"key F6", "key F3"});
+    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    EXPECT_TRUE(grid().IsActive());
+    EXPECT_EQ(answers.problems, QStringList{});
+}
