@@ -14,12 +14,16 @@ EditSession::EditSession(const EditingContext& context) : c_(context), gate_(con
 
 void EditSession::setText(std::string_view text) {
     mirror();
-    if (box_.setText(text)) textChanged();
+    if (box_.setText(text)) {
+        textChanged();
+        suggestions_.close();
+    }
     publish();
 }
 
 void EditSession::setTag(std::string_view tag) {
     mirror();
+    tagOfTyped_.reset();
     box_.setTag(tag);
 }
 
@@ -58,6 +62,7 @@ void EditSession::show(Focus focus) {
     validLock_ = 0;
     chosen_ = false;
     typedInto_ = false;
+    tagOfTyped_.reset();
     opened_ = box_.text();
     state_ = State::Open;
     suggestions_.begin();
@@ -235,6 +240,7 @@ void EditSession::edited(std::string_view text, std::size_t selStart, std::size_
     face_.follow(box_);
     if (changed) {
         typedInto_ = true;
+        if (tagOfTyped_) box_.setTag(*std::exchange(tagOfTyped_, std::nullopt));
         textChanged();
     }
     if (shownOtherwise || (changed && (wasTold || face_.buttonInTheWay()))) publish();
@@ -251,8 +257,8 @@ void EditSession::selected(std::size_t selStart, std::size_t selLength) {
 /// A text that was refused beside the editor keeps its reason, wherever the keyboard is: the clerk comes back to
 /// it, and Enter does not check it once more.
 void EditSession::focusLost() {
-    suggestions_.close();
     commitUnlessLocked();
+    suggestions_.close();
     if (tip_.empty() || (locked() && tellsBeside())) return;
     tip_.clear();
     publish();

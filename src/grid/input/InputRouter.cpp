@@ -200,7 +200,7 @@ void InputRouter::helpButtonPressed() {
 }
 
 void InputRouter::suggestionPressed(std::size_t index) {
-    acting([&] { c_.editor.suggestionPressed(index); });
+    if (!composing_) acting([&] { c_.editor.suggestionPressed(index); });
 }
 
 void InputRouter::surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
