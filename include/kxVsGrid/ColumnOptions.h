@@ -62,12 +62,21 @@ class ColumnOptions {
     void accepts(Acceptance rule) { accepts_ = std::move(rule); }
 
     /// What is suggested while the clerk types into a cell of the column (Suggestions.h); an empty function for
-    /// nothing. It is asked for each text, as long as the text is not blank and the list was not closed by Esc.
-    /// Down goes into the list and moves there; Enter and Tab take the one that was moved to, Enter also the
-    /// only one, unless the text is one of the suggested texts already. What is taken is committed and checked
-    /// as if it were typed.
+    /// nothing. It is asked for each text that the clerk makes, as long as the text is not blank and the list
+    /// was not closed by Esc; another source is asked from the next text on. Down and PageDown go into the list
+    /// and move there, Up and PageUp move back, and out of it from the first one. Enter and Tab take the one
+    /// that was moved to; Enter also the only one that was answered for the present text, unless it is that text,
+    /// or the clerk has been in the list and left it. What is taken is committed and checked as if it were
+    /// typed, and Enter goes on from there in the same press.
+    ///
+    /// A text that is one of those shown is committed as it was typed, whichever key commits it, with that
+    /// one's tag. A text that is the one of before the edit keeps its tag: always when it was typed, and when
+    /// it was taken in a column with a check, which is not asked for it.
+    ///
+    /// In an editor of several lines Down goes into the list from the end of the text alone, and Enter takes
+    /// only what the clerk has moved to: before that they are the text's.
     const SuggestionSource& suggest() const { return suggest_; }
-    void suggest(SuggestionSource source) { suggest_ = std::move(source); }
+    void suggest(SuggestionSource source);
 
     /// Enter passes over a cell of the column that is filled: its text is not empty. Tab and the arrows stop
     /// there. False at first.

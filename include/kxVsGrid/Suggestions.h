@@ -26,16 +26,18 @@ namespace kxVsGrid {
 
 /// What the clerk may have meant.
 struct Suggestion {
-    std::string
-        text;         ///< takes the place of what was typed, and is committed and checked as if it were typed
-    std::string tag;  ///< goes with it, where the check of the column does not put another one
+    /// Takes the place of what was typed, and is committed and checked as if it were typed; the most characters
+    /// of the column do not cut it. Line ends become blanks where the editor has one line. A blank one is not
+    /// shown.
+    std::string text;
+    std::string tag;   ///< goes with it, where the check of the column does not put another one
     std::string note;  ///< stands beside the text in the list: a name, a size
     friend bool operator==(const Suggestion&, const Suggestion&) = default;
 };
 
 /// The candidates for one text, best first. It may be called at once or later, from the thread that asked; once
-/// the text, the cell or the control is another or gone it does nothing. A later answer takes the place of an
-/// earlier one, until the clerk has moved into the list.
+/// the text, the cell or the control is another or gone it does nothing, and neither does it once the clerk has
+/// moved into the list that stands there. Called again, the later answer takes the place of the earlier one.
 using SuggestionAnswer = std::function<void(std::vector<Suggestion>)>;
 
 struct SuggestionRequest {
@@ -44,12 +46,18 @@ struct SuggestionRequest {
     SuggestionAnswer answer;
 };
 
-/// Whatever it throws is the host's fault and is reported as a listener's; the clerk's text stays, without
-/// suggestions.
+/// It may do anything, as a listener may. Whatever it throws is the host's fault and is reported as a
+/// listener's; the clerk's text stays, without suggestions.
 using SuggestionSource = std::function<void(const SuggestionRequest&)>;
 
 /// A source that holds its candidates in memory and finds them by the beginning of their text, by a word
-/// inside, or by other names that they have, initials for instance. Copies share the candidates.
+/// inside, or by other names that they have, initials for instance. Copies share the candidates, and are used
+/// from one thread at a time.
+///
+/// Nothing is prepared before the first key: adding costs under a microsecond. What is typed is found by reading
+/// what was not read for the text before, if that one has only grown: mostly well below a millisecond, at most
+/// some 8 ms among 1,000,000 candidates. Memory: about 60 bytes a candidate and 13 a name; beside that the text
+/// twice, tag, note and names once. While it grows it may hold as much again in reserve.
 class SuggestionList {
   public:
     /// So many are answered at most, best first: the exact text, then texts that begin with what was typed,
@@ -63,7 +71,8 @@ class SuggestionList {
     void clear();
     std::size_t size() const;
 
-    /// Latin letters match in both cases.
+    /// The letters A to Z match in both cases. A candidate is answered once, whatever it is found by; an empty
+    /// text is the beginning of all.
     std::vector<Suggestion> match(std::string_view typed, std::size_t most = MostAnswered) const;
     /// As a source.
     void operator()(const SuggestionRequest& request) const;

@@ -70,6 +70,16 @@ void ColumnOptions::pattern(std::string_view expression) {
     compiled_ = std::move(compiled);
 }
 
+/// It is held while it is asked, since it may put another one: what it holds by value shall not be copied then.
+void ColumnOptions::suggest(SuggestionSource source) {
+    if (!source) {
+        suggest_ = nullptr;
+        return;
+    }
+    suggest_ = [shared = std::make_shared<const SuggestionSource>(std::move(source))](
+                   const SuggestionRequest& request) { (*shared)(request); };
+}
+
 /// The matcher calls itself for each character: the stack bounds how long a text can be.
 bool ColumnOptions::matches(std::string_view text) const {
     if (!compiled_) return true;

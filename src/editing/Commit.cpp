@@ -16,6 +16,7 @@ bool EditSession::commit() {
         drop();
         return true;
     }
+    settleSuggestions();
     try {
         const bool done = attempt();
         handKeyboardOver();

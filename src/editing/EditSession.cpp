@@ -13,12 +13,16 @@ EditSession::EditSession(const EditingContext& context) : c_(context), gate_(con
 
 void EditSession::setText(std::string_view text) {
     mirror();
-    if (box_.setText(text)) textChanged();
+    if (box_.setText(text)) {
+        textChanged();
+        suggestions_.close();
+    }
     publish();
 }
 
 void EditSession::setTag(std::string_view tag) {
     mirror();
+    tagOfTyped_.reset();
     box_.setTag(tag);
 }
 
@@ -57,6 +61,7 @@ void EditSession::show(Focus focus) {
     validLock_ = 0;
     chosen_ = false;
     typedInto_ = false;
+    tagOfTyped_.reset();
     opened_ = box_.text();
     state_ = State::Open;
     suggestions_.begin();
@@ -227,6 +232,7 @@ void EditSession::edited(std::string_view text, std::size_t selStart, std::size_
     face_.follow(box_);
     if (!changed) return;
     typedInto_ = true;
+    if (tagOfTyped_) box_.setTag(*std::exchange(tagOfTyped_, std::nullopt));
     textChanged();
     if (wasRefused || face_.buttonInTheWay()) publish();
     askForSuggestions();
@@ -239,8 +245,8 @@ void EditSession::selected(std::size_t selStart, std::size_t selLength) {
 }
 
 void EditSession::focusLost() {
-    suggestions_.close();
     commitUnlessLocked();
+    suggestions_.close();
     if (tip_.empty()) return;
     tip_.clear();
     publish();

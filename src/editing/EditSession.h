@@ -147,6 +147,8 @@ class EditSession {
     void takeChosen(const cVsControl& column);
     void askForSuggestions();
     void take(const Suggestion& suggestion);
+    void takeTag(const std::string& tag);
+    void settleSuggestions();
     void publishSuggestions();
 
     EditingContext c_;
@@ -157,10 +159,11 @@ class EditSession {
     bool committing_ =
         false;  ///< also when the editor has been hidden meanwhile: nothing else commits or opens
     std::int16_t validLock_ = 0;
-    bool chosen_ = false;     ///< the text was chosen in a help
-    bool typedInto_ = false;  ///< the clerk has changed the text since the editor was opened
-    std::string opened_;      ///< the text that it was opened with
-    std::string tip_;         ///< why the expression was refused, while the clerk shall see it
+    bool chosen_ = false;                    ///< the text was chosen in a help
+    bool typedInto_ = false;                 ///< the clerk has changed the text since the editor was opened
+    std::optional<std::string> tagOfTyped_;  ///< the tag that a suggested one has taken the place of
+    std::string opened_;                     ///< the text that it was opened with
+    std::string tip_;                        ///< why the expression was refused, while the clerk shall see it
     TextBox box_;
     suggest::SuggestionChoice suggestions_{[this] { publishSuggestions(); }};
     EnteredCell entered_;

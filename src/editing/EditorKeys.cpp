@@ -5,6 +5,10 @@
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
+namespace {
+
+constexpr std::ptrdiff_t SuggestionsPerPage = 10;
+}  // namespace
 
 bool EditorKeys::keyDown(Key key) {
     switch (key) {
@@ -15,17 +19,21 @@ bool EditorKeys::keyDown(Key key) {
             escape();
             return true;
         case Key::Enter:
-            if (multiLine()) return false;
+            if (isTheTexts(key)) return false;
             enter();
             return true;
         case Key::Up:
-            if (multiLine()) return false;
+            if (isTheTexts(key)) return false;
             up();
             return true;
         case Key::Down:
-            if (multiLine()) return false;
+            if (isTheTexts(key)) return false;
             down();
             return true;
+        case Key::PageUp:
+            return page(-SuggestionsPerPage);
+        case Key::PageDown:
+            return page(SuggestionsPerPage);
         case Key::Left:
             return left();
         case Key::Right:
@@ -39,6 +47,17 @@ bool EditorKeys::multiLine() const {
     return c_.columns.at(c_.grid.Col()).b是否编辑多行();
 }
 
+/// At the end of the text Down has nowhere to go in it.
+bool EditorKeys::isTheTexts(Key key) const {
+    if (!multiLine() || session_.suggestions().entered()) return false;
+    return key != Key::Down || !session_.suggestions().shown() || !session_.box().caretAtEnd();
+}
+
+bool EditorKeys::page(std::ptrdiff_t suggestions) {
+    session_.suggestions().move(suggestions);
+    return session_.suggestions().shown();
+}
+
 void EditorKeys::escape() {
     if (session_.suggestions().dismiss()) return;
     session_.giveUp();
@@ -47,7 +66,7 @@ void EditorKeys::escape() {
 
 void EditorKeys::enter() {
     session_.takeSuggestion(suggest::SuggestionChoice::By::Enter);
-    session_.setText(support::withoutLineBreaks(session_.box().text()));
+    if (!multiLine()) session_.setText(support::withoutLineBreaks(session_.box().text()));
     if (session_.locked() || !session_.commitOrStay()) return;
     moveByEnterRule(c_);
     focusToGrid();

@@ -17,6 +17,9 @@ class EditorKeys {
 
   private:
     bool multiLine() const;
+    /// The key is for the lines of the text, not for the list or the cells.
+    bool isTheTexts(Key key) const;
+    bool page(std::ptrdiff_t suggestions);
     void escape();
     void enter();
     void up();

@@ -279,6 +279,14 @@ Desk& Desk::pressHelpButton() {
     return *this;
 }
 
+Desk& Desk::pressSuggestion(std::size_t index) {
+    Call call(*this);
+    if (index >= station().suggestions.texts.size())
+        throw std::logic_error("no suggestion " + std::to_string(index) + " can be pressed: it is not shown");
+    station().input()->suggestionPressed(index);
+    return *this;
+}
+
 Desk& Desk::mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) {
     Call call(*this);
     endComposition();

@@ -239,6 +239,10 @@ const std::optional<WheelHookState>& Desk::wheelHook() const {
     return station().wheelHook;
 }
 
+const ShownSuggestions& Desk::suggestions() const {
+    return station().suggestions;
+}
+
 const std::vector<std::string>& Desk::reports() const {
     return records_->reports;
 }

@@ -29,6 +29,15 @@ class Desk::DeskSeat : public Seat {
         station_->tip = editor.tip;
         if (newTip && !station_->removed) desk_.showTip(editor.tip, onScreen(editor.rect));
     }
+    void showSuggestions(const SuggestionView& list) override {
+        ShownSuggestions shown;
+        for (const Suggestion& one : list.candidates) {
+            shown.texts.push_back(one.text);
+            shown.notes.push_back(one.note);
+        }
+        shown.current = list.current;
+        station_->suggestions = std::move(shown);
+    }
     void typeIntoEditor(std::string_view character) override {
         if (station_->removed) return;
         station_->box.insert(character);

@@ -17,6 +17,7 @@ struct Desk::Station {
         nullptr;  ///< known before `grid` is set: a seat is taken while the control is constructed
     TextLine box;
     std::string tip;  ///< that is shown at the editor
+    ShownSuggestions suggestions;
     bool composing = false;
     std::string composed;
     std::optional<WheelHookState> wheelHook;

@@ -25,7 +25,7 @@ void SuggestionChoice::typed(const SuggestionSource& source, std::int32_t row, s
     if (!asked || dismissed_ || wanted.empty()) return close();
     const std::uint64_t request = ++request_;
     fresh_ = false;
-    if (std::exchange(current_, -1) >= 0) changed_();
+    go(-1);
     SuggestionAnswer answer = [life = std::weak_ptr(life_), request](std::vector<Suggestion> candidates) {
         const std::shared_ptr<Life> held = life.lock();
         if (held && held->choice) held->choice->answered(request, std::move(candidates));
@@ -34,7 +34,7 @@ void SuggestionChoice::typed(const SuggestionSource& source, std::int32_t row, s
     try {
         asked({row, wanted, std::move(answer)});
     } catch (...) {
-        if (held->choice) close();
+        if (held->choice && request == request_) close();
         throw;
     }
 }
@@ -42,6 +42,7 @@ void SuggestionChoice::typed(const SuggestionSource& source, std::int32_t row, s
 void SuggestionChoice::answered(std::uint64_t request, std::vector<Suggestion> candidates) {
     if (request != request_ || current_ >= 0) return;
     fresh_ = true;
+    std::erase_if(candidates, [](const Suggestion& one) { return support::trim(one.text).empty(); });
     show(std::move(candidates));
 }
 
@@ -73,16 +74,36 @@ void SuggestionChoice::begin() {
 bool SuggestionChoice::move(std::ptrdiff_t steps) {
     if (!shown() || (current_ < 0 && steps < 0)) return false;
     const auto last = static_cast<std::ptrdiff_t>(candidates_.size()) - 1;
-    const std::ptrdiff_t wanted = current_ < 0 ? 0 : std::clamp<std::ptrdiff_t>(current_ + steps, 0, last);
-    if (std::exchange(current_, wanted) != wanted) changed_();
+    const bool leaves = current_ == 0 && steps < 0;
+    const std::ptrdiff_t wanted = leaves         ? -1
+                                  : current_ < 0 ? 0
+                                                 : std::clamp<std::ptrdiff_t>(current_ + steps, 0, last);
+    if (leaves) fresh_ = false;
+    go(wanted);
     return true;
+}
+
+bool SuggestionChoice::point(std::size_t index) {
+    if (index >= candidates_.size()) return false;
+    go(static_cast<std::ptrdiff_t>(index));
+    return true;
+}
+
+void SuggestionChoice::go(std::ptrdiff_t wanted) {
+    if (std::exchange(current_, wanted) != wanted) changed_();
 }
 
 std::optional<Suggestion> SuggestionChoice::chosen(By key, std::string_view text) const {
     if (current_ >= 0) return candidates_[static_cast<std::size_t>(current_)];
-    if (key != By::Enter || !fresh_ || candidates_.size() != 1) return std::nullopt;
-    const Suggestion& only = candidates_.front();
-    return only.text == support::trim(text) ? std::nullopt : std::optional(only);
+    const bool only = fresh_ && candidates_.size() == 1;
+    return key == By::Enter && only && !same(text) ? std::optional(candidates_.front()) : std::nullopt;
+}
+
+std::optional<Suggestion> SuggestionChoice::same(std::string_view text) const {
+    const std::string_view wanted = support::trim(text);
+    const auto found = std::find_if(candidates_.begin(), candidates_.end(),
+                                    [wanted](const Suggestion& one) { return one.text == wanted; });
+    return found == candidates_.end() ? std::nullopt : std::optional(*found);
 }
 
 std::optional<Suggestion> SuggestionChoice::at(std::size_t index) const {

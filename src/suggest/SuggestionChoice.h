@@ -37,12 +37,20 @@ class SuggestionChoice {
 
     bool shown() const { return !candidates_.empty(); }
     SuggestionView view() const { return {candidates_, current_}; }
-    /// So many candidates down, or up when negative; from outside the list to its first one. False, and
-    /// nothing happens, when none is shown, or the clerk goes up without having gone down.
+    /// The clerk has moved to one of the candidates.
+    bool entered() const { return current_ >= 0; }
+    /// So many candidates down, or up when negative, no further than to the first and the last one; down from
+    /// outside the list to its first one, and up from there out of it again. False, and nothing happens, when
+    /// none is shown, or the clerk goes up without having gone down.
     bool move(std::ptrdiff_t steps);
+    /// To one that was pressed. False when it is not there any more.
+    bool point(std::size_t index);
     /// What the key takes in place of the text: the one that the clerk moved to; else nothing where the text
-    /// is a candidate's already, or for Tab; else, for Enter, the only one.
+    /// is a candidate's already, or for Tab; else, for Enter, the only one, unless the clerk has been there and
+    /// left it.
     std::optional<Suggestion> chosen(By key, std::string_view text) const;
+    /// The first one that has the text, trimmed; byte by byte.
+    std::optional<Suggestion> same(std::string_view text) const;
     /// One that was pressed; nothing when it is not there any more.
     std::optional<Suggestion> at(std::size_t index) const;
 
@@ -50,13 +58,14 @@ class SuggestionChoice {
     struct Life;
     void answered(std::uint64_t request, std::vector<Suggestion> candidates);
     void show(std::vector<Suggestion> candidates);
+    void go(std::ptrdiff_t wanted);
 
     std::function<void()> changed_;
     std::shared_ptr<Life> life_;
     std::uint64_t request_ = 0;
     std::vector<Suggestion> candidates_;
     std::ptrdiff_t current_ = -1;
-    bool fresh_ = false;      ///< the candidates are those for the present text
+    bool fresh_ = false;      ///< the candidates are those for the present text, and none was turned down
     bool dismissed_ = false;  ///< the clerk wants no list
 };
 }  // namespace kxVsGrid::suggest

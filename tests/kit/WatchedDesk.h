@@ -56,6 +56,7 @@ class WatchedDesk : public headless::Desk {
             shown_ = shown;
             seat_->showEditor(editor);
         }
+        void showSuggestions(const SuggestionView& list) override { seat_->showSuggestions(list); }
         void typeIntoEditor(std::string_view character) override { seat_->typeIntoEditor(character); }
         void editText(Command command) override { seat_->editText(command); }
         void layoutChanged() override { seat_->layoutChanged(); }

@@ -57,6 +57,16 @@ struct Good {
     double price;
 };
 
+/// Answers the last question when it is told to.
+struct GoodsServer {
+    std::vector<std::string> asked;
+    SuggestionAnswer answer;
+    void find(const std::string& text, SuggestionAnswer then) {
+        asked.push_back(text);
+        answer = std::move(then);
+    }
+};
+
 std::string exampleText(const std::string& name) {
     std::ifstream file(KX_EXAMPLES + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -224,6 +234,22 @@ TEST(HeaderExamples, ThatOfStoredKeysListsTheKeysOfAColumn) {
     testing::internal::CaptureStdout();
 #include "examples/StoredKeys.inc"
     EXPECT_NE(testing::internal::GetCapturedStdout().find("SetVsControl3bIsEditable\n"), std::string::npos);
+}
+
+TEST(HeaderExamples, ThatOfSuggestionsFindsInMemoryAndAsksAServer) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    GoodsServer server;
+#include "examples/Suggestions.inc"
+    desk.focusGrid();
+    desk.type("LJ");
+    EXPECT_TRUE(desk.suggestions().texts.empty());
+    ASSERT_EQ(server.asked, (std::vector<std::string>{"L", "LJ"}));
+    server.answer(goods.match("LJ"));
+    EXPECT_EQ(desk.suggestions().texts, (std::vector<std::string>{"100001"}));
+    desk.press(Key::Enter);
+    EXPECT_EQ(grid.ReadCell(1, 1, true), "100001");
+    EXPECT_EQ(grid.ReadCell(1, 1, false), "六角螺栓");
 }
 
 TEST(HeaderExamples, ThatOfTextBagIsSuchAText) {

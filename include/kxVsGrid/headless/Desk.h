@@ -48,6 +48,14 @@ struct ShownDialog {
     friend bool operator==(const ShownDialog&, const ShownDialog&) = default;
 };
 
+/// The list of suggestions as it stands at the editor; without texts none is shown.
+struct ShownSuggestions {
+    std::vector<std::string> texts;
+    std::vector<std::string> notes;  ///< one for each text
+    std::ptrdiff_t current = -1;     ///< the one that the clerk has moved to; -1: none
+    friend bool operator==(const ShownSuggestions&, const ShownSuggestions&) = default;
+};
+
 /// What a control has told its wheel hook last.
 struct WheelHookState {
     std::int32_t fixedRows = 0;
@@ -129,6 +137,8 @@ class Desk : public Platform {
     Desk& rightClick(std::int32_t row, std::int32_t col, std::int16_t shift = 0);
     Desk& clickEditor();
     Desk& pressHelpButton();
+    /// Presses one of the suggestions that are shown, by its place there; std::logic_error when there is none.
+    Desk& pressSuggestion(std::size_t index);
     Desk& mouseDown(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     Desk& mouseMove(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     Desk& mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
@@ -146,6 +156,8 @@ class Desk : public Platform {
     SeenEditor editor() const;
     /// The clerk moves the caret or selects; positions count characters.
     Desk& select(std::size_t start, std::size_t length = 0);
+    /// What is suggested at the editor of the control in use.
+    const ShownSuggestions& suggestions() const;
 
     // --- What was shown and asked.
     const std::vector<MessageBox>& messages() const;

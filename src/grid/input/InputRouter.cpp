@@ -200,7 +200,7 @@ void InputRouter::helpButtonPressed() {
 }
 
 void InputRouter::suggestionPressed(std::size_t index) {
-    acting([&] { c_.editor.suggestionPressed(index); });
+    if (!composing_) acting([&] { c_.editor.suggestionPressed(index); });
 }
 
 void InputRouter::suggestionsGone() {
