@@ -124,6 +124,8 @@ class Input {
     virtual void helpButtonPressed() = 0;
     /// A suggestion was pressed in the list that is shown, by its place there: it is taken as Enter takes one.
     virtual void suggestionPressed(std::size_t index) = 0;
+    /// The list that was shown has gone by itself: its window has changed. The next text opens one again.
+    virtual void suggestionsGone() = 0;
     /// The mouse moved over the control's own surface, outside the grids.
     virtual void surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) = 0;
     /// Notches of the wheel; positive is down. Three rows each.

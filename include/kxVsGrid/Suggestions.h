@@ -85,7 +85,7 @@ class SuggestionList {
 /// The list as it has to be shown: under the text box, or above it where there is no room; it takes neither
 /// keys nor the keyboard.
 struct SuggestionView {
-    std::span<const Suggestion> candidates;  ///< valid during the call; none: no list is shown
+    std::span<const Suggestion> candidates;  ///< none: no list is shown; valid until the next view
     std::ptrdiff_t current = -1;             ///< the one that the clerk has moved to; -1: none
 };
 }  // namespace kxVsGrid

@@ -20,6 +20,10 @@ void QtSeat::showEditor(const EditorView& editor) {
     if (Stage* stage = shown()) stage->showEditor(editor);
 }
 
+void QtSeat::showSuggestions(const SuggestionView& suggestions) {
+    if (Stage* stage = shown()) stage->showSuggestions(suggestions);
+}
+
 void QtSeat::typeIntoEditor(std::string_view character) {
     if (Stage* stage = shown()) stage->typeIntoEditor(character);
 }

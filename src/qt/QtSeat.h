@@ -16,6 +16,7 @@ class QtSeat : public Seat {
     void giveFocus(FocusPlace place) override;
     void leaveControl(bool forward) override;
     void showEditor(const EditorView& editor) override;
+    void showSuggestions(const SuggestionView& suggestions) override;
     void typeIntoEditor(std::string_view character) override;
     void editText(Command command) override;
     void layoutChanged() override;

@@ -24,6 +24,8 @@ Stage::Stage(kxGridWidget& widget)
       button_(new HelpButton(*this, &widget)),
       tip_(new EditorTip(widget)),
       box_(std::make_unique<EditorBox>(*this, widget)),
+      suggestions_({[this](std::size_t index) { pressSuggestion(index); },
+                    [this] { guarded([](Input& input) { input.suggestionsGone(); }); }}),
       bars_(std::make_unique<ScrollBars>(widget, [this](std::int32_t top, std::int32_t left) {
           if (guarded([&](Input& input) { input.scrolled(top, left); }))
               bars_->follow(grid().Grid(), scale());
@@ -61,6 +63,7 @@ void Stage::close() {
     machine_->stage = nullptr;
     if (awaitedPress_) awaitedPress_->forget();
     repaint_.stop();
+    suggestions_.end();
     machine_->grid->Grid().onDamage({});
     machine_->grid->Grid_Sum().onDamage({});
 }
@@ -181,6 +184,23 @@ void Stage::showTip() {
         tip_->showFor(box_->widget(), box_->tip());
     else
         tip_->hide();
+}
+
+void Stage::showSuggestions(const SuggestionView& suggestions) {
+    suggestions_.show(box_->widget(), suggestions);
+}
+
+/// What is being composed is typed first, and may bring other suggestions: the one that was pressed counts.
+void Stage::pressSuggestion(std::size_t index) {
+    const Suggestion* const candidate = suggestions_.at(index);
+    if (candidate == nullptr) return;
+    const Suggestion pressed = *candidate;
+    const std::shared_ptr<Machine> machine = machine_;
+    endComposition();
+    if (machine->stage == nullptr) return;
+    const Suggestion* const now = suggestions_.at(index);
+    const auto place = now && *now == pressed ? std::optional(index) : suggestions_.find(pressed);
+    if (place) guarded([place](Input& input) { input.suggestionPressed(*place); });
 }
 
 void Stage::typeIntoEditor(std::string_view character) {

@@ -11,6 +11,7 @@
 #include "qt/Machine.h"
 #include "qt/actions/CommandActions.h"
 #include "qt/settings/StoredSettings.h"
+#include "qt/suggestions/SuggestionsAt.h"
 #include "qt/text/EditorBox.h"
 #include "qt/text/EditorTip.h"
 #include "qt/text/HelpButton.h"
@@ -75,6 +76,7 @@ class Stage {
     void giveFocus(FocusPlace place);
     void leaveControl(bool forward);
     void showEditor(const EditorView& view);
+    void showSuggestions(const SuggestionView& suggestions);
     void typeIntoEditor(std::string_view character);
     void editText(Command command);
     void layoutChanged();
@@ -124,6 +126,7 @@ class Stage {
     void watchFocus();
     void showFocus(bool focused);
     void showTip();
+    void pressSuggestion(std::size_t index);
     void watchDamage();
     void damaged();
     void repaintDamage();
@@ -138,6 +141,7 @@ class Stage {
     HelpButton* button_;
     QPointer<EditorTip> tip_;  // it may be its window's
     std::unique_ptr<EditorBox> box_;
+    SuggestionsAt suggestions_;
     std::unique_ptr<ScrollBars> bars_;
     QTimer repaint_;
     QPointer<AwaitedPress> awaitedPress_;

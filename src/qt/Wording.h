@@ -18,5 +18,6 @@ inline const QString Delete = QStringLiteral("删除(&D)");
 inline const QString SelectAll = QStringLiteral("全选(&A)");
 inline const QString Grid = QStringLiteral("表格");
 inline const QString Editor = QStringLiteral("单元格");
+inline const QString Suggestions = QStringLiteral("建议");
 inline const QString Help = QStringLiteral("帮助");
 }  // namespace kxVsGrid::qt::wording

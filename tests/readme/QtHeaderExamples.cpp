@@ -8,6 +8,7 @@
 #include "kxVsGrid/qt/FileBag.h"
 #include "kxVsGrid/qt/SettingsBag.h"
 #include "kxVsGrid/qt/ShowForm.h"
+#include "kxVsGrid/qt/SuggestingLineEdit.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 
 /// A window of a host, in whose members the examples stand.
@@ -25,6 +26,9 @@ class WindowWithAGrid : public QWidget {
     void keepInSettings() {
 #include "examples/qt/SettingsBag.inc"
     }
+    void askForATown() {
+#include "examples/qt/SuggestingLineEdit.inc"
+    }
     void showPage() {
 #include "examples/qt/ShowForm.inc"
     }
@@ -39,5 +43,6 @@ void useTheExamples(WindowWithAGrid& window) {
     window.keepADraft();
     window.keepInAFile();
     window.keepInSettings();
+    window.askForATown();
     window.showPage();
 }

@@ -203,6 +203,10 @@ void InputRouter::suggestionPressed(std::size_t index) {
     if (!composing_) acting([&] { c_.editor.suggestionPressed(index); });
 }
 
+void InputRouter::suggestionsGone() {
+    c_.editor.suggestions().close();
+}
+
 void InputRouter::surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) {
     c_.host.raise(&GridEvents::MouseMove, button, shift, x, y);
 }

@@ -54,6 +54,7 @@ class InputRouter : public Input {
     void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y) override;
     void helpButtonPressed() override;
     void suggestionPressed(std::size_t index) override;
+    void suggestionsGone() override;
     void surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) override;
     void wheel(std::int32_t notches) override;
     void scrolled(std::int32_t topRow, std::int32_t leftCol) override;
