@@ -5,15 +5,14 @@
 #include "clerk/SortedRows.h"
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
+#include "editing/InputForms.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::clerk {
 namespace {
 
 SortKind kindOf(const cVsControl& column) {
-    const auto check = static_cast<std::int32_t>(column.i字段有效性判断类型());
-    if (column.iType() == flexDTDate || check == ij日期型 || check == ij半日型 || check == ij时间型)
-        return SortKind::Dates;
+    if (column.iType() == flexDTDate || editing::dateFormOf(column)) return SortKind::Dates;
     return column.iType() == flexDTDouble || column.iType() == flexDTBoolean ? SortKind::Numbers
                                                                              : SortKind::Texts;
 }
