@@ -10,8 +10,6 @@
 namespace kxVsGrid::qt {
 namespace {
 
-constexpr int Padding = 3;
-
 /// Long texts stay longer.
 std::chrono::milliseconds lifeOf(const QString& text) {
     using namespace std::chrono_literals;
@@ -37,7 +35,6 @@ bool isNextAct(const QEvent& event) {
 Tip::Tip(QWidget& owner, const QRect& anchor, const QString& text) : TipLabel(owner.window()) {
     setFont(QToolTip::font());
     setPalette(QToolTip::palette());
-    setMargin(Padding);
     showBeside(anchor, 0, text, {owner.window()});
     qApp->installEventFilter(this);
     QTimer::singleShot(lifeOf(text), this, [this] { hide(); });

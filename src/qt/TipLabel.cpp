@@ -12,6 +12,8 @@
 namespace kxVsGrid::qt {
 namespace {
 
+/// Between the frame and the text.
+constexpr int Padding = 3;
 /// So many characters of full width are comfortable to read in one line.
 constexpr int ComfortableCharacters = 40;
 
@@ -61,6 +63,7 @@ TipLabel::TipLabel(QWidget* parent) : QLabel(parent) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
+    setMargin(Padding);
     setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     setAutoFillBackground(true);
     setForegroundRole(QPalette::ToolTipText);

@@ -7,11 +7,9 @@ namespace {
 
 /// Between the box and the tip, so that the box keeps its edge.
 constexpr int Gap = 2;
-constexpr int SideMargin = 4;
 }  // namespace
 
 EditorTip::EditorTip(QWidget& widget) : TipLabel(&widget), widget_(widget) {
-    setContentsMargins(SideMargin, 1, SideMargin, 1);
     hide();
 }
 
