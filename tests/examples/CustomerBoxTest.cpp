@@ -12,7 +12,7 @@ class CustomerChoice : public OrderEntry {
     CustomerChoice() { open(); }
 
     CustomerBox& box() { return *window->header().findChild<CustomerBox*>("customer"); }
-    QListView* list() { return window->findChild<QListView*>("customers"); }
+    QListView* list() { return window->findChild<QListView*>("suggestions"); }
     bool listShown() { return list() != nullptr && list()->isVisible(); }
     QString highlighted() { return list()->currentIndex().data().toString(); }
     bool inTheLines() { return grid().IsActive(); }
