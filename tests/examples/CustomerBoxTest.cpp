@@ -83,7 +83,10 @@ TEST_F(CustomerChoice, DownAndUpChooseInTheList) {
     press(Qt::Key_Down);
     EXPECT_TRUE(highlighted().startsWith("K0011"));
     press(Qt::Key_Up);
+    EXPECT_TRUE(highlighted().startsWith("K0010"));
     press(Qt::Key_Up);
+    EXPECT_EQ(highlighted(), "") << "out of the list, as in the cells of a grid";
+    press(Qt::Key_Down);
     EXPECT_TRUE(highlighted().startsWith("K0010"));
     press(Qt::Key_PageDown);
     EXPECT_TRUE(highlighted().startsWith("K0019"));
