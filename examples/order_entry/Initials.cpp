@@ -1,37 +1,46 @@
 #include "Initials.h"
 
-#include <QHash>
+#include <unicode/translit.h>
+#include <unicode/uscript.h>
 
-#include "SampleWords.h"
+#include <QHash>
+#include <memory>
 
 namespace {
-// Every word has one initial for each of its characters.
-void learn(QHash<QChar, QChar>& initials, const Word& word) {
-    for (const char16_t *text = word.text, *initial = word.initials; *text && *initial; ++text, ++initial)
-        if (*text > 0x7f) initials.emplace(QChar(*text), QChar(*initial));
+/// ICU knows a reading for every Chinese character: of those with several the most usual one, whatever word
+/// the character stands in. 弹簧 is "dh" for it, where a clerk types "th": initials can be written by hand.
+QChar read(UChar32 character) {
+    UErrorCode status = U_ZERO_ERROR;
+    static const std::unique_ptr<icu::Transliterator> reader(
+        icu::Transliterator::createInstance("Han-Latin; Latin-ASCII; Lower", UTRANS_FORWARD, status));
+    if (!reader) return {};
+    icu::UnicodeString text(character);
+    reader->transliterate(text);
+    const char16_t first = text.charAt(0);
+    return first >= u'a' && first <= u'z' ? QChar(first) : QChar();
 }
 
-QHash<QChar, QChar> learned() {
-    QHash<QChar, QChar> initials;
-    for (const GoodsFamily& family : goodsFamilies())
-        for (const auto* words : {&family.materials, &family.things})
-            for (const Word& word : *words) learn(initials, word);
-    const CustomerWords& customers = customerWords();
-    for (const CustomerWords::Town& town : customers.towns) learn(initials, town.name);
-    for (const auto* words : {&customers.firms, &customers.trades, &customers.forms})
-        for (const Word& word : *words) learn(initials, word);
-    return initials;
+/// Names are made of few hundred characters; reading one takes microseconds.
+QChar initialOf(UChar32 character) {
+    static QHash<UChar32, QChar> known;
+    const auto found = known.constFind(character);
+    return found != known.cend() ? *found : *known.insert(character, read(character));
+}
+
+bool isChinese(UChar32 character) {
+    UErrorCode status = U_ZERO_ERROR;
+    return uscript_getScript(character, &status) == USCRIPT_HAN;
 }
 }  // namespace
 
 QString initialsOf(const QString& name) {
-    static const QHash<QChar, QChar> initials = learned();
     QString result;
-    for (const QChar c : name.normalized(QString::NormalizationForm_KC).toLower()) {
-        if (c.unicode() <= 0x7f) {
-            if (c.isLetterOrNumber()) result += c;
-        } else if (const auto found = initials.constFind(c); found != initials.cend()) {
-            result += *found;
+    for (const uint c : name.normalized(QString::NormalizationForm_KC).toLower().toUcs4()) {
+        const auto character = static_cast<UChar32>(c);
+        if (c <= 0x7f) {
+            if (const QChar letter(static_cast<ushort>(c)); letter.isLetterOrNumber()) result += letter;
+        } else if (isChinese(character)) {
+            if (const QChar initial = initialOf(character); !initial.isNull()) result += initial;
         }
     }
     return result;

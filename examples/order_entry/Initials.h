@@ -3,6 +3,6 @@
 
 #include <QString>
 
-/// Letters and digits stand for themselves, in lower case; characters that the program's own words do not
-/// contain are left out.
+/// Letters and digits stand for themselves, in lower case; of Chinese characters with several readings the most
+/// usual one counts; anything else is left out.
 QString initialsOf(const QString& name);

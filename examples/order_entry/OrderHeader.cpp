@@ -40,7 +40,7 @@ OrderHeader::OrderHeader(QWidget* parent)
     connect(date_, &QDateEdit::dateChanged, this, &OrderHeader::dateChanged);
     connect(customer_, &CustomerBox::customerChanged, this, &OrderHeader::showContact);
     connect(customer_, &CustomerBox::customerChanged, this, &OrderHeader::changed);
-    connect(customer_, &CustomerBox::accepted, this, &OrderHeader::done);
+    connect(customer_, &CustomerBox::customerAccepted, this, &OrderHeader::done);
 }
 
 void OrderHeader::layOut() {

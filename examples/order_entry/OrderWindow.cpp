@@ -38,6 +38,9 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Cloc
       header_(new OrderHeader(this)),
       widget_(new kxVsGrid::qt::kxGridWidget(this)),
       grid_(std::make_unique<OrderGrid>(widget_->grid(), services())),
+      suggestions_(std::make_unique<OrderSuggestions>(
+          widget_->grid(), OrderSuggestions::Services{[this] { return catalogue_.allGoods(); },
+                                                      [this] { return catalogue_.warehouses(); }})),
       help_(std::make_unique<OrderGridHelp>(widget_->grid(), helpServices())),
       bar_(new RecoveryBar(this)),
       state_(new QLabel(this)),
@@ -68,7 +71,9 @@ OrderGridHelp::Services OrderWindow::helpServices() {
     // In front of the list that its edit button belongs to.
     result.editGoods = [this](const QString& code) {
         QWidget* list = QApplication::activeModalWidget();
-        return questions_.editGoods(list ? list : this, catalogue_, code);
+        const QString stored = questions_.editGoods(list ? list : this, catalogue_, code);
+        suggestions_->goodsChanged();
+        return stored;
     };
     result.chooseWarehouse = [this](std::int32_t x, std::int32_t y, const QString& typed) {
         const auto pixel = [this](std::int32_t twips) {
@@ -84,6 +89,7 @@ OrderGridHelp::Services OrderWindow::helpServices() {
 OrderWindow::~OrderWindow() {
     widths_.reset();
     help_.reset();
+    suggestions_.reset();
     grid_.reset();
 }
 

@@ -14,6 +14,7 @@
 #include "OrderGrid.h"
 #include "OrderGridHelp.h"
 #include "OrderStore.h"
+#include "OrderSuggestions.h"
 #include "Questions.h"
 
 class ColumnWidths;
@@ -154,6 +155,7 @@ class OrderWindow : public QMainWindow {
     OrderHeader* header_;
     kxVsGrid::qt::kxGridWidget* widget_;
     std::unique_ptr<OrderGrid> grid_;
+    std::unique_ptr<OrderSuggestions> suggestions_;
     std::unique_ptr<OrderGridHelp> help_;
     std::unique_ptr<OrderDraft> draft_;  ///< when drafts are kept
     QString conflict_;                   ///< the number of the order that this draft must not overwrite

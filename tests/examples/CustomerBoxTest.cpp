@@ -12,7 +12,7 @@ class CustomerChoice : public OrderEntry {
     CustomerChoice() { open(); }
 
     CustomerBox& box() { return *window->header().findChild<CustomerBox*>("customer"); }
-    QListView* list() { return window->findChild<QListView*>("customers"); }
+    QListView* list() { return window->findChild<QListView*>("suggestions"); }
     bool listShown() { return list() != nullptr && list()->isVisible(); }
     QString highlighted() { return list()->currentIndex().data().toString(); }
     bool inTheLines() { return grid().IsActive(); }
@@ -83,7 +83,10 @@ TEST_F(CustomerChoice, DownAndUpChooseInTheList) {
     press(Qt::Key_Down);
     EXPECT_TRUE(highlighted().startsWith("K0011"));
     press(Qt::Key_Up);
+    EXPECT_TRUE(highlighted().startsWith("K0010"));
     press(Qt::Key_Up);
+    EXPECT_EQ(highlighted(), "") << "out of the list, as in the cells of a grid";
+    press(Qt::Key_Down);
     EXPECT_TRUE(highlighted().startsWith("K0010"));
     press(Qt::Key_PageDown);
     EXPECT_TRUE(highlighted().startsWith("K0019"));

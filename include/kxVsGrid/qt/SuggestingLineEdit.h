@@ -9,9 +9,10 @@
 //     connect(town, &kxVsGrid::qt::SuggestingLineEdit::taken, this,
 //             [](const kxVsGrid::Suggestion& taken) { qInfo() << "Code:" << taken.note.c_str(); });
 //
-// Down goes into the list, Down, Up, PageDown and PageUp go on in it. Enter and Tab take the one that the clerk
-// went to; Enter else the only one, unless the text is one of the suggested texts already. Esc closes the list,
-// which stays closed until the keyboard has left. While an input method composes, all keys are its own.
+// Down goes into the list; Down, Up, PageDown and PageUp go on in it, Up leaves it from the first one. Enter and
+// Tab take the one that the clerk went to; Enter else the only one, unless the text is one of the suggested texts
+// already. A press takes one and leaves the keyboard in the field. Esc closes the list, which stays closed until
+// the keyboard has left. While an input method composes, all keys are its own.
 #pragma once
 
 #include <QLineEdit>

@@ -113,8 +113,6 @@ bool SuggestionBox::endsAt(const QObject& object, QEvent::Type type) const {
         case QEvent::Resize:
         case QEvent::WindowDeactivate:
             return window;
-        case QEvent::FocusOut:
-            return &object == editor_;
         default:
             return false;
     }
@@ -122,11 +120,14 @@ bool SuggestionBox::endsAt(const QObject& object, QEvent::Type type) const {
 
 bool SuggestionBox::eventFilter(QObject* object, QEvent* event) {
     const QEvent::Type type = event->type();
-    if (editor_ && endsAt(*object, type))
+    // Qt has this object look at parts of its own as well
+    const bool outside = object->isWidgetType() && watched_.contains(static_cast<QWidget*>(object));
+    if (!editor_ || !outside) return QListView::eventFilter(object, event);
+    if (endsAt(*object, type))
         end();
-    else if (editor_ && object == editor_ && type == QEvent::Resize)
+    else if (object == editor_ && type == QEvent::Resize)
         place();
-    else if (editor_ && object == editor_ && (type == QEvent::PaletteChange || type == QEvent::FontChange))
+    else if (object == editor_ && (type == QEvent::PaletteChange || type == QEvent::FontChange))
         adoptLook();
     return QListView::eventFilter(object, event);
 }

@@ -1,8 +1,8 @@
 // The list of suggestions at a text box. It is a part of the window, above its other parts, and takes neither
 // the keyboard nor a key.
 //
-// It belongs to the place where it came up: it goes when the text box goes, moves or loses the keyboard, and
-// when the window moves, changes its size or is not the active one any more.
+// It belongs to the place where it came up: it goes when the text box goes or moves, and when the window moves,
+// changes its size or is not the active one any more. Who owns the box puts the list away when the keyboard goes.
 #pragma once
 
 #include <QEvent>

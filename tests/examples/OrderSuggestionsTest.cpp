@@ -1,0 +1,101 @@
+// What is suggested in the cells of an order, as a clerk keys it.
+#include <QListView>
+
+#include "GoodsEditor.h"
+#include "OrderEntry.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class OrderSuggested : public OrderEntry {
+  protected:
+    OrderSuggested() {
+        open();
+        QTest::keyClicks(QApplication::focusWidget(), "K0017");
+        press(Qt::Key_Return);
+    }
+    QListView* list() { return window->findChild<QListView*>("suggestions"); }
+    /// The grid's own list, beside that of the customer's field.
+    QListView* shownList() {
+        for (QListView* one : window->findChildren<QListView*>("suggestions"))
+            if (one->isVisible()) return one;
+        return nullptr;
+    }
+    QStringList suggested() {
+        QStringList texts;
+        if (QListView* shown = shownList())
+            for (int row = 0; row < shown->model()->rowCount(); ++row)
+                texts += shown->model()->index(row, 0).data().toString();
+        return texts;
+    }
+    void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+    void type(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+    QString cell(int col, int row = 1) { return QString::fromStdString(grid().Grid().Text(row, col)); }
+    void go(int col) {
+        grid().Grid().Select(1, col);
+        window->findChild<kxVsGrid::qt::kxGridWidget*>()->setFocus();
+    }
+};
+
+TEST_F(OrderSuggested, AGoodIsTakenByItsInitialsAndFillsItsLine) {
+    type("ljls");
+    ASSERT_FALSE(suggested().isEmpty());
+    const QString first = suggested().front();
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(shownList(), nullptr);
+    EXPECT_EQ(cell(OrderGrid::Code), first);
+    EXPECT_TRUE(cell(OrderGrid::Name).contains(u"六角螺栓"_s));
+    EXPECT_NE(cell(OrderGrid::Spec), "");
+    EXPECT_NE(cell(OrderGrid::Unit), "");
+    EXPECT_NE(cell(OrderGrid::Price), "");
+    EXPECT_EQ(grid().Grid().Col(), OrderGrid::Quantity);
+}
+
+TEST_F(OrderSuggested, AGoodIsFoundByTheBeginningOfItsCodeAndByItsName) {
+    type("10000");
+    EXPECT_EQ(suggested().value(0), "100001");
+    press(Qt::Key_Escape);
+    press(Qt::Key_Escape);
+    type(u"螺栓"_s);
+    ASSERT_FALSE(suggested().isEmpty());
+    EXPECT_TRUE(shownList()
+                    ->model()
+                    ->index(0, 0)
+                    .data(Qt::AccessibleDescriptionRole)
+                    .toString()
+                    .contains(u"螺栓"_s));
+}
+
+TEST_F(OrderSuggested, AWholeCodeIsTakenAsItIsTypedWithOneEnter) {
+    type("100001");
+    press(Qt::Key_Return);
+    EXPECT_EQ(cell(OrderGrid::Code), "100001");
+    EXPECT_NE(cell(OrderGrid::Name), "");
+    EXPECT_EQ(grid().Grid().Col(), OrderGrid::Quantity);
+}
+
+TEST_F(OrderSuggested, WarehousesAreFoundByCodeNameOrInitials) {
+    type("100001");
+    press(Qt::Key_Return);
+    for (const QString& typed : {u"wjc"_s, u"五金"_s}) {
+        go(OrderGrid::Warehouse);
+        type(typed);
+        EXPECT_EQ(suggested(), QStringList{u"五金仓"_s}) << typed.toStdString();
+        press(Qt::Key_Return);
+        EXPECT_EQ(cell(OrderGrid::Warehouse), u"五金仓"_s);
+        grid().SetCell(1, OrderGrid::Warehouse, "");
+    }
+}
+
+TEST_F(OrderSuggested, UnitsAreSuggested) {
+    type("100001");
+    press(Qt::Key_Return);
+    go(OrderGrid::Unit);
+    type(u"平"_s);
+    EXPECT_EQ(suggested(), QStringList{u"平方米"_s});
+    press(Qt::Key_Return);
+    EXPECT_EQ(cell(OrderGrid::Unit), u"平方米"_s);
+}
+}  // namespace
