@@ -58,7 +58,7 @@ TEST_F(OrderBlocks, PastedLinesGetTheirGoodsAmountsPresetsAndTimesAndTheRowsThat
         EXPECT_EQ(lines[i].warehouse, QString("五金仓")) << i;
         EXPECT_EQ(lines[i].slot, QString("2026-11-27 上午")) << i;
     }
-    EXPECT_TRUE(told().empty());
+    EXPECT_TRUE(desk.messages().empty());
     while (desk.run(Command::Undo)) {
     }
     EXPECT_TRUE(grid.lines().empty());
@@ -68,7 +68,7 @@ TEST_F(OrderBlocks, AnUnknownCodeOfAPastedBlockIsMarkedAndTheOthersAreTaken) {
     paste(1, OrderGrid::Code, "100001\n4711\n100002");
     EXPECT_EQ(codes(), (QStringList{"100001", "100002"}));
     EXPECT_EQ(problemAt(2, OrderGrid::Code), QString("商品目录中没有这个货号,请更正。"));
-    EXPECT_TRUE(told().empty());
+    EXPECT_TRUE(desk.messages().empty());
     EXPECT_TRUE(desk.run(Command::NextProblem));
     EXPECT_EQ(control.Row(), 2);
     desk.type("100002").press(Key::Enter);
