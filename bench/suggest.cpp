@@ -25,7 +25,7 @@ constexpr std::int32_t Million = 1'000'000;
 
 /// A good of the last twentieth, another one at every turn.
 Good late(std::int32_t rows, std::int32_t turn) {
-    return goodOf(rows - 1 - turn * 7 % (rows / 20));
+    return goodOf(rows - 1 - turn * 7919 % (rows / 20));
 }
 
 /// What stands in the editor after the key: another text of its kind at every turn, so that nothing is left of
