@@ -62,6 +62,7 @@ void planEvaluator(Plan& plan);
 void planFrames(Plan& plan);
 void planEntry(Plan& plan);
 void planLookup(Plan& plan);
+void planSuggest(Plan& plan);
 void planHistory(Plan& plan);
 void planDrafts(Plan& plan);
 void planClipboard(Plan& plan);

@@ -50,6 +50,7 @@ Plan makePlan() {
     planFrames(plan);
     planEntry(plan);
     planLookup(plan);
+    planSuggest(plan);
     planHistory(plan);
     planDrafts(plan);
     planClipboard(plan);

@@ -30,8 +30,8 @@ struct Suggestion {
     /// of the column do not cut it. Line ends become blanks where the editor has one line. A blank one is not
     /// shown.
     std::string text;
-    std::string tag;   ///< goes with it, where the check of the column does not put another one
-    std::string note;  ///< stands beside the text in the list: a name, a size
+    std::string tag = {};   ///< goes with it, where the check of the column does not put another one
+    std::string note = {};  ///< stands beside the text in the list: a name, a size
     friend bool operator==(const Suggestion&, const Suggestion&) = default;
 };
 
