@@ -187,7 +187,8 @@ TEST(Initials, OfEverySampleGoodsAreThoseInItsRecordButForCharactersWithSeveralR
         ASSERT_EQ(initialsOf(goods.name).size(), goods.pinyin.size()) << goods.name.toStdString();
         const bool plain =
             std::none_of(several.begin(), several.end(), [&](QChar one) { return goods.name.contains(one); });
-        if (plain) ASSERT_EQ(initialsOf(goods.name), goods.pinyin) << goods.name.toStdString();
+        if (!plain) continue;
+        ASSERT_EQ(initialsOf(goods.name), goods.pinyin) << goods.name.toStdString();
     }
 }
 

@@ -1,8 +1,9 @@
 // What is suggested in the cells of an order, as a clerk keys it.
 #include <QListView>
 
-#include "GoodsEditor.h"
 #include "OrderEntry.h"
+#include "OrderSuggestions.h"
+#include "kxVsGrid/headless/Desk.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +16,6 @@ class OrderSuggested : public OrderEntry {
         QTest::keyClicks(QApplication::focusWidget(), "K0017");
         press(Qt::Key_Return);
     }
-    QListView* list() { return window->findChild<QListView*>("suggestions"); }
     /// The grid's own list, beside that of the customer's field.
     QListView* shownList() {
         for (QListView* one : window->findChildren<QListView*>("suggestions"))
@@ -60,12 +60,8 @@ TEST_F(OrderSuggested, AGoodIsFoundByTheBeginningOfItsCodeAndByItsName) {
     press(Qt::Key_Escape);
     type(u"螺栓"_s);
     ASSERT_FALSE(suggested().isEmpty());
-    EXPECT_TRUE(shownList()
-                    ->model()
-                    ->index(0, 0)
-                    .data(Qt::AccessibleDescriptionRole)
-                    .toString()
-                    .contains(u"螺栓"_s));
+    EXPECT_TRUE(
+        shownList()->model()->index(0, 0).data(Qt::AccessibleDescriptionRole).toString().contains(u"螺栓"_s));
 }
 
 TEST_F(OrderSuggested, AWholeCodeIsTakenAsItIsTypedWithOneEnter) {
@@ -87,6 +83,36 @@ TEST_F(OrderSuggested, WarehousesAreFoundByCodeNameOrInitials) {
         EXPECT_EQ(cell(OrderGrid::Warehouse), u"五金仓"_s);
         grid().SetCell(1, OrderGrid::Warehouse, "");
     }
+}
+
+TEST(OrderSuggestions, AreThoseOfTheGoodsAsTheyAreNowAndNoneWhileTheDatabaseFails) {
+    kxVsGrid::headless::Desk desk;
+    kxVsGrid::kxGrid& grid = desk.place();
+    grid.FormatString("0|1|2|3|4|5|6|7|8|9|10|11|12|13");
+    grid.ReDraw(true);
+    std::vector<Goods> goods{{"A1", "甲", "", "个", 100, "j"}};
+    int reads = 0;
+    bool fails = true;
+    OrderSuggestions suggestions(grid, {[&] {
+                                            ++reads;
+                                            if (fails) throw DatabaseError({}, {}, {});
+                                            return goods;
+                                        },
+                                        [] { return std::vector<CodeAndName>{}; }});
+    desk.focusGrid();
+    grid.Grid().Select(1, OrderGrid::Code);
+    desk.type("A");
+    EXPECT_TRUE(desk.suggestions().texts.empty());
+    fails = false;
+    desk.press(kxVsGrid::Key::Escape).type("A");
+    EXPECT_EQ(desk.suggestions().texts, std::vector<std::string>{"A1"});
+    desk.press(kxVsGrid::Key::Escape).press(kxVsGrid::Key::Escape).type("j");
+    EXPECT_EQ(desk.suggestions().texts, std::vector<std::string>{"A1"});
+    EXPECT_EQ(reads, 2);
+    goods.push_back({"A2", "乙", "", "个", 100, "y"});
+    suggestions.goodsChanged();
+    desk.press(kxVsGrid::Key::Escape).press(kxVsGrid::Key::Escape).type("A");
+    EXPECT_EQ(desk.suggestions().texts, (std::vector<std::string>{"A1", "A2"}));
 }
 
 TEST_F(OrderSuggested, UnitsAreSuggested) {

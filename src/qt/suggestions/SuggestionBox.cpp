@@ -64,7 +64,7 @@ void SuggestionBox::moveTo(std::ptrdiff_t current) {
 void SuggestionBox::adoptLook() {
     setFont(editor_->font());
     setPalette(editor_->palette());
-    painter_.measure(rows_, fontMetrics());
+    painter_.measure(rows_, QFontMetricsF(font()));
     place();
 }
 

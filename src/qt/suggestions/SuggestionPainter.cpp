@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "qt/suggestions/SuggestionRows.h"
 
@@ -14,18 +15,23 @@ constexpr int Gap = 16;  ///< between text and note
 /// The clerk reads the first ones; measuring a million would take longer than he types.
 constexpr int MostMeasured = 100;
 
+/// Rounded up: a text that is a fraction of a pixel too wide is left out in part.
+int widthOf(const QString& text, const QFontMetricsF& metrics) {
+    return static_cast<int>(std::ceil(metrics.horizontalAdvance(text)));
+}
+
 QString shownIn(const QModelIndex& index, int role) {
     return index.data(role).toString();
 }
 }  // namespace
 
-void SuggestionPainter::measure(const QAbstractItemModel& rows, const QFontMetrics& metrics) {
+void SuggestionPainter::measure(const QAbstractItemModel& rows, const QFontMetricsF& metrics) {
     text_ = note_ = 0;
     const int count = std::min(rows.rowCount(), MostMeasured);
     for (int row = 0; row < count; ++row) {
         const QModelIndex index = rows.index(row, 0);
-        text_ = std::max(text_, metrics.horizontalAdvance(shownIn(index, Qt::DisplayRole)));
-        note_ = std::max(note_, metrics.horizontalAdvance(shownIn(index, SuggestionRows::Note)));
+        text_ = std::max(text_, widthOf(shownIn(index, Qt::DisplayRole), metrics));
+        note_ = std::max(note_, widthOf(shownIn(index, SuggestionRows::Note), metrics));
     }
 }
 

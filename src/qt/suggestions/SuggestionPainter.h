@@ -11,7 +11,7 @@ class SuggestionPainter : public QAbstractItemDelegate {
     using QAbstractItemDelegate::QAbstractItemDelegate;
 
     /// The columns become as wide as the first rows need; the others have to do with that.
-    void measure(const QAbstractItemModel& rows, const QFontMetrics& metrics);
+    void measure(const QAbstractItemModel& rows, const QFontMetricsF& metrics);
     /// What a row needs, in pixels.
     int width() const;
 
