@@ -98,7 +98,7 @@ TEST_F(FormattedNumber, IsJudgedByItsRulesAsTheNumberThatItIs) {
 TEST_F(FormattedNumber, InRandomTextsIsItsPlainTwin) {
     kit::Random random(20260106);
     int taken = 0;
-    for (int i = 0; i < 4000 && !HasFailure(); ++i) {
+    for (int i = 0; i < 800 && !HasFailure(); ++i) {
         std::string text = random.oneIn(3) ? std::string(1, random.anyOf("-+")) : "";
         text += std::to_string(random.between(0, random.oneIn(2) ? 9 : 999));
         for (auto n = random.between(0, 2); n > 0; --n)
@@ -124,7 +124,7 @@ TEST_F(FormattedNumber, InRandomTextsIsItsPlainTwin) {
             taken += expected != "refused" ? 1 : 0;
         }
     }
-    EXPECT_GT(taken, 2000);
+    EXPECT_GT(taken, 400);
 }
 }  // namespace
 }  // namespace kxVsGrid::testing
