@@ -39,6 +39,8 @@ class ClerkBox : public Base, public TextBoxPort {
         QObject::connect(this, &Base::selectionChanged, this, look);
     }
 
+    void tellPaste(const QString& text) { events_.pastes(text); }
+
     // --- Where the two boxes differ
     /// A key that is the box's own. True when it is used up.
     virtual bool takeKey(QKeyEvent& key) {

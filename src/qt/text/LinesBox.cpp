@@ -1,3 +1,4 @@
+#include <QMimeData>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextOption>
@@ -35,6 +36,13 @@ void LinesBox::select(qsizetype start, qsizetype length) {
     cursor.setPosition(static_cast<int>(start));
     cursor.setPosition(static_cast<int>(start + length), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+}
+
+void LinesBox::insertFromMimeData(const QMimeData* source) {
+    QString text = source->text();
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    tellPaste(text);
+    QPlainTextEdit::insertFromMimeData(source);
 }
 
 void LinesBox::setAlignment(mEmflexAlign alignment) {

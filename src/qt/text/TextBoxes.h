@@ -41,5 +41,6 @@ class LinesBox : public ClerkBox<QPlainTextEdit> {
 
   protected:
     QWidget& surface() override { return *viewport(); }
+    void insertFromMimeData(const QMimeData* source) override;
 };
 }  // namespace kxVsGrid::qt
