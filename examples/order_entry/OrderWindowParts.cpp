@@ -123,10 +123,13 @@ void OrderWindow::addActions() {
     go->addAction(u"表头(&H)"_s, QKeySequence(u"F6"_s), this,
                   [this] { header_->focus(OrderHeader::Field::Customer); });
     go->addAction(u"明细(&M)"_s, QKeySequence(u"F7"_s), this, [this] { enterLines(); });
-    go->addAction(u"没有写入的内容(&R)"_s, QKeySequence(u"Shift+F8"_s), refused_, &RefusedList::enter);
 
     QMenu* view = menuBar()->addMenu(u"查看(&V)"_s);
     view->addAction(u"恢复列宽(&W)"_s, this, [this] { resetColumns(); });
+    QAction* refused =
+        view->addAction(u"没有写入的内容(&R)"_s, QKeySequence(u"Shift+F8"_s), refused_, &RefusedList::enter);
+    refused->setEnabled(false);
+    connect(refused_, &RefusedList::holdsSomething, refused, &QAction::setEnabled);
 
     QMenu* help = menuBar()->addMenu(u"帮助(&H)"_s);
     help->addAction(u"录单员手册(&M)"_s, QKeySequence(u"F1"_s), this, [this] { showManual(); });
