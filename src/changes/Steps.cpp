@@ -316,6 +316,7 @@ void Steps::restoreMarks(const Record& record, FirstFault& fault) {
             if ((now ? std::optional(*now) : std::nullopt) == mark->after)
                 grid_.Mark(row, mark->col, mark->before);
         });
+    grid_.TellFilled();
     if (!back_.empty() && !lost_) fault.during([&] { back_.keepMarks(std::move(back)); });
 }
 
