@@ -71,7 +71,7 @@ void OrderGrid::connectEvents() {
     all.push_back(grid_.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         settle(row);
         settleTyped(row, static_cast<Column>(col));
-        presetPasted(row);
+        if (col == Code) presetPasted(row);
     }));
     // Fills, copies and pastes of the control itself raise no AfterEdit. Whatever the clerk does, what follows
     // from it belongs to the same step, and is undone and redone with it. The grid may outlive this.
@@ -100,9 +100,9 @@ void OrderGrid::putPresets(std::int32_t row) {
     }
 }
 
-// A line that came as one of a block: the clerk has not been to its row.
+// A line whose code came with a block: the clerk has not been to its row. Presets that a block empties stay empty.
 void OrderGrid::presetPasted(std::int32_t row) {
-    if (row == grid_.Row() || read(row).isEmpty()) return;
+    if (row == grid_.Row() || text(row, Code).isEmpty()) return;
     for (const Column col : {Warehouse, Delivery, Slot})
         if (!text(row, col).isEmpty()) return;
     putPresets(row);

@@ -106,6 +106,9 @@ void OrderWindow::connectParts() {
     reported_ = widget_->grid().Commands().Reported.connect(
         [this](const kxVsGrid::PasteReport& report) { tellReport(report); });
     marked_ = widget_->grid().Grid().MarksChanged.connect([this] { refused_->follow(); });
+    undone_ = widget_->grid().Changes().After.connect(
+        [this](const kxVsGrid::StepChanges& step) { forgetReport(step); });
+    connect(refused_, &RefusedList::asksFor, this, &OrderWindow::runFromList);
     connect(refused_, &RefusedList::chosen, this, [this](std::int32_t row, std::int32_t col) {
         enterLines();
         grid_->select(row, col);
@@ -458,6 +461,7 @@ QString OrderWindow::total() const {
 void OrderWindow::say(const QString& text, bool warning) {
     const bool dark = palette().color(QPalette::Window).lightness() < 128;
     message_->setStyleSheet(!warning ? QString() : dark ? u"color: #ffb4ab"_s : u"color: #b3261e"_s);
+    saysReport_ = false;
     message_->setText(text);
     message_->setToolTip(plainTip(text));
 }

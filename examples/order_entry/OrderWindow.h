@@ -134,6 +134,8 @@ class OrderWindow : public QMainWindow {
 
     void say(const QString& text, bool warning = false);
     void tellReport(const kxVsGrid::PasteReport& report);
+    void forgetReport(const kxVsGrid::StepChanges& step);
+    void runFromList(kxVsGrid::Command command);
     void refresh();
     void showTotals();
     void refreshHint();
@@ -162,6 +164,7 @@ class OrderWindow : public QMainWindow {
     kxVsGrid::ScopedConnection placed_;
     kxVsGrid::ScopedConnection reported_;
     kxVsGrid::ScopedConnection marked_;
+    kxVsGrid::ScopedConnection undone_;
     bool barSeen_ = false;
     std::unique_ptr<ColumnWidths> widths_;
     RecoveryBar* bar_;
@@ -171,6 +174,7 @@ class OrderWindow : public QMainWindow {
     QLabel* totals_;
     QString orderTotals_;  ///< of the lines, shown while no cells are selected
     RefusedList* refused_;
+    bool saysReport_ = false;  ///< the message tells of a block that was written
     ManualWindow* manual_ =
         nullptr;  ///< once it has been asked for; it keeps the place where the clerk reads
     std::vector<QAction*> changing_;  ///< what can be done to an order that is not closed

@@ -39,11 +39,26 @@ void OrderWindow::showTotals() {
                                                                         : selectionText(cells));
 }
 
+/// Read-only cells are passed over in every block: that alone is nothing to warn of.
 void OrderWindow::tellReport(const kxVsGrid::PasteReport& report) {
+    using kxVsGrid::Command;
     const QString summary = QString::fromStdString(report.summary());
+    const bool clears = report.command == Command::Cut || report.command == Command::ClearCells;
     if (!summary.isEmpty())
-        say(summary, true);
+        say(summary, report.refused > 0 || report.cutShort);
     else if (report.written > 1)
-        say(u"已写入 %1 格"_s.arg(report.written));
+        say((clears ? u"已清除 %1 格"_s : u"已写入 %1 格"_s).arg(report.written));
+    saysReport_ = !summary.isEmpty() || report.written > 1;
     refused_->tell(report);
+}
+
+/// What became of a block is not so any more once something has been taken back.
+void OrderWindow::forgetReport(const kxVsGrid::StepChanges& step) {
+    if (saysReport_ && step.cause == kxVsGrid::Cause::Undo) say({});
+}
+
+/// The list stays open for as long as there is something in it; the next problem is a cell's.
+void OrderWindow::runFromList(kxVsGrid::Command command) {
+    if (command == kxVsGrid::Command::NextProblem) enterLines();
+    widget_->action(command)->trigger();
 }

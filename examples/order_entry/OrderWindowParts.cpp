@@ -129,10 +129,13 @@ void OrderWindow::addActions() {
                                          {u"交货日期(&D)"_s, u"F4"_s, OrderGrid::Delivery},
                                          {u"备注(&N)"_s, u"F5"_s, OrderGrid::Remark}})
         go->addAction(text, QKeySequence(key), this, [this, col = col] { enterColumn(col); });
-    go->addAction(u"没有写入的内容(&R)"_s, QKeySequence(u"Shift+F8"_s), refused_, &RefusedList::enter);
 
     QMenu* view = menuBar()->addMenu(u"查看(&V)"_s);
     view->addAction(u"恢复列宽(&W)"_s, this, [this] { resetColumns(); });
+    QAction* refused =
+        view->addAction(u"没有写入的内容(&R)"_s, QKeySequence(u"Shift+F8"_s), refused_, &RefusedList::enter);
+    refused->setEnabled(false);
+    connect(refused_, &RefusedList::holdsSomething, refused, &QAction::setEnabled);
 
     QMenu* help = menuBar()->addMenu(u"帮助(&H)"_s);
     help->addAction(u"录单员手册(&M)"_s, QKeySequence(u"F1"_s), this, [this] { showManual(); });

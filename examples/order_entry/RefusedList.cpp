@@ -1,5 +1,7 @@
 #include "RefusedList.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -7,6 +9,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <set>
+#include <string>
 #include <utility>
 
 #include "PlainTip.h"
@@ -39,6 +43,7 @@ RefusedList::RefusedList(kxGrid& grid, QWidget* parent)
     list_->setAlternatingRowColors(true);
     list_->setHeaderLabels({u"行号"_s, u"栏目"_s, u"内容"_s, u"原因"_s});
     list_->header()->setStretchLastSection(true);
+    list_->installEventFilter(this);
     connect(list_, &QTreeWidget::itemActivated, this, &RefusedList::choose);
     connect(list_, &QTreeWidget::itemClicked, this, &RefusedList::choose);
 
@@ -58,22 +63,57 @@ RefusedList::RefusedList(kxGrid& grid, QWidget* parent)
 
 void RefusedList::tell(const PasteReport& report) {
     if (report.refusals.empty() || report.cancelled) return;
-    entries_ = report.refusals;
-    std::int64_t listed = 0;
-    for (const PasteReport::Refusal& entry : entries_) listed += entry.cells;
-    unlisted_ = report.refused - listed;
+    dropReplaced(report);
+    const int first = static_cast<int>(entries_.size());
+    unlisted_ += report.refused;
+    for (const PasteReport::Refusal& entry : report.refusals) {
+        entries_.push_back(entry);
+        unlisted_ -= entry.cells;
+    }
     fill();
-    list_->setCurrentItem(list_->topLevelItem(0));
-    list_->scrollToTop();
+    QTreeWidgetItem* const fresh = list_->topLevelItem(first);
+    list_->setCurrentItem(fresh);
+    list_->scrollToItem(fresh, QAbstractItemView::PositionAtTop);
     show();
+    emit holdsSomething(true);
+}
+
+bool RefusedList::isMended(const PasteReport::Refusal& entry) const {
+    if (!isCell(entry)) return false;
+    const std::int32_t row = grid_.Grid().RowOf(entry.row);
+    const CellMark* const mark = row < 0 || entry.col >= grid_.Cols() ? nullptr : grid_.Mark(row, entry.col);
+    return !mark || mark->kind != CellMark::Kind::Problem;
+}
+
+/// What lay beyond the grid is told once for each reason.
+void RefusedList::dropReplaced(const PasteReport& report) {
+    std::set<std::pair<RowId, std::int32_t>> cells;
+    std::set<std::string> reasons;
+    for (const PasteReport::Refusal& entry : report.refusals)
+        if (isCell(entry))
+            cells.emplace(entry.row, entry.col);
+        else
+            reasons.insert(entry.reason);
+    std::erase_if(entries_, [&](const PasteReport::Refusal& entry) {
+        if (!isCell(entry)) return reasons.contains(entry.reason);
+        return cells.contains({entry.row, entry.col}) || isMended(entry);
+    });
 }
 
 void RefusedList::clear() {
     later_.stop();
     entries_.clear();
     unlisted_ = 0;
-    hide();
+    leave();
     list_->clear();
+    emit holdsSomething(false);
+}
+
+/// The keyboard does not stay behind.
+void RefusedList::leave() {
+    const bool hadKeyboard = isAncestorOf(QApplication::focusWidget());
+    hide();
+    if (hadKeyboard) emit closed();
 }
 
 void RefusedList::fill() {
@@ -119,12 +159,8 @@ void RefusedList::follow() {
 void RefusedList::removeMended() {
     bool cells = false;
     std::erase_if(entries_, [&](const PasteReport::Refusal& entry) {
-        if (!isCell(entry)) return false;
-        const std::int32_t row = grid_.Grid().RowOf(entry.row);
-        const CellMark* const mark =
-            row < 0 || entry.col >= grid_.Cols() ? nullptr : grid_.Mark(row, entry.col);
-        const bool mended = !mark || mark->kind != CellMark::Kind::Problem;
-        cells = cells || !mended;
+        const bool mended = isMended(entry);
+        cells = cells || (isCell(entry) && !mended);
         return mended;
     });
     // What had no place is told as long as other cells are.
@@ -134,7 +170,9 @@ void RefusedList::removeMended() {
 }
 
 void RefusedList::enter() {
-    if (isVisible()) list_->setFocus(Qt::ShortcutFocusReason);
+    if (entries_.empty()) return;
+    show();
+    list_->setFocus(Qt::ShortcutFocusReason);
 }
 
 void RefusedList::choose() {
@@ -145,9 +183,9 @@ void RefusedList::choose() {
     if (row >= 0) emit chosen(row, entry.col);
 }
 
-// The marks stay: F8 goes on finding them.
+// The marks stay: F8 goes on finding them, and so does enter().
 void RefusedList::close() {
-    clear();
+    hide();
     emit closed();
 }
 
@@ -157,10 +195,46 @@ void RefusedList::clearMarks() {
         const CellMark* const mark = row < 0 ? nullptr : grid_.Mark(row, entry.col);
         if (mark && mark->text == entry.reason) grid_.Mark(row, entry.col, std::nullopt);
     }
-    close();
+    clear();
+}
+
+// --- Keys
+
+/// The entry as a line of a table, the text whole.
+void RefusedList::copy() const {
+    QTreeWidgetItem* const item = list_->currentItem();
+    const int index = list_->indexOfTopLevelItem(item);
+    if (index < 0 || index >= static_cast<int>(entries_.size())) return;
+    const PasteReport::Refusal& entry = entries_[static_cast<std::size_t>(index)];
+    const QString text = isCell(entry) ? QString::fromStdString(entry.text).simplified() : item->text(Text);
+    QApplication::clipboard()->setText(
+        QStringList{item->text(Row), item->text(Caption), text, QString::fromStdString(entry.reason)}.join(
+            u'\t'));
+}
+
+/// The keys that these commands have on the grid.
+std::optional<Command> RefusedList::commandOf(const QKeyEvent& event) const {
+    const QKeySequence keys(event.keyCombination());
+    if (keys == QKeySequence(u"F8"_s)) return Command::NextProblem;
+    if (keys == QKeySequence(u"Ctrl+Z"_s)) return Command::Undo;
+    if (keys == QKeySequence(u"Ctrl+Y"_s) || keys == QKeySequence(u"Ctrl+Shift+Z"_s)) return Command::Redo;
+    return std::nullopt;
 }
 
 void RefusedList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) return close();
+    if (const std::optional<Command> command = commandOf(*event)) {
+        emit asksFor(*command);
+        return;
+    }
     QFrame::keyPressEvent(event);
+}
+
+// The list itself would copy one column of the entry.
+bool RefusedList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        copy();
+        return true;
+    }
+    return QFrame::eventFilter(watched, event);
 }

@@ -69,7 +69,8 @@ class History {
     explicit History(changes::Steps& steps) : steps_(steps) {}
 
     /// Undoes the newest step that stands: texts and tags of its cells, and the rows that it added or
-    /// removed, with their heights, hidden and merged states, colours and alignments. Raises CellChanged as
+    /// removed, with their heights, hidden and merged states, colours and alignments; the marks that a pasted or
+    /// filled block has left go, where they stand as it put them. Raises CellChanged as
     /// any write does, asks nobody's consent, makes all totals anew, and moves the current cell to what has
     /// changed without filling default texts. Rows are found wherever they are now; those that have gone are
     /// passed over. What handlers write meanwhile stands, except in cells that are restored.

@@ -32,7 +32,8 @@ struct PasteReport {
     bool cutShort = false;   ///< a handler has failed or has taken the cells away: the rest was not written
     std::vector<Refusal> refusals;
 
-    /// In a sentence: "写入 118 格，跳过只读 2 格，未通过 1 格". Empty when all went well.
+    /// In a sentence: "写入 118 格，跳过只读 2 格，未通过 1 格。"; of cells that were cut or cleared "已清除 13 格，…".
+    /// Empty when all went well.
     std::string summary() const;
 };
 }  // namespace kxVsGrid

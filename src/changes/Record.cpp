@@ -224,6 +224,15 @@ void Record::reorder(ReorderedRows rows) {
     entries_.push_back({RowId::None, reordered_.size() - 1, 0, 0, Entry::Kind::Reordered, CellPart::Text});
 }
 
+void Record::keepMarks(std::vector<KeptMark> marks) {
+    marks_.reserve(marks_.size() + marks.size());
+    for (KeptMark& mark : marks) {
+        rowBytes_ += sizeof(KeptMark) + (mark.before ? mark.before->text.size() : 0) +
+                     (mark.after ? mark.after->text.size() : 0);
+        marks_.push_back(std::move(mark));
+    }
+}
+
 void Record::cutAll() noexcept {
     mark();
     entries_.clear();
@@ -231,6 +240,7 @@ void Record::cutAll() noexcept {
     added_.clear();
     removed_.clear();
     reordered_.clear();
+    marks_.clear();
     rowBytes_ = 0;
 }
 

@@ -13,6 +13,7 @@
 
 #include "changes/EmptyCells.h"
 #include "kxVsGrid/CellGrid.h"
+#include "kxVsGrid/CellMark.h"
 
 namespace kxVsGrid::changes {
 
@@ -58,6 +59,14 @@ struct ReorderedRows {
     bool above = false;
 };
 
+/// A mark that a step has put on a cell, and what was there before.
+struct KeptMark {
+    RowId row = RowId::None;
+    std::int32_t col = 0;
+    std::optional<CellMark> before;
+    std::optional<CellMark> after;
+};
+
 class Record {
   public:
     struct Entry {
@@ -96,6 +105,8 @@ class Record {
         for (std::int32_t offset = 0; offset < EmptyCells::Cols; ++offset)
             if (offset != first) visitCell(offset);
     }
+    /// They go back with the changes, where they still stand as they were put; of themselves they are no change.
+    const std::vector<KeptMark>& marks() const { return marks_; }
     const AddedRows& added(const Entry& entry) const { return added_[entry.at]; }
     const RemovedRows& removed(const Entry& entry) const { return removed_[entry.at]; }
     const ReorderedRows& reordered(const Entry& entry) const { return reordered_[entry.at]; }
@@ -109,6 +120,7 @@ class Record {
     void add(AddedRows rows);
     void remove(RemovedRows rows);
     void reorder(ReorderedRows rows);
+    void keepMarks(std::vector<KeptMark> marks);
     /// Little will be added to it any more: gives back what it does not need.
     void finish();
     /// The entries that are there grow no more: their number marks this moment.
@@ -127,6 +139,7 @@ class Record {
     std::vector<AddedRows> added_;
     std::vector<RemovedRows> removed_;
     std::vector<ReorderedRows> reordered_;
+    std::vector<KeptMark> marks_;
     std::size_t rowBytes_ = 0;
 };
 

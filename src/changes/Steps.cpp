@@ -256,6 +256,12 @@ void Steps::closeHostStep() {
     close();
 }
 
+void Steps::keepMarks(std::vector<KeptMark> marks) noexcept {
+    grid_.TellFilled();
+    if (depth_ == 0 || restoring_ || current_.empty() || marks.empty()) return;
+    record(0, [&](Record& record) { record.keepMarks(std::move(marks)); });
+}
+
 bool Steps::takeBack(std::size_t hostStep) {
     grid_.TellFilled();
     if (silent_ || restoring_ || lost_ || forgetsStep_ || depth_ == 0 || hostStep >= marks_.size())
@@ -292,9 +298,26 @@ void Steps::restore(const Record& record, bool moves, FirstFault& fault) {
         const auto place = restore.place();
         if (moves && place) fault.during([&] { owner_.show(place->first, place->second); });
         fault.during([&] { owner_.contentRestored(); });
+        if (moves) restoreMarks(record, fault);
         grid_.TellFilled();
     }
     if (!moves) forward(std::exchange(back_, {}), restore);
+}
+
+/// From the last one to the first: a cell may have got several. What it takes to go back again is in `back_`.
+void Steps::restoreMarks(const Record& record, FirstFault& fault) {
+    std::vector<KeptMark> back;
+    for (auto mark = record.marks().rbegin(); mark != record.marks().rend() && !silent_; ++mark)
+        fault.during([&] {
+            back.push_back({mark->row, mark->col, mark->after, mark->before});
+            const std::int32_t row = grid_.RowOf(mark->row);
+            if (row < 0 || mark->col >= grid_.Cols()) return;
+            const CellMark* const now = grid_.Mark(row, mark->col);
+            if ((now ? std::optional(*now) : std::nullopt) == mark->after)
+                grid_.Mark(row, mark->col, mark->before);
+        });
+    grid_.TellFilled();
+    if (!back_.empty() && !lost_) fault.during([&] { back_.keepMarks(std::move(back)); });
 }
 
 /// What handlers wrote elsewhere while a step was taken back stays in the step.

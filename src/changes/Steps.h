@@ -72,6 +72,10 @@ class Steps : private ChangeListener {
             prelude_ = done_.back().serial;
     }
     void dropPrelude() { prelude_ = 0; }
+    /// What is done next goes on with the newest step, as what is written outside of steps does.
+    void resumeNewest() {
+        if (depth_ == 0 && !done_.empty()) prelude_ = done_.back().serial;
+    }
 
     /// A step is open, or is being undone or redone: its end tells what can be done then.
     bool underway() const { return depth_ > 0 || restoring_; }
@@ -95,6 +99,9 @@ class Steps : private ChangeListener {
     /// is open: a clerk who cancels shall not be left with half of it.
     std::size_t openHostStep(std::string_view name, Cause cause = Cause::Code);
     void closeHostStep();
+    /// Marks that the open step has put on cells: undoing it puts back what was there before, redoing it the marks,
+    /// where nobody has put others since. A step that has changed nothing keeps none.
+    void keepMarks(std::vector<KeptMark> marks) noexcept;
     bool takeBack(std::size_t hostStep);
     void beginUnrecorded() {
         grid_.TellFilled();
@@ -163,6 +170,7 @@ class Steps : private ChangeListener {
     bool mayGoBack() const { return depth_ == 0 && !restoring_ && owner_.mayGoBack(); }
     bool goBack(KeptSteps& from, KeptSteps& to);
     void restore(const Record& record, bool moves, support::FirstFault& fault);
+    void restoreMarks(const Record& record, support::FirstFault& fault);
     void forward(const Record& meanwhile, const class Restore& restored);
     Record* keeper() noexcept;
     template <class Keep>

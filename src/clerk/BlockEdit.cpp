@@ -46,6 +46,7 @@ void BlockEdit::begin(std::string_view step) {
 void BlockEdit::end(support::FirstFault& fault) {
     progress_.reset();
     if (report_.cancelled) takeBack(fault);
+    if (!report_.cancelled) keepProblems(fault);
     fault.during([&] { c_.steps.closeHostStep(); });
     if (!c_.host.there()) return;
     fault.during(
@@ -67,7 +68,7 @@ void BlockEdit::takeBack(support::FirstFault& fault) {
     for (auto before = marks_.rbegin(); before != marks_.rend() && c_.host.there(); ++before)
         fault.during([&] {
             const std::int32_t row = c_.grid.RowOf(before->row);
-            if (row >= 0 && before->col < c_.grid.Cols()) c_.grid.Mark(row, before->col, before->mark);
+            if (row >= 0 && before->col < c_.grid.Cols()) c_.grid.Mark(row, before->col, before->before);
         });
 }
 
@@ -99,6 +100,7 @@ void BlockEdit::write(const rows::FollowedRow& row, std::int32_t col, std::strin
     if (c_.grid.Text(row.row(), col) == typed && (nothing || !typed.empty())) return same(row, col);
     const auto admission = c_.editor.gate().admit(row.row(), col, text, codes_);
     if (!stillThere(row, col)) return;
+    tooLong_ = admission.tooLong;
     if (!admission.refusal.empty()) return refuse(row, col, text, admission.refusal);
     put(row, col, admission.text, admission.tag ? *admission.tag : c_.grid.Data(row.row(), col));
 }
@@ -170,17 +172,27 @@ void BlockEdit::askForRowBelow(const rows::FollowedRow& row) {
 void BlockEdit::refuse(const rows::FollowedRow& row, std::int32_t col, std::string_view text,
                        std::string reason) {
     ++report_.refused;
+    if (leftToClerk_) reason_ = std::move(reason);
     if (leftToClerk_ || marked_ >= MostMarked) return;
     ++marked_;
     keepMark(row.row(), col);
-    c_.grid.Mark(row.row(), col, CellMark{CellMark::Kind::Problem, reason});
+    marks_.back().after = CellMark{CellMark::Kind::Problem, reason};
+    c_.grid.Mark(row.row(), col, marks_.back().after);
     if (row.there()) list({c_.grid.IdOf(row.row()), col, 1, std::string(text), std::move(reason)});
 }
 
 /// To put it back, should the clerk cancel.
 void BlockEdit::keepMark(std::int32_t row, std::int32_t col) {
     const CellMark* const mark = c_.grid.Mark(row, col);
-    marks_.push_back({c_.grid.IdOf(row), col, mark ? std::optional(*mark) : std::nullopt});
+    marks_.push_back({c_.grid.IdOf(row), col, mark ? std::optional(*mark) : std::nullopt, std::nullopt});
+}
+
+/// What was refused is not wrong any more when the act has been undone.
+void BlockEdit::keepProblems(support::FirstFault& fault) {
+    fault.during([&] {
+        std::erase_if(marks_, [](const changes::KeptMark& mark) { return !mark.after; });
+        c_.steps.keepMarks(std::move(marks_));
+    });
 }
 
 void BlockEdit::refuseBeyond(std::int64_t cells, std::string reason) {

@@ -45,6 +45,10 @@ class BlockEdit {
 
     /// What is refused is no report's and gets no mark: the clerk is to put it right at once.
     void leaveRefusedToClerk() { leftToClerk_ = true; }
+    /// Why the last value was refused that was left to the clerk.
+    const std::string& reason() const { return reason_; }
+    /// An editor would cut the value that was refused last.
+    bool tooLong() const { return tooLong_; }
     bool goesOn() const { return !stopped_ && c_.host.there(); }
     /// visit(row) for the shown rows from one to another, for as long as the act goes on.
     template <class Visit>
@@ -72,6 +76,7 @@ class BlockEdit {
     void begin(std::string_view step);
     void end(support::FirstFault& fault);
     void takeBack(support::FirstFault& fault);
+    void keepProblems(support::FirstFault& fault);
     bool addsRows() const {
         return report_.command != Command::Cut && report_.command != Command::ClearCells;
     }
@@ -93,14 +98,11 @@ class BlockEdit {
     bool changedBefore_ = false;
     bool stopped_ = false;
     bool leftToClerk_ = false;
+    bool tooLong_ = false;
+    std::string reason_;
     editing::WriteGate::KnownCodes codes_;
-    struct MarkBefore {
-        RowId row;
-        std::int32_t col;
-        std::optional<CellMark> mark;
-    };
-    std::vector<MarkBefore> marks_;  ///< that were put, replaced or taken away
-    std::size_t marked_ = 0;         ///< so many cells have got one
+    std::vector<changes::KeptMark> marks_;  ///< that were put (`after`), replaced or taken away
+    std::size_t marked_ = 0;                ///< so many cells have got one
     std::unique_ptr<Progress> progress_;
 };
 }  // namespace kxVsGrid::clerk

@@ -5,8 +5,11 @@
 #include <utility>
 
 #include "clerk/ShownCells.h"
+#include "rows/RowsInUse.h"
 #include "support/BlockForm.h"
+#include "support/Numbers.h"
 #include "support/TableText.h"
+#include "support/Text.h"
 
 namespace kxVsGrid::clerk {
 
@@ -24,6 +27,12 @@ std::int32_t lastRowToCopy(const CellGrid& grid, const CellRange& range) {
     const bool whole = kind == SelectionKind::Columns || kind == SelectionKind::All;
     const bool asItIs = !whole && range.rows() <= VeryLong;
     return asItIs || range.lastRow < grid.Rows() - 1 ? range.lastRow : lastFilledRow(grid, range);
+}
+
+/// What other programs read of a check box: what the clerk sees, in the words that pasting takes.
+std::string boxText(const std::string& stored) {
+    if (support::trim(stored).empty()) return {};
+    return support::leadingNumber(stored) != 0 ? "是" : "否";
 }
 }  // namespace
 
@@ -45,7 +54,11 @@ bool CopyPaste::copy(bool headers) const {
     support::TableWriter text(content.text);
     std::vector<support::BlockColumn> columns;
     columns.reserve(cols.size());
-    for (const std::int32_t col : cols) columns.push_back({col, c_.columns.at(col).sName()});
+    std::vector<bool> boxes;
+    for (const std::int32_t col : cols) {
+        columns.push_back({col, c_.columns.at(col).sName()});
+        boxes.push_back(c_.columns.at(col).iType() == flexDTBoolean);
+    }
     support::BlockWriter block(content.block, gridKey(), columns);
     ShownRows captions(grid, c_.rows.follower(), 0, grid.FixedRows() - 1);
     while (headers && captions.next()) {
@@ -57,8 +70,9 @@ bool CopyPaste::copy(bool headers) const {
     ShownRows rows(grid, c_.rows.follower(), range.firstRow, lastRowToCopy(grid, range));
     while (rows.next()) {
         const std::int32_t row = rows.row().row();
-        for (const std::int32_t col : cols) {
-            only = grid.DisplayText(row, col);
+        for (std::size_t i = 0; i < cols.size(); ++i) {
+            const std::int32_t col = cols[i];
+            only = boxes[i] ? boxText(grid.Text(row, col)) : grid.DisplayText(row, col);
             text.cell(only);
             block.cell(grid.Text(row, col), grid.Data(row, col));
             ++cells;
@@ -145,12 +159,21 @@ bool CopyPaste::isCurrentCell(const CellRange& range) const {
     return range == CellRange{c_.grid.Row(), c_.grid.Col(), c_.grid.Row(), c_.grid.Col()};
 }
 
-bool CopyPaste::pasteInto(const CellRange& range, Source& source) {
+/// Whole columns end with the last line: a value in the rows below would make lines of them.
+std::int32_t CopyPaste::lastRowToFill(const CellRange& range) const {
+    const SelectionKind kind = c_.grid.SelectedAs();
+    if (kind != SelectionKind::Columns && kind != SelectionKind::All) return range.lastRow;
+    const std::int32_t last = rows::lastRowInUse(c_, c_.defaulted, range.firstRow);
+    return std::min(last < range.firstRow ? c_.grid.Rows() - 1 : last, range.lastRow);
+}
+
+bool CopyPaste::pasteInto(CellRange range, Source& source) {
     const support::TableShape& shape = source.shape();
     const bool single = source.isOneCell();
     const bool here = single && isCurrentCell(range);
     if (here && !c_.editor.gate().opens(range.firstRow, range.firstCol)) return false;
-    if (!c_.host.there()) return false;
+    if (single && c_.host.there()) range.lastRow = lastRowToFill(range);
+    if (!c_.host.there() || range.lastCol >= c_.grid.Cols()) return false;
 
     std::vector<std::int32_t> cols =
         shownCols(c_.grid, range.firstCol, single ? range.lastCol : c_.grid.Cols() - 1);
@@ -165,15 +188,19 @@ bool CopyPaste::pasteInto(const CellRange& range, Source& source) {
         else
             pasteBlock(edit, source, range, cols);
     });
-    if (here && edit.report().refused > 0 && c_.host.there() && isCurrentCell(range)) pasteIntoEditor();
+    if (here && edit.report().refused > 0 && c_.host.there() && isCurrentCell(range)) leaveToClerk(edit);
     return true;
 }
 
-/// What the gate refuses is the clerk's to put right.
-void CopyPaste::pasteIntoEditor() {
-    if (c_.columns.at(c_.grid.Col()).iType() == flexDTBoolean) return;
-    c_.editor.open();
-    if (c_.editor.visible()) c_.seat.editText(Command::Paste);
+/// What the gate refuses is the clerk's to put right, in the editor unless that would cut it.
+void CopyPaste::leaveToClerk(const BlockEdit& edit) {
+    const bool boolean = c_.columns.at(c_.grid.Col()).iType() == flexDTBoolean;
+    if (!boolean && !edit.tooLong()) {
+        c_.editor.open();
+        if (c_.editor.visible()) c_.seat.editText(Command::Paste);
+    }
+    if (!c_.host.there() || c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
+    c_.platform.showTip(edit.reason(), c_.owner.onScreen(c_.grid.CellRect(c_.grid.Row(), c_.grid.Col())));
 }
 
 void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,

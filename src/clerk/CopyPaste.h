@@ -23,15 +23,16 @@ class CopyPaste {
     /// False when there is no cell to copy.
     bool copy(bool headers) const;
     /// False when there is nothing to paste, or no cell for it that can be edited. A single value that one cell
-    /// refuses is left to the clerk in the open editor.
+    /// refuses is left to the clerk in the open editor, and a tip says why; one that the editor would cut stays out.
     bool paste();
 
   private:
     class Source;
     const std::string& gridKey() const;
     bool isCurrentCell(const CellRange& range) const;
-    bool pasteInto(const CellRange& range, Source& source);
-    void pasteIntoEditor();
+    bool pasteInto(CellRange range, Source& source);
+    void leaveToClerk(const BlockEdit& edit);
+    std::int32_t lastRowToFill(const CellRange& range) const;
     void pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
                     const std::vector<std::int32_t>& cols) const;
     void fill(BlockEdit& edit, Source& source, const CellRange& range,

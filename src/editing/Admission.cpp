@@ -18,6 +18,21 @@ bool isOneOf(std::string_view text, std::span<const std::string_view> words) {
 
 constexpr std::array<std::string_view, 4> Yes{"-1", "1", "True", "是"};
 constexpr std::array<std::string_view, 3> No{"0", "False", "否"};
+
+/// A year, a month and a day, whether or not there is such a day: who copied that meant no difference and no quotient.
+bool looksLikeDate(std::string_view text) {
+    text = support::trim(text);
+    std::size_t at = 0;
+    const auto digits = [&](std::size_t least, std::size_t most) {
+        const std::size_t from = at;
+        while (at < text.size() && text[at] >= '0' && text[at] <= '9') ++at;
+        return at - from >= least && at - from <= most;
+    };
+    if (!digits(4, 4) || at == text.size() || (text[at] != '-' && text[at] != '/')) return false;
+    const char separator = text[at++];
+    if (!digits(1, 2) || at == text.size() || text[at++] != separator) return false;
+    return digits(1, 2) && at == text.size();
+}
 }  // namespace
 
 WriteGate::Admission WriteGate::admit(std::int32_t row, std::int32_t col, std::string_view text,
@@ -28,7 +43,8 @@ WriteGate::Admission WriteGate::admit(std::int32_t row, std::int32_t col, std::s
     if (takesPlainSigns(*column)) typed = support::inPlainSigns(typed);
     const auto limit = static_cast<std::size_t>(std::max<std::int16_t>(column->iLimitLength(), 0));
     if (limit > 0 && support::characters(typed) > limit)
-        return {{}, {}, "最多 " + std::to_string(limit) + " 个字。"};
+        return {{}, {}, "最多 " + std::to_string(limit) + " 个字。", true};
+    if (column->iType() == flexDTDouble && looksLikeDate(typed)) return {{}, {}, "是日期，不是数字。"};
 
     typed = inFull(col, typed);
     std::optional<std::string> cell = stored(col, typed);

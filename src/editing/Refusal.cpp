@@ -62,12 +62,16 @@ void EditSession::refuseExpression() {
     publish();
 }
 
-/// A text that a host has written there since stays.
+/// A text that a host has written there since stays. What followed from the empty cell follows from the number
+/// again: both belong to the act that emptied it.
 void EditSession::giveBack(const EnteredCell& emptied) {
     const FollowedCell cell(c_.grid);
     if (!c_.grid.Text(cell.row(), cell.col()).empty()) return;
-    c_.grid.Text(cell.row(), cell.col(), emptied.entryText());
-    if (cell.there()) c_.grid.Data(cell.row(), cell.col(), emptied.entryTag());
-    if (cell.there()) c_.owner.recalculate(cell.col());
+    c_.steps.resumeNewest();
+    c_.steps.duringTyped("录入", Cause::Typed, [&] {
+        c_.grid.Text(cell.row(), cell.col(), emptied.entryText());
+        if (cell.there()) c_.grid.Data(cell.row(), cell.col(), emptied.entryTag());
+        if (cell.there()) c_.owner.recalculate(cell.col());
+    });
 }
 }  // namespace kxVsGrid::editing

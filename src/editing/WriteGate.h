@@ -44,12 +44,14 @@ class WriteGate {
         std::string text;
         std::optional<std::string> tag;  ///< nothing: the cell keeps the one that it has
         std::string refusal;             ///< why the value must not stand there; empty when it may
+        bool tooLong = false;            ///< it was refused because an editor would cut it
     };
     /// What the host has answered for codes, so that it is asked once for each.
     using KnownCodes = std::unordered_map<std::string, FieldVerdict>;
     /// As if the text were typed into the cell, which opens, and committed. Line ends become blanks where an
     /// editor would have one line, and full-width signs their ASCII selves where it would show those. A Boolean
-    /// cell takes -1, 0, 1, True, False, 是, 否 and the empty text. A cell that is emptied loses its tag, unless
+    /// cell takes -1, 0, 1, True, False, 是, 否 and the empty text. A number column takes no date, though typed
+    /// 2026-12-5 is a difference: nobody sees what becomes of it. A cell that is emptied loses its tag, unless
     /// the check of a code gives the empty one another. It may ask the host, who may change anything meanwhile.
     Admission admit(std::int32_t row, std::int32_t col, std::string_view text, KnownCodes& known) const;
 

@@ -13,12 +13,13 @@ void append(std::string& summary, const char* what, std::int64_t count) {
 std::string PasteReport::summary() const {
     if (cancelled) return "已取消，没有改动。";
     if (passedOver == 0 && refused == 0 && !cutShort) return {};
+    const bool clears = command == Command::Cut || command == Command::ClearCells;
     std::string summary;
-    append(summary, "写入 ", written);
+    append(summary, clears ? "已清除 " : "写入 ", written);
     append(summary, "跳过只读 ", passedOver);
     append(summary, "未通过 ", refused);
-    if (summary.empty()) summary = "没有写入";
-    if (cutShort) summary += "，其余中断未写";
+    if (summary.empty()) summary = clears ? "没有清除" : "没有写入";
+    if (cutShort) summary += "，其余中断" + std::string(clears ? "未清除" : "未写");
     return summary + "。";
 }
 }  // namespace kxVsGrid

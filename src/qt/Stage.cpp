@@ -224,6 +224,10 @@ Rect Stage::onScreen(const Rect& place) const {
             now.twips(pixels.top() + pixels.height()) - top};
 }
 
+void Stage::tellBeside(std::string_view text, const Rect& place) {
+    machine_->platform.showTip(text, onScreen(place));
+}
+
 void Stage::settingChanged(std::string_view name) {
     Q_EMIT widget_.settingChanged(toQt(name));
 }

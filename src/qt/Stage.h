@@ -82,6 +82,8 @@ class Stage {
     void layoutChanged();
     Rect onScreen(const Rect& place) const;
     void settingChanged(std::string_view name);
+    /// A line of text beside a place in the control, for a while.
+    void tellBeside(std::string_view text, const Rect& place);
 
     // --- What the pieces tell.
     void focusEntered(FocusPlace place);

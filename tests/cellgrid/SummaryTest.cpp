@@ -52,12 +52,24 @@ TEST_F(Summing, ReadsANumberAsTheTotalOfItsColumnDoes) {
     grid.Text(1, 2, "0.5");
     grid.Text(2, 2, "about 3");
     grid.ComputedText(1, 3, [] { return std::string("7"); });
-    grid.ColDataType(4, flexDTString);
+    grid.ColDataType(4, flexDTDouble);
     grid.Text(1, 4, "8");
     for (std::int32_t col = 1; col <= 4; ++col)
         EXPECT_DOUBLE_EQ(grid.Summary({1, col, 19, col}).sum, grid.ColumnSum(col)) << col;
     EXPECT_EQ(grid.Summary(all).filled, 6);
     EXPECT_EQ(grid.Summary(all).numbers, 5);
+}
+
+TEST_F(Summing, TakesNeitherCodesNorTicksForNumbers) {
+    const mEmDataType types[] = {flexDTString, flexDTBoolean, flexDTDate, flexDTDouble, flexDTEmpty};
+    for (std::int32_t col = 1; col <= 5; ++col) {
+        grid.ColDataType(col, types[col - 1]);
+        grid.Text(1, col, "-1");
+        grid.Text(2, col, "100001");
+    }
+    for (std::int32_t col = 1; col <= 3; ++col) expectSummary({1, col, 19, col}, 2, 0, 0, 0, 0);
+    for (std::int32_t col = 4; col <= 5; ++col) expectSummary({1, col, 19, col}, 2, 2, 100000, -1, 100001);
+    expectSummary(all, 10, 4, 200000, -1, 100001);
 }
 
 TEST_F(Summing, PassesOverDatesAndWhatIsNotShown) {

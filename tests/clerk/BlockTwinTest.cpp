@@ -159,8 +159,12 @@ class BlockTwin : public ::testing::TestWithParam<bool> {
     }
     void paste() {
         if (clip.empty()) return;
-        const CellRange into = selected();
-        const bool single = clip.size() == 1 && clip[0].size() == 1 && into.rows() == 1 && into.cols() == 1;
+        CellRange into = selected();
+        const std::int32_t inUse = table.lastInUse(into.firstRow);
+        if (!cellsAlone() && clip.size() == 1 && clip[0].size() == 1 && inUse >= into.firstRow)
+            into.lastRow = inUse;
+        const bool single = clip.size() == 1 && clip[0].size() == 1 && into.rows() == 1 && into.cols() == 1 &&
+                            into == selected();
         const PlainOutcome outcome = table.paste(clip, into);
         EXPECT_TRUE(desk.run(Command::Paste) || single);
         if (single && outcome.written.empty() && outcome.same == 0) return refusedSingle(into, outcome);

@@ -25,6 +25,27 @@ TEST_F(BlockCopier, GetsTabsBetweenCellsAndLineFeedsBetweenRows) {
     EXPECT_EQ(copied(), "t11\tt12\tt13\nt21\tt22\tt23");
 }
 
+TEST_F(BlockCopier, GetsYesAndNoOfCheckBoxesWhichComeBackAsTheyWere) {
+    typed(2, flexDTBoolean);
+    fill(1, 2, "-1");
+    fill(2, 2, "0");
+    fill(3, 2, "");
+    fill(4, 2, "1");
+    choose(1, 1, 4, 2);
+    EXPECT_EQ(copied(), "t11\t是\nt21\t否\nt31\t\n\t是");
+    EXPECT_TRUE(desk.clipboardContent().text.find("是") != std::string::npos);
+    const std::string words = desk.clipboard();
+    at(2, 1);
+    run(Command::Paste);
+    EXPECT_EQ(texts(2, 2, 5, 2), "-1/0//1") << "the grid's own form has what is stored";
+    desk.clipboard(words);
+    at(1, 1);
+    run(Command::Paste);
+    EXPECT_EQ(texts(1, 2, 4, 2), "-1/0//-1");
+    at(2, 2);
+    EXPECT_EQ(copied(), "否");
+}
+
 TEST_F(BlockCopier, GetsTheCurrentCellWhereNothingIsSelected) {
     at(2, 4);
     EXPECT_EQ(copied(), "t24");

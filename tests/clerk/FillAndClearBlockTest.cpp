@@ -44,6 +44,7 @@ TEST_F(BlockFiller, ClearsNoHiddenReadOnlyOrLockedCell) {
     EXPECT_EQ(report().written, 3);
     EXPECT_EQ(report().passedOver, 3);
     EXPECT_EQ(report().refused, 0);
+    EXPECT_EQ(report().summary(), "已清除 3 格，跳过只读 3 格。");
 }
 
 TEST_F(BlockFiller, TouchesOnlyCellsThatHoldSomething) {

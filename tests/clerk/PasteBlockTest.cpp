@@ -49,11 +49,34 @@ TEST_F(BlockPaster, FillsTheWholeSelectionWithASingleValue) {
     for (int row = 1; row <= 3; ++row) expectContent(row, row);
 }
 
-TEST_F(BlockPaster, FillsAWholeSelectedColumnWithASingleValue) {
+TEST_F(BlockPaster, FillsAWholeSelectedColumnWithASingleValueDownToTheLastLine) {
+    consentToRows();
+    grid.Grid().SelectCols(2, 2);
+    paste("x");
+    EXPECT_EQ(texts(1, 2, 5, 2), "x/x/x//");
+    EXPECT_EQ(grid.Rows(), 6);
+    expectCounts(3, 0, 0, 0);
+}
+
+TEST_F(BlockPaster, FillsEverythingThatIsSelectedDownToTheLineThatTheHostNames) {
+    grid.Options().RowInUse.connect([](std::int32_t row, bool& inUse) { inUse = row <= 2; });
+    grid.Grid().SelectAll();
+    paste("x");
+    EXPECT_EQ(texts(1, 4, 4, 5), "x|x/x|x/t34|t35/|");
+}
+
+TEST_F(BlockPaster, FillsAllRowsOfAWholeColumnWhereNoneIsInUse) {
+    for (int row = 1; row <= 3; ++row)
+        for (int col = 1; col <= 5; ++col) fill(row, col, "");
     grid.Grid().SelectCols(2, 2);
     paste("x");
     EXPECT_EQ(texts(1, 2, 5, 2), "x/x/x/x/x");
-    EXPECT_EQ(grid.Rows(), 6);
+}
+
+TEST_F(BlockPaster, TakesRowsThatAreSelectedAsTheyAre) {
+    grid.Grid().SelectRows(3, 4);
+    paste("x");
+    EXPECT_EQ(texts(3, 1, 4, 5), "x|x|x|x|x/x|x|x|x|x");
 }
 
 TEST_F(BlockPaster, TakesALineEndAtTheEndForNoRowOfItsOwn) {

@@ -51,6 +51,23 @@ TEST_F(CheckedPaster, HasExpressionsEvaluatedInNumberColumns) {
     EXPECT_EQ(after(2, ""), "");
 }
 
+TEST_F(CheckedPaster, IsRefusedADateInANumberColumnThoughItWouldBeAnExpression) {
+    fill(2, 2, "5");
+    for (const char* date : {"2026/12/5", "2026-12-05", "2026-13-45", "1999/1/1"}) {
+        EXPECT_EQ(after(2, date), "5") << date;
+        expectRefused(2, 2, date);
+        EXPECT_EQ(grid.Mark(2, 2)->text, "是日期，不是数字。");
+    }
+    EXPECT_EQ(after(2, "2026-12"), "2014");
+    EXPECT_EQ(after(2, "2026-12/5"), "2023.6");
+    EXPECT_EQ(after(2, "26-12-5"), "9");
+    EXPECT_EQ(after(2, "12026-12-5"), "12009");
+    EXPECT_EQ(after(1, "2026-12-05"), "2026-12-05");
+    at(2, 2);
+    desk.type("2026-12-5").press(Key::Enter);
+    EXPECT_EQ(text(2, 2), "2009");
+}
+
 TEST_F(CheckedPaster, IsRefusedWhatIsNoExpressionAndKeepsTheNumberAndItsTag) {
     fill(2, 2, "5", "five");
     EXPECT_EQ(after(2, "abc"), "5");
@@ -292,6 +309,30 @@ TEST_F(SingleValuePaster, FindsTheRefusedTextInTheEditor) {
     EXPECT_FALSE(grid.bIsDirty());
 }
 
+TEST_F(SingleValuePaster, IsToldAtTheEditorWhyTheValueWasRefused) {
+    at(2, 2);
+    paste("2026-13-45");
+    ASSERT_TRUE(open());
+    EXPECT_EQ(desk.editor().text, "2026-13-45");
+    ASSERT_FALSE(desk.tips().empty());
+    EXPECT_EQ(desk.tips().back(), "是日期，不是数字。");
+}
+
+TEST_F(SingleValuePaster, HasNothingCutOffByTheLimitOfTheColumn) {
+    column(1).iLimitLength(3);
+    fill(2, 1, "old", "tag");
+    at(2, 1);
+    EXPECT_TRUE(paste("数量单价"));
+    EXPECT_FALSE(open());
+    EXPECT_EQ(text(2, 1), "old");
+    EXPECT_EQ(tag(2, 1), "tag");
+    EXPECT_EQ(desk.tips(), std::vector<std::string>{"最多 3 个字。"});
+    EXPECT_EQ(grid.Mark(2, 1), nullptr);
+    EXPECT_FALSE(grid.bIsDirty());
+    paste("数量单");
+    EXPECT_EQ(text(2, 1), "数量单");
+}
+
 TEST_F(SingleValuePaster, FindsARefusedCodeInTheEditor) {
     takesCodes(1);
     at(2, 1);
@@ -323,6 +364,7 @@ TEST_F(SingleValuePaster, LeavesABooleanThatRefusesAsItIs) {
     EXPECT_FALSE(open());
     EXPECT_EQ(text(2, 3), "-1");
     EXPECT_TRUE(desk.messages().empty());
+    EXPECT_EQ(desk.tips(), std::vector<std::string>{"只能是 是 或 否。"});
 }
 
 TEST_F(SingleValuePaster, IsMarkedWhereSeveralCellsAreSelected) {

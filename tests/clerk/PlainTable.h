@@ -107,6 +107,17 @@ class PlainTable {
         }
         return outcome;
     }
+    /// The last row that a clerk has put something into; the one before `first` when there is none.
+    std::int32_t lastInUse(std::int32_t first) {
+        std::int32_t row = last();
+        const auto used = [&] {
+            for (const std::int32_t col : {Text, Number, Toggle, Ruled, Coded})
+                if (!at(row, col).text.empty()) return true;
+            return false;
+        };
+        while (row >= first && !used()) --row;
+        return row;
+    }
     PlainOutcome clear(const CellRange& range) {
         PlainOutcome outcome;
         for (const std::int32_t row : shownRows(range.firstRow, range.lastRow))
@@ -188,12 +199,16 @@ class PlainTable {
                        ? std::optional(given.cell)
                        : std::nullopt;
         else
-            next = admitted(row, col, given.cell.text);
+            next = admitted(row, col, given.col == Toggle ? boxText(given.cell.text) : given.cell.text);
         if (!next) return outcome.refused.push_back({row, col});
         if (*next == now) return static_cast<void>(++outcome.same);
         if (asks) askForRow(outcome, row);
         at(row, col) = *next;
         outcome.written.push_back({row, col});
+    }
+    /// What is copied of a check box for other columns.
+    static std::string boxText(const std::string& stored) {
+        return stored.empty() ? "" : stored == "0" ? "否" : "是";
     }
     static bool breaksRule(std::int32_t col, const std::string& text) {
         return col == Ruled && text.find('x') != std::string::npos;

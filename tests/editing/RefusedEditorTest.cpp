@@ -117,6 +117,37 @@ TEST_F(RefusedEditor, BringsTheEmptiedNumberBackOnEscWhereTheHostAsksForIt) {
     EXPECT_EQ(desk.editor().text, "5");
 }
 
+TEST_F(RefusedEditor, LetsTheHostWorkOutAgainWhatFollowsFromTheNumberThatCameBack) {
+    constexpr std::int32_t Double = 3;
+    summed(Double);
+    grid.Options().EscRestores(true);
+    grid.Changes().AddSettler([&](const StepChanges& step) {
+        for (const std::int32_t row : step.rows) {
+            const std::string number = grid.Grid().Text(row, Number);
+            grid.Grid().Text(row, Double, number.empty() ? "" : std::to_string(2 * std::stoi(number)));
+        }
+    });
+    fill(2, Double, "10");
+    std::vector<std::vector<std::int32_t>> told;
+    grid.Changes().After.connect([&](const StepChanges& step) {
+        told.push_back({step.rows.begin(), step.rows.end()});
+    });
+    openAt(2, Number);
+    desk.type("abc").press(Key::Enter).press(Key::Enter);
+    EXPECT_EQ(text(2, Double), "");
+    told.clear();
+    desk.press(Key::Escape);
+    EXPECT_EQ(text(2, Number), "5");
+    EXPECT_EQ(text(2, Double), "10");
+    EXPECT_EQ(grid.ReadSum(Double), "10");
+    EXPECT_EQ(told, (std::vector<std::vector<std::int32_t>>{{2}}));
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_EQ(text(2, Number), "5");
+    EXPECT_EQ(tag(2, Number), "five");
+    EXPECT_EQ(text(2, Double), "10");
+    EXPECT_FALSE(grid.History().CanUndo()) << "emptied and given back is one act";
+}
+
 TEST_F(RefusedEditor, BringsTheFirstNumberBackHoweverOftenAndInWhateverWordsItWasRefused) {
     grid.Options().EscRestores(true);
     refuseAndComeBack(Number, "3*");

@@ -64,6 +64,34 @@ TEST_F(OrderBlocks, PastedLinesGetTheirGoodsAmountsPresetsAndTimesAndTheRowsThat
     EXPECT_TRUE(grid.lines().empty());
 }
 
+TEST_F(OrderBlocks, PresetsThatAreCutOrClearedFromSeveralRowsStayAway) {
+    grid.presetWarehouse("五金仓");
+    paste(1, OrderGrid::Code, "100001\t\t\t\t1\n100001\t\t\t\t2\n100001\t\t\t\t3");
+    for (const Command command : {Command::Cut, Command::ClearCells}) {
+        ASSERT_EQ(cell(2, OrderGrid::Warehouse), "五金仓");
+        ASSERT_EQ(cell(3, OrderGrid::Slot), "2026-11-27 上午");
+        at(1, OrderGrid::Warehouse);
+        control.Grid().SelectRange(1, OrderGrid::Warehouse, 3, OrderGrid::Slot);
+        EXPECT_TRUE(desk.run(command));
+        for (int row = 1; row <= 3; ++row)
+            for (const auto col : {OrderGrid::Warehouse, OrderGrid::Delivery, OrderGrid::Slot})
+                EXPECT_EQ(cell(row, col), "") << row << ' ' << col;
+        EXPECT_TRUE(desk.run(Command::Undo));
+    }
+}
+
+TEST_F(OrderBlocks, AnAmountComesBackWithTheQuantityThatARefusedExpressionHadEmptied) {
+    enterLine(1, "100001");
+    ASSERT_EQ(cell(1, OrderGrid::Amount), "16.65");
+    at(1, OrderGrid::Quantity);
+    desk.type("abc").press(Key::Enter);
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "");
+    desk.press(Key::Escape);
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), "5");
+    EXPECT_EQ(cell(1, OrderGrid::Amount), "16.65");
+    EXPECT_EQ(control.Grid_Sum().DisplayText(0, OrderGrid::Amount), "16.65");
+}
+
 TEST_F(OrderBlocks, AnUnknownCodeOfAPastedBlockIsMarkedAndTheOthersAreTaken) {
     paste(1, OrderGrid::Code, "100001\n4711\n100002");
     EXPECT_EQ(codes(), (QStringList{"100001", "100002"}));

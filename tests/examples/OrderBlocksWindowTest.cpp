@@ -42,6 +42,13 @@ class BlockEntry : public OrderEntry {
         go(row, col);
         play({"key Ctrl+V"});
     }
+    QAction* itemOf(const QString& text) {
+        for (QAction* one : window->findChildren<QAction*>())
+            if (one->text() == text) return one;
+        return nullptr;
+    }
+    /// The message in the status bar is red.
+    bool warns() { return !window->findChild<QLabel*>("message")->styleSheet().isEmpty(); }
     bool isMarked(int row, int col) {
         const CellMark* const mark = grid().Mark(row, col);
         return mark && mark->kind == CellMark::Kind::Problem;
@@ -273,6 +280,114 @@ TEST_F(BlockEntry, DeletesSelectedRowsAfterOneQuestion) {
     EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return !answers.asked.isEmpty(); }));
     EXPECT_EQ(answers.asked, QStringList("删除选中的 4 行?"));
     EXPECT_EQ(window->onScreen().lines.size(), 1u);
+}
+
+TEST_F(BlockEntry, OpensTheClosedListAgainForAsLongAsSomethingIsOpen) {
+    open();
+    chooseCustomer();
+    EXPECT_TRUE(inMenu("查看(&V)").contains("没有写入的内容(&R)"));
+    EXPECT_FALSE(inMenu("转到(&G)").contains("没有写入的内容(&R)"));
+    EXPECT_FALSE(itemOf("没有写入的内容(&R)")->isEnabled());
+    pasteAt(1, OrderGrid::Code, fiveLines);
+    EXPECT_TRUE(itemOf("没有写入的内容(&R)")->isEnabled());
+    play({"key Shift+F8", "key Esc"});
+    EXPECT_FALSE(refused()->isVisible());
+    EXPECT_TRUE(itemOf("没有写入的内容(&R)")->isEnabled());
+    itemOf("没有写入的内容(&R)")->trigger();
+    ASSERT_TRUE(refused()->isVisible());
+    EXPECT_TRUE(list()->hasFocus());
+    EXPECT_EQ(row(0).at(2), QString("999999"));
+    play({"key Esc"});
+    go(5, OrderGrid::Code);
+    play({"type 100101", "key Enter"});
+    EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return !itemOf("没有写入的内容(&R)")->isEnabled(); }));
+    play({"key Shift+F8"});
+    EXPECT_FALSE(refused()->isVisible());
+}
+
+TEST_F(BlockEntry, AddsToTheListWhatALaterBlockLeavesOpen) {
+    open();
+    chooseCustomer();
+    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderGrid::Quantity, "x\n4\ny");
+    ASSERT_EQ(list()->topLevelItemCount(), 3);
+    EXPECT_EQ(row(0).mid(0, 3), (QStringList{"5", "货号", "999999"}));
+    EXPECT_EQ(row(1).mid(0, 3), (QStringList{"1", "数量", "x"}));
+    EXPECT_EQ(row(2).mid(0, 3), (QStringList{"3", "数量", "y"}));
+    pasteAt(1, OrderGrid::Quantity, "5\n6\nz");
+    ASSERT_EQ(list()->topLevelItemCount(), 2);
+    EXPECT_EQ(row(0).mid(0, 3), (QStringList{"5", "货号", "999999"}));
+    EXPECT_EQ(row(1).mid(0, 3), (QStringList{"3", "数量", "z"}));
+}
+
+TEST_F(BlockEntry, TakesTheKeysOfTheGridWhileTheListHasTheKeyboard) {
+    open();
+    chooseCustomer();
+    pasteAt(1, OrderGrid::Code, fiveLines);
+    play({"key Shift+F8", "key Ctrl+C"});
+    EXPECT_EQ(QApplication::clipboard()->text(), QString("5\t货号\t999999\t商品目录中没有这个货号,请更正。"));
+    play({"key Ctrl+Z"});
+    EXPECT_TRUE(window->onScreen().lines.empty());
+    EXPECT_FALSE(isMarked(5, OrderGrid::Code));
+    EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return !refused()->isVisible(); }));
+    EXPECT_TRUE(grid().IsActive()) << "the keyboard does not go with the list";
+    play({"key Ctrl+Y"});
+    EXPECT_EQ(window->onScreen().lines.size(), 5u);
+    EXPECT_TRUE(isMarked(5, OrderGrid::Code));
+}
+
+TEST_F(BlockEntry, LeadsToTheNextProblemFromTheList) {
+    open();
+    chooseCustomer();
+    pasteAt(1, OrderGrid::Code, fiveLines);
+    play({"key Shift+F8", "key F8"});
+    EXPECT_TRUE(grid().IsActive());
+    EXPECT_EQ(grid().Row(), 5);
+    EXPECT_EQ(grid().Col(), OrderGrid::Code);
+    EXPECT_TRUE(refused()->isVisible());
+}
+
+TEST_F(BlockEntry, RedoesFromTheListWhileSomethingIsInIt) {
+    open();
+    chooseCustomer();
+    pasteAt(1, OrderGrid::Code, fiveLines);
+    go(1, OrderGrid::Quantity);
+    play({"type 9", "key Enter", "key Shift+F8", "key Ctrl+Z"});
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("3"));
+    EXPECT_TRUE(list()->hasFocus());
+    play({"key Ctrl+Y"});
+    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("9"));
+    EXPECT_TRUE(list()->hasFocus());
+}
+
+TEST_F(BlockEntry, WarnsOfWhatWasRefusedAloneAndSaysNothingOfABlockThatWasUndone) {
+    open();
+    chooseCustomer();
+    pasteAt(1, OrderGrid::Code, "100001\n100017\n");
+    EXPECT_EQ(window->message(), QString("已写入 2 格"));
+    play({"key Ctrl+Z"});
+    EXPECT_EQ(window->message(), QString());
+    pasteAt(1, OrderGrid::Code, "100001\t螺栓\n100017\t螺母\n");
+    EXPECT_EQ(window->message(), QString("写入 2 格，跳过只读 2 格。"));
+    EXPECT_FALSE(warns());
+    grid().Grid().SelectRange(1, OrderGrid::Code, 2, OrderGrid::Name);
+    play({"key Ctrl+X"});
+    EXPECT_TRUE(window->message().startsWith("已清除 2 格")) << window->message().toStdString();
+    EXPECT_FALSE(warns());
+    pasteAt(1, OrderGrid::Code, "4711\n4712\n");
+    EXPECT_TRUE(warns());
+}
+
+TEST_F(BlockEntry, SaysNothingOfTheRefusedSaveOnceTheOrderIsSaved) {
+    open();
+    chooseCustomer();
+    pasteAt(1, OrderGrid::Code, "100001\n");
+    play({"key Ctrl+S", "key Enter"});
+    EXPECT_TRUE(warns());
+    go(1, OrderGrid::Quantity);
+    play({"type 5", "key Enter", "key Ctrl+S"});
+    EXPECT_TRUE(window->message().contains("已保存")) << window->message().toStdString();
+    EXPECT_FALSE(warns());
 }
 
 TEST_F(BlockEntry, LosesItsMarksWhenItIsApproved) {

@@ -42,7 +42,7 @@ struct LongPaste {
         grid.Commands().Reported.connect([this](const PasteReport& report) { reports.push_back(report); });
         QApplication::clipboard()->setText("pasted");
         w->focusCell(1, Code);
-        grid.Grid().SelectCols(Code, Code);
+        grid.Grid().SelectRange(1, Code, ManyRows - 1, Code);
     }
 
     /// `act` is called from the events that the box lets through, as soon as it stands.
@@ -86,7 +86,7 @@ TEST(ProgressBox, DoesNotComeUpForAPasteThatIsDoneAtOnce) {
     LongPaste paste;
     paste.boxes = 1;  // nobody waits
     paste.w->grid().Rows(200);
-    paste.w->grid().Grid().SelectCols(Code, Code);
+    paste.w->grid().Grid().SelectRange(1, Code, 199, Code);
     bool seen = false;
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, &look, [&] { seen = seen || progressBox() != nullptr; });

@@ -1,6 +1,7 @@
 // Tips: a line of text beside a cell, which stands until the clerk goes on.
 #include "qt/Tip.h"
 
+#include <QClipboard>
 #include <QLabel>
 #include <QToolTip>
 #include <stdexcept>
@@ -39,6 +40,47 @@ class BrokenOffFill {
     const QString text = "填充中断，还有 5 个单元格未填充。";
 };
 }  // namespace
+
+TEST(Tip, SaysThatTheEndOfAPastedTextDidNotFitIntoTheEditor) {
+    const QString said = "最多 3 个字，后面的没有粘贴。";
+    for (const bool severalLines : {false, true}) {
+        Window w;
+        w.grid().VsCtrl(Code)->iLimitLength(3);
+        w.grid().VsCtrl(Code)->b是否编辑多行(severalLines);
+        w.focusCell(3, Code);
+        w.type("a");
+        QApplication::clipboard()->setText("数量");
+        w.press(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(w.editorText(), "a数量");
+        EXPECT_EQ(tip(said), nullptr);
+        w.press(Qt::Key_Left, Qt::ShiftModifier);
+        QApplication::clipboard()->setText("单价");
+        w.press(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(w.editorText(), "a数单");
+        EXPECT_NE(tip(said), nullptr) << severalLines;
+        w.type("x");
+        EXPECT_EQ(w.editorText(), "a数单");
+        Window::settle();
+        EXPECT_EQ(tip(said), nullptr);
+    }
+}
+
+TEST(Tip, SaysWhyAValuePastedOnAClosedCellWasRefused) {
+    Window w;
+    w.grid().VsCtrl(Code)->iLimitLength(3);
+    w.focusCell(1, Code);
+    const std::string before = w.text(1, Code);
+    QApplication::clipboard()->setText("数量单价");
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_FALSE(w.editorShown());
+    EXPECT_EQ(w.text(1, Code), before);
+    EXPECT_NE(tip("最多 3 个字。"), nullptr);
+    w.focusCell(1, Quantity);
+    QApplication::clipboard()->setText("2026/12/5");
+    w.press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(w.editorShown());
+    EXPECT_NE(tip("是日期，不是数字。"), nullptr);
+}
 
 TEST(Tip, OfABrokenOffFillIsReadOnceItsBoxIsClosed) {
     BrokenOffFill fill;

@@ -34,6 +34,8 @@ class BoxEvents {
     virtual void menu(const QPoint& place) = 0;
     virtual void wheel(const QWheelEvent& event) = 0;
     virtual bool refused() const = 0;
+    /// The clerk pastes the text in place of the selection; it is not in the box yet.
+    virtual void pastes(const QString& text) { (void)text; }
 };
 
 /// A box's text and selection; positions in UTF-16 code units, lines end with a line feed.

@@ -50,6 +50,8 @@ class ClerkBox : public Base, public TextBoxPort {
     /// What the clerk enters, as it is to stand in the box: put in so at once, it can be undone like any other text.
     QString asTaken(const QString& text) const { return plainSigns_ ? inPlainSigns(text) : text; }
 
+    void tellPaste(const QString& text) { events_.pastes(text); }
+
     // --- Where the two boxes differ
     /// A key that is the box's own. True when it is used up.
     virtual bool takeKey(QKeyEvent& key) {

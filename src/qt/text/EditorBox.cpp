@@ -135,6 +135,16 @@ void EditorBox::textChanging(const QString& before) {
     port_->insert({});
 }
 
+/// What is typed beyond the limit can be seen to do nothing; of a pasted text the end would be missing silently.
+void EditorBox::pastes(const QString& text) {
+    if (view_.limit <= 0) return;
+    const auto limit = static_cast<std::size_t>(view_.limit);
+    const BoxState now = port_->state();
+    const std::size_t replaced = characters(now.text.mid(now.start, now.length));
+    if (characters(now.text) - replaced + characters(text) <= limit) return;
+    stage_.tellBeside("最多 " + std::to_string(limit) + " 个字，后面的没有粘贴。", view_.rect);
+}
+
 void EditorBox::insert(const QString& text) {
     asClerk(*this, port_->widget(), [&] { port_->insert(text); });
 }

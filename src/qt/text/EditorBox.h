@@ -54,6 +54,7 @@ class EditorBox : private BoxMirror {
     bool leave(bool forward) override;
     void wheel(const QWheelEvent& event) override;
     bool refused() const override { return view_.refused; }
+    void pastes(const QString& text) override;
 
     void choose(bool multiLine);
     void hide();

@@ -45,7 +45,9 @@ void LineBox::paste() {
     text.replace(u'\r', u'\n');
     while (text.endsWith(u'\n')) text.chop(1);
     text.replace(u'\n', u' ');
-    if (!text.isEmpty()) insert(text);
+    if (text.isEmpty()) return;
+    tellPaste(text);
+    insert(text);
 }
 
 bool LineBox::takeKey(QKeyEvent& key) {

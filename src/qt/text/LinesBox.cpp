@@ -40,6 +40,8 @@ void LinesBox::select(qsizetype start, qsizetype length) {
 
 void LinesBox::insertFromMimeData(const QMimeData* source) {
     const QString text = asTaken(source->text());
+    QString lines = text;
+    tellPaste(lines.replace(QLatin1String("\r\n"), QLatin1String("\n")));
     QMimeData taken;
     taken.setText(text);
     QPlainTextEdit::insertFromMimeData(text == source->text() ? source : &taken);
