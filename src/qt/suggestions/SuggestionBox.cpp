@@ -26,15 +26,16 @@ void SuggestionBox::showAt(QWidget& editor, const SuggestionView& view) {
     if (view.candidates.empty()) return putAway();
     const bool another = isHidden() || editor_ != &editor || !rows_.holds(view.candidates);
     if (another) {
+        watch(nullptr);
         rows_.put(view.candidates);
+        // what waits to be laid out in the window is laid out now, and moves the editor before it is looked at
+        show();
+        raise();
         watch(&editor);
         adoptLook();
         scrollToTop();
     }
     moveTo(view.current);
-    if (!isHidden()) return;
-    show();
-    raise();
 }
 
 void SuggestionBox::putAway() {
