@@ -147,7 +147,7 @@ class CellGrid {
     /// Nothing but the current cell is selected any more.
     void Unselect();
     /// Counts the cells of a range that are shown and lie in the data area, and adds up those that are a
-    /// number: a text that is one as a whole, and counts what CellNumber says. Columns of dates have none.
+    /// number: a text that is one as a whole, in a column of numbers or of no type; it counts what CellNumber says.
     /// Takes a time that grows with the rows that were ever written to; GridError when the range reaches
     /// beyond the grid.
     RangeSummary Summary(const CellRange& range) const;
