@@ -35,7 +35,7 @@ struct Situation {
 };
 
 // With nothing done yet and no marks.
-const CommandList AtFirst{Undo, Redo, NextProblem};
+const CommandList AtFirst{Undo, Redo, NextProblem, SortUp, SortDown, Unsort};
 const CommandList OfTheCell{CopyFromAbove, Today, Now};
 const CommandList Writes{Cut,           Paste,     ClearCells, FillDown,     FillRight,
                          CopyFromAbove, InsertRow, DeleteRows, DuplicateRow, MoveRowUp,
@@ -147,7 +147,7 @@ const std::vector<Situation>& situations() {
              desk.type("x").press(Key::Enter);
              at(grid, 2, 2);
          },
-         {Redo, NextProblem},
+         {Redo, NextProblem, SortUp, SortDown, Unsort},
          {Help}},
         {"something to redo",
          [](headless::Desk& desk, kxGrid& grid) {
@@ -156,13 +156,25 @@ const std::vector<Situation>& situations() {
              grid.History().Undo();
              at(grid, 2, 2);
          },
-         {Undo, NextProblem},
+         {Undo, NextProblem, SortUp, SortDown, Unsort},
+         {Help}},
+        {"a column that may be sorted",
+         [](auto&, kxGrid& grid) { grid.Options(2).sortable(true); },
+         {Undo, Redo, NextProblem, Unsort},
+         {Help}},
+        {"rows that were sorted",
+         [](headless::Desk& desk, kxGrid& grid) {
+             grid.Options(2).sortable(true);
+             desk.run(SortDown);
+             at(grid, 2, 2);
+         },
+         {Redo, NextProblem},
          {Help}},
         {"a problem",
          [](auto&, kxGrid& grid) {
              grid.Mark(4, 4, CellMark{CellMark::Kind::Problem, "p"});
          },
-         {Undo, Redo},
+         {Undo, Redo, SortUp, SortDown, Unsort},
          {Help}},
         {"a problem in a hidden row",
          [](auto&, kxGrid& grid) {

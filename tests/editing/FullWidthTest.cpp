@@ -127,8 +127,11 @@ TEST_F(FullWidth, SignsCountForTheLimitAsBefore) {
     desk.press(Key::Escape);
     desk.clipboard("１２３４");
     desk.run(Command::Paste);
-    EXPECT_EQ(desk.editor().text, "123");
     EXPECT_EQ(text(2, Plain), "");
+    EXPECT_EQ(desk.tips().back(), "最多 3 个字。");
+    desk.clipboard("１２３");
+    desk.run(Command::Paste);
+    EXPECT_EQ(text(2, Plain), "123");
 }
 
 TEST_F(FullWidth, EntriesAreTakenBackInOneStep) {

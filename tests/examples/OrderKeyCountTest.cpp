@@ -2,6 +2,8 @@
 // saved is what was meant.
 #include <QFile>
 #include <QRegularExpression>
+#include <algorithm>
+#include <functional>
 #include <iostream>
 
 #include "OrderEntry.h"
@@ -88,8 +90,15 @@ void byKey(PressedKeys& keys, OrderGrid::Column col) {
                                              : "F5");
 }
 
-void keyLine(PressedKeys& keys, const PaperLine& line, WayTo way) {
-    keys.type(line.code);
+/// How the clerk says which goods are meant, up to the Enter that takes them.
+using GoodsBy = std::function<void(PressedKeys& keys, const QString& code)>;
+
+void byCode(PressedKeys& keys, const QString& code) {
+    keys.type(code);
+}
+
+void keyLine(PressedKeys& keys, const PaperLine& line, WayTo way, const GoodsBy& goods) {
+    goods(keys, line.code);
     keys.press("Enter");
     keys.type(line.quantity);
     const std::pair<OrderGrid::Column, const QString&> differs[] = {{OrderGrid::Price, line.price},
@@ -117,20 +126,36 @@ Thousandths quantityOf(const QString& text) {
 class OrderKeyCount : public OrderEntry {
   protected:
     /// Keys the paper into a new order and saves it by its key; answers how many keys that took.
-    int key(WayTo way) {
+    int key(WayTo way, const GoodsBy& goods = byCode) {
         PressedKeys keys;
         keys.type("K0002");
         keys.press("Enter");
         QString lines;
         for (const PaperLine& line : Paper) {
             const int before = keys.count();
-            keyLine(keys, line, way);
+            keyLine(keys, line, way, goods);
             lines += QString(" %1").arg(keys.count() - before);
         }
         keys.press("Ctrl+S");
         play(keys.takeScript());
         std::cout << keys.count() << " keys; per line" << lines.toStdString() << '\n';
         return keys.count();
+    }
+
+    /// So many letters of the initials that the list is short, and then down to the goods: with the fewest keys.
+    void byInitials(PressedKeys& keys, const QString& code) {
+        Database database(databaseFile());
+        const QString initials = Catalogue(database).goods(code)->pinyin;
+        QStringList best;
+        for (qsizetype letters = 1; letters <= initials.size(); ++letters) {
+            const QStringList moves = movesTo(code, initials.first(letters));
+            const qsizetype most = best.isEmpty() ? 100 : best.first().size() + best.size() - 1;
+            if (moves.contains("-") || letters + moves.size() >= most) continue;
+            best = QStringList(initials.first(letters)) + moves;
+        }
+        ASSERT_FALSE(best.isEmpty()) << code.toStdString();
+        keys.type(best.takeFirst());
+        for (const QString& move : best) keys.press(move);
     }
 
     void expectStored() {
@@ -144,6 +169,23 @@ class OrderKeyCount : public OrderEntry {
     }
 
   private:
+    /// The keys from the text to the goods in the list that it opens; "-" when they are not in it.
+    QStringList movesTo(const QString& code, const QString& typed) {
+        std::vector<kxVsGrid::Suggestion> shown;
+        grid()
+            .Options(OrderGrid::Code)
+            .suggest()({1, typed.toStdString(),
+                        [&](std::vector<kxVsGrid::Suggestion> found) { shown = std::move(found); }});
+        const auto meant = std::find_if(shown.begin(), shown.end(),
+                                        [&](const auto& one) { return one.text == code.toStdString(); });
+        if (meant == shown.end()) return {"-"};
+        if (shown.size() == 1) return {};
+        const auto place = static_cast<int>(meant - shown.begin());
+        QStringList moves = {"Down"};
+        for (int page = 0; page < place / 10; ++page) moves << "PgDown";
+        for (int row = 0; row < place % 10; ++row) moves << "Down";
+        return moves;
+    }
     static void expectLine(const OrderLine& line, const PaperLine& paper, const Goods& goods,
                            const Catalogue& catalogue) {
         SCOPED_TRACE(paper.code.toStdString());
@@ -197,6 +239,13 @@ TEST_F(OrderKeyCount, WithEnterPastWhatIsFilledIsWhatTheManualSays) {
 TEST_F(OrderKeyCount, ByTabAloneIsWhatTheManualSays) {
     open();
     EXPECT_EQ(key(byTab), manualSays("Tab alone"));
+    expectStored();
+}
+
+TEST_F(OrderKeyCount, ByInitialsInsteadOfCodesIsWhatTheManualSays) {
+    open();
+    const int count = key(byKey, [this](PressedKeys& keys, const QString& code) { byInitials(keys, code); });
+    EXPECT_EQ(count, manualSays("The same, goods by their initials instead of codes"));
     expectStored();
 }
 

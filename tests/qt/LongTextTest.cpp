@@ -59,6 +59,7 @@ TEST(LongText, IsStillLimitedWhereTheColumnSaysSo) {
     Window w;
     w.grid().VsCtrl(Code)->iLimitLength(5);
     w.focusCell(1, Code);
+    w.press(Qt::Key_Space);
     QGuiApplication::clipboard()->setText(QString(static_cast<qsizetype>(Long), u'p'));
     w.press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(w.editorText(), "ppppp");
