@@ -66,8 +66,8 @@ class SuggestionList {
 
     SuggestionList();
     /// `names` are what it is found by beside its text, in whatever case.
-    void add(Suggestion candidate, std::span<const std::string_view> names);
-    void add(Suggestion candidate, std::initializer_list<std::string_view> names = {});
+    void add(const Suggestion& candidate, std::span<const std::string_view> names);
+    void add(const Suggestion& candidate, std::initializer_list<std::string_view> names = {});
     void clear();
     std::size_t size() const;
 

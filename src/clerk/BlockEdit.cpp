@@ -172,8 +172,11 @@ void BlockEdit::askForRowBelow(const rows::FollowedRow& row) {
 void BlockEdit::refuse(const rows::FollowedRow& row, std::int32_t col, std::string_view text,
                        std::string reason) {
     ++report_.refused;
-    if (leftToClerk_) reason_ = std::move(reason);
-    if (leftToClerk_ || marked_ >= MostMarked) return;
+    if (leftToClerk_) {
+        reason_ = std::move(reason);
+        return;
+    }
+    if (marked_ >= MostMarked) return;
     ++marked_;
     keepMark(row.row(), col);
     marks_.back().after = CellMark{CellMark::Kind::Problem, reason};

@@ -27,7 +27,7 @@ std::uint64_t keyOf(double number) {
 
 std::uint64_t keyOf(const DateTime& date) {
     const std::int64_t seconds =
-        support::dayNumber(date) * 86'400 + date.hour * 3'600 + date.minute * 60 + date.second;
+        ((support::dayNumber(date) * 24 + date.hour) * 60 + date.minute) * 60 + date.second;
     return static_cast<std::uint64_t>(seconds) ^ (std::uint64_t{1} << 63);
 }
 

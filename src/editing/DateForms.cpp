@@ -101,7 +101,7 @@ std::optional<std::string> inDateForm(DateForm form, std::string_view text, cons
     text = support::trim(text);
     if (text.empty()) return std::string();
     const Halves parts = partsOf(form, text);
-    const auto date = dateOf(parts.before, now);
+    std::optional<std::string> date = dateOf(parts.before, now);
     if (!date || form == DateForm::Date) return date;
     const auto rest = form == DateForm::HalfDay ? halfDay(parts.after) : timeOfDay(parts.after);
     if (!rest) return std::nullopt;

@@ -7,11 +7,11 @@ struct SuggestionList::Index : suggest::SuggestionIndex {};
 
 SuggestionList::SuggestionList() : index_(std::make_shared<Index>()) {}
 
-void SuggestionList::add(Suggestion candidate, std::span<const std::string_view> names) {
+void SuggestionList::add(const Suggestion& candidate, std::span<const std::string_view> names) {
     index_->add(candidate, names);
 }
 
-void SuggestionList::add(Suggestion candidate, std::initializer_list<std::string_view> names) {
+void SuggestionList::add(const Suggestion& candidate, std::initializer_list<std::string_view> names) {
     index_->add(candidate, std::span(names.begin(), names.size()));
 }
 
