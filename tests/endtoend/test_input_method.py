@@ -6,6 +6,9 @@
 Every case has a row of its own: the clerk keys its number as the quantity, goes on to the remark, does what the case
 says, and ends with Enter. The next case begins where that Enter left the cursor, so a cursor that moved twice, or a
 key that reached two places, shows in the saved rows.
+
+Then goods are found in the list of suggestions by what the input method writes: while it composes, the list hears no
+key, so an Enter that ends the composition leaves the text, and the next one takes from the list.
 """
 
 import dataclasses
@@ -16,6 +19,8 @@ from order_window import OrderWindow
 
 NIHAO = ["n", "i", "h", "a", "o", "space"]  # the blank takes the first candidate
 HALF = ["n", "i", "h"]
+STEEL = ["b", "u", "x", "i", "u", "g", "a", "n", "g"]  # 不锈钢, which many goods begin with
+FULL_WIDTH_TWELVE = ["UFF11", "UFF12"]
 
 
 @dataclasses.dataclass
@@ -74,6 +79,27 @@ def check(rows):
         raise Failure(f"expected {len(wanted)} rows, saved {rows}")
 
 
+def key_suggested(order):
+    """Two lines from the code cell on, and what is to be saved of them: code, quantity in thousandths."""
+    window = order.window
+
+    def press(*keys):
+        window.keys(*keys, delay=40)
+        window.desktop.settle()
+
+    found = order.query("SELECT code FROM goods WHERE name LIKE '不锈钢%' ORDER BY rowid")
+    press(*STEEL, "space")
+    window.desktop.picture("suggestions")
+    press("Down", "Down", "Return")
+    press(*FULL_WIDTH_TWELVE, "Return")
+    # Enter in a composition writes the letters as they are: the list does not move, the cell stays open.
+    press(*STEEL, "Return")
+    press("Escape", "Escape")
+    press(*STEEL, "space", "Down", "Return")
+    press("3", "Return")
+    return [(found[1][0], 12_000), (found[0][0], 3_000)]
+
+
 def main(program, keep):
     with Desktop(keep) as desktop:
         desktop.start_input_method("xkb:us::eng")
@@ -82,11 +108,14 @@ def main(program, keep):
         desktop.choose_input_method("libpinyin")
         for number, case in enumerate(CASES, 1):
             key_case(order.window, number, case)
+        suggested = key_suggested(order)
         rows = [(row[0], row[4], row[10]) for row in order.save()]
         desktop.picture("input-method")
-        check(rows)
+        check(rows[: len(CASES)])
+        if [row[:2] for row in rows[len(CASES) :]] != suggested:
+            raise Failure(f"suggested: expected {suggested}, saved {rows[len(CASES):]}")
         order.window.close()
-    print(f"{len(CASES)} cases")
+    print(f"{len(CASES)} cases, {len(suggested)} suggested lines")
 
 
 if __name__ == "__main__":
