@@ -31,7 +31,7 @@ OrderSuggestions::OrderSuggestions(kxGrid& grid, Services services)
     });
     SuggestionList units;
     for (const QString& unit : QString::fromUtf8(OrderGrid::Units).split(u'|'))
-        units.add({unit.toStdString(), unit.toStdString(), {}});
+        units.add({unit.toStdString(), unit.toStdString(), {}}, {initialsOf(unit).toStdString()});
     grid_.Options(OrderGrid::Unit).suggest(units);
 }
 

@@ -209,6 +209,9 @@ bool Restore::restores(RowId row, std::int32_t col, CellPart part) const {
 }
 
 std::optional<std::pair<std::int32_t, std::int32_t>> Restore::place() const {
+    // What followed from a sort is not what the clerk did.
+    if (const std::int32_t row = record_.cause == Cause::Sort ? reorderedRow() : -1; row >= 0)
+        return std::pair{row, -1};
     std::optional<std::pair<std::int32_t, std::int32_t>> found;
     for (const Record::Entry& entry : record_.entries()) {
         const std::int32_t row = grid_.RowOf(entry.row);

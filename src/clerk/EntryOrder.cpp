@@ -4,7 +4,6 @@
 #include <limits>
 #include <new>
 #include <numeric>
-#include <utility>
 
 namespace kxVsGrid::clerk {
 namespace {
@@ -67,8 +66,16 @@ void EntryOrder::removing(std::int32_t at, std::int32_t count) noexcept {
                   places_.begin() + static_cast<std::ptrdiff_t>(indexOf(at + count)));
 }
 
+void EntryOrder::stepOpened(std::string_view, Cause cause) noexcept {
+    goingBack_ = cause == Cause::Undo;
+}
+
+void EntryOrder::stepClosed(std::string_view, Cause) noexcept {
+    goingBack_ = false;
+}
+
 void EntryOrder::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
-    if (!another_ && !std::exchange(sorting_, false)) return forget();
+    if (first < first_ || (!another_ && !goingBack_ && !sorting_)) return forget();
     sorting_ = false;
     try {
         const std::size_t begin = static_cast<std::size_t>(first - first_);

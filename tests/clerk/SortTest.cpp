@@ -210,6 +210,33 @@ TEST_F(SortedGrid, IsInNoOtherOrderOnceTheSortIsUndone) {
     EXPECT_FALSE(grid.CanRun(Command::Unsort));
 }
 
+TEST_F(SortedGrid, GoesBackIntoItsFirstOrderAlsoFromASortThatWasRedone) {
+    fill(Name, {"c", "a", "b"});
+    fill(Quantity, {"1", "3", "2"});
+    sort(Name);
+    desk.run(Command::Undo);
+    desk.run(Command::Redo);
+    EXPECT_TRUE(grid.CanRun(Command::Unsort));
+    sort(Quantity);
+    EXPECT_TRUE(desk.run(Command::Unsort));
+    EXPECT_EQ(column(Name, 3), (Lines{"c", "a", "b"}));
+}
+
+TEST_F(SortedGrid, KeepsTheClerkOnTheRowWhenASortIsUndone) {
+    fill(Name, {"c", "a", "b"});
+    grid.Grid().RowsReordered.connect(
+        [&](std::int32_t, std::span<const std::int32_t>) { grid.Grid().Text(1, Quantity, "of the host"); });
+    grid.Grid().Select(1, Name);
+    desk.run(Command::SortUp);
+    ASSERT_EQ(grid.Grid().Row(), 3);
+    desk.run(Command::Undo);
+    EXPECT_EQ(grid.Grid().Row(), 1);
+    EXPECT_EQ(grid.Grid().Col(), Name);
+    desk.run(Command::Redo);
+    EXPECT_EQ(grid.Grid().Row(), 3);
+    EXPECT_EQ(grid.Grid().Col(), Name);
+}
+
 TEST_F(SortedGrid, HasAHundredMillionRowsInNoTimeWhenFewAreFilled) {
     grid.Rows(100'000'000);
     fill(Name, {"b", "a"});

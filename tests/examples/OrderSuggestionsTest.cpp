@@ -126,5 +126,8 @@ TEST_F(OrderSuggested, UnitsAreSuggested) {
     EXPECT_EQ(suggested(), QStringList{u"平方米"_s});
     press(Qt::Key_Return);
     EXPECT_EQ(cell(OrderGrid::Unit), u"平方米"_s);
+    go(OrderGrid::Unit);
+    type("pfm");
+    EXPECT_EQ(suggested(), QStringList{u"平方米"_s});
 }
 }  // namespace
