@@ -53,6 +53,26 @@ TEST_F(ShortDate, ThatIsNoneIsRefusedAndNothingIsLost) {
     }
 }
 
+TEST_F(ShortDate, TakesATablePastedIntoTheEditorForNoDateAndLosesNothing) {
+    grid.SetCell(2, Day, "2025-12-31", "old");
+    EXPECT_FALSE(enter(Day, "1-5\t上午\n1-6\t下午", Entry::PastedInto));
+    EXPECT_TRUE(desk.editor().refused);
+    EXPECT_NE(desk.editor().text.find("1-6"), std::string::npos);
+    EXPECT_EQ(text(2, Day) + tag(2, Day), "2025-12-31old");
+}
+
+TEST_F(ShortDate, IsWrittenInFullWhereverATablePastedOntoTheCellHasIt) {
+    at(2, Day);
+    desk.clipboard("1-5\t1-5 上午\n13-1\t20240105 下午");
+    EXPECT_TRUE(desk.run(Command::Paste));
+    EXPECT_EQ(text(2, Day), "2026-01-05");
+    EXPECT_EQ(text(2, Half), "2026-01-05 上午");
+    EXPECT_EQ(text(3, Day), "");
+    EXPECT_EQ(text(3, Half), "2024-01-05 下午");
+    ASSERT_NE(grid.Mark(3, Day), nullptr);
+    EXPECT_EQ(grid.Mark(3, Day)->kind, CellMark::Kind::Problem);
+}
+
 TEST_F(ShortDate, IsATextWhereDatesAreNotChecked) {
     column(Day).i有效性判断(0);
     for (const Entry entry : Entries) {
