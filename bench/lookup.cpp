@@ -12,6 +12,7 @@
 #include "Goods.h"
 #include "Measure.h"
 #include "Plan.h"
+#include "Typing.h"
 #include "dialogs/LookupForm.h"
 #include "kxVsGrid/HelpExchange.h"
 #include "kxVsGrid/HelpTable.h"
@@ -26,11 +27,6 @@ constexpr std::int32_t Million = 1'000'000;
 constexpr int Fields = 3;
 
 /// What is typed: another text of its kind at every turn, since a completer keeps what it found before.
-struct Typing {
-    const char* name;
-    const char* work;
-    std::string (*text)(std::int32_t rows, std::int32_t turn);
-};
 const Typing Typings[] = {
     {"letter", "one letter",
      [](std::int32_t, std::int32_t turn) {
@@ -174,20 +170,6 @@ struct Filter {
 
 // --- The plan
 
-template <class Contestant>
-void addTyping(const std::string& group, const char* who, std::int32_t rows, int iterations,
-               int repetitions) {
-    for (const Typing& typing : Typings)
-        measure(group + "/" + typing.name + "_" + who, iterations, repetitions,
-                [typing, rows, turn = std::make_shared<std::int32_t>(0)](benchmark::State& state) {
-                    Contestant& contestant = Shared<Contestant>::get();
-                    for (auto _ : state) {
-                        const std::string text = typing.text(rows, ++*turn);
-                        state.SetIterationTime(seconds([&] { contestant.type(text); }));
-                    }
-                });
-}
-
 /// From the host's answer to the filled list.
 template <std::int32_t Rows>
 void addOpening(const std::string& name, int repetitions) {
@@ -218,9 +200,9 @@ void releaseAll() {
 template <std::int32_t Rows>
 Group planOf(const std::string& name, const std::string& count, double limit) {
     const bool many = Rows > HundredThousand;
-    addTyping<Dialog<Rows, true>>(name, "ours", Rows, 1000, 9);
-    addTyping<Completers<Rows>>(name, "completer", Rows, many ? 2 : 10, 3);
-    addTyping<Filter<Rows>>(name, "filter", Rows, many ? 1 : 4, 3);
+    addTyping<Dialog<Rows, true>>(Typings, name, "ours", Rows, 1000, 9);
+    addTyping<Completers<Rows>>(Typings, name, "completer", Rows, many ? 2 : 10, 3);
+    addTyping<Filter<Rows>>(Typings, name, "filter", Rows, many ? 1 : 4, 3);
     Group group{name, {}, releaseAll<Rows>};
     for (const Typing& typing : Typings) {
         const std::string work = "a key in the search box, " + count + " records, " + typing.work;
@@ -238,7 +220,7 @@ template <std::int32_t Rows>
 void addBeginning(Group& group, const std::string& count) {
     constexpr double MostScanning = 0.3e-3;
     constexpr double MostOpening = 0.15;
-    addTyping<Dialog<Rows, false>>(group.name, "scan", Rows, 100, 9);
+    addTyping<Dialog<Rows, false>>(Typings, group.name, "scan", Rows, 100, 9);
     for (const Typing& typing : Typings)
         group.lines.push_back({"the same before the index stands, " + count + " records, " + typing.work,
                                group.name + "/" + typing.name + "_scan", "", Limit::Seconds, MostScanning,

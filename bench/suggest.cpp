@@ -13,6 +13,7 @@
 #include "Goods.h"
 #include "Measure.h"
 #include "Plan.h"
+#include "Typing.h"
 #include "kxVsGrid/Suggestions.h"
 
 namespace kxbench {
@@ -28,13 +29,6 @@ Good late(std::int32_t rows, std::int32_t turn) {
     return goodOf(rows - 1 - turn * 7919 % (rows / 20));
 }
 
-/// What stands in the editor after the key: another text of its kind at every turn, so that nothing is left of
-/// the text before.
-struct Typing {
-    const char* name;
-    const char* work;
-    std::string (*text)(std::int32_t rows, std::int32_t turn);
-};
 const Typing Typings[] = {
     {"letter", "one letter",
      [](std::int32_t, std::int32_t turn) {
@@ -99,20 +93,6 @@ struct CompletedLine {
     }
 };
 
-template <class Contestant>
-void addTyping(const std::string& group, const char* who, std::int32_t rows, int iterations,
-               int repetitions) {
-    for (const Typing& typing : Typings)
-        measure(group + "/" + typing.name + "_" + who, iterations, repetitions,
-                [typing, rows, turn = std::make_shared<std::int32_t>(0)](benchmark::State& state) {
-                    Contestant& contestant = Shared<Contestant>::get();
-                    for (auto _ : state) {
-                        const std::string text = typing.text(rows, ++*turn);
-                        state.SetIterationTime(seconds([&] { contestant.type(text); }));
-                    }
-                });
-}
-
 /// A code is keyed whole, key by key: what the dearest of its keys costs.
 template <std::int32_t Rows>
 void addCode(const std::string& name) {
@@ -132,8 +112,8 @@ void addCode(const std::string& name) {
 template <std::int32_t Rows>
 Group planOf(const std::string& name, const std::string& count, double limit) {
     const bool many = Rows > HundredThousand;
-    addTyping<SuggestingGrid<Rows>>(name, "ours", Rows, many ? 50 : 200, 9);
-    addTyping<CompletedLine<Rows>>(name, "completer", Rows, many ? 1 : 5, 3);
+    addTyping<SuggestingGrid<Rows>>(Typings, name, "ours", Rows, many ? 50 : 200, 9);
+    addTyping<CompletedLine<Rows>>(Typings, name, "completer", Rows, many ? 1 : 5, 3);
     addCode<Rows>(name + "/keys");
     Group group{name, {}, [] {
                     Shared<SuggestingGrid<Rows>>::release();
