@@ -79,6 +79,12 @@ class CellGrid {
     std::int32_t FixedCols() const;
     void FixedCols(std::int32_t count);
 
+    /// So many columns after the fixed ones do not scroll either, hidden ones counted: data columns like the
+    /// others. As many as was put, or as there are; GridError for a negative number. It stays through changes of
+    /// Cols and FixedCols.
+    std::int32_t FrozenCols() const;
+    void FrozenCols(std::int32_t count);
+
     /// Inserts one empty row of default height before `position`; Rows() appends. A current cell at or below
     /// it follows its data, without events.
     void InsertRow(std::int32_t position);
@@ -270,6 +276,13 @@ class CellGrid {
     void RowHeight(std::int32_t row, std::int32_t twips);
     bool RowHidden(std::int32_t row) const;
     void RowHidden(std::int32_t row, bool hidden);
+    /// Hidden by a filter, which is a state of its own beside RowHidden; it goes with its row. New rows are not.
+    bool RowFiltered(std::int32_t row) const;
+    void RowFiltered(std::int32_t row, bool filtered);
+    /// The same for the rows from `first` on, one for each flag, at once.
+    void FilterRows(std::int32_t first, const std::vector<bool>& filtered);
+    /// The row has a height and is neither hidden nor filtered.
+    bool RowShown(std::int32_t row) const;
     /// Smaller rows are raised to this; 0 is none.
     std::int32_t RowHeightMin() const;
     void RowHeightMin(std::int32_t twips);

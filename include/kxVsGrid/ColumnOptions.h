@@ -64,6 +64,10 @@ class ColumnOptions {
     /// The clerk may sort the rows by the column (Command::SortUp, SortDown). False at first.
     bool sortable() const { return sortable_; }
     void sortable(bool may) { sortable_ = may; }
+    /// The clerk may have only the rows shown whose text in the column he chooses (Command::Filter). False at
+    /// first.
+    bool filterable() const { return filterable_; }
+    void filterable(bool may) { filterable_ = may; }
 
     /// What is suggested while the clerk types into a cell of the column (Suggestions.h); an empty function for
     /// nothing. It is asked for each text that the clerk makes, as long as the text is not blank and the list
@@ -99,6 +103,7 @@ class ColumnOptions {
     bool mayRepeat_ = true;
     Acceptance accepts_;
     bool sortable_ = false;
+    bool filterable_ = false;
     SuggestionSource suggest_;
     bool skipFilled_ = false;
 };

@@ -28,6 +28,10 @@ enum class Command : std::uint8_t {
     FillDown,       ///< the first row of the selection into the others; of one row, the row above into it
     FillRight,      ///< the same with columns
     CopyFromAbove,  ///< the cell above, its tag too, into the current one
+    Find,           ///< opens the machine's find bar
+    FindNext,
+    FindPrevious,
+    Replace,  ///< the same bar, with replacing
     InsertRow,
     AppendRow,
     DuplicateRow,
@@ -38,6 +42,13 @@ enum class Command : std::uint8_t {
     SortUp,  ///< the rows by the current column, which its host allows (ColumnOptions::sortable)
     SortDown,
     Unsort,  ///< back into the order from before the rows were sorted
+    Filter,  ///< asks which texts of the current column are shown, where its host allows it (ColumnOptions::filterable)
+    Unfilter,     ///< of all columns
+    Freeze,       ///< the columns up to the current one; where just these are frozen, none any more
+    HideColumn,   ///< those that are selected whole; without them the current one
+    ShowColumns,  ///< those that the clerk has hidden
+    FitColumn,    ///< as wide as its widest text
+    HeaderMenu,   ///< of the current column, where the host has one (Options::HeaderMenu)
     Today,
     Now,
     Help,  ///< of the current cell, as F2 opens it

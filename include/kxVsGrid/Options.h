@@ -52,6 +52,12 @@ class GridOptions {
     bool DeleteClears() const { return deleteClears_; }
     void DeleteClears(bool clears) { deleteClears_ = clears; }
 
+    /// Column headers have a menu, which a right press on one opens, and Command::HeaderMenu: sorting and
+    /// filtering where the column allows it, its width, hidden and frozen columns. False at first: a right
+    /// press there opens the grid's menu, as it does on a cell.
+    bool HeaderMenu() const { return headerMenu_; }
+    void HeaderMenu(bool has) { headerMenu_ = has; }
+
     /// How a clerk is told that a text was refused: with a message box, or beside the editor with the same
     /// text, which takes neither a key nor the keyboard and goes with the next change. Box at first.
     enum class RefusalStyle { Box, Beside };
@@ -76,6 +82,7 @@ class GridOptions {
     bool enterPassesReadOnly_ = false;
     bool pressToggles_ = false;
     bool deleteClears_ = false;
+    bool headerMenu_ = false;
     RefusalStyle refusals_ = RefusalStyle::Box;
     std::int32_t readOnlyShade_ = 0;
 };

@@ -162,6 +162,9 @@ class Seat {
     virtual void showEditor(const EditorView& editor) = 0;
     /// The list of suggestions at the editor has changed: show it, or none. A machine without one shows none.
     virtual void showSuggestions(const SuggestionView&) {}
+    /// The clerk wants to find something, or to replace it: shows a bar for that, with the keyboard in it. What is
+    /// found is the control's (kxGrid::Find). A machine without one shows none.
+    virtual void showFindBar(bool) {}
     /// Delivers a character to the text box as a keystroke; what it makes of the text is reported through
     /// Input::edited before this returns.
     virtual void typeIntoEditor(std::string_view character) = 0;

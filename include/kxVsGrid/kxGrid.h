@@ -178,6 +178,10 @@ class kxGrid : public GridEvents {
     void FixedRows(std::int32_t count);
     std::int32_t FixedCols() const;
     void FixedCols(std::int32_t count);
+    /// Columns after the fixed ones that do not scroll, in the total row alike (CellGrid::FrozenCols); not
+    /// stored.
+    std::int32_t FrozenCols() const;
+    void FrozenCols(std::int32_t count);
     std::int32_t Row() const;
     void Row(std::int32_t row);
     std::int32_t Col() const;

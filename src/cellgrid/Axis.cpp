@@ -5,7 +5,7 @@
 namespace kxVsGrid::cellgrid {
 
 void Axis::insert(std::int32_t index, std::int32_t n) {
-    runs_.insert(index, n, AxisSize{std::max(defaultSize_, minimum_), false});
+    runs_.insert(index, n, AxisSize{std::max(defaultSize_, minimum_)});
 }
 
 bool Axis::setSize(std::int32_t index, std::int32_t size) {
@@ -21,6 +21,23 @@ bool Axis::setHidden(std::int32_t index, bool hidden) {
         s.hidden = hidden;
         return s;
     });
+}
+
+bool Axis::setFiltered(std::int32_t index, bool filtered) {
+    return runs_.transform(index, 1, [filtered](AxisSize s) {
+        s.filtered = filtered;
+        return s;
+    });
+}
+
+bool Axis::setFiltered(std::int32_t first, const std::vector<bool>& filtered) {
+    std::size_t i = 0;
+    auto prepared = runs_.prepareMap(first, static_cast<std::int32_t>(filtered.size()), [&](AxisSize s) {
+        s.filtered = filtered[i++];
+        return s;
+    });
+    if (prepared) runs_.replace(*prepared);
+    return prepared.has_value();
 }
 
 bool Axis::setMinimum(std::int32_t minimum) {

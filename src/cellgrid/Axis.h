@@ -1,4 +1,4 @@
-// Where the rows, or the columns, of a grid lie: a size and a hidden flag per element, and the way between
+// Where the rows, or the columns, of a grid lie: a size and two flags per element that hide it, and the way between
 // index and position in logarithmic time. A hidden element keeps its size and has extent 0. Elements of equal
 // size cost one run together, so that a hundred million rows of default height cost nothing.
 #pragma once
@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "cellgrid/store/RunList.h"
 
@@ -13,11 +14,12 @@ namespace kxVsGrid::cellgrid {
 
 struct AxisSize {
     std::int32_t size = 0;
-    bool hidden = false;
+    bool hidden = false;    ///< by the host
+    bool filtered = false;  ///< by a filter, beside that
     friend bool operator==(const AxisSize&, const AxisSize&) = default;
 };
 inline std::int64_t extentOf(const AxisSize& s) {
-    return s.hidden ? 0 : s.size;
+    return s.hidden || s.filtered ? 0 : s.size;
 }
 
 class Axis {
@@ -43,6 +45,10 @@ class Axis {
     bool setSize(std::int32_t index, std::int32_t size);
     bool hidden(std::int32_t index) const { return runs_.at(index).hidden; }
     bool setHidden(std::int32_t index, bool hidden);
+    bool filtered(std::int32_t index) const { return runs_.at(index).filtered; }
+    bool setFiltered(std::int32_t index, bool filtered);
+    /// The elements from `first` on, one for each flag. All or nothing when memory fails.
+    bool setFiltered(std::int32_t first, const std::vector<bool>& filtered);
     std::int32_t minimum() const { return minimum_; }
     /// Raises smaller elements, now and later; lowering it lowers none.
     bool setMinimum(std::int32_t minimum);

@@ -99,6 +99,13 @@ void CellGrid::FixedRows(std::int32_t count) {
 std::int32_t CellGrid::FixedCols() const {
     return impl_->layout.cols.fixed;
 }
+std::int32_t CellGrid::FrozenCols() const {
+    return std::min(impl_->layout.cols.frozen, Cols() - FixedCols());
+}
+void CellGrid::FrozenCols(std::int32_t count) {
+    if (count < 0) misuse("FrozenCols", count, "is negative");
+    if (std::exchange(impl_->layout.cols.frozen, count) != count) held()->geometryChanged();
+}
 void CellGrid::FixedCols(std::int32_t count) {
     held()->setFixedCols(count);
 }
@@ -325,6 +332,24 @@ bool CellGrid::RowHidden(std::int32_t row) const {
 void CellGrid::RowHidden(std::int32_t row, bool hidden) {
     impl_->requireRow("RowHidden", row);
     if (impl_->layout.rows.axis.setHidden(row, hidden)) held()->geometryChanged();
+}
+bool CellGrid::RowFiltered(std::int32_t row) const {
+    impl_->requireRow("RowFiltered", row);
+    return impl_->layout.rows.axis.filtered(row);
+}
+void CellGrid::RowFiltered(std::int32_t row, bool filtered) {
+    impl_->requireRow("RowFiltered", row);
+    if (impl_->layout.rows.axis.setFiltered(row, filtered)) held()->geometryChanged();
+}
+void CellGrid::FilterRows(std::int32_t first, const std::vector<bool>& filtered) {
+    if (first < 0 || first > Rows()) misuse("FilterRows", first, "is no row");
+    if (filtered.size() > static_cast<std::size_t>(Rows() - first))
+        misuse("FilterRows", static_cast<std::int64_t>(filtered.size()), "rows are more than there are");
+    if (impl_->layout.rows.axis.setFiltered(first, filtered)) held()->geometryChanged();
+}
+bool CellGrid::RowShown(std::int32_t row) const {
+    impl_->requireRow("RowShown", row);
+    return impl_->layout.rows.axis.extent(row) > 0;
 }
 std::int32_t CellGrid::RowHeightMin() const {
     return impl_->layout.rows.axis.minimum();

@@ -17,8 +17,9 @@ class Lane {
     explicit Lane(std::int32_t defaultSize) : axis(defaultSize) {}
 
     Axis axis;
-    std::int32_t fixed = 0;  ///< elements that do not scroll
-    std::int32_t first = 0;  ///< the first scrollable one shown
+    std::int32_t fixed = 0;   ///< elements that do not scroll
+    std::int32_t frozen = 0;  ///< so many after them do not scroll either; there may be fewer
+    std::int32_t first = 0;   ///< the first scrollable one shown
 
     std::int32_t fixedExtent() const;
     /// Where an element begins in the view, also when it lies outside of it.

@@ -219,6 +219,12 @@ void kxGrid::FixedCols(std::int32_t count) {
     p.report("FixedCols");
 }
 
+std::int32_t kxGrid::FrozenCols() const {
+    return parts_->main.FrozenCols();
+}
+void kxGrid::FrozenCols(std::int32_t count) {
+    parts_->main.FrozenCols(count);
+}
 std::int32_t kxGrid::Row() const {
     return parts_->main.Row();
 }

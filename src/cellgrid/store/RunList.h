@@ -105,6 +105,33 @@ class RunList {
         old.resize(from.size());
         return prepareReplace(first, stop, from, old);
     }
+    /// `n` elements from `first` on shall have the values that `map` makes of their present ones, each asked
+    /// about once and in order. Takes the memory for it; nothing where all stay as they are.
+    template <class Map>
+    std::optional<Replacement> prepareMap(std::int64_t first, std::int32_t n, Map map) {
+        if (n <= 0) return {};
+        const std::int64_t stop = first + n;
+        const Place begin = blocks_.blockBefore(blocks_.find(first));
+        const Place end = blocks_.blockAfter(blocks_.find(stop));
+        std::vector<Run> runs;
+        bool changed = false;
+        for (Place place = begin; place.block < end.block && !blocks_.atEnd(place);
+             place = blocks_.next(place)) {
+            const Run& run = blocks_[place];
+            const std::int64_t last = place.first + run.count;
+            const std::int64_t from = std::clamp(first, place.first, last);
+            const std::int64_t to = std::clamp(stop, place.first, last);
+            if (from > place.first) append(runs, from - place.first, run.value);
+            for (std::int64_t i = from; i < to; ++i) {
+                const T value = map(run.value);
+                changed = changed || !(value == run.value);
+                append(runs, 1, value);
+            }
+            if (last > to) append(runs, last - to, run.value);
+        }
+        if (!changed) return {};
+        return blocks_.prepareReplace(begin, end, runs);
+    }
     /// What was prepared, nothing else having changed since.
     void replace(Replacement& with) noexcept { blocks_.replace(with); }
 
