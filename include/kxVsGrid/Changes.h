@@ -111,6 +111,10 @@ struct StepChanges {
     std::span<const std::int32_t> rows;  ///< that were added or written to, as they stand now; ascending
     std::span<const std::int32_t> cols;  ///< of the cells that were written; ascending
     bool known;                          ///< False: more than could be kept; anything may have changed
+    /// Where rows have changed places: for each row of the grid, fixed ones too, the row that it was before the
+    /// step, -1 for one that was added. A host with an array beside the grid makes its new one by it. Empty where
+    /// rows have kept their order; RowMoved tells of those that came and went.
+    std::span<const std::int32_t> from;
 };
 
 /// A cell's text, or its tag, that is another one than when the grid was saved.

@@ -79,6 +79,7 @@ void Steps::filled(std::int32_t row, std::int32_t col, std::uint32_t texts, std:
 
 void Steps::added(std::int32_t at, std::int32_t count) noexcept {
     knownRow_ = -1;
+    if (followsRows()) origins_.added(at, count);
     record(static_cast<std::size_t>(count) * sizeof(RowId), [&](Record& record) {
         AddedRows rows;
         rows.ids.reserve(static_cast<std::size_t>(count));
@@ -89,11 +90,13 @@ void Steps::added(std::int32_t at, std::int32_t count) noexcept {
 
 void Steps::removing(std::int32_t at, std::int32_t count) noexcept {
     knownRow_ = -1;
+    if (followsRows()) origins_.removed(at, count);
     record(bytesOfRows(count), [&](Record& record) { record.remove(keepRows(grid_, at, count)); });
 }
 
 void Steps::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
     knownRow_ = -1;
+    if (followsRows()) origins_.reordered(grid_.Rows(), first, from);
     record(bytesOfOrder(from), [&](Record& record) {
         for (ReorderedRows& rows : keepOrder(grid_, first, from)) record.reorder(std::move(rows));
     });
@@ -130,6 +133,7 @@ void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
     lost_ = forgetsStep_ = false;
     settledEntries_ = 0;
     marks_.clear();
+    origins_.begin();
     depth_ = 1;
     try {
         listenAsNeeded();
@@ -172,8 +176,7 @@ void Steps::close() {
 /// What is left to do when a step, or a way back, is done. What it throws is the first fault.
 void Steps::finish(const Told& told, FirstFault& fault) {
     fault.during([&] { listenAsNeeded(); });
-    if (told.anything)
-        fault.during([&] { changes.After({told.name, told.cause, told.rows, told.cols, told.known}); });
+    if (told.anything) fault.during([&] { changes.After(told.changes()); });
     fault.during([&] { tellForgot(); });
     fault.during([&] { owner_.historyChanged(); });
     fault.raise();
@@ -183,11 +186,12 @@ void Steps::finish(const Told& told, FirstFault& fault) {
 Steps::Told Steps::toldOf(const Record& record, Cause cause) const noexcept {
     Told told;
     told.cause = cause;
-    told.known = !lost_;
+    told.known = !lost_ && !origins_.lost();
     told.anything = lost_ || !record.empty();
     try {
         told.name = record.name;
         findPlaces(grid_, record, told.rows, told.cols);
+        told.from.assign(origins_.from().begin(), origins_.from().end());
     } catch (...) {
         told.known = false;
     }
@@ -226,7 +230,7 @@ void Steps::settle(FirstFault& fault) {
     for (std::size_t i = 0; i < settlers_.size(); ++i)
         fault.during([&] {
             const Changes::Settler settler = settlers_[i];
-            settler({told.name, told.cause, told.rows, told.cols, told.known});
+            settler(told.changes());
         });
     fault.during([&] { owner_.recalculateAll(); });
 }
@@ -341,6 +345,7 @@ bool Steps::goBack(KeptSteps& from, KeptSteps& to) {
     Record record = from.pop().record;
     prelude_ = 0;
     lost_ = forgetsStep_ = false;
+    origins_.begin();
     grid_.TellStepOpened(record.name, Cause::Undo);
     FirstFault fault;
     restore(record, true, fault);

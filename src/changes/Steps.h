@@ -16,6 +16,7 @@
 #include "changes/KeptSteps.h"
 #include "changes/Listening.h"
 #include "changes/Record.h"
+#include "changes/RowOrigins.h"
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
 #include "support/FirstFault.h"
@@ -144,6 +145,8 @@ class Steps : private ChangeListener {
         std::vector<std::int32_t> cols;
         bool known = true;
         bool anything = false;
+        std::vector<std::int32_t> from;
+        StepChanges changes() const { return {name, cause, rows, cols, known, from}; }
     };
 
     // ChangeListener
@@ -185,17 +188,21 @@ class Steps : private ChangeListener {
     Told toldOf(const Record& record, Cause cause) const noexcept;
     void finish(const Told& told, support::FirstFault& fault);
     void tellForgot();
-    bool wanted() const { return enabled_ || hostSteps_ > 0 || changes.After.heard() || !settlers_.empty(); }
+    bool told() const { return changes.After.heard() || !settlers_.empty(); }
+    /// A step goes on whose changes are told.
+    bool followsRows() const { return (depth_ > 0 || restoring_) && told(); }
+    bool wanted() const { return enabled_ || hostSteps_ > 0 || told(); }
 
     CellGrid& grid_;
     StepOwner& owner_;
     KeptSteps done_;
     KeptSteps undone_;
     std::vector<Changes::Settler> settlers_;
-    Record current_;     ///< of the step that is open
-    Record back_;        ///< what it takes to take a restoration back
-    int depth_ = 0;      ///< steps that are open, one in the other
-    int hostSteps_ = 0;  ///< of them those that the host may take back
+    Record current_;      ///< of the step that is open
+    RowOrigins origins_;  ///< of the rows, in the step that is open or gone back
+    Record back_;         ///< what it takes to take a restoration back
+    int depth_ = 0;       ///< steps that are open, one in the other
+    int hostSteps_ = 0;   ///< of them those that the host may take back
     int unrecorded_ = 0;
     int unrecordedBefore_ = 0;        ///< so many of them began before what is being restored
     std::vector<std::size_t> marks_;  ///< entries that were there when the host's steps began

@@ -1,0 +1,72 @@
+#include "changes/RowOrigins.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace kxVsGrid::changes {
+
+void RowOrigins::begin() noexcept {
+    before_.clear();
+    from_ = {};
+    lost_ = false;
+}
+
+template <class Work>
+void RowOrigins::unlessLost(Work work) noexcept {
+    if (lost_) return;
+    try {
+        work();
+    } catch (...) {
+        begin();
+        lost_ = true;
+    }
+}
+
+void RowOrigins::added(std::int32_t at, std::int32_t count) noexcept {
+    move({at, count});
+}
+
+void RowOrigins::removed(std::int32_t at, std::int32_t count) noexcept {
+    move({at, -count});
+}
+
+void RowOrigins::move(Move move) noexcept {
+    unlessLost([&] {
+        if (!from_.empty()) return carryOut(move);
+        // Rows that are appended one by one, or removed from the same place, are one move.
+        if (!before_.empty() && move.count > 0 && before_.back().count > 0 &&
+            move.at == before_.back().at + before_.back().count)
+            before_.back().count += move.count;
+        else
+            before_.push_back(move);
+    });
+}
+
+void RowOrigins::carryOut(const Move& move) {
+    const auto at = from_.begin() + move.at;
+    if (move.count > 0)
+        from_.insert(at, static_cast<std::size_t>(move.count), New);
+    else
+        from_.erase(at, at - move.count);
+}
+
+/// `rows` are there after the moves.
+void RowOrigins::follow(std::int32_t rows) {
+    std::int32_t first = rows;
+    for (const Move& move : before_) first -= move.count;
+    from_.resize(static_cast<std::size_t>(first));
+    std::iota(from_.begin(), from_.end(), 0);
+    for (const Move& move : before_) carryOut(move);
+    before_.clear();
+}
+
+void RowOrigins::reordered(std::int32_t rows, std::int32_t first,
+                           std::span<const std::int32_t> from) noexcept {
+    unlessLost([&] {
+        if (from_.empty()) follow(rows);
+        std::vector<std::int32_t> origins(from.size());
+        for (std::size_t i = 0; i < from.size(); ++i) origins[i] = from_[static_cast<std::size_t>(from[i])];
+        std::copy(origins.begin(), origins.end(), from_.begin() + first);
+    });
+}
+}  // namespace kxVsGrid::changes
