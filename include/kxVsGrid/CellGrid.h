@@ -114,6 +114,10 @@ class CellGrid {
     RowId KnownId(std::int32_t row) const;
     /// Where the row is now; -1 when it has gone, and for what is no id of this grid's.
     std::int32_t RowOf(RowId id) const;
+    /// Both for many rows at once, in much less time: the ids of the rows from `first` on, one for each place;
+    /// where the rows of the ids are now, one place for each.
+    void IdsOf(std::int32_t first, std::span<RowId> ids);
+    void RowsOf(std::span<const RowId> ids, std::span<std::int32_t> rows) const;
 
     // --- The current cell. Code may put it into the fixed area.
     std::int32_t Row() const;
@@ -200,6 +204,8 @@ class CellGrid {
     /// time that grows with the rows that were ever written to. Computed texts and row numbers are not
     /// stored.
     void ForEachCell(std::int32_t firstRow, std::int32_t lastRow, const CellVisitor& visit) const;
+    /// The same, of some of the columns; GridError when the range reaches beyond the grid.
+    void ForEachCell(const CellRange& range, const CellVisitor& visit) const;
 
     /// The first data row, other than `except`, whose stored text in the column is `text`; -1 for none. Takes
     /// a time that grows with the rows that were ever written to.

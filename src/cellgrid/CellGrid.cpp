@@ -57,9 +57,14 @@ bool CellGrid::StepOpen() const {
     return impl_->stepOpen;
 }
 void CellGrid::ForEachCell(std::int32_t firstRow, std::int32_t lastRow, const CellVisitor& visit) const {
-    if (lastRow < firstRow) return;
-    impl_->requireRows("ForEachCell", firstRow, lastRow);
-    impl_->store.forEachCell(firstRow, lastRow - firstRow + 1, visit);
+    if (Cols() > 0) ForEachCell({firstRow, 0, lastRow, Cols() - 1}, visit);
+}
+void CellGrid::ForEachCell(const CellRange& range, const CellVisitor& visit) const {
+    if (range.empty()) return;
+    impl_->requireCell("ForEachCell", range.firstRow, range.firstCol);
+    impl_->requireCell("ForEachCell", range.lastRow, range.lastCol);
+    impl_->store.forEachCell(range.firstRow, range.lastRow - range.firstRow + 1, range.firstCol,
+                             range.lastCol, visit);
 }
 
 std::int32_t CellGrid::RowWithText(std::int32_t col, std::string_view text, std::int32_t except) const {
@@ -89,6 +94,17 @@ RowId CellGrid::KnownId(std::int32_t row) const {
 }
 std::int32_t CellGrid::RowOf(RowId id) const {
     return impl_->ids.rowOf(id);
+}
+void CellGrid::IdsOf(std::int32_t first, std::span<RowId> ids) {
+    if (first < 0 || first > Rows()) misuse("IdsOf", first, "is no row");
+    if (ids.size() > static_cast<std::size_t>(Rows() - first))
+        misuse("IdsOf", static_cast<std::int64_t>(ids.size()), "rows are more than there are");
+    impl_->ids.idsOf(first, ids);
+}
+void CellGrid::RowsOf(std::span<const RowId> ids, std::span<std::int32_t> rows) const {
+    if (rows.size() != ids.size())
+        misuse("RowsOf", static_cast<std::int64_t>(rows.size()), "places are not as many as ids");
+    impl_->ids.rowsOf(ids, rows);
 }
 std::int32_t CellGrid::FixedRows() const {
     return impl_->layout.rows.fixed;

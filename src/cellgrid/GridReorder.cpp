@@ -1,6 +1,7 @@
 // Rows change places: whatever belongs to a row goes along. All is prepared before the first is changed.
 #include <algorithm>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 #include "cellgrid/GridImpl.h"
@@ -47,11 +48,11 @@ void CellGrid::Impl::reorder(std::int32_t first, std::span<const std::int32_t> f
     auto cells = store.prepareReorder(first, from);
     auto sizes = layout.rows.axis.prepareReorder(first, from);
     auto merged = mergedRows.prepareReorder(first, from);
-    const auto nodes = ids.prepareReorder(first, from);
+    auto nodes = ids.prepareReorder(first, from);
     store.reorder(cells);
     layout.rows.axis.reorder(sizes);
     if (merged) mergedRows.replace(*merged);
-    ids.reorder(nodes);
+    ids.reorder(std::move(nodes));
     rowsReordered(first, from);
     tellStream([&](ChangeListener& one) { one.reordered(first, from); });
     const Scroll scrolled = settle();

@@ -1,5 +1,7 @@
 #include "cellgrid/RowIds.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "support/Room.h"
@@ -23,11 +25,49 @@ RowId RowIds::idOf(std::int32_t row) {
         if (const Number number = find(row)) return RowId{number};
     }
     obtainPage(next_);
+    forgetFlat();
     if (row > lastRow_)
         append(next_, row);
     else
         link(next_, row);
     return RowId{next_++};
+}
+
+void RowIds::idsOf(std::int32_t first, std::span<RowId> ids) {
+    std::vector<Number> nodes(ids.size());
+    flatten(first, nodes);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (nodes[i] == None) nodes[i] = static_cast<Number>(idOf(first + static_cast<std::int32_t>(i)));
+        ids[i] = RowId{nodes[i]};
+    }
+    flat_ = {first, std::move(nodes)};
+}
+
+void RowIds::flatten(std::int32_t first, std::span<Number> nodes) const {
+    const auto stop = first + static_cast<std::int32_t>(nodes.size());
+    if (first >= flat_.first && stop <= flat_.first + static_cast<std::int32_t>(flat_.nodes.size())) {
+        std::copy_n(flat_.nodes.begin() + (first - flat_.first), nodes.size(), nodes.begin());
+        return;
+    }
+    std::fill(nodes.begin(), nodes.end(), None);
+    forEach(root_, 0, first, stop,
+            [&](Number number, std::int32_t row) { nodes[static_cast<std::size_t>(row - first)] = number; });
+}
+
+/// Of many a walk over the whole tree makes a table; few climb by themselves.
+void RowIds::rowsOf(std::span<const RowId> ids, std::span<std::int32_t> rows) const {
+    constexpr std::size_t Few = 16;  // of which one climb costs as much as so many steps of the walk
+    if (ids.size() < next_ / Few) {
+        for (std::size_t i = 0; i < ids.size(); ++i) rows[i] = rowOf(ids[i]);
+        return;
+    }
+    std::vector<std::int32_t> table(next_, -1);
+    forEach(root_, 0, 0, std::numeric_limits<std::int32_t>::max(),
+            [&](Number number, std::int32_t row) { table[number] = row; });
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        const auto number = static_cast<Number>(ids[i]);
+        rows[i] = number < next_ ? table[number] : -1;
+    }
 }
 
 std::int32_t RowIds::rowOf(RowId id) const {
@@ -48,6 +88,7 @@ bool RowIds::prepareReturn(RowId id) {
 void RowIds::inserted(std::int32_t row, std::int32_t n) {
     if (root_ == None) return;
     last_ = None;
+    forgetFlat();
     const auto [before, from] = split(root_, row);
     shift(from, n);
     root_ = merge(before, from);
@@ -56,6 +97,7 @@ void RowIds::inserted(std::int32_t row, std::int32_t n) {
 void RowIds::removed(std::int32_t row, std::int32_t n) {
     if (root_ == None) return;
     last_ = None;
+    forgetFlat();
     const auto [before, from] = split(root_, row);
     const auto [gone, after] = split(from, row + n);
     shift(after, -n);
@@ -105,31 +147,32 @@ void RowIds::forEach(Number at, std::int32_t base, std::int32_t first, std::int3
 }
 
 RowIds::Reordering RowIds::prepareReorder(std::int32_t first, std::span<const std::int32_t> from) const {
-    Reordering prepared{first, first + static_cast<std::int32_t>(from.size()), {}};
-    std::size_t count = 0;
-    forEach(root_, 0, first, prepared.stop, [&count](Number, std::int32_t) { ++count; });
-    if (count == 0) return prepared;
-    std::vector<Number> old(from.size(), None);
-    forEach(root_, 0, first, prepared.stop,
-            [&](Number number, std::int32_t row) { old[static_cast<std::size_t>(row - first)] = number; });
-    prepared.nodes.reserve(count);
-    for (std::size_t i = 0; i < from.size(); ++i)
-        if (const Number number = old[static_cast<std::size_t>(from[i] - first)]; number != None)
-            prepared.nodes.emplace_back(number, first + static_cast<std::int32_t>(i));
+    Reordering prepared{first, {}};
+    if (root_ == None) return prepared;
+    std::vector<Number> old(from.size());
+    flatten(first, old);
+    if (std::all_of(old.begin(), old.end(), [](Number number) { return number == None; })) return prepared;
+    prepared.nodes.reserve(from.size());
+    for (const std::int32_t row : from) prepared.nodes.push_back(old[static_cast<std::size_t>(row - first)]);
     return prepared;
 }
 
 /// The nodes of the rows are taken out, and come behind those before them one by one.
-void RowIds::reorder(const Reordering& prepared) noexcept {
+void RowIds::reorder(Reordering prepared) noexcept {
     if (prepared.nodes.empty()) return;
     const auto [before, from] = split(root_, prepared.first);
-    const Number after = split(from, prepared.stop).from;
+    const Number after = split(from, prepared.first + static_cast<std::int32_t>(prepared.nodes.size())).from;
     root_ = before;
     last_ = None;
     findLast();
-    for (const auto& [number, row] : prepared.nodes) linkLast(number, row);
+    std::int32_t row = prepared.first;
+    for (const Number number : prepared.nodes) {
+        if (number != None) linkLast(number, row);
+        ++row;
+    }
     root_ = merge(root_, after);
     last_ = None;
+    flat_ = std::move(prepared);
 }
 
 /// The same as link for a row after all that have a node.

@@ -32,12 +32,17 @@ class RowIds {
     /// The row, which has no id, is the one of this id again. Cannot fail after prepareReturn.
     void returned(RowId id, std::int32_t row) {
         last_ = None;
+        forgetFlat();
         link(static_cast<Number>(id), row);
     }
     /// RowId::None for a row that nobody asked about.
     RowId known(std::int32_t row) const { return RowId{find(row)}; }
+    /// Those of the rows from `first` on, one for each place: idOf for all of them, in less time.
+    void idsOf(std::int32_t first, std::span<RowId> ids);
     /// -1 for a row that has gone, and for what is no id.
     std::int32_t rowOf(RowId id) const;
+    /// The same for many at once, in less time; `rows` has a place for each of `ids`.
+    void rowsOf(std::span<const RowId> ids, std::span<std::int32_t> rows) const;
 
     /// Rows have come before `row`, or [row, row + n) have gone. Neither can fail.
     void inserted(std::int32_t row, std::int32_t n);
@@ -47,15 +52,15 @@ class RowIds {
     using Number = std::uint64_t;
 
   public:
-    /// Rows [first, stop) that shall change places.
+    /// Rows from `first` on that shall change places: the nodes as they stand then, None where a row has none.
+    /// Without any of them nothing is to be done.
     struct Reordering {
         std::int32_t first = 0;
-        std::int32_t stop = 0;
-        std::vector<std::pair<Number, std::int32_t>> nodes;  ///< and the rows they come to, ascending
+        std::vector<Number> nodes;
     };
     /// `from[i]` is the old place of the row that stands at first + i then. Takes the memory that it needs.
     Reordering prepareReorder(std::int32_t first, std::span<const std::int32_t> from) const;
-    void reorder(const Reordering& prepared) noexcept;
+    void reorder(Reordering prepared) noexcept;
 
   private:
     static constexpr Number None = 0;
@@ -83,6 +88,9 @@ class RowIds {
     void findLast();
     void append(Number number, std::int32_t row);
     void linkLast(Number number, std::int32_t row);
+    /// The nodes of the rows from `first` on, as many as there are places.
+    void flatten(std::int32_t first, std::span<Number> nodes) const;
+    void forgetFlat() noexcept { flat_ = {}; }
     template <class Visit>
     void forEach(Number at, std::int32_t base, std::int32_t first, std::int32_t stop, Visit visit) const;
     void link(Number number, std::int32_t row);
@@ -99,5 +107,8 @@ class RowIds {
     Number last_ = None;  ///< the node of the last row that has one, where that is known
     std::int32_t lastRow_ = -1;
     Number next_ = 1;
+    /// Nodes row by row as the last one found them who asked about many, until one comes or goes: a sort asks several
+    /// times, and the nodes of sorted rows lie anywhere.
+    Reordering flat_;
 };
 }  // namespace kxVsGrid::cellgrid

@@ -50,9 +50,9 @@ std::vector<KeptCell> keepStyles(const CellGrid& grid, std::int32_t row) {
 }
 
 /// Those that are not named stand between the ones that moved and the neighbour that they had.
-void addPlaces(const CellGrid& grid, const ReorderedRows& moved, std::unordered_set<RowId>& ids,
+void addPlaces(const CellGrid& grid, const ReorderedRows& moved, std::vector<RowId>& ids,
                std::vector<std::int32_t>& rows) {
-    ids.insert(moved.ids.begin(), moved.ids.end());
+    ids.insert(ids.end(), moved.ids.begin(), moved.ids.end());
     const std::int32_t inner = grid.RowOf(moved.inner);
     if (inner < 0) return;
     std::int32_t least = inner;
@@ -111,6 +111,22 @@ std::vector<ReorderedRows> keepMoved(CellGrid& grid, std::int32_t first, std::sp
     return kept;
 }
 
+/// In order; without those that are not there. Where most of the rows are named, looking them up in a table is less
+/// than putting them in order.
+void keepEachOnce(std::vector<std::int32_t>& rows, std::int32_t count) {
+    std::erase(rows, -1);
+    if (rows.size() < static_cast<std::size_t>(count) / 8) {
+        std::sort(rows.begin(), rows.end());
+        rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+        return;
+    }
+    std::vector<bool> named(static_cast<std::size_t>(count));
+    for (const std::int32_t row : rows) named[static_cast<std::size_t>(row)] = true;
+    rows.clear();
+    for (std::int32_t row = 0; row < count; ++row)
+        if (named[static_cast<std::size_t>(row)]) rows.push_back(row);
+}
+
 KeptCell& cellOf(KeptRow& row, std::int32_t col) {
     const auto place = std::lower_bound(row.cells.begin(), row.cells.end(), col,
                                         [](const KeptCell& cell, std::int32_t c) { return cell.col < c; });
@@ -153,10 +169,12 @@ std::size_t bytesOfOrder(std::span<const std::int32_t> from) {
 std::vector<ReorderedRows> keepOrder(CellGrid& grid, std::int32_t first, std::span<const std::int32_t> from) {
     const Stretch stays = longestOf(from);
     if (standsOut(stays, from.size())) return keepMoved(grid, first, from, stays);
+    std::vector<RowId> now(from.size());
+    grid.IdsOf(first, now);
     ReorderedRows kept;
     kept.ids.resize(from.size());
     for (std::size_t i = 0; i < from.size(); ++i)
-        kept.ids[static_cast<std::size_t>(from[i] - first)] = grid.IdOf(first + static_cast<std::int32_t>(i));
+        kept.ids[static_cast<std::size_t>(from[i] - first)] = now[i];
     std::vector<ReorderedRows> all;
     all.push_back(std::move(kept));
     return all;
@@ -246,22 +264,22 @@ void Record::cutAll() noexcept {
 
 void findPlaces(const CellGrid& grid, const Record& record, std::vector<std::int32_t>& rows,
                 std::vector<std::int32_t>& cols) {
-    std::unordered_set<RowId> ids;
+    std::vector<RowId> ids;
     std::unordered_set<std::int32_t> written;
     for (const Record::Entry& entry : record.entries()) {
         if (entry.kind == Record::Entry::Kind::Added)
-            ids.insert(record.added(entry).ids.begin(), record.added(entry).ids.end());
+            ids.insert(ids.end(), record.added(entry).ids.begin(), record.added(entry).ids.end());
         if (entry.kind == Record::Entry::Kind::Reordered) addPlaces(grid, record.reordered(entry), ids, rows);
         record.forEachWrite(entry, [&](std::int32_t col, CellPart, std::string_view) {
-            ids.insert(entry.row);
+            if (ids.empty() || ids.back() != entry.row) ids.push_back(entry.row);
             written.insert(col);
         });
     }
-    for (const RowId id : ids)
-        if (const std::int32_t row = grid.RowOf(id); row >= 0) rows.push_back(row);
+    const std::size_t more = rows.size();
+    rows.resize(more + ids.size());
+    grid.RowsOf(ids, std::span(rows).subspan(more));
+    keepEachOnce(rows, grid.Rows());
     cols.assign(written.begin(), written.end());
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     std::sort(cols.begin(), cols.end());
 }
 

@@ -53,10 +53,9 @@ void Restore::takeAway(const AddedRows& rows, support::FirstFault& fault) {
 }
 
 void Restore::putInOrder(const ReorderedRows& rows, support::FirstFault& fault) {
-    std::vector<std::int32_t> there;
-    there.reserve(rows.ids.size());
-    for (const RowId id : rows.ids)
-        if (const std::int32_t row = grid_.RowOf(id); row >= grid_.FixedRows()) there.push_back(row);
+    std::vector<std::int32_t> there(rows.ids.size());
+    grid_.RowsOf(rows.ids, there);
+    std::erase_if(there, [this](std::int32_t row) { return row < grid_.FixedRows(); });
     if (there.empty()) return;
     const std::int32_t place = placeOf(rows);
     if (place < 0)
@@ -76,6 +75,9 @@ std::int32_t Restore::placeOf(const ReorderedRows& rows) const {
 
 /// In this order they stand where they stand now: rows that nobody recorded stay where they are.
 void Restore::sharePlaces(const std::vector<std::int32_t>& there, support::FirstFault& fault) {
+    const auto [least, most] = std::minmax_element(there.begin(), there.end());
+    if (static_cast<std::size_t>(*most - *least) + 1 == there.size())  // no row between them is another one
+        return fault.during([&] { grid_.Reorder(*least, there); });
     std::vector<std::int32_t> places = there;
     std::sort(places.begin(), places.end());
     const std::int32_t first = places.front();

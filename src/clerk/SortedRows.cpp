@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <optional>
+#include <utility>
 
 #include "support/Dates.h"
 #include "support/DistinctTexts.h"
@@ -43,15 +44,19 @@ std::optional<std::uint64_t> keyOf(SortKind kind, std::string_view text) {
     return std::nullopt;
 }
 
-/// By key, in passes of sixteen bits from the lowest up, each of which keeps the order of the one before.
+/// By key, in passes of eleven bits from the lowest up, each of which keeps the order of the one before. Parts in which
+/// all keys are alike take none.
 void sortByKey(std::vector<Ranked>& rows) {
-    constexpr std::size_t Values = std::size_t{1} << 16;
+    constexpr int Bits = 11;
+    constexpr std::size_t Values = std::size_t{1} << Bits;
+    std::uint64_t varying = 0;
+    for (const Ranked& row : rows) varying |= row.key ^ rows.front().key;
     std::vector<Ranked> other(rows.size());
-    for (int shift = 0; shift < 64; shift += 16) {
-        std::vector<std::size_t> ends(Values + 1, 0);
+    for (int shift = 0; shift < 64 && varying >> shift != 0; shift += Bits) {
+        if ((varying >> shift & (Values - 1)) == 0) continue;
+        std::array<std::uint32_t, Values + 1> ends{};
         const auto part = [shift](const Ranked& row) { return (row.key >> shift) & (Values - 1); };
         for (const Ranked& row : rows) ++ends[part(row) + 1];
-        if (std::find(ends.begin(), ends.end(), rows.size()) != ends.end()) continue;  // all are alike here
         for (std::size_t value = 0; value < Values; ++value) ends[value + 1] += ends[value];
         for (const Ranked& row : rows) other[ends[part(row)]++] = row;
         rows.swap(other);
@@ -73,9 +78,16 @@ class Sorting {
     Sorting(const CellGrid& grid, const rows::DefaultedCells& defaulted, std::int32_t col, SortKind kind)
         : grid_(grid), defaulted_(defaulted), col_(col), kind_(kind), first_(grid.FixedRows()) {}
 
+    /// Mostly the column alone tells which rows are in use.
     void read() {
-        grid_.ForEachCell(first_, grid_.Rows() - 1, [this](auto row, auto col, auto text, auto tag) {
-            if (!text.empty() || !tag.empty()) take(row, col, text);
+        const std::int32_t last = grid_.Rows() - 1;
+        if (last < first_) return;
+        grid_.ForEachCell({first_, col_, last, col_},
+                          [this](auto row, auto, auto text, auto) { take(row, text); });
+        forEachUnused(last, [this](std::int32_t from, std::int32_t to) {
+            grid_.ForEachCell(from, to, [this](auto row, auto col, auto text, auto) {
+                if (col != col_) use(row, col, text);
+            });
         });
     }
 
@@ -102,16 +114,41 @@ class Sorting {
         bool here = false;   ///< something stands in the column
     };
 
-    void take(std::int32_t row, std::int32_t col, std::string_view text) {
+    Seen& use(std::int32_t row, std::int32_t col, std::string_view text) {
         const auto i = static_cast<std::size_t>(row - first_);
         if (i >= seen_.size()) seen_.resize(i + 1);
         if (!seen_[i].inUse) seen_[i].inUse = !defaulted_.holds(row, col, text);
-        if (col != col_ || support::trim(text).empty()) return;
-        seen_[i].here = true;
+        return seen_[i];
+    }
+
+    void take(std::int32_t row, std::string_view text) {
+        Seen& seen = use(row, col_, text);
+        if (support::trim(text).empty()) return;
+        seen.here = true;
         if (const auto key = keyOf(kind_, text))
             ranked_.push_back({*key, row});
         else
             texts_.push_back({distinct_.add(text), row});
+    }
+
+    /// visit(first, last) for the stretches of rows down to `last` that are not in use so far; where they are many, for
+    /// all of them at once.
+    template <class Visit>
+    void forEachUnused(std::int32_t last, Visit visit) {
+        constexpr std::size_t Many = 64;
+        std::vector<std::pair<std::int32_t, std::int32_t>> stretches;
+        for (std::size_t i = 0; i < seen_.size(); ++i) {
+            if (seen_[i].inUse) continue;
+            const auto row = first_ + static_cast<std::int32_t>(i);
+            if (!stretches.empty() && stretches.back().second + 1 == row)
+                stretches.back().second = row;
+            else
+                stretches.emplace_back(row, row);
+        }
+        const auto end = first_ + static_cast<std::int32_t>(seen_.size());
+        if (end <= last) stretches.emplace_back(end, last);
+        if (stretches.size() > Many) stretches = {{stretches.front().first, stretches.back().second}};
+        for (const auto& [from, to] : stretches) visit(from, to);
     }
 
     void leaveOutUnused(std::vector<Ranked>& rows) const {

@@ -58,6 +58,34 @@ class RandomRowIds : public ::testing::Test {
             ASSERT_EQ(id, idAt(row)) << row;
         }
     }
+    /// About a stretch of rows at once, which gives all of them ids.
+    void askMany() {
+        const std::int32_t first = dice.between(0, count());
+        std::vector<RowId> asked(static_cast<std::size_t>(dice.between(0, count() - first)));
+        ids.idsOf(first, asked);
+        for (std::size_t i = 0; i < asked.size(); ++i) {
+            RowId& id = idAt(first + static_cast<std::int32_t>(i));
+            if (id == RowId::None) id = asked[i];
+            ASSERT_EQ(asked[i], id) << i;
+        }
+    }
+    /// About ids of rows that are there and of others that have gone.
+    void findMany() {
+        std::vector<RowId> asked;
+        std::vector<std::int32_t> places;
+        const int every = dice.between(1, 40);
+        for (std::int32_t row = dice.between(0, every); row < count(); row += every) {
+            asked.push_back(idAt(row));
+            places.push_back(idAt(row) == RowId::None ? -1 : row);
+        }
+        for (std::size_t i = 0; i < gone.size() && i < 5; ++i) {
+            asked.push_back(gone[i]);
+            places.push_back(-1);
+        }
+        std::vector<std::int32_t> found(asked.size());
+        ids.rowsOf(asked, found);
+        ASSERT_EQ(found, places);
+    }
     void compareOne() {
         if (!rows.empty()) {
             const std::int32_t row = dice.index(count());
@@ -88,6 +116,7 @@ class RandomRowIds : public ::testing::Test {
 TEST_F(RandomRowIds, AgreeWithAPlainListOfRows) {
     for (int operation = 0; operation < 20'000; ++operation) {
         SCOPED_TRACE("operation " + std::to_string(operation));
+        if (dice.oneIn(100)) dice.oneIn(2) ? askMany() : findMany();
         switch (dice.between(0, 4)) {
             case 0:
                 insert();

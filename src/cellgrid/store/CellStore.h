@@ -153,16 +153,30 @@ class CellStore {
         return (cells.get(CellPages::Text, handle) | cells.get(CellPages::Tag, handle)) == slot::Empty;
     }
 
+    /// visit(row, handle) for the rows [first, stop) that have a handle. Rows that were sorted lie anywhere: what is
+    /// to be read soon is fetched ahead.
+    template <class Visit>
+    void forEachHandle(const CellPages& cells, std::int32_t first, std::int32_t stop, Visit visit) const {
+        constexpr std::int32_t Ahead = 16;
+        order_.forEachStretch(first, stop, [&](std::int32_t row, const RowHandle* handles, std::int32_t n) {
+            for (std::int32_t i = 0; i < n; ++i) {
+                if (i + Ahead < n) cells.fetchAhead(CellPages::Text, handles[i + Ahead]);
+                if (handles[i] != NoHandle) visit(row + i, handles[i]);
+            }
+        });
+    }
+
     /// visit(row, col, text, tag) for the cells of the rows [row, row + n) that hold one of them, column by
     /// column. What is computed holds none.
     template <class Visit>
-    void forEachCell(std::int32_t row, std::int32_t n, Visit visit) const {
+    void forEachCell(std::int32_t row, std::int32_t n, std::int32_t firstCol, std::int32_t lastCol,
+                     Visit visit) const {
         slot::Buffer textBytes;
         slot::Buffer tagBytes;
-        for (std::int32_t col = 0; col < cols(); ++col) {
+        for (std::int32_t col = firstCol; col <= lastCol; ++col) {
             const CellPages& cells = column(col).cells;
             if (cells.unused()) continue;
-            order_.forEach(row, row + n, [&](std::int32_t r, RowHandle handle) {
+            forEachHandle(cells, row, row + n, [&](std::int32_t r, RowHandle handle) {
                 const TextSlot s = cells.get(CellPages::Text, handle);
                 const std::string_view text =
                     slot::isComputed(s) ? std::string_view{} : arena_.text(s, textBytes);
@@ -179,7 +193,7 @@ class CellStore {
         const CellPages& cells = column(col).cells;
         if (cells.used(CellPages::Text) == 0) return;
         Scratch scratch;
-        order_.forEach(first, stop, [&](std::int32_t row, RowHandle handle) {
+        forEachHandle(cells, first, stop, [&](std::int32_t row, RowHandle handle) {
             const TextSlot s = cells.get(CellPages::Text, handle);
             if (s != slot::Empty && s != slot::WrittenEmpty) visit(row, slotText(s, scratch));
         });
