@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "support/FetchAhead.h"
 #include "support/Room.h"
 
 namespace kxVsGrid::cellgrid {
@@ -165,10 +166,11 @@ void RowIds::reorder(Reordering prepared) noexcept {
     root_ = before;
     last_ = None;
     findLast();
-    std::int32_t row = prepared.first;
-    for (const Number number : prepared.nodes) {
-        if (number != None) linkLast(number, row);
-        ++row;
+    const std::vector<Number>& nodes = prepared.nodes;
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (const std::size_t ahead = i + support::StepsAhead; ahead < nodes.size() && nodes[ahead] != None)
+            support::fetchAhead(&node(nodes[ahead]));
+        if (nodes[i] != None) linkLast(nodes[i], prepared.first + static_cast<std::int32_t>(i));
     }
     root_ = merge(root_, after);
     last_ = None;

@@ -157,10 +157,10 @@ class CellStore {
     /// to be read soon is fetched ahead.
     template <class Visit>
     void forEachHandle(const CellPages& cells, std::int32_t first, std::int32_t stop, Visit visit) const {
-        constexpr std::int32_t Ahead = 16;
         order_.forEachStretch(first, stop, [&](std::int32_t row, const RowHandle* handles, std::int32_t n) {
             for (std::int32_t i = 0; i < n; ++i) {
-                if (i + Ahead < n) cells.fetchAhead(CellPages::Text, handles[i + Ahead]);
+                if (i + support::StepsAhead < n)
+                    cells.fetchAhead(CellPages::Text, handles[i + support::StepsAhead]);
                 if (handles[i] != NoHandle) visit(row + i, handles[i]);
             }
         });

@@ -11,6 +11,7 @@
 
 #include "cellgrid/store/RowOrder.h"
 #include "cellgrid/store/TextSlot.h"
+#include "support/FetchAhead.h"
 
 namespace kxVsGrid::cellgrid {
 
@@ -50,12 +51,10 @@ class CellPages {
         return number < pages_.size() ? pages_[number].get(kind, handle) : slot::Empty;
     }
     /// Says that the slot will be read soon; nothing for a handle that has none.
-    void fetchAhead([[maybe_unused]] Kind kind, [[maybe_unused]] RowHandle handle) const {
-#ifdef __GNUC__
+    void fetchAhead(Kind kind, RowHandle handle) const {
         const std::size_t number = handle / PageSlots;
         if (number < pages_.size() && pages_[number].slots[kind])
-            __builtin_prefetch(&pages_[number].slots[kind][handle % PageSlots]);
-#endif
+            support::fetchAhead(&pages_[number].slots[kind][handle % PageSlots]);
     }
     /// Makes room for texts, or for tags, in a page: to set one there cannot fail then.
     static void provide(Page& page, Kind kind) {
