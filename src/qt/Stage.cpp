@@ -20,16 +20,18 @@ namespace kxVsGrid::qt {
 Stage::Stage(kxGridWidget& widget)
     : widget_(widget),
       machine_(std::make_shared<Machine>(*this)),
-      view_(new GridView(*this, &widget)),
+      area_(new ScrollArea(&widget,
+                           [this](std::int32_t top, std::int32_t left) {
+                               if (guarded([&](Input& input) { input.scrolled(top, left); }))
+                                   area_->follow(grid().Grid(), scale());
+                           })),
+      view_(new GridView(*this, area_)),
       button_(new HelpButton(*this, &widget)),
       tip_(new EditorTip(widget)),
       box_(std::make_unique<EditorBox>(*this, widget)),
       suggestions_({[this](std::size_t index) { pressSuggestion(index); },
-                    [this] { guarded([](Input& input) { input.suggestionsGone(); }); }}),
-      bars_(std::make_unique<ScrollBars>(widget, [this](std::int32_t top, std::int32_t left) {
-          if (guarded([&](Input& input) { input.scrolled(top, left); }))
-              bars_->follow(grid().Grid(), scale());
-      })) {
+                    [this] { guarded([](Input& input) { input.suggestionsGone(); }); }}) {
+    area_->hold(*view_);
     KeysAfterComposition::install();
     machine_->platform.widget(widget);
     machine_->grid = std::make_unique<kxGrid>(machine_->platform);
@@ -208,7 +210,7 @@ void Stage::typeIntoEditor(std::string_view character) {
 }
 
 void Stage::layoutChanged() {
-    bars_->follow(grid().Grid(), scale());
+    area_->follow(grid().Grid(), scale());
     const Rect totals = grid().totalRowShown() ? grid().totalRowRect() : Rect{};
     if (totals == totalsShown_) return;
     totalsShown_ = totals;
@@ -346,7 +348,7 @@ void Stage::lookChanged() {
 }
 
 void Stage::resized() {
-    view_->setGeometry(widget_.rect());
+    area_->setGeometry(widget_.rect());
     const Scale now = scale();
     guarded([&](Input& input) { input.resized(now.twips(widget_.width()), now.twips(widget_.height())); });
 }
@@ -365,7 +367,7 @@ void Stage::damaged() {
 
 void Stage::repaintDamage() {
     if (!attempt([this] { fitRows(); })) return;
-    bars_->follow(grid().Grid(), scale());
+    area_->follow(grid().Grid(), scale());
     view_->repaintDamage(grid().Grid().takeDamage(), view_->mainPlace());
     view_->repaintDamage(grid().Grid_Sum().takeDamage(), grid().totalRowRect());
     attempt([this] { settle(); });

@@ -19,7 +19,7 @@
 #include "qt/view/MousePress.h"
 #include "qt/view/RowFit.h"
 #include "qt/view/Scale.h"
-#include "qt/view/ScrollBars.h"
+#include "qt/view/ScrollArea.h"
 #include "qt/view/WheelNotches.h"
 
 namespace kxVsGrid::qt {
@@ -50,7 +50,6 @@ class Stage {
     std::shared_ptr<Machine> machine() const { return machine_; }
     EditorBox& box() const { return *box_; }
     GridView& view() const { return *view_; }
-    const ScrollBars& bars() const { return *bars_; }
     QAction* action(Command command) { return actions_.action(command); }
     void appendToMenu(QAction* action) { machine_->platform.hostsMenuActions.append(action); }
     Scale scale() const;
@@ -139,12 +138,12 @@ class Stage {
     std::shared_ptr<Machine> machine_;
     StoredSettings settings_;
     CommandActions actions_{*this};
+    ScrollArea* area_;
     GridView* view_;
     HelpButton* button_;
     QPointer<EditorTip> tip_;  // it may be its window's
     std::unique_ptr<EditorBox> box_;
     SuggestionsAt suggestions_;
-    std::unique_ptr<ScrollBars> bars_;
     QTimer repaint_;
     QPointer<AwaitedPress> awaitedPress_;
     bool editable_ = false;  ///< the current cell was, after the last call

@@ -69,7 +69,7 @@ inline void turnWheel(QWidget& target) {
 }
 
 inline QScrollBar& verticalBar(Window& w) {
-    for (auto* bar : w.widget->findChildren<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly))
+    for (auto* bar : w.widget->findChildren<QScrollBar*>())
         if (bar->orientation() == Qt::Vertical && bar->isVisible()) return *bar;
     throw std::logic_error("no bar is shown");
 }

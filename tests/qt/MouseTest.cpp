@@ -1,4 +1,5 @@
 // Presses, double clicks, the wheel, dragging.
+#include <QAbstractScrollArea>
 #include <QHelpEvent>
 #include <QMessageBox>
 #include <QScrollBar>
@@ -19,9 +20,8 @@ void turnWheel(QWidget& widget, const QPoint& angle) {
 }
 
 QScrollBar& bar(Window& w, Qt::Orientation orientation) {
-    for (auto* found : w.widget->findChildren<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly))
-        if (found->orientation() == orientation) return *found;
-    throw std::logic_error("no such bar");
+    const auto& area = *w.widget->findChild<QAbstractScrollArea*>(QString(), Qt::FindDirectChildrenOnly);
+    return orientation == Qt::Vertical ? *area.verticalScrollBar() : *area.horizontalScrollBar();
 }
 }  // namespace
 

@@ -1,7 +1,6 @@
 #include "qt/forms/FormGrid.h"
 
 #include <QKeyEvent>
-#include <QVBoxLayout>
 
 #include "qt/KeyMap.h"
 #include "qt/forms/FormDialog.h"
@@ -12,23 +11,20 @@ namespace {
 constexpr std::int32_t RowsPerNotch = 3;
 }  // namespace
 
-FormGrid::FormGrid(FormDialog& dialog, FormControl& control) : QFrame(&dialog), control_(control) {
+FormGrid::FormGrid(FormDialog& dialog, FormControl& control)
+    : ScrollArea(&dialog,
+                 [&dialog, &control](std::int32_t top, std::int32_t left) {
+                     dialog.act([&](Form&) { control.grid->ScrollTo(top, left); });
+                 }),
+      control_(control) {
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    auto* view = new FormGridView(dialog, control, this);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(view);
+    auto* view = new FormGridView(dialog, control, *this);
+    hold(*view);
     setFocusProxy(view);
 }
 
-FormGridView::FormGridView(FormDialog& dialog, FormControl& control, QWidget* parent)
-    : GridSurface(parent),
-      dialog_(dialog),
-      control_(control),
-      grid_(*control.grid),
-      bars_(*this, [this](std::int32_t top, std::int32_t left) {
-          dialog_.act([&](Form&) { grid_.ScrollTo(top, left); });
-      }) {
+FormGridView::FormGridView(FormDialog& dialog, FormControl& control, FormGrid& area)
+    : GridSurface(&area), dialog_(dialog), control_(control), grid_(*control.grid), area_(area) {
     setFocusPolicy(Qt::StrongFocus);
     repaint_.setSingleShot(true);
     connect(&repaint_, &QTimer::timeout, this, [this] { followDamage(); });
@@ -52,9 +48,10 @@ void FormGridView::fit() {
     if (needed > std::max(CellGrid::DefaultRowHeight, grid_.RowHeightMin())) grid_.RowHeightMin(needed);
     const Scale scale(*this);
     const bool rowSeen = grid_.Row() >= grid_.FixedRows() && grid_.RowIsVisible(grid_.Row());
-    grid_.Resize(scale.twips(width()), scale.twips(height()));
+    const QRect room = area_.contentsRect();
+    grid_.Resize(scale.twips(room.width()), scale.twips(room.height()));
     if (rowSeen) grid_.TopRow(grid_.TopRowToShow(grid_.Row(), grid_.ClientHeight()));
-    bars_.follow(grid_, scale);
+    area_.follow(grid_, scale);
 }
 
 void FormGridView::changeEvent(QEvent* event) {
@@ -72,7 +69,6 @@ void FormGridView::paintGrids(QPainter& painter, const QRegion& region) {
     try {
         paintParts(painter, region, [&](const QRect& part) {
             painter_.paint(painter, part, grid_, {0, 0, grid_.Width(), grid_.Height()}, {}, frame_);
-            painter.fillRect(bars_.corner() & part, ground);
         });
     } catch (...) {
         painter.fillRect(region.boundingRect(), ground);
@@ -88,7 +84,7 @@ void FormGridView::fail(const std::exception_ptr& failure) {
 }
 
 void FormGridView::followDamage() {
-    bars_.follow(grid_, Scale(*this));
+    area_.follow(grid_, Scale(*this));
     repaintDamage(grid_.takeDamage(), {});
 }
 

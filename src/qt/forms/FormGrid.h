@@ -1,7 +1,6 @@
 // A form's grid: paints it as the main grid is painted, and hands keys, mouse and wheel on to it.
 #pragma once
 
-#include <QFrame>
 #include <QTimer>
 #include <exception>
 
@@ -9,15 +8,15 @@
 #include "kxVsGrid/Frame.h"
 #include "qt/view/GridSurface.h"
 #include "qt/view/QtMetrics.h"
-#include "qt/view/ScrollBars.h"
+#include "qt/view/ScrollArea.h"
 #include "qt/view/WheelNotches.h"
 
 namespace kxVsGrid::qt {
 
 class FormDialog;
 
-/// The grid within its frame.
-class FormGrid : public QFrame {
+/// The grid within its frame and its scroll bars.
+class FormGrid : public ScrollArea {
   public:
     FormGrid(FormDialog& dialog, FormControl& control);
 
@@ -29,7 +28,7 @@ class FormGrid : public QFrame {
 
 class FormGridView : public GridSurface {
   public:
-    FormGridView(FormDialog& dialog, FormControl& control, QWidget* parent);
+    FormGridView(FormDialog& dialog, FormControl& control, FormGrid& area);
     ~FormGridView() override;
 
   protected:
@@ -53,8 +52,8 @@ class FormGridView : public GridSurface {
     FormDialog& dialog_;
     FormControl& control_;
     CellGrid& grid_;
+    FormGrid& area_;
     QtMetrics metrics_;
-    ScrollBars bars_;
     Frame frame_;
     QTimer repaint_;
     WheelNotches notches_;

@@ -67,7 +67,7 @@ FormPart button(FormDialog& dialog, FormControl& control) {
 FormPart grid(FormDialog& dialog, FormControl& control) {
     if (control.grid == nullptr) return {};
     auto* grid = new FormGrid(dialog, control);
-    return {&control, grid, grid->focusProxy(), [grid] { grid->update(); }};
+    return {&control, grid, grid->focusProxy(), [grid] { grid->viewport()->update(); }};
 }
 
 FormPart timePicker(FormDialog& dialog, FormControl& control) {

@@ -45,9 +45,7 @@ void GridView::paintGrids(QPainter& painter, const QRegion& region) {
 
 void GridView::paintPart(QPainter& painter, const QRect& part) {
     const kxGrid& grid = stage_.grid();
-    const QRect corner = stage_.bars().corner();
     paintGrid(painter, part, grid.Grid(), mainPlace(), mainFrame_);
-    if (corner.intersects(part)) painter.fillRect(corner & part, palette().color(QPalette::Window));
     if (!grid.totalRowShown()) return;
     paintGrid(painter, part, grid.Grid_Sum(), grid.totalRowRect(), totalFrame_);
     paintTotalEdges(painter);
@@ -182,7 +180,7 @@ QVariant GridView::boxQuery(Qt::InputMethodQuery query) const {
     if (box.visible()) {
         QVariant answer = box.query(query);
         if (!place) return answer;
-        const QPoint shift = box.widget().mapTo(parentWidget(), QPoint()) - mapTo(parentWidget(), QPoint());
+        const QPoint shift = box.widget().mapToGlobal(QPoint()) - mapToGlobal(QPoint());
         return answer.toRectF().translated(shift);
     }
     if (!place) return QWidget::inputMethodQuery(query);
