@@ -42,10 +42,11 @@ class ColumnLayout {
     ColumnLayout(const ColumnLayout&) = delete;
     ColumnLayout& operator=(const ColumnLayout&) = delete;
 
-    /// Lays out the columns as it was kept; one that the bag does not know stays as it is. What the bag cannot give
-    /// is passed over, whatever it throws but for want of memory. Where no data column would be left to be seen, none
-    /// is hidden or shown. An open editor is committed first, and a current cell whose column is hidden goes to the next
-    /// one that is shown, as by a key of the clerk's; where the host keeps it there, that column is not hidden.
+    /// Lays out the columns as it was kept; one that the bag does not know stays as it is. What the bag cannot
+    /// give is passed over, whatever it throws but for want of memory. Where no data column would be left to be
+    /// seen, none is hidden or shown. An open editor is committed first, and a current cell whose column is hidden
+    /// goes to the next one that is shown, as by a key of the clerk's; where the host keeps it there, that column
+    /// is not hidden.
     void Read(PropertyBag& bag);
     /// Keeps the layout of the columns that there are; others stay in the bag as they are. A width beyond Narrowest
     /// or Widest is kept as these. Lets through what the bag throws.
