@@ -119,6 +119,7 @@ class OrderGrid : public QObject {
     QString hint() const;
     /// Gives the remark column what the others leave of the control's width, in twips.
     void fitWidth(std::int32_t width);
+    int shownColumns() const;
 
   signals:
     /// For the status line.

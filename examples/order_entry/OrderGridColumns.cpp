@@ -65,6 +65,7 @@ void OrderGrid::setUpColumns() {
     grid_.ColSample(Delivery, "2026-11-27  ");
     grid_.ColSample(Slot, "2026-11-27 下午  ");
     grid_.ColSample(Entered, "2026-11-27 09:30:00  ");
+    grid_.FrozenCols(Name - grid_.FixedCols() + 1);  // what a line is about stays in view
 }
 
 void OrderGrid::setUpRules() {
@@ -107,7 +108,11 @@ void OrderGrid::setUpRules() {
     checkDates(Slot, ij半日型);
     checkDates(Entered, ij时间型);
 
-    for (int col = Code; col < ColumnCount; ++col) grid_.Options(col).sortable(true);
+    for (int col = Code; col < ColumnCount; ++col) {
+        grid_.Options(col).sortable(true);
+        grid_.Options(col).filterable(true);
+    }
+    grid_.Options().HeaderMenu(true);
     // The clerk keys on: what is refused is told at the text that is to be corrected.
     grid_.Options().Refusals(GridOptions::RefusalStyle::Beside);
     // Returned goods have a quantity below 0; a price never is.
@@ -151,10 +156,16 @@ QString OrderGrid::hint() const {
     }
 }
 
+int OrderGrid::shownColumns() const {
+    int shown = 0;
+    for (std::int32_t c = 0; c < ColumnCount; ++c) shown += grid_.ColHidden(c) ? 0 : 1;
+    return shown;
+}
+
 void OrderGrid::fitWidth(std::int32_t width) {
     std::int32_t others = grid_.Grid().VerticalBarShown() ? CellGrid::VerticalBarWidth : 0;
     for (std::int32_t c = 0; c < ColumnCount; ++c)
-        if (c != Remark) others += grid_.ColWidth(c);
+        if (c != Remark && !grid_.ColHidden(c)) others += grid_.ColWidth(c);
     // The control's layout counts columns as too wide when they leave less than 60 twips beside them.
     const std::int32_t rest = std::max(Plan[Remark].width * 2 / 3, width - others - 60);
     if (rest == grid_.ColWidth(Remark)) return;

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +30,7 @@ enum ListColumn {
 OrderListDialog::OrderListDialog(const OrderStore& store, QWidget* parent)
     : QDialog(parent),
       store_(store),
+      collator_(QLocale(QLocale::Chinese, QLocale::China)),
       text_(new QLineEdit(this)),
       table_(new QTableWidget(0, ListColumns, this)),
       count_(new QLabel(this)),
@@ -39,7 +41,7 @@ OrderListDialog::OrderListDialog(const OrderStore& store, QWidget* parent)
     resize(QSize(760, 460).boundedTo(room));
     found_ = store_.list({}, MostOrders);
     layOut();
-    fill();
+    arrange();
     text_->installEventFilter(this);
     connect(text_, &QLineEdit::textChanged, this, &OrderListDialog::search);
     connect(table_, &QTableWidget::itemDoubleClicked, this, &QDialog::accept);
@@ -47,7 +49,7 @@ OrderListDialog::OrderListDialog(const OrderStore& store, QWidget* parent)
 
 void OrderListDialog::layOut() {
     text_->setObjectName(u"search"_s);
-    text_->setPlaceholderText(u"单号、客户名称或拼音首字母"_s);
+    text_->setPlaceholderText(u"单号、客户名称、拼音首字母或备注"_s);
     auto* caption = new QLabel(u"查找(&F)"_s, this);
     caption->setBuddy(text_);
     auto* top = new QHBoxLayout;
@@ -61,8 +63,15 @@ void OrderListDialog::layOut() {
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setTabKeyNavigation(false);
     table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setHighlightSections(false);
-    table_->horizontalHeader()->setSectionResizeMode(CustomerColumn, QHeaderView::Stretch);
+    QHeaderView* header = table_->horizontalHeader();
+    header->setHighlightSections(false);
+    // A press sorts, another one the other way round, the third brings the newest first again.
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicatorClearable(true);
+    header->setSortIndicator(-1, Qt::AscendingOrder);
+    connect(header, &QHeaderView::sortIndicatorChanged, this, &OrderListDialog::arrange);
+    header->setSectionResizeMode(CustomerColumn, QHeaderView::Stretch);
     const int widths[] = {150, 100, 0, 60, 130, 70};
     for (int c = 0; c < ListColumns; ++c)
         if (widths[c] > 0) table_->setColumnWidth(c, widths[c]);
@@ -86,16 +95,49 @@ void OrderListDialog::layOut() {
 void OrderListDialog::search() {
     try {
         found_ = store_.list(text_->text().trimmed(), MostOrders);
-        fill();
+        arrange();
     } catch (const DatabaseError& error) {
         count_->setText(error.text().simplified());
     }
 }
 
+bool OrderListDialog::comesBefore(const OrderSummary& one, const OrderSummary& other, int column) const {
+    switch (column) {
+        case NumberColumn:
+            return collator_.compare(one.number, other.number) < 0;
+        case DateColumn:
+            return one.date < other.date;
+        case CustomerColumn:
+            return collator_.compare(one.customer, other.customer) < 0;
+        case LinesColumn:
+            return one.lines < other.lines;
+        case TotalColumn:
+            return one.total < other.total;
+        default:
+            return one.approved < other.approved;
+    }
+}
+
+/// Orders that are equal stay newest first; the one that was chosen stays so.
+void OrderListDialog::arrange() {
+    const std::optional<qint64> before = chosen();
+    listed_ = found_;
+    const int column = table_->horizontalHeader()->sortIndicatorSection();
+    const bool down = table_->horizontalHeader()->sortIndicatorOrder() == Qt::DescendingOrder;
+    if (column >= 0)
+        std::stable_sort(listed_.begin(), listed_.end(), [&](const auto& one, const auto& other) {
+            return down ? comesBefore(other, one, column) : comesBefore(one, other, column);
+        });
+    fill();
+    const auto still = std::find_if(listed_.begin(), listed_.end(),
+                                    [&](const OrderSummary& order) { return order.id == before; });
+    if (column >= 0 && still != listed_.end()) table_->selectRow(static_cast<int>(still - listed_.begin()));
+}
+
 void OrderListDialog::fill() {
-    table_->setRowCount(static_cast<int>(found_.size()));
+    table_->setRowCount(static_cast<int>(listed_.size()));
     int row = 0;
-    for (const OrderSummary& order : found_) {
+    for (const OrderSummary& order : listed_) {
         const QString texts[] = {order.number,
                                  order.date.toString(Qt::ISODate),
                                  order.customer,
@@ -118,8 +160,8 @@ void OrderListDialog::fill() {
 
 std::optional<qint64> OrderListDialog::chosen() const {
     const int row = table_->currentRow();
-    if (row < 0 || row >= static_cast<int>(found_.size())) return std::nullopt;
-    return found_[static_cast<std::size_t>(row)].id;
+    if (row < 0 || row >= static_cast<int>(listed_.size())) return std::nullopt;
+    return listed_[static_cast<std::size_t>(row)].id;
 }
 
 // The list follows the arrows while the clerk is still typing into the search field.

@@ -1,6 +1,7 @@
-// The list of orders: search, choose one, open it.
+// The list of orders: search, sort by a header, choose one, open it.
 #pragma once
 
+#include <QCollator>
 #include <QDialog>
 #include <optional>
 #include <vector>
@@ -27,10 +28,14 @@ class OrderListDialog : public QDialog {
   private:
     void layOut();
     void search();
+    void arrange();
     void fill();
+    bool comesBefore(const OrderSummary& one, const OrderSummary& other, int column) const;
 
     const OrderStore& store_;
-    std::vector<OrderSummary> found_;
+    std::vector<OrderSummary> found_;   ///< newest first
+    std::vector<OrderSummary> listed_;  ///< the same as they stand in the list
+    QCollator collator_;
     QLineEdit* text_;
     QTableWidget* table_;
     QLabel* count_;

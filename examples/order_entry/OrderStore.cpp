@@ -230,8 +230,9 @@ std::vector<OrderSummary> OrderStore::list(const QString& text, int most) const 
         " FROM sales_order o JOIN customer c ON c.id = o.customer_id"
         " LEFT JOIN order_line l ON l.order_id = o.id"
         " WHERE instr(o.number, ?) > 0 OR instr(c.name, ?) > 0 OR instr(c.pinyin, lower(?)) > 0"
+        " OR EXISTS (SELECT 1 FROM order_line r WHERE r.order_id = o.id AND instr(r.remark, ?) > 0)"
         " GROUP BY o.id ORDER BY o.order_date DESC, o.number DESC LIMIT ?"_s,
-        {wanted, wanted, wanted, most});
+        {wanted, wanted, wanted, wanted, most});
     std::vector<OrderSummary> result;
     while (found.next())
         result.push_back({found.value(0).toLongLong(), found.value(1).toString(),

@@ -39,7 +39,7 @@ class OrderStore {
     void remove(const Order& order);
     /// Closes the order as it was saved last: it can be neither saved nor removed any more.
     void approve(Order& order);
-    /// Newest first; those whose number or customer contains the text, at most `most`.
+    /// Newest first; those whose number, customer or remark of a line contains the text, at most `most`.
     std::vector<OrderSummary> list(const QString& text, int most) const;
     /// The next free number of a day: XS-20261120-001.
     QString nextNumber(const QDate& date) const;

@@ -8,7 +8,6 @@
 #include <QResizeEvent>
 #include <utility>
 
-#include "ColumnWidths.h"
 #include "OrderGrid.h"
 #include "OrderHeader.h"
 #include "PlainTip.h"
@@ -87,7 +86,7 @@ OrderGridHelp::Services OrderWindow::helpServices() {
 
 // The grid's host goes before the grid: what the control still raises while it goes finds nobody.
 OrderWindow::~OrderWindow() {
-    widths_.reset();
+    laidOut_.disconnect();
     help_.reset();
     suggestions_.reset();
     grid_.reset();
@@ -501,28 +500,6 @@ void OrderWindow::enterColumn(OrderGrid::Column col) {
     enterLines();
     grid.ReadCell(grid.Row(), grid.Col());  // commits what is being typed
     if (!grid.editorView().visible) grid_->select(grid.Row(), col);
-}
-
-void OrderWindow::fitGrid(int width) {
-    grid_->fitWidth(width * TwipsPerInch / widget_->logicalDpiX());
-}
-
-// A scroll bar comes or goes while the grid lays itself out in its new size.
-void OrderWindow::fitBesideBar() {
-    const bool bar = widget_->grid().Grid().VerticalBarShown();
-    if (std::exchange(barSeen_, bar) != bar) fitGrid(widget_->width());
-}
-
-void OrderWindow::rememberColumns(std::unique_ptr<QSettings> settings) {
-    widths_ = std::make_unique<ColumnWidths>(
-        widget_->grid(), std::move(settings),
-        [this](const QString& why) { say(u"列宽没有保存:"_s + why.simplified(), true); });
-    fitGrid(widget_->width());
-}
-
-void OrderWindow::resetColumns() {
-    widths_->reset();
-    fitGrid(widget_->width());
 }
 
 bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -17,7 +17,6 @@
 #include "OrderSuggestions.h"
 #include "Questions.h"
 
-class ColumnWidths;
 class ManualWindow;
 class OrderHeader;
 class QAction;
@@ -42,8 +41,8 @@ class OrderWindow : public QMainWindow {
     OrderWindow(const QString& databaseFile, Questions& questions, Clock clock);
     ~OrderWindow() override;
 
-    /// From now on the widths that the user gives columns are kept in these settings; without them they
-    /// are forgotten.
+    /// The columns are laid out as these settings keep it, and what the user makes of them from now on is kept
+    /// there; without settings it is forgotten.
     void rememberColumns(std::unique_ptr<QSettings> settings);
     /// From now on what is keyed and not saved is kept in this folder, and survives the program. Before start().
     void keepDrafts(const QString& folder);
@@ -141,6 +140,8 @@ class OrderWindow : public QMainWindow {
     void refreshHint();
     void fitGrid(int width);
     void fitBesideBar();
+    void columnsLaidOut();
+    void keepColumns();
     void resetColumns();
     void showManual();
     void enterLines();
@@ -166,7 +167,9 @@ class OrderWindow : public QMainWindow {
     kxVsGrid::ScopedConnection marked_;
     kxVsGrid::ScopedConnection undone_;
     bool barSeen_ = false;
-    std::unique_ptr<ColumnWidths> widths_;
+    std::unique_ptr<QSettings> columnSettings_;  ///< when the layout of the columns is kept
+    kxVsGrid::ScopedConnection laidOut_;
+    int shownColumns_ = 0;
     RecoveryBar* bar_;
     QLabel* state_;
     QLabel* hint_;

@@ -113,11 +113,13 @@ void OrderWindow::addActions() {
     constexpr std::nullopt_t Line = std::nullopt;
     addCommands(*edit, {Line, Command::Cut, Command::Copy, Command::CopyWithHeaders, Command::Paste,
                         Command::ClearCells, Command::SelectAll, Line, Command::FillDown, Command::FillRight,
-                        Command::CopyFromAbove, Command::Today});
-    addCommands(*menuBar()->addMenu(u"行(&L)"_s),
-                {Command::InsertRow, Command::AppendRow, Command::DuplicateRow, Command::DeleteRows, Line,
-                 Command::MoveRowUp, Command::MoveRowDown, Line, Command::SortUp, Command::SortDown,
-                 Command::Unsort, Line, Command::GoToRow, Command::NextProblem});
+                        Command::CopyFromAbove, Command::Today, Line, Command::Find, Command::FindNext,
+                        Command::FindPrevious, Command::Replace});
+    addCommands(
+        *menuBar()->addMenu(u"行(&L)"_s),
+        {Command::InsertRow, Command::AppendRow, Command::DuplicateRow, Command::DeleteRows, Line,
+         Command::MoveRowUp, Command::MoveRowDown, Line, Command::SortUp, Command::SortDown, Command::Unsort,
+         Line, Command::Filter, Command::Unfilter, Line, Command::GoToRow, Command::NextProblem});
     for (const Command command : {Command::Cut, Command::Copy, Command::Paste, Command::NextProblem})
         widget_->appendToMenu(widget_->action(command));
 
@@ -131,7 +133,10 @@ void OrderWindow::addActions() {
         go->addAction(text, QKeySequence(key), this, [this, col = col] { enterColumn(col); });
 
     QMenu* view = menuBar()->addMenu(u"查看(&V)"_s);
-    view->addAction(u"恢复列宽(&W)"_s, this, [this] { resetColumns(); });
+    addCommands(*view, {Command::Freeze, Command::HideColumn, Command::ShowColumns, Command::FitColumn,
+                        Command::HeaderMenu});
+    view->addAction(u"恢复默认布局(&W)"_s, this, [this] { resetColumns(); });
+    view->addSeparator();
     QAction* refused =
         view->addAction(u"没有写入的内容(&R)"_s, QKeySequence(u"Shift+F8"_s), refused_, &RefusedList::enter);
     refused->setEnabled(false);

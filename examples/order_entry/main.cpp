@@ -48,7 +48,7 @@ Options readOptions() {
         {u"seed-only"_s, u"只建立数据库,不显示窗口"_s},
         {u"today"_s, u"当作今天的日期"_s, u"yyyy-mm-dd"_s},
         {u"now"_s, u"当作现在的日期和时间,不再走动"_s, u"yyyy-mm-dd HH:mm:ss"_s},
-        {u"settings"_s, u"保存列宽的文件;播放脚本时没有它就不保存"_s, u"文件"_s},
+        {u"settings"_s, u"保存列的布局的文件;播放脚本时没有它就不保存"_s, u"文件"_s},
         {u"drafts"_s, u"保存草稿的文件夹;播放脚本或者数据库在内存中时没有它就不保存"_s, u"文件夹"_s},
         {u"keys"_s, u"播放按键脚本,然后退出(格式见 KeyPlayer.h)"_s, u"文件"_s},
         {u"picture"_s, u"退出之前把窗口保存为 PNG 图片"_s, u"文件"_s},

@@ -413,12 +413,12 @@ class CellGrid {
     /// The last move of the mouse has scrolled; told again, it scrolls on. So a window repeats it.
     bool DragScrolls() const;
     void mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
-    /// The second press of a double click. Only the left button's raises DblClick, and not on a column's
-    /// edge, which is dragged.
+    /// The second press of a double click. Only the left button's raises DblClick; on a column's edge it drags
+    /// nothing, and raises EdgeDblClick instead.
     void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
     /// Rows to scroll; positive is down.
     void wheel(std::int32_t rows);
-    /// The user has dragged a column's edge: sets the width and raises AfterUserResize.
+    /// The user has given a column another width: raises BeforeUserResize, sets it, raises AfterUserResize.
     void userColWidth(std::int32_t col, std::int32_t twips);
 
     // --- Damage: what of the picture is no longer right.
@@ -483,7 +483,12 @@ class CellGrid {
     Event<> DblClick;
     /// Old top row and left column, new ones.
     Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t> AfterScroll;
+    /// The edge of a column was grabbed, or the user gives it another width in another way; -1, the column.
+    Event<std::int32_t, std::int32_t> BeforeUserResize;
+    /// The user is done with it, whether or not the width is another one.
     Event<std::int32_t, std::int32_t> AfterUserResize;
+    /// The second press of a double click on the right edge of a column, beside its header.
+    Event<std::int32_t> EdgeDblClick;
     /// Raised only by code that reports the end of an edit of the grid's own; the engine edits no cells.
     Event<std::int32_t, std::int32_t> AfterEdit;
     /// The number of rows or columns was put; comes before the other events that this brings about.

@@ -30,6 +30,7 @@
 
 #include "kxVsGrid/CellGrid.h"
 #include "kxVsGrid/Changes.h"
+#include "kxVsGrid/ColumnLayout.h"
 #include "kxVsGrid/ColumnOptions.h"
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Draft.h"
@@ -182,6 +183,9 @@ class kxGrid : public GridEvents {
     /// stored.
     std::int32_t FrozenCols() const;
     void FrozenCols(std::int32_t count);
+    /// What the clerk has made of the columns (ColumnLayout.h), to be kept for him.
+    ColumnLayout& Layout();
+    const ColumnLayout& Layout() const;
     std::int32_t Row() const;
     void Row(std::int32_t row);
     std::int32_t Col() const;

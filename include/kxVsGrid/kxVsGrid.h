@@ -5,6 +5,7 @@
 #include "kxVsGrid/CellMark.h"
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/Changes.h"
+#include "kxVsGrid/ColumnLayout.h"
 #include "kxVsGrid/ColumnOptions.h"
 #include "kxVsGrid/Command.h"
 #include "kxVsGrid/Commands.h"

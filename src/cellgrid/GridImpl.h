@@ -197,6 +197,7 @@ struct CellGrid::Impl {
     Pointed pointed(std::int32_t x, std::int32_t y) const;
     void pressedCell(std::int16_t shift, Place place);
     void pressedHeader(std::int16_t shift, Place place);
+    void grabbed(std::int32_t atCol, std::int32_t x);
     void dragged(std::int32_t x);
     void draggedOver(std::int32_t x, std::int32_t y);
     void resizeByUser(std::int32_t col, std::int32_t twips);

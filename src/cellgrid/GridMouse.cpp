@@ -15,12 +15,18 @@ constexpr std::int32_t MaxDraggedWidth = 1'000'000;
 void CellGrid::Impl::pressed(std::int16_t shift, std::int32_t x, std::int32_t y) {
     const GridHit hit = layout.hit(x, y);
     if (hit.part == GridHit::Part::ColumnEdge)
-        drag = {hit.col, layout.cols.place(hit.col) + layout.cols.axis.extent(hit.col) - x};
+        grabbed(hit.col, x);
     else if (hit.part == GridHit::Part::Cell)
         pressedCell(shift, {hit.row, hit.col});
     else if (hit.part == GridHit::Part::FixedCell)
         pressedHeader(shift, {hit.row, hit.col});
     if (selecting) selecting->at = pointed(x, y).place;
+}
+
+/// A listener that takes columns away meanwhile ends the drag (setCols).
+void CellGrid::Impl::grabbed(std::int32_t atCol, std::int32_t x) {
+    drag = {atCol, layout.cols.place(atCol) + layout.cols.axis.extent(atCol) - x};
+    tell(&CellGrid::BeforeUserResize, -1, atCol);
 }
 
 void CellGrid::Impl::dragged(std::int32_t x) {
@@ -30,6 +36,9 @@ void CellGrid::Impl::dragged(std::int32_t x) {
 }
 
 void CellGrid::Impl::resizeByUser(std::int32_t atCol, std::int32_t twips) {
+    requireCol("ColWidth", atCol);
+    tell(&CellGrid::BeforeUserResize, -1, atCol);
+    if (!there || atCol >= cols()) return;
     grid.ColWidth(atCol, twips);
     tell(&CellGrid::AfterUserResize, -1, atCol);
 }
@@ -66,8 +75,12 @@ void CellGrid::mouseUp(std::int16_t button, std::int16_t shift, std::int32_t x, 
 }
 
 void CellGrid::doubleClick(std::int16_t button, std::int16_t, std::int32_t x, std::int32_t y) {
-    if (button != LeftButton || HitTest(x, y).part == GridHit::Part::ColumnEdge) return;
-    DblClick();
+    if (button != LeftButton) return;
+    const GridHit hit = HitTest(x, y);
+    if (hit.part == GridHit::Part::ColumnEdge)
+        EdgeDblClick(hit.col);
+    else
+        DblClick();
 }
 
 void CellGrid::wheel(std::int32_t rows) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "columns/ClerkColumns.h"
 #include "editing/EditSession.h"
 #include "host/ControlContext.h"
 #include "kxVsGrid/PasteReport.h"
@@ -42,5 +43,6 @@ struct ClerkContext : host::ControlContext {
     rows::Rows& rows;
     editing::EditSession& editor;
     CommandOwner& owner;
+    columns::ClerkColumns& clerkColumns;
 };
 }  // namespace kxVsGrid::clerk

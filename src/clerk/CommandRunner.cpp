@@ -25,6 +25,18 @@ bool goesBack(Command command) {
 }
 }  // namespace
 
+CommandRunner::CommandRunner(const ClerkContext& context, Menus& menus)
+    : c_(context),
+      menus_(menus),
+      copyPaste_(context),
+      cells_(context),
+      rows_(context),
+      sorts_(context),
+      columns_(context),
+      headers_(context, sorts_, columns_) {
+    menus_.headers(headers_);
+}
+
 // --- What can be done
 
 /// On a data cell of a grid that can be edited.
@@ -76,9 +88,19 @@ bool CommandRunner::canOnClosedCell(Command command) const {
             return grid.Rows() > grid.FixedRows() && grid.Col() >= 0;
         case Command::SortUp:
         case Command::SortDown:
-            return sorts_.canSort();
+            return sorts_.canSort(grid.Col());
         case Command::Unsort:
-            return c_.flags.Editable && sorts_.canUnsort();
+            return sorts_.canUnsort();
+        case Command::HideColumn:
+            return columns_.canHide(columns_.chosen());
+        case Command::ShowColumns:
+            return !columns_.hidden().empty();
+        case Command::FitColumn:
+            return columns_.canFit(columns_.chosen());
+        case Command::Freeze:
+            return columns_.canFreeze(grid.Col());
+        case Command::HeaderMenu:
+            return headers_.canOpen();
         case Command::Help:
             return mayEdit();
         case Command::Menu:
@@ -151,9 +173,20 @@ bool CommandRunner::runOnClosedCell(Command command) {
             return rows_.goTo();
         case Command::SortUp:
         case Command::SortDown:
-            return sorts_.sort(command == Command::SortDown);
+            return sorts_.sort(c_.grid.Col(), command == Command::SortDown);
         case Command::Unsort:
             return sorts_.unsort();
+        case Command::HideColumn:
+            return columns_.hide(columns_.chosen());
+        case Command::ShowColumns:
+            return columns_.show(columns_.hidden());
+        case Command::FitColumn:
+            return columns_.fit(columns_.chosen());
+        case Command::Freeze:
+            return columns_.freeze(c_.grid.Col());
+        case Command::HeaderMenu:
+            headers_.open();
+            return true;
         case Command::Help:
             c_.owner.openHelp();
             return true;
@@ -191,13 +224,27 @@ bool CommandRunner::goToNextProblem() {
     return true;
 }
 
+void CommandRunner::fitColumn(std::int32_t col) {
+    columns_.fit({col});
+}
+
 // --- By key
 
 std::optional<Command> CommandRunner::commandOf(std::int16_t code, std::int16_t shift) const {
     const bool open = c_.editor.visible();
     if (!open && c_.options.DeleteClears() && code == static_cast<std::int16_t>(Key::Delete) && shift == 0)
         return Command::ClearCells;
-    return face.Of(code, shift, open ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell);
+    const auto where = open ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
+    const std::optional<Command> command = face.Of(code, shift, where);
+    if (command == Command::HeaderMenu && !c_.options.HeaderMenu()) return {};
+    return !open && opensHeaderMenu(command, code, shift) ? Command::HeaderMenu : command;
+}
+
+/// Alt+Down moves rows, as it does in lists; where whole columns are selected there is none that it could mean.
+bool CommandRunner::opensHeaderMenu(std::optional<Command> command, std::int16_t code,
+                                    std::int16_t shift) const {
+    return command == Command::MoveRowDown && code == static_cast<std::int16_t>(Key::Down) &&
+           shift == AltKey && columns_.wholeSelected() && headers_.canOpen();
 }
 
 bool CommandRunner::textBoxHasIt(Command command) const {
@@ -220,12 +267,13 @@ std::string CommandRunner::caption(Command command) const {
     std::string step;
     if (command == Command::Undo) step = c_.steps.undoName();
     if (command == Command::Redo) step = c_.steps.redoName();
+    if (command == Command::Freeze) return headers_.freezeCaption(c_.grid.Col());
     std::string caption(captionOf(command));
     return step.empty() ? caption : caption + "“" + step + "”";
 }
 
 CommandRunner::Told CommandRunner::state(bool opens) const {
-    Told now{c_.steps.undoName(), c_.steps.redoName(), {}};
+    Told now{c_.steps.undoName(), c_.steps.redoName(), columns_.endsFreezing(c_.grid.Col()), {}};
     for (const Command command : allCommands()) {
         const bool possible = asksForOpenCell(command) ? opens && canOnClosedCell(command) : can(command);
         now.can.set(static_cast<std::size_t>(command), possible);

@@ -11,7 +11,9 @@
 #include "changes/Steps.h"
 #include "clerk/CellCommands.h"
 #include "clerk/ClerkContext.h"
+#include "clerk/ColumnCommands.h"
 #include "clerk/CopyPaste.h"
+#include "clerk/HeaderMenu.h"
 #include "clerk/Menus.h"
 #include "clerk/RowCommands.h"
 #include "clerk/SortCommands.h"
@@ -21,14 +23,15 @@ namespace kxVsGrid::clerk {
 
 class CommandRunner {
   public:
-    CommandRunner(const ClerkContext& context, Menus& menus)
-        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context), sorts_(context) {}
+    CommandRunner(const ClerkContext& context, Menus& menus);
 
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.
     bool run(Command command);
     /// The command that a key gives now.
     std::optional<Command> commandOf(std::int16_t code, std::int16_t shift) const;
+    /// The edge of a column was pressed twice.
+    void fitColumn(std::int32_t col);
     /// For a key of the command in the grid. In an open editor Undo and Redo are the text box's own for as long
     /// as there is something of the clerk's in the box to take back, or to bring back: False then. Otherwise the
     /// editor closes without writing, and the command runs.
@@ -46,6 +49,7 @@ class CommandRunner {
     struct Told {
         std::string undo;
         std::string redo;
+        bool endsFreezing = false;
         std::bitset<64> can;
         friend bool operator==(const Told&, const Told&) = default;
     };
@@ -56,6 +60,7 @@ class CommandRunner {
     bool runOnClosedCell(Command command);
     bool select(Command command);
     bool goToNextProblem();
+    bool opensHeaderMenu(std::optional<Command> command, std::int16_t code, std::int16_t shift) const;
 
     ClerkContext c_;
     Menus& menus_;
@@ -63,6 +68,8 @@ class CommandRunner {
     CellCommands cells_;
     RowCommands rows_;
     SortCommands sorts_;
+    ColumnCommands columns_;
+    HeaderMenu headers_;
     Told told_;
     bool telling_ = false;
 };

@@ -10,8 +10,13 @@ namespace kxVsGrid::clerk {
 bool Menus::mouseDown(std::int16_t button, std::int16_t shift, float x, float y, bool leadsThere) {
     const Rect place{static_cast<std::int32_t>(x), static_cast<std::int32_t>(y), 0, 0};
     const bool there = button != RightButton || (leadsThere && goWherePressed(place.left, place.top));
+    const std::int32_t header = headers_->columnAt(place.left, place.top);
     if (!letGoOn(button, shift, x, y)) return false;
-    if (button == RightButton && there) popUpAt(place, shift);
+    if (button != RightButton || !there) return true;
+    if (header < 0)
+        popUpAt(place, shift);
+    else if (headers_->columnAt(place.left, place.top) == header)  // the host may have changed columns
+        headers_->popUp(header, place);
     return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include "clerk/ClerkContext.h"
 #include "clerk/Fills.h"
+#include "clerk/HeaderMenu.h"
 #include "kxVsGrid/Menu.h"
 
 namespace kxVsGrid::clerk {
@@ -12,6 +13,8 @@ namespace kxVsGrid::clerk {
 class Menus {
   public:
     explicit Menus(const ClerkContext& context);
+    /// What opens on a column header instead, where the host has that.
+    void headers(HeaderMenu& headers) { headers_ = &headers; }
 
     /// A press in the grid, at twips in it: the host hears of it and may cancel. A right press makes the cell
     /// that it is on the current one first, on a row number that row, and opens a menu. `leadsThere` False:
@@ -39,6 +42,7 @@ class Menus {
     void copyCell();
 
     ClerkContext c_;
+    HeaderMenu* headers_ = nullptr;
     Fills fills_;
     Menu rowMenu_;
     Menu copyMenu_;

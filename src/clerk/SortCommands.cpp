@@ -32,15 +32,13 @@ bool SortCommands::merges() const {
     return false;
 }
 
-bool SortCommands::canSort() const {
-    if (!c_.flags.Editable || !columns::isDataCell(c_.grid, c_.grid.Row(), c_.grid.Col()) || merges())
-        return false;
-    const std::shared_ptr<const ColumnOptions> rules = c_.columns.rules(c_.grid.Col());
+bool SortCommands::canSort(std::int32_t col) const {
+    if (!c_.flags.Editable || !columns::isDataCell(c_.grid, c_.grid.Row(), col) || merges()) return false;
+    const std::shared_ptr<const ColumnOptions> rules = c_.columns.rules(col);
     return rules && rules->sortable();
 }
 
-bool SortCommands::sort(bool down) {
-    const std::int32_t col = c_.grid.Col();
+bool SortCommands::sort(std::int32_t col, bool down) {
     const cVsControl& column = c_.columns.at(col);
     const std::vector<std::int32_t> from =
         sortedRows(c_.grid, c_.defaulted, col, kindOf(column), down, c_.platform);

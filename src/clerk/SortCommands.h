@@ -1,4 +1,4 @@
-// Sorting by the column of the current cell, once: the rows change places, and no rule stays behind that would move
+// Sorting by a column, once: the rows change places, and no rule stays behind that would move
 // them again.
 #pragma once
 
@@ -12,10 +12,10 @@ class SortCommands {
     explicit SortCommands(const ClerkContext& context) : c_(context), entered_(context.grid) {}
 
     /// The host lets the column be sorted (ColumnOptions::sortable), and no cells are merged beside the rows.
-    bool canSort() const;
+    bool canSort(std::int32_t col) const;
     /// False when memory does not suffice; nothing has changed then.
-    bool sort(bool down);
-    bool canUnsort() const { return entered_.isAnother() && !merges(); }
+    bool sort(std::int32_t col, bool down);
+    bool canUnsort() const { return c_.flags.Editable && entered_.isAnother() && !merges(); }
     /// Back into the order that the rows stood in before they were sorted.
     bool unsort();
 

@@ -20,11 +20,11 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       totals(main, sums, columns),
       layout(main, sums, totals),
       wheel(main),
-      settings(main, sums, columns, flags, totals, layout),
+      settings(main, sums, columns, &clerkColumns, flags, totals, layout),
       editor({context, platform, *seat, *this}),
       rows({context, editor, totals, wheel, defaulted}),
-      menus({context, defaulted, platform, *seat, rows, editor, *this}),
-      commands({context, defaulted, platform, *seat, rows, editor, *this}, menus),
+      menus({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}),
+      commands({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}, menus),
       inputContext{context, editor, rows, totals, *seat, platform},
       moveEvents(inputContext),
       keys(inputContext, menus),
@@ -56,6 +56,7 @@ void kxGrid::Parts::controlGone() {
     options.RowInUse.disconnectAll();
     options.CellLocked.disconnectAll();
     options.LookChanged.disconnectAll();
+    clerkColumns.face.Changed.disconnectAll();
 }
 
 void kxGrid::Parts::connectMoves() {
@@ -81,6 +82,7 @@ void kxGrid::Parts::connectMoves() {
         columns.resize(main.Cols());
         rows.follower().rowsLimited(main.Rows());
         defaulted.colsLimited(main.Cols());
+        clerkColumns.colsLimited(main.Cols());
         editor.place();
     }));
     main.PlacesChanged.connect([this] {
@@ -133,7 +135,13 @@ void kxGrid::Parts::connectKeysAndMouse() {
         wheel.mouseOver();
         host.raise(&GridEvents::MouseMove, button, shift, x, y);
     }));
-    main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t) { realign(); }));
+    main.BeforeUserResize.connect(
+        [this](std::int32_t, std::int32_t col) { clerkColumns.widthWillChange(col); });
+    main.AfterUserResize.connect(keeping([this](std::int32_t, std::int32_t col) {
+        realign();
+        clerkColumns.widthChanged(col);
+    }));
+    main.EdgeDblClick.connect(keeping([this](std::int32_t col) { commands.fitColumn(col); }));
     main.AfterEdit.connect(keeping(
         [this](std::int32_t row, std::int32_t col) { host.raise(&GridEvents::AfterEdit, row, col); }));
 }

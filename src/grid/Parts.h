@@ -6,6 +6,7 @@
 
 #include "clerk/CommandRunner.h"
 #include "clerk/Menus.h"
+#include "columns/ClerkColumns.h"
 #include "editing/EditSession.h"
 #include "editing/EditorOwner.h"
 #include "grid/Layout.h"
@@ -27,6 +28,7 @@ namespace kxVsGrid {
 struct kxGrid::Parts : editing::EditorOwner,
                        clerk::CommandOwner,
                        changes::StepOwner,
+                       columns::LayoutOwner,
                        std::enable_shared_from_this<kxGrid::Parts> {
     Parts(kxGrid& control, Platform& platform);
     Parts(const Parts&) = delete;
@@ -39,7 +41,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     void realign();
     std::uint8_t shadeOf(std::int32_t col);
     /// A host is about to change rows or columns: what is being typed is committed. A refused text stays.
-    void commitOpenText() { editor.commitUnlessLocked(); }
+    void commitOpenText() override { editor.commitUnlessLocked(); }
     /// What Recover does.
     DraftInfo recover(std::string_view draft, bool document);
     /// Loading works on the grids directly: afterwards the control stands as they do.
@@ -76,7 +78,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     void tell(const PasteReport& report) override;
     void openHelp() override { keys.openHelp(); }
 
-    // StepOwner
+    // StepOwner, LayoutOwner
     std::shared_ptr<void> keep() override { return shared_from_this(); }
     bool mayGoBack() const override { return flags.Editable && host.there(); }
     bool holdsText() const override { return editor.visible() && !editor.unchanged(); }
@@ -85,6 +87,12 @@ struct kxGrid::Parts : editing::EditorOwner,
     void show(std::int32_t row, std::int32_t col) override;
     void contentRestored() override { editor.captureAndLoad(); }
     void historyChanged() override { commands.tellChanges(); }
+
+    // LayoutOwner
+    void freeze(std::int32_t cols) override {
+        if (host.there()) control.FrozenCols(cols);
+    }
+    void columnsPlaced() override { realign(); }
 
     // the first two
     Rect onScreen(const Rect& place) const override { return seat->onScreen(layout.inControl(place)); }
@@ -96,6 +104,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     CellGrid sums;
     changes::Steps steps{main, *this};
     columns::ColumnArray columns;
+    columns::ClerkColumns clerkColumns{main, sums, columns, *this};
     host::ControlFlags flags;
     GridOptions options;
     host::ControlContext context{main, columns, host, flags, options, steps};

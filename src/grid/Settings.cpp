@@ -23,7 +23,7 @@ void Settings::read(PropertyBag& bag) {
     if (!grid_.flags.ReDraw) totals_.setUp();
     columns_.resize(grid_.main.Cols());
     for (std::int32_t col = 0; col < grid_.main.Cols(); ++col) readColumn(bag, col);
-    if (grid_.flags.ReDraw) setUpGrid(grid_.main, columns_, totals_);
+    if (grid_.flags.ReDraw) setUpGrid(grid_.main, columns_, clerkColumns_, totals_);
 }
 
 void Settings::readGrid(PropertyBag& bag) {
@@ -58,7 +58,7 @@ std::string faultOfReading(PropertyBag& bag) {
     Layout layout(main, sums, totals);
     columns.resize(main.Cols());
     try {
-        Settings(main, sums, columns, flags, totals, layout).read(bag);
+        Settings(main, sums, columns, nullptr, flags, totals, layout).read(bag);
         return {};
     } catch (...) {
         return readFault();

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "columns/ClerkColumns.h"
 #include "columns/ColumnArray.h"
 #include "grid/GridProperties.h"
 #include "kxVsGrid/PropertyBag.h"
@@ -35,9 +36,10 @@ std::string faultOfReading(PropertyBag& bag);
 /// members.
 class Settings {
   public:
-    Settings(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns, host::ControlFlags& flags,
-             totals::TotalRow& totals, Layout& layout)
-        : grid_{main, sums, flags, layout}, columns_(columns), totals_(totals) {}
+    Settings(CellGrid& main, CellGrid& sums, columns::ColumnArray& columns,
+             const columns::ClerkColumns* clerkColumns, host::ControlFlags& flags, totals::TotalRow& totals,
+             Layout& layout)
+        : grid_{main, sums, flags, layout}, columns_(columns), clerkColumns_(clerkColumns), totals_(totals) {}
 
     /// Applies every value at once. What fails is thrown, and what was applied before stays.
     void read(PropertyBag& bag);
@@ -51,6 +53,7 @@ class Settings {
 
     Loaded grid_;
     columns::ColumnArray& columns_;
+    const columns::ClerkColumns* clerkColumns_;  ///< nothing where there is no clerk
     totals::TotalRow& totals_;
 };
 }  // namespace kxVsGrid::grid

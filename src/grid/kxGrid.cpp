@@ -127,7 +127,7 @@ void kxGrid::ReDraw(bool redraw) {
     Parts& p = *kept;
     p.flags.ReDraw = redraw;
     if (!redraw) return;
-    grid::setUpGrid(p.main, p.columns, p.totals);
+    grid::setUpGrid(p.main, p.columns, &p.clerkColumns, p.totals);
     p.realign();
     if (p.flags.SumRow) p.totals.recalculate(TotalRow::AllColumns);
 }
@@ -225,6 +225,14 @@ std::int32_t kxGrid::FrozenCols() const {
 void kxGrid::FrozenCols(std::int32_t count) {
     parts_->main.FrozenCols(count);
 }
+
+ColumnLayout& kxGrid::Layout() {
+    return parts_->clerkColumns.face;
+}
+const ColumnLayout& kxGrid::Layout() const {
+    return parts_->clerkColumns.face;
+}
+
 std::int32_t kxGrid::Row() const {
     return parts_->main.Row();
 }
@@ -265,6 +273,7 @@ void kxGrid::ColHidden(std::int32_t Col, bool hidden) {
     p.main.ColHidden(Col, hidden);
     p.sums.ColHidden(Col, hidden);
     p.columns.shared(Col)->bIsVisible(!hidden);
+    p.clerkColumns.hostHid(Col);
     p.realign();
 }
 

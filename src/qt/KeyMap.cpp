@@ -157,9 +157,15 @@ std::optional<Command> desktopCommandOf(const QKeyEvent& event, CommandKey::Wher
     return {};
 }
 
-std::optional<Command> commandOf(const QKeyEvent& event, const Commands& commands, CommandKey::Where where) {
+std::optional<Command> ownCommandOf(const QKeyEvent& event, const kxGrid& grid, CommandKey::Where where) {
     const KeyStroke stroke = strokeOf(event);
-    if (const auto own = commands.Of(stroke.code, stroke.shift, where)) return own;
+    const auto own = grid.Commands().Of(stroke.code, stroke.shift, where);
+    return own == Command::HeaderMenu && !grid.Options().HeaderMenu() ? std::nullopt : own;
+}
+
+std::optional<Command> commandOf(const QKeyEvent& event, const kxGrid& grid, CommandKey::Where where) {
+    const KeyStroke stroke = strokeOf(event);
+    if (const auto own = ownCommandOf(event, grid, where)) return own;
     return isDefaultKey(stroke) ? std::nullopt : desktopCommandOf(event, where);
 }
 

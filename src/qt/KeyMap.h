@@ -9,6 +9,7 @@
 
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Platform.h"
+#include "kxVsGrid/kxGrid.h"
 
 namespace kxVsGrid::qt {
 
@@ -20,8 +21,10 @@ KeyStroke strokeOf(char32_t character);
 
 /// The command that the desktop has the key for; in an editor Undo and Redo alone, the others are the box's own.
 std::optional<Command> desktopCommandOf(const QKeyEvent& event, CommandKey::Where where);
+/// The command that the control's own keys give; what it makes of one now is for itself to say.
+std::optional<Command> ownCommandOf(const QKeyEvent& event, const kxGrid& grid, CommandKey::Where where);
 /// The command that a key gives: one of the control's own keys, or one that the desktop has for it.
-std::optional<Command> commandOf(const QKeyEvent& event, const Commands& commands, CommandKey::Where where);
+std::optional<Command> commandOf(const QKeyEvent& event, const kxGrid& grid, CommandKey::Where where);
 /// The control's own keys of a command.
 QList<QKeySequence> sequencesOf(Command command, const Commands& commands);
 

@@ -71,6 +71,11 @@ const End Ends[] = {
     {"AfterScrollByKey", to(&CellGrid::AfterScroll), [](CellGrid& g) { g.keyDown(34, 0); }},
     {"AfterScrollByFixedRows", to(&CellGrid::AfterScroll), [](CellGrid& g) { g.FixedRows(2); }},
     {"AfterScrollByFixedCols", to(&CellGrid::AfterScroll), [](CellGrid& g) { g.FixedCols(2); }},
+    {"BeforeUserResize", to(&CellGrid::BeforeUserResize), [](CellGrid& g) { g.userColWidth(2, 1500); }},
+    {"BeforeUserResizeByDrag", to(&CellGrid::BeforeUserResize),
+     [](CellGrid& g) { g.mouseDown(LeftButton, 0, 1990, 100); }},
+    {"EdgeDblClick", to(&CellGrid::EdgeDblClick),
+     [](CellGrid& g) { g.doubleClick(LeftButton, 0, 1990, 100); }},
     {"AfterUserResize", to(&CellGrid::AfterUserResize), [](CellGrid& g) { g.userColWidth(2, 1500); }},
     {"AfterUserResizeByDrag", to(&CellGrid::AfterUserResize),
      [](CellGrid& g) {

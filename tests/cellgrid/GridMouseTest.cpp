@@ -123,6 +123,31 @@ TEST_F(Mouse, DoesNotClickTwiceOnTheEdgeOfAColumn) {
     EXPECT_EQ(log.take(), Lines{});
 }
 
+TEST_F(Mouse, TellsOfADoubleClickOnTheEdgeOfAColumnWhichDragsNothing) {
+    grid.EdgeDblClick.connect([this](int col) { log.add("Edge " + std::to_string(col)); });
+    down(2990, 100);
+    up(2990, 100);
+    grid.doubleClick(LeftButton, 0, 2990, 100);
+    drag(3990, 100);
+    up(3990, 100);
+    grid.doubleClick(RightButton, 0, 2990, 100);
+    EXPECT_EQ(log.take(), (Lines{"Down 1 0 at 2990,100", "Up", "Resize -1,2: 1000", "Edge 2", "Move", "Up"}));
+    EXPECT_EQ(grid.ColWidth(2), 1000);
+}
+
+TEST_F(Mouse, TellsBeforeAColumnGetsAnotherWidth) {
+    grid.BeforeUserResize.connect([this](int row, int col) {
+        log.add("Before " + test::MoveLog::cell(row, col) + ": " + std::to_string(grid.ColWidth(col)));
+    });
+    down(1990, 100);
+    drag(2190, 100);
+    EXPECT_EQ(log.take(), (Lines{"Before -1,1: 1000", "Down 1 0 at 1990,100", "Move"}));
+    up(2190, 100);
+    log.take();
+    grid.userColWidth(2, 1234);
+    EXPECT_EQ(log.take(), (Lines{"Before -1,2: 1000", "Resize -1,2: 1234"}));
+}
+
 TEST_F(Mouse, DragsTheEdgeOfAColumnAndTellsAtTheEnd) {
     down(1990, 100);
     drag(2190, 150);

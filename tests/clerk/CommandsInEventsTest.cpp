@@ -154,6 +154,7 @@ TEST_P(CommandInAnEvent, LetsThroughWhatAHostThrowsAndCanBeRunAgain) {
     desk.press(Key::Escape);
     for (int steps = 0; grid.CanRun(Command::Undo) && steps < 50; ++steps) grid.Run(Command::Undo);
     for (int row = 1; row <= 3; ++row) expectContent(row, row);
+    run(Command::ShowColumns);  // no step brings back what is hidden
     at(4, 1);
     desk.clipboard("a\tb\nc\td");
     EXPECT_TRUE(run(Command::Paste)) << named();

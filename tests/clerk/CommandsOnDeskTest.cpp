@@ -34,8 +34,11 @@ struct Situation {
     friend std::ostream& operator<<(std::ostream& out, const Situation& of) { return out << of.name; }
 };
 
+// Nothing hidden, no menus of headers, no filters, no bar to find with.
+const CommandList NotThere{ShowColumns, HeaderMenu, Find, FindNext, FindPrevious, Replace, Filter, Unfilter};
 // With nothing done yet and no marks.
-const CommandList AtFirst{Undo, Redo, NextProblem, SortUp, SortDown, Unsort};
+const CommandList AtFirst = NotThere + CommandList{Undo, Redo, NextProblem, SortUp, SortDown, Unsort};
+const CommandList OfTheColumn{HideColumn, FitColumn, Freeze};
 const CommandList OfTheCell{CopyFromAbove, Today, Now};
 const CommandList Writes{Cut,           Paste,     ClearCells, FillDown,     FillRight,
                          CopyFromAbove, InsertRow, DeleteRows, DuplicateRow, MoveRowUp,
@@ -57,10 +60,11 @@ const std::vector<Situation>& situations() {
          AtFirst + Writes + CommandList{AppendRow}, Unsaid},
         {"a cell of the heading", [](auto&, kxGrid& grid) { at(grid, 0, 2); }, AtFirst + Writes + Reads,
          Unsaid + CommandList{AppendRow, SelectAll}},
-        {"a cell of the fixed column", [](auto&, kxGrid& grid) { at(grid, 2, 0); }, AtFirst + Writes + Reads,
-         Unsaid + CommandList{AppendRow, SelectAll}},
+        {"a cell of the fixed column", [](auto&, kxGrid& grid) { at(grid, 2, 0); },
+         AtFirst + Writes + Reads + OfTheColumn, Unsaid + CommandList{AppendRow, SelectAll}},
         {"no columns", [](auto&, kxGrid& grid) { grid.Cols(0); },
-         AtFirst + Writes + Reads + CommandList{SelectAll}, Unsaid + CommandList{AppendRow, GoToRow}},
+         AtFirst + Writes + Reads + OfTheColumn + CommandList{SelectAll},
+         Unsaid + CommandList{AppendRow, GoToRow}},
         {"no data rows", [](auto&, kxGrid& grid) { grid.Grid().Rows(1); },
          AtFirst + Writes + Reads + CommandList{SelectAll, GoToRow}, Unsaid + CommandList{AppendRow}},
         {"headings alone",
@@ -68,9 +72,11 @@ const std::vector<Situation>& situations() {
              grid.Grid().FixedRows(grid.Rows());
              grid.Grid().FixedCols(grid.Cols());
          },
-         AtFirst + Writes + Reads + CommandList{SelectAll, GoToRow}, Unsaid + CommandList{AppendRow}},
+         AtFirst + Writes + Reads + OfTheColumn + CommandList{SelectAll, GoToRow},
+         Unsaid + CommandList{AppendRow}},
         {"fixed columns alone", [](auto&, kxGrid& grid) { grid.Grid().FixedCols(grid.Cols()); },
-         AtFirst + Writes + Reads + CommandList{SelectAll}, Unsaid + CommandList{AppendRow, GoToRow}},
+         AtFirst + Writes + Reads + OfTheColumn + CommandList{SelectAll},
+         Unsaid + CommandList{AppendRow, GoToRow}},
         {"the first row",
          [](auto&, kxGrid& grid) { at(grid, 1, 2); },
          AtFirst + CommandList{CopyFromAbove, FillDown, MoveRowUp},
@@ -147,7 +153,7 @@ const std::vector<Situation>& situations() {
              desk.type("x").press(Key::Enter);
              at(grid, 2, 2);
          },
-         {Redo, NextProblem, SortUp, SortDown, Unsort},
+         NotThere + CommandList{Redo, NextProblem, SortUp, SortDown, Unsort},
          {Help}},
         {"something to redo",
          [](headless::Desk& desk, kxGrid& grid) {
@@ -156,11 +162,11 @@ const std::vector<Situation>& situations() {
              grid.History().Undo();
              at(grid, 2, 2);
          },
-         {Undo, NextProblem, SortUp, SortDown, Unsort},
+         NotThere + CommandList{Undo, NextProblem, SortUp, SortDown, Unsort},
          {Help}},
         {"a column that may be sorted",
          [](auto&, kxGrid& grid) { grid.Options(2).sortable(true); },
-         {Undo, Redo, NextProblem, Unsort},
+         NotThere + CommandList{Undo, Redo, NextProblem, Unsort},
          {Help}},
         {"rows that were sorted",
          [](headless::Desk& desk, kxGrid& grid) {
@@ -168,13 +174,13 @@ const std::vector<Situation>& situations() {
              desk.run(SortDown);
              at(grid, 2, 2);
          },
-         {Redo, NextProblem},
+         NotThere + CommandList{Redo, NextProblem},
          {Help}},
         {"a problem",
          [](auto&, kxGrid& grid) {
              grid.Mark(4, 4, CellMark{CellMark::Kind::Problem, "p"});
          },
-         {Undo, Redo, SortUp, SortDown, Unsort},
+         NotThere + CommandList{Undo, Redo, SortUp, SortDown, Unsort},
          {Help}},
         {"a problem in a hidden row",
          [](auto&, kxGrid& grid) {

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTest>
@@ -60,6 +61,44 @@ TEST_F(OrderList, IsNarrowedByWhatIsTyped) {
     EXPECT_EQ(dialog->chosen(), std::nullopt);
     QTest::keyClick(search, Qt::Key_Return);
     EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(OrderList, IsNarrowedByTheRemarksOfLines) {
+    Order remarked = order("B-1", {line("100001", 1000, 100)});
+    remarked.customer = 1;
+    remarked.lines[0].remark = "急件";
+    store.save(remarked);
+    open();
+    QTest::keyClicks(search, "急件");
+    ASSERT_EQ(table->rowCount(), 1);
+    EXPECT_EQ(table->item(0, 0)->text(), QString("B-1"));
+}
+
+TEST_F(OrderList, IsSortedByAPressOnAHeader) {
+    open();
+    QTest::keyClick(search, Qt::Key_Down);
+    const auto press = [this](int column) {
+        QHeaderView* header = table->horizontalHeader();
+        const QPoint at(header->sectionViewportPosition(column) + header->sectionSize(column) / 2, 5);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    };
+    const auto numbers = [this] {
+        QStringList all;
+        for (int row = 0; row < table->rowCount(); ++row) all << table->item(row, 0)->text();
+        return all;
+    };
+    press(4);
+    EXPECT_EQ(numbers(), QStringList({"A-1", "A-2", "A-3"})) << "by the amount, not by its text";
+    EXPECT_EQ(dialog->chosen(), ids[1]);
+    press(4);
+    EXPECT_EQ(numbers(), QStringList({"A-3", "A-2", "A-1"}));
+    press(0);
+    EXPECT_EQ(numbers(), QStringList({"A-1", "A-2", "A-3"}));
+    QTest::keyClicks(search, "A");
+    EXPECT_EQ(numbers(), QStringList({"A-1", "A-2", "A-3"})) << "also when the list is narrowed";
+    press(0);
+    press(0);
+    EXPECT_EQ(numbers(), QStringList({"A-3", "A-2", "A-1"})) << "newest first again";
 }
 
 TEST_F(OrderList, SaysWhichOrdersAreApproved) {

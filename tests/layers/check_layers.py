@@ -45,7 +45,7 @@ PUBLIC_HEADERS = {
     "cellgrid": "CellGrid CellMark CellRange ChangeListener Frame RowId",
     "changes": "Changes Draft",
     "platform": "Clipboard Command PasteReport Platform",
-    "columns": "ColumnOptions cVsControl",
+    "columns": "ColumnLayout ColumnOptions cVsControl",
     "host": "GridEvents Options",
     "dialogs": "ControlPage HelpExchange HelpTable",
     "clerk": "Commands",

@@ -120,6 +120,17 @@ TEST(HeaderExamples, ThatOfChangeListenerCountsAWrite) {
     EXPECT_EQ(counter.writes, 1);
 }
 
+TEST(HeaderExamples, ThatOfColumnLayoutKeepsWhatTheClerkHides) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    MemoryBag bag;
+    grid.VsCtrl(2)->sName("数量");
+#include "examples/ColumnLayout.inc"
+    grid.Grid().Select(1, 2);
+    desk.run(Command::HideColumn);
+    EXPECT_TRUE(bag.find("ColumnLayout.Hidden.数量")->toBoolean());
+}
+
 TEST(HeaderExamples, ThatOfChangesTakesAStepBack) {
     headless::Desk desk;
     kxGrid& grid = desk.place();

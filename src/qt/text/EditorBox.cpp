@@ -167,8 +167,7 @@ bool EditorBox::keyToCore(const QKeyEvent& event) {
 }
 
 std::optional<Command> EditorBox::commandOf(const QKeyEvent& event) const {
-    return kxVsGrid::qt::commandOf(event, std::as_const(stage_.grid()).Commands(),
-                                   CommandKey::Where::EditorToo);
+    return kxVsGrid::qt::commandOf(event, stage_.grid(), CommandKey::Where::EditorToo);
 }
 
 /// What the box cannot take back or bring back any more is the grid's.

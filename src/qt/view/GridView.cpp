@@ -125,7 +125,8 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     event->accept();
     if (stage_.box().composing()) return;
     const auto command = commandOf(*event);
-    if (command && !stage_.box().visible()) {
+    const bool own = ownCommandOf(*event, stage_.grid(), CommandKey::Where::ClosedCell).has_value();
+    if (command && !own && !stage_.box().visible()) {
         stage_.guarded([&](Input& input) { input.command(*command); });
         return;
     }
@@ -149,7 +150,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 
 std::optional<Command> GridView::commandOf(const QKeyEvent& event) const {
     const auto where = stage_.box().visible() ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
-    return qt::commandOf(event, std::as_const(stage_.grid()).Commands(), where);
+    return qt::commandOf(event, stage_.grid(), where);
 }
 
 void GridView::keyReleaseEvent(QKeyEvent* event) {
