@@ -54,6 +54,7 @@ Plan makePlan() {
     planHistory(plan);
     planDrafts(plan);
     planClipboard(plan);
+    planFind(plan);
     return plan;
 }
 

@@ -20,6 +20,14 @@ bool asksForOpenCell(Command command) {
            command == Command::Help;
 }
 
+bool looksOn(Command command) {
+    return command == Command::FindNext || command == Command::FindPrevious;
+}
+
+bool hasDataCells(const CellGrid& grid) {
+    return grid.Rows() > grid.FixedRows() && grid.Cols() > grid.FixedCols();
+}
+
 bool goesBack(Command command) {
     return command == Command::Undo || command == Command::Redo;
 }
@@ -66,6 +74,13 @@ bool CommandRunner::canOnClosedCell(Command command) const {
         case Command::DuplicateRow:
         case Command::DeleteRows:
             return mayEdit();
+        case Command::Find:
+            return hasDataCells(grid);
+        case Command::Replace:
+            return c_.flags.Editable && hasDataCells(grid);
+        case Command::FindNext:
+        case Command::FindPrevious:
+            return !search_.rule().text.empty();
         case Command::AppendRow:
             return c_.flags.Editable && grid.Cols() > 0;
         case Command::MoveRowUp:
@@ -131,6 +146,13 @@ bool CommandRunner::runOnClosedCell(Command command) {
         case Command::Today:
         case Command::Now:
             return cells_.moment(command);
+        case Command::Find:
+        case Command::Replace:
+            c_.seat.showFindBar(command == Command::Replace);
+            return true;
+        case Command::FindNext:
+        case Command::FindPrevious:
+            return search_.go(command == Command::FindNext);
         case Command::InsertRow:
             rows_.insert();
             return true;
@@ -197,7 +219,10 @@ std::optional<Command> CommandRunner::commandOf(std::int16_t code, std::int16_t 
     const bool open = c_.editor.visible();
     if (!open && c_.options.DeleteClears() && code == static_cast<std::int16_t>(Key::Delete) && shift == 0)
         return Command::ClearCells;
-    return face.Of(code, shift, open ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell);
+    const auto command =
+        face.Of(code, shift, open ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell);
+    const bool hostsYet = command && looksOn(*command) && search_.rule().text.empty();
+    return hostsYet ? std::nullopt : command;
 }
 
 bool CommandRunner::textBoxHasIt(Command command) const {

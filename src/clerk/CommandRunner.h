@@ -15,14 +15,21 @@
 #include "clerk/Menus.h"
 #include "clerk/RowCommands.h"
 #include "clerk/SortCommands.h"
+#include "clerk/find/Search.h"
 #include "kxVsGrid/Commands.h"
 
 namespace kxVsGrid::clerk {
 
 class CommandRunner {
   public:
-    CommandRunner(const ClerkContext& context, Menus& menus)
-        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context), sorts_(context) {}
+    CommandRunner(const ClerkContext& context, Menus& menus, Search& search)
+        : c_(context),
+          menus_(menus),
+          search_(search),
+          copyPaste_(context),
+          cells_(context),
+          rows_(context),
+          sorts_(context) {}
 
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.
@@ -59,6 +66,7 @@ class CommandRunner {
 
     ClerkContext c_;
     Menus& menus_;
+    Search& search_;
     CopyPaste copyPaste_;
     CellCommands cells_;
     RowCommands rows_;

@@ -6,6 +6,7 @@
 
 #include "clerk/CommandRunner.h"
 #include "clerk/Menus.h"
+#include "clerk/find/Search.h"
 #include "editing/EditSession.h"
 #include "editing/EditorOwner.h"
 #include "grid/Layout.h"
@@ -74,9 +75,10 @@ struct kxGrid::Parts : editing::EditorOwner,
                  const std::string_view& tag) override;
     void changedData(bool changed) override { flags.changed = changed; }
     void tell(const PasteReport& report) override;
+    void searchChanged() override { commands.tellChanges(); }
     void openHelp() override { keys.openHelp(); }
 
-    // StepOwner
+    // CommandOwner, StepOwner
     std::shared_ptr<void> keep() override { return shared_from_this(); }
     bool mayGoBack() const override { return flags.Editable && host.there(); }
     bool holdsText() const override { return editor.visible() && !editor.unchanged(); }
@@ -108,6 +110,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     editing::EditSession editor;
     rows::Rows rows;
     clerk::Menus menus;
+    clerk::Search search;
     clerk::CommandRunner commands;
     grid::InputContext inputContext;
     grid::MoveEvents moveEvents;

@@ -151,7 +151,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 
 std::optional<Command> GridView::commandOf(const QKeyEvent& event) const {
     const auto where = stage_.box().visible() ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
-    return qt::commandOf(event, std::as_const(stage_.grid()).Commands(), where);
+    const kxGrid& grid = stage_.grid();
+    const auto command = qt::commandOf(event, grid.Commands(), where);
+    const bool looksOn = command == Command::FindNext || command == Command::FindPrevious;
+    return looksOn && !grid.CanRun(*command) ? std::nullopt : command;
 }
 
 void GridView::keyReleaseEvent(QKeyEvent* event) {
