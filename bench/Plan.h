@@ -67,4 +67,5 @@ void planSuggest(Plan& plan);
 void planHistory(Plan& plan);
 void planDrafts(Plan& plan);
 void planClipboard(Plan& plan);
+void planFind(Plan& plan);
 }  // namespace kxbench

@@ -55,6 +55,7 @@ Plan makePlan() {
     planHistory(plan);
     planDrafts(plan);
     planClipboard(plan);
+    planFind(plan);
     return plan;
 }
 

@@ -44,6 +44,10 @@
 
 namespace kxVsGrid {
 
+namespace support {
+class TextPattern;
+}
+
 /// What of a grid lies under a point.
 struct GridHit {
     enum class Part { Outside, Cell, FixedCell, ColumnEdge };
@@ -211,6 +215,13 @@ class CellGrid {
     /// a time that grows with the rows that were ever written to.
     std::int32_t RowWithText(std::int32_t col, std::string_view text, std::int32_t except = -1) const;
 
+    /// For a search that goes through the rows bit by bit: adds those from `firstRow` to `lastRow` to `found` that are
+    /// shown, and whose displayed text in the column has the pattern in it; those whose text is computed, which has to
+    /// be asked for, are added to `computed`, shown or not. Row numbers are not looked at.
+    void FindTexts(const support::TextPattern& pattern, std::int32_t col, std::int32_t firstRow,
+                   std::int32_t lastRow, std::vector<std::int32_t>& found,
+                   std::vector<std::int32_t>& computed) const;
+
     /// The cell's text is asked from `compute` at every look, until code writes a text there. Raises no
     /// CellChanged; nothing is stored. The cell takes it along when rows come or go before it, but `compute`
     /// does not follow: a row number that it holds goes on naming the row of that number, and what it reads
@@ -322,6 +333,12 @@ class CellGrid {
     /// all.
     const std::function<std::uint8_t(std::int32_t col)>& ColShade() const;
     void ColShade(std::function<std::uint8_t(std::int32_t col)> shade);
+    /// What a data cell is tinted as: a cell that was found has a ground of its own in the place of its colour, a
+    /// stronger one where the clerk is among those found. Asked for the cells in view with every picture. An empty
+    /// function: none.
+    enum class Tint : std::uint8_t { None, Found, FoundHere };
+    const std::function<Tint(std::int32_t row, std::int32_t col)>& CellTint() const;
+    void CellTint(std::function<Tint(std::int32_t row, std::int32_t col)> tint);
     /// A text too wide for its data cell is drawn over empty neighbours, away from the side that it is
     /// aligned to. For grids of few rows: each of them is drawn whole. False at first.
     bool TextsRunOver() const;

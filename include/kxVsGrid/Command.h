@@ -29,7 +29,7 @@ enum class Command : std::uint8_t {
     FillRight,      ///< the same with columns
     CopyFromAbove,  ///< the cell above, its tag too, into the current one
     Find,           ///< opens the machine's find bar
-    FindNext,
+    FindNext,       ///< of what was looked for last; a key of it is no command's as long as that is nothing
     FindPrevious,
     Replace,  ///< the same bar, with replacing
     InsertRow,

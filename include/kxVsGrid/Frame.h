@@ -19,6 +19,10 @@ namespace kxVsGrid {
 /// A colour beside those of the system: the light grey 0xE0E0E0, and what stands for it where the palette is
 /// dark. It is in the place of CellGrid::FittedColor.
 constexpr std::uint32_t FittedGrey = 0x8000001E;
+/// Grounds of cells that were found (CellGrid::CellTint): yellow, and a stronger one for that of the clerk, in tones
+/// that fit the palette's texts.
+constexpr std::uint32_t FoundGround = 0x80000101;
+constexpr std::uint32_t FoundHereGround = 0x80000102;
 
 struct FrameItem {
     enum class Kind : std::uint8_t {

@@ -1,4 +1,5 @@
-// What has become of a block of cells that a clerk has written at once: pasted, cut, cleared or filled.
+// What has become of a block of cells that a clerk has written at once: pasted, cut, cleared,
+// filled or replaced.
 #pragma once
 
 #include <cstdint>

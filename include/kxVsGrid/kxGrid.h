@@ -35,6 +35,7 @@
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
+#include "kxVsGrid/Find.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/HelpTable.h"
 #include "kxVsGrid/Members.h"
@@ -94,6 +95,8 @@ class kxGrid : public GridEvents {
     bool CanRun(Command command) const;
     kxVsGrid::Commands& Commands();
     const kxVsGrid::Commands& Commands() const;
+    /// Finding texts in the cells, and replacing them (Find.h).
+    Finder& Find();
 
     // --- The editor.
     /// Applies the current column's rules and commits an open editor. False when the input is refused.

@@ -73,6 +73,20 @@ std::int32_t CellGrid::RowWithText(std::int32_t col, std::string_view text, std:
     return impl_->store.rowWithText(col, text, except);
 }
 
+void CellGrid::FindTexts(const support::TextPattern& pattern, std::int32_t col, std::int32_t firstRow,
+                         std::int32_t lastRow, std::vector<std::int32_t>& found,
+                         std::vector<std::int32_t>& computed) const {
+    if (lastRow < firstRow) return;
+    impl_->requireCol("FindTexts", col);
+    impl_->requireRows("FindTexts", firstRow, lastRow);
+    const std::size_t before = found.size();
+    impl_->store.findTexts(pattern, col, firstRow, lastRow + 1, found, computed);
+    const cellgrid::Axis& down = impl_->layout.rows.axis;
+    found.erase(std::remove_if(found.begin() + static_cast<std::ptrdiff_t>(before), found.end(),
+                               [&](std::int32_t row) { return down.extent(row) == 0; }),
+                found.end());
+}
+
 std::int32_t CellGrid::Rows() const {
     return impl_->rows();
 }

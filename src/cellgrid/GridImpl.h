@@ -260,6 +260,7 @@ struct CellGrid::Impl {
     std::int32_t appearance = 1;
     std::optional<std::uint32_t> fittedColor;
     std::function<std::uint8_t(std::int32_t)> colShade;
+    std::function<Tint(std::int32_t, std::int32_t)> cellTint;
     bool textsRunOver = false;
     mEmflexMerge mergeCells = flexMergeNever;
     std::int32_t redraw = 1;

@@ -68,6 +68,13 @@ void CellGrid::ColShade(std::function<std::uint8_t(std::int32_t)> shade) {
     impl_->colShade = std::move(shade);
     impl_->damage.addAll();
 }
+const std::function<CellGrid::Tint(std::int32_t, std::int32_t)>& CellGrid::CellTint() const {
+    return impl_->cellTint;
+}
+void CellGrid::CellTint(std::function<Tint(std::int32_t, std::int32_t)> tint) {
+    impl_->cellTint = std::move(tint);
+    impl_->damage.addAll();
+}
 bool CellGrid::TextsRunOver() const {
     return impl_->textsRunOver;
 }

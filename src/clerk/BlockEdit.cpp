@@ -22,6 +22,8 @@ Cause causeOf(Command command) {
         case Command::Today:
         case Command::Now:
             return Cause::Typed;
+        case Command::Replace:
+            return Cause::Replace;
         default:
             return Cause::Paste;
     }

@@ -78,7 +78,8 @@ class BlockEdit {
     void takeBack(support::FirstFault& fault);
     void keepProblems(support::FirstFault& fault);
     bool addsRows() const {
-        return report_.command != Command::Cut && report_.command != Command::ClearCells;
+        return report_.command != Command::Cut && report_.command != Command::ClearCells &&
+               report_.command != Command::Replace;
     }
     bool mayWrite(const rows::FollowedRow& row, std::int32_t col);
     bool stillThere(const rows::FollowedRow& row, std::int32_t col);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,10 @@ class CommandOwner {
     virtual void changedData(bool changed) = 0;
     /// The host hears of a block that was written; the clerk, when something was not.
     virtual void tell(const PasteReport& report) = 0;
+    /// What is looked for is another text, and whether there is one.
+    virtual void searchChanged() = 0;
+    /// Holds the control's parts for what goes on after an event.
+    virtual std::shared_ptr<void> keep() = 0;
     /// What F2 does on a closed cell.
     virtual void openHelp() = 0;
     /// Where a place in the control's grid lies on the screen.

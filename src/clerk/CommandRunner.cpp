@@ -20,14 +20,23 @@ bool asksForOpenCell(Command command) {
            command == Command::Help;
 }
 
+bool looksOn(Command command) {
+    return command == Command::FindNext || command == Command::FindPrevious;
+}
+
+bool hasDataCells(const CellGrid& grid) {
+    return grid.Rows() > grid.FixedRows() && grid.Cols() > grid.FixedCols();
+}
+
 bool goesBack(Command command) {
     return command == Command::Undo || command == Command::Redo;
 }
 }  // namespace
 
-CommandRunner::CommandRunner(const ClerkContext& context, Menus& menus)
+CommandRunner::CommandRunner(const ClerkContext& context, Menus& menus, Search& search)
     : c_(context),
       menus_(menus),
+      search_(search),
       copyPaste_(context),
       cells_(context),
       rows_(context),
@@ -78,6 +87,13 @@ bool CommandRunner::canOnClosedCell(Command command) const {
         case Command::DuplicateRow:
         case Command::DeleteRows:
             return mayEdit();
+        case Command::Find:
+            return hasDataCells(grid);
+        case Command::Replace:
+            return c_.flags.Editable && hasDataCells(grid);
+        case Command::FindNext:
+        case Command::FindPrevious:
+            return !search_.rule().text.empty();
         case Command::AppendRow:
             return c_.flags.Editable && grid.Cols() > 0;
         case Command::MoveRowUp:
@@ -153,6 +169,13 @@ bool CommandRunner::runOnClosedCell(Command command) {
         case Command::Today:
         case Command::Now:
             return cells_.moment(command);
+        case Command::Find:
+        case Command::Replace:
+            c_.seat.showFindBar(command == Command::Replace);
+            return true;
+        case Command::FindNext:
+        case Command::FindPrevious:
+            return search_.go(command == Command::FindNext);
         case Command::InsertRow:
             rows_.insert();
             return true;
@@ -237,6 +260,7 @@ std::optional<Command> CommandRunner::commandOf(std::int16_t code, std::int16_t 
     const auto where = open ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
     const std::optional<Command> command = face.Of(code, shift, where);
     if (command == Command::HeaderMenu && !c_.options.HeaderMenu()) return {};
+    if (command && looksOn(*command) && search_.rule().text.empty()) return {};  // the host's yet
     return !open && opensHeaderMenu(command, code, shift) ? Command::HeaderMenu : command;
 }
 

@@ -17,13 +17,14 @@
 #include "clerk/Menus.h"
 #include "clerk/RowCommands.h"
 #include "clerk/SortCommands.h"
+#include "clerk/find/Search.h"
 #include "kxVsGrid/Commands.h"
 
 namespace kxVsGrid::clerk {
 
 class CommandRunner {
   public:
-    CommandRunner(const ClerkContext& context, Menus& menus);
+    CommandRunner(const ClerkContext& context, Menus& menus, Search& search);
 
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.
@@ -64,6 +65,7 @@ class CommandRunner {
 
     ClerkContext c_;
     Menus& menus_;
+    Search& search_;
     CopyPaste copyPaste_;
     CellCommands cells_;
     RowCommands rows_;

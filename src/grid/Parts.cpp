@@ -24,7 +24,8 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       editor({context, platform, *seat, *this}),
       rows({context, editor, totals, wheel, defaulted}),
       menus({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}),
-      commands({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}, menus),
+      search({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}),
+      commands({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}, menus, search),
       inputContext{context, editor, rows, totals, *seat, platform},
       moveEvents(inputContext),
       keys(inputContext, menus),
@@ -48,6 +49,7 @@ std::uint8_t kxGrid::Parts::shadeOf(std::int32_t col) {
 
 void kxGrid::Parts::controlGone() {
     host.controlGone();
+    search.silence();
     main.silence();
     sums.silence();
     steps.silence();

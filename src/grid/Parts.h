@@ -6,6 +6,7 @@
 
 #include "clerk/CommandRunner.h"
 #include "clerk/Menus.h"
+#include "clerk/find/Search.h"
 #include "columns/ClerkColumns.h"
 #include "editing/EditSession.h"
 #include "editing/EditorOwner.h"
@@ -76,6 +77,7 @@ struct kxGrid::Parts : editing::EditorOwner,
                  const std::string_view& tag) override;
     void changedData(bool changed) override { flags.changed = changed; }
     void tell(const PasteReport& report) override;
+    void searchChanged() override { commands.tellChanges(); }
     void openHelp() override { keys.openHelp(); }
 
     // StepOwner, LayoutOwner
@@ -117,6 +119,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     editing::EditSession editor;
     rows::Rows rows;
     clerk::Menus menus;
+    clerk::Search search;
     clerk::CommandRunner commands;
     grid::InputContext inputContext;
     grid::MoveEvents moveEvents;

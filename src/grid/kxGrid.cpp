@@ -88,6 +88,10 @@ const kxVsGrid::Commands& kxGrid::Commands() const {
     return parts_->commands.face;
 }
 
+Finder& kxGrid::Find() {
+    return parts_->search.face;
+}
+
 bool kxGrid::IsActive() const {
     return parts_->input.active();
 }

@@ -239,6 +239,9 @@ const std::optional<WheelHookState>& Desk::wheelHook() const {
     return station().wheelHook;
 }
 
+const std::vector<bool>& Desk::findBars() const {
+    return station().findBars;
+}
 const ShownSuggestions& Desk::suggestions() const {
     return station().suggestions;
 }

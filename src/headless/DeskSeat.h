@@ -39,6 +39,7 @@ class Desk::DeskSeat : public Seat {
         shown.current = list.current;
         station_->suggestions = std::move(shown);
     }
+    void showFindBar(bool replace) override { station_->findBars.push_back(replace); }
     void typeIntoEditor(std::string_view character) override {
         if (station_->removed) return;
         station_->box.insert(character);

@@ -18,6 +18,7 @@ struct Desk::Station {
     TextLine box;
     std::string tip;  ///< that is shown at the editor
     ShownSuggestions suggestions;
+    std::vector<bool> findBars;
     bool composing = false;
     std::string composed;
     std::optional<WheelHookState> wheelHook;

@@ -75,6 +75,7 @@ struct KeyName {
     std::int16_t code;
     std::string_view name;
 };
+constexpr std::int16_t F3 = 114;
 constexpr std::int16_t F8 = 119;
 constexpr std::int16_t Semicolon = 186;
 constexpr std::int16_t Plus = 187;
@@ -109,6 +110,10 @@ constexpr CommandKey keys[] = {
     {Command::FillDown, 'D', CtrlKey, EditorToo},
     {Command::FillRight, 'R', CtrlKey, EditorToo},
     {Command::CopyFromAbove, Apostrophe, CtrlKey, EditorToo},
+    {Command::Find, 'F', CtrlKey, EditorToo},
+    {Command::FindNext, F3, 0, EditorToo},
+    {Command::FindPrevious, F3, ShiftKey, EditorToo},
+    {Command::Replace, 'H', CtrlKey, EditorToo},
     {Command::InsertRow, Plus, CtrlKey, EditorToo},
     {Command::InsertRow, Plus, CtrlKey + ShiftKey, EditorToo},
     {Command::DeleteRows, Minus, CtrlKey, EditorToo},

@@ -24,6 +24,10 @@ void QtSeat::showSuggestions(const SuggestionView& suggestions) {
     if (Stage* stage = shown()) stage->showSuggestions(suggestions);
 }
 
+void QtSeat::showFindBar(bool replace) {
+    if (Stage* stage = shown()) stage->showFindBar(replace);
+}
+
 void QtSeat::typeIntoEditor(std::string_view character) {
     if (Stage* stage = shown()) stage->typeIntoEditor(character);
 }

@@ -17,6 +17,7 @@ class QtSeat : public Seat {
     void leaveControl(bool forward) override;
     void showEditor(const EditorView& editor) override;
     void showSuggestions(const SuggestionView& suggestions) override;
+    void showFindBar(bool replace) override;
     void typeIntoEditor(std::string_view character) override;
     void editText(Command command) override;
     void layoutChanged() override;

@@ -6,8 +6,10 @@
 #include <QInputMethod>
 #include <QMenuBar>
 #include <QWheelEvent>
+#include <algorithm>
 #include <utility>
 
+#include "editing/BringIntoView.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
 #include "qt/KeyMap.h"
 #include "qt/access/AccessibleGrid.h"
@@ -66,6 +68,8 @@ void Stage::close() {
     if (awaitedPress_) awaitedPress_->forget();
     repaint_.stop();
     suggestions_.end();
+    if (findBar_) findBar_->stop();
+    machine_->grid->Find().OnWork({});
     machine_->grid->Grid().onDamage({});
     machine_->grid->Grid_Sum().onDamage({});
 }
@@ -167,7 +171,10 @@ void Stage::giveFocus(FocusPlace place) {
 }
 
 void Stage::leaveControl(bool forward) {
+    const QPointer<FindBar> bar = findBar_;
+    if (bar) bar->inTabOrder(false);
     view_->leave(forward);
+    if (bar) bar->inTabOrder(true);
 }
 
 void Stage::showEditor(const EditorView& view) {
@@ -203,6 +210,19 @@ void Stage::pressSuggestion(std::size_t index) {
     const Suggestion* const now = suggestions_.at(index);
     const auto place = now && *now == pressed ? std::optional(index) : suggestions_.find(pressed);
     if (place) guarded([place](Input& input) { input.suggestionPressed(*place); });
+}
+
+void Stage::showFindBar(bool replace) {
+    if (!findBar_) findBar_ = new FindBar(*this, &widget_);
+    findBar_->open(replace);
+}
+
+void Stage::barChanged() {
+    resized();
+    guarded([this](Input&) {
+        CellGrid& cells = grid().Grid();
+        if (cells.Row() >= 0 && cells.Col() >= 0) editing::bringCurrentCellIntoView(cells);
+    });
 }
 
 void Stage::typeIntoEditor(std::string_view character) {
@@ -255,6 +275,20 @@ void Stage::focusEntered(FocusPlace place) {
     if (place == FocusPlace::Editor) editorWaitsForFocus_ = false;
     if (!guarded([&](Input& input) { input.focusMoved(place); })) return;
     if (waits && place == FocusPlace::Grid) giveFocus(FocusPlace::Editor);
+}
+
+/// A text that is refused opens a box, which must not come up while Qt moves the keyboard.
+void Stage::barEntered(const QFocusEvent& event) {
+    away_ = event.reason() == Qt::ActiveWindowFocusReason && away_;
+    if (awaitedPress_) awaitedPress_->forget();
+    showFocus(false);
+    const auto tell = [this] { guarded([](Input& input) { input.focusMoved(FocusPlace::Grid); }); };
+    if (box_->visible())
+        QTimer::singleShot(0, findBar_, [this, tell] {
+            if (findBar_ && findBar_->isAncestorOf(QApplication::focusWidget())) tell();
+        });
+    else
+        tell();
 }
 
 void Stage::focusLeft(const QFocusEvent& event) {
@@ -348,9 +382,15 @@ void Stage::lookChanged() {
 }
 
 void Stage::resized() {
-    area_->setGeometry(widget_.rect());
+    QRect cells = widget_.rect();
+    if (findBar_ && findBar_->isOpen()) {
+        const int height = std::min(findBar_->heightFor(cells.width()), cells.height());
+        cells.setHeight(cells.height() - height);
+        findBar_->setGeometry(0, cells.height(), cells.width(), height);
+    }
+    area_->setGeometry(cells);
     const Scale now = scale();
-    guarded([&](Input& input) { input.resized(now.twips(widget_.width()), now.twips(widget_.height())); });
+    guarded([&](Input& input) { input.resized(now.twips(cells.width()), now.twips(cells.height())); });
 }
 
 void Stage::watchDamage() {

@@ -10,6 +10,7 @@
 
 #include "qt/Machine.h"
 #include "qt/actions/CommandActions.h"
+#include "qt/find/FindBar.h"
 #include "qt/settings/StoredSettings.h"
 #include "qt/suggestions/SuggestionsAt.h"
 #include "qt/text/EditorBox.h"
@@ -76,6 +77,7 @@ class Stage {
     void leaveControl(bool forward);
     void showEditor(const EditorView& view);
     void showSuggestions(const SuggestionView& suggestions);
+    void showFindBar(bool replace);
     void typeIntoEditor(std::string_view character);
     void editText(Command command);
     void layoutChanged();
@@ -87,6 +89,10 @@ class Stage {
     // --- What the pieces tell.
     void focusEntered(FocusPlace place);
     void focusLeft(const QFocusEvent& event);
+    /// The find bar has the keyboard: for the control that is still the grid.
+    void barEntered(const QFocusEvent& event);
+    /// The find bar has come or gone, or has another height: the grid is laid out anew, with the current cell in view.
+    void barChanged();
     /// The box is about to be hidden: the grid takes the keyboard over from it.
     void keepFocusFrom(const QWidget& box);
     void keyUp(const QKeyEvent& event);
@@ -144,6 +150,7 @@ class Stage {
     QPointer<EditorTip> tip_;  // it may be its window's
     std::unique_ptr<EditorBox> box_;
     SuggestionsAt suggestions_;
+    QPointer<FindBar> findBar_;  // made when it is first asked for
     QTimer repaint_;
     QPointer<AwaitedPress> awaitedPress_;
     bool editable_ = false;  ///< the current cell was, after the last call

@@ -19,5 +19,16 @@ inline const QString SelectAll = QStringLiteral("全选(&A)");
 inline const QString Grid = QStringLiteral("表格");
 inline const QString Editor = QStringLiteral("单元格");
 inline const QString Suggestions = QStringLiteral("建议");
+inline const QString Find = QStringLiteral("查找");
+inline const QString FindNext = QStringLiteral("下一个");
+inline const QString FindPrevious = QStringLiteral("上一个");
+inline const QString WholeCell = QStringLiteral("整格");
+inline const QString MatchCase = QStringLiteral("区分大小写");
+inline const QString ThisColumn = QStringLiteral("本列");
+inline const QString NotFound = QStringLiteral("未找到");
+inline const QString ReplaceWith = QStringLiteral("替换为");
+inline const QString Replace = QStringLiteral("替换");
+inline const QString ReplaceAll = QStringLiteral("全部替换");
+inline const QString Close = QStringLiteral("关闭");
 inline const QString Help = QStringLiteral("帮助");
 }  // namespace kxVsGrid::qt::wording

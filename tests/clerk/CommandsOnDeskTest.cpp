@@ -45,6 +45,9 @@ const CommandList Writes{Cut,           Paste,     ClearCells, FillDown,     Fil
                          MoveRowDown,   Today,     Now};
 const CommandList Reads{Copy, CopyWithHeaders, SelectRow, SelectColumn};
 const CommandList Unsaid{Help, Menu};
+const CommandList OverCells{Find, Replace};
+/// Nothing was looked for yet.
+const CommandList LooksOn{FindNext, FindPrevious};
 
 cVsControl& definition(kxGrid& grid, std::int16_t col) {
     return *grid.VsCtrl(col);
@@ -57,25 +60,26 @@ const std::vector<Situation>& situations() {
     static const std::vector<Situation> All{
         {"a closed cell", [](auto&, auto&) {}, AtFirst, {Help}},
         {"a read-only grid", [](auto&, kxGrid& grid) { grid.Editable(false); },
-         AtFirst + Writes + CommandList{AppendRow}, Unsaid},
+         AtFirst + Writes + CommandList{AppendRow, Replace}, Unsaid},
         {"a cell of the heading", [](auto&, kxGrid& grid) { at(grid, 0, 2); }, AtFirst + Writes + Reads,
          Unsaid + CommandList{AppendRow, SelectAll}},
         {"a cell of the fixed column", [](auto&, kxGrid& grid) { at(grid, 2, 0); },
          AtFirst + Writes + Reads + OfTheColumn, Unsaid + CommandList{AppendRow, SelectAll}},
         {"no columns", [](auto&, kxGrid& grid) { grid.Cols(0); },
-         AtFirst + Writes + Reads + OfTheColumn + CommandList{SelectAll},
+         AtFirst + Writes + Reads + OfTheColumn + OverCells + CommandList{SelectAll},
          Unsaid + CommandList{AppendRow, GoToRow}},
         {"no data rows", [](auto&, kxGrid& grid) { grid.Grid().Rows(1); },
-         AtFirst + Writes + Reads + CommandList{SelectAll, GoToRow}, Unsaid + CommandList{AppendRow}},
+         AtFirst + Writes + Reads + OverCells + CommandList{SelectAll, GoToRow},
+         Unsaid + CommandList{AppendRow}},
         {"headings alone",
          [](auto&, kxGrid& grid) {
              grid.Grid().FixedRows(grid.Rows());
              grid.Grid().FixedCols(grid.Cols());
          },
-         AtFirst + Writes + Reads + OfTheColumn + CommandList{SelectAll, GoToRow},
+         AtFirst + Writes + Reads + OfTheColumn + OverCells + CommandList{SelectAll, GoToRow},
          Unsaid + CommandList{AppendRow}},
         {"fixed columns alone", [](auto&, kxGrid& grid) { grid.Grid().FixedCols(grid.Cols()); },
-         AtFirst + Writes + Reads + OfTheColumn + CommandList{SelectAll},
+         AtFirst + Writes + Reads + OfTheColumn + OverCells + CommandList{SelectAll},
          Unsaid + CommandList{AppendRow, GoToRow}},
         {"the first row",
          [](auto&, kxGrid& grid) { at(grid, 1, 2); },
@@ -231,7 +235,7 @@ class CommandInASituation : public BlockTest,
 
 TEST_P(CommandInASituation, SaysWhetherItCanBeDone) {
     if (has(situation().unsaid, command())) return;
-    EXPECT_EQ(grid.CanRun(command()), !has(situation().impossible, command())) << named();
+    EXPECT_EQ(grid.CanRun(command()), !has(situation().impossible + LooksOn, command())) << named();
     EXPECT_EQ(heard(), Lines());
 }
 

@@ -167,6 +167,15 @@ TEST(HeaderExamples, ThatOfCommandsNamesWhatWouldBeUndone) {
     EXPECT_TRUE(button.enabled);
 }
 
+TEST(HeaderExamples, ThatOfFindReplacesWhatItFinds) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    grid.SetCell(2, 1, "苹果");
+#include "examples/Find.inc"
+    EXPECT_EQ(grid.ReadCell(2, 1, true), "梨");
+    EXPECT_EQ(grid.Row(), 2);
+}
+
 TEST(HeaderExamples, ThatOfControlPageShowsThePage) {
     headless::Desk desk;
     kxGrid& grid = desk.place();

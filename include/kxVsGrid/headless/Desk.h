@@ -156,6 +156,8 @@ class Desk : public Platform {
     SeenEditor editor() const;
     /// The clerk moves the caret or selects; positions count characters.
     Desk& select(std::size_t start, std::size_t length = 0);
+    /// Find bars that the control in use has asked for, in order; True: with replacing.
+    const std::vector<bool>& findBars() const;
     /// What is suggested at the editor of the control in use.
     const ShownSuggestions& suggestions() const;
 

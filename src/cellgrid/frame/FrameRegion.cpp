@@ -78,11 +78,18 @@ Rect FrameRegion::rectOf(std::size_t firstRow, std::size_t lastRow, std::size_t 
     return {left, top, cols_[lastCol].end() - left, rows_[lastRow].end() - top};
 }
 
+CellGrid::Tint FrameRegion::tintOf(std::int32_t row, std::int32_t col) const {
+    const auto& tint = scene_.grid.CellTint();
+    return tint && !merged_ ? tint(row, col) : CellGrid::Tint::None;
+}
+
 /// The ground of a cell that differs from its surroundings.
 std::optional<Ground> FrameRegion::ownGround(std::size_t rowBand, std::size_t colBand) const {
     const std::int32_t row = rows_[rowBand].index;
     const std::int32_t col = cols_[colBand].index;
     if (scene_.highlighted(row)) return Ground{FrameColor::Highlight};
+    if (const auto tint = tintOf(row, col); tint != CellGrid::Tint::None)
+        return Ground{tint == CellGrid::Tint::Found ? FoundGround : FoundHereGround};
     const std::optional<std::uint32_t> color = scene_.grid.CellBackColor(row, col);
     if (color) {
         if (color == backColor_) return std::nullopt;

@@ -87,6 +87,7 @@ class FrameRegion {
     void writeContent(const Band& row, const Band& col, bool checkBoxes, const Rect& cell);
     void writeText(const Band& row, const Band& col, const Rect& cell);
     void writeMark(const Band& row, const Band& col, const Rect& cell);
+    CellGrid::Tint tintOf(std::int32_t row, std::int32_t col) const;
     std::optional<Ground> ownGround(std::size_t rowBand, std::size_t colBand) const;
     std::uint32_t textColor(std::int32_t row, std::int32_t col) const;
     Rect rectOf(std::size_t firstRow, std::size_t lastRow, std::size_t firstCol, std::size_t lastCol) const;

@@ -20,6 +20,10 @@
 #include "cellgrid/store/TextArena.h"
 #include "kxVsGrid/Enumerations.h"
 
+namespace kxVsGrid::support {
+class TextPattern;
+}
+
 namespace kxVsGrid::cellgrid {
 
 struct GridColumn {
@@ -198,6 +202,12 @@ class CellStore {
             if (s != slot::Empty && s != slot::WrittenEmpty) visit(row, slotText(s, scratch));
         });
     }
+
+    /// Adds the rows [first, stop) of a column to `found` whose displayed text has the pattern in it, and those whose
+    /// text is computed to `computed`, both in order. Row numbers are no texts here; fixed rows show theirs as stored.
+    void findTexts(const support::TextPattern& pattern, std::int32_t col, std::int32_t first,
+                   std::int32_t stop, std::vector<std::int32_t>& found,
+                   std::vector<std::int32_t>& computed) const;
 
     /// Empties texts and tags of the rows [row, row + n).
     void clearTexts(std::int32_t row, std::int32_t n);

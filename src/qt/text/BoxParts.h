@@ -21,8 +21,11 @@ void asClerk(BoxEvents& events, const QWidget& box, Work work) {
 }
 
 /// Keys that the core or the box acts on must not set off a shortcut of the window.
+/// Those for finding are left to a window that has a use of its own for them.
 inline bool claims(const QKeyEvent& event, const std::optional<Command>& command) {
-    if (command) return true;
+    const bool finds = command == Command::Find || command == Command::FindNext ||
+                       command == Command::FindPrevious || command == Command::Replace;
+    if (command && !finds) return true;
     const auto modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     if (modifiers != Qt::NoModifier) return false;
     const KeyStroke stroke = strokeOf(event);

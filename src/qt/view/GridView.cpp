@@ -150,7 +150,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 
 std::optional<Command> GridView::commandOf(const QKeyEvent& event) const {
     const auto where = stage_.box().visible() ? CommandKey::Where::EditorToo : CommandKey::Where::ClosedCell;
-    return qt::commandOf(event, stage_.grid(), where);
+    const kxGrid& grid = stage_.grid();
+    const auto command = qt::commandOf(event, grid, where);
+    const bool looksOn = command == Command::FindNext || command == Command::FindPrevious;
+    return looksOn && !grid.CanRun(*command) ? std::nullopt : command;
 }
 
 void GridView::keyReleaseEvent(QKeyEvent* event) {

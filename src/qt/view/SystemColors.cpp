@@ -94,9 +94,13 @@ SystemColors::SystemColors(const QPalette& palette) {
         {FittedGrey & 0xFFU, dark ? blend(base, text, 0.12) : lightGrey},
     };
     for (const auto& [index, color] : entries) system_[index] = color;
+    found_ = dark ? qRgb(0x5C, 0x4B, 0x00) : qRgb(0xFF, 0xF1, 0xA8);
+    foundHere_ = dark ? qRgb(0x94, 0x5A, 0x00) : qRgb(0xFF, 0xC2, 0x4D);
 }
 
 QRgb SystemColors::rgb(std::uint32_t color) const {
+    if (color == FoundGround) return found_;
+    if (color == FoundHereGround) return foundHere_;
     if (isSystem(color)) return system_[std::min<std::size_t>(color & 0xFFU, Count - 1)];
     return qRgb(static_cast<int>(color & 0xFFU), static_cast<int>((color >> 8) & 0xFFU),
                 static_cast<int>((color >> 16) & 0xFFU));

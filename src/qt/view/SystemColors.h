@@ -24,6 +24,8 @@ class SystemColors {
   private:
     static constexpr std::size_t Count = 32;
     std::array<QRgb, Count> system_{};
+    QRgb found_ = 0;
+    QRgb foundHere_ = 0;
 };
 
 /// Contrast of two colours, 1 (none) to 21 (black on white).

@@ -1,0 +1,61 @@
+// A text that is looked for in others.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+namespace kxVsGrid::support {
+
+/// A letter of ASCII in lower case, any other byte as it is.
+constexpr char inLowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
+/// Eight bytes at once.
+constexpr std::uint64_t inLowerCase(std::uint64_t bytes) {
+    constexpr std::uint64_t Each = 0x0101'0101'0101'0101U;
+    const std::uint64_t low = bytes & (Each * 0x7F);
+    const std::uint64_t fromA = low + Each * (0x80 - 'A');
+    const std::uint64_t aboveZ = low + Each * (0x7F - 'Z');
+    return bytes | ((fromA & ~aboveZ & ~bytes & (Each * 0x80)) >> 2);
+}
+
+class TextPattern {
+  public:
+    /// An empty text is in no other one. Without `matchCase` the case of ASCII letters does not count; characters
+    /// beyond ASCII are only themselves.
+    TextPattern(std::string_view text, bool whole, bool matchCase);
+
+    const std::string& text() const { return text_; }
+    bool whole() const { return whole_; }
+    /// Case does not count, and there are letters.
+    bool folds() const { return folds_; }
+
+    bool in(std::string_view text) const {
+        if (text.size() < text_.size() || text_.empty()) return false;
+        if (whole_) return text.size() == text_.size() && matchesAt(text.data());
+        return find(text, 0) != std::string_view::npos;
+    }
+    /// Where the first match at or after a byte begins; npos for none. Not for whole().
+    std::size_t find(std::string_view text, std::size_t from) const;
+    /// How often it is in the text; matches do not overlap.
+    std::size_t occurrences(std::string_view text) const;
+    /// The text with something else in the place of each match.
+    std::string replaced(std::string_view text, std::string_view with) const;
+
+  private:
+    bool matchesAt(const char* text) const;
+    std::size_t findEnd(const char* text, std::size_t from, std::size_t end) const;
+
+    std::string text_;  ///< in lower case where case does not count
+    bool whole_;
+    bool folds_;
+    char last_ = 0;
+    std::uint64_t lasts_ = 0;     ///< the last byte, eight times
+    std::uint64_t lastCase_ = 0;  ///< the bit that makes its case, eight times; 0 where that counts
+};
+}  // namespace kxVsGrid::support
