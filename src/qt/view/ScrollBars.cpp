@@ -50,9 +50,9 @@ void ScrollBars::follow(const CellGrid& grid, const Scale& scale) {
                  fitting(grid.TopRow(), grid.Rows(), room, height));
     }
     if (grid.HorizontalBarShown()) {
-        const std::int32_t room = grid.ClientWidth() - grid.FixedWidth();
+        const std::int32_t room = grid.ClientWidth() - grid.StillWidth();
         const auto width = [&](std::int32_t col) { return grid.ColHidden(col) ? 0 : grid.ColWidth(col); };
-        setRange(horizontal_, grid.FixedCols(), grid.MaxLeftCol(), grid.LeftCol(),
+        setRange(horizontal_, grid.StillCols(), grid.MaxLeftCol(), grid.LeftCol(),
                  fitting(grid.LeftCol(), grid.Cols(), room, width));
     } else {
         // the bar that is shown reports both places
