@@ -80,13 +80,13 @@ class CellGrid {
     void FixedCols(std::int32_t count);
 
     /// So many columns after the fixed ones do not scroll either, hidden ones counted: data columns like the
-    /// others. As many as was put, or as there are; GridError for a negative number. It stays through changes of
-    /// Cols and FixedCols. Where not all columns fit into the view, only those stand still that leave 1000 twips of
-    /// it to the others, which scroll.
+    /// others. As many as was put, or as there are; GridError for a negative number. It stays through changes
+    /// of Cols and FixedCols. Where not all columns fit into the view, only those stand still that leave 1000
+    /// twips of it to the others, which scroll.
     std::int32_t FrozenCols() const;
     void FrozenCols(std::int32_t count);
-    /// How many columns do not scroll now: the fixed ones, and the frozen ones there is room for. Where no scroll bars
-    /// are allowed the width of the view does not limit them.
+    /// How many columns do not scroll now: the fixed ones, and the frozen ones there is room for. Where no
+    /// scroll bars are allowed the width of the view does not limit them.
     std::int32_t StillCols() const;
 
     /// Inserts one empty row of default height before `position`; Rows() appends. A current cell at or below

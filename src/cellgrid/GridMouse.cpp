@@ -26,8 +26,8 @@ void CellGrid::Impl::pressed(std::int16_t shift, std::int32_t x, std::int32_t y)
     selecting->at = pointed(x, y).place;
 }
 
-/// A frozen column that has become too wide to stand still is out of view then: its edge goes on from where it was
-/// grabbed.
+/// A frozen column that has become too wide to stand still is out of view then: its edge goes on from where
+/// it was grabbed.
 void CellGrid::Impl::dragged(std::int32_t x) {
     const std::int64_t left =
         drag.still ? layout.cols.axis.position(drag.col) : std::int64_t{layout.cols.place(drag.col)};

@@ -71,8 +71,8 @@ struct Stretch {
     std::int32_t length;
 };
 
-/// What the view shows of a range of elements, which leaves no gap: it lies in one part, or the scrolled ones follow
-/// the still ones.
+/// What the view shows of a range of elements, which leaves no gap: it lies in one part, or the scrolled ones
+/// follow the still ones.
 Stretch shownPart(const cellgrid::Lane& lane, std::int32_t first, std::int32_t last, std::int32_t client) {
     if (first >= lane.still)
         first = std::max(first, lane.first);

@@ -209,8 +209,8 @@ struct Reached {
     bool beside;
 };
 
-/// Beside them it is the next one that cannot be seen wholly. `end` is where the cells end in the view. Who comes
-/// from scrolled cells to frozen ones goes back through what is scrolled away between them first.
+/// Beside them it is the next one that cannot be seen wholly. `end` is where the cells end in the view. Who
+/// comes from scrolled cells to frozen ones goes back through what is scrolled away between them first.
 Reached reached(const cellgrid::Lane& lane, std::int32_t point, std::int32_t end, bool fromStill) {
     const cellgrid::Axis& axis = lane.axis;
     const std::int32_t last = axis.shownBefore(axis.count());

@@ -55,8 +55,8 @@ class Viewport {
     bool verticalBar() const;
     std::int32_t clientWidth() const;
     std::int32_t clientHeight() const;
-    /// Counts, sizes or the view have changed: finds how much stands still from now on. A view at its start stays
-    /// there, so that nothing is left hidden behind what stands still.
+    /// Counts, sizes or the view have changed: finds how much stands still from now on. A view at its start
+    /// stays there, so that nothing is left hidden behind what stands still.
     void settle();
     std::int32_t maxTopRow() const { return rows.maxFirst(clientHeight() - bottomStrip); }
     /// Without scroll bars the clerk cannot scroll, and code may go as far as the last column: a total row

@@ -1,4 +1,4 @@
-// Columns that do not scroll, at the desk: the clerk works in them as in any other, and the total row goes along.
+// Columns that do not scroll: the clerk works in them as in any other, and the total row goes along.
 #include "kit/PlacedGrid.h"
 
 namespace kxVsGrid::testing {

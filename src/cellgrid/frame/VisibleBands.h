@@ -21,7 +21,7 @@ struct Band {
     std::int32_t end() const { return start + size; }
 };
 
-/// In the order of their places, without gaps between them; those of the fixed area come first, then frozen ones.
+/// In the order of their places, without gaps between them: those of the fixed area, frozen ones, scrolled ones.
 struct Bands {
     std::vector<Band> all;
     std::size_t fixedCount = 0;
