@@ -27,6 +27,11 @@ struct ShownWidget : OnWidget {
     std::int32_t top() { return grid.Grid().TopRow(); }
 };
 
+/// Scrolled by rows alone, so that the same cells are painted as without frozen columns.
+struct ShownFrozen : ShownWidget<Thousand> {
+    ShownFrozen() { grid.FrozenCols(3); }
+};
+
 template <std::int32_t Rows>
 struct ShownLean : OnLean {
     ShownLean() {
@@ -78,6 +83,7 @@ void add(const std::string& name, std::int32_t rows) {
 void releaseAll() {
     Shared<ShownWidget<Thousand>>::release();
     Shared<ShownWidget<Million>>::release();
+    Shared<ShownFrozen>::release();
     Shared<ShownLean<Thousand>>::release();
     Shared<ShownLean<Million>>::release();
     Shared<ShownTableWidget>::release();
@@ -87,6 +93,7 @@ void releaseAll() {
 void planFrames(Plan& plan) {
     add<ShownWidget<Thousand>>("frame/widget_1k", Thousand);
     add<ShownWidget<Million>>("frame/widget_1m", Million);
+    add<ShownFrozen>("frame/frozen_1k", Thousand);
     add<ShownLean<Thousand>>("frame/lean_1k", Thousand);
     add<ShownLean<Million>>("frame/lean_1m", Million);
     add<ShownTableWidget>("frame/QTableWidget_1k", Thousand);
@@ -100,6 +107,8 @@ void planFrames(Plan& plan) {
                           Limit::Ratio, 0.4),
                      line(work + "1,000,000 rows, beside the grid itself at 1,000 rows", "frame/widget_1m",
                           "frame/widget_1k", Limit::Band, 0.05),
+                     line(work + "1,000 rows, three columns frozen, beside the grid itself with none",
+                          "frame/frozen_1k", "frame/widget_1k", Limit::Ratio, 1.1),
                      line(work + "1,000 rows, beside QTableWidget", "frame/widget_1k",
                           "frame/QTableWidget_1k", Limit::None, 0)},
                     releaseAll});

@@ -84,10 +84,14 @@ class CellGrid {
     void FixedCols(std::int32_t count);
 
     /// So many columns after the fixed ones do not scroll either, hidden ones counted: data columns like the
-    /// others. As many as was put, or as there are; GridError for a negative number. It stays through changes of
-    /// Cols and FixedCols.
+    /// others. As many as was put, or as there are; GridError for a negative number. It stays through changes
+    /// of Cols and FixedCols. Where not all columns fit into the view, only those stand still that leave 1000
+    /// twips of it to the others, which scroll.
     std::int32_t FrozenCols() const;
     void FrozenCols(std::int32_t count);
+    /// How many columns do not scroll now: the fixed ones, and the frozen ones there is room for. Where no
+    /// scroll bars are allowed the width of the view does not limit them.
+    std::int32_t StillCols() const;
 
     /// Inserts one empty row of default height before `position`; Rows() appends. A current cell at or below
     /// it follows its data, without events.
@@ -374,7 +378,8 @@ class CellGrid {
     /// The size without the scroll bars that are shown.
     std::int32_t ClientWidth() const;
     std::int32_t ClientHeight() const;
-    /// First scrollable row and column shown. A put is clamped; a change raises AfterScroll.
+    /// First scrolled row and column shown, at least FixedRows and StillCols. A put is clamped; a change raises
+    /// AfterScroll.
     std::int32_t TopRow() const;
     void TopRow(std::int32_t row);
     std::int32_t LeftCol() const;
@@ -400,11 +405,13 @@ class CellGrid {
     std::int64_t TotalWidth() const;
     std::int32_t FixedHeight() const;
     std::int32_t FixedWidth() const;
+    /// Of the columns that do not scroll.
+    std::int32_t StillWidth() const;
     /// The top row that shows `row` wholly between the fixed area and `bottom` (twips from the view's top)
     /// with the least movement; the present one when it is shown already. A row taller than that space is
     /// shown from its top.
     std::int32_t TopRowToShow(std::int32_t row, std::int32_t bottom) const;
-    /// The same for a column and the right edge.
+    /// The same for a column and the right edge. One that does not scroll is shown already.
     std::int32_t LeftColToShow(std::int32_t col, std::int32_t right) const;
     /// The `steps`-th row after `row` that is neither hidden nor without height, fixed ones included; the
     /// last one when there are fewer, -1 when there is none. Found at once, however many rows are passed.

@@ -137,6 +137,9 @@ void CellGrid::FrozenCols(std::int32_t count) {
     if (count < 0) misuse("FrozenCols", count, "is negative");
     if (std::exchange(impl_->layout.cols.frozen, count) != count) held()->geometryChanged();
 }
+std::int32_t CellGrid::StillCols() const {
+    return impl_->layout.cols.still;
+}
 void CellGrid::FixedCols(std::int32_t count) {
     held()->setFixedCols(count);
 }

@@ -214,6 +214,7 @@ struct CellGrid::Impl {
     struct Drag {
         std::int32_t col = -1;  ///< -1: no drag
         std::int32_t grip = 0;  ///< from the pointer to the column's right edge
+        bool still = false;     ///< the column did not scroll when it was grabbed
     };
 
     CellGrid& grid;
@@ -243,6 +244,7 @@ struct CellGrid::Impl {
     struct Selecting {
         SelectionKind kind;
         Place at;
+        bool fromStill = false;  ///< the press was on a column that does not scroll
         bool scrolls = false;
     };
     std::optional<Selecting> selecting;

@@ -20,17 +20,23 @@ void CellGrid::Impl::pressed(std::int16_t shift, std::int32_t x, std::int32_t y)
         pressedCell(shift, {hit.row, hit.col});
     else if (hit.part == GridHit::Part::FixedCell)
         pressedHeader(shift, {hit.row, hit.col});
-    if (selecting) selecting->at = pointed(x, y).place;
+    if (!selecting) return;
+    selecting->fromStill = hit.col < layout.cols.still;
+    selecting->at = pointed(x, y).place;
 }
 
 /// A listener that takes columns away meanwhile ends the drag (setCols).
 void CellGrid::Impl::grabbed(std::int32_t atCol, std::int32_t x) {
-    drag = {atCol, layout.cols.place(atCol) + layout.cols.axis.extent(atCol) - x};
+    drag = {atCol, layout.cols.place(atCol) + layout.cols.axis.extent(atCol) - x, atCol < layout.cols.still};
     tell(&CellGrid::BeforeUserResize, -1, atCol);
 }
 
+/// A frozen column that has become too wide to stand still is out of view then: its edge goes on from where
+/// it was grabbed.
 void CellGrid::Impl::dragged(std::int32_t x) {
-    const std::int64_t width = std::int64_t{x} + drag.grip - layout.cols.place(drag.col);
+    const std::int64_t left =
+        drag.still ? layout.cols.axis.position(drag.col) : std::int64_t{layout.cols.place(drag.col)};
+    const std::int64_t width = std::int64_t{x} + drag.grip - left;
     grid.ColWidth(drag.col, static_cast<std::int32_t>(
                                 std::clamp<std::int64_t>(width, MinDraggedWidth, MaxDraggedWidth)));
 }

@@ -10,8 +10,8 @@ CellGrid::Impl::Scroll CellGrid::Impl::scroll(std::int32_t topRow, std::int32_t 
     cellgrid::Lane& across = layout.cols;
     Scroll done{down.first, across.first, 0, 0};
     // The start is always allowed; asking for the end costs more than that.
-    down.first = topRow <= down.fixed ? down.fixed : std::min(topRow, layout.maxTopRow());
-    across.first = leftCol <= across.fixed ? across.fixed : std::min(leftCol, layout.maxLeftCol());
+    down.first = topRow <= down.still ? down.still : std::min(topRow, layout.maxTopRow());
+    across.first = leftCol <= across.still ? across.still : std::min(leftCol, layout.maxLeftCol());
     done.top = down.first;
     done.left = across.first;
     if (done.top == done.oldTop && done.left == done.oldLeft) return done;
@@ -27,9 +27,13 @@ void CellGrid::Impl::announce(const Scroll& done) {
 }
 
 CellGrid::Impl::Scroll CellGrid::Impl::settle() {
+    const std::int32_t oldTop = layout.rows.first;
+    const std::int32_t oldLeft = layout.cols.first;
     rowsKnown = false;
     damage.addAll();
-    return scroll(layout.rows.first, layout.cols.first);
+    layout.settle();
+    const Scroll done = scroll(layout.rows.first, layout.cols.first);
+    return {oldTop, oldLeft, done.top, done.left};
 }
 
 void CellGrid::Impl::geometryChanged() {
@@ -53,7 +57,7 @@ void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {
         rowsKnown = true;
     }
     const auto outside = [](const cellgrid::Lane& lane, std::int32_t index, std::int32_t end) {
-        return index >= end || (index >= lane.fixed && index < lane.first);
+        return index >= end || (index >= lane.still && index < lane.first);
     };
     if (outside(layout.rows, atRow, visibleRowsEnd) || outside(layout.cols, atCol, visibleColsEnd)) return;
     Rect rect = layout.cellRect(atRow, atCol);
@@ -67,9 +71,13 @@ struct Stretch {
     std::int32_t length;
 };
 
-/// What the view shows of elements that lie all in the fixed part, or all in the scrolled one.
+/// What the view shows of a range of elements, which leaves no gap: it lies in one part, or the scrolled ones
+/// follow the still ones.
 Stretch shownPart(const cellgrid::Lane& lane, std::int32_t first, std::int32_t last, std::int32_t client) {
-    if (first >= lane.fixed) first = std::max(first, lane.first);
+    if (first >= lane.still)
+        first = std::max(first, lane.first);
+    else if (last < lane.first)
+        last = std::min(last, lane.still - 1);
     if (last < first) return {0, 0};
     const std::int32_t start = lane.place(first);
     return {start, std::min(lane.place(last) + lane.axis.extent(last), client) - start};

@@ -209,28 +209,32 @@ struct Reached {
     bool beside;
 };
 
-/// Beside them it is the next one that cannot be seen wholly. `end` is where the cells end in the view.
-Reached reached(const cellgrid::Lane& lane, std::int32_t point, std::int32_t end) {
+/// Beside them it is the next one that cannot be seen wholly. `end` is where the cells end in the view. Who
+/// comes from scrolled cells to frozen ones goes back through what is scrolled away between them first.
+Reached reached(const cellgrid::Lane& lane, std::int32_t point, std::int32_t end, bool fromStill) {
     const cellgrid::Axis& axis = lane.axis;
     const std::int32_t last = axis.shownBefore(axis.count());
-    if (point < lane.fixedExtent()) {
+    if (point < lane.stillExtent()) {
         const std::int32_t before = axis.shownBefore(lane.first);
-        return {before < lane.fixed ? axis.shownAfter(lane.fixed - 1) : before, true};
+        if (!fromStill && before >= lane.still) return {before, true};
+        if (point >= lane.fixedExtent() && point < end) return {lane.at(point), false};
+        return {axis.shownAfter(lane.fixed - 1), true};
     }
     if (point < end) {
         const std::int32_t under = lane.at(point);
         return {under < 0 ? last : under, false};
     }
     const std::int32_t seen = lane.at(end - 1);
-    if (seen < lane.fixed) return {last, true};
+    if (seen < lane.still) return {last, true};
     const bool wholly = lane.place(seen) + axis.extent(seen) <= end || seen <= lane.first;
     return {wholly ? std::max(axis.shownAfter(seen), seen) : seen, true};
 }
 }  // namespace
 
 CellGrid::Impl::Pointed CellGrid::Impl::pointed(std::int32_t x, std::int32_t y) const {
-    const Reached down = reached(layout.rows, y, layout.clientHeight() - layout.bottomStrip);
-    const Reached across = reached(layout.cols, x, layout.clientWidth());
+    const bool fromStill = selecting && selecting->fromStill;
+    const Reached down = reached(layout.rows, y, layout.clientHeight() - layout.bottomStrip, false);
+    const Reached across = reached(layout.cols, x, layout.clientWidth(), fromStill);
     return {{down.index, across.index}, down.beside, across.beside};
 }
 

@@ -212,6 +212,9 @@ std::int32_t CellGrid::FixedHeight() const {
 std::int32_t CellGrid::FixedWidth() const {
     return impl_->layout.cols.fixedExtent();
 }
+std::int32_t CellGrid::StillWidth() const {
+    return impl_->layout.cols.stillExtent();
+}
 std::int32_t CellGrid::TopRowToShow(std::int32_t row, std::int32_t bottom) const {
     impl_->requireRow("TopRowToShow", row);
     return std::min(impl_->layout.rows.firstToShow(row, bottom), std::max(TopRow(), MaxTopRow()));

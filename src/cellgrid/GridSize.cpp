@@ -130,19 +130,10 @@ void CellGrid::Impl::setFixedCols(std::int32_t count) {
     setFixed(layout.cols, count);
 }
 
-/// A view at its start stays there: nothing is left hidden behind the fixed part.
 void CellGrid::Impl::setFixed(cellgrid::Lane& lane, std::int32_t count) {
-    const bool atStart = lane.first == lane.fixed;
-    const std::int32_t oldTop = layout.rows.first;
-    const std::int32_t oldLeft = layout.cols.first;
     lane.fixed = count;
-    if (atStart) lane.first = count;
     tidySelection();
-    Scroll scrolled = settle();
-    scrolled.oldTop = oldTop;
-    scrolled.oldLeft = oldLeft;
-    tell(&CellGrid::PlacesChanged);
-    announce(scrolled);
+    geometryChanged();
 }
 
 void CellGrid::Impl::insertRow(std::int32_t position, RowId id) {

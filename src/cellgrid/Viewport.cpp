@@ -9,6 +9,8 @@ namespace {
 constexpr std::int64_t FarAway = 1'000'000'000;
 /// How near a press must be to a column's right edge to grab it.
 constexpr std::int32_t EdgeReach = 60;
+/// What frozen columns leave of the view, so that every other column can be scrolled to and seen.
+constexpr std::int32_t LeastScrolled = 1000;
 
 std::int32_t nearby(std::int64_t place) {
     return static_cast<std::int32_t>(std::clamp(place, -FarAway, FarAway));
@@ -19,24 +21,28 @@ std::int32_t Lane::fixedExtent() const {
     return nearby(axis.position(fixed));
 }
 
+std::int32_t Lane::stillExtent() const {
+    return nearby(axis.position(still));
+}
+
 /// How far the scrollable elements are moved.
 std::int64_t Lane::offset() const {
-    return axis.position(first) - axis.position(fixed);
+    return axis.position(first) - axis.position(still);
 }
 
 std::int32_t Lane::place(std::int32_t index) const {
     const std::int64_t position = axis.position(index);
-    return nearby(index < fixed ? position : position - offset());
+    return nearby(index < still ? position : position - offset());
 }
 
 bool Lane::isVisible(std::int32_t index, std::int32_t client) const {
-    if (index >= fixed && index < first) return false;
+    if (index >= still && index < first) return false;
     return axis.extent(index) > 0 && place(index) < client;
 }
 
 std::int32_t Lane::at(std::int32_t point) const {
     if (point < 0) return -1;
-    const std::int32_t index = axis.indexAt(point < fixedExtent() ? point : point + offset());
+    const std::int32_t index = axis.indexAt(point < stillExtent() ? point : point + offset());
     return index < axis.count() ? index : -1;
 }
 
@@ -48,16 +54,16 @@ std::int32_t Lane::visibleEnd(std::int32_t client) const {
 
 std::int32_t Lane::maxFirst(std::int32_t end) const {
     const std::int32_t last = axis.shownBefore(axis.count());
-    if (last < fixed) return fixed;
-    const std::int64_t room = std::max<std::int64_t>(std::int64_t{end} - axis.position(fixed), 0);
-    return std::clamp(axis.firstFrom(axis.total() - room), fixed, last);
+    if (last < still) return still;
+    const std::int64_t room = std::max<std::int64_t>(std::int64_t{end} - axis.position(still), 0);
+    return std::clamp(axis.firstFrom(axis.total() - room), still, last);
 }
 
 std::int32_t Lane::firstToShow(std::int32_t index, std::int32_t end) const {
-    if (index < fixed || axis.extent(index) == 0) return first;
+    if (index < still || axis.extent(index) == 0) return first;
     if (index < first) return std::min(index, axis.count());
     const std::int64_t bottom = axis.position(index) + axis.extent(index);
-    const std::int64_t room = std::max<std::int64_t>(std::int64_t{end} - axis.position(fixed), 0);
+    const std::int64_t room = std::max<std::int64_t>(std::int64_t{end} - axis.position(still), 0);
     if (bottom - axis.position(first) <= room) return first;
     return std::clamp(axis.firstFrom(bottom - room), first, index);
 }
@@ -90,6 +96,27 @@ std::int32_t Viewport::clientHeight() const {
     return std::max(0, height - (horizontalBar() ? CellGrid::HorizontalBarHeight : 0));
 }
 
+/// A grid without scroll bars (a total row) does as it is told: the one that it follows has limited them.
+std::int32_t Viewport::stillCols() const {
+    const auto wanted = static_cast<std::int32_t>(
+        std::min<std::int64_t>(std::int64_t{cols.fixed} + cols.frozen, cols.axis.count()));
+    if (wanted == cols.fixed || !scrollBars) return wanted;
+    const std::int32_t room = clientWidth();
+    if (cols.axis.total() <= room) return wanted;
+    const std::int32_t end = room - LeastScrolled;
+    if (cols.axis.position(wanted) <= end) return wanted;
+    return end < 0 ? cols.fixed : std::clamp(cols.axis.indexAt(end), cols.fixed, wanted);
+}
+
+void Viewport::settle() {
+    const auto put = [](Lane& lane, std::int32_t still) {
+        if (lane.first == lane.still) lane.first = still;
+        lane.still = still;
+    };
+    put(rows, rows.fixed);
+    put(cols, stillCols());
+}
+
 Rect Viewport::cellRect(std::int32_t row, std::int32_t col) const {
     return {cols.place(col), rows.place(row), cols.axis.extent(col), rows.axis.extent(row)};
 }
@@ -115,10 +142,10 @@ std::int32_t Viewport::columnEdge(std::int32_t x) const {
     const auto rightEdge = [this](std::int32_t col) { return cols.place(col) + cols.axis.extent(col); };
     const std::int32_t under = cols.at(x);
     const std::int32_t toRight = under < 0 ? OutOfReach : rightEdge(under) - x;
-    // Left of the first scrolled column stands the last fixed one, whatever lies between them.
-    const bool firstScrolled = under >= cols.fixed && under == cols.axis.shownAfter(cols.first - 1);
+    // Left of the first scrolled column stands the last still one, whatever lies between them.
+    const bool firstScrolled = under >= cols.still && under == cols.axis.shownAfter(cols.first - 1);
     const std::int32_t before =
-        cols.axis.shownBefore(under < 0 ? cols.axis.count() : (firstScrolled ? cols.fixed : under));
+        cols.axis.shownBefore(under < 0 ? cols.axis.count() : (firstScrolled ? cols.still : under));
     const std::int32_t toLeft = before < 0 ? OutOfReach : x - rightEdge(before);
     if (std::min(toRight, toLeft) > EdgeReach) return -1;
     return toRight <= toLeft ? under : before;

@@ -17,11 +17,15 @@ class Lane {
     explicit Lane(std::int32_t defaultSize) : axis(defaultSize) {}
 
     Axis axis;
-    std::int32_t fixed = 0;   ///< elements that do not scroll
-    std::int32_t frozen = 0;  ///< so many after them do not scroll either; there may be fewer
-    std::int32_t first = 0;   ///< the first scrollable one shown
+    std::int32_t fixed = 0;   ///< headers, which never scroll
+    std::int32_t frozen = 0;  ///< so many after them shall not scroll either; there may be fewer
+    std::int32_t still =
+        0;  ///< so many do not scroll now: the fixed ones, and the frozen ones there is room for
+    std::int32_t first = 0;  ///< the first scrolled one shown
 
     std::int32_t fixedExtent() const;
+    /// Where the scrolled part begins in the view.
+    std::int32_t stillExtent() const;
     /// Where an element begins in the view, also when it lies outside of it.
     std::int32_t place(std::int32_t index) const;
     bool isVisible(std::int32_t index, std::int32_t client) const;
@@ -31,7 +35,7 @@ class Lane {
     std::int32_t visibleEnd(std::int32_t client) const;
     /// The largest useful `first`: the last element then ends before `end`, or begins the scrolled part.
     std::int32_t maxFirst(std::int32_t end) const;
-    /// The `first` that shows an element wholly between the fixed part and `end` with the least movement.
+    /// The `first` that shows an element wholly between the still part and `end` with the least movement.
     std::int32_t firstToShow(std::int32_t index, std::int32_t end) const;
 
   private:
@@ -51,6 +55,9 @@ class Viewport {
     bool verticalBar() const;
     std::int32_t clientWidth() const;
     std::int32_t clientHeight() const;
+    /// Counts, sizes or the view have changed: finds how much stands still from now on. A view at its start
+    /// stays there, so that nothing is left hidden behind what stands still.
+    void settle();
     std::int32_t maxTopRow() const { return rows.maxFirst(clientHeight() - bottomStrip); }
     /// Without scroll bars the clerk cannot scroll, and code may go as far as the last column: a total row
     /// has to follow a grid whose view is narrower by its vertical bar.
@@ -61,6 +68,7 @@ class Viewport {
   private:
     bool rowsNeedBar(std::int32_t room) const;
     bool colsNeedBar(std::int32_t room) const;
+    std::int32_t stillCols() const;
     std::int32_t columnEdge(std::int32_t x) const;
 };
 }  // namespace kxVsGrid::cellgrid

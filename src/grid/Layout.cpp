@@ -21,7 +21,8 @@ void Layout::resize(std::int32_t width, std::int32_t height) {
 std::int32_t Layout::scrollBarAllowance() const {
     if (main_.Cols() <= main_.FixedCols()) return 0;
     constexpr std::int32_t bar = CellGrid::HorizontalBarHeight;
-    if (!main_.ColIsVisible(main_.Cols() - 1) || !main_.ColIsVisible(main_.FixedCols())) return bar;
+    const std::int32_t firstScrolled = std::min(main_.StillCols(), main_.Cols() - 1);
+    if (!main_.ColIsVisible(main_.Cols() - 1) || !main_.ColIsVisible(firstScrolled)) return bar;
     std::int64_t width = main_.TotalWidth();
     const bool rowsOutOfView = main_.Rows() > main_.FixedRows() && (!main_.RowIsVisible(main_.Rows() - 1) ||
                                                                     !main_.RowIsVisible(main_.FixedRows()));

@@ -81,6 +81,7 @@ void kxGrid::Parts::connectMoves() {
         [this](auto oldTopRow, auto oldLeftCol, auto, auto) { moveEvents.scrolled(oldTopRow, oldLeftCol); }));
     main.SizeChanged.connect(keeping([this] {
         totals.followCols();
+        totals.followStillCols();
         columns.resize(main.Cols());
         rows.follower().rowsLimited(main.Rows());
         defaulted.colsLimited(main.Cols());
@@ -88,9 +89,10 @@ void kxGrid::Parts::connectMoves() {
         editor.place();
     }));
     main.PlacesChanged.connect([this] {
-        if (!editor.visible()) return;
+        if (!editor.visible() && totals.followsStillCols()) return;
         const auto kept = shared_from_this();
-        editor.placesChanged();
+        totals.followStillCols();
+        if (editor.visible()) editor.placesChanged();
     });
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted) {
@@ -100,6 +102,7 @@ void kxGrid::Parts::connectMoves() {
             rows.follower().rowRemoved(position);
             editor.rowRemoved(position);
         }
+        totals.followStillCols();  // a scroll bar that comes or goes takes room, or gives it
     }));
     main.RowsReordered.connect(keeping(
         [this](std::int32_t first, std::span<const std::int32_t> from) { rowsReordered(first, from); }));

@@ -36,6 +36,7 @@ void TotalRow::setUp() {
     sums_.FixedRows(0);
     sums_.Rows(1);
     sums_.FixedCols(main_.FixedCols());
+    sums_.FrozenCols(main_.StillCols() - main_.FixedCols());
     setRowHeight(StandardHeight);
     sums_.ScrollBars(false);
     color_ = LightGrey;
@@ -54,6 +55,12 @@ void TotalRow::followScroll() {
     if (sums_.Cols() == main_.Cols() && main_.Cols() > main_.FixedCols()) sums_.LeftCol(main_.LeftCol());
 }
 
+void TotalRow::followStillCols() {
+    if (followsStillCols()) return;
+    sums_.FrozenCols(main_.StillCols() - main_.FixedCols());
+    followScroll();
+}
+
 void TotalRow::followFixedCols() {
     if (sums_.FixedCols() == main_.FixedCols()) return;
     sums_.FixedCols(main_.FixedCols());
@@ -62,6 +69,7 @@ void TotalRow::followFixedCols() {
         forget(c);
     }
     paintAndCaption();
+    followStillCols();
     followScroll();
 }
 
@@ -101,6 +109,7 @@ void TotalRow::overwritten(std::int32_t col) {
 void TotalRow::copyWidths() {
     if (sums_.Cols() != main_.Cols()) followCols();  // something failed when the number was put
     for (std::int32_t c = 0; c < main_.Cols(); ++c) sums_.ColWidth(c, main_.ColWidth(c));
+    followStillCols();
     followScroll();
 }
 

@@ -40,6 +40,11 @@ class TotalRow : private CellGrid::Watcher {
     void copyWidths();
     /// Stands under the main grid's columns as they are scrolled.
     void followScroll();
+    /// As many columns stand still as in the main grid now, which may limit those that are frozen.
+    void followStillCols();
+    bool followsStillCols() const {
+        return sums_.StillCols() - sums_.FixedCols() == main_.StillCols() - main_.FixedCols();
+    }
     /// Stores the host's colour of the row's cells and paints them, until the next set-up. The light grey of
     /// a set-up is nobody's choice, and fits itself to a dark palette.
     void setColor(std::uint32_t color);

@@ -16,6 +16,7 @@ class RandomlyDrawnGrid : public CellGrid {
         Cols(1 + upTo(12));
         FixedRows(upTo(std::min(3, Rows())));
         FixedCols(upTo(std::min(3, Cols())));
+        FrozenCols(upTo(1) == 0 ? upTo(5) : 0);
         ScrollBars(upTo(1) == 0);
         Resize(upTo(9000), upTo(6000));
         BackColor(0x111111);
@@ -65,7 +66,7 @@ class RandomlyDrawnGrid : public CellGrid {
     bool isShown(std::int32_t row, std::int32_t col, const Rect& area) const {
         if (area.empty() || RowHidden(row) || ColHidden(col)) return false;
         if (row >= FixedRows() && row < TopRow()) return false;
-        if (col >= FixedCols() && col < LeftCol()) return false;
+        if (col >= StillCols() && col < LeftCol()) return false;
         const Rect rect = CellRect(row, col);
         return !rect.empty() && rect.overlaps(area);
     }

@@ -161,7 +161,8 @@ class SelectionTwin {
         const std::int32_t cols = dice_.between(2, 9);
         const std::int32_t fixedRows = dice_.between(0, 2);
         const std::int32_t fixedCols = dice_.between(0, 2);
-        const int what = dice_.between(0, 3);
+        const std::int32_t frozenCols = dice_.between(0, 4);
+        const int what = dice_.between(0, 4);
         const CellRange before = grid_.SelectsOneCell() ? CellRange{} : grid_.Selected();
         const SelectionKind kind = grid_.SelectedAs();
         const std::int32_t row = grid_.Row();
@@ -171,6 +172,7 @@ class SelectionTwin {
             if (what == 1) one->Cols(std::max(cols, one->FixedCols()));
             if (what == 2) one->FixedRows(std::min(fixedRows, one->Rows()));
             if (what == 3) one->FixedCols(std::min(fixedCols, one->Cols()));
+            if (what == 4) one->FrozenCols(frozenCols);
         }
         const bool moved = row != grid_.Row() || col != grid_.Col();
         EXPECT_EQ(told_, moved && row >= 0 && grid_.Row() >= 0 ? 1 : 0);  // rows may be gone, or come back

@@ -1,4 +1,5 @@
 // Totals stand under their columns, however the grid is scrolled and set up.
+#include "kit/Dice.h"
 #include "kit/SettingsTest.h"
 #include "kxVsGrid/MemoryBag.h"
 
@@ -69,6 +70,45 @@ TEST_F(TotalsUnderColumns, AfterColumnsAreFixedOrChangeTheirWidth) {
     expectUnderTheirColumns("resized");
     grid.Cols(9);
     expectUnderTheirColumns("fewer columns");
+}
+
+TEST_F(TotalsUnderColumns, HoweverColumnsAreFrozenSizedAndScrolled) {
+    kit::Dice dice;
+    grid.Rows(9);
+    for (int step = 0; step < 400 && !HasFailure(); ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        const std::int32_t cols = std::max(grid.Cols(), 1);
+        switch (dice.between(0, 9)) {
+            case 0:
+                grid.FrozenCols(dice.between(0, 7));
+                break;
+            case 1:
+                grid.FixedCols(dice.between(0, std::min(3, grid.Cols())));
+                break;
+            case 2:
+                desk.resize(dice.between(0, 12'000), dice.between(1000, 6000));
+                break;
+            case 3:
+                vs().userColWidth(dice.between(0, cols - 1),
+                                  50 * dice.between(1, 60));  // as the clerk drags it
+                break;
+            case 4:
+                grid.Cols(std::max(grid.FixedCols(), dice.between(1, 24)));
+                grid.ReDraw(true);
+                break;
+            case 5:
+                column(dice.between(0, cols - 1)).bIsVisible(dice.oneIn(2));
+                grid.ReDraw(true);
+                break;
+            case 6:
+                dice.oneIn(2) ? vs().InsertRow(vs().Rows()) : grid.Rows(dice.between(2, 30));
+                break;
+            default:
+                desk.scrollTo(dice.between(0, 30), dice.between(0, 24));
+        }
+        EXPECT_EQ(sum().StillCols(), vs().StillCols());
+        expectUnderTheirColumns("random");
+    }
 }
 
 TEST(TotalRow, HasOneRowFromTheBeginning) {

@@ -55,6 +55,24 @@ void writeTints(FrameWriter& writer, const FrameScene& scene, std::span<const Ba
     }
 }
 
+/// The cells beside the headers, and what is selected of them.
+void writeData(FrameWriter& writer, const FrameScene& scene, std::span<const Band> rows,
+               std::span<const Band> cols) {
+    FrameRegion(scene, writer, rows, cols, false).write();
+    writeTints(writer, scene, rows, cols);
+}
+
+/// Where scrolling begins, beside frozen columns.
+void writeFrozenEdge(FrameWriter& writer, const FrameScene& scene, const Bands& rows) {
+    const CellGrid& grid = scene.grid;
+    const std::int32_t right = grid.StillWidth();
+    if (right == grid.FixedWidth()) return;
+    const Rect edge = overlap(
+        scene.client, {right - cellgrid::LineWidth, 0, cellgrid::LineWidth, rows.end(scene.client.bottom())});
+    if (!edge.empty() && edge.overlaps(scene.area))
+        writer.add(FrameItem::Kind::Line, edge, cellgrid::FrameColor::Shadow);
+}
+
 void writeFocus(FrameWriter& writer, const FrameScene& scene, const FrameState& state, const Bands& rows,
                 const Bands& cols) {
     if (scene.wholeRow) return;
@@ -79,10 +97,16 @@ void makeFrame(Frame& frame, const CellGrid& grid, const FrameState& state) {
     const Bands rows = cellgrid::visibleRows(grid, scene.area);
     const Bands cols = cellgrid::visibleCols(grid, scene.area);
     writeBackground(writer, scene, shown, rows, cols);
-    FrameRegion(scene, writer, rows.scrolled(), cols.scrolled(), false).write();
-    writeTints(writer, scene, rows.scrolled(), cols.scrolled());
+    // no text runs over the edge of frozen columns: beyond it stands now this one, now that one
+    if (grid.TextsRunOver()) {
+        writeData(writer, scene, rows.scrolled(), cols.scrolled());
+        writeData(writer, scene, rows.scrolled(), cols.frozen());
+    } else {
+        writeData(writer, scene, rows.scrolled(), cols.data());
+    }
     FrameRegion(scene, writer, rows.scrolled(), cols.fixed(), true).write();
     FrameRegion(scene, writer, rows.fixed(), cols.all, true).write();
+    writeFrozenEdge(writer, scene, rows);
     writeFocus(writer, scene, state, rows, cols);
 }
 

@@ -10,8 +10,6 @@
 namespace kxVsGrid::cellgrid {
 namespace {
 
-/// A grid line takes the last twips of its row or column.
-constexpr std::int32_t LineWidth = 15;
 /// Of the current cell.
 constexpr std::int32_t OutlineWidth = 30;
 /// Each side of the triangle that a mark is.

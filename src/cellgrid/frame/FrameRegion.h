@@ -23,6 +23,9 @@ constexpr std::uint32_t ButtonHighlight = 0x80000014;
 constexpr std::uint32_t LightEdge = 0x80000016;
 }  // namespace FrameColor
 
+/// A grid line takes the last twips of its row or column.
+constexpr std::int32_t LineWidth = 15;
+
 /// What the whole picture has in common.
 struct FrameScene {
     /// `clip` is the part of the view that is asked for.

@@ -13,7 +13,7 @@ bool anyMerges(const CellGrid& grid, std::span<const Band> rows, std::span<const
 
 /// Two shown bands that nothing scrolled away lies between.
 bool neighbours(const Band& before, const Band& after) {
-    return before.fixed == after.fixed || before.index + 1 == after.index;
+    return before.still == after.still || before.index + 1 == after.index;
 }
 }  // namespace
 

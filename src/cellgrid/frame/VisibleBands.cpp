@@ -34,9 +34,14 @@ std::int32_t nextShown(std::int32_t hidden, std::int32_t count, const ExtentOf& 
     return after;
 }
 
-/// Adds those of the places `from` to `count` - 1 that overlap the stretch from `first` to `last`.
+struct Part {
+    bool fixed;
+    bool still;
+};
+
+/// Adds those of the places `from` to `count` - 1 that overlap the stretch.
 template <class ExtentOf>
-void addBands(std::vector<Band>& bands, std::int32_t from, std::int32_t count, Extent stretch, bool fixed,
+void addBands(std::vector<Band>& bands, std::int32_t from, std::int32_t count, Extent stretch, Part part,
               const ExtentOf& extentOf) {
     for (std::int32_t i = from; i < count;) {
         const Extent extent = extentOf(i);
@@ -45,19 +50,22 @@ void addBands(std::vector<Band>& bands, std::int32_t from, std::int32_t count, E
             i = nextShown(i, count, extentOf);
             continue;
         }
-        if (extent.end() > stretch.start) bands.push_back({i, extent.start, extent.size, fixed});
+        if (extent.end() > stretch.start)
+            bands.push_back({i, extent.start, extent.size, part.fixed, part.still});
         ++i;
     }
 }
 
 template <class ExtentOf>
-Bands visible(std::int32_t fixed, std::int32_t firstScrolled, std::int32_t count, Extent stretch,
-              const ExtentOf& extentOf) {
+Bands visible(std::int32_t fixed, std::int32_t still, std::int32_t firstScrolled, std::int32_t count,
+              Extent stretch, const ExtentOf& extentOf) {
     Bands bands;
     if (stretch.size <= 0) return bands;
-    addBands(bands.all, 0, fixed, stretch, true, extentOf);
+    addBands(bands.all, 0, fixed, stretch, {true, true}, extentOf);
     bands.fixedCount = bands.all.size();
-    addBands(bands.all, std::max(firstScrolled, fixed), count, stretch, false, extentOf);
+    addBands(bands.all, fixed, still, stretch, {false, true}, extentOf);
+    bands.stillCount = bands.all.size();
+    addBands(bands.all, std::max(firstScrolled, still), count, stretch, {false, false}, extentOf);
     return bands;
 }
 }  // namespace
@@ -70,7 +78,7 @@ const Band* Bands::find(std::int32_t index) const {
 
 Bands visibleRows(const CellGrid& grid, const Rect& area) {
     if (grid.Cols() == 0) return {};
-    return visible(grid.FixedRows(), grid.TopRow(), grid.Rows(), {area.top, area.height},
+    return visible(grid.FixedRows(), grid.FixedRows(), grid.TopRow(), grid.Rows(), {area.top, area.height},
                    [&](std::int32_t row) {
                        const Rect rect = grid.CellRect(row, 0);
                        return Extent{rect.top, rect.height};
@@ -79,7 +87,7 @@ Bands visibleRows(const CellGrid& grid, const Rect& area) {
 
 Bands visibleCols(const CellGrid& grid, const Rect& area) {
     if (grid.Rows() == 0) return {};
-    return visible(grid.FixedCols(), grid.LeftCol(), grid.Cols(), {area.left, area.width},
+    return visible(grid.FixedCols(), grid.StillCols(), grid.LeftCol(), grid.Cols(), {area.left, area.width},
                    [&](std::int32_t col) {
                        const Rect rect = grid.CellRect(0, col);
                        return Extent{rect.left, rect.width};

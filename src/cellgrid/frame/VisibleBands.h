@@ -16,17 +16,24 @@ struct Band {
     std::int32_t start = 0;
     std::int32_t size = 0;
     bool fixed = false;
+    bool still = false;  ///< does not scroll: fixed, or frozen
 
     std::int32_t end() const { return start + size; }
 };
 
-/// In the order of their places, without gaps between them; those of the fixed area come first.
+/// In the order of their places, without gaps between them: those of the fixed area, frozen ones, scrolled ones.
 struct Bands {
     std::vector<Band> all;
     std::size_t fixedCount = 0;
+    std::size_t stillCount = 0;
 
     std::span<const Band> fixed() const { return {all.data(), fixedCount}; }
-    std::span<const Band> scrolled() const { return std::span(all).subspan(fixedCount); }
+    std::span<const Band> frozen() const {
+        return std::span(all).subspan(fixedCount, stillCount - fixedCount);
+    }
+    std::span<const Band> scrolled() const { return std::span(all).subspan(stillCount); }
+    /// All but the fixed ones.
+    std::span<const Band> data() const { return std::span(all).subspan(fixedCount); }
     /// Where the last one ends, at most `limit`; 0 without any.
     std::int32_t end(std::int32_t limit) const { return all.empty() ? 0 : std::min(all.back().end(), limit); }
     const Band* find(std::int32_t index) const;
