@@ -31,7 +31,8 @@ void CellGrid::silence() {
     const auto end = [](auto&... events) { (events.disconnectAll(), ...); };
     end(BeforeRowColChange, LeaveCell, EnterCell, RowColChange, AfterRowColChange, SelChange, CellChanged,
         KeyDown, CharacterTyped, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll,
-        AfterUserResize, AfterEdit, SizeChanged, PlacesChanged, MarksChanged, RowMoved, RowsReordered);
+        OffsetChanged, AfterUserResize, AfterEdit, SizeChanged, PlacesChanged, MarksChanged, RowMoved,
+        RowsReordered);
 }
 
 void CellGrid::AddListener(ChangeListener& listener) {

@@ -53,7 +53,7 @@ void FormGridView::fit() {
     const Scale scale(*this);
     const bool rowSeen = grid_.Row() >= grid_.FixedRows() && grid_.RowIsVisible(grid_.Row());
     grid_.Resize(scale.twips(width()), scale.twips(height()));
-    if (rowSeen) grid_.TopRow(grid_.TopRowToShow(grid_.Row(), grid_.ClientHeight()));
+    if (rowSeen) grid_.BringRowIntoView(grid_.Row(), grid_.ClientHeight());
     bars_.follow(grid_, scale);
 }
 
