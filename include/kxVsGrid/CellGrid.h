@@ -378,14 +378,26 @@ class CellGrid {
     /// The size without the scroll bars that are shown.
     std::int32_t ClientWidth() const;
     std::int32_t ClientHeight() const;
-    /// First scrolled row and column shown, at least FixedRows and StillCols. A put is clamped; a change raises
-    /// AfterScroll.
+    /// First scrolled row and column shown, at least FixedRows and StillCols. A put is clamped, and shows them
+    /// wholly; a change raises AfterScroll.
     std::int32_t TopRow() const;
     void TopRow(std::int32_t row);
     std::int32_t LeftCol() const;
     void LeftCol(std::int32_t col);
     /// Both at once, with one AfterScroll.
     void ScrollTo(std::int32_t topRow, std::int32_t leftCol);
+    /// The same, with so much of them scrolled away; an offset that is not less than the row or column counts
+    /// as none.
+    void ScrollTo(std::int32_t topRow, std::int32_t leftCol, std::int32_t topOffset, std::int32_t leftOffset);
+    /// Scrolls by twips, to the right and down, or back: as far as the start, and as far as the last column and
+    /// row stand wholly in view, the row above the strip at the bottom.
+    void ScrollBy(std::int32_t right, std::int32_t down);
+    /// How much of the first scrolled row and column is scrolled away: 0 unless ScrollBy was used. They are
+    /// headers or frozen columns that lie over it.
+    std::int32_t TopOffset() const;
+    std::int32_t LeftOffset() const;
+    /// Goes back to where the view stood before it was scrolled last, as near as it may stand now.
+    void ScrollBack();
     /// The largest values that puts are clamped to.
     std::int32_t MaxTopRow() const;
     std::int32_t MaxLeftCol() const;
@@ -407,6 +419,10 @@ class CellGrid {
     std::int32_t FixedWidth() const;
     /// Of the columns that do not scroll.
     std::int32_t StillWidth() const;
+    /// Scrolls, as TopRowToShow says, and where the row is the first one and cut. Nothing where it is shown wholly.
+    void BringRowIntoView(std::int32_t row, std::int32_t bottom);
+    /// The same for a column and the right edge.
+    void BringColIntoView(std::int32_t col, std::int32_t right);
     /// The top row that shows `row` wholly between the fixed area and `bottom` (twips from the view's top)
     /// with the least movement; the present one when it is shown already. A row taller than that space is
     /// shown from its top.
@@ -440,7 +456,7 @@ class CellGrid {
     /// The second press of a double click. Only the left button's raises DblClick; on a column's edge it drags
     /// nothing, and raises EdgeDblClick instead.
     void doubleClick(std::int16_t button, std::int16_t shift, std::int32_t x, std::int32_t y);
-    /// Rows to scroll; positive is down.
+    /// Rows to scroll; positive is down. A first row that is cut counts as one on the way up.
     void wheel(std::int32_t rows);
     /// The user has given a column another width: raises BeforeUserResize, sets it, raises AfterUserResize.
     void userColWidth(std::int32_t col, std::int32_t twips);
@@ -507,6 +523,9 @@ class CellGrid {
     Event<> DblClick;
     /// Old top row and left column, new ones.
     Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t> AfterScroll;
+    /// Only TopOffset or LeftOffset has changed: the old ones, the new ones. Where TopRow or LeftCol has changed,
+    /// AfterScroll alone tells of it.
+    Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t> OffsetChanged;
     /// The edge of a column was grabbed, or the user gives it another width in another way; -1, the column.
     Event<std::int32_t, std::int32_t> BeforeUserResize;
     /// The user is done with it, whether or not the width is another one.

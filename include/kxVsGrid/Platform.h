@@ -130,7 +130,10 @@ class Input {
     virtual void surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) = 0;
     /// Notches of the wheel; positive is down. Three rows each.
     virtual void wheel(std::int32_t notches) = 0;
-    /// The clerk moved a scroll bar.
+    /// The clerk scrolls by less than rows and columns, as on a touchpad: so many twips to the right and down;
+    /// negative is back.
+    virtual void scrolledBy(std::int32_t right, std::int32_t down) = 0;
+    /// The clerk moved a scroll bar, or both: where it stayed is told as it is.
     virtual void scrolled(std::int32_t topRow, std::int32_t leftCol) = 0;
     /// The control's inner size has changed, or is given for the first time: runs the layout.
     virtual void resized(std::int32_t width, std::int32_t height) = 0;

@@ -31,8 +31,8 @@ void CellGrid::silence() {
     const auto end = [](auto&... events) { (events.disconnectAll(), ...); };
     end(BeforeRowColChange, LeaveCell, EnterCell, RowColChange, AfterRowColChange, SelChange, CellChanged,
         KeyDown, CharacterTyped, KeyPress, MouseDown, MouseMove, MouseUp, Click, DblClick, AfterScroll,
-        BeforeUserResize, AfterUserResize, EdgeDblClick, AfterEdit, SizeChanged, PlacesChanged, MarksChanged,
-        RowMoved, RowsReordered);
+        OffsetChanged, BeforeUserResize, AfterUserResize, EdgeDblClick, AfterEdit, SizeChanged, PlacesChanged,
+        MarksChanged, RowMoved, RowsReordered);
 }
 
 void CellGrid::AddListener(ChangeListener& listener) {

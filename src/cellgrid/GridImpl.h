@@ -154,14 +154,13 @@ struct CellGrid::Impl {
     // --- The view (GridView.cpp).
     /// Where the view was and where it went.
     struct Scroll {
-        std::int32_t oldTop;
-        std::int32_t oldLeft;
-        std::int32_t top;
-        std::int32_t left;
+        cellgrid::Viewport::Place from;
+        cellgrid::Viewport::Place to;
     };
-    void scrollTo(std::int32_t topRow, std::int32_t leftCol) { announce(scroll(topRow, leftCol)); }
-    Scroll scroll(std::int32_t topRow, std::int32_t leftCol);
-    /// Raises AfterScroll for a scroll that is done, if it led anywhere and no listener has gone on since.
+    void scrollTo(const cellgrid::Viewport::Place& to) { announce(scroll(to)); }
+    Scroll scroll(const cellgrid::Viewport::Place& to);
+    /// Raises AfterScroll, or OffsetChanged, for a scroll that is done, if it led anywhere and no listener has
+    /// gone on since.
     void announce(const Scroll& done);
     /// Sizes, counts or the view have changed: everything is drawn anew, and what was scrolled too far is
     /// not.
@@ -248,6 +247,8 @@ struct CellGrid::Impl {
         bool scrolls = false;
     };
     std::optional<Selecting> selecting;
+
+    cellgrid::Viewport::Place placeBefore;  ///< where the view stood before it was scrolled last
 
     // Rows in view, found once for many writes; void while rowsKnown is false.
     bool rowsKnown = false;

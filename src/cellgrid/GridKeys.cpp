@@ -60,22 +60,23 @@ std::optional<CellGrid::Impl::Place> CellGrid::Impl::target(Key key, bool ctrl, 
 /// Moves for the user: the view follows, and what was selected ends where the move leads nowhere, too.
 bool CellGrid::Impl::moveByUser(std::int32_t newRow, std::int32_t newCol) {
     const bool moves = newRow != currentRow || newCol != currentCol;
-    const std::int32_t oldTop = layout.rows.first;
-    const std::int32_t oldLeft = layout.cols.first;
+    const cellgrid::Viewport::Place before = layout.place();
     // where whole rows are selected, another row is no reason to go sideways
     const bool sideways = !selectsRows || newCol != currentCol;
     const bool unselects = !moves && select({});
     if (move(newRow, newCol)) bringIntoView(currentRow, currentCol, true, sideways);
-    return moves || unselects || layout.rows.first != oldTop || layout.cols.first != oldLeft;
+    return moves || unselects || layout.place() != before;
 }
 
 /// Carries a navigation key out. Answers whether it was one that led anywhere.
 bool CellGrid::Impl::navigate(Key key, std::int16_t shift) {
     if (currentRow < 0 || currentCol < 0) return false;
     if (selectsRows && (key == Key::Left || key == Key::Right)) {
-        const std::int32_t left = layout.cols.first;
-        scrollTo(layout.rows.first, neighbour(layout.cols, left, key == Key::Right));
-        return layout.cols.first != left;
+        const cellgrid::Viewport::Place before = layout.place();
+        const bool toItsBeginning = key == Key::Left && before.across.offset > 0;
+        const std::int32_t left = before.across.index;
+        scrollTo({before.down, {toItsBeginning ? left : neighbour(layout.cols, left, key == Key::Right), 0}});
+        return layout.place() != before;
     }
     const bool extending = extends(shift);
     const Place from = extending ? Place{rowEnds().corner, colEnds().corner} : Place{currentRow, currentCol};

@@ -93,6 +93,7 @@ void CellGrid::wheel(std::int32_t rows) {
     const cellgrid::Axis& axis = impl_->layout.rows.axis;
     const std::int32_t top = impl_->layout.rows.first;
     rows = std::clamp(rows, -MaxRows, MaxRows);
+    if (rows < 0 && TopOffset() > 0 && ++rows == 0) return TopRow(top);  // to its own beginning first
     const std::int32_t target = rows > 0 ? axis.shownAfter(top, rows) : axis.shownBefore(top, -rows);
     if (rows != 0 && target >= 0) TopRow(target);
 }

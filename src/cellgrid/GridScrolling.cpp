@@ -5,35 +5,35 @@
 
 namespace kxVsGrid {
 
-CellGrid::Impl::Scroll CellGrid::Impl::scroll(std::int32_t topRow, std::int32_t leftCol) {
-    cellgrid::Lane& down = layout.rows;
-    cellgrid::Lane& across = layout.cols;
-    Scroll done{down.first, across.first, 0, 0};
-    // The start is always allowed; asking for the end costs more than that.
-    down.first = topRow <= down.still ? down.still : std::min(topRow, layout.maxTopRow());
-    across.first = leftCol <= across.still ? across.still : std::min(leftCol, layout.maxLeftCol());
-    done.top = down.first;
-    done.left = across.first;
-    if (done.top == done.oldTop && done.left == done.oldLeft) return done;
+CellGrid::Impl::Scroll CellGrid::Impl::scroll(const cellgrid::Viewport::Place& to) {
+    const cellgrid::Viewport::Place from = layout.place();
+    layout.go(to);
+    const Scroll done{from, layout.place()};
+    if (done.to == from) return done;
+    placeBefore = from;
     rowsKnown = false;
     damage.addAll();
     return done;
 }
 
 void CellGrid::Impl::announce(const Scroll& done) {
-    if (done.top == done.oldTop && done.left == done.oldLeft) return;
-    if (done.top != layout.rows.first || done.left != layout.cols.first) return;
-    tell(&CellGrid::AfterScroll, done.oldTop, done.oldLeft, done.top, done.left);
+    const auto& [from, to] = done;
+    if (to == from || to != layout.place()) return;
+    if (to.down.index != from.down.index || to.across.index != from.across.index)
+        tell(&CellGrid::AfterScroll, from.down.index, from.across.index, to.down.index, to.across.index);
+    else
+        tell(&CellGrid::OffsetChanged, from.down.offset, from.across.offset, to.down.offset,
+             to.across.offset);
 }
 
 CellGrid::Impl::Scroll CellGrid::Impl::settle() {
-    const std::int32_t oldTop = layout.rows.first;
-    const std::int32_t oldLeft = layout.cols.first;
+    const cellgrid::Viewport::Place from = layout.place();
     rowsKnown = false;
     damage.addAll();
     layout.settle();
-    const Scroll done = scroll(layout.rows.first, layout.cols.first);
-    return {oldTop, oldLeft, done.top, done.left};
+    const Scroll done{from, scroll(layout.place()).to};
+    if (done.to != from) placeBefore = from;
+    return done;
 }
 
 void CellGrid::Impl::geometryChanged() {
@@ -44,9 +44,10 @@ void CellGrid::Impl::geometryChanged() {
 
 void CellGrid::Impl::bringIntoView(std::int32_t row, std::int32_t col, bool alongRows, bool alongCols) {
     if (!there || row < 0 || col < 0) return;
-    const std::int32_t bottom = layout.clientHeight() - layout.bottomStrip;
-    scrollTo(alongRows ? grid.TopRowToShow(row, bottom) : layout.rows.first,
-             alongCols ? grid.LeftColToShow(col, layout.clientWidth()) : layout.cols.first);
+    cellgrid::Viewport::Place to = layout.place();
+    if (alongRows) to.down = layout.rows.startToShow(row, layout.rowsEnd());
+    if (alongCols) to.across = layout.cols.startToShow(col, layout.clientWidth());
+    scrollTo(to);
 }
 
 void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {

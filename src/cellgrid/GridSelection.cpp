@@ -163,12 +163,11 @@ bool CellGrid::Impl::extends(std::int16_t shift) const {
 }
 
 bool CellGrid::Impl::extendByUser(Place corner) {
-    const std::int32_t oldTop = layout.rows.first;
-    const std::int32_t oldLeft = layout.cols.first;
+    const cellgrid::Viewport::Place before = layout.place();
     const bool selects = select(selectionTo(corner.row, corner.col));
     bringIntoView(rowEnds().corner, colEnds().corner, !selection.any || selection.hasRowEnds(),
                   !selection.any || selection.hasColEnds());
-    return selects || layout.rows.first != oldTop || layout.cols.first != oldLeft;
+    return selects || layout.place() != before;
 }
 
 /// A press that the host has kept away begins nothing.
@@ -215,7 +214,7 @@ Reached reached(const cellgrid::Lane& lane, std::int32_t point, std::int32_t end
     const cellgrid::Axis& axis = lane.axis;
     const std::int32_t last = axis.shownBefore(axis.count());
     if (point < lane.stillExtent()) {
-        const std::int32_t before = axis.shownBefore(lane.first);
+        const std::int32_t before = lane.offset > 0 ? lane.first : axis.shownBefore(lane.first);
         if (!fromStill && before >= lane.still) return {before, true};
         if (point >= lane.fixedExtent() && point < end) return {lane.at(point), false};
         return {axis.shownAfter(lane.fixed - 1), true};
@@ -249,10 +248,9 @@ void CellGrid::Impl::draggedOver(std::int32_t x, std::int32_t y) {
     selecting->scrolls = false;
     if (now.place == selecting->at && !alongRows && !alongCols) return;
     selecting->at = now.place;
-    const std::int32_t oldTop = layout.rows.first;
-    const std::int32_t oldLeft = layout.cols.first;
+    const cellgrid::Viewport::Place before = layout.place();
     select(selectionTo(now.place.row, now.place.col));
     if (alongRows || alongCols) bringIntoView(rowEnds().corner, colEnds().corner, alongRows, alongCols);
-    if (selecting) selecting->scrolls = layout.rows.first != oldTop || layout.cols.first != oldLeft;
+    if (selecting) selecting->scrolls = layout.place() != before;
 }
 }  // namespace kxVsGrid

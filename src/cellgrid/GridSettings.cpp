@@ -156,16 +156,35 @@ std::int32_t CellGrid::TopRow() const {
     return impl_->layout.rows.first;
 }
 void CellGrid::TopRow(std::int32_t row) {
-    impl_->scrollTo(row, LeftCol());
+    held()->scrollTo({{row, 0}, impl_->layout.cols.start()});
 }
 std::int32_t CellGrid::LeftCol() const {
     return impl_->layout.cols.first;
 }
 void CellGrid::LeftCol(std::int32_t col) {
-    impl_->scrollTo(TopRow(), col);
+    held()->scrollTo({impl_->layout.rows.start(), {col, 0}});
 }
 void CellGrid::ScrollTo(std::int32_t topRow, std::int32_t leftCol) {
-    impl_->scrollTo(topRow, leftCol);
+    ScrollTo(topRow, leftCol, 0, 0);
+}
+void CellGrid::ScrollTo(std::int32_t topRow, std::int32_t leftCol, std::int32_t topOffset,
+                        std::int32_t leftOffset) {
+    held()->scrollTo({{topRow, topOffset}, {leftCol, leftOffset}});
+}
+void CellGrid::ScrollBy(std::int32_t right, std::int32_t down) {
+    const auto impl = held();
+    const cellgrid::Viewport& layout = impl->layout;
+    impl->scrollTo(
+        {layout.rows.movedBy(down, layout.rowsEnd()), layout.cols.movedBy(right, layout.colsEnd())});
+}
+void CellGrid::ScrollBack() {
+    held()->scrollTo(impl_->placeBefore);
+}
+std::int32_t CellGrid::TopOffset() const {
+    return impl_->layout.rows.offset;
+}
+std::int32_t CellGrid::LeftOffset() const {
+    return impl_->layout.cols.offset;
 }
 std::int32_t CellGrid::MaxTopRow() const {
     return impl_->layout.maxTopRow();
@@ -217,11 +236,19 @@ std::int32_t CellGrid::StillWidth() const {
 }
 std::int32_t CellGrid::TopRowToShow(std::int32_t row, std::int32_t bottom) const {
     impl_->requireRow("TopRowToShow", row);
-    return std::min(impl_->layout.rows.firstToShow(row, bottom), std::max(TopRow(), MaxTopRow()));
+    return std::min(impl_->layout.rows.startToShow(row, bottom).index, std::max(TopRow(), MaxTopRow()));
 }
 std::int32_t CellGrid::LeftColToShow(std::int32_t col, std::int32_t right) const {
     impl_->requireCol("LeftColToShow", col);
-    return std::min(impl_->layout.cols.firstToShow(col, right), std::max(LeftCol(), MaxLeftCol()));
+    return std::min(impl_->layout.cols.startToShow(col, right).index, std::max(LeftCol(), MaxLeftCol()));
+}
+void CellGrid::BringRowIntoView(std::int32_t row, std::int32_t bottom) {
+    impl_->requireRow("BringRowIntoView", row);
+    held()->scrollTo({impl_->layout.rows.startToShow(row, bottom), impl_->layout.cols.start()});
+}
+void CellGrid::BringColIntoView(std::int32_t col, std::int32_t right) {
+    impl_->requireCol("BringColIntoView", col);
+    held()->scrollTo({impl_->layout.rows.start(), impl_->layout.cols.startToShow(col, right)});
 }
 
 std::int32_t CellGrid::ShownRowAfter(std::int32_t row, std::int32_t steps) const {

@@ -26,13 +26,13 @@ std::int32_t Lane::stillExtent() const {
 }
 
 /// How far the scrollable elements are moved.
-std::int64_t Lane::offset() const {
-    return axis.position(first) - axis.position(still);
+std::int64_t Lane::shift() const {
+    return axis.position(first) + offset - axis.position(still);
 }
 
 std::int32_t Lane::place(std::int32_t index) const {
     const std::int64_t position = axis.position(index);
-    return nearby(index < still ? position : position - offset());
+    return nearby(index < still ? position : position - shift());
 }
 
 bool Lane::isVisible(std::int32_t index, std::int32_t client) const {
@@ -42,7 +42,7 @@ bool Lane::isVisible(std::int32_t index, std::int32_t client) const {
 
 std::int32_t Lane::at(std::int32_t point) const {
     if (point < 0) return -1;
-    const std::int32_t index = axis.indexAt(point < stillExtent() ? point : point + offset());
+    const std::int32_t index = axis.indexAt(point < stillExtent() ? point : point + shift());
     return index < axis.count() ? index : -1;
 }
 
@@ -59,13 +59,43 @@ std::int32_t Lane::maxFirst(std::int32_t end) const {
     return std::clamp(axis.firstFrom(axis.total() - room), still, last);
 }
 
-std::int32_t Lane::firstToShow(std::int32_t index, std::int32_t end) const {
-    if (index < still || axis.extent(index) == 0) return first;
-    if (index < first) return std::min(index, axis.count());
+Start Lane::startToShow(std::int32_t index, std::int32_t end) const {
+    if (index < still || axis.extent(index) == 0) return start();
+    if (index < first || (index == first && offset > 0)) return {std::min(index, axis.count()), 0};
     const std::int64_t bottom = axis.position(index) + axis.extent(index);
     const std::int64_t room = std::max<std::int64_t>(std::int64_t{end} - axis.position(still), 0);
-    if (bottom - axis.position(first) <= room) return first;
-    return std::clamp(axis.firstFrom(bottom - room), first, index);
+    if (bottom - axis.position(first) - offset <= room) return start();
+    return {std::clamp(axis.firstFrom(bottom - room), first, index), 0};
+}
+
+/// Some of the last element is always left in the view.
+std::int64_t Lane::lastPosition(std::int32_t end) const {
+    const std::int64_t begin = axis.position(still);
+    return std::max(begin, axis.total() - std::max<std::int64_t>(end - begin, 1));
+}
+
+Start Lane::startAt(std::int64_t position) const {
+    if (position <= axis.position(still)) return {still, 0};
+    const std::int32_t index = axis.indexAt(position);
+    return {index, static_cast<std::int32_t>(position - axis.position(index))};
+}
+
+Start Lane::limited(Start asked, std::int32_t end) const {
+    if (asked.index < still) return {still, 0};
+    const bool cuts =
+        asked.offset > 0 && asked.index < axis.count() && asked.offset < axis.extent(asked.index);
+    const std::int32_t most = maxFirst(end);
+    if (!cuts) return {std::min(asked.index, most), 0};
+    const std::int64_t position = axis.position(asked.index) + asked.offset;
+    const std::int64_t last = lastPosition(end);
+    return position <= std::max(last, axis.position(most)) ? asked : startAt(last);
+}
+
+Start Lane::movedBy(std::int32_t twips, std::int32_t end) const {
+    const std::int64_t here = axis.position(first) + offset;
+    const std::int64_t there =
+        std::clamp(here + twips, axis.position(still), std::max(here, lastPosition(end)));
+    return there == here ? start() : startAt(there);
 }
 
 bool Viewport::rowsNeedBar(std::int32_t room) const {
@@ -110,11 +140,20 @@ std::int32_t Viewport::stillCols() const {
 
 void Viewport::settle() {
     const auto put = [](Lane& lane, std::int32_t still) {
-        if (lane.first == lane.still) lane.first = still;
+        if (lane.first == lane.still && lane.offset == 0) lane.first = still;
         lane.still = still;
     };
     put(rows, rows.fixed);
     put(cols, stillCols());
+}
+
+/// The start is always allowed; asking for the end costs more than that.
+void Viewport::go(const Place& to) {
+    const auto isStart = [](const Lane& lane, Start asked) {
+        return asked.index < lane.still || (asked.index == lane.still && asked.offset <= 0);
+    };
+    rows.start(isStart(rows, to.down) ? Start{rows.still, 0} : rows.limited(to.down, rowsEnd()));
+    cols.start(isStart(cols, to.across) ? Start{cols.still, 0} : cols.limited(to.across, colsEnd()));
 }
 
 Rect Viewport::cellRect(std::int32_t row, std::int32_t col) const {

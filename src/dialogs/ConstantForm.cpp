@@ -136,7 +136,7 @@ void ConstantForm::textChanged(FormControl& box) {
     if (row >= 0) return show(row);
     const std::int32_t current = grid_.Row();
     if (current >= grid_.FixedRows() && !grid_.RowIsVisible(current))
-        grid_.TopRow(grid_.TopRowToShow(current, grid_.ClientHeight()));
+        grid_.BringRowIntoView(current, grid_.ClientHeight());
 }
 
 /// Keys that move the highlight do so from the search box too.

@@ -169,7 +169,7 @@ void LookupForm::search() {
     // OK returns the row that was found last: the clerk sees which one.
     const std::int32_t row = grid_.Row();
     if (row >= grid_.FixedRows() && !grid_.RowIsVisible(row))
-        grid_.TopRow(grid_.TopRowToShow(row, grid_.ClientHeight()));
+        grid_.BringRowIntoView(row, grid_.ClientHeight());
 }
 
 void LookupForm::sayWhetherFound(bool found) {

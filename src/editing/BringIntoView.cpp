@@ -5,7 +5,7 @@ namespace kxVsGrid::editing {
 void bringCurrentRowIntoView(CellGrid& grid) {
     const std::int32_t row = grid.Row();
     if (row < grid.FixedRows() || grid.RowHidden(row)) return;
-    grid.TopRow(grid.TopRowToShow(row, grid.ClientHeight() - grid.BottomStrip()));
+    grid.BringRowIntoView(row, grid.ClientHeight() - grid.BottomStrip());
     if (grid.Row() < 0 || grid.Col() < 0) return;  // a host has heard of the scrolling
     // The fixed area counts as so many rows of the first one's height, which may be more than it takes.
     const std::int64_t fixedArea =
@@ -23,6 +23,6 @@ void bringCurrentRowIntoView(CellGrid& grid) {
 void bringCurrentColIntoView(CellGrid& grid) {
     const std::int32_t col = grid.Col();
     if (col < grid.FixedCols() || grid.ColHidden(col)) return;
-    grid.LeftCol(grid.LeftColToShow(col, grid.ClientWidth()));
+    grid.BringColIntoView(col, grid.ClientWidth());
 }
 }  // namespace kxVsGrid::editing

@@ -77,8 +77,9 @@ void kxGrid::Parts::connectMoves() {
         commands.tellChanges();
     }));
     main.CellChanged.passOn(control.CellChanged);
-    main.AfterScroll.connect(keeping(
-        [this](auto oldTopRow, auto oldLeftCol, auto, auto) { moveEvents.scrolled(oldTopRow, oldLeftCol); }));
+    const auto scrolled = keeping([this](auto&&...) { moveEvents.scrolled(); });
+    main.AfterScroll.connect(scrolled);
+    main.OffsetChanged.connect(scrolled);
     main.SizeChanged.connect(keeping([this] {
         totals.followCols();
         totals.followStillCols();

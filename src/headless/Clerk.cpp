@@ -330,6 +330,12 @@ Desk& Desk::scrollTo(std::int32_t topRow, std::int32_t leftCol) {
     return *this;
 }
 
+Desk& Desk::scrollBy(std::int32_t right, std::int32_t down) {
+    Call call(*this);
+    station().input()->scrolledBy(right, down);
+    return *this;
+}
+
 Desk& Desk::resize(std::int32_t width, std::int32_t height) {
     Call call(*this);
     if (!current_) {

@@ -353,6 +353,12 @@ void Stage::keyUp(const QKeyEvent& event) {
 }
 
 void Stage::wheel(const QWheelEvent& event) {
+    if (scrollsByPixels(event)) {
+        const QPoint pixels = -event.pixelDelta();
+        const Scale now = scale();
+        guarded([&](Input& input) { input.scrolledBy(now.twips(pixels.x()), now.twips(pixels.y())); });
+        return;
+    }
     const QPoint notches = notches_.add(event);
     const std::int32_t right = notches.x();
     if (notches.y() != 0 && !guarded([&](Input& input) { input.wheel(notches.y()); })) return;

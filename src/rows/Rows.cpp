@@ -101,8 +101,7 @@ std::int32_t Rows::insert(std::int32_t position) {
 
 void Rows::show(std::int32_t row) {
     CellGrid& grid = c_.grid;
-    if (!grid.RowIsVisible(row))
-        grid.TopRow(grid.TopRowToShow(row, grid.ClientHeight() - grid.BottomStrip()));
+    if (!grid.RowIsVisible(row)) grid.BringRowIntoView(row, grid.ClientHeight() - grid.BottomStrip());
 }
 
 /// A host that takes one of the rows away as it hears of a change ends the copy.

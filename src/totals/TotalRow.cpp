@@ -52,7 +52,8 @@ void TotalRow::setUp() {
 }
 
 void TotalRow::followScroll() {
-    if (sums_.Cols() == main_.Cols() && main_.Cols() > main_.FixedCols()) sums_.LeftCol(main_.LeftCol());
+    if (sums_.Cols() != main_.Cols() || main_.Cols() <= main_.FixedCols()) return;
+    sums_.ScrollTo(sums_.TopRow(), main_.LeftCol(), sums_.TopOffset(), main_.LeftOffset());
 }
 
 void TotalRow::followStillCols() {

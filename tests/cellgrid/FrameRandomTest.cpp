@@ -39,6 +39,7 @@ class RandomlyDrawnGrid : public CellGrid {
                 if (upTo(3) != 0) Text(row, col, std::to_string(row * 100 + col));
         Select(upTo(Rows() - 1), upTo(Cols() - 1));
         ScrollTo(upTo(Rows() - 1), upTo(Cols() - 1));
+        if (upTo(1) == 0) ScrollBy(upTo(2000) - 1000, upTo(1000) - 500);
     }
 
     std::int32_t upTo(std::int32_t largest) {
@@ -95,8 +96,10 @@ void checkCell(const RandomlyDrawnGrid& grid, const FrameReader& frame, const Fr
     EXPECT_EQ(frame.showsText(row, col), hasText && !(current && state.editorOpen)) << row << "," << col;
     EXPECT_EQ(frame.find(Kind::Focus, row, col) != nullptr, shown && current && !grid.SelectsRows());
     if (!shown) return;
-    const std::int32_t x = std::max(rect.left, area.left);
-    const std::int32_t y = std::max(rect.top, area.top);
+    // what is cut lies under what stands still
+    const std::int32_t x = std::max({rect.left, area.left, col < grid.StillCols() ? 0 : grid.StillWidth()});
+    const std::int32_t y = std::max({rect.top, area.top, row < grid.FixedRows() ? 0 : grid.FixedHeight()});
+    if (x >= std::min(rect.right(), area.right()) || y >= std::min(rect.bottom(), area.bottom())) return;
     EXPECT_EQ(frame.fillAt(x, y), grid.fill(row, col)) << row << "," << col;
 }
 

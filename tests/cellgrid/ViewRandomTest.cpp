@@ -50,6 +50,16 @@ class RandomView {
     }
 
     void scroll() {
+        if (dice.oneIn(3)) {
+            const std::int32_t by = dice.between(-1500, 1500);
+            grid.ScrollBy(by, 0);
+            return twin.moveBy(by, grid.ScrollBars());
+        }
+        if (dice.oneIn(3) && grid.Cols() > 0) {
+            const std::int32_t col = dice.between(0, grid.Cols() - 1);
+            grid.BringColIntoView(col, grid.ClientWidth());
+            return twin.show(col, true);
+        }
         const std::int32_t to = dice.between(-1, 15);
         grid.LeftCol(to);
         twin.scrollTo(to, grid.ScrollBars());
@@ -60,6 +70,7 @@ class RandomView {
         ASSERT_EQ(grid.StillWidth(), twin.sum(0, twin.still));
         ASSERT_EQ(grid.FixedWidth(), twin.sum(0, twin.fixed));
         compareFirst("LeftCol", grid.LeftCol(), twin.first);
+        ASSERT_EQ(grid.LeftOffset(), twin.offset);
         compareFirst("MaxLeftCol", grid.MaxLeftCol(), twin.last(grid.ScrollBars()));
         for (std::int32_t col = 0; col < grid.Cols(); ++col) {
             ASSERT_EQ(grid.CellRect(1, col).left, twin.place(col)) << col;

@@ -34,8 +34,8 @@ struct Situation {
     friend std::ostream& operator<<(std::ostream& out, const Situation& of) { return out << of.name; }
 };
 
-// Nothing hidden, no menus of headers, no filters, no bar to find with.
-const CommandList NotThere{ShowColumns, HeaderMenu, Find, FindNext, FindPrevious, Replace, Filter, Unfilter};
+// Nothing hidden, no menus of headers, no filters.
+const CommandList NotThere{ShowColumns, HeaderMenu, Filter, Unfilter};
 // With nothing done yet and no marks.
 const CommandList AtFirst = NotThere + CommandList{Undo, Redo, NextProblem, SortUp, SortDown, Unsort};
 const CommandList OfTheColumn{HideColumn, FitColumn, Freeze};

@@ -188,6 +188,10 @@ const End DeskCalls[] = {
     {"LosingTheFocus", to(&GridEvents::AfterEdit), [](kxGrid&, Desk& d) { d.focusElsewhere(); }, openTyped},
     {"AfterScroll", toEngine(&CellGrid::AfterScroll), [](kxGrid&, Desk& d) { d.wheel(2); },
      [](kxGrid& g, Desk&) { g.Rows(60); }},
+    {"AfterScrollByTouch", toEngine(&CellGrid::AfterScroll), [](kxGrid&, Desk& d) { d.scrollBy(0, 900); },
+     [](kxGrid& g, Desk&) { g.Rows(60); }},
+    {"OffsetChanged", toEngine(&CellGrid::OffsetChanged), [](kxGrid&, Desk& d) { d.scrollBy(0, 90); },
+     [](kxGrid& g, Desk&) { g.Rows(60); }},
     {"AfterUserResize", toEngine(&CellGrid::AfterUserResize),
      [](kxGrid&, Desk& d) { d.dragColumn(2, 2000); }},
 };

@@ -109,6 +109,19 @@ TEST_F(FrozenColumns, HaveTheirTotalsUnderThemWhenRowsBringAScrollBar) {
     expectTotalsUnderTheirColumns("removed");
 }
 
+TEST_F(FrozenColumns, HaveTheirTotalsUnderThemWhileFingersScroll) {
+    desk.scrollBy(1250, 100);
+    EXPECT_EQ(vs().LeftOffset(), 250);
+    EXPECT_EQ(vs().TopOffset(), 100);
+    expectTotalsUnderTheirColumns("by less than a column");
+    desk.scrollBy(10, 0);
+    EXPECT_EQ(sum().LeftOffset(), 260);
+    expectTotalsUnderTheirColumns("by ten");
+    desk.scrollBy(100'000, 0);
+    expectTotalsUnderTheirColumns("to the end");
+    EXPECT_EQ(sum().TopOffset(), 0);
+}
+
 TEST_F(FrozenColumns, LeaveTheCaptionInTheFirstOfThem) {
     EXPECT_EQ(sum().Text(0, 1), "合计");
     EXPECT_EQ(sum().CellBackColor(0, 1), color(LightGrey));

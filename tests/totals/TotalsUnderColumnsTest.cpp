@@ -103,6 +103,9 @@ TEST_F(TotalsUnderColumns, HoweverColumnsAreFrozenSizedAndScrolled) {
             case 6:
                 dice.oneIn(2) ? vs().InsertRow(vs().Rows()) : grid.Rows(dice.between(2, 30));
                 break;
+            case 7:
+                desk.scrollBy(dice.between(-2000, 2000), 0);
+                break;
             default:
                 desk.scrollTo(dice.between(0, 30), dice.between(0, 24));
         }

@@ -151,6 +151,8 @@ class Desk : public Platform {
     /// Notches; positive is down.
     Desk& wheel(std::int32_t notches);
     Desk& scrollTo(std::int32_t topRow, std::int32_t leftCol);
+    /// Fingers move on a touchpad: twips to the right and down.
+    Desk& scrollBy(std::int32_t right, std::int32_t down);
 
     // --- The editor.
     SeenEditor editor() const;

@@ -55,6 +55,18 @@ void writeTints(FrameWriter& writer, const FrameScene& scene, std::span<const Ba
     }
 }
 
+/// Whether the current cell begins under what stands still.
+struct Cut {
+    Cut(const FrameScene& scene, const Bands& rows, const Bands& cols) {
+        const Band* const row = rows.find(scene.row);
+        const Band* const col = cols.find(scene.col);
+        down = row != nullptr && !row->still && row->start < scene.grid.FixedHeight();
+        across = col != nullptr && !col->still && col->start < scene.grid.StillWidth();
+    }
+    bool down = false;
+    bool across = false;
+};
+
 /// The cells beside the headers, and what is selected of them.
 void writeData(FrameWriter& writer, const FrameScene& scene, std::span<const Band> rows,
                std::span<const Band> cols) {
@@ -97,17 +109,26 @@ void makeFrame(Frame& frame, const CellGrid& grid, const FrameState& state) {
     const Bands rows = cellgrid::visibleRows(grid, scene.area);
     const Bands cols = cellgrid::visibleCols(grid, scene.area);
     writeBackground(writer, scene, shown, rows, cols);
-    // no text runs over the edge of frozen columns: beyond it stands now this one, now that one
-    if (grid.TextsRunOver()) {
+    // what is cut lies under what stands still, and the outline of the current cell with it
+    const Cut cut(scene, rows, cols);
+    if (grid.TextsRunOver() || grid.LeftOffset() > 0) {
+        // no text runs over the edge of frozen columns: beyond it stands now this one, now that one
         writeData(writer, scene, rows.scrolled(), cols.scrolled());
+        if (cut.across) writeFocus(writer, scene, state, rows, cols);
         writeData(writer, scene, rows.scrolled(), cols.frozen());
     } else {
         writeData(writer, scene, rows.scrolled(), cols.data());
     }
+    if (cut.down && !cut.across) writeFocus(writer, scene, state, rows, cols);
     FrameRegion(scene, writer, rows.scrolled(), cols.fixed(), true).write();
-    FrameRegion(scene, writer, rows.fixed(), cols.all, true).write();
+    if (grid.LeftOffset() > 0) {
+        FrameRegion(scene, writer, rows.fixed(), cols.scrolled(), true).write();
+        FrameRegion(scene, writer, rows.fixed(), cols.still(), true).write();
+    } else {
+        FrameRegion(scene, writer, rows.fixed(), cols.all, true).write();
+    }
     writeFrozenEdge(writer, scene, rows);
-    writeFocus(writer, scene, state, rows, cols);
+    if (!cut.down && !cut.across) writeFocus(writer, scene, state, rows, cols);
 }
 
 Frame makeFrame(const CellGrid& grid, const FrameState& state) {

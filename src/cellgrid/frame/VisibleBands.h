@@ -22,6 +22,7 @@ struct Band {
 };
 
 /// In the order of their places, without gaps between them: those of the fixed area, frozen ones, scrolled ones.
+/// The first scrolled one may begin under those before it, which are painted over it.
 struct Bands {
     std::vector<Band> all;
     std::size_t fixedCount = 0;
@@ -31,6 +32,7 @@ struct Bands {
     std::span<const Band> frozen() const {
         return std::span(all).subspan(fixedCount, stillCount - fixedCount);
     }
+    std::span<const Band> still() const { return {all.data(), stillCount}; }
     std::span<const Band> scrolled() const { return std::span(all).subspan(stillCount); }
     /// All but the fixed ones.
     std::span<const Band> data() const { return std::span(all).subspan(fixedCount); }

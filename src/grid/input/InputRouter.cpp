@@ -215,8 +215,15 @@ void InputRouter::wheel(std::int32_t notches) {
     c_.grid.wheel(notches * RowsPerNotch);
 }
 
+/// The bar that was not moved tells where it is, and leaves its direction as it is.
 void InputRouter::scrolled(std::int32_t topRow, std::int32_t leftCol) {
-    c_.grid.ScrollTo(topRow, leftCol);
+    const CellGrid& grid = c_.grid;
+    c_.grid.ScrollTo(topRow, leftCol, topRow == grid.TopRow() ? grid.TopOffset() : 0,
+                     leftCol == grid.LeftCol() ? grid.LeftOffset() : 0);
+}
+
+void InputRouter::scrolledBy(std::int32_t right, std::int32_t down) {
+    c_.grid.ScrollBy(right, down);
 }
 
 void InputRouter::resized(std::int32_t width, std::int32_t height) {

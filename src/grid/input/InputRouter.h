@@ -58,6 +58,7 @@ class InputRouter : public Input {
     void surfaceMouseMove(std::int16_t button, std::int16_t shift, float x, float y) override;
     void wheel(std::int32_t notches) override;
     void scrolled(std::int32_t topRow, std::int32_t leftCol) override;
+    void scrolledBy(std::int32_t right, std::int32_t down) override;
     void resized(std::int32_t width, std::int32_t height) override;
 
   private:

@@ -56,10 +56,10 @@ void MoveEvents::afterRowColChange(std::int32_t oldRow, std::int32_t oldCol, std
     c_.host.raise(&GridEvents::AfterRowColChange, oldRow, oldCol, newRow, newCol);
 }
 
-void MoveEvents::scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol) {
+void MoveEvents::scrolled() {
     if (!scrollGuard_) {
         FlagSpan guard(scrollGuard_);
-        if (c_.editor.visible()) c_.grid.ScrollTo(oldTopRow, oldLeftCol);
+        if (c_.editor.visible()) c_.grid.ScrollBack();
     }
     c_.editor.place();
     c_.totals.followScroll();

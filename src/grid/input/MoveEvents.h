@@ -27,7 +27,7 @@ class MoveEvents {
                            std::int32_t newCol);
 
     /// The grid does not scroll away from an open editor; the total row stays under its columns.
-    void scrolled(std::int32_t oldTopRow, std::int32_t oldLeftCol);
+    void scrolled();
 
     /// Tab and Shift+Tab: commits, then the next or previous editable cell. False when there is none left;
     /// the keyboard then leaves the control.

@@ -25,7 +25,7 @@ std::optional<std::int32_t> PressedRow::place() const {
     const std::int32_t end = grid_.ClientHeight() - grid_.BottomStrip();
     const auto now = [&] { return y_ + top() - topBefore_; };
     if (row_.row() >= grid_.FixedRows() && (now() < grid_.FixedHeight() || now() >= end))
-        grid_.TopRow(grid_.TopRowToShow(row_.row(), end));
+        grid_.BringRowIntoView(row_.row(), end);
     if (!row_.there() || grid_.Cols() == 0) return std::nullopt;  // a host hears of the scrolling
     const std::int32_t y = std::min(now(), end - 1);  // of a row that is cut the part that is seen
     if (rowAt(grid_, x_, y) != row_.row()) return std::nullopt;

@@ -50,7 +50,7 @@ void FormGridView::fit() {
     const bool rowSeen = grid_.Row() >= grid_.FixedRows() && grid_.RowIsVisible(grid_.Row());
     const QRect room = area_.contentsRect();
     grid_.Resize(scale.twips(room.width()), scale.twips(room.height()));
-    if (rowSeen) grid_.TopRow(grid_.TopRowToShow(grid_.Row(), grid_.ClientHeight()));
+    if (rowSeen) grid_.BringRowIntoView(grid_.Row(), grid_.ClientHeight());
     area_.follow(grid_, scale);
 }
 

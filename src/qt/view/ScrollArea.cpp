@@ -26,6 +26,22 @@ std::int32_t fitting(std::int32_t first, std::int32_t end, std::int32_t room, co
     }
     return count;
 }
+
+/// Cut at the start, the view may be at its end before the last place that the bar would go to.
+std::int32_t lastTop(const CellGrid& grid) {
+    const std::int32_t last = grid.ShownRowBefore(grid.Rows());
+    if (grid.TopOffset() == 0 || last < 0 || grid.Cols() == 0) return grid.MaxTopRow();
+    const bool atEnd = grid.CellRect(last, 0).bottom() <= grid.ClientHeight() - grid.BottomStrip();
+    return atEnd ? grid.TopRow() : grid.MaxTopRow();
+}
+
+std::int32_t lastLeft(const CellGrid& grid) {
+    if (grid.LeftOffset() == 0 || grid.Rows() == 0) return grid.MaxLeftCol();
+    std::int32_t last = grid.Cols() - 1;
+    while (last > grid.LeftCol() && grid.CellRect(0, last).width == 0) --last;
+    const bool atEnd = grid.CellRect(0, last).right() <= grid.ClientWidth();
+    return atEnd ? grid.LeftCol() : grid.MaxLeftCol();
+}
 }  // namespace
 
 /// As thick as the grid leaves room for.
@@ -95,14 +111,14 @@ void ScrollArea::follow(const CellGrid& grid, const Scale& scale) {
     const support::FlagSpan following(following_);
     if (grid.VerticalBarShown()) {
         const std::int32_t room = grid.ClientHeight() - grid.FixedHeight() - grid.BottomStrip();
-        const auto height = [&](std::int32_t row) { return grid.RowHidden(row) ? 0 : grid.RowHeight(row); };
-        setRange(vertical_, grid.FixedRows(), grid.MaxTopRow(), grid.TopRow(),
+        const auto height = [&](std::int32_t row) { return grid.RowShown(row) ? grid.RowHeight(row) : 0; };
+        setRange(vertical_, grid.FixedRows(), lastTop(grid), grid.TopRow(),
                  fitting(grid.TopRow(), grid.Rows(), room, height));
     }
     if (grid.HorizontalBarShown()) {
-        const std::int32_t room = grid.ClientWidth() - grid.FixedWidth();
+        const std::int32_t room = grid.ClientWidth() - grid.StillWidth();
         const auto width = [&](std::int32_t col) { return grid.ColHidden(col) ? 0 : grid.ColWidth(col); };
-        setRange(horizontal_, grid.FixedCols(), grid.MaxLeftCol(), grid.LeftCol(),
+        setRange(horizontal_, grid.StillCols(), lastLeft(grid), grid.LeftCol(),
                  fitting(grid.LeftCol(), grid.Cols(), room, width));
     } else {
         // the bar that is shown reports both places

@@ -1,10 +1,17 @@
-// Whole notches of the wheel, counted from the small steps that fine wheels and touch pads report.
+// Whole notches of the wheel, counted from the small steps that fine wheels report; what scrolls by pixels.
 #pragma once
 
+#include <QInputDevice>
 #include <QPoint>
 #include <QWheelEvent>
 
 namespace kxVsGrid::qt {
+
+/// A touchpad, which says how many pixels. Those of a mouse are no measure: they may be numbers of its driver.
+inline bool scrollsByPixels(const QWheelEvent& event) {
+    if (event.pixelDelta().isNull()) return false;
+    return event.phase() != Qt::NoScrollPhase || event.device()->type() == QInputDevice::DeviceType::TouchPad;
+}
 
 class WheelNotches {
   public:
