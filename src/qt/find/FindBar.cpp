@@ -174,6 +174,7 @@ int FindBar::place(int width, bool move) const {
     const int most = 24 * fontMetrics().horizontalAdvance(u'字');
     const QSize ending = close_.sizeHint();
     int y = gap;
+    int boxes = most;  // as wide as each other
     for (const std::vector<Part>& line : lines()) {
         std::size_t first = 0;
         while (first < line.size()) {
@@ -188,7 +189,7 @@ int FindBar::place(int width, bool move) const {
             int x = gap;
             for (std::size_t i = first; i <= last && move; ++i) {
                 int own = std::min(widthOf(line[i]), room);
-                if (line[i].box) own = std::min(std::max(most, own), own + std::max(0, room - used));
+                if (line[i].box) boxes = own = std::min(std::max(boxes, own), own + std::max(0, room - used));
                 const int tall = line[i].box ? line[i].widget->sizeHint().height() : height;
                 line[i].widget->setGeometry(x, y + (height - tall) / 2, own, tall);
                 x += own + gap;

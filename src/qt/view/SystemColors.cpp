@@ -94,8 +94,8 @@ SystemColors::SystemColors(const QPalette& palette) {
         {FittedGrey & 0xFFU, dark ? blend(base, text, 0.12) : lightGrey},
     };
     for (const auto& [index, color] : entries) system_[index] = color;
-    found_ = dark ? qRgb(0x5C, 0x4B, 0x00) : qRgb(0xFF, 0xF1, 0xA8);
-    foundHere_ = dark ? qRgb(0x94, 0x5A, 0x00) : qRgb(0xFF, 0xC2, 0x4D);
+    found_ = dark ? qRgb(0x48, 0x3C, 0x00) : qRgb(0xFF, 0xF1, 0xA8);
+    foundHere_ = dark ? qRgb(0x78, 0x48, 0x00) : qRgb(0xFF, 0xC2, 0x4D);
 }
 
 QRgb SystemColors::rgb(std::uint32_t color) const {
