@@ -31,6 +31,7 @@ struct GridColumn {
     mEmflexAlign fixedAlignment = flexAlignGeneral;
     mEmDataType dataType = flexDTEmpty;
     bool merge = false;
+    bool filtered = false;  ///< its header says so
 };
 
 class CellStore {

@@ -45,7 +45,7 @@ void ScrollBars::follow(const CellGrid& grid, const Scale& scale) {
     place(grid, scale);
     if (grid.VerticalBarShown()) {
         const std::int32_t room = grid.ClientHeight() - grid.FixedHeight() - grid.BottomStrip();
-        const auto height = [&](std::int32_t row) { return grid.RowHidden(row) ? 0 : grid.RowHeight(row); };
+        const auto height = [&](std::int32_t row) { return grid.RowShown(row) ? grid.RowHeight(row) : 0; };
         setRange(vertical_, grid.FixedRows(), grid.MaxTopRow(), grid.TopRow(),
                  fitting(grid.TopRow(), grid.Rows(), room, height));
     }
