@@ -55,6 +55,7 @@ void measure(const std::string& name, int iterations, int repetitions, Run run) 
 void planFill(Plan& plan);
 void planWrites(Plan& plan);
 void planRows(Plan& plan);
+void planFilter(Plan& plan);
 void planAppend(Plan& plan);
 void planMenus(Plan& plan);
 void planComputed(Plan& plan);

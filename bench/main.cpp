@@ -43,6 +43,7 @@ Plan makePlan() {
     planFill(plan);
     planWrites(plan);
     planRows(plan);
+    planFilter(plan);
     planAppend(plan);
     planMenus(plan);
     planComputed(plan);

@@ -34,6 +34,7 @@
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
+#include "kxVsGrid/Filters.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/HelpTable.h"
 #include "kxVsGrid/Members.h"
@@ -93,6 +94,10 @@ class kxGrid : public GridEvents {
     bool CanRun(Command command) const;
     kxVsGrid::Commands& Commands();
     const kxVsGrid::Commands& Commands() const;
+
+    /// Which rows are hidden by the texts of their cells (Filters.h).
+    kxVsGrid::Filters& Filters();
+    const kxVsGrid::Filters& Filters() const;
 
     // --- The editor.
     /// Applies the current column's rules and commits an open editor. False when the input is refused.

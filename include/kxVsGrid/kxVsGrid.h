@@ -12,6 +12,7 @@
 #include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"
+#include "kxVsGrid/Filters.h"
 #include "kxVsGrid/Form.h"
 #include "kxVsGrid/Frame.h"
 #include "kxVsGrid/GridColumns.h"

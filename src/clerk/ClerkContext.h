@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,8 @@
 #include "rows/Rows.h"
 
 namespace kxVsGrid::clerk {
+
+class Filters;
 
 /// What they ask of the control above them: cells as hosts read and write them, and where places lie.
 class CommandOwner {
@@ -29,6 +32,10 @@ class CommandOwner {
     virtual void changedData(bool changed) = 0;
     /// The host hears of a block that was written; the clerk, when something was not.
     virtual void tell(const PasteReport& report) = 0;
+    /// Filters have come, changed or ended, or hide other rows.
+    virtual void filtersChanged() = 0;
+    /// Kept for as long as something is going on whose listeners may destroy the control.
+    virtual std::shared_ptr<void> keep() = 0;
     /// What F2 does on a closed cell.
     virtual void openHelp() = 0;
     /// Where a place in the control's grid lies on the screen.
@@ -42,5 +49,6 @@ struct ClerkContext : host::ControlContext {
     rows::Rows& rows;
     editing::EditSession& editor;
     CommandOwner& owner;
+    Filters& filters;
 };
 }  // namespace kxVsGrid::clerk

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "clerk/Filters.h"
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
 #include "support/FlagSpan.h"
@@ -27,9 +28,10 @@ bool goesBack(Command command) {
 
 // --- What can be done
 
-/// On a data cell of a grid that can be edited.
+/// On a data cell of a grid that can be edited, in a row that no filter hides.
 bool CommandRunner::mayEdit() const {
-    return c_.flags.Editable && columns::isDataCell(c_.grid, c_.grid.Row(), c_.grid.Col());
+    const std::int32_t row = c_.grid.Row();
+    return c_.flags.Editable && columns::isDataCell(c_.grid, row, c_.grid.Col()) && !c_.grid.RowFiltered(row);
 }
 
 bool CommandRunner::can(Command command) const {
@@ -79,6 +81,10 @@ bool CommandRunner::canOnClosedCell(Command command) const {
             return sorts_.canSort();
         case Command::Unsort:
             return c_.flags.Editable && sorts_.canUnsort();
+        case Command::Filter:
+            return filters_.canChoose();
+        case Command::Unfilter:
+            return c_.filters.on();
         case Command::Help:
             return mayEdit();
         case Command::Menu:
@@ -110,7 +116,7 @@ bool CommandRunner::runOnClosedCell(Command command) {
         case Command::CopyWithHeaders:
             return copyPaste_.copy(true);
         case Command::Cut:
-            if (!copyPaste_.copy(false)) return false;
+            if (!copyPaste_.copyToCut()) return false;
             cells_.clear(command);
             return true;
         case Command::Paste:
@@ -154,6 +160,10 @@ bool CommandRunner::runOnClosedCell(Command command) {
             return sorts_.sort(command == Command::SortDown);
         case Command::Unsort:
             return sorts_.unsort();
+        case Command::Filter:
+            return filters_.choose();
+        case Command::Unfilter:
+            return c_.filters.end();
         case Command::Help:
             c_.owner.openHelp();
             return true;

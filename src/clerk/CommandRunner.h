@@ -12,6 +12,7 @@
 #include "clerk/CellCommands.h"
 #include "clerk/ClerkContext.h"
 #include "clerk/CopyPaste.h"
+#include "clerk/FilterCommands.h"
 #include "clerk/Menus.h"
 #include "clerk/RowCommands.h"
 #include "clerk/SortCommands.h"
@@ -22,7 +23,7 @@ namespace kxVsGrid::clerk {
 class CommandRunner {
   public:
     CommandRunner(const ClerkContext& context, Menus& menus)
-        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context), sorts_(context) {}
+        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context), sorts_(context), filters_(context) {}
 
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.
@@ -63,6 +64,7 @@ class CommandRunner {
     CellCommands cells_;
     RowCommands rows_;
     SortCommands sorts_;
+    FilterCommands filters_;
     Told told_;
     bool telling_ = false;
 };

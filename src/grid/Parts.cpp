@@ -23,8 +23,9 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       settings(main, sums, columns, flags, totals, layout),
       editor({context, platform, *seat, *this}),
       rows({context, editor, totals, wheel, defaulted}),
-      menus({context, defaulted, platform, *seat, rows, editor, *this}),
-      commands({context, defaulted, platform, *seat, rows, editor, *this}, menus),
+      filters(context, editor, *this),
+      menus({context, defaulted, platform, *seat, rows, editor, *this, filters}),
+      commands({context, defaulted, platform, *seat, rows, editor, *this, filters}, menus),
       inputContext{context, editor, rows, totals, *seat, platform},
       moveEvents(inputContext),
       keys(inputContext, menus),
@@ -52,6 +53,7 @@ void kxGrid::Parts::controlGone() {
     sums.silence();
     steps.silence();
     commands.face.Changed.disconnectAll();
+    filters.face.Changed.disconnectAll();
     commands.face.Reported.disconnectAll();
     options.RowInUse.disconnectAll();
     options.CellLocked.disconnectAll();
@@ -64,10 +66,16 @@ void kxGrid::Parts::connectMoves() {
             moveEvents.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
         }));
     main.LeaveCell.connect(keeping([this] { moveEvents.leaveCell(); }));
-    main.EnterCell.connect(keeping([this] { moveEvents.enterCell(); }));
+    main.EnterCell.connect(keeping([this] {
+        filters.entered();
+        moveEvents.enterCell();
+    }));
     main.RowColChange.connect(keeping([this] { moveEvents.rowColChange(); }));
     main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
-        moveEvents.afterRowColChange(oldRow, oldCol, newRow, newCol);
+        support::FirstFault fault;
+        fault.during([&] { moveEvents.afterRowColChange(oldRow, oldCol, newRow, newCol); });
+        fault.during([&] { filters.settle(); });
+        fault.raise();
     }));
     main.SelChange.connect(keeping([this] {
         host.raise(&GridEvents::SelChange);
@@ -82,11 +90,14 @@ void kxGrid::Parts::connectMoves() {
         rows.follower().rowsLimited(main.Rows());
         defaulted.colsLimited(main.Cols());
         editor.place();
+        filters.sizeChanged();
+        filters.settle();
     }));
     main.PlacesChanged.connect([this] {
-        if (!editor.visible()) return;
+        if (!editor.visible() && !filters.on()) return;
         const auto kept = shared_from_this();
-        editor.placesChanged();
+        if (editor.visible()) editor.placesChanged();
+        filters.sizeChanged();
     });
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted) {
@@ -95,6 +106,7 @@ void kxGrid::Parts::connectMoves() {
         } else {
             rows.follower().rowRemoved(position);
             editor.rowRemoved(position);
+            filters.settle();
         }
     }));
     main.RowsReordered.connect(keeping(
@@ -180,6 +192,7 @@ void kxGrid::Parts::tell(const PasteReport& report) {
 
 void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {
     if (!host.there() || main.Col() < 0) return;
+    filters.expose(row);
     main.Select(row, col < 0 ? main.Col() : col);
     editing::bringCurrentCellIntoView(main);
 }
@@ -192,6 +205,7 @@ DraftInfo kxGrid::Parts::recover(std::string_view draft, bool document) {
             const std::int32_t row = main.Row();
             info = recoverDraft(main, draft, document, [&] {
                 editor.drop();
+                filters.drop();
                 steps.forget();
             });
             if (info.refusal.empty()) rows.replaced();

@@ -115,6 +115,7 @@ constexpr CommandKey keys[] = {
     {Command::MoveRowUp, Up, AltKey, EditorToo},
     {Command::MoveRowDown, Down, AltKey, EditorToo},
     {Command::GoToRow, 'G', CtrlKey, EditorToo},
+    {Command::Filter, 'L', CtrlKey + ShiftKey, EditorToo},
     {Command::Today, Semicolon, CtrlKey, EditorToo},
     {Command::Now, Semicolon, CtrlKey + ShiftKey, EditorToo},
     {Command::NextProblem, F8, 0, EditorToo},

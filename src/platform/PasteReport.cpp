@@ -10,9 +10,14 @@ void append(std::string& summary, const char* what, std::int64_t count) {
 }
 }  // namespace
 
+std::string passedOverText(std::int64_t rows) {
+    if (rows == 0) return {};
+    return "有 " + std::to_string(rows) + " 行被筛选隐藏，未处理。";
+}
+
 std::string PasteReport::summary() const {
     if (cancelled) return "已取消，没有改动。";
-    if (passedOver == 0 && refused == 0 && !cutShort) return {};
+    if (passedOver == 0 && refused == 0 && !cutShort) return passedOverText(filteredRows);
     const bool clears = command == Command::Cut || command == Command::ClearCells;
     std::string summary;
     append(summary, clears ? "已清除 " : "写入 ", written);
@@ -20,6 +25,6 @@ std::string PasteReport::summary() const {
     append(summary, "未通过 ", refused);
     if (summary.empty()) summary = clears ? "没有清除" : "没有写入";
     if (cutShort) summary += "，其余中断" + std::string(clears ? "未清除" : "未写");
-    return summary + "。";
+    return summary + "。" + passedOverText(filteredRows);
 }
 }  // namespace kxVsGrid

@@ -48,7 +48,7 @@ PUBLIC_HEADERS = {
     "columns": "ColumnOptions cVsControl",
     "host": "GridEvents Options",
     "dialogs": "ControlPage HelpExchange HelpTable",
-    "clerk": "Commands",
+    "clerk": "Commands Filters",
     "grid": "GridColumns StoredKeys kxGrid",
     "headless": "kxVsGrid",  # the umbrella stands above all that it includes
 }
