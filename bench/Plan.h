@@ -56,6 +56,7 @@ void planFill(Plan& plan);
 void planWrites(Plan& plan);
 void planRows(Plan& plan);
 void planSort(Plan& plan);
+void planFilter(Plan& plan);
 void planAppend(Plan& plan);
 void planMenus(Plan& plan);
 void planComputed(Plan& plan);

@@ -44,6 +44,7 @@ Plan makePlan() {
     planWrites(plan);
     planRows(plan);
     planSort(plan);
+    planFilter(plan);
     planAppend(plan);
     planMenus(plan);
     planComputed(plan);

@@ -31,6 +31,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "kxVsGrid/CellMark.h"
@@ -215,6 +216,12 @@ class CellGrid {
     /// The same, of some of the columns; GridError when the range reaches beyond the grid.
     void ForEachCell(const CellRange& range, const CellVisitor& visit) const;
 
+    using TextVisitor = std::function<void(std::int32_t row, std::string_view text)>;
+    /// The cells of a row range in one column that have a text, computed ones included, row numbers not; it may
+    /// not write. Takes a time that grows with the rows that were ever written to.
+    void ForEachText(std::int32_t col, std::int32_t firstRow, std::int32_t lastRow,
+                     const TextVisitor& visit) const;
+
     /// The first data row, other than `except`, whose stored text in the column is `text`; -1 for none. Takes
     /// a time that grows with the rows that were ever written to.
     std::int32_t RowWithText(std::int32_t col, std::string_view text, std::int32_t except = -1) const;
@@ -291,6 +298,9 @@ class CellGrid {
     void ColDataType(std::int32_t col, mEmDataType type);
     bool MergeCol(std::int32_t col) const;
     void MergeCol(std::int32_t col, bool merge);
+    /// The column's last fixed cell bears a sign that rows are hidden by what stands in the column. False at first.
+    bool ColFiltered(std::int32_t col) const;
+    void ColFiltered(std::int32_t col, bool filtered);
 
     // --- Rows.
     std::int32_t RowHeight(std::int32_t row) const;
@@ -300,8 +310,13 @@ class CellGrid {
     /// Hidden by a filter, which is a state of its own beside RowHidden; it goes with its row. New rows are not.
     bool RowFiltered(std::int32_t row) const;
     void RowFiltered(std::int32_t row, bool filtered);
-    /// The same for the rows from `first` on, one for each flag, at once.
+    /// The same for the rows from `first` on, one for each flag, at once. When memory fails nothing has changed.
     void FilterRows(std::int32_t first, const std::vector<bool>& filtered);
+    /// The same for single rows, from the first to the last one; where memory fails some may have changed. Takes a
+    /// time that grows with their number, not with what lies between them.
+    void FilterRows(const std::vector<std::pair<std::int32_t, bool>>& rows);
+    /// How many rows of a range are hidden by a filter alone: those that RowHidden hides are not counted.
+    std::int32_t FilteredRows(std::int32_t firstRow, std::int32_t lastRow) const;
     /// The row has a height and is neither hidden nor filtered.
     bool RowShown(std::int32_t row) const;
     /// Smaller rows are raised to this; 0 is none.

@@ -35,6 +35,7 @@ struct FrameItem {
                  ///< lines that it ends with: tones of the colour, which is that of the ground
         Tint,    ///< a veil of the colour over the rectangle, a quarter of it: what is below shows through
         Mark,    ///< a triangle in the upper right half of the rectangle, for a mark of the kind `mark`
+        Funnel,  ///< that fills the rectangle: the header of a column that filters (CellGrid::ColFiltered)
     };
     Kind kind = Kind::Fill;
     bool checked = false;

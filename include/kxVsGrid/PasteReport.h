@@ -29,12 +29,16 @@ struct PasteReport {
     std::int64_t passedOver = 0;  ///< cells that cannot be edited: read-only or locked
     std::int64_t refused = 0;
     std::int64_t rowsAdded = 0;
-    bool cancelled = false;  ///< by the clerk: all was taken back
-    bool cutShort = false;   ///< a handler has failed or has taken the cells away: the rest was not written
+    std::int64_t filteredRows = 0;  ///< that were passed over, since a filter hides them
+    bool cancelled = false;         ///< by the clerk: all was taken back
+    bool cutShort = false;  ///< a handler has failed or has taken the cells away: the rest was not written
     std::vector<Refusal> refusals;
 
     /// In a sentence: "写入 118 格，跳过只读 2 格，未通过 1 格。"; of cells that were cut or cleared "已清除 13 格，…".
     /// Empty when all went well.
     std::string summary() const;
 };
+
+/// "有 12 行被筛选隐藏，未处理。"; empty for none.
+std::string passedOverText(std::int64_t rows);
 }  // namespace kxVsGrid

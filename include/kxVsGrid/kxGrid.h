@@ -35,6 +35,7 @@
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
+#include "kxVsGrid/Filters.h"
 #include "kxVsGrid/Find.h"
 #include "kxVsGrid/GridEvents.h"
 #include "kxVsGrid/HelpTable.h"
@@ -97,6 +98,10 @@ class kxGrid : public GridEvents {
     const kxVsGrid::Commands& Commands() const;
     /// Finding texts in the cells, and replacing them (Find.h).
     Finder& Find();
+
+    /// Which rows are hidden by the texts of their cells (Filters.h).
+    kxVsGrid::Filters& Filters();
+    const kxVsGrid::Filters& Filters() const;
 
     // --- The editor.
     /// Applies the current column's rules and commits an open editor. False when the input is refused.

@@ -13,6 +13,7 @@
 #include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"
+#include "kxVsGrid/Filters.h"
 #include "kxVsGrid/Find.h"
 #include "kxVsGrid/Form.h"
 #include "kxVsGrid/Frame.h"

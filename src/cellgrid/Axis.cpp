@@ -40,6 +40,42 @@ bool Axis::setFiltered(std::int32_t first, const std::vector<bool>& filtered) {
     return prepared.has_value();
 }
 
+bool Axis::setFiltered(const std::vector<std::pair<std::int32_t, bool>>& elements) {
+    constexpr std::size_t Apart = 64;  // a change of one element costs as much as looking at so many
+    if (elements.empty()) return false;
+    const std::int32_t first = elements.front().first;
+    const std::int32_t span = elements.back().first - first + 1;
+    if (static_cast<std::size_t>(span) / Apart > elements.size()) {
+        bool changed = false;
+        for (const auto& [index, filtered] : elements) changed = setFiltered(index, filtered) || changed;
+        return changed;
+    }
+    auto next = elements.begin();
+    std::int32_t index = first;
+    auto prepared = runs_.prepareMap(first, span, [&](AxisSize s) {
+        if (next->first == index++) {
+            s.filtered = next->second;
+            if (next + 1 != elements.end()) ++next;
+        }
+        return s;
+    });
+    if (prepared) runs_.replace(*prepared);
+    return prepared.has_value();
+}
+
+std::int32_t Axis::filteredAlone(std::int32_t first, std::int32_t stop) const {
+    const auto& blocks = runs_.blocks();
+    std::int64_t found = 0;
+    for (auto place = blocks.find(first); !blocks.atEnd(place) && place.first < stop;
+         place = blocks.next(place)) {
+        const auto& run = blocks[place];
+        if (!run.value.filtered || run.value.hidden || run.value.size <= 0) continue;
+        found += std::min<std::int64_t>(stop, place.first + run.count) -
+                 std::max<std::int64_t>(first, place.first);
+    }
+    return static_cast<std::int32_t>(found);
+}
+
 bool Axis::setMinimum(std::int32_t minimum) {
     minimum_ = minimum;
     return runs_.transform(0, count(), [minimum](AxisSize s) {

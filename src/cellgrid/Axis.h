@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "cellgrid/store/RunList.h"
@@ -49,6 +50,10 @@ class Axis {
     bool setFiltered(std::int32_t index, bool filtered);
     /// The elements from `first` on, one for each flag. All or nothing when memory fails.
     bool setFiltered(std::int32_t first, const std::vector<bool>& filtered);
+    /// The elements that are named, ascending. Many that lie close together are all or nothing.
+    bool setFiltered(const std::vector<std::pair<std::int32_t, bool>>& elements);
+    /// How many elements of [first, stop) would have an extent but for the filter.
+    std::int32_t filteredAlone(std::int32_t first, std::int32_t stop) const;
     std::int32_t minimum() const { return minimum_; }
     /// Raises smaller elements, now and later; lowering it lowers none.
     bool setMinimum(std::int32_t minimum);

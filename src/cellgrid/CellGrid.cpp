@@ -2,6 +2,7 @@
 #include "kxVsGrid/CellGrid.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "cellgrid/GridImpl.h"
@@ -66,6 +67,14 @@ void CellGrid::ForEachCell(const CellRange& range, const CellVisitor& visit) con
     impl_->requireCell("ForEachCell", range.lastRow, range.lastCol);
     impl_->store.forEachCell(range.firstRow, range.lastRow - range.firstRow + 1, range.firstCol,
                              range.lastCol, visit);
+}
+
+void CellGrid::ForEachText(std::int32_t col, std::int32_t firstRow, std::int32_t lastRow,
+                           const TextVisitor& visit) const {
+    impl_->requireCol("ForEachText", col);
+    if (lastRow < firstRow) return;
+    impl_->requireRows("ForEachText", firstRow, lastRow);
+    impl_->store.forEachText(col, firstRow, lastRow + 1, visit);
 }
 
 std::int32_t CellGrid::RowWithText(std::int32_t col, std::string_view text, std::int32_t except) const {
@@ -347,6 +356,14 @@ void CellGrid::MergeCol(std::int32_t col, bool merge) {
     impl_->store.column(col).merge = merge;
     impl_->damage.addAll();
 }
+bool CellGrid::ColFiltered(std::int32_t col) const {
+    impl_->requireCol("ColFiltered", col);
+    return impl_->store.column(col).filtered;
+}
+void CellGrid::ColFiltered(std::int32_t col, bool filtered) {
+    impl_->requireCol("ColFiltered", col);
+    if (std::exchange(impl_->store.column(col).filtered, filtered) != filtered) impl_->damage.addAll();
+}
 
 // --- Rows.
 
@@ -380,6 +397,21 @@ void CellGrid::FilterRows(std::int32_t first, const std::vector<bool>& filtered)
     if (filtered.size() > static_cast<std::size_t>(Rows() - first))
         misuse("FilterRows", static_cast<std::int64_t>(filtered.size()), "rows are more than there are");
     if (impl_->layout.rows.axis.setFiltered(first, filtered)) held()->geometryChanged();
+}
+void CellGrid::FilterRows(const std::vector<std::pair<std::int32_t, bool>>& rows) {
+    for (const auto& [row, filtered] : rows) impl_->requireRow("FilterRows", row);
+    const auto impl = held();
+    try {
+        if (impl->layout.rows.axis.setFiltered(rows)) impl->geometryChanged();
+    } catch (const std::bad_alloc&) {
+        impl->settle();
+        throw;
+    }
+}
+std::int32_t CellGrid::FilteredRows(std::int32_t firstRow, std::int32_t lastRow) const {
+    if (lastRow < firstRow) return 0;
+    impl_->requireRows("FilteredRows", firstRow, lastRow);
+    return impl_->layout.rows.axis.filteredAlone(firstRow, lastRow + 1);
 }
 bool CellGrid::RowShown(std::int32_t row) const {
     impl_->requireRow("RowShown", row);

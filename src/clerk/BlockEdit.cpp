@@ -64,7 +64,7 @@ void BlockEdit::takeBack(support::FirstFault& fault) {
         report_.cutShort = !report_.cancelled;
     });
     if (!report_.cancelled || !c_.host.there()) return;
-    report_.written = report_.same = report_.rowsAdded = report_.refused = 0;
+    report_.written = report_.same = report_.rowsAdded = report_.refused = report_.filteredRows = 0;
     report_.refusals.clear();
     c_.owner.changedData(changedBefore_);
     for (auto before = marks_.rbegin(); before != marks_.rend() && c_.host.there(); ++before)

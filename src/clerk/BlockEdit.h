@@ -6,6 +6,7 @@
 // clerk cancels takes itself back.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -53,6 +54,7 @@ class BlockEdit {
     /// visit(row) for the shown rows from one to another, for as long as the act goes on.
     template <class Visit>
     void forEachRow(std::int32_t first, std::int32_t last, Visit visit) {
+        passOver(c_.grid.FilteredRows(first, std::min(last, c_.grid.Rows() - 1)));
         ShownRows rows(c_.grid, c_.rows.follower(), first, last);
         while (goesOn() && rows.next()) visit(rows.row());
         if (rows.gone()) cutShort();
@@ -65,6 +67,8 @@ class BlockEdit {
     /// More is to come below the row. The last one asks the host for another one, once, as typing there does;
     /// it also asks when something is written into it.
     void askForRowBelow(const rows::FollowedRow& row);
+    /// So many rows are left out, since a filter hides them.
+    void passOver(std::int64_t rows) { report_.filteredRows += rows; }
     /// Values that have no cell.
     void refuseBeyond(std::int64_t cells, std::string reason);
     /// The cells have gone.

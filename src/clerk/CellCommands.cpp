@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <tuple>
+#include <unordered_set>
 
+#include "clerk/PassedRows.h"
 #include "clerk/ShownCells.h"
 #include "editing/DateForms.h"
 #include "support/Dates.h"
@@ -15,14 +17,19 @@ struct FilledCell {
     std::int32_t col;
 };
 
-/// Row by row, as the clerk reads them.
-std::vector<FilledCell> filledCells(const CellGrid& grid, const CellRange& range) {
+/// Row by row, as the clerk reads them. `filtered` is the number of rows that hold something, and that a filter hides.
+std::vector<FilledCell> filledCells(const CellGrid& grid, const CellRange& range, std::int64_t& filtered) {
     std::vector<FilledCell> cells;
+    std::unordered_set<std::int32_t> unseen;
     grid.ForEachCell(range.firstRow, range.lastRow,
                      [&](std::int32_t row, std::int32_t col, std::string_view, std::string_view) {
-                         if (range.contains(row, col) && isShownCol(grid, col) && isShownRow(grid, row))
+                         if (!range.contains(row, col) || !isShownCol(grid, col)) return;
+                         if (isShownRow(grid, row))
                              cells.push_back({row, col});
+                         else if (grid.FilteredRows(row, row) > 0)
+                             unseen.insert(row);
                      });
+    filtered = static_cast<std::int64_t>(unseen.size());
     std::sort(cells.begin(), cells.end(), [](const FilledCell& a, const FilledCell& b) {
         return std::tie(a.row, a.col) < std::tie(b.row, b.col);
     });
@@ -35,13 +42,15 @@ std::vector<FilledCell> filledCells(const CellGrid& grid, const CellRange& range
 /// Only rows that hold something are followed: most of a large selection may be empty.
 void CellCommands::clear(Command command) {
     CellGrid& grid = c_.grid;
-    const std::vector<FilledCell> cells = filledCells(grid, grid.Selected());
-    if (cells.empty()) return;
+    std::int64_t filtered = 0;
+    const std::vector<FilledCell> cells = filledCells(grid, grid.Selected(), filtered);
+    if (cells.empty()) return tellPassedOver(c_, filtered);
     std::vector<RowId> ids;  // of the rows, one after the other
     for (std::size_t i = 0; i < cells.size(); ++i)
         if (i == 0 || cells[i].row != cells[i - 1].row) ids.push_back(grid.IdOf(cells[i].row));
 
     BlockEdit edit(c_, command, static_cast<std::int64_t>(cells.size()));
+    edit.passOver(filtered);
     edit.during(namedFor(command, static_cast<std::int64_t>(cells.size())), [&] {
         auto id = ids.begin();
         for (std::size_t i = 0; i < cells.size() && edit.goesOn(); ++id) {

@@ -15,6 +15,8 @@
 
 namespace kxVsGrid::clerk {
 
+class Filters;
+
 /// What they ask of the control above them: cells as hosts read and write them, and where places lie.
 class CommandOwner {
   public:
@@ -33,7 +35,9 @@ class CommandOwner {
     virtual void tell(const PasteReport& report) = 0;
     /// What is looked for is another text, and whether there is one.
     virtual void searchChanged() = 0;
-    /// Holds the control's parts for what goes on after an event.
+    /// Filters have come, changed or ended, or hide other rows.
+    virtual void filtersChanged() = 0;
+    /// Kept for as long as something is going on whose listeners may destroy the control.
     virtual std::shared_ptr<void> keep() = 0;
     /// What F2 does on a closed cell.
     virtual void openHelp() = 0;
@@ -49,5 +53,6 @@ struct ClerkContext : host::ControlContext {
     editing::EditSession& editor;
     CommandOwner& owner;
     columns::ClerkColumns& clerkColumns;
+    Filters& filters;
 };
 }  // namespace kxVsGrid::clerk

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "clerk/Filters.h"
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
 #include "support/FlagSpan.h"
@@ -41,6 +42,7 @@ CommandRunner::CommandRunner(const ClerkContext& context, Menus& menus, Search& 
       cells_(context),
       rows_(context),
       sorts_(context),
+      filters_(context),
       columns_(context),
       headers_(context, sorts_, columns_) {
     menus_.headers(headers_);
@@ -48,9 +50,10 @@ CommandRunner::CommandRunner(const ClerkContext& context, Menus& menus, Search& 
 
 // --- What can be done
 
-/// On a data cell of a grid that can be edited.
+/// On a data cell of a grid that can be edited, in a row that no filter hides.
 bool CommandRunner::mayEdit() const {
-    return c_.flags.Editable && columns::isDataCell(c_.grid, c_.grid.Row(), c_.grid.Col());
+    const std::int32_t row = c_.grid.Row();
+    return c_.flags.Editable && columns::isDataCell(c_.grid, row, c_.grid.Col()) && !c_.grid.RowFiltered(row);
 }
 
 bool CommandRunner::can(Command command) const {
@@ -107,6 +110,10 @@ bool CommandRunner::canOnClosedCell(Command command) const {
             return sorts_.canSort(grid.Col());
         case Command::Unsort:
             return sorts_.canUnsort();
+        case Command::Filter:
+            return filters_.canChoose();
+        case Command::Unfilter:
+            return c_.filters.on();
         case Command::HideColumn:
             return columns_.canHide(columns_.chosen());
         case Command::ShowColumns:
@@ -148,7 +155,7 @@ bool CommandRunner::runOnClosedCell(Command command) {
         case Command::CopyWithHeaders:
             return copyPaste_.copy(true);
         case Command::Cut:
-            if (!copyPaste_.copy(false)) return false;
+            if (!copyPaste_.copyToCut()) return false;
             cells_.clear(command);
             return true;
         case Command::Paste:
@@ -199,6 +206,10 @@ bool CommandRunner::runOnClosedCell(Command command) {
             return sorts_.sort(c_.grid.Col(), command == Command::SortDown);
         case Command::Unsort:
             return sorts_.unsort();
+        case Command::Filter:
+            return filters_.choose();
+        case Command::Unfilter:
+            return c_.filters.end();
         case Command::HideColumn:
             return columns_.hide(columns_.chosen());
         case Command::ShowColumns:

@@ -13,6 +13,7 @@
 #include "clerk/ClerkContext.h"
 #include "clerk/ColumnCommands.h"
 #include "clerk/CopyPaste.h"
+#include "clerk/FilterCommands.h"
 #include "clerk/HeaderMenu.h"
 #include "clerk/Menus.h"
 #include "clerk/RowCommands.h"
@@ -70,6 +71,7 @@ class CommandRunner {
     CellCommands cells_;
     RowCommands rows_;
     SortCommands sorts_;
+    FilterCommands filters_;
     ColumnCommands columns_;
     HeaderMenu headers_;
     Told told_;

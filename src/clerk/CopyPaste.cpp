@@ -4,6 +4,7 @@
 #include <random>
 #include <utility>
 
+#include "clerk/PassedRows.h"
 #include "clerk/ShownCells.h"
 #include "rows/RowsInUse.h"
 #include "support/BlockForm.h"
@@ -45,6 +46,18 @@ const std::string& CopyPaste::gridKey() const {
 }
 
 bool CopyPaste::copy(bool headers) const {
+    std::int64_t filtered = 0;
+    if (!copySelected(headers, filtered)) return false;
+    tellPassedOver(c_, filtered);
+    return true;
+}
+
+bool CopyPaste::copyToCut() const {
+    std::int64_t filtered = 0;  // of which clearing will tell
+    return copySelected(false, filtered);
+}
+
+bool CopyPaste::copySelected(bool headers, std::int64_t& filtered) const {
     const CellGrid& grid = c_.grid;
     const CellRange range = grid.Selected();
     const std::vector<std::int32_t> cols = shownCols(grid, range.firstCol, range.lastCol);
@@ -67,7 +80,9 @@ bool CopyPaste::copy(bool headers) const {
     }
     std::int64_t cells = 0;
     std::string only;
-    ShownRows rows(grid, c_.rows.follower(), range.firstRow, lastRowToCopy(grid, range));
+    const std::int32_t last = lastRowToCopy(grid, range);
+    filtered = grid.FilteredRows(range.firstRow, last);
+    ShownRows rows(grid, c_.rows.follower(), range.firstRow, last);
     while (rows.next()) {
         const std::int32_t row = rows.row().row();
         for (std::size_t i = 0; i < cols.size(); ++i) {
@@ -208,6 +223,7 @@ void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
     ShownRows rows(c_.grid, c_.rows.follower(), at.firstRow);
     std::int64_t row = -1;
     bool room = true;
+    bool begun = false;
     std::int64_t beside = 0;
     std::int64_t below = 0;
     while (edit.goesOn() && source.next()) {
@@ -216,6 +232,7 @@ void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
             row = source.row();
             if (room && row > 0) edit.askForRowBelow(rows.row());
             room = room && rows.next();
+            begun = begun || room;
         }
         const auto col = static_cast<std::size_t>(source.col());
         if (col >= cols.size())
@@ -225,6 +242,7 @@ void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,
         else
             source.writeTo(edit, rows.row(), cols[col]);
     }
+    if (begun && !rows.gone()) edit.passOver(c_.grid.FilteredRows(at.firstRow, rows.row().row()));
     edit.refuseBeyond(beside, "超出最后一列。");
     edit.refuseBeyond(below, "没有更多的行。");
 }

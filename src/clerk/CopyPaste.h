@@ -20,13 +20,16 @@ class CopyPaste {
   public:
     explicit CopyPaste(const ClerkContext& context) : c_(context) {}
 
-    /// False when there is no cell to copy.
+    /// False when there is no cell to copy. The clerk is told of rows that a filter hides.
     bool copy(bool headers) const;
+    /// The same, of which clearing tells.
+    bool copyToCut() const;
     /// False when there is nothing to paste, or no cell for it that can be edited. A single value that one cell
     /// refuses is left to the clerk in the open editor, and a tip says why; one that the editor would cut stays out.
     bool paste();
 
   private:
+    bool copySelected(bool headers, std::int64_t& filtered) const;
     class Source;
     const std::string& gridKey() const;
     bool isCurrentCell(const CellRange& range) const;

@@ -7,6 +7,8 @@
 #include <optional>
 #include <system_error>
 
+#include "clerk/Filters.h"
+#include "clerk/PassedRows.h"
 #include "rows/PairWrite.h"
 #include "rows/RowsInUse.h"
 #include "support/Dates.h"
@@ -50,7 +52,7 @@ std::string_view nameOf(Fills::Way way) {
 }  // namespace
 
 void Fills::fill(Way way) {
-    if (c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
+    if (c_.grid.Row() < 0 || c_.grid.Col() < 0 || c_.grid.RowFiltered(c_.grid.Row())) return;
     const WaitCursor wait(c_.platform);
     c_.steps.during(nameOf(way), Cause::Fill, [&] { fillBelow(way); });
 }
@@ -77,20 +79,26 @@ std::int32_t Fills::lastRow(std::int32_t first) const {
 }
 
 /// Writes what `next` answers into each cell below the current one, until it has no answer or the fill ends.
-/// After a failure the values go on without being written: those are the cells that are left.
+/// After a failure the values go on without being written: those are the cells that are left. While a filter is on,
+/// rows that are not seen get no value.
 template <class Next>
 void Fills::writeBelow(Next next) {
     const std::int32_t col = c_.grid.Col();
     std::int32_t left = 0;
+    std::int32_t filtered = 0;
     std::int32_t row = c_.grid.Row() + 1;
     const std::int32_t last = lastRow(row);
     for (; row <= last && row < c_.grid.Rows(); ++row) {
+        if (c_.filters.on() && !c_.grid.RowShown(row)) {
+            if (c_.grid.RowFiltered(row)) ++filtered;
+            continue;
+        }
         const std::optional<TextAndTag> value = next();
         if (!value) break;
         if (left == 0 && write(row, col, *value)) continue;
         ++left;
     }
-    if (left > 0) tellOfCellsLeft(left);
+    tellOfCellsLeft(left, filtered);
 }
 
 /// Where the text could not follow its tag, since a listener has failed, the cell is left as it was.
@@ -103,10 +111,10 @@ bool Fills::write(std::int32_t row, std::int32_t col, const TextAndTag& value) {
 }
 
 /// Beside the current cell, without a box: one has told of the failure.
-void Fills::tellOfCellsLeft(std::int32_t cells) const {
-    if (!c_.host.there() || c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
-    c_.platform.showTip("填充中断，还有 " + std::to_string(cells) + " 个单元格未填充。",
-                        c_.owner.onScreen(c_.grid.CellRect(c_.grid.Row(), c_.grid.Col())));
+void Fills::tellOfCellsLeft(std::int32_t cells, std::int32_t filtered) const {
+    std::string told;
+    if (cells > 0) told = "填充中断，还有 " + std::to_string(cells) + " 个单元格未填充。";
+    tellAtCell(c_, told + passedOverText(filtered));
 }
 
 /// Each date as text and as tag, until there is no next one.
@@ -134,7 +142,14 @@ void Fills::dates(Way way, const std::string& text) {
 /// The displayed text of the cell above; in the first data row the cell's own.
 std::string Fills::textAbove(const std::string& text) const {
     const std::int32_t row = c_.grid.Row();
-    return row > c_.grid.FixedRows() ? c_.grid.DisplayText(row - 1, c_.grid.Col()) : text;
+    const std::int32_t above = rowAbove(row);
+    return above < 0 ? text : c_.grid.DisplayText(above, c_.grid.Col());
+}
+
+/// The one that the clerk sees there, while a filter is on; -1 for none.
+std::int32_t Fills::rowAbove(std::int32_t row) const {
+    const std::int32_t above = c_.filters.on() ? c_.grid.ShownRowBefore(row) : row - 1;
+    return above < c_.grid.FixedRows() ? -1 : above;
 }
 
 void Fills::series(const std::string& text) {
@@ -156,7 +171,8 @@ void Fills::numberSeries() {
     const std::int32_t row = c_.grid.Row();
     const std::int32_t col = c_.grid.Col();
     double value = c_.grid.CellNumber(row, col);
-    const double before = row > c_.grid.FixedRows() ? c_.grid.CellNumber(row - 1, col) : value;
+    const std::int32_t above = rowAbove(row);
+    const double before = above < 0 ? value : c_.grid.CellNumber(above, col);
     const int places = std::max(decimalPlaces(value), decimalPlaces(before));
     double step = toPlaces(value - before, places);
     if (step == 0) step = 1;

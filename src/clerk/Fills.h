@@ -29,7 +29,8 @@ class Fills {
     explicit Fills(const ClerkContext& context) : c_(context) {}
 
     /// Where the cell's text does not fit the way, nothing happens. A cell that cannot be written ends it
-    /// and keeps its tag with its text: one box tells of it, and a tip of how many cells were left.
+    /// and keeps its tag with its text: one box tells of it, and a tip of how many cells were left. Rows that a
+    /// filter hides are passed over, which the tip tells, too.
     void fill(Way way);
 
   private:
@@ -40,7 +41,8 @@ class Fills {
     template <class Next>
     void writeBelow(Next next);
     bool write(std::int32_t row, std::int32_t col, const TextAndTag& value);
-    void tellOfCellsLeft(std::int32_t cells) const;
+    void tellOfCellsLeft(std::int32_t cells, std::int32_t filtered) const;
+    std::int32_t rowAbove(std::int32_t row) const;
     template <class Next>
     void writeDates(DateTime date, Next next);
     void dates(Way way, const std::string& text);

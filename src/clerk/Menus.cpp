@@ -137,6 +137,8 @@ void Menus::chooseFillItems() {
 void Menus::rowCommand(std::int32_t index) {
     const std::int32_t end = c_.grid.Rows();
     const std::int32_t current = c_.grid.Row();
+    const bool copies = index == Copy || index == CopyInsert;
+    if (copies && current >= 0 && c_.grid.RowFiltered(current)) return;
     switch (index) {
         case Add:
             return c_.rows.add(end, true, false);

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <string>
 
+#include "clerk/Filters.h"
+#include "clerk/PassedRows.h"
 #include "clerk/ShownCells.h"
 #include "editing/BringIntoView.h"
 #include "support/Numbers.h"
@@ -23,6 +25,8 @@ void RowCommands::remove() {
     CellGrid& grid = c_.grid;
     if (!wholeRows()) return c_.rows.removeCurrent();
     std::vector<RowId> going;
+    const CellRange selected = grid.Selected();
+    const std::int64_t filtered = grid.FilteredRows(selected.firstRow, selected.lastRow);
     for (const RowId id : selectedRows()) {
         if (!c_.host.there()) return;
         const std::int32_t row = grid.RowOf(id);
@@ -34,6 +38,7 @@ void RowCommands::remove() {
             if (const std::int32_t row = c_.host.there() ? grid.RowOf(id) : -1; row >= grid.FixedRows())
                 c_.rows.remove(row);
     });
+    tellPassedOver(c_, filtered);
 }
 
 /// The shown ones, from the last one up. Of a very long grid the empty rows at its end stay.
@@ -97,7 +102,10 @@ bool RowCommands::goTo() {
         return false;
     }
     const std::int32_t row = grid.FixedRows() + static_cast<std::int32_t>(*number) - 1;
-    if (row >= grid.Rows() || grid.Col() < 0 || !grid.Select(row, grid.Col())) return false;
+    if (row >= grid.Rows() || grid.Col() < 0) return false;
+    c_.filters.expose(row);
+    if (!c_.host.there() || row >= grid.Rows() || grid.Col() < 0 || !grid.Select(row, grid.Col()))
+        return false;
     if (c_.host.there()) editing::bringCurrentCellIntoView(grid);
     return true;
 }

@@ -17,7 +17,7 @@ inline bool isShownCol(const CellGrid& grid, std::int32_t col) {
 }
 
 inline bool isShownRow(const CellGrid& grid, std::int32_t row) {
-    return !grid.RowHidden(row) && grid.RowHeight(row) > 0;
+    return grid.RowShown(row);
 }
 
 inline std::vector<std::int32_t> shownCols(const CellGrid& grid, std::int32_t first, std::int32_t last) {

@@ -2,26 +2,12 @@
 
 #include <string>
 
+#include "clerk/ColumnKind.h"
 #include "clerk/SortedRows.h"
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
-#include "editing/InputForms.h"
-#include "support/Text.h"
 
 namespace kxVsGrid::clerk {
-namespace {
-
-SortKind kindOf(const cVsControl& column) {
-    if (column.iType() == flexDTDate || editing::dateFormOf(column)) return SortKind::Dates;
-    return column.iType() == flexDTDouble || column.iType() == flexDTBoolean ? SortKind::Numbers
-                                                                             : SortKind::Texts;
-}
-/// As the clerk knows it.
-std::string nameOf(const CellGrid& grid, std::int32_t col, const cVsControl& column) {
-    if (!column.sName().empty() || grid.FixedRows() == 0) return column.sName();
-    return std::string(support::trim(grid.DisplayText(grid.FixedRows() - 1, col)));
-}
-}  // namespace
 
 /// Row headers that merge say what rows belong together.
 bool SortCommands::merges() const {

@@ -185,4 +185,32 @@ std::vector<std::int32_t> sortedRows(const CellGrid& grid, const rows::Defaulted
     sorting.read();
     return sorting.order(down, platform);
 }
+
+std::vector<std::uint32_t> sortedTexts(const std::vector<SortedText>& texts, SortKind kind,
+                                       const Platform& platform) {
+    std::vector<Ranked> valued;
+    std::vector<Ranked> worded;
+    std::vector<Ranked> empty;
+    std::vector<std::string_view> words;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const auto row = static_cast<std::int32_t>(i);
+        if (texts[i].seen.empty()) {
+            empty.push_back({0, row});
+        } else if (const auto key = keyOf(kind, texts[i].stored)) {
+            valued.push_back({*key, row});
+        } else {
+            words.push_back(texts[i].seen);
+            worded.push_back({0, row});
+        }
+    }
+    const std::vector<std::uint32_t> ranks = platform.collationRanks(words);
+    for (std::size_t i = 0; i < worded.size(); ++i) worded[i].key = ranks[i];
+    std::vector<std::uint32_t> order;
+    order.reserve(texts.size());
+    for (std::vector<Ranked>* some : {&valued, &worded, &empty}) {
+        sortRows(*some, false);
+        for (const Ranked& one : *some) order.push_back(static_cast<std::uint32_t>(one.row));
+    }
+    return order;
+}
 }  // namespace kxVsGrid::clerk

@@ -24,4 +24,14 @@ enum class SortKind { Numbers, Dates, Texts };
 /// with the rows that were ever written to, times the logarithm of those in use.
 std::vector<std::int32_t> sortedRows(const CellGrid& grid, const rows::DefaultedCells& defaulted,
                                      std::int32_t col, SortKind kind, bool down, const Platform& platform);
+
+/// A text of a column, as the clerk sees it and as it is stored.
+struct SortedText {
+    std::string_view seen;
+    std::string_view stored;
+};
+/// The numbers of the texts, which differ in what is seen, in the order that rows with them have when they are
+/// sorted up: numbers or dates first, an empty text last.
+std::vector<std::uint32_t> sortedTexts(const std::vector<SortedText>& texts, SortKind kind,
+                                       const Platform& platform);
 }  // namespace kxVsGrid::clerk

@@ -4,7 +4,7 @@ namespace kxVsGrid::editing {
 
 void bringCurrentRowIntoView(CellGrid& grid) {
     const std::int32_t row = grid.Row();
-    if (row < grid.FixedRows() || grid.RowHidden(row)) return;
+    if (row < grid.FixedRows() || !grid.RowShown(row)) return;
     grid.BringRowIntoView(row, grid.ClientHeight() - grid.BottomStrip());
     if (grid.Row() < 0 || grid.Col() < 0) return;  // a host has heard of the scrolling
     // The fixed area counts as so many rows of the first one's height, which may be more than it takes.
@@ -13,7 +13,7 @@ void bringCurrentRowIntoView(CellGrid& grid) {
     const std::int32_t bottom = grid.ClientHeight() - grid.BottomStrip();
     while (grid.FixedRows() > 0 && grid.TopRow() > grid.FixedRows() && grid.CellTop() < fixedArea) {
         const std::int32_t before = grid.TopRow();
-        const std::int64_t above = grid.RowHidden(before - 1) ? 0 : grid.RowHeight(before - 1);
+        const std::int64_t above = grid.RowShown(before - 1) ? grid.RowHeight(before - 1) : 0;
         if (grid.CellTop() + above + grid.CellHeight() > bottom) break;
         grid.TopRow(before - 1);
         if (grid.TopRow() == before || grid.Row() < 0 || grid.Col() < 0) break;

@@ -42,6 +42,11 @@ bool EditSession::unchanged() const {
 
 // --- Opening
 
+bool EditSession::opensHere() const {
+    const std::int32_t row = c_.grid.Row();
+    return row >= 0 && !c_.grid.RowFiltered(row) && gate_.opens(row, c_.grid.Col());
+}
+
 void EditSession::open(Focus focus) {
     if (committing_ || !opensHere()) return;
     if (state_ != State::Hidden) {
@@ -199,7 +204,7 @@ bool EditSession::overUnseenCell() const {
     const CellGrid& grid = c_.grid;
     if (!visible()) return false;
     const Rect cell = grid.CellRect(grid.Row(), grid.Col());
-    return grid.ColHidden(grid.Col()) || grid.RowHidden(grid.Row()) || cell.width <= 0 || cell.height <= 0;
+    return grid.ColHidden(grid.Col()) || !grid.RowShown(grid.Row()) || cell.width <= 0 || cell.height <= 0;
 }
 
 /// A commit under way ends as it would anywhere else.

@@ -49,8 +49,8 @@ class EditSession {
     /// that could not be evaluated locks nothing, and is tried again by whatever commits.
     bool locked() const { return validLock_ > 0; }
     const WriteGate& gate() const { return gate_; }
-    /// The clerk may change the current cell.
-    bool opensHere() const { return gate_.opens(c_.grid.Row(), c_.grid.Col()); }
+    /// The clerk may change the current cell, which is not hidden by a filter.
+    bool opensHere() const;
     /// How often the field check has refused the present text.
     std::int16_t validLock() const { return validLock_; }
 

@@ -106,7 +106,7 @@ std::optional<CellPlace> previousTabStop(const ControlContext& c) {
     const CellGrid& grid = c.grid;
     const std::int32_t row = grid.Row();
     if (row < grid.FixedRows()) return std::nullopt;
-    if (!grid.RowHidden(row))
+    if (grid.RowShown(row))
         if (const auto col = lastStopBefore(c, row, grid.Col())) return CellPlace{row, *col};
     std::int32_t before = grid.ShownRowBefore(row);
     while (before >= grid.FixedRows() && c.host.there()) {

@@ -23,9 +23,11 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       settings(main, sums, columns, &clerkColumns, flags, totals, layout),
       editor({context, platform, *seat, *this}),
       rows({context, editor, totals, wheel, defaulted}),
-      menus({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}),
-      search({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}),
-      commands({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns}, menus, search),
+      filters(context, editor, *this),
+      menus({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns, filters}),
+      search({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns, filters}),
+      commands({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns, filters}, menus,
+               search),
       inputContext{context, editor, rows, totals, *seat, platform},
       moveEvents(inputContext),
       keys(inputContext, menus),
@@ -54,6 +56,7 @@ void kxGrid::Parts::controlGone() {
     sums.silence();
     steps.silence();
     commands.face.Changed.disconnectAll();
+    filters.face.Changed.disconnectAll();
     commands.face.Reported.disconnectAll();
     options.RowInUse.disconnectAll();
     options.CellLocked.disconnectAll();
@@ -67,10 +70,16 @@ void kxGrid::Parts::connectMoves() {
             moveEvents.beforeRowColChange(oldRow, oldCol, newRow, newCol, cancel);
         }));
     main.LeaveCell.connect(keeping([this] { moveEvents.leaveCell(); }));
-    main.EnterCell.connect(keeping([this] { moveEvents.enterCell(); }));
+    main.EnterCell.connect(keeping([this] {
+        filters.entered();
+        moveEvents.enterCell();
+    }));
     main.RowColChange.connect(keeping([this] { moveEvents.rowColChange(); }));
     main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {
-        moveEvents.afterRowColChange(oldRow, oldCol, newRow, newCol);
+        support::FirstFault fault;
+        fault.during([&] { moveEvents.afterRowColChange(oldRow, oldCol, newRow, newCol); });
+        fault.during([&] { filters.settle(); });
+        fault.raise();
     }));
     main.SelChange.connect(keeping([this] {
         host.raise(&GridEvents::SelChange);
@@ -88,12 +97,15 @@ void kxGrid::Parts::connectMoves() {
         defaulted.colsLimited(main.Cols());
         clerkColumns.colsLimited(main.Cols());
         editor.place();
+        filters.sizeChanged();
+        filters.settle();
     }));
     main.PlacesChanged.connect([this] {
-        if (!editor.visible() && totals.followsStillCols()) return;
+        if (!editor.visible() && totals.followsStillCols() && !filters.on()) return;
         const auto kept = shared_from_this();
         totals.followStillCols();
         if (editor.visible()) editor.placesChanged();
+        filters.sizeChanged();
     });
     main.RowMoved.connect(keeping([this](std::int32_t position, bool inserted) {
         if (inserted) {
@@ -102,6 +114,7 @@ void kxGrid::Parts::connectMoves() {
         } else {
             rows.follower().rowRemoved(position);
             editor.rowRemoved(position);
+            filters.settle();
         }
         totals.followStillCols();  // a scroll bar that comes or goes takes room, or gives it
     }));
@@ -194,6 +207,7 @@ void kxGrid::Parts::tell(const PasteReport& report) {
 
 void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {
     if (!host.there() || main.Col() < 0) return;
+    filters.expose(row);
     main.Select(row, col < 0 ? main.Col() : col);
     editing::bringCurrentCellIntoView(main);
 }
@@ -206,6 +220,7 @@ DraftInfo kxGrid::Parts::recover(std::string_view draft, bool document) {
             const std::int32_t row = main.Row();
             info = recoverDraft(main, draft, document, [&] {
                 editor.drop();
+                filters.drop();
                 steps.forget();
             });
             if (info.refusal.empty()) rows.replaced();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "clerk/CommandRunner.h"
+#include "clerk/Filters.h"
 #include "clerk/Menus.h"
 #include "clerk/find/Search.h"
 #include "columns/ClerkColumns.h"
@@ -75,12 +76,13 @@ struct kxGrid::Parts : editing::EditorOwner,
     }
     void putCell(std::int32_t row, std::int32_t col, std::string_view text,
                  const std::string_view& tag) override;
+    void filtersChanged() override { commands.tellChanges(); }
     void changedData(bool changed) override { flags.changed = changed; }
     void tell(const PasteReport& report) override;
     void searchChanged() override { commands.tellChanges(); }
     void openHelp() override { keys.openHelp(); }
 
-    // StepOwner, LayoutOwner
+    // StepOwner, LayoutOwner, CommandOwner
     std::shared_ptr<void> keep() override { return shared_from_this(); }
     bool mayGoBack() const override { return flags.Editable && host.there(); }
     bool holdsText() const override { return editor.visible() && !editor.unchanged(); }
@@ -88,7 +90,10 @@ struct kxGrid::Parts : editing::EditorOwner,
     void recalculateAll() override { totals.recalculate(totals::TotalRow::AllColumns); }
     void show(std::int32_t row, std::int32_t col) override;
     void contentRestored() override { editor.captureAndLoad(); }
-    void historyChanged() override { commands.tellChanges(); }
+    void historyChanged() override {
+        filters.settle();
+        commands.tellChanges();
+    }
 
     // LayoutOwner
     void freeze(std::int32_t cols) override {
@@ -118,6 +123,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     grid::Settings settings;
     editing::EditSession editor;
     rows::Rows rows;
+    clerk::Filters filters;
     clerk::Menus menus;
     clerk::Search search;
     clerk::CommandRunner commands;

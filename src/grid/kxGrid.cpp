@@ -70,6 +70,14 @@ DraftInfo kxGrid::Recover(std::string_view draft, bool document) {
     return held()->recover(draft, document);
 }
 
+kxVsGrid::Filters& kxGrid::Filters() {
+    return parts_->filters.face;
+}
+
+const kxVsGrid::Filters& kxGrid::Filters() const {
+    return parts_->filters.face;
+}
+
 bool kxGrid::Run(Command command) {
     return held()->commands.run(command);
 }
@@ -132,6 +140,7 @@ void kxGrid::ReDraw(bool redraw) {
     p.flags.ReDraw = redraw;
     if (!redraw) return;
     grid::setUpGrid(p.main, p.columns, &p.clerkColumns, p.totals);
+    p.filters.sizeChanged();
     p.realign();
     if (p.flags.SumRow) p.totals.recalculate(TotalRow::AllColumns);
 }
@@ -288,8 +297,10 @@ std::string kxGrid::ColFormat(std::int32_t Col) const {
 void kxGrid::ColFormat(std::int32_t Col, std::string_view format) {
     if (!CellGrid::IsFormat(format))
         throw GridError("kxGrid.ColFormat: \"" + std::string(format) + "\" is no format of numbers or dates");
-    parts_->main.ColFormat(Col, format);
-    parts_->sums.ColFormat(Col, format);
+    const auto p = held();
+    p->main.ColFormat(Col, format);
+    p->sums.ColFormat(Col, format);
+    p->filters.sizeChanged();
 }
 
 std::int32_t kxGrid::ColWidth(std::int32_t Col) const {
@@ -383,6 +394,7 @@ void kxGrid::Clear() {
     p.editor.setText("");
     p.editor.setTag("");
     p.editor.hide();
+    p.filters.drop();
     if (p.host.there()) Rows(p.main.FixedRows());
     p.historyChanged();
 }
@@ -518,6 +530,7 @@ void kxGrid::ReadProperties(PropertyBag& bag) {
     p.steps.forget();
     try {
         p.main.ClearMarks();
+        p.filters.drop();
         p.settings.read(bag);
         p.wheel.hook(*p.seat);
         grid::SettingsLoading::setUnderway(false);

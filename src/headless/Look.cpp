@@ -24,7 +24,7 @@ std::vector<std::int32_t> shownRows(const CellGrid& cells) {
     for (std::int32_t r = 0; r < cells.FixedRows(); ++r)
         if (cells.RowIsVisible(r)) rows.push_back(r);
     for (std::int32_t r = std::max(cells.TopRow(), cells.FixedRows()); r < cells.Rows(); ++r) {
-        if (cells.RowHidden(r)) continue;
+        if (!cells.RowShown(r)) continue;
         if (!cells.RowIsVisible(r)) break;
         rows.push_back(r);
     }

@@ -121,6 +121,7 @@ constexpr CommandKey keys[] = {
     {Command::MoveRowDown, Down, AltKey, EditorToo},
     {Command::GoToRow, 'G', CtrlKey, EditorToo},
     {Command::HeaderMenu, Down, AltKey + ShiftKey, EditorToo},
+    {Command::Filter, 'L', CtrlKey + ShiftKey, EditorToo},
     {Command::Today, Semicolon, CtrlKey, EditorToo},
     {Command::Now, Semicolon, CtrlKey + ShiftKey, EditorToo},
     {Command::NextProblem, F8, 0, EditorToo},

@@ -22,9 +22,14 @@ Words wordsOf(Command command) {
 }
 }  // namespace
 
+std::string passedOverText(std::int64_t rows) {
+    if (rows == 0) return {};
+    return "有 " + std::to_string(rows) + " 行被筛选隐藏，未处理。";
+}
+
 std::string PasteReport::summary() const {
     if (cancelled) return "已取消，没有改动。";
-    if (passedOver == 0 && refused == 0 && !cutShort) return {};
+    if (passedOver == 0 && refused == 0 && !cutShort) return passedOverText(filteredRows);
     const Words words = wordsOf(command);
     std::string summary;
     append(summary, words.done, written);
@@ -32,6 +37,6 @@ std::string PasteReport::summary() const {
     append(summary, "未通过 ", refused);
     if (summary.empty()) summary = words.nothing;
     if (cutShort) summary += words.rest;
-    return summary + "。";
+    return summary + "。" + passedOverText(filteredRows);
 }
 }  // namespace kxVsGrid

@@ -151,7 +151,9 @@ bool Rows::mayRemove(std::int32_t row) {
     return consent && c_.grid.Rows() > c_.grid.FixedRows();
 }
 
+/// Not one that a filter hides.
 void Rows::removeCurrent() {
+    if (c_.grid.Row() >= 0 && c_.grid.RowFiltered(c_.grid.Row())) return;
     if (mayRemove(c_.grid.Row()) && c_.grid.Row() >= c_.grid.FixedRows()) remove(c_.grid.Row());
 }
 

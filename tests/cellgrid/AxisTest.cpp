@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <utility>
 #include <vector>
 
+#include "kit/AnyOrder.h"
 #include "kit/Dice.h"
 
 namespace kxVsGrid::cellgrid {
@@ -49,6 +52,11 @@ class AxisTwin {
         }
         return count();
     }
+    std::int32_t filteredAlone(std::int32_t first, std::int32_t stop) const {
+        return static_cast<std::int32_t>(
+            std::count_if(sizes.begin() + first, sizes.begin() + stop,
+                          [](const AxisSize& s) { return s.filtered && !s.hidden && s.size > 0; }));
+    }
     std::int32_t shown(std::int32_t index, std::int32_t steps, std::int32_t way) const {
         std::int32_t found = -1;
         for (std::int32_t i = index + way; i >= 0 && i < count() && steps > 0; i += way) {
@@ -63,7 +71,13 @@ class AxisTwin {
 class RandomAxis : public ::testing::Test {
   protected:
     void change() {
-        switch (dice.between(0, 9)) {
+        switch (dice.between(0, 12)) {
+            case 10:
+                return filter();
+            case 11:
+                return filterMany();
+            case 12:
+                return dice.oneIn(20) ? reorder() : filterSome();
             case 0:
                 return insert();
             case 1:
@@ -99,6 +113,48 @@ class RandomAxis : public ::testing::Test {
         ASSERT_EQ(axis.setHidden(index, hidden), known != hidden);
         known = hidden;
     }
+    void filter() {
+        if (twin.count() == 0) return;
+        const std::int32_t index = dice.index(twin.count());
+        const bool filtered = dice.oneIn(2);
+        bool& known = twin.sizes[static_cast<std::size_t>(index)].filtered;
+        ASSERT_EQ(axis.setFiltered(index, filtered), known != filtered);
+        known = filtered;
+    }
+    void filterMany() {
+        if (twin.count() == 0 || !dice.oneIn(10)) return;
+        const std::int32_t first = dice.index(twin.count());
+        std::vector<bool> filtered(static_cast<std::size_t>(dice.between(0, twin.count() - first)));
+        bool changes = false;
+        for (std::size_t i = 0; i < filtered.size(); ++i) {
+            filtered[i] = dice.oneIn(2);
+            bool& known = twin.sizes[static_cast<std::size_t>(first) + i].filtered;
+            changes = changes || known != filtered[i];
+            known = filtered[i];
+        }
+        ASSERT_EQ(axis.setFiltered(first, filtered), changes);
+    }
+    /// Elements that lie close together or far apart.
+    void filterSome() {
+        std::vector<std::pair<std::int32_t, bool>> some;
+        bool changes = false;
+        for (std::int32_t i = dice.between(0, 300); i < twin.count(); i += dice.between(1, 400)) {
+            some.emplace_back(i, dice.oneIn(2));
+            bool& known = twin.sizes[static_cast<std::size_t>(i)].filtered;
+            changes = changes || known != some.back().second;
+            known = some.back().second;
+        }
+        ASSERT_EQ(axis.setFiltered(some), changes);
+    }
+    void reorder() {
+        const kit::AnyOrder order(dice, 0, twin.count());
+        if (order.from.empty()) return;
+        const std::vector<AxisSize> old = twin.sizes;
+        for (std::size_t i = 0; i < order.from.size(); ++i)
+            twin.sizes[static_cast<std::size_t>(order.first) + i] =
+                old[static_cast<std::size_t>(order.from[i])];
+        if (auto prepared = axis.prepareReorder(order.first, order.from)) axis.reorder(prepared);
+    }
     void setSize() {
         if (twin.count() == 0) return;
         const std::int32_t index = dice.index(twin.count());
@@ -118,6 +174,7 @@ class RandomAxis : public ::testing::Test {
         const std::int32_t index = dice.index(twin.count());
         ASSERT_EQ(axis.size(index), twin.sizes[static_cast<std::size_t>(index)].size);
         ASSERT_EQ(axis.hidden(index), twin.sizes[static_cast<std::size_t>(index)].hidden);
+        ASSERT_EQ(axis.filtered(index), twin.sizes[static_cast<std::size_t>(index)].filtered);
         const std::int64_t position = twin.position(index);
         ASSERT_EQ(axis.position(index), position) << index;
         ASSERT_EQ(axis.indexAt(position), twin.indexAt(position)) << position;
@@ -129,6 +186,10 @@ class RandomAxis : public ::testing::Test {
         ASSERT_EQ(axis.shownBefore(index, steps), twin.shown(index, steps, -1)) << index;
     }
     void compareEnds() {
+        ASSERT_EQ(axis.filteredAlone(0, axis.count()), twin.filteredAlone(0, twin.count()));
+        const std::int32_t first = dice.between(0, twin.count());
+        const std::int32_t stop = dice.between(first, twin.count());
+        ASSERT_EQ(axis.filteredAlone(first, stop), twin.filteredAlone(first, stop));
         ASSERT_EQ(axis.total(), twin.position(twin.count()));
         ASSERT_EQ(axis.position(axis.count()), axis.total());
         ASSERT_EQ(axis.indexAt(axis.total()), axis.count());

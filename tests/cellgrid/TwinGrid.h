@@ -25,6 +25,7 @@ struct TwinRow {
     std::vector<TwinCell> cells;
     std::int32_t height = 300;
     bool hidden = false;
+    bool filtered = false;
     bool merged = false;
     RowId id = RowId::None;  ///< none until somebody asks
 };

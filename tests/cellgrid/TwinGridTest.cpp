@@ -119,7 +119,11 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
     void geometry() {
         const std::int32_t r = anyRow();
         test::TwinRow& line = twin.lines[static_cast<std::size_t>(r)];
-        switch (dice.between(0, 2)) {
+        switch (dice.between(0, 4)) {
+            case 3:
+                return grid.RowFiltered(r, line.filtered = dice.oneIn(2));
+            case 4:
+                return filterRows(r);
             case 0:
                 grid.RowHeight(r, line.height = 100 * dice.between(0, 5));
                 break;
@@ -129,6 +133,14 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
             default:
                 grid.MergeRow(r, line.merged = dice.oneIn(2));
         }
+    }
+    void filterRows(std::int32_t first) {
+        std::vector<bool> filtered;
+        const std::int32_t most = std::min(twin.rows() - first, dice.oneIn(10) ? 3000 : 5);
+        for (std::int32_t i = dice.between(0, most); i > 0; --i) filtered.push_back(dice.oneIn(2));
+        for (std::size_t i = 0; i < filtered.size(); ++i)
+            twin.lines[static_cast<std::size_t>(first) + i].filtered = filtered[i];
+        grid.FilterRows(first, filtered);
     }
     void askForId() {
         const std::int32_t r = anyRow();
@@ -201,12 +213,14 @@ class RandomGrid : public ::testing::TestWithParam<bool> {
             const test::TwinRow& line = twin.lines[static_cast<std::size_t>(r)];
             ASSERT_EQ(grid.RowHeight(r), line.height) << r;
             ASSERT_EQ(grid.RowHidden(r), line.hidden) << r;
+            ASSERT_EQ(grid.RowFiltered(r), line.filtered) << r;
+            ASSERT_EQ(grid.RowShown(r), !line.hidden && !line.filtered && line.height > 0) << r;
             ASSERT_EQ(grid.MergeRow(r), line.merged) << r;
             ASSERT_EQ(grid.KnownId(r), line.id) << r;
             if (line.id != RowId::None) {
                 ASSERT_EQ(grid.RowOf(line.id), r);
             }
-            if (!line.hidden) height += line.height;
+            if (!line.hidden && !line.filtered) height += line.height;
             for (std::int32_t c = 0; c < twin.cols; ++c) compareCell(r, c);
             if (HasFatalFailure()) return;
         }

@@ -48,7 +48,7 @@ PUBLIC_HEADERS = {
     "columns": "ColumnLayout ColumnOptions cVsControl",
     "host": "GridEvents Options",
     "dialogs": "ControlPage HelpExchange HelpTable",
-    "clerk": "Commands Find",
+    "clerk": "Commands Filters Find",
     "grid": "GridColumns StoredKeys kxGrid",
     "headless": "kxVsGrid",  # the umbrella stands above all that it includes
 }

@@ -176,6 +176,20 @@ TEST(HeaderExamples, ThatOfFindReplacesWhatItFinds) {
     EXPECT_EQ(grid.Row(), 2);
 }
 
+TEST(HeaderExamples, ThatOfFiltersTellsHowManyRowsAreHidden) {
+    constexpr std::int32_t City = 1;
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    struct {
+        std::string text;
+    } status;
+    grid.SetCell(1, City, "上海");
+#include "examples/Filters.inc"
+    EXPECT_TRUE(grid.Options(City).filterable());
+    EXPECT_EQ(status.text, std::to_string(grid.Rows() - 2) + " 行被筛选隐藏");
+    EXPECT_FALSE(grid.Filters().On());
+}
+
 TEST(HeaderExamples, ThatOfControlPageShowsThePage) {
     headless::Desk desk;
     kxGrid& grid = desk.place();

@@ -15,6 +15,10 @@ constexpr std::int32_t OutlineWidth = 30;
 /// Each side of the triangle that a mark is.
 constexpr std::int32_t MarkSide = 90;
 
+/// The sign of a column that filters, and what lies between it and the end of its header.
+constexpr std::int32_t FunnelSide = 135;
+constexpr std::int32_t FunnelMargin = 45;
+
 /// In the colours' order, blue in the high byte: red, amber, blue.
 std::uint32_t colorOf(CellMark::Kind kind) {
     constexpr std::uint32_t Colors[] = {0x1C1CC8, 0x0082D9, 0xC85A14};
@@ -178,7 +182,8 @@ void FrameRegion::writeMergedBlocks() {
         writeLine({rect.left, rect.bottom() - LineWidth, rect.width, LineWidth});
         writeLine({rect.right() - LineWidth, rect.top, LineWidth, rect.height});
         if (scene_.raised) writeRaised(rect, block.firstRow, block.firstCol);
-        writeText(rows_[block.firstRow], cols_[block.firstCol], rect);
+        const bool filtered = writesFunnel(rows_[block.lastRow], block.firstCol, block.lastCol);
+        writeText(rows_[block.firstRow], cols_[block.firstCol], filtered ? writeFunnel(block.firstCol, rect) : rect);
         writeMark(rows_[block.firstRow], cols_[block.firstCol], rect);
     }
 }
@@ -221,7 +226,9 @@ void FrameRegion::writeContents() {
     for (std::size_t row = 0; row < rows_.size(); ++row)
         for (std::size_t col = 0; col < cols_.size(); ++col)
             if (!merged_ || !merged_->covers(row, col)) {
-                writeContent(rows_[row], cols_[col], checkBoxes[col], roomOf(row, col));
+                const Rect room = roomOf(row, col);
+                writeContent(rows_[row], cols_[col], checkBoxes[col],
+                             writesFunnel(rows_[row], col, col) ? writeFunnel(col, room) : room);
                 writeMark(rows_[row], cols_[col], rectOf(row, row, col, col));
             }
 }
@@ -236,6 +243,27 @@ void FrameRegion::writeContent(const Band& row, const Band& col, bool checkBoxes
     FrameItem& mark =
         writer_.add(FrameItem::Kind::CheckMark, cell, textColor(row.index, col.index), row.index, col.index);
     mark.checked = support::leadingNumber(scene_.grid.Text(row.index, col.index)) != 0;
+}
+
+/// The last header row bears it.
+bool FrameRegion::writesFunnel(const Band& row, std::size_t firstCol, std::size_t lastCol) const {
+    if (!row.fixed || row.index != scene_.grid.FixedRows() - 1) return false;
+    for (std::size_t col = firstCol; col <= lastCol; ++col)
+        if (scene_.grid.ColFiltered(cols_[col].index)) return true;
+    return false;
+}
+
+/// At the right end of the header. Answers what it leaves of the header for the caption; a narrow one keeps it all.
+Rect FrameRegion::writeFunnel(std::size_t col, const Rect& header) {
+    const std::int32_t side = std::min({FunnelSide, header.width - LineWidth, header.height - LineWidth});
+    if (side <= 0) return header;
+    const std::int32_t right = std::min(FunnelMargin, header.width - LineWidth - side) + LineWidth;
+    const Rect rect{header.right() - right - side, header.top + (header.height - side) / 2, side, side};
+    const std::int32_t row = scene_.grid.FixedRows() - 1;
+    if (rect.overlaps(scene_.area))
+        writer_.add(FrameItem::Kind::Funnel, rect, textColor(row, cols_[col].index), row, cols_[col].index);
+    const std::int32_t taken = right + side;
+    return {header.left, header.top, std::max(header.width - taken, 0), header.height};
 }
 
 void FrameRegion::writeText(const Band& row, const Band& col, const Rect& cell) {

@@ -88,6 +88,8 @@ class FrameRegion {
     Rect roomOf(std::size_t row, std::size_t col) const;
     void writeContents();
     void writeContent(const Band& row, const Band& col, bool checkBoxes, const Rect& cell);
+    bool writesFunnel(const Band& row, std::size_t firstCol, std::size_t lastCol) const;
+    Rect writeFunnel(std::size_t col, const Rect& header);
     void writeText(const Band& row, const Band& col, const Rect& cell);
     void writeMark(const Band& row, const Band& col, const Rect& cell);
     CellGrid::Tint tintOf(std::int32_t row, std::int32_t col) const;

@@ -35,6 +35,7 @@ struct GridColumn {
     mEmflexAlign fixedAlignment = flexAlignGeneral;
     mEmDataType dataType = flexDTEmpty;
     bool merge = false;
+    bool filtered = false;  ///< its header says so
 };
 
 class CellStore {

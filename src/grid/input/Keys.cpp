@@ -51,9 +51,15 @@ bool Keys::isBoolean(std::int32_t col) {
     return c_.columns.at(col).iType() == flexDTBoolean;
 }
 
+/// Nothing is done to a row that a filter hides: the clerk does not see it.
+bool Keys::isUnseen(std::int32_t row) const {
+    return row >= 0 && c_.grid.RowFiltered(row);
+}
+
 void Keys::keyPress(std::int16_t& ascii, std::string_view typed) {
     CellGrid& grid = c_.grid;
     if (!c_.flags.Editable || grid.Col() < 0) return;
+    if (isUnseen(grid.Row()) && ascii != EnterCharacter) return;
     const bool readOnly =
         !c_.columns.at(grid.Col()).bIsEditable() || host::isLocked(c_, grid.Row(), grid.Col());
     if (!c_.host.there() || grid.Col() < 0) return;
@@ -99,7 +105,7 @@ void Keys::leaveHiddenCell() {
     std::int32_t col = grid.Col();
     while (col > grid.FixedCols() && grid.ColHidden(col)) --col;
     std::int32_t row = grid.Row();
-    if (grid.RowHidden(row)) {
+    if (!grid.RowShown(row)) {
         row = grid.ShownRowAfter(row);
         if (row < 0) row = std::max(grid.ShownRowBefore(grid.Row()), grid.FixedRows());
     }
@@ -110,6 +116,7 @@ void Keys::doubleClick(bool edits) {
     CellGrid& grid = c_.grid;
     if (edits && grid.Col() >= 0 && grid.Row() >= 0) {
         leaveHiddenCell();
+        if (isUnseen(grid.Row())) return c_.host.raise(&GridEvents::DblClick);
         if (columns::isDataCell(grid, grid.Row(), grid.Col()) && isBoolean(grid.Col()))
             c_.rows.appendIfLast(grid.Row());
         if (c_.editor.visible()) c_.editor.commit();

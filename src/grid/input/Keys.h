@@ -35,6 +35,7 @@ class Keys {
     void passToEditor(std::string_view typed);
     void leaveHiddenCell();
     bool isBoolean(std::int32_t col);
+    bool isUnseen(std::int32_t row) const;
 
     InputContext c_;
     clerk::Menus& menus_;

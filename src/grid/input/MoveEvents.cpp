@@ -17,8 +17,9 @@ void MoveEvents::leaveFixedArea() {
     CellGrid& grid = c_.grid;
     if (grid.Row() < grid.FixedRows() && grid.Rows() > grid.FixedRows()) {
         FlagSpan internal(MovingInternally_);
-        const std::int32_t shown = grid.ShownRowAfter(grid.FixedRows() - 1);
-        grid.Select(shown < 0 ? grid.FixedRows() : shown, grid.Col());
+        std::int32_t shown = grid.ShownRowAfter(grid.FixedRows() - 1);
+        if (shown < 0) shown = grid.FixedRows();
+        if (!grid.RowFiltered(shown)) grid.Select(shown, grid.Col());
     }
     if (grid.Col() >= 0 && grid.Col() < grid.FixedCols() && grid.FixedCols() < grid.Cols()) {
         FlagSpan internal(MovingInternally_);

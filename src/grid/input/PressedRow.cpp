@@ -20,7 +20,7 @@ PressedRow::PressedRow(CellGrid& grid, rows::RowFollower& follower, std::int32_t
 
 std::optional<std::int32_t> PressedRow::place() const {
     if (pressed_ == None || grid_.Cols() == 0) return y_;
-    if (!row_.there() || grid_.RowHidden(row_.row())) return std::nullopt;
+    if (!row_.there() || !grid_.RowShown(row_.row())) return std::nullopt;
     if (rowAt(grid_, x_, y_) == row_.row()) return y_;
     const std::int32_t end = grid_.ClientHeight() - grid_.BottomStrip();
     const auto now = [&] { return y_ + top() - topBefore_; };

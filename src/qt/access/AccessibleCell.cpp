@@ -88,7 +88,7 @@ QAccessible::State AccessibleCell::state() const {
     state.focusable = state.selectable = !isHeader();
     state.selected = isSelected();
     state.focused = isCurrent() && view_->hasFocus();
-    state.invisible = grid().RowHidden(row_) || grid().ColHidden(col_);
+    state.invisible = !grid().RowShown(row_) || grid().ColHidden(col_);
     state.offscreen = !grid().RowIsVisible(row_) || !grid().ColIsVisible(col_);
     state.checkable = isCheckBox();
     state.checked = state.checkable && support::leadingNumber(textOf(grid(), row_, col_)) != 0;

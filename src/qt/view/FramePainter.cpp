@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QPainterPath>
 #include <QPen>
+#include <QPolygonF>
 #include <algorithm>
 #include <cmath>
 
@@ -103,6 +104,9 @@ void FramePainter::paint(QPainter& painter, const Frame& frame, const Rect& orig
                 break;
             case FrameItem::Kind::Mark:
                 mark(painter, item);
+                break;
+            case FrameItem::Kind::Funnel:
+                funnel(painter, item);
                 break;
             case FrameItem::Kind::Tint:
                 tint(painter, item);
@@ -234,6 +238,21 @@ void FramePainter::mark(QPainter& painter, const FrameItem& item) {
     triangle.closeSubpath();
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.fillPath(triangle, QColor(standingOut(colors_.rgb(item.color), colors_.rgb(groundOf(rect)))));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+/// A bowl over a stem.
+void FramePainter::funnel(QPainter& painter, const FrameItem& item) {
+    textsBegun_ = true;
+    const QRectF rect(place(item.rect));
+    const auto at = [&rect](double x, double y) {
+        return QPointF(rect.left() + x * rect.width(), rect.top() + y * rect.height());
+    };
+    QPainterPath funnel;
+    funnel.addPolygon(QPolygonF{at(0, 0.05), at(1, 0.05), at(0.6, 0.5), at(0.6, 0.85), at(0.4, 1), at(0.4, 0.5)});
+    funnel.closeSubpath();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.fillPath(funnel, QColor(standingOut(colors_.rgb(item.color), colors_.rgb(groundOf(place(item.rect))))));
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 

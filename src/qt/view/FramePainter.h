@@ -43,6 +43,7 @@ class FramePainter {
     void elide(double room);
     void checkMark(QPainter& painter, const FrameItem& item);
     void mark(QPainter& painter, const FrameItem& item);
+    void funnel(QPainter& painter, const FrameItem& item);
     void raised(QPainter& painter, const FrameItem& item);
     void tint(QPainter& painter, const FrameItem& item);
     void focus(QPainter& painter, const FrameItem& item);
