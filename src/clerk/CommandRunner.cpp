@@ -44,7 +44,7 @@ CommandRunner::CommandRunner(const ClerkContext& context, Menus& menus, Search& 
       sorts_(context),
       filters_(context),
       columns_(context),
-      headers_(context, sorts_, columns_) {
+      headers_(context, sorts_, filters_, columns_) {
     menus_.headers(headers_);
 }
 
@@ -111,7 +111,7 @@ bool CommandRunner::canOnClosedCell(Command command) const {
         case Command::Unsort:
             return sorts_.canUnsort();
         case Command::Filter:
-            return filters_.canChoose();
+            return filters_.canChoose(grid.Col());
         case Command::Unfilter:
             return c_.filters.on();
         case Command::HideColumn:
@@ -207,7 +207,7 @@ bool CommandRunner::runOnClosedCell(Command command) {
         case Command::Unsort:
             return sorts_.unsort();
         case Command::Filter:
-            return filters_.choose();
+            return filters_.choose(c_.grid.Col());
         case Command::Unfilter:
             return c_.filters.end();
         case Command::HideColumn:

@@ -9,9 +9,8 @@
 
 namespace kxVsGrid::clerk {
 
-bool FilterCommands::canChoose() const {
+bool FilterCommands::canChoose(std::int32_t col) const {
     const CellGrid& grid = c_.grid;
-    const std::int32_t col = grid.Col();
     if (grid.Rows() <= grid.FixedRows() || col < grid.FixedCols() || col >= grid.Cols()) return false;
     const std::shared_ptr<const ColumnOptions> rules = c_.columns.rules(col);
     return rules && rules->filterable();
@@ -51,9 +50,8 @@ std::vector<dialogs::FilterChoice> FilterCommands::choicesOf(std::int32_t col) c
     return choices;
 }
 
-bool FilterCommands::choose() {
+bool FilterCommands::choose(std::int32_t col) {
     CellGrid& grid = c_.grid;
-    const std::int32_t col = grid.Col();
     const std::string name = nameOf(grid, col, c_.columns.at(col));
     dialogs::FilterForm form(c_.platform.textMetrics(), name, choicesOf(col), c_.filters.on(col));
     const std::int32_t header = std::max(grid.FixedRows() - 1, 0);

@@ -1,4 +1,4 @@
-// The clerk chooses which texts of the current column are shown.
+// The clerk chooses which texts of a column are shown.
 #pragma once
 
 #include <vector>
@@ -13,9 +13,9 @@ class FilterCommands {
     explicit FilterCommands(const ClerkContext& context) : c_(context) {}
 
     /// The host lets the column be filtered (ColumnOptions::filterable), and there are data rows.
-    bool canChoose() const;
+    bool canChoose(std::int32_t col) const;
     /// Asks for the texts by a form. False when the clerk leaves it as it was.
-    bool choose();
+    bool choose(std::int32_t col);
 
   private:
     std::vector<dialogs::FilterChoice> choicesOf(std::int32_t col) const;

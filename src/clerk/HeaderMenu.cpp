@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "clerk/Filters.h"
+
 namespace kxVsGrid::clerk {
 namespace {
 
@@ -58,8 +60,9 @@ std::string plain(const std::string& name) {
 }
 }  // namespace
 
-HeaderMenu::HeaderMenu(const ClerkContext& context, SortCommands& sorts, ColumnCommands& columns)
-    : c_(context), sorts_(sorts), columns_(columns), menu_(headerMenu()) {}
+HeaderMenu::HeaderMenu(const ClerkContext& context, SortCommands& sorts, FilterCommands& filters,
+                       ColumnCommands& columns)
+    : c_(context), sorts_(sorts), filters_(filters), columns_(columns), menu_(headerMenu()) {}
 
 // --- Where
 
@@ -111,9 +114,11 @@ void HeaderMenu::chooseSorts(std::int32_t col) {
 }
 
 void HeaderMenu::chooseFilters(std::int32_t col) {
-    menu_.item(Items, Filter).visible = canFilter(col);
-    menu_.item(Items, Unfilter).visible = canUnfilter();
-    const bool any = canFilter(col) || canUnfilter();
+    const auto rules = c_.columns.rules(col);
+    const bool any = c_.filters.on() || (rules && rules->filterable());
+    for (const HeaderItem item : {Filter, Unfilter}) menu_.item(Items, item).visible = any;
+    menu_.item(Items, Filter).enabled = filters_.canChoose(col);
+    menu_.item(Items, Unfilter).enabled = c_.filters.on();
     menu_.item(Items, BeforeFilter).visible = any && menu_.item(Items, SortUp).visible;
     menu_.item(Items, BeforeColumns).visible = any || menu_.item(Items, SortUp).visible;
 }
@@ -165,9 +170,11 @@ void HeaderMenu::run(std::int32_t col, std::int32_t index) {
             if (sorts_.canUnsort()) sorts_.unsort();
             return;
         case Filter:
-            return filter(col);
+            if (filters_.canChoose(col)) filters_.choose(col);
+            return;
         case Unfilter:
-            return unfilter();
+            c_.filters.end();
+            return;
         case Hide:
             columns_.hide({col});
             return;
@@ -184,15 +191,4 @@ void HeaderMenu::run(std::int32_t col, std::int32_t index) {
             return;
     }
 }
-
-// --- Filtering: the one place that asks for it. While there is nothing to ask, its items are left out.
-
-bool HeaderMenu::canFilter(std::int32_t) const {
-    return false;
-}
-bool HeaderMenu::canUnfilter() const {
-    return false;
-}
-void HeaderMenu::filter(std::int32_t) {}
-void HeaderMenu::unfilter() {}
 }  // namespace kxVsGrid::clerk

@@ -7,6 +7,7 @@
 
 #include "clerk/ClerkContext.h"
 #include "clerk/ColumnCommands.h"
+#include "clerk/FilterCommands.h"
 #include "clerk/SortCommands.h"
 #include "kxVsGrid/Menu.h"
 
@@ -14,7 +15,8 @@ namespace kxVsGrid::clerk {
 
 class HeaderMenu {
   public:
-    HeaderMenu(const ClerkContext& context, SortCommands& sorts, ColumnCommands& columns);
+    HeaderMenu(const ClerkContext& context, SortCommands& sorts, FilterCommands& filters,
+               ColumnCommands& columns);
 
     /// The column whose header lies at a place in the grid; -1 where that is none with a menu.
     std::int32_t columnAt(std::int32_t x, std::int32_t y) const;
@@ -36,13 +38,10 @@ class HeaderMenu {
     void chooseColumns(std::int32_t col);
     void listHidden();
     void run(std::int32_t col, std::int32_t index);
-    bool canFilter(std::int32_t col) const;
-    bool canUnfilter() const;
-    void filter(std::int32_t col);
-    void unfilter();
 
     ClerkContext c_;
     SortCommands& sorts_;
+    FilterCommands& filters_;
     ColumnCommands& columns_;
     Menu menu_;
 };
