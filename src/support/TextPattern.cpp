@@ -5,21 +5,6 @@
 namespace kxVsGrid::support {
 namespace {
 
-constexpr std::uint64_t Each = 0x0101'0101'0101'0101U;
-static_assert(std::endian::native == std::endian::little, "texts are read as words, first byte lowest");
-
-std::uint64_t eightBytes(const char* text) {
-    std::uint64_t bytes;
-    std::memcpy(&bytes, text, 8);
-    return bytes;
-}
-
-/// The high bit of each byte that is zero, and no other bit.
-std::uint64_t zeroBytes(std::uint64_t bytes) {
-    const std::uint64_t low = (bytes & (Each * 0x7F)) + Each * 0x7F;
-    return ~(low | bytes | (Each * 0x7F));
-}
-
 bool isLetter(char c) {
     return inLowerCase(c) >= 'a' && inLowerCase(c) <= 'z';
 }
@@ -33,8 +18,8 @@ TextPattern::TextPattern(std::string_view text, bool whole, bool matchCase)
     if (folds_)
         std::transform(text_.begin(), text_.end(), text_.begin(), [](char c) { return inLowerCase(c); });
     last_ = text_.back();
-    lasts_ = Each * static_cast<unsigned char>(last_);
-    if (folds_ && isLetter(last_)) lastCase_ = Each * 0x20;
+    lasts_ = pattern::Each * static_cast<unsigned char>(last_);
+    if (folds_ && isLetter(last_)) lastCase_ = pattern::Each * 0x20;
 }
 
 bool TextPattern::matchesAt(const char* text) const {
@@ -42,25 +27,6 @@ bool TextPattern::matchesAt(const char* text) const {
     for (std::size_t i = 0; i < text_.size(); ++i)
         if (inLowerCase(text[i]) != text_[i]) return false;
     return true;
-}
-
-/// The last byte of the pattern tells most: characters beyond ASCII begin alike.
-std::size_t TextPattern::findEnd(const char* text, std::size_t from, std::size_t end) const {
-    const std::size_t before = text_.size() - 1;
-    std::size_t at = from;
-    while (at + 8 <= end) {
-        std::uint64_t hits = zeroBytes((eightBytes(text + at) | lastCase_) ^ lasts_);
-        for (; hits != 0; hits &= hits - 1) {
-            const std::size_t place = at + static_cast<std::size_t>(std::countr_zero(hits)) / 8;
-            if (matchesAt(text + place - before)) return place;
-        }
-        at += 8;
-    }
-    for (; at < end; ++at) {
-        const char c = folds_ ? inLowerCase(text[at]) : text[at];
-        if (c == last_ && matchesAt(text + at - before)) return at;
-    }
-    return std::string_view::npos;
 }
 
 std::size_t TextPattern::find(std::string_view text, std::size_t from) const {

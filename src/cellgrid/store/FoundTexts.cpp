@@ -19,8 +19,19 @@ void CellStore::findTexts(const support::TextPattern& pattern, std::int32_t col,
         const std::string_view plain = arena_.text(s, bytes);
         return pattern.in(format->apply(plain, shown) ? std::string_view(shown) : plain);
     };
+    const TextSlot lowest = format ? TextSlot{1} << slot::KindShift : stored.lowest();
+    constexpr auto PageSlots = static_cast<RowHandle>(CellPages::PageSlots);
+    const TextSlot* slots = nullptr;  // of the page that was looked into last
+    RowHandle page = NoHandle;
     order_.forEach(first, stop, [&](std::int32_t row, RowHandle handle) {
-        const TextSlot s = column.cells.get(CellPages::Text, handle);
+        if (handle / PageSlots != page) {
+            page = handle / PageSlots;
+            const CellPages::Page* const there = column.cells.find(handle);
+            slots = there ? there->slots[CellPages::Text].get() : nullptr;
+        }
+        if (!slots) return;
+        const TextSlot s = slots[handle % PageSlots];
+        if (s < lowest) return;
         if (slot::isComputed(s))
             computed.push_back(row);
         else if (isIn(row, s))

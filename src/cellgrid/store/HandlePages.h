@@ -41,6 +41,7 @@ class CellPages {
         const std::size_t number = handle / PageSlots;
         return number < pages_.size() ? &pages_[number] : nullptr;
     }
+    const Page* find(RowHandle handle) const { return const_cast<CellPages*>(this)->find(handle); }
     /// The page of a handle, added if needed.
     Page& obtain(RowHandle handle) {
         if (handle / PageSlots >= pages_.size()) pages_.resize(handle / PageSlots + 1);

@@ -30,12 +30,18 @@ class SlotPattern {
         packedMask_ = low(4 * size_);
     }
 
+    /// Slots below this one hold no text that it could be in.
+    TextSlot lowest() const {
+        const std::size_t kind = size_ <= slot::MaxBytes || packable_ ? size_ : slot::kind(slot::Computed);
+        return TextSlot{kind} << slot::KindShift;
+    }
     /// Whether it is in the text that the slot holds; not in what is computed, or of no text.
     bool in(TextSlot s, const TextArena& arena) const {
         const unsigned kind = slot::kind(s);
         if (kind <= slot::MaxBytes) return size_ <= kind && inBytes(s, kind);
         if (kind <= slot::MaxPacked) return packable_ && size_ <= kind && inPacked(s, kind);
         if (!slot::hasBlock(s)) return false;
+        if (kind == slot::kind(slot::Arena) && slot::arenaLength(s) < size_) return false;
         slot::Buffer none;
         return pattern_.in(arena.text(s, none));
     }

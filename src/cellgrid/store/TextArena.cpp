@@ -72,13 +72,6 @@ void TextArena::releaseLong(TextSlot s) {
     freeBig_.push_back(slot::reference(s));
 }
 
-std::string_view TextArena::longText(TextSlot s) const {
-    if (slot::kind(s) == slot::kind(slot::Arena)) return {at(slot::reference(s)), slot::arenaLength(s)};
-    if (slot::kind(s) != slot::kind(slot::Big)) return {};
-    const Big& big = big_[slot::reference(s)];
-    return {big.bytes.get(), big.length};
-}
-
 std::size_t TextArena::footprint() const {
     std::size_t bytes = chunks_.size() * ChunkUnits * Unit;
     for (const Big& big : big_) bytes += big.length;

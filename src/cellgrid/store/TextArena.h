@@ -57,7 +57,12 @@ class TextArena {
 
     TextSlot storeBig(std::string_view text);
     void releaseLong(TextSlot s);
-    std::string_view longText(TextSlot s) const;
+    std::string_view longText(TextSlot s) const {
+        if (slot::kind(s) == slot::kind(slot::Arena)) return {at(slot::reference(s)), slot::arenaLength(s)};
+        if (slot::kind(s) != slot::kind(slot::Big)) return {};
+        const Big& big = big_[slot::reference(s)];
+        return {big.bytes.get(), big.length};
+    }
 
     char* at(std::uint32_t reference) const {
         return chunks_[reference / ChunkUnits].get() + (reference % ChunkUnits) * Unit;

@@ -11,7 +11,7 @@ namespace kxVsGrid::clerk {
 namespace {
 
 /// So many cells are looked through at once: some tenths of a millisecond, a few where a format shows them.
-constexpr std::int32_t CellsAtOnce = 8192;
+constexpr std::int32_t CellsAtOnce = 16'384;
 constexpr std::int32_t FewestRowsAtOnce = 16;
 /// So often a display is told how far a search has come.
 constexpr std::int32_t StretchesBetweenLooks = 16;
