@@ -10,9 +10,9 @@
 //
 // What is kept is, in any PropertyBag, beside whatever else it holds:
 //
-//     ColumnLayout.Width.<name>    Int32: twips from Narrowest to Widest; 0 as designed
-//     ColumnLayout.Hidden.<name>   Boolean: hidden by the clerk
-//     ColumnLayout.Frozen          Text: the name of the last frozen column, empty for none; Empty as designed
+// - ColumnLayout.Width.<name>    Int32: twips from Narrowest to Widest; 0 as designed
+// - ColumnLayout.Hidden.<name>   Boolean: hidden by the clerk
+// - ColumnLayout.Frozen          Text: the name of the last frozen column, empty for none; Empty as designed
 //
 // Each of them stands for itself: what is not there, or makes no sense, changes nothing, and what has another name
 // is not looked at.

@@ -104,16 +104,14 @@ void ClerkColumns::widthWillChange(std::int32_t col) {
     grabbed_ = col;
 }
 
-/// An edge that was pressed and not moved has changed nothing; a column as wide as a text goes on to be that.
+/// An edge that was pressed and not moved has changed nothing.
 void ClerkColumns::widthChanged(std::int32_t col) {
     if (std::exchange(grabbed_, -1) != col || !isThere(col)) return;
     const Width before = std::exchange(grabbedWidth_, {});
-    if (grid_.ColWidth(col) == before.twips) {
-        if (!before.sample.empty() && grid_.ColSample(col).empty()) grid_.ColSample(col, before.sample);
-        return;
-    }
+    const bool same = grid_.ColWidth(col) == before.twips;
+    if (same && grid_.ColSample(col) == before.sample) return;
     noteWidth(col, before);
-    face.Changed();
+    if (!same) face.Changed();
 }
 
 std::int32_t ClerkColumns::fittedWidth(std::int32_t col, std::int32_t boxSide, bool total) const {

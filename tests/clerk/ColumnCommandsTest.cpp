@@ -305,9 +305,18 @@ TEST_F(FittedColumns, StayAsWideAsTheirTextWhenAnEdgeIsPressedOnly) {
     const std::string sample = grid.ColSample(Name);
     const Rect cell = grid.Grid().CellRect(0, Name);
     const std::int32_t x = grid.gridRect().left + cell.right() - 15;
-    desk.mouseDown(LeftButton, 0, x, 100).mouseMove(LeftButton, 0, x, 100).mouseUp(LeftButton, 0, x, 100);
+    desk.mouseDown(LeftButton, 0, x, 100).mouseUp(LeftButton, 0, x, 100);
     EXPECT_EQ(grid.ColSample(Name), sample);
     EXPECT_EQ(changes, 0);
+}
+
+TEST_F(FittedColumns, AreAsWideAsTheirTextAgainAfterAWidthThatHappenedToBeTheSame) {
+    const std::string sample = grid.ColSample(Name);
+    desk.dragColumn(Name, grid.ColWidth(Name));
+    EXPECT_EQ(grid.ColSample(Name), "");
+    EXPECT_EQ(changes, 0);
+    grid.Layout().Reset();
+    EXPECT_EQ(grid.ColSample(Name), sample);
 }
 
 // --- Frozen columns
