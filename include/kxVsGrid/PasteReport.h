@@ -29,8 +29,8 @@ struct PasteReport {
     std::int64_t refused = 0;
     std::int64_t rowsAdded = 0;
     std::int64_t filteredRows = 0;  ///< that were passed over, since a filter hides them
-    bool cancelled = false;  ///< by the clerk: all was taken back
-    bool cutShort = false;   ///< a handler has failed or has taken the cells away: the rest was not written
+    bool cancelled = false;         ///< by the clerk: all was taken back
+    bool cutShort = false;  ///< a handler has failed or has taken the cells away: the rest was not written
     std::vector<Refusal> refusals;
 
     /// In a sentence: "写入 118 格，跳过只读 2 格，未通过 1 格。"; of cells that were cut or cleared "已清除 13 格，…".

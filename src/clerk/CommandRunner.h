@@ -23,7 +23,13 @@ namespace kxVsGrid::clerk {
 class CommandRunner {
   public:
     CommandRunner(const ClerkContext& context, Menus& menus)
-        : c_(context), menus_(menus), copyPaste_(context), cells_(context), rows_(context), sorts_(context), filters_(context) {}
+        : c_(context),
+          menus_(menus),
+          copyPaste_(context),
+          cells_(context),
+          rows_(context),
+          sorts_(context),
+          filters_(context) {}
 
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -50,7 +50,7 @@ class Filters : private ChangeListener {
 
     // --- What the control tells.
     /// The current cell has moved: a row that it has come to is shown.
-    void entered() { expose(c_.grid.Row()); }
+    void entered();
     /// The row is shown until another one has become the current row.
     void expose(std::int32_t row);
     /// A move, or a step, is done; rows have gone. Does what has become due, once no step is under way.
@@ -63,9 +63,7 @@ class Filters : private ChangeListener {
   private:
     struct Hash {
         using is_transparent = void;
-        std::size_t operator()(std::string_view text) const {
-            return std::hash<std::string_view>{}(text);
-        }
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
     };
     struct Rule {
         std::int32_t col;
@@ -84,6 +82,7 @@ class Filters : private ChangeListener {
                 std::uint32_t tags) noexcept override;
     void added(std::int32_t at, std::int32_t count) noexcept override;
     void removing(std::int32_t at, std::int32_t count) noexcept override;
+    void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override;
     void cleared(std::int32_t first, std::int32_t last) noexcept override;
 
     const Rule* ruleOf(std::int32_t col) const;
@@ -105,17 +104,17 @@ class Filters : private ChangeListener {
     host::ControlContext c_;
     editing::EditSession& editor_;
     CommandOwner& owner_;
-    Rules rules_;                   ///< by column
-    Rows touched_;                  ///< to be looked at when another row has become the current one
-    Rows fresh_;                    ///< the same, of the step that is under way: the moves of the step itself do not count
-    RowId current_ = RowId::None;   ///< the current row, when the others were looked at last
+    Rules rules_;   ///< by column
+    Rows touched_;  ///< to be looked at when another row has become the current one
+    Rows fresh_;    ///< the same, of the step that is under way: the moves of the step itself do not count
+    RowId current_ = RowId::None;  ///< the current row, when the others were looked at last
     RowId lastNoted_ = RowId::None;
     std::int32_t lastNotedRow_ = -1;
-    std::int32_t fixedRows_ = 0;    ///< as they were when all rows were looked at
-    std::uint64_t serial_ = 0;      ///< of what was put last
-    bool lost_ = false;             ///< rows could not be noted: all are to be looked at
-    bool removed_ = false;          ///< rows have gone, perhaps the current one
-    bool untold_ = false;           ///< rows were shown that nobody was told of
+    std::int32_t fixedRows_ = 0;  ///< as they were when all rows were looked at
+    std::uint64_t serial_ = 0;    ///< of what was put last
+    bool lost_ = false;           ///< rows could not be noted: all are to be looked at
+    bool removed_ = false;        ///< rows have gone, perhaps the current one
+    bool untold_ = false;         ///< rows were shown that nobody was told of
     changes::Listening listening_{c_.grid, *this};
 };
 }  // namespace kxVsGrid::clerk

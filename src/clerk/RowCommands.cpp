@@ -104,7 +104,8 @@ bool RowCommands::goTo() {
     const std::int32_t row = grid.FixedRows() + static_cast<std::int32_t>(*number) - 1;
     if (row >= grid.Rows() || grid.Col() < 0) return false;
     c_.filters.expose(row);
-    if (!c_.host.there() || row >= grid.Rows() || grid.Col() < 0 || !grid.Select(row, grid.Col())) return false;
+    if (!c_.host.there() || row >= grid.Rows() || grid.Col() < 0 || !grid.Select(row, grid.Col()))
+        return false;
     if (c_.host.there()) editing::bringCurrentCellIntoView(grid);
     return true;
 }
