@@ -196,6 +196,12 @@ void Filters::expose(std::int32_t row) {
     grid.RowFiltered(row, false);
 }
 
+/// Within a row that is not seen, since none is left, it shows nothing.
+void Filters::entered() {
+    const std::int32_t row = c_.grid.Row();
+    if (on() && row >= 0 && currentId() != current_) expose(row);
+}
+
 RowId Filters::currentId() {
     const std::int32_t row = c_.grid.Row();
     return row < 0 ? RowId::None : c_.grid.IdOf(row);
@@ -240,6 +246,10 @@ void Filters::removing(std::int32_t, std::int32_t) noexcept {
     removed_ = true;
 }
 
+void Filters::reordered(std::int32_t, std::span<const std::int32_t>) noexcept {
+    lastNotedRow_ = -1;
+}
+
 void Filters::cleared(std::int32_t first, std::int32_t last) noexcept {
     if (last - first > Many)
         lost_ = true;
@@ -256,9 +266,10 @@ void Filters::settle() {
     c_.grid.TellFilled();
     endOutdated();
     if (!on() || !c_.host.there()) return;
-    const bool removed = std::exchange(removed_, false);
+    // first, so that what has come just now is not looked at for this move
+    if (std::exchange(removed_, false)) leaveUnseenRow();
+    if (!on() || !c_.host.there()) return;
     lookAgain();
-    if (removed && on() && c_.host.there()) leaveUnseenRow();
     if (untold_) tell();
 }
 

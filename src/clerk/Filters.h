@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -50,7 +50,7 @@ class Filters : private ChangeListener {
 
     // --- What the control tells.
     /// The current cell has moved: a row that it has come to is shown.
-    void entered() { expose(c_.grid.Row()); }
+    void entered();
     /// The row is shown until another one has become the current row.
     void expose(std::int32_t row);
     /// A move, or a step, is done; rows have gone. Does what has become due, once no step is under way.
@@ -82,6 +82,7 @@ class Filters : private ChangeListener {
                 std::uint32_t tags) noexcept override;
     void added(std::int32_t at, std::int32_t count) noexcept override;
     void removing(std::int32_t at, std::int32_t count) noexcept override;
+    void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override;
     void cleared(std::int32_t first, std::int32_t last) noexcept override;
 
     const Rule* ruleOf(std::int32_t col) const;

@@ -31,8 +31,8 @@ std::string lowered(std::string_view text) {
 
 FilterForm::FilterForm(const TextMetrics& metrics, const std::string& column,
                        std::vector<FilterChoice> choices, bool filtered)
-    : Form("XT_Filter", column.empty() ? captions::FilterTitle : captions::FilterTitle + ("：" + column), 4500,
-           5400),
+    : Form("XT_Filter", column.empty() ? captions::FilterTitle : captions::FilterTitle + ("：" + column),
+           4500, 5400),
       choices_(std::move(choices)),
       grid_(metrics),
       text_(add("TextBox", "SearchText", captions::Search, {240, 150, 4020, 330})),
@@ -173,8 +173,7 @@ void FilterForm::resized() {
     if (window()) resize_.ResizeForm(*this);
     grid_.Resize(list_.place.width, list_.place.height);
     constexpr std::int32_t Edges = 90;
-    const std::int32_t room =
-        list_.place.width - TickWidth - RowsWidth - CellGrid::VerticalBarWidth - Edges;
+    const std::int32_t room = list_.place.width - TickWidth - RowsWidth - CellGrid::VerticalBarWidth - Edges;
     grid_.ColWidth(TextCol, std::max(room, RowsWidth));
 }
 

@@ -20,6 +20,7 @@ class FilteredGrid : public ::testing::Test {
     static constexpr std::int32_t DataRows = 8;
 
     FilteredGrid() {
+        grid.Cols(4);
         grid.FormatString("行号|城市    |数量    |已付    ");
         grid.VsCtrl(Quantity)->iType(flexDTDouble);
         grid.VsCtrl(Quantity)->b是否合计数据(true);

@@ -183,7 +183,8 @@ void FrameRegion::writeMergedBlocks() {
         writeLine({rect.right() - LineWidth, rect.top, LineWidth, rect.height});
         if (scene_.raised) writeRaised(rect, block.firstRow, block.firstCol);
         const bool filtered = writesFunnel(rows_[block.lastRow], block.firstCol, block.lastCol);
-        writeText(rows_[block.firstRow], cols_[block.firstCol], filtered ? writeFunnel(block.firstCol, rect) : rect);
+        writeText(rows_[block.firstRow], cols_[block.firstCol],
+                  filtered ? writeFunnel(block.firstCol, rect) : rect);
         writeMark(rows_[block.firstRow], cols_[block.firstCol], rect);
     }
 }

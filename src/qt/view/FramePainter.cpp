@@ -249,10 +249,12 @@ void FramePainter::funnel(QPainter& painter, const FrameItem& item) {
         return QPointF(rect.left() + x * rect.width(), rect.top() + y * rect.height());
     };
     QPainterPath funnel;
-    funnel.addPolygon(QPolygonF{at(0, 0.05), at(1, 0.05), at(0.6, 0.5), at(0.6, 0.85), at(0.4, 1), at(0.4, 0.5)});
+    funnel.addPolygon(
+        QPolygonF{at(0, 0.05), at(1, 0.05), at(0.6, 0.5), at(0.6, 0.85), at(0.4, 1), at(0.4, 0.5)});
     funnel.closeSubpath();
     painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.fillPath(funnel, QColor(standingOut(colors_.rgb(item.color), colors_.rgb(groundOf(place(item.rect))))));
+    painter.fillPath(funnel,
+                     QColor(standingOut(colors_.rgb(item.color), colors_.rgb(groundOf(place(item.rect))))));
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
