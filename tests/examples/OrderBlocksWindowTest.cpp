@@ -70,10 +70,11 @@ TEST_F(BlockEntry, OffersTheCommandsInItsMenusWithKeysThatNobodyElseHas) {
     open();
     const QStringList edit = inMenu("编辑(&E)");
     EXPECT_EQ(edit.mid(3), (QStringList{"剪切", "复制", "复制（带标题）", "粘贴", "清除内容", "全选", "",
-                                        "向下填充", "向右填充", "复制上一格", "今天的日期"}));
-    EXPECT_EQ(inMenu("行(&L)"),
-              (QStringList{"插入行", "新增行", "复制行", "删除行", "", "上移一行", "下移一行", "", "升序排列",
-                           "降序排列", "恢复原来的顺序", "", "转到行…", "下一个问题"}));
+                                        "向下填充", "向右填充", "复制上一格", "今天的日期", "", "查找…",
+                                        "查找下一个", "查找上一个", "替换…"}));
+    EXPECT_EQ(inMenu("行(&L)"), (QStringList{"插入行", "新增行", "复制行", "删除行", "", "上移一行",
+                                             "下移一行", "", "升序排列", "降序排列", "恢复原来的顺序", "",
+                                             "筛选…", "取消筛选", "", "转到行…", "下一个问题"}));
     std::map<QKeySequence, QString> owners;
     for (const QAction* one : window->findChildren<QAction*>())
         for (const QKeySequence& keys : one->shortcuts()) {

@@ -69,7 +69,7 @@ TEST_F(OrderList, IsNarrowedByTheRemarksOfLines) {
     remarked.lines[0].remark = "急件";
     store.save(remarked);
     open();
-    QTest::keyClicks(search, "急件");
+    search->insert("急件");
     ASSERT_EQ(table->rowCount(), 1);
     EXPECT_EQ(table->item(0, 0)->text(), QString("B-1"));
 }
