@@ -246,8 +246,7 @@ void FindBar::step(bool forward) {
 /// Keys that must not set off a shortcut: of a command of the grid's, which the clerk does not mean here.
 bool FindBar::claims(const QKeyEvent& event) const {
     if (is(event, Qt::Key_Escape) || isEnter(event) || isTab(event)) return true;
-    const auto command =
-        commandOf(event, std::as_const(stage_.grid()).Commands(), CommandKey::Where::ClosedCell);
+    const auto command = commandOf(event, stage_.grid(), CommandKey::Where::ClosedCell);
     return command && *command != Command::FindNext && *command != Command::FindPrevious;
 }
 
@@ -272,8 +271,7 @@ bool FindBar::press(QWidget& part, QKeyEvent& event) {
         step(isForward(event));
         return true;
     }
-    const auto command =
-        commandOf(event, std::as_const(stage_.grid()).Commands(), CommandKey::Where::ClosedCell);
+    const auto command = commandOf(event, stage_.grid(), CommandKey::Where::ClosedCell);
     if (!command) return false;
     if (isTextBoxs(*command)) return qobject_cast<QLineEdit*>(&part) == nullptr;
     if (*command == Command::FindNext || *command == Command::FindPrevious) go(*command == Command::FindNext);
