@@ -33,13 +33,19 @@ void RowOrigins::removed(std::int32_t at, std::int32_t count) noexcept {
 void RowOrigins::move(Move move) noexcept {
     unlessLost([&] {
         if (!from_.empty()) return carryOut(move);
-        // Rows that are appended one by one, or removed from the same place, are one move.
-        if (!before_.empty() && move.count > 0 && before_.back().count > 0 &&
-            move.at == before_.back().at + before_.back().count)
-            before_.back().count += move.count;
-        else
-            before_.push_back(move);
+        if (before_.empty() || !joins(before_.back(), move)) before_.push_back(move);
     });
+}
+
+/// Rows that are appended one by one, or removed from the same place or one above the other, are one move.
+bool RowOrigins::joins(Move& last, const Move& next) {
+    const bool appended = last.count > 0 && next.count > 0 && next.at == last.at + last.count;
+    const bool removed =
+        last.count < 0 && next.count < 0 && (next.at == last.at || next.at - next.count == last.at);
+    if (!appended && !removed) return false;
+    if (removed) last.at = next.at;
+    last.count += next.count;
+    return true;
 }
 
 void RowOrigins::carryOut(const Move& move) {

@@ -31,6 +31,7 @@ class RowOrigins {
         std::int32_t count;
     };
     void move(Move move) noexcept;
+    static bool joins(Move& last, const Move& next);
     void follow(std::int32_t rows);
     void carryOut(const Move& move);
     template <class Work>

@@ -67,6 +67,18 @@ TEST_F(GridWithAnArrayBeside, HearsOfRowsThatCameAndWentBeforeAndAfterTheOrderCh
     EXPECT_EQ(from, (Places{0, 5, -1, 2, 4, 6, -1}));
 }
 
+TEST_F(GridWithAnArrayBeside, HearsOfRowsThatWentOneByOneBeforeTheOrderChanged) {
+    grid.Rows(12);
+    {
+        const ChangeStep step = grid.Step("换");
+        grid.Grid().RemoveRow(5);
+        grid.Grid().RemoveRow(4);
+        grid.Grid().RemoveRow(4);
+        grid.Grid().MoveRows(4, 1, 1);
+    }
+    EXPECT_EQ(from, (Places{0, 7, 1, 2, 3, 8, 9, 10, 11}));
+}
+
 TEST_F(GridWithAnArrayBeside, HearsOfAnOrderThatWasTakenBackAsOfTheOldOne) {
     {
         const ChangeStep step = grid.Step("换");
