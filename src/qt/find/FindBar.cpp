@@ -114,10 +114,13 @@ void FindBar::open(bool replace) {
     }
     show();
     raise();
+    const QPointer<FindBar> alive(this);
     stage_.barChanged();
+    if (!alive) return;
     const bool toReplacement = replace && !fresh && !text_.text().isEmpty();
     QLineEdit& box = toReplacement ? with_ : text_;
     box.setFocus(Qt::OtherFocusReason);
+    if (!alive) return;
     box.selectAll();
     if (fresh) look();
 }
@@ -126,9 +129,10 @@ void FindBar::open(bool replace) {
 void FindBar::close() {
     if (!isOpen()) return;
     stop();
-    stage_.giveFocus(FocusPlace::Grid);
-    hide();
     const QPointer<FindBar> alive(this);
+    stage_.giveFocus(FocusPlace::Grid);
+    if (!alive) return;
+    hide();
     stage_.guarded([this](Input&) { stage_.grid().Find().End(); });
     if (alive) stage_.barChanged();
 }
@@ -246,8 +250,7 @@ void FindBar::step(bool forward) {
 /// Keys that must not set off a shortcut: of a command of the grid's, which the clerk does not mean here.
 bool FindBar::claims(const QKeyEvent& event) const {
     if (is(event, Qt::Key_Escape) || isEnter(event) || isTab(event)) return true;
-    const auto command =
-        commandOf(event, std::as_const(stage_.grid()).Commands(), CommandKey::Where::ClosedCell);
+    const auto command = commandOf(event, stage_.grid(), CommandKey::Where::ClosedCell);
     return command && *command != Command::FindNext && *command != Command::FindPrevious;
 }
 
@@ -272,8 +275,7 @@ bool FindBar::press(QWidget& part, QKeyEvent& event) {
         step(isForward(event));
         return true;
     }
-    const auto command =
-        commandOf(event, std::as_const(stage_.grid()).Commands(), CommandKey::Where::ClosedCell);
+    const auto command = commandOf(event, stage_.grid(), CommandKey::Where::ClosedCell);
     if (!command) return false;
     if (isTextBoxs(*command)) return qobject_cast<QLineEdit*>(&part) == nullptr;
     if (*command == Command::FindNext || *command == Command::FindPrevious) go(*command == Command::FindNext);
@@ -395,10 +397,10 @@ void FindBar::refresh() {
 void FindBar::tint(bool missing) {
     if (missing_ == missing && !missing) return;
     missing_ = missing;
-    QPalette own = palette();
+    QPalette own;  // of it only what is put here counts; the rest goes on following the window's
     if (missing)
         own.setColor(QPalette::Base,
                      blend(palette().color(QPalette::Base).rgb(), qRgb(0xE0, 0x30, 0x30), 0.28));
-    if (own.color(QPalette::Base) != text_.palette().color(QPalette::Base)) text_.setPalette(own);
+    if (!missing || own.color(QPalette::Base) != text_.palette().color(QPalette::Base)) text_.setPalette(own);
 }
 }  // namespace kxVsGrid::qt
