@@ -5,10 +5,11 @@
 
 namespace kxVsGrid::changes {
 
-void RowOrigins::begin() noexcept {
+void RowOrigins::begin(bool followed) noexcept {
     before_.clear();
     from_ = {};
     lost_ = false;
+    followed_ = followed;
 }
 
 template <class Work>
@@ -17,7 +18,7 @@ void RowOrigins::unlessLost(Work work) noexcept {
     try {
         work();
     } catch (...) {
-        begin();
+        begin(followed_);
         lost_ = true;
     }
 }
@@ -31,6 +32,7 @@ void RowOrigins::removed(std::int32_t at, std::int32_t count) noexcept {
 }
 
 void RowOrigins::move(Move move) noexcept {
+    if (!followed_) return;
     unlessLost([&] {
         if (!from_.empty()) return carryOut(move);
         if (before_.empty() || !joins(before_.back(), move)) before_.push_back(move);
@@ -68,6 +70,7 @@ void RowOrigins::follow(std::int32_t rows) {
 
 void RowOrigins::reordered(std::int32_t rows, std::int32_t first,
                            std::span<const std::int32_t> from) noexcept {
+    lost_ = lost_ || !followed_;
     unlessLost([&] {
         if (from_.empty()) follow(rows);
         std::vector<std::int32_t> origins(from.size());

@@ -92,6 +92,21 @@ TEST_F(GridWithAnArrayBeside, HearsOfAnOrderThatWasTakenBackAsOfTheOldOne) {
     EXPECT_EQ(from, (Places{0, 1, 2, 3, 4, 5, 6}));
 }
 
+TEST(ListenersOfSteps, WhoComesInTheMiddleOfANewOrderIsToldThatAnythingMayHaveChanged) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    grid.Rows(7);
+    bool known = true;
+    ScopedConnection after;
+    {
+        const ChangeStep step = grid.Step("换");
+        grid.Grid().InsertRow(2);
+        after = grid.Changes().After.connect([&](const StepChanges& told) { known = told.known; });
+        grid.Grid().MoveRows(5, 1, 1);
+    }
+    EXPECT_FALSE(known);
+}
+
 /// Every row knows by its text in the first column who it is.
 TEST_F(GridWithAnArrayBeside, FollowsRandomStepsAndTheirUndo) {
     std::vector<std::string> beside;
