@@ -389,8 +389,10 @@ void FindBar::refresh() {
     const QString text = told(state);
     if (text == count_.text()) return;
     count_.setText(text);
+    // The bar gives no room back by itself: with another height of the grid all is counted anew, and a text that is
+    // shorter when that is done would make it come and go for ever.
     const int before = height();
-    if (heightFor(width()) != before) stage_.barChanged();
+    if (heightFor(width()) > before) stage_.barChanged();
 }
 
 /// The ground of the box says that there is nothing.
