@@ -344,7 +344,8 @@ mEmDataType CellGrid::ColDataType(std::int32_t col) const {
 }
 void CellGrid::ColDataType(std::int32_t col, mEmDataType type) {
     impl_->requireCol("ColDataType", col);
-    impl_->store.column(col).dataType = type;
+    if (std::exchange(impl_->store.column(col).dataType, type) == type) return;
+    impl_->tellShown(col);
     impl_->damage.addAll();
 }
 bool CellGrid::MergeCol(std::int32_t col) const {

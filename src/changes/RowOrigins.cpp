@@ -5,10 +5,11 @@
 
 namespace kxVsGrid::changes {
 
-void RowOrigins::begin() noexcept {
+void RowOrigins::begin(bool followed) noexcept {
     before_.clear();
     from_ = {};
     lost_ = false;
+    followed_ = followed;
 }
 
 template <class Work>
@@ -17,7 +18,7 @@ void RowOrigins::unlessLost(Work work) noexcept {
     try {
         work();
     } catch (...) {
-        begin();
+        begin(followed_);
         lost_ = true;
     }
 }
@@ -31,15 +32,22 @@ void RowOrigins::removed(std::int32_t at, std::int32_t count) noexcept {
 }
 
 void RowOrigins::move(Move move) noexcept {
+    if (!followed_) return;
     unlessLost([&] {
         if (!from_.empty()) return carryOut(move);
-        // Rows that are appended one by one, or removed from the same place, are one move.
-        if (!before_.empty() && move.count > 0 && before_.back().count > 0 &&
-            move.at == before_.back().at + before_.back().count)
-            before_.back().count += move.count;
-        else
-            before_.push_back(move);
+        if (before_.empty() || !joins(before_.back(), move)) before_.push_back(move);
     });
+}
+
+/// Rows that are appended one by one, or removed from the same place or one above the other, are one move.
+bool RowOrigins::joins(Move& last, const Move& next) {
+    const bool appended = last.count > 0 && next.count > 0 && next.at == last.at + last.count;
+    const bool removed =
+        last.count < 0 && next.count < 0 && (next.at == last.at || next.at - next.count == last.at);
+    if (!appended && !removed) return false;
+    if (removed) last.at = next.at;
+    last.count += next.count;
+    return true;
 }
 
 void RowOrigins::carryOut(const Move& move) {
@@ -62,6 +70,7 @@ void RowOrigins::follow(std::int32_t rows) {
 
 void RowOrigins::reordered(std::int32_t rows, std::int32_t first,
                            std::span<const std::int32_t> from) noexcept {
+    lost_ = lost_ || !followed_;
     unlessLost([&] {
         if (from_.empty()) follow(rows);
         std::vector<std::int32_t> origins(from.size());

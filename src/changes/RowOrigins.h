@@ -13,7 +13,9 @@ class RowOrigins {
   public:
     static constexpr std::int32_t New = -1;
 
-    void begin() noexcept;
+    /// Rows that are not followed from the beginning on are lost with the first change of places: who begins to
+    /// listen later is not told of what came before.
+    void begin(bool followed) noexcept;
     void added(std::int32_t at, std::int32_t count) noexcept;
     void removed(std::int32_t at, std::int32_t count) noexcept;
     /// `rows` is how many the grid has.
@@ -21,7 +23,7 @@ class RowOrigins {
 
     /// For each row the place that it had at the beginning, or New. Empty when none has changed places.
     std::span<const std::int32_t> from() const { return from_; }
-    /// Memory did not suffice to follow them.
+    /// They have changed places, and nobody has followed them, or memory did not suffice for it.
     bool lost() const { return lost_; }
 
   private:
@@ -31,6 +33,7 @@ class RowOrigins {
         std::int32_t count;
     };
     void move(Move move) noexcept;
+    static bool joins(Move& last, const Move& next);
     void follow(std::int32_t rows);
     void carryOut(const Move& move);
     template <class Work>
@@ -38,6 +41,7 @@ class RowOrigins {
 
     std::vector<Move> before_;  ///< those before the first change of places
     std::vector<std::int32_t> from_;
+    bool followed_ = false;
     bool lost_ = false;
 };
 }  // namespace kxVsGrid::changes

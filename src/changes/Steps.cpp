@@ -79,7 +79,7 @@ void Steps::filled(std::int32_t row, std::int32_t col, std::uint32_t texts, std:
 
 void Steps::added(std::int32_t at, std::int32_t count) noexcept {
     knownRow_ = -1;
-    if (followsRows()) origins_.added(at, count);
+    if (underway()) origins_.added(at, count);
     record(static_cast<std::size_t>(count) * sizeof(RowId), [&](Record& record) {
         AddedRows rows;
         rows.ids.reserve(static_cast<std::size_t>(count));
@@ -90,13 +90,13 @@ void Steps::added(std::int32_t at, std::int32_t count) noexcept {
 
 void Steps::removing(std::int32_t at, std::int32_t count) noexcept {
     knownRow_ = -1;
-    if (followsRows()) origins_.removed(at, count);
+    if (underway()) origins_.removed(at, count);
     record(bytesOfRows(count), [&](Record& record) { record.remove(keepRows(grid_, at, count)); });
 }
 
 void Steps::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept {
     knownRow_ = -1;
-    if (followsRows()) origins_.reordered(grid_.Rows(), first, from);
+    if (underway()) origins_.reordered(grid_.Rows(), first, from);
     record(bytesOfOrder(from), [&](Record& record) {
         for (ReorderedRows& rows : keepOrder(grid_, first, from)) record.reorder(std::move(rows));
     });
@@ -133,7 +133,7 @@ void Steps::open(std::string_view name, Cause cause, bool joinsPrelude) {
     lost_ = forgetsStep_ = false;
     settledEntries_ = 0;
     marks_.clear();
-    origins_.begin();
+    origins_.begin(told());
     depth_ = 1;
     try {
         listenAsNeeded();
@@ -345,7 +345,7 @@ bool Steps::goBack(KeptSteps& from, KeptSteps& to) {
     Record record = from.pop().record;
     prelude_ = 0;
     lost_ = forgetsStep_ = false;
-    origins_.begin();
+    origins_.begin(told());
     grid_.TellStepOpened(record.name, Cause::Undo);
     FirstFault fault;
     restore(record, true, fault);

@@ -189,8 +189,6 @@ class Steps : private ChangeListener {
     void finish(const Told& told, support::FirstFault& fault);
     void tellForgot();
     bool told() const { return changes.After.heard() || !settlers_.empty(); }
-    /// A step goes on whose changes are told.
-    bool followsRows() const { return (depth_ > 0 || restoring_) && told(); }
     bool wanted() const { return enabled_ || hostSteps_ > 0 || told(); }
 
     CellGrid& grid_;

@@ -92,7 +92,7 @@ void HeaderMenu::open() {
     CellGrid& grid = c_.grid;
     const std::int32_t col = keysColumn();
     if (col < 0) return;
-    grid.LeftCol(grid.LeftColToShow(col, grid.ClientWidth()));
+    grid.BringColIntoView(col, grid.ClientWidth());
     if (!c_.host.there() || keysColumn() != col) return;
     const Rect header = grid.CellRect(grid.FixedRows() - 1, col);
     popUp(col, {header.left, header.bottom(), 0, 0});

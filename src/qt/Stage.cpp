@@ -218,7 +218,7 @@ void Stage::showFindBar(bool replace) {
 }
 
 void Stage::barChanged() {
-    resized();
+    if (!resized()) return;
     guarded([this](Input&) {
         CellGrid& cells = grid().Grid();
         if (cells.Row() >= 0 && cells.Col() >= 0) editing::bringCurrentCellIntoView(cells);
@@ -387,7 +387,7 @@ void Stage::lookChanged() {
     resized();
 }
 
-void Stage::resized() {
+bool Stage::resized() {
     QRect cells = widget_.rect();
     if (findBar_ && findBar_->isOpen()) {
         const int height = std::min(findBar_->heightFor(cells.width()), cells.height());
@@ -396,7 +396,7 @@ void Stage::resized() {
     }
     area_->setGeometry(cells);
     const Scale now = scale();
-    guarded([&](Input& input) { input.resized(now.twips(cells.width()), now.twips(cells.height())); });
+    return guarded([&](Input& input) { input.resized(now.twips(cells.width()), now.twips(cells.height())); });
 }
 
 void Stage::watchDamage() {

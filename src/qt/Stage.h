@@ -105,7 +105,8 @@ class Stage {
     void lookChanged();
     /// The grid or its editor is painted as having the keyboard.
     bool focusShown() const { return focusShown_; }
-    void resized();
+    /// False when a host that heard of it has ended the widget.
+    bool resized();
     /// Before anybody sees them: rows are as high as the widget's font needs.
     void fitRows();
 

@@ -67,6 +67,18 @@ TEST_F(GridWithAnArrayBeside, HearsOfRowsThatCameAndWentBeforeAndAfterTheOrderCh
     EXPECT_EQ(from, (Places{0, 5, -1, 2, 4, 6, -1}));
 }
 
+TEST_F(GridWithAnArrayBeside, HearsOfRowsThatWentOneByOneBeforeTheOrderChanged) {
+    grid.Rows(12);
+    {
+        const ChangeStep step = grid.Step("换");
+        grid.Grid().RemoveRow(5);
+        grid.Grid().RemoveRow(4);
+        grid.Grid().RemoveRow(4);
+        grid.Grid().MoveRows(4, 1, 1);
+    }
+    EXPECT_EQ(from, (Places{0, 7, 1, 2, 3, 8, 9, 10, 11}));
+}
+
 TEST_F(GridWithAnArrayBeside, HearsOfAnOrderThatWasTakenBackAsOfTheOldOne) {
     {
         const ChangeStep step = grid.Step("换");
@@ -78,6 +90,21 @@ TEST_F(GridWithAnArrayBeside, HearsOfAnOrderThatWasTakenBackAsOfTheOldOne) {
         }
     }
     EXPECT_EQ(from, (Places{0, 1, 2, 3, 4, 5, 6}));
+}
+
+TEST(ListenersOfSteps, WhoComesInTheMiddleOfANewOrderIsToldThatAnythingMayHaveChanged) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    grid.Rows(7);
+    bool known = true;
+    ScopedConnection after;
+    {
+        const ChangeStep step = grid.Step("换");
+        grid.Grid().InsertRow(2);
+        after = grid.Changes().After.connect([&](const StepChanges& told) { known = told.known; });
+        grid.Grid().MoveRows(5, 1, 1);
+    }
+    EXPECT_FALSE(known);
 }
 
 /// Every row knows by its text in the first column who it is.

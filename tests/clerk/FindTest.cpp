@@ -231,6 +231,9 @@ TEST_F(FindTest, PassesHeadersTagsBoxesAndWhatIsHidden) {
     grid.Grid().RowHidden(3, false);
     work();
     EXPECT_EQ(find.State().count, 1);
+    grid.Grid().ColDataType(5, flexDTString);
+    work();
+    EXPECT_EQ(find.State().count, 2);
 }
 
 TEST_F(FindTest, FollowsWhatChangesMeanwhile) {
@@ -272,6 +275,36 @@ TEST_F(FindTest, SaysOnceThatThereIsSomethingToDoAgain) {
     find.End();
     fill(4, 1, "k");
     EXPECT_EQ(told, 1);
+}
+
+TEST_F(FindTest, SaysSoToWhoeverListensThenAndOfANewSearch) {
+    int told = 0;
+    find.OnWork([&] { ++told; });
+    find.Rule({.text = "k"});
+    EXPECT_EQ(told, 1);
+    find.End();
+    find.Rule({.text = "l"});
+    EXPECT_EQ(told, 2);
+    int other = 0;
+    find.OnWork([&] { ++other; });
+    fill(1, 1, "k");
+    EXPECT_EQ(other, 1);
+}
+
+TEST_F(FindTest, LeavesAMatchThatIsSeenWhollyWhereItStands) {
+    rows(500);
+    at(1, 1);
+    desk.scrollBy(0, 100);
+    const CellGrid& g = grid.Grid();
+    const std::int32_t bottom = g.ClientHeight() - g.BottomStrip();
+    std::int32_t last = g.TopRow() + 1;
+    while (g.CellRect(last + 1, 1).bottom() <= bottom) ++last;
+    fill(last, 1, "k");
+    const Rect before = g.CellRect(last, 1);
+    look("k");
+    EXPECT_EQ(match(), (Cell{last, 1}));
+    EXPECT_EQ(g.CellRect(last, 1), before);
+    EXPECT_EQ(g.TopOffset(), 100);
 }
 
 TEST_F(FindTest, ScrollsToTheMatchAndBackWhenItEnds) {

@@ -256,6 +256,18 @@ TEST_F(HeaderMenuTest, BringsItsColumnIntoView) {
     EXPECT_EQ(anchor, below(Remark));
 }
 
+TEST_F(HeaderMenuTest, LeavesAColumnThatIsSeenWhollyWhereItStands) {
+    const CellGrid& g = grid.Grid();
+    for (const Column col : {Code, Name, Quantity, Remark}) grid.ColWidth(col, g.ClientWidth() / 3);
+    at(1, Name);
+    desk.scrollBy(100, 0);
+    ASSERT_EQ(g.LeftOffset(), 100);
+    desk.run(Command::HeaderMenu);
+    EXPECT_EQ(popped, 1);
+    EXPECT_EQ(g.LeftOffset(), 100);
+    EXPECT_EQ(anchor, below(Name));
+}
+
 TEST_F(HeaderMenuTest, IsNotThereWithoutAHeader) {
     grid.FixedRows(0);
     EXPECT_FALSE(grid.CanRun(Command::HeaderMenu));

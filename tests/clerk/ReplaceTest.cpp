@@ -44,6 +44,19 @@ TEST_F(ReplaceTest, ReplacesTheMatchShownAndShowsTheNext) {
     EXPECT_EQ(text(2, 1), "red apple, red box");
 }
 
+TEST_F(ReplaceTest, TheNextMatchShownIsTheOneToGoToWhereverTheClerkIs) {
+    fill(2, 1, "a");
+    fill(3, 1, "a");
+    fill(5, 1, "a");
+    at(1, 1);
+    look("a");
+    at(4, 1);
+    EXPECT_TRUE(find.Replace("b"));
+    EXPECT_EQ(match(), (Cell{3, 1}));
+    EXPECT_TRUE(find.Next());
+    EXPECT_EQ(current(), (Cell{3, 1}));
+}
+
 TEST_F(ReplaceTest, ReplacesAllAsOneStep) {
     fill(1, 1, "ab");
     fill(2, 2, "xABx");

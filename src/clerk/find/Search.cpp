@@ -47,6 +47,7 @@ void Search::rule(const FindRule& rule) {
 void Search::end() {
     if (!std::exchange(underway_, false)) return;
     const auto kept = c_.owner.keep();
+    told_ = false;
     stopListening();
     looking_.reset();
     present_.reset();
@@ -202,14 +203,14 @@ bool Search::work() {
     if (looking_) {
         const auto found = advance(*looking_);
         if (rules != rules_ || !underway_ || !looking_) return underway_;
+        const FoundCell start = looking_->start.cell();
+        if (found || looking_->over) looking_.reset();
         if (found) {
-            const FoundCell start = looking_->start.cell();
             wrapped_ = isBefore(*found, start);
             setPresent(found);
             show(*found);
-            if (rules != rules_) return underway_;
+            if (rules != rules_ || !underway_) return underway_;
         }
-        if (found || looking_->over) looking_.reset();
     } else if (const std::int32_t next = counts_.unknown(); next >= 0) {
         lookAndCount(next);
     }
@@ -250,6 +251,7 @@ void Search::followClerk() {
     if (!clerkMoved()) return;
     looking_.reset();
     visited_ = true;
+    base_.emplace(c_.rows.follower(), current());
     if (!rule_.thisColumn || column_ == c_.grid.Col()) return;
     column_ = c_.grid.Col();
     allChanged();
@@ -269,11 +271,11 @@ void Search::setPresent(const std::optional<FoundCell>& cell) {
     damage(*cell);
 }
 
-/// The current cell stays where it is.
+/// The current cell stays where it is. A host that hears of the scrolling may take columns away.
 void Search::show(const FoundCell& cell) {
     CellGrid& grid = c_.grid;
-    const std::int32_t bottom = grid.ClientHeight() - grid.BottomStrip();
-    grid.ScrollTo(grid.TopRowToShow(cell.row, bottom), grid.LeftColToShow(cell.col, grid.ClientWidth()));
+    grid.BringRowIntoView(cell.row, grid.ClientHeight() - grid.BottomStrip());
+    if (cell.col < grid.Cols()) grid.BringColIntoView(cell.col, grid.ClientWidth());
 }
 
 bool Search::go(bool forward) {

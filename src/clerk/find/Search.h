@@ -35,7 +35,10 @@ class Search : private ChangeListener {
     void end();
     bool underway() const { return underway_; }
     bool work();
-    void onWork(std::function<void()> listener) { onWork_ = std::move(listener); }
+    void onWork(std::function<void()> listener) {
+        onWork_ = std::move(listener);
+        told_ = false;
+    }
     FindState state() const;
     bool go(bool forward);
     bool replace(std::string_view with);
@@ -125,6 +128,6 @@ class Search : private ChangeListener {
     std::uint64_t reorderings_ = 0;
     bool underway_ = false;
     bool listening_ = false;
-    bool told_ = false;
+    bool told_ = false;  ///< that there is something to do; nobody has worked since
 };
 }  // namespace kxVsGrid::clerk

@@ -114,10 +114,13 @@ void FindBar::open(bool replace) {
     }
     show();
     raise();
+    const QPointer<FindBar> alive(this);
     stage_.barChanged();
+    if (!alive) return;
     const bool toReplacement = replace && !fresh && !text_.text().isEmpty();
     QLineEdit& box = toReplacement ? with_ : text_;
     box.setFocus(Qt::OtherFocusReason);
+    if (!alive) return;
     box.selectAll();
     if (fresh) look();
 }
@@ -126,9 +129,10 @@ void FindBar::open(bool replace) {
 void FindBar::close() {
     if (!isOpen()) return;
     stop();
-    stage_.giveFocus(FocusPlace::Grid);
-    hide();
     const QPointer<FindBar> alive(this);
+    stage_.giveFocus(FocusPlace::Grid);
+    if (!alive) return;
+    hide();
     stage_.guarded([this](Input&) { stage_.grid().Find().End(); });
     if (alive) stage_.barChanged();
 }
@@ -385,18 +389,20 @@ void FindBar::refresh() {
     const QString text = told(state);
     if (text == count_.text()) return;
     count_.setText(text);
+    // The bar gives no room back by itself: with another height of the grid all is counted anew, and a text that is
+    // shorter when that is done would make it come and go for ever.
     const int before = height();
-    if (heightFor(width()) != before) stage_.barChanged();
+    if (heightFor(width()) > before) stage_.barChanged();
 }
 
 /// The ground of the box says that there is nothing.
 void FindBar::tint(bool missing) {
     if (missing_ == missing && !missing) return;
     missing_ = missing;
-    QPalette own = palette();
+    QPalette own;  // of it only what is put here counts; the rest goes on following the window's
     if (missing)
         own.setColor(QPalette::Base,
                      blend(palette().color(QPalette::Base).rgb(), qRgb(0xE0, 0x30, 0x30), 0.28));
-    if (own.color(QPalette::Base) != text_.palette().color(QPalette::Base)) text_.setPalette(own);
+    if (!missing || own.color(QPalette::Base) != text_.palette().color(QPalette::Base)) text_.setPalette(own);
 }
 }  // namespace kxVsGrid::qt
