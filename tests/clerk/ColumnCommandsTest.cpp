@@ -6,7 +6,7 @@ namespace {
 
 using HiddenColumns = ColumnTest;
 using FittedColumns = ColumnTest;
-using FrozenColumns = ColumnTest;
+using FreezeCommand = ColumnTest;
 
 // --- Hiding
 
@@ -321,7 +321,7 @@ TEST_F(FittedColumns, AreAsWideAsTheirTextAgainAfterAWidthThatHappenedToBeTheSam
 
 // --- Frozen columns
 
-TEST_F(FrozenColumns, AreThoseUpToTheCurrentOne) {
+TEST_F(FreezeCommand, AreThoseUpToTheCurrentOne) {
     at(1, Name);
     EXPECT_EQ(grid.Commands().Caption(Command::Freeze), "冻结到此列");
     EXPECT_TRUE(desk.run(Command::Freeze));
@@ -329,7 +329,7 @@ TEST_F(FrozenColumns, AreThoseUpToTheCurrentOne) {
     EXPECT_EQ(changes, 1);
 }
 
-TEST_F(FrozenColumns, AreReleasedWhereJustTheseAreFrozen) {
+TEST_F(FreezeCommand, AreReleasedWhereJustTheseAreFrozen) {
     at(1, Name);
     desk.run(Command::Freeze);
     EXPECT_EQ(grid.Commands().Caption(Command::Freeze), "取消冻结");
@@ -341,7 +341,7 @@ TEST_F(FrozenColumns, AreReleasedWhereJustTheseAreFrozen) {
     EXPECT_EQ(grid.FrozenCols(), 0);
 }
 
-TEST_F(FrozenColumns, TellWhoShowsTheCaption) {
+TEST_F(FreezeCommand, TellWhoShowsTheCaption) {
     at(1, Name);
     std::string caption;
     grid.Commands().Changed.connect([&] { caption = grid.Commands().Caption(Command::Freeze); });
@@ -351,7 +351,7 @@ TEST_F(FrozenColumns, TellWhoShowsTheCaption) {
     EXPECT_EQ(caption, "冻结到此列");
 }
 
-TEST_F(FrozenColumns, LeaveRoomForThoseThatScroll) {
+TEST_F(FreezeCommand, LeaveRoomForThoseThatScroll) {
     at(1, Remark);
     grid.ColWidth(Remark, 20'000);
     EXPECT_FALSE(grid.CanRun(Command::Freeze));
@@ -361,7 +361,7 @@ TEST_F(FrozenColumns, LeaveRoomForThoseThatScroll) {
     EXPECT_EQ(grid.FrozenCols(), 0);
 }
 
-TEST_F(FrozenColumns, WorkOnAReadOnlyGrid) {
+TEST_F(FreezeCommand, WorkOnAReadOnlyGrid) {
     grid.Editable(false);
     at(1, Name);
     EXPECT_TRUE(desk.run(Command::Freeze));

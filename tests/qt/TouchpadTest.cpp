@@ -17,7 +17,7 @@ void moveFingers(QWidget& widget, const QPoint& pixels, const QPoint& angle, Qt:
 }
 
 QScrollBar& barOf(Window& w, Qt::Orientation orientation) {
-    for (auto* found : w.widget->findChildren<QScrollBar*>(QString(), Qt::FindDirectChildrenOnly))
+    for (auto* found : w.widget->findChildren<QScrollBar*>())
         if (found->orientation() == orientation) return *found;
     throw std::logic_error("no such bar");
 }

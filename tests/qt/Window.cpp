@@ -58,7 +58,7 @@ Window::Window() : before(new QLineEdit), widget(new kxGridWidget), after(new QL
 }
 
 QWidget& Window::view() {
-    for (QObject* child : widget->children())
+    for (QWidget* child : widget->findChildren<QWidget*>())
         if (auto* found = dynamic_cast<GridView*>(child)) return *found;
     throw std::logic_error("the widget has no view");
 }
