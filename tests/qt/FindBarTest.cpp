@@ -55,7 +55,7 @@ TEST(FindBar, OpensUnderTheGridWithTheKeyboard) {
     EXPECT_EQ(QApplication::focusWidget(), &w.part("查找"));
     EXPECT_EQ(w.view().height() + w.bar().height(), before);
     EXPECT_EQ(w.bar().geometry().bottom(), w.widget->rect().bottom());
-    EXPECT_EQ(Scale(*w.widget).pixel(w.grid().Grid().Height()), w.view().height());
+    EXPECT_EQ(Scale(*w.widget).pixel(w.grid().Grid().ClientHeight()), w.view().height());
     EXPECT_FALSE(w.part("替换为").isVisible());
 }
 
