@@ -142,6 +142,18 @@ TEST_F(Filter, ShowsARowAgainThatPassesWhenTheCurrentRowIsLeft) {
     EXPECT_TRUE(cells.RowShown(2));
 }
 
+TEST_F(Filter, KnowsTheRowsAnewThatCameToOtherPlacesWhileNothingFiltered) {
+    show({"北京"});
+    cells.Text(3, City, "广州");
+    grid.Filters().ShowAll();
+    cells.MoveRows(6, 1, 3);
+    show({"北京"});
+    cells.Text(3, City, "广州");
+    at(1);
+    at(4);
+    EXPECT_FALSE(cells.RowShown(3));
+}
+
 TEST_F(Filter, KeepsRowsThatWereFilledUntilTheCurrentRowIsLeft) {
     show({"北京"});
     desk.clipboard("广州\n广州");
