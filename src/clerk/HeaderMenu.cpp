@@ -92,7 +92,7 @@ void HeaderMenu::open() {
     CellGrid& grid = c_.grid;
     const std::int32_t col = keysColumn();
     if (col < 0) return;
-    grid.LeftCol(grid.LeftColToShow(col, grid.ClientWidth()));
+    grid.BringColIntoView(col, grid.ClientWidth());
     if (!c_.host.there() || keysColumn() != col) return;
     const Rect header = grid.CellRect(grid.FixedRows() - 1, col);
     popUp(col, {header.left, header.bottom(), 0, 0});
@@ -110,7 +110,6 @@ void HeaderMenu::chooseSorts(std::int32_t col) {
     for (const HeaderItem item : {SortUp, SortDown, Unsort}) menu_.item(Items, item).visible = sortable;
     for (const HeaderItem item : {SortUp, SortDown}) menu_.item(Items, item).enabled = sorts_.canSort(col);
     menu_.item(Items, Unsort).enabled = sorts_.canUnsort();
-    menu_.item(Items, BeforeColumns).visible = sortable;
 }
 
 void HeaderMenu::chooseFilters(std::int32_t col) {

@@ -116,7 +116,7 @@ void FilterForm::narrow() {
     for (std::size_t i = 0; i < choices_.size(); ++i) {
         const bool found = lowered_[i].find(wanted) != std::string::npos;
         hidden.push_back(!found);
-        show(i, wanted.empty() ? choices_[i].ticked : found);
+        if (found) show(i, !wanted.empty() || choices_[i].ticked);
     }
     grid_.FilterRows(1, hidden);
     grid_.Select(0, TextCol);
@@ -124,7 +124,7 @@ void FilterForm::narrow() {
     sayWhatIsListed();
 }
 
-/// Of many texts a key changes few ticks.
+/// Of many texts a key changes few ticks: those that it does not find keep what they showed, unseen.
 void FilterForm::show(std::size_t choice, bool ticked) {
     if (ticked_[choice] == ticked) return;
     ticked_[choice] = ticked;
@@ -208,7 +208,7 @@ void FilterForm::accept() {
     chosen_.clear();
     bool all = true;
     for (std::size_t i = 0; i < choices_.size(); ++i) {
-        if (ticked_[i])
+        if (ticked_[i] && listed(i))
             chosen_.push_back(choices_[i].text);
         else
             all = false;

@@ -53,7 +53,7 @@ class FilterForm : public Form {
     bool searches() const;
 
     std::vector<FilterChoice> choices_;  ///< ticked as without a search
-    std::vector<bool> ticked_;           ///< as the list shows it
+    std::vector<bool> ticked_;           ///< as the list shows it, where it does
     std::vector<std::string> lowered_;   ///< what is searched, of each choice
     CellGrid grid_;
     FormControl& text_;

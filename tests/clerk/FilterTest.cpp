@@ -494,6 +494,15 @@ TEST_F(Filter, MayEndTheControlInTheMiddle) {
         }
 }
 
+TEST_F(Filter, LetsAllRowsGoAlthoughAListenerThrowsAtItsEnd) {
+    show({"北京"});
+    const auto heard = grid.Filters().Changed.connect([] { throw std::runtime_error("host"); });
+    EXPECT_THROW(grid.Clear(), std::runtime_error);
+    EXPECT_FALSE(grid.Filters().On());
+    EXPECT_EQ(text(1), "");
+    EXPECT_LT(grid.Rows(), DataRows + 1);
+}
+
 TEST_F(Filter, IsPutAlthoughAListenerThrows) {
     cells.PlacesChanged.connect([] { throw std::runtime_error("host"); });
     EXPECT_THROW(show({"北京"}), std::runtime_error);

@@ -256,6 +256,29 @@ TEST_F(HeaderMenuTest, BringsItsColumnIntoView) {
     EXPECT_EQ(anchor, below(Remark));
 }
 
+TEST_F(HeaderMenuTest, ScrollsNothingForAColumnThatIsSeenWhole) {
+    for (const Column col : {Code, Name, Quantity, Remark}) grid.Grid().ColWidth(col, 4000);
+    grid.Grid().ScrollBy(300, 0);
+    grid.Grid().SelectCols(Name, Name);
+    const std::int32_t offset = grid.Grid().LeftOffset();
+    ASSERT_GT(offset, 0);
+    desk.press(Key::Down, AltKey);
+    EXPECT_EQ(popped, 1);
+    EXPECT_EQ(grid.Grid().LeftOffset(), offset);
+}
+
+TEST_F(HeaderMenuTest, DoesNotShowAColumnThatTheHostHasHiddenWhileItWasOpen) {
+    press(Name, "隐藏列");
+    desk.onPopup([this](headless::PoppedMenu& menu) {
+        grid.ColHidden(Name, true);
+        menu.choose("显示隐藏的列", "品名");
+    });
+    changes = 0;
+    desk.rightClick(0, Code);
+    EXPECT_EQ(hidden(), (Cols{Name}));
+    EXPECT_EQ(changes, 0);
+}
+
 TEST_F(HeaderMenuTest, IsNotThereWithoutAHeader) {
     grid.FixedRows(0);
     EXPECT_FALSE(grid.CanRun(Command::HeaderMenu));
