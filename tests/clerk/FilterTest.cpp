@@ -503,6 +503,17 @@ TEST_F(Filter, LetsAllRowsGoAlthoughAListenerThrowsAtItsEnd) {
     EXPECT_LT(grid.Rows(), DataRows + 1);
 }
 
+TEST_F(Filter, LetsTheCellBeEnteredAlthoughAListenerThrowsAsItsRowIsShown) {
+    show({"北京"});
+    const auto heard = grid.Filters().Changed.connect([] { throw std::runtime_error("host"); });
+    int entered = 0;
+    grid.EnterCell.connect([&] { ++entered; });
+    EXPECT_THROW(at(2), std::runtime_error);
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(grid.Text(), "上海");
+    EXPECT_EQ(entered, 1);
+}
+
 TEST_F(Filter, IsPutAlthoughAListenerThrows) {
     cells.PlacesChanged.connect([] { throw std::runtime_error("host"); });
     EXPECT_THROW(show({"北京"}), std::runtime_error);
