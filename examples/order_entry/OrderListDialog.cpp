@@ -70,7 +70,7 @@ void OrderListDialog::layOut() {
     header->setSortIndicatorShown(true);
     header->setSortIndicatorClearable(true);
     header->setSortIndicator(-1, Qt::AscendingOrder);
-    connect(header, &QHeaderView::sortIndicatorChanged, this, &OrderListDialog::arrange);
+    connect(header, &QHeaderView::sortIndicatorChanged, this, &OrderListDialog::rearrange);
     header->setSectionResizeMode(CustomerColumn, QHeaderView::Stretch);
     const int widths[] = {150, 100, 0, 60, 130, 70};
     for (int c = 0; c < ListColumns; ++c)
@@ -118,9 +118,17 @@ bool OrderListDialog::comesBefore(const OrderSummary& one, const OrderSummary& o
     }
 }
 
-/// Orders that are equal stay newest first; the one that was chosen stays so.
-void OrderListDialog::arrange() {
+/// Another order is no search: the one that was chosen stays so.
+void OrderListDialog::rearrange() {
     const std::optional<qint64> before = chosen();
+    arrange();
+    const auto still = std::find_if(listed_.begin(), listed_.end(),
+                                    [&](const OrderSummary& order) { return order.id == before; });
+    if (still != listed_.end()) table_->selectRow(static_cast<int>(still - listed_.begin()));
+}
+
+/// Orders that are equal stay newest first; the first one is chosen.
+void OrderListDialog::arrange() {
     listed_ = found_;
     const int column = table_->horizontalHeader()->sortIndicatorSection();
     const bool down = table_->horizontalHeader()->sortIndicatorOrder() == Qt::DescendingOrder;
@@ -129,9 +137,6 @@ void OrderListDialog::arrange() {
             return down ? comesBefore(other, one, column) : comesBefore(one, other, column);
         });
     fill();
-    const auto still = std::find_if(listed_.begin(), listed_.end(),
-                                    [&](const OrderSummary& order) { return order.id == before; });
-    if (column >= 0 && still != listed_.end()) table_->selectRow(static_cast<int>(still - listed_.begin()));
 }
 
 void OrderListDialog::fill() {

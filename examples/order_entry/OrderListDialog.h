@@ -29,6 +29,7 @@ class OrderListDialog : public QDialog {
     void layOut();
     void search();
     void arrange();
+    void rearrange();
     void fill();
     bool comesBefore(const OrderSummary& one, const OrderSummary& other, int column) const;
 

@@ -38,12 +38,6 @@ bool ColumnCommands::hide(const std::vector<std::int32_t>& cols) {
     return canHide(cols) && c_.clerkColumns.hide(cols);
 }
 
-bool ColumnCommands::show(const std::vector<std::int32_t>& cols) {
-    if (cols.empty()) return false;
-    c_.clerkColumns.show(cols);
-    return true;
-}
-
 // --- Widths
 
 /// Reading the texts may run a host's code, as telling of a width does.

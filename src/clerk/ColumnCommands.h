@@ -22,7 +22,7 @@ class ColumnCommands {
     bool canHide(const std::vector<std::int32_t>& cols) const;
     bool hide(const std::vector<std::int32_t>& cols);
     std::vector<std::int32_t> hidden() const { return c_.clerkColumns.hidden(); }
-    bool show(const std::vector<std::int32_t>& cols);
+    bool show(const std::vector<std::int32_t>& cols) { return c_.clerkColumns.show(cols); }
 
     bool canFit(const std::vector<std::int32_t>& cols) const { return !cols.empty(); }
     bool fit(const std::vector<std::int32_t>& cols);

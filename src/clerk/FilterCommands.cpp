@@ -52,8 +52,8 @@ std::vector<dialogs::FilterChoice> FilterCommands::choicesOf(std::int32_t col) c
 
 bool FilterCommands::choose(std::int32_t col) {
     CellGrid& grid = c_.grid;
-    const std::string name = nameOf(grid, col, c_.columns.at(col));
-    dialogs::FilterForm form(c_.platform.textMetrics(), name, choicesOf(col), c_.filters.on(col));
+    dialogs::FilterForm form(c_.platform.textMetrics(), c_.clerkColumns.nameOf(col), choicesOf(col),
+                             c_.filters.on(col));
     const std::int32_t header = std::max(grid.FixedRows() - 1, 0);
     c_.platform.showForm(form, c_.owner.onScreen(grid.CellRect(header, col)));
     if (!c_.host.there() || col >= grid.Cols()) return false;

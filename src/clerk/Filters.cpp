@@ -118,6 +118,7 @@ void Filters::put(Rules rules) {
     Rules before = std::exchange(rules_, std::move(rules));
     touched_ = std::move(kept);
     fresh_.clear();
+    lastNotedRow_ = -1;  // what rows did while nothing filtered was not heard
     current_ = current;
     fixedRows_ = grid.FixedRows();
     lost_ = removed_ = false;

@@ -110,7 +110,6 @@ void HeaderMenu::chooseSorts(std::int32_t col) {
     for (const HeaderItem item : {SortUp, SortDown, Unsort}) menu_.item(Items, item).visible = sortable;
     for (const HeaderItem item : {SortUp, SortDown}) menu_.item(Items, item).enabled = sorts_.canSort(col);
     menu_.item(Items, Unsort).enabled = sorts_.canUnsort();
-    menu_.item(Items, BeforeColumns).visible = sortable;
 }
 
 void HeaderMenu::chooseFilters(std::int32_t col) {

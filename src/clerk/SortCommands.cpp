@@ -25,11 +25,10 @@ bool SortCommands::canSort(std::int32_t col) const {
 }
 
 bool SortCommands::sort(std::int32_t col, bool down) {
-    const cVsControl& column = c_.columns.at(col);
     const std::vector<std::int32_t> from =
-        sortedRows(c_.grid, c_.defaulted, col, kindOf(column), down, c_.platform);
+        sortedRows(c_.grid, c_.defaulted, col, kindOf(c_.columns.at(col)), down, c_.platform);
     entered_.sorting(from.size());
-    return reorder("按" + nameOf(c_.grid, col, column) + (down ? "降序" : "升序"), from);
+    return reorder("按" + c_.clerkColumns.nameOf(col) + (down ? "降序" : "升序"), from);
 }
 
 bool SortCommands::unsort() {

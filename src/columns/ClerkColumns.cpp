@@ -185,17 +185,23 @@ bool ClerkColumns::hide(const std::vector<std::int32_t>& cols) {
     return true;
 }
 
-void ClerkColumns::show(const std::vector<std::int32_t>& cols) {
-    const auto kept = owner_.keep();
-    putHidden(cols, false);
-    face.Changed();
+/// What the host hides stays hidden, and his.
+std::vector<std::int32_t> ClerkColumns::hiddenOf(std::vector<std::int32_t> cols) const {
+    std::erase_if(cols, [this](std::int32_t col) { return !hides(col); });
+    return cols;
 }
 
-/// What the host hides stays hidden, and his.
+bool ClerkColumns::show(const std::vector<std::int32_t>& cols) {
+    const auto kept = owner_.keep();
+    const std::vector<std::int32_t> back = hiddenOf(cols);
+    if (back.empty()) return false;
+    putHidden(back, false);
+    face.Changed();
+    return true;
+}
+
 void ClerkColumns::applyHidden(const std::vector<std::int32_t>& hide, const std::vector<std::int32_t>& show) {
-    std::vector<std::int32_t> back;
-    for (const std::int32_t col : show)
-        if (hides(col)) back.push_back(col);
+    const std::vector<std::int32_t> back = hiddenOf(show);
     std::vector<std::int32_t> gone;
     for (const std::int32_t col : hide)
         if (col >= grid_.FixedCols() && isThere(col) && !grid_.ColHidden(col)) gone.push_back(col);

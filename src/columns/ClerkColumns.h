@@ -37,7 +37,8 @@ class ClerkColumns {
     // --- What the clerk does; each tells of it (ColumnLayout::Changed).
     /// False when the current cell could not leave the columns; nothing has changed then.
     bool hide(const std::vector<std::int32_t>& cols);
-    void show(const std::vector<std::int32_t>& cols);
+    /// Those that he has hidden. False when there is none among them.
+    bool show(const std::vector<std::int32_t>& cols);
     void freeze(std::int32_t cols);
     void resetByClerk();
     /// He is about to give the column another width; he is done with it.
@@ -100,6 +101,7 @@ class ClerkColumns {
     const Frozen* clerksFrozen() const;
     Width present(std::int32_t col) const { return {grid_.ColWidth(col), grid_.ColSample(col)}; }
     void noteWidth(std::int32_t col, const Width& before);
+    std::vector<std::int32_t> hiddenOf(std::vector<std::int32_t> cols) const;
     bool leave(const std::vector<std::int32_t>& cols);
     std::int32_t shownBeside(std::int32_t col, const std::vector<std::int32_t>& but) const;
     void putHidden(const std::vector<std::int32_t>& cols, bool hidden);

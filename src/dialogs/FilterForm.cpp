@@ -21,6 +21,10 @@ const std::string& captionOf(const FilterChoice& choice) {
     return choice.text.empty() ? Empty : choice.text;
 }
 
+std::string_view textOf(bool ticked) {
+    return ticked ? "-1" : "0";
+}
+
 std::string lowered(std::string_view text) {
     std::string lower(text);
     for (char& c : lower)
@@ -81,11 +85,13 @@ void FilterForm::fill() {
     grid_.Rows(1);
     grid_.Rows(static_cast<std::int32_t>(choices_.size()) + 1);
     lowered_.reserve(choices_.size());
+    ticked_.resize(choices_.size());
     for (std::size_t i = 0; i < choices_.size(); ++i) {
         const auto row = static_cast<std::int32_t>(i) + 1;
         grid_.Text(row, TextCol, captionOf(choices_[i]));
         grid_.Text(row, RowsCol, std::to_string(choices_[i].rows));
-        put(i, choices_[i].ticked);
+        ticked_[i] = choices_[i].ticked;
+        grid_.Text(row, Tick, textOf(ticked_[i]));
         lowered_.push_back(lowered(captionOf(choices_[i])));
     }
     grid_.Select(0, TextCol);
@@ -107,28 +113,40 @@ void FilterForm::narrow() {
     const std::string wanted = lowered(support::trim(text_.text));
     std::vector<bool> hidden;
     hidden.reserve(choices_.size());
-    for (const std::string& text : lowered_) hidden.push_back(text.find(wanted) == std::string::npos);
+    for (std::size_t i = 0; i < choices_.size(); ++i) {
+        const bool found = lowered_[i].find(wanted) != std::string::npos;
+        hidden.push_back(!found);
+        if (found) show(i, !wanted.empty() || choices_[i].ticked);
+    }
     grid_.FilterRows(1, hidden);
     grid_.Select(0, TextCol);
     grid_.TopRow(1);
     sayWhatIsListed();
 }
 
-void FilterForm::put(std::size_t choice, bool ticked) {
+/// Of many texts a key changes few ticks: those that it does not find keep what they showed, unseen.
+void FilterForm::show(std::size_t choice, bool ticked) {
+    if (ticked_[choice] == ticked) return;
+    ticked_[choice] = ticked;
+    grid_.Text(static_cast<std::int32_t>(choice) + 1, Tick, textOf(ticked));
+}
+
+/// By the clerk himself: it stays when he searches no more.
+void FilterForm::tick(std::size_t choice, bool ticked) {
     choices_[choice].ticked = ticked;
-    grid_.Text(static_cast<std::int32_t>(choice) + 1, Tick, ticked ? "-1" : "0");
+    show(choice, ticked);
 }
 
 void FilterForm::toggle(std::int32_t row) {
     if (row < 1 || !grid_.RowShown(row)) return;
     const auto choice = static_cast<std::size_t>(row) - 1;
-    put(choice, !choices_[choice].ticked);
+    tick(choice, !ticked_[choice]);
     sayWhatIsListed();
 }
 
 void FilterForm::tickAll(bool ticked) {
     for (std::size_t i = 0; i < choices_.size(); ++i)
-        if (listed(i) && choices_[i].ticked != ticked) put(i, ticked);
+        if (listed(i)) tick(i, ticked);
     sayWhatIsListed();
 }
 
@@ -190,7 +208,7 @@ void FilterForm::accept() {
     chosen_.clear();
     bool all = true;
     for (std::size_t i = 0; i < choices_.size(); ++i) {
-        if (choices_[i].ticked && listed(i))
+        if (ticked_[i] && listed(i))
             chosen_.push_back(choices_[i].text);
         else
             all = false;

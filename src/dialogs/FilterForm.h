@@ -17,8 +17,9 @@ struct FilterChoice {
     bool ticked;
 };
 
-/// What is typed narrows the list; OK then shows only what is found and ticked. The search box has the keyboard:
-/// arrows move in the list from there, and until something is typed again Space ticks the row. A press ticks, too.
+/// What is typed narrows the list and ticks just what is found, so that OK shows it; without a search the ticks are
+/// again as the clerk had put them. The search box has the keyboard: arrows move in the list from there, and until
+/// something is typed again Space ticks the row. A press ticks, too.
 class FilterForm : public Form {
   public:
     enum class Outcome { Cancelled, Chosen, Ended };
@@ -42,7 +43,8 @@ class FilterForm : public Form {
     void fill();
     void narrow();
     void toggle(std::int32_t row);
-    void put(std::size_t choice, bool ticked);
+    void show(std::size_t choice, bool ticked);
+    void tick(std::size_t choice, bool ticked);
     void tickAll(bool ticked);
     void accept();
     void say(const std::string& message);
@@ -50,8 +52,9 @@ class FilterForm : public Form {
     bool listed(std::size_t choice) const;
     bool searches() const;
 
-    std::vector<FilterChoice> choices_;
-    std::vector<std::string> lowered_;  ///< what is searched, of each choice
+    std::vector<FilterChoice> choices_;  ///< ticked as without a search
+    std::vector<bool> ticked_;           ///< as the list shows it, where it does
+    std::vector<std::string> lowered_;   ///< what is searched, of each choice
     CellGrid grid_;
     FormControl& text_;
     FormControl& list_;

@@ -71,8 +71,10 @@ void kxGrid::Parts::connectMoves() {
         }));
     main.LeaveCell.connect(keeping([this] { moveEvents.leaveCell(); }));
     main.EnterCell.connect(keeping([this] {
-        filters.entered();
-        moveEvents.enterCell();
+        support::FirstFault fault;
+        fault.during([&] { filters.entered(); });
+        fault.during([&] { moveEvents.enterCell(); });
+        fault.raise();
     }));
     main.RowColChange.connect(keeping([this] { moveEvents.rowColChange(); }));
     main.AfterRowColChange.connect(keeping([this](auto oldRow, auto oldCol, auto newRow, auto newCol) {

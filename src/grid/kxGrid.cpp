@@ -394,9 +394,13 @@ void kxGrid::Clear() {
     p.editor.setText("");
     p.editor.setTag("");
     p.editor.hide();
-    p.filters.drop();
-    if (p.host.there()) Rows(p.main.FixedRows());
+    support::FirstFault fault;  // of those who hear that the filters have ended
+    fault.during([&] { p.filters.drop(); });
+    fault.during([&] {
+        if (p.host.there()) Rows(p.main.FixedRows());
+    });
     p.historyChanged();
+    fault.raise();
 }
 
 // --- Cells

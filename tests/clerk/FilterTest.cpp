@@ -142,6 +142,18 @@ TEST_F(Filter, ShowsARowAgainThatPassesWhenTheCurrentRowIsLeft) {
     EXPECT_TRUE(cells.RowShown(2));
 }
 
+TEST_F(Filter, KnowsTheRowsAnewThatCameToOtherPlacesWhileNothingFiltered) {
+    show({"北京"});
+    cells.Text(3, City, "广州");
+    grid.Filters().ShowAll();
+    cells.MoveRows(6, 1, 3);
+    show({"北京"});
+    cells.Text(3, City, "广州");
+    at(1);
+    at(4);
+    EXPECT_FALSE(cells.RowShown(3));
+}
+
 TEST_F(Filter, KeepsRowsThatWereFilledUntilTheCurrentRowIsLeft) {
     show({"北京"});
     desk.clipboard("广州\n广州");
@@ -480,6 +492,26 @@ TEST_F(Filter, MayEndTheControlInTheMiddle) {
                 one.Filters().Show(1, {"乙"});
             }
         }
+}
+
+TEST_F(Filter, LetsAllRowsGoAlthoughAListenerThrowsAtItsEnd) {
+    show({"北京"});
+    const auto heard = grid.Filters().Changed.connect([] { throw std::runtime_error("host"); });
+    EXPECT_THROW(grid.Clear(), std::runtime_error);
+    EXPECT_FALSE(grid.Filters().On());
+    EXPECT_EQ(text(1), "");
+    EXPECT_LT(grid.Rows(), DataRows + 1);
+}
+
+TEST_F(Filter, LetsTheCellBeEnteredAlthoughAListenerThrowsAsItsRowIsShown) {
+    show({"北京"});
+    const auto heard = grid.Filters().Changed.connect([] { throw std::runtime_error("host"); });
+    int entered = 0;
+    grid.EnterCell.connect([&] { ++entered; });
+    EXPECT_THROW(at(2), std::runtime_error);
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(grid.Text(), "上海");
+    EXPECT_EQ(entered, 1);
 }
 
 TEST_F(Filter, IsPutAlthoughAListenerThrows) {

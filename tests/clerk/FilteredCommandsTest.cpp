@@ -227,6 +227,55 @@ TEST_F(FilterList, ShowsWhatWasSearchedWithEnter) {
     EXPECT_EQ(grid.Row(), 4);
 }
 
+TEST_F(FilterList, TicksWhatIsFoundAlsoWhereTheColumnFilters) {
+    show({"北京"});
+    choose([](headless::FormDialog& d) {
+        d.type("州");
+        EXPECT_EQ(lines(d), (Texts{"+广州 2"}));
+        d.press(Key::Enter);
+    });
+    EXPECT_EQ(grid.Filters().Shown(City), (Texts{"广州"}));
+    EXPECT_EQ(shownRows(), (Places{4, 8}));
+}
+
+TEST_F(FilterList, TicksWhatEachFurtherLetterFinds) {
+    choose([](headless::FormDialog& d) {
+        d.text("SearchText", "州");
+        d.text("SearchText", "京");
+        EXPECT_EQ(lines(d), (Texts{"+北京 3"}));
+        d.press(Key::Enter);
+    });
+    EXPECT_EQ(shownRows(), (Places{1, 3, 6}));
+}
+
+TEST_F(FilterList, GivesTheTicksBackWhenTheSearchIsEmptied) {
+    const Texts before{"-上海 2", "+北京 3", "-广州 2", "-（空） 1"};
+    show({"北京"});
+    choose([&](headless::FormDialog& d) {
+        d.type("州");
+        d.text("SearchText", "nowhere");
+        d.text("SearchText", " ");
+        EXPECT_EQ(lines(d), before);
+        d.click("QdCommand");
+    });
+    EXPECT_EQ(grid.Filters().Shown(City), (Texts{"北京"}));
+}
+
+TEST_F(FilterList, KeepsWhatWasTickedByHandInASearch) {
+    show({"北京"});
+    choose([](headless::FormDialog& d) {
+        d.text("SearchText", "海");
+        d.press(Key::Down);
+        d.press(Key::Space);
+        EXPECT_EQ(lines(d), (Texts{"-上海 2"}));
+        d.press(Key::Space);
+        d.text("SearchText", "");
+        EXPECT_EQ(lines(d), (Texts{"+上海 2", "+北京 3", "-广州 2", "-（空） 1"}));
+        d.click("QdCommand");
+    });
+    EXPECT_EQ(shownRows(), (Places{1, 2, 3, 5, 6}));
+}
+
 TEST_F(FilterList, SearchesWithoutRegardToCase) {
     grid.SetCell(2, City, "ABC-1");
     choose([](headless::FormDialog& d) {

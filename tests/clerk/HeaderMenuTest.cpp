@@ -268,6 +268,18 @@ TEST_F(HeaderMenuTest, LeavesAColumnThatIsSeenWhollyWhereItStands) {
     EXPECT_EQ(anchor, below(Name));
 }
 
+TEST_F(HeaderMenuTest, DoesNotShowAColumnThatTheHostHasHiddenWhileItWasOpen) {
+    press(Name, "隐藏列");
+    desk.onPopup([this](headless::PoppedMenu& menu) {
+        grid.ColHidden(Name, true);
+        menu.choose("显示隐藏的列", "品名");
+    });
+    changes = 0;
+    desk.rightClick(0, Code);
+    EXPECT_EQ(hidden(), (Cols{Name}));
+    EXPECT_EQ(changes, 0);
+}
+
 TEST_F(HeaderMenuTest, IsNotThereWithoutAHeader) {
     grid.FixedRows(0);
     EXPECT_FALSE(grid.CanRun(Command::HeaderMenu));

@@ -96,9 +96,12 @@ TEST_F(OrderList, IsSortedByAPressOnAHeader) {
     EXPECT_EQ(numbers(), QStringList({"A-1", "A-2", "A-3"}));
     QTest::keyClicks(search, "A");
     EXPECT_EQ(numbers(), QStringList({"A-1", "A-2", "A-3"})) << "also when the list is narrowed";
+    EXPECT_EQ(table->currentRow(), 0) << "a search chooses the first one";
     press(0);
+    EXPECT_EQ(table->currentRow(), 2);
     press(0);
     EXPECT_EQ(numbers(), QStringList({"A-3", "A-2", "A-1"})) << "newest first again";
+    EXPECT_EQ(table->currentRow(), 2) << "the same one is chosen";
 }
 
 TEST_F(OrderList, SaysWhichOrdersAreApproved) {
