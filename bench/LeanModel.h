@@ -36,6 +36,9 @@ class LeanModel : public QAbstractTableModel {
         endResetModel();
     }
 
+    /// Every cell, row by row.
+    const std::vector<Cell>& cells() const { return cells_; }
+
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : rows_; }
     int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : cols_; }
     Qt::ItemFlags flags(const QModelIndex& index) const override;

@@ -1,4 +1,5 @@
-// Looking for a text that is in one cell, near the end, beside a loop over texts that lie one after the other.
+// Looking for a text that is in one cell, near the end, beside a loop over the strings of a model, and beside one over
+// texts that lie one after the other and are nothing but that.
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -36,7 +37,22 @@ struct Filled : OnDesk {
     }
 };
 
-/// A model of std::strings, row by row.
+struct LeanCells : OnLean {
+    LeanCells() {
+        model.resize(Rows, Cols);
+        fillCells(model, Rows, Cols);
+        model.setData(model.index(FoundRow, FoundCol), QStringLiteral("a rare one, here"));
+    }
+    void run() const {
+        const QString rare = QString::fromStdString(Rare);
+        std::size_t found = 0;
+        for (const LeanModel::Cell& cell : model.cells())
+            if (cell.text.contains(rare)) ++found;
+        if (found != 1) throw std::runtime_error("the text was not found once");
+    }
+};
+
+/// Texts alone, row by row.
 struct LeanTexts {
     std::vector<std::string> cells;
     LeanTexts() {
@@ -56,6 +72,7 @@ struct LeanTexts {
 
 void release() {
     Shared<Filled>::release();
+    Shared<LeanCells>::release();
     Shared<LeanTexts>::release();
 }
 
@@ -71,13 +88,16 @@ void add(const std::string& name, Run run) {
 void planFind(Plan& plan) {
     add("find_1m/case", [] { Shared<Filled>::get().run(true); });
     add("find_1m/fold", [] { Shared<Filled>::get().run(false); });
-    add("find_1m/lean", [] { Shared<LeanTexts>::get().run(); });
+    add("find_1m/lean", [] { Shared<LeanCells>::get().run(); });
+    add("find_1m/texts", [] { Shared<LeanTexts>::get().run(); });
     const std::string what = "find a rare text in 1,000,000 x 10";
     plan.push_back({"find_1m",
-                    {{what + ", beside find() in a loop over std::strings", "find_1m/case", "find_1m/lean",
+                    {{what + ", beside a loop over the lean model's strings", "find_1m/case", "find_1m/lean",
                       Limit::Ratio, 1.0, Show::Milliseconds},
                      {what + " whatever its case, beside the same loop", "find_1m/fold", "find_1m/lean",
-                      Limit::Ratio, 1.0, Show::Milliseconds}},
+                      Limit::Ratio, 1.0, Show::Milliseconds},
+                     {what + ", beside a loop over std::strings that are nothing else", "find_1m/case",
+                      "find_1m/texts", Limit::None, 0, Show::Milliseconds}},
                     release});
 }
 }  // namespace kxbench

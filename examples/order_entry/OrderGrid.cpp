@@ -83,6 +83,7 @@ void OrderGrid::connectEvents() {
         judgeMarks(step);
         emit changed();
     }));
+    all.push_back(grid_.Filters().Changed.connect([this] { emit changed(); }));
     all.push_back(grid_.RowColChange.connect([this] { emit moved(); }));
     all.push_back(grid_.SelChange.connect([this] { emit selected(); }));
 }

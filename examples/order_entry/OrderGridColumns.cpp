@@ -61,7 +61,7 @@ void OrderGrid::setUpColumns() {
         if (*plan.format) grid_.ColFormat(c, plan.format);
     }
     // Row numbers and dates show whole in every font.
-    grid_.ColSample(RowNumber, "行号 ");
+    grid_.ColSample(RowNumber, "00000 ");
     grid_.ColSample(Delivery, "2026-11-27  ");
     grid_.ColSample(Slot, "2026-11-27 下午  ");
     grid_.ColSample(Entered, "2026-11-27 09:30:00  ");
@@ -113,6 +113,12 @@ void OrderGrid::setUpRules() {
         grid_.Options(col).filterable(true);
     }
     grid_.Options().HeaderMenu(true);
+    // F3 alone leads to the warehouse.
+    constexpr std::int16_t F3 = 114;
+    grid_.Commands().Unbind(F3, 0);
+    grid_.Commands().Unbind(F3, ShiftKey);
+    grid_.Commands().Bind({Command::FindNext, F3, CtrlKey});
+    grid_.Commands().Bind({Command::FindPrevious, F3, CtrlKey + ShiftKey});
     // The clerk keys on: what is refused is told at the text that is to be corrected.
     grid_.Options().Refusals(GridOptions::RefusalStyle::Beside);
     // Returned goods have a quantity below 0; a price never is.

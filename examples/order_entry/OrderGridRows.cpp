@@ -30,7 +30,7 @@ std::vector<std::int32_t> OrderGrid::selectedRows() const {
     if (cells.SelectedAs() != SelectionKind::Rows && cells.SelectedAs() != SelectionKind::All) return rows;
     const CellRange range = cells.Selected();
     for (std::int32_t row = range.firstRow; row <= range.lastRow; ++row)
-        if (!cells.RowHidden(row)) rows.push_back(row);
+        if (cells.RowShown(row)) rows.push_back(row);
     if (rows.size() < 2) rows.clear();
     return rows;
 }

@@ -470,9 +470,11 @@ void OrderWindow::refresh() {
     const bool unsaved = isUnsaved(order);
     Thousandths quantity = 0;
     for (const OrderLine& line : order.lines) quantity += line.quantity.value_or(0);
-    orderTotals_ = u"共 %1 行    数量 %2    金额 ¥ %3"_s.arg(QString::number(order.lines.size()),
-                                                             QString::fromStdString(quantityText(quantity)),
-                                                             money(order.total()));
+    const kxVsGrid::Filters& filters = widget_->grid().Filters();
+    const QString hidden = filters.On() ? u"(筛选隐藏 %1 行)"_s.arg(filters.HiddenRows()) : QString();
+    orderTotals_ = u"共 %1 行%2    数量 %3    金额 ¥ %4"_s.arg(QString::number(order.lines.size()), hidden,
+                                                               QString::fromStdString(quantityText(quantity)),
+                                                               money(order.total()));
     showTotals();
     refused_->follow();
     state_->setText(unsaved          ? u"未保存"_s

@@ -49,6 +49,7 @@ Menu headerMenu() {
                   item(Fit, Command::FitColumn),
                   {Reset, "恢复默认布局"}};
     menu.submenus = {{Show, HiddenColumns, {}}};
+    menu.ofCells = false;
     return menu;
 }
 

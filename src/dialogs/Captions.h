@@ -20,6 +20,7 @@ inline constexpr const char* EndFilter = "取消筛选";
 inline constexpr const char* EmptyText = "（空）";
 inline constexpr const char* FilterText = "内容";
 inline constexpr const char* FilterRows = "行数";
+inline constexpr const char* NothingListed = "没有这样的内容。";
 inline constexpr const char* NothingTicked = "没有勾选任何内容：至少勾选一项。";
 
 inline constexpr const char* FilterTitle = "筛选";

@@ -207,13 +207,15 @@ void FilterForm::pressed(FormControl& button) {
 void FilterForm::accept() {
     chosen_.clear();
     bool all = true;
+    bool any = false;
     for (std::size_t i = 0; i < choices_.size(); ++i) {
+        any = any || listed(i);
         if (ticked_[i] && listed(i))
             chosen_.push_back(choices_[i].text);
         else
             all = false;
     }
-    if (chosen_.empty()) return say(captions::NothingTicked);
+    if (chosen_.empty()) return say(any ? captions::NothingTicked : captions::NothingListed);
     outcome_ = all ? Outcome::Ended : Outcome::Chosen;
     close();
 }

@@ -91,7 +91,8 @@ void QtPlatform::showForm(Form& form, const Rect& anchor) {
 
 MenuChoice QtPlatform::popUp(const Menu& menu, const Rect& anchor) {
     if (machine_.stage == nullptr || !widget_) return std::nullopt;
-    return chooseFrom(menu, hostsMenuActions, widget_, Scale(*widget_).pixels(anchor).topLeft());
+    return chooseFrom(menu, menu.ofCells ? hostsMenuActions : QList<QPointer<QAction>>(), widget_,
+                      Scale(*widget_).pixels(anchor).topLeft());
 }
 
 void QtPlatform::waitCursor(bool on) {

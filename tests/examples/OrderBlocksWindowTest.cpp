@@ -84,6 +84,8 @@ TEST_F(BlockEntry, OffersTheCommandsInItsMenusWithKeysThatNobodyElseHas) {
         }
     EXPECT_EQ(owners[QKeySequence("Ctrl+D")], QString("向下填充"));
     EXPECT_EQ(owners[QKeySequence("Ctrl+Shift+D")], QString("删除订单(&D)…"));
+    EXPECT_EQ(owners[QKeySequence("F3")], QString("仓库(&W)"));
+    EXPECT_EQ(owners[QKeySequence("Ctrl+F3")], QString("查找下一个"));
 }
 
 TEST_F(BlockEntry, OffersTheClipboardAtTheEndOfTheContextMenuOfTheGrid) {

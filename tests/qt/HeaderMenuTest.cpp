@@ -28,6 +28,8 @@ class HeaderWindow : public Window {
 
 TEST(HeaderMenu, PopsUpWhereTheHeaderIsPressed) {
     HeaderWindow w;
+    QAction cells(QStringLiteral("格子的"));
+    w.widget->appendToMenu(&cells);
     Menus menus([](QMenu&) {});
     w.pressHeader(Quantity);
     ASSERT_EQ(menus.seen.size(), 1U);

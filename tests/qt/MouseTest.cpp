@@ -12,10 +12,10 @@
 namespace kxVsGrid::qt::testing {
 namespace {
 
-void turnWheel(QWidget& widget, const QPoint& angle) {
+void turnWheel(QWidget& widget, const QPoint& angle, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     const QPointF at = widget.rect().center();
-    QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), angle, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
+    QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), angle, Qt::NoButton, modifiers, Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(&widget, &event);
 }
 
@@ -111,6 +111,17 @@ TEST(Mouse, WheelAddsUpSmallTurns) {
     EXPECT_EQ(w.grid().Grid().TopRow(), 1);
     turnWheel(w.view(), {0, -15});
     EXPECT_EQ(w.grid().Grid().TopRow(), 4);
+}
+
+TEST(Mouse, WheelGoesSidewaysWithShift) {
+    Window w;
+    w.grid().ColWidth(Code, 20'000);
+    w.settle();
+    turnWheel(w.view(), {0, -120}, Qt::ShiftModifier);
+    EXPECT_EQ(w.grid().Grid().TopRow(), 1);
+    EXPECT_EQ(w.grid().Grid().LeftCol(), Code + 1);
+    turnWheel(w.view(), {0, 120}, Qt::ShiftModifier);
+    EXPECT_EQ(w.grid().Grid().LeftCol(), Code);
 }
 
 TEST(Mouse, WheelDoesNotScrollAwayFromTheOpenEditor) {

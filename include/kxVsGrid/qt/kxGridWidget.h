@@ -65,7 +65,7 @@ class kxGridWidget : public QWidget {
     QAction* action(Command command);
 
     /// Puts an action of the host's, or one of the commands', at the end of the grid's context menus, below the
-    /// control's own items. The host keeps it, and may delete it.
+    /// control's own items; not in those of headers. The host keeps it, and may delete it.
     void appendToMenu(QAction* action);
 
     // --- The stored settings of the whole grid. Colours are the 32 bits of the control's, as a signed

@@ -230,11 +230,14 @@ void FindBar::changeEvent(QEvent* event) {
 // --- Keys
 
 /// Those that Tab goes through.
+/// From the text to what replaces it, whatever stands between them.
 QList<QWidget*> FindBar::stops() const {
-    QList<QWidget*> all;
+    QList<QWidget*> all{&text_};
+    if (replaces_) all.append(&with_);
     for (const std::vector<Part>& line : lines())
         for (const Part& part : line)
-            if (part.widget != &count_ && part.widget->isEnabled()) all.append(part.widget);
+            if (part.widget != &count_ && part.widget->isEnabled() && !all.contains(part.widget))
+                all.append(part.widget);
     all.append(&close_);
     return all;
 }

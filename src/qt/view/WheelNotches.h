@@ -15,10 +15,13 @@ inline bool scrollsByPixels(const QWheelEvent& event) {
 
 class WheelNotches {
   public:
-    /// The notches that are complete with this event: x to the right, y downwards.
+    /// The notches that are complete with this event: x to the right, y downwards. With Shift a wheel that only
+    /// turns up and down goes sideways.
     QPoint add(const QWheelEvent& event) {
         constexpr int EighthsPerNotch = 120;
-        rest_ -= event.angleDelta();
+        const QPoint turned = event.angleDelta();
+        const bool sideways = event.modifiers().testFlag(Qt::ShiftModifier) && turned.x() == 0;
+        rest_ -= sideways ? turned.transposed() : turned;
         const QPoint whole(rest_.x() / EighthsPerNotch, rest_.y() / EighthsPerNotch);
         rest_ -= whole * EighthsPerNotch;
         return whole;
