@@ -30,7 +30,8 @@ struct Menu {
     std::string array;    ///< name of the array of its items
     std::vector<MenuItem> items;
     std::vector<Submenu> submenus;
-    bool ofCells = true;  ///< it is about cells: a machine puts below its items what a host has for menus of cells
+    bool ofCells =
+        true;  ///< it is about cells: a machine puts below its items what a host has for menus of cells
 
     /// The item of an array; std::out_of_range when there is none.
     MenuItem& item(const std::string& array, std::int32_t index);
