@@ -75,9 +75,10 @@ std::int32_t Restore::placeOf(const ReorderedRows& rows) const {
 
 /// In this order they stand where they stand now: rows that nobody recorded stay where they are.
 void Restore::sharePlaces(const std::vector<std::int32_t>& there, support::FirstFault& fault) {
-    const auto [least, most] = std::minmax_element(there.begin(), there.end());
-    if (static_cast<std::size_t>(*most - *least) + 1 == there.size())  // no row between them is another one
-        return fault.during([&] { grid_.Reorder(*least, there); });
+    const std::int32_t least = *std::min_element(there.begin(), there.end());
+    const std::int32_t most = *std::max_element(there.begin(), there.end());
+    if (static_cast<std::size_t>(most - least) + 1 == there.size())  // no row between them is another one
+        return fault.during([&] { grid_.Reorder(least, there); });
     std::vector<std::int32_t> places = there;
     std::sort(places.begin(), places.end());
     const std::int32_t first = places.front();
