@@ -306,7 +306,7 @@ std::int32_t CellStore::rowWithText(std::int32_t col, std::string_view text, std
     const CellPages& cells = column(col).cells;
     slot::Buffer bytes;
     std::int32_t found = -1;
-    order_.forEach(fixedRows_, rows(), [&](std::int32_t row, RowHandle handle) {
+    forEachHandle(cells, fixedRows_, rows(), [&](std::int32_t row, RowHandle handle) {
         if (found >= 0 || row == except) return;
         const TextSlot s = cells.get(CellPages::Text, handle);
         if (!slot::isComputed(s) && arena_.text(s, bytes) == text) found = row;

@@ -23,7 +23,7 @@ void CellStore::findTexts(const support::TextPattern& pattern, std::int32_t col,
     constexpr auto PageSlots = static_cast<RowHandle>(CellPages::PageSlots);
     const TextSlot* slots = nullptr;  // of the page that was looked into last
     RowHandle page = NoHandle;
-    order_.forEach(first, stop, [&](std::int32_t row, RowHandle handle) {
+    forEachHandle(column.cells, first, stop, [&](std::int32_t row, RowHandle handle) {
         if (handle / PageSlots != page) {
             page = handle / PageSlots;
             const CellPages::Page* const there = column.cells.find(handle);
