@@ -9,8 +9,6 @@ namespace {
 constexpr std::int64_t FarAway = 1'000'000'000;
 /// How near a press must be to a column's right edge to grab it.
 constexpr std::int32_t EdgeReach = 60;
-/// What frozen columns leave of the view, so that every other column can be scrolled to and seen.
-constexpr std::int32_t LeastScrolled = 1000;
 
 std::int32_t nearby(std::int64_t place) {
     return static_cast<std::int32_t>(std::clamp(place, -FarAway, FarAway));

@@ -65,6 +65,9 @@ class Lane {
 
 class Viewport {
   public:
+    /// What frozen columns leave of the view, so that every other column can be scrolled to and seen.
+    static constexpr std::int32_t LeastScrolled = 1000;
+
     struct Place {
         Start down;
         Start across;

@@ -26,7 +26,7 @@ std::vector<FilledCell> filledCells(const CellGrid& grid, const CellRange& range
                          if (!range.contains(row, col) || !isShownCol(grid, col)) return;
                          if (isShownRow(grid, row))
                              cells.push_back({row, col});
-                         else if (grid.FilteredRows(row, row) > 0)
+                         else if (grid.RowFiltered(row))
                              unseen.insert(row);
                      });
     filtered = static_cast<std::int64_t>(unseen.size());

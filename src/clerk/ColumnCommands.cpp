@@ -1,11 +1,8 @@
 #include "clerk/ColumnCommands.h"
 
-namespace kxVsGrid::clerk {
-namespace {
+#include "cellgrid/Viewport.h"
 
-/// What a view shows at least of the columns that scroll.
-constexpr std::int32_t RoomBesideFrozen = CellGrid::DefaultColWidth;
-}  // namespace
+namespace kxVsGrid::clerk {
 
 bool ColumnCommands::isShown(std::int32_t col) const {
     return col >= c_.grid.FixedCols() && c_.clerkColumns.isShown(col);
@@ -66,7 +63,7 @@ bool ColumnCommands::canFreeze(std::int32_t col) const {
     std::int64_t width = 0;
     for (std::int32_t c = 0; c <= col; ++c)
         if (!grid.ColHidden(c)) width += grid.ColWidth(c);
-    return width + RoomBesideFrozen <= grid.ClientWidth();
+    return width + cellgrid::Viewport::LeastScrolled <= grid.ClientWidth();
 }
 
 bool ColumnCommands::freeze(std::int32_t col) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "clerk/Filters.h"
+#include "clerk/TipAtCell.h"
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
 #include "support/FlagSpan.h"
@@ -253,8 +254,7 @@ bool CommandRunner::goToNextProblem() {
     if (!cell || !grid.Select(cell->row, cell->col) || !c_.host.there()) return false;
     editing::bringCurrentCellIntoView(grid);
     if (!c_.host.there() || grid.Row() < 0 || grid.Col() < 0) return false;
-    if (const auto mark = grid.Mark(grid.Row(), grid.Col()))
-        c_.platform.showTip(mark->text, c_.owner.onScreen(grid.CellRect(grid.Row(), grid.Col())));
+    if (const auto mark = grid.Mark(grid.Row(), grid.Col())) tellAtCell(c_, mark->text);
     return true;
 }
 

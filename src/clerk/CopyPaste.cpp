@@ -214,8 +214,7 @@ void CopyPaste::leaveToClerk(const BlockEdit& edit) {
         c_.editor.open();
         if (c_.editor.visible()) c_.seat.editText(Command::Paste);
     }
-    if (!c_.host.there() || c_.grid.Row() < 0 || c_.grid.Col() < 0) return;
-    c_.platform.showTip(edit.reason(), c_.owner.onScreen(c_.grid.CellRect(c_.grid.Row(), c_.grid.Col())));
+    tellAtCell(c_, edit.reason());
 }
 
 void CopyPaste::pasteBlock(BlockEdit& edit, Source& source, const CellRange& at,

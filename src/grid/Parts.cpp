@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "clerk/TipAtCell.h"
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
 #include "grid/CellPlace.h"
@@ -24,10 +25,10 @@ kxGrid::Parts::Parts(kxGrid& owner, Platform& machine)
       editor({context, platform, *seat, *this}),
       rows({context, editor, totals, wheel, defaulted}),
       filters(context, editor, *this),
-      menus({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns, filters}),
-      search({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns, filters}),
-      commands({context, defaulted, platform, *seat, rows, editor, *this, clerkColumns, filters}, menus,
-               search),
+      clerkContext{context, defaulted, platform, *seat, rows, editor, *this, clerkColumns, filters},
+      menus(clerkContext),
+      search(clerkContext),
+      commands(clerkContext, menus, search),
       inputContext{context, editor, rows, totals, *seat, platform},
       moveEvents(inputContext),
       keys(inputContext, menus),
@@ -202,9 +203,7 @@ bool kxGrid::Parts::closeEditor() {
 
 void kxGrid::Parts::tell(const PasteReport& report) {
     commands.face.Reported(report);
-    const std::string summary = report.summary();
-    if (summary.empty() || !host.there() || main.Row() < 0 || main.Col() < 0) return;
-    platform.showTip(summary, onScreen(main.CellRect(main.Row(), main.Col())));
+    clerk::tellAtCell(clerkContext, report.summary());
 }
 
 void kxGrid::Parts::show(std::int32_t row, std::int32_t col) {

@@ -124,6 +124,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     editing::EditSession editor;
     rows::Rows rows;
     clerk::Filters filters;
+    clerk::ClerkContext clerkContext;
     clerk::Menus menus;
     clerk::Search search;
     clerk::CommandRunner commands;

@@ -6,27 +6,14 @@
 #include <vector>
 
 #include "cellgrid/FrameReader.h"
-#include "kit/ClerkTest.h"
+#include "clerk/Looking.h"
 #include "kit/Dice.h"
 
 namespace kxVsGrid::testing {
 namespace {
 
-class FindTest : public ClerkTest {
+class FindTest : public Looking<ClerkTest> {
   protected:
-    void look(const FindRule& rule) {
-        find.Rule(rule);
-        work();
-    }
-    void look(const char* text) { look(FindRule{.text = text}); }
-    void work() {
-        while (find.Work()) {
-        }
-    }
-    std::optional<Cell> match() const {
-        const auto found = find.State().match;
-        return found ? std::optional(Cell{found->row, found->col}) : std::nullopt;
-    }
     /// "2/3": the number of the present match among how many.
     std::string counted() const {
         const FindState state = find.State();
@@ -35,8 +22,6 @@ class FindTest : public ClerkTest {
     std::uint32_t groundOf(std::int32_t row, std::int32_t col) const {
         return FrameReader(grid.Grid()).fillOf(row, col);
     }
-
-    Finder& find = grid.Find();
 };
 
 TEST_F(FindTest, ShowsTheFirstMatchFromTheCurrentCellOnAndCountsAll) {

@@ -4,26 +4,13 @@
 #include <string>
 
 #include "clerk/BlockTest.h"
+#include "clerk/Looking.h"
 #include "kit/Dice.h"
 
 namespace kxVsGrid::testing {
 namespace {
 
-class ReplaceTest : public BlockTest {
-  protected:
-    void look(const FindRule& rule) {
-        find.Rule(rule);
-        while (find.Work()) {
-        }
-    }
-    void look(const char* text) { look(FindRule{.text = text}); }
-    std::optional<Cell> match() const {
-        const auto found = find.State().match;
-        return found ? std::optional(Cell{found->row, found->col}) : std::nullopt;
-    }
-
-    Finder& find = grid.Find();
-};
+using ReplaceTest = Looking<BlockTest>;
 
 TEST_F(ReplaceTest, ReplacesTheMatchShownAndShowsTheNext) {
     fill(2, 1, "red apple, red box");

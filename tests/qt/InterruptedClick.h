@@ -2,7 +2,6 @@
 // have stayed as it was.
 #pragma once
 
-#include <QScrollBar>
 #include <QWheelEvent>
 
 #include "qt/Boxes.h"
@@ -66,11 +65,5 @@ inline void turnWheel(QWidget& target) {
     QWheelEvent event(at, target.mapToGlobal(at), QPoint(), {0, -120}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&target, &event);
-}
-
-inline QScrollBar& verticalBar(Window& w) {
-    for (auto* bar : w.widget->findChildren<QScrollBar*>())
-        if (bar->orientation() == Qt::Vertical && bar->isVisible()) return *bar;
-    throw std::logic_error("no bar is shown");
 }
 }  // namespace kxVsGrid::qt::testing

@@ -1,8 +1,6 @@
 // Presses, double clicks, the wheel, dragging.
-#include <QAbstractScrollArea>
 #include <QHelpEvent>
 #include <QMessageBox>
-#include <QScrollBar>
 #include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -17,11 +15,6 @@ void turnWheel(QWidget& widget, const QPoint& angle, Qt::KeyboardModifiers modif
     QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), angle, Qt::NoButton, modifiers, Qt::NoScrollPhase,
                       false);
     QApplication::sendEvent(&widget, &event);
-}
-
-QScrollBar& bar(Window& w, Qt::Orientation orientation) {
-    const auto& area = *w.widget->findChild<QAbstractScrollArea*>(QString(), Qt::FindDirectChildrenOnly);
-    return orientation == Qt::Vertical ? *area.verticalScrollBar() : *area.horizontalScrollBar();
 }
 }  // namespace
 
@@ -184,30 +177,30 @@ TEST(Mouse, PressWhoseCommitOpensABoxStillMovesTheCell) {
 
 TEST(ScrollBars, AreShownAsTheGridDecides) {
     Window w;
-    EXPECT_EQ(bar(w, Qt::Vertical).isVisible(), w.grid().Grid().VerticalBarShown());
-    EXPECT_TRUE(bar(w, Qt::Vertical).isVisible());
-    EXPECT_EQ(bar(w, Qt::Horizontal).isVisible(), w.grid().Grid().HorizontalBarShown());
+    EXPECT_EQ(w.bar(Qt::Vertical).isVisible(), w.grid().Grid().VerticalBarShown());
+    EXPECT_TRUE(w.bar(Qt::Vertical).isVisible());
+    EXPECT_EQ(w.bar(Qt::Horizontal).isVisible(), w.grid().Grid().HorizontalBarShown());
     w.grid().Rows(6);
     w.settle();
-    EXPECT_EQ(bar(w, Qt::Vertical).isVisible(), w.grid().Grid().VerticalBarShown());
-    EXPECT_FALSE(bar(w, Qt::Vertical).isVisible());
+    EXPECT_EQ(w.bar(Qt::Vertical).isVisible(), w.grid().Grid().VerticalBarShown());
+    EXPECT_FALSE(w.bar(Qt::Vertical).isVisible());
 }
 
 TEST(ScrollBars, ScrollTheGrid) {
     Window w;
-    bar(w, Qt::Vertical).setValue(5);
+    w.bar(Qt::Vertical).setValue(5);
     EXPECT_EQ(w.grid().Grid().TopRow(), 5);
     w.grid().Grid().TopRow(9);
     w.settle();
-    EXPECT_EQ(bar(w, Qt::Vertical).value(), 9);
+    EXPECT_EQ(w.bar(Qt::Vertical).value(), 9);
 }
 
 TEST(ScrollBars, GoBackWhenTheGridStaysWithItsEditor) {
     Window w;
     w.focusCell(1, Code);
     w.type("x");
-    bar(w, Qt::Vertical).setValue(5);
+    w.bar(Qt::Vertical).setValue(5);
     EXPECT_EQ(w.grid().Grid().TopRow(), 1);
-    EXPECT_EQ(bar(w, Qt::Vertical).value(), 1);
+    EXPECT_EQ(w.bar(Qt::Vertical).value(), 1);
 }
 }  // namespace kxVsGrid::qt::testing

@@ -54,7 +54,8 @@ TEST(RefusalUnderTheMouse, KeepsItsPlaceUnderWheelAndScrollBars) {
     w.refuseCode();
     turnWheel(w.view());
     turnWheel(w.editor());
-    QScrollBar& bar = verticalBar(w);
+    QScrollBar& bar = w.bar(Qt::Vertical);
+    ASSERT_TRUE(bar.isVisible());
     screen::click(bar, QPoint(bar.width() / 2, bar.height() - bar.width() / 2));
     screen::click(bar, QPoint(bar.width() / 2, bar.height() / 2));
     w.settle();
@@ -121,7 +122,8 @@ TEST(FocusLoss, IsNoPressOnTheGridsOwnBarsAndButtonInsideAScrollArea) {
     w.fill(1, Code, "B9");
     auto* help = w.widget->findChild<QToolButton*>();
     ASSERT_TRUE(help != nullptr && help->isVisible());
-    for (QWidget* own : {static_cast<QWidget*>(&verticalBar(w)), static_cast<QWidget*>(help)}) {
+    ASSERT_TRUE(w.bar(Qt::Vertical).isVisible());
+    for (QWidget* own : {static_cast<QWidget*>(&w.bar(Qt::Vertical)), static_cast<QWidget*>(help)}) {
         screen::click(*own);
         w.settle();
         EXPECT_EQ(QApplication::focusWidget(), &w.editor());

@@ -1,6 +1,5 @@
 // Real wheel events with pixels in them, as touchpads send them.
 #include <QPointingDevice>
-#include <QScrollBar>
 #include <QWheelEvent>
 
 #include "qt/Window.h"
@@ -14,12 +13,6 @@ void moveFingers(QWidget& widget, const QPoint& pixels, const QPoint& angle, Qt:
     QWheelEvent event(at, widget.mapToGlobal(at), pixels, angle, Qt::NoButton, Qt::NoModifier, phase, false,
                       Qt::MouseEventNotSynthesized, device);
     QApplication::sendEvent(&widget, &event);
-}
-
-QScrollBar& barOf(Window& w, Qt::Orientation orientation) {
-    for (auto* found : w.widget->findChildren<QScrollBar*>())
-        if (found->orientation() == orientation) return *found;
-    throw std::logic_error("no such bar");
 }
 }  // namespace
 
@@ -73,15 +66,15 @@ TEST(Touchpad, ScrollsSidewaysAndTheBarsFollow) {
     moveFingers(w.view(), {-30, -4000}, {}, Qt::ScrollUpdate);
     w.settle();
     EXPECT_GT(cells.LeftOffset() + cells.LeftCol(), 1);
-    EXPECT_EQ(barOf(w, Qt::Vertical).value(), cells.TopRow());
+    EXPECT_EQ(w.bar(Qt::Vertical).value(), cells.TopRow());
     moveFingers(w.view(), {0, -400'000}, {}, Qt::ScrollUpdate);
     w.settle();
-    EXPECT_EQ(barOf(w, Qt::Vertical).value(), barOf(w, Qt::Vertical).maximum());
+    EXPECT_EQ(w.bar(Qt::Vertical).value(), w.bar(Qt::Vertical).maximum());
     EXPECT_EQ(cells.CellRect(99, 0).bottom(), cells.ClientHeight() - cells.BottomStrip());
     moveFingers(w.view(), {0, 400'000}, {}, Qt::ScrollUpdate);
     w.settle();
-    EXPECT_EQ(barOf(w, Qt::Vertical).value(), 1);
-    EXPECT_EQ(barOf(w, Qt::Vertical).maximum(), cells.MaxTopRow());
+    EXPECT_EQ(w.bar(Qt::Vertical).value(), 1);
+    EXPECT_EQ(w.bar(Qt::Vertical).maximum(), cells.MaxTopRow());
 }
 
 TEST(Touchpad, DoesNotScrollAwayFromTheOpenEditor) {

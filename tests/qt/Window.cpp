@@ -1,5 +1,6 @@
 #include "qt/Window.h"
 
+#include <QAbstractScrollArea>
 #include <QDir>
 #include <QPainter>
 #include <stdexcept>
@@ -61,6 +62,11 @@ QWidget& Window::view() {
     for (QWidget* child : widget->findChildren<QWidget*>())
         if (auto* found = dynamic_cast<GridView*>(child)) return *found;
     throw std::logic_error("the widget has no view");
+}
+
+QScrollBar& Window::bar(Qt::Orientation orientation) {
+    const auto& area = *widget->findChild<QAbstractScrollArea*>(QString(), Qt::FindDirectChildrenOnly);
+    return orientation == Qt::Vertical ? *area.verticalScrollBar() : *area.horizontalScrollBar();
 }
 
 QWidget& Window::editor() {

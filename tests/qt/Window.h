@@ -8,6 +8,7 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWidget>
@@ -39,6 +40,7 @@ class Window {
 
     kxGrid& grid() { return widget->grid(); }
     QWidget& view();
+    QScrollBar& bar(Qt::Orientation orientation);
     /// The text box that is shown; fails the test when there is none.
     QWidget& editor();
     bool editorShown();

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "clerk/ShownCells.h"
+#include "clerk/TipAtCell.h"
 #include "columns/EditableColumn.h"
 #include "editing/BringIntoView.h"
 
@@ -294,10 +295,10 @@ bool Search::go(bool forward) {
     if (!goesOn(rules)) return false;
     if (!found) {
         setPresent(std::nullopt);
-        if (!underway_ && !gaveUp_) tellBeside("没有找到“" + rule_.text + "”。");
+        if (!underway_ && !gaveUp_) tellAtCell(c_, "没有找到“" + rule_.text + "”。");
         return false;
     }
-    if (wrapped_ && !underway_) tellBeside(forward ? "已到末尾，从头继续。" : "已到开头，从末尾继续。");
+    if (wrapped_ && !underway_) tellAtCell(c_, forward ? "已到末尾，从头继续。" : "已到开头，从末尾继续。");
     if (underway_) setPresent(found);
     return moveTo(*found);
 }
@@ -319,11 +320,4 @@ bool Search::moveTo(const FoundCell& cell) {
         show(to.cell());
     return there;
 }
-
-void Search::tellBeside(std::string_view text) const {
-    const FoundCell at = current();
-    if (at.row < 0 || at.col < 0) return;
-    c_.platform.showTip(text, c_.owner.onScreen(c_.grid.CellRect(at.row, at.col)));
-}
-
 }  // namespace kxVsGrid::clerk

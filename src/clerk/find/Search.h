@@ -85,7 +85,6 @@ class Search : private ChangeListener {
     void setPresent(const std::optional<FoundCell>& cell);
     void show(const FoundCell& cell);
     bool moveTo(const FoundCell& cell);
-    void tellBeside(std::string_view text) const;
     bool mayReplace();
     /// What was begun under a rule goes on: the control is there, and nobody has put another rule.
     bool goesOn(std::uint64_t rules) const { return c_.host.there() && rules == rules_; }

@@ -229,8 +229,7 @@ void FindBar::changeEvent(QEvent* event) {
 
 // --- Keys
 
-/// Those that Tab goes through.
-/// From the text to what replaces it, whatever stands between them.
+/// Those that Tab goes through: from the text to what replaces it, whatever stands between them.
 QList<QWidget*> FindBar::stops() const {
     QList<QWidget*> all{&text_};
     if (replaces_) all.append(&with_);
