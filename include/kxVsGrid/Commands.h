@@ -26,13 +26,15 @@ class Commands {
   public:
     explicit Commands(const clerk::CommandRunner& runner);
 
-    /// Some command has become possible or impossible, is called otherwise, or has other keys. A host's write
+    /// Some command has become possible or impossible, for another reason too, is called otherwise, or has other keys. A host's write
     /// outside of steps ends what could be redone without raising this: the next step tells of it.
     Event<> Changed;
     /// A block of cells was written, or was to be. The cells that were refused bear marks (CellMark.h).
     Event<const PasteReport&> Reported;
     /// As a menu shows it, with what it would act on.
     std::string Caption(Command command) const;
+    /// Why it cannot be done now, in words for the clerk, where that is not plain to see; empty otherwise.
+    std::string WhyNot(Command command) const;
 
     // --- Its keys. A key of a command is used up on a closed cell, also while the command cannot be done.
     std::span<const CommandKey> Keys() const { return keys_; }

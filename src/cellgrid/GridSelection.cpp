@@ -237,10 +237,12 @@ CellGrid::Impl::Pointed CellGrid::Impl::pointed(std::int32_t x, std::int32_t y) 
     return {{down.index, across.index}, down.beside, across.beside};
 }
 
-/// A pointer that rests extends nothing, also where the view has moved under it with the press.
+/// A pointer that rests extends nothing, also where the view has moved under it with the press. A drag ends
+/// where what it began at has gone, or has become a heading under it.
 void CellGrid::Impl::draggedOver(std::int32_t x, std::int32_t y) {
     const SelectionKind kind = selecting->kind;
     if (kind != SelectionKind::Cells && (!selection.any || selection.kind != kind)) return selecting.reset();
+    if (selected().empty()) return selecting.reset();
     const Pointed now = pointed(x, y);
     if (now.place.row < layout.rows.fixed || now.place.col < layout.cols.fixed) return;
     const bool alongRows = now.besideRows && kind != SelectionKind::Columns;

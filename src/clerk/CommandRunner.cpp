@@ -307,8 +307,23 @@ std::string CommandRunner::caption(Command command) const {
     return step.empty() ? caption : caption + "“" + step + "”";
 }
 
+std::string CommandRunner::whyNot(Command command) const {
+    switch (command) {
+        case Command::SortUp:
+        case Command::SortDown:
+        case Command::Unsort:
+            return sorts_.whyNot(c_.grid.Col());
+        default:
+            return {};
+    }
+}
+
 CommandRunner::Told CommandRunner::state(bool opens) const {
-    Told now{c_.steps.undoName(), c_.steps.redoName(), columns_.endsFreezing(c_.grid.Col()), {}};
+    Told now{c_.steps.undoName(),
+             c_.steps.redoName(),
+             whyNot(Command::SortUp),
+             columns_.endsFreezing(c_.grid.Col()),
+             {}};
     for (const Command command : allCommands()) {
         const bool possible = asksForOpenCell(command) ? opens && canOnClosedCell(command) : can(command);
         now.can.set(static_cast<std::size_t>(command), possible);

@@ -39,6 +39,7 @@ class CommandRunner {
     /// editor closes without writing, and the command runs.
     bool runByKey(Command command);
     std::string caption(Command command) const;
+    std::string whyNot(Command command) const;
     /// Raises Changed where something has; not while a step is open, whose end tells.
     void tellChanges();
 
@@ -51,6 +52,7 @@ class CommandRunner {
     struct Told {
         std::string undo;
         std::string redo;
+        std::string whyNotSorted;
         bool endsFreezing = false;
         std::bitset<64> can;
         friend bool operator==(const Told&, const Told&) = default;

@@ -13,6 +13,10 @@ std::string Commands::Caption(Command command) const {
     return runner_.caption(command);
 }
 
+std::string Commands::WhyNot(Command command) const {
+    return runner_.whyNot(command);
+}
+
 std::optional<Command> Commands::Of(std::int16_t code, std::int16_t shift, CommandKey::Where where) const {
     for (const CommandKey& key : keys_)
         if (key.code == code && key.shift == shift &&

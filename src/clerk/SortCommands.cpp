@@ -18,10 +18,18 @@ bool SortCommands::merges() const {
     return false;
 }
 
-bool SortCommands::canSort(std::int32_t col) const {
-    if (!c_.flags.Editable || !columns::isDataCell(c_.grid, c_.grid.Row(), col) || merges()) return false;
+bool SortCommands::allowed(std::int32_t col) const {
+    if (!c_.flags.Editable || !columns::isDataCell(c_.grid, c_.grid.Row(), col)) return false;
     const std::shared_ptr<const ColumnOptions> rules = c_.columns.rules(col);
     return rules && rules->sortable();
+}
+
+bool SortCommands::canSort(std::int32_t col) const {
+    return allowed(col) && !merges();
+}
+
+std::string SortCommands::whyNot(std::int32_t col) const {
+    return allowed(col) && merges() ? "行标题有合并的单元格，不能排序。" : "";
 }
 
 bool SortCommands::sort(std::int32_t col, bool down) {

@@ -2,6 +2,8 @@
 // them again.
 #pragma once
 
+#include <string>
+
 #include "clerk/ClerkContext.h"
 #include "clerk/EntryOrder.h"
 
@@ -13,6 +15,8 @@ class SortCommands {
 
     /// The host lets the column be sorted (ColumnOptions::sortable), and no cells are merged beside the rows.
     bool canSort(std::int32_t col) const;
+    /// Why the clerk cannot sort where the host would have let him; empty where nothing but that is in the way.
+    std::string whyNot(std::int32_t col) const;
     /// False when memory does not suffice; nothing has changed then.
     bool sort(std::int32_t col, bool down);
     bool canUnsort() const { return c_.flags.Editable && entered_.isAnother() && !merges(); }
@@ -20,6 +24,7 @@ class SortCommands {
     bool unsort();
 
   private:
+    bool allowed(std::int32_t col) const;
     bool merges() const;
     bool reorder(const std::string& step, const std::vector<std::int32_t>& from);
 

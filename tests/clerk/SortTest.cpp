@@ -173,8 +173,12 @@ TEST_F(SortedGrid, IsNotSortedWhereRowHeadersMerge) {
     grid.MergeRow(0, true);  // captions may
     grid.Grid().Select(1, Name);
     EXPECT_TRUE(grid.CanRun(Command::SortUp));
+    EXPECT_EQ(grid.Commands().WhyNot(Command::SortUp), "");
     grid.MergeCol(0, true);
     EXPECT_FALSE(grid.CanRun(Command::SortUp));
+    EXPECT_EQ(grid.Commands().WhyNot(Command::SortUp), "行标题有合并的单元格，不能排序。");
+    grid.Options(Name).sortable(false);
+    EXPECT_EQ(grid.Commands().WhyNot(Command::SortUp), "");  // it would not be sorted anyway
 }
 
 TEST_F(SortedGrid, GoesBackIntoTheOrderItHadBeforeAllSorting) {

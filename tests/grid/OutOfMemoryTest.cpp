@@ -192,6 +192,21 @@ const Work Works[] = {
          at.grid.Grid().MoveRows(2, 3, 300);
          at.grid.Grid().MoveRows(300, 90, 2);
      }},
+    {"FilteringRows",
+     [](ShortOfMemory& at) {
+         at.grid.Rows(400);
+         for (std::int32_t r = 1; r < 400; r += 7) at.grid.Grid().RowHidden(r, true);
+     },
+     [](ShortOfMemory& at) {
+         std::vector<bool> filtered(399);
+         for (std::size_t i = 0; i < filtered.size(); i += 3) filtered[i] = true;
+         at.grid.Grid().FilterRows(1, filtered);
+         at.grid.Grid().FilterRows({{2, true}, {5, true}, {200, false}, {301, true}});
+         at.grid.Grid().RowFiltered(3, true);
+         at.grid.Grid().InsertRow(100);
+         at.grid.Filters().Show(1, {LongText, ""});
+         at.grid.Filters().ShowAll();
+     }},
     {"ChangingTheNumberOfColumns", nothing,
      [](ShortOfMemory& at) {
          at.grid.Cols(14);

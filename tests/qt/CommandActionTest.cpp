@@ -64,6 +64,24 @@ TEST(CommandAction, FollowsMovesThatTheHostMakes) {
     EXPECT_FALSE(above->isEnabled());
 }
 
+TEST(CommandAction, SaysInItsTipWhyItCannotBeDone) {
+    Window w;
+    w.grid().Options(Code).sortable(true);
+    QAction* sort = w.widget->action(Command::SortUp);
+    w.focusCell(1, Code);
+    EXPECT_TRUE(sort->isEnabled());
+    EXPECT_EQ(sort->toolTip(), sort->text());
+    w.grid().MergeCells(flexMergeFixedOnly);
+    w.grid().MergeCol(0, true);
+    w.press(Qt::Key_Down);
+    EXPECT_FALSE(sort->isEnabled());
+    EXPECT_EQ(sort->toolTip(), QStringLiteral("行标题有合并的单元格，不能排序。"));
+    w.grid().MergeCol(0, false);
+    w.press(Qt::Key_Up);
+    EXPECT_TRUE(sort->isEnabled());
+    EXPECT_EQ(sort->toolTip(), sort->text());
+}
+
 TEST(CommandAction, DoesOnAClosedCellWhatItsKeyDoes) {
     Window w;
     w.focusCell(1, Code);

@@ -47,6 +47,8 @@ void CommandActions::refresh(const std::vector<Command>& commands) {
         if (!action) continue;
         // A step's name marks no letter of the menu's.
         action->setText(toQt(machine->grid->Commands().Caption(command)).replace(u'&', QStringLiteral("&&")));
+        // Without a tip of its own it has its text.
+        action->setToolTip(toQt(machine->grid->Commands().WhyNot(command)));
         action->setEnabled(can);
         const QList<QKeySequence> keys = sequencesOf(command, machine->grid->Commands());
         if (action && action->shortcuts() != keys) action->setShortcuts(keys);
