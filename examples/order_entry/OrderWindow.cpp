@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QResizeEvent>
+#include <QSettings>
 #include <utility>
 
 #include "OrderGrid.h"
