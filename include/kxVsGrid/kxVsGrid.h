@@ -35,3 +35,4 @@
 #include "kxVsGrid/headless/Desk.h"
 #include "kxVsGrid/kxGrid.h"
 #include "kxVsGrid/mbasTxt.h"
+#include "kxVsGrid/support/Decimal.h"

@@ -4,8 +4,8 @@
 #include "grid/Parts.h"
 #include "support/CurrentError.h"
 #include "support/Dates.h"
-#include "support/Decimal.h"
 #include "support/Numbers.h"
+#include "support/ReadDecimal.h"
 
 namespace kxVsGrid {
 namespace {

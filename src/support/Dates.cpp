@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "support/Decimal.h"
+#include "support/ReadDecimal.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::support {

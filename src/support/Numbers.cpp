@@ -7,7 +7,7 @@
 #include <cstring>
 #include <limits>
 
-#include "support/Decimal.h"
+#include "support/ReadDecimal.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::support {
@@ -29,7 +29,7 @@ SignedNumber readNumber(std::string_view text) {
     while (at != last && *at == ' ') ++at;
     const bool negative = at != last && *at == '-';
     if (at != last && (*at == '-' || *at == '+')) ++at;
-    const Decimal number = readDecimalWithExponent(at, last);
+    const PlainNumber number = readDecimalWithExponent(at, last);
     return {negative ? -number.value : number.value, number.end, number.hasDigits};
 }
 

@@ -8,15 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "support/Decimal.h"
 #include "support/ExpressionFault.h"
+#include "support/ReadDecimal.h"
 
 namespace kxVsGrid {
 namespace {
 
-using support::Decimal;
 using support::ExpressionFault;
 using support::isDigit;
+using support::PlainNumber;
 using support::readDecimal;
 
 using Reason = ExpressionFault::Reason;
@@ -207,7 +207,7 @@ class Evaluation {
 
     bool number() {
         if (!impliedProduct()) return false;
-        const Decimal number = readDecimal(at_, last_);
+        const PlainNumber number = readDecimal(at_, last_);
         operandAt_ = at_;
         at_ = number.end;
         operand_ = number.value;

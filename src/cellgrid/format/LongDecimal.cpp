@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "support/Decimal.h"
 #include "support/Numbers.h"
+#include "support/ReadDecimal.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::cellgrid {

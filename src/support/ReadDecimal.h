@@ -3,17 +3,17 @@
 
 namespace kxVsGrid::support {
 
-struct Decimal {
+struct PlainNumber {
     double value;     ///< 0 when there is no digit; infinite when too large
     const char* end;  ///< the first character that is no part of the number
     bool hasDigits;   ///< false for "" and "."
 };
 
 /// Reads digits with at most one '.' from the start of [first, last), rounded correctly.
-Decimal readDecimal(const char* first, const char* last);
+PlainNumber readDecimal(const char* first, const char* last);
 
 /// The same with an exponent, which counts only when it has digits.
-Decimal readDecimalWithExponent(const char* first, const char* last);
+PlainNumber readDecimalWithExponent(const char* first, const char* last);
 
 inline bool isDigit(char c) {
     return c >= '0' && c <= '9';

@@ -1,4 +1,4 @@
-#include "support/Decimal.h"
+#include "support/ReadDecimal.h"
 
 #include <charconv>
 #include <cstdint>
@@ -42,7 +42,7 @@ std::int64_t exponentValue(const char* first, const char* last) {
 
 }  // namespace
 
-Decimal readDecimal(const char* first, const char* last) {
+PlainNumber readDecimal(const char* first, const char* last) {
     std::uint64_t mantissa = 0;  // wraps around when there are too many digits, and is not used then
     const char* at = first;
     for (; at != last && isDigit(*at); ++at) mantissa = mantissa * 10 + static_cast<unsigned char>(*at - '0');
@@ -64,8 +64,8 @@ Decimal readDecimal(const char* first, const char* last) {
     return {readSlowly(first, at), at, true};
 }
 
-Decimal readDecimalWithExponent(const char* first, const char* last) {
-    Decimal number = readDecimal(first, last);
+PlainNumber readDecimalWithExponent(const char* first, const char* last) {
+    PlainNumber number = readDecimal(first, last);
     if (!number.hasDigits || number.end == last || (*number.end != 'e' && *number.end != 'E')) return number;
     const char* const exponent = number.end + 1;
     const char* digits = exponent;
