@@ -257,6 +257,10 @@ class kxGrid : public GridEvents {
     Variant Get(std::string_view name);
     void Put(std::string_view name, const Variant& value);
 
+    /// Makes an owner of the columns and lines, who describes them all (Sheet.h), for as long as he lives. False
+    /// while there is another one.
+    bool Own(const std::weak_ptr<const void>& owner);
+
     // --- For the machine.
     /// The way into the control. It keeps what is behind the control until it is let go of: a machine holds
     /// it for the length of a call, in which a listener may destroy the control.

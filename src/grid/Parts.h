@@ -107,6 +107,7 @@ struct kxGrid::Parts : editing::EditorOwner,
     kxGrid& control;
     host::Host host;
     Platform& platform;
+    std::weak_ptr<const void> columnsOwner;
     CellGrid main;
     CellGrid sums;
     changes::Steps steps{main, *this};

@@ -78,6 +78,12 @@ const kxVsGrid::Filters& kxGrid::Filters() const {
     return parts_->filters.face;
 }
 
+bool kxGrid::Own(const std::weak_ptr<const void>& owner) {
+    if (!parts_->columnsOwner.expired()) return false;
+    parts_->columnsOwner = owner;
+    return true;
+}
+
 bool kxGrid::Run(Command command) {
     return held()->commands.run(command);
 }

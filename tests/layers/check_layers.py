@@ -31,6 +31,7 @@ ROWS = [
     ["rows"],
     ["clerk"],
     ["grid", "grid/input"],
+    ["sheet"],
     ["headless", "qt"],
     ["qt/designer"],
     ["examples"],

@@ -1,0 +1,46 @@
+// What a host has said about a column of a sheet, until the sheet lays its columns out.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "kxVsGrid/sheet/CodeSource.h"
+#include "kxVsGrid/sheet/Field.h"
+
+namespace kxVsGrid::sheet {
+
+struct ColumnPlan {
+    std::string name;     ///< by which the host knows it
+    std::string caption;  ///< by which the clerk does
+    std::unique_ptr<Field> field;
+
+    bool readOnly = false;
+    bool hidden = false;
+    bool total = false;
+    bool stretch = false;
+    bool required = false;
+    std::optional<int> decimals;
+    std::int16_t limit = 0;           ///< most characters; 0: any number
+    std::optional<std::int32_t> width;  ///< twips
+    std::string sample;               ///< a text that it is as wide as
+    std::string format;
+    std::string preset;  ///< what rows get that the clerk comes to
+    std::string enterTo;  ///< the column where Enter goes
+    bool enterEndsRow = false;  ///< to that column of the next row
+
+    /// Puts the member of a record from its others; may throw.
+    std::function<void(void* record)> computed;
+
+    std::shared_ptr<CodeSource> codes;
+    std::function<void(void* record, const void* found)> found;
+    std::function<void(void* record)> cleared;
+    std::string refusal;  ///< what is said of an unknown code
+
+    std::vector<std::string> constants;
+    std::function<bool(const void* record, const std::string& text)> otherConstants;
+};
+}  // namespace kxVsGrid::sheet

@@ -1,0 +1,38 @@
+// A cell of a sheet that is not as it has to be.
+//
+//     if (const auto fault = sheet.firstFault()) {
+//         fault->show();
+//         status.text = fault->text();
+//     }
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include "kxVsGrid/Members.h"
+
+namespace kxVsGrid {
+
+struct Fault {
+    std::int32_t row = 0;  ///< zero-based, in the grid
+    std::int32_t col = 0;
+    std::string where;   ///< for the clerk: 第 3 行的数量
+    std::string reason;  ///< for the clerk, without the place
+
+    std::string text() const { return where + "：" + reason; }
+    /// Makes the cell the current one, and brings it into view. Nothing where the sheet has gone.
+    void show() const {
+        if (go) go();
+    }
+    std::function<void()> go;
+};
+
+/// A cell holds a text that is no value of its column; what() names the cell.
+class UnreadableCell : public GridError {
+  public:
+    explicit UnreadableCell(const Fault& where) : GridError(where.text()), fault(where) {}
+    Fault fault;
+};
+}  // namespace kxVsGrid

@@ -1,0 +1,126 @@
+// What a sheet makes of a member of a record: which texts stand for its values. A host's own type gets a
+// specialisation, and its members can be columns then.
+//
+//     template <>
+//     struct kxVsGrid::FieldText<QString> {
+//         static constexpr kxVsGrid::FieldKind Kind = kxVsGrid::FieldKind::Text;
+//         static void append(std::string& text, const QString& value) { text += value.toStdString(); }
+//         static bool read(std::string_view text, QString& value) {
+//             value = QString::fromUtf8(text.data(), qsizetype(text.size()));
+//             return true;
+//         }
+//     };
+//
+// read() answers False, and leaves the value, for a text that stands for none. The empty text is read as the
+// value that a new record has, but for an optional member, where it is the one without a value.
+#pragma once
+
+#include <charconv>
+#include <concepts>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "kxVsGrid/DateTime.h"
+#if __has_include("kxVsGrid/support/Date.h")
+#include "kxVsGrid/support/Date.h"
+#endif
+#include "kxVsGrid/support/Decimal.h"
+
+namespace kxVsGrid {
+
+enum class FieldKind { Text, Number, Date, Moment, Flag };
+
+template <class T>
+struct FieldText;
+
+template <class T>
+concept KnownField = requires(std::string& text, T& value) {
+    FieldText<T>::Kind;
+    FieldText<T>::append(text, value);
+    { FieldText<T>::read(std::string_view(), value) } -> std::same_as<bool>;
+};
+
+template <>
+struct FieldText<std::string> {
+    static constexpr FieldKind Kind = FieldKind::Text;
+    static void append(std::string& text, const std::string& value) { text += value; }
+    static bool read(std::string_view text, std::string& value) {
+        value = text;
+        return true;
+    }
+};
+
+template <>
+struct FieldText<Decimal> {
+    static constexpr FieldKind Kind = FieldKind::Number;
+    static void append(std::string& text, const Decimal& value) { value.appendTo(text); }
+    static bool read(std::string_view text, Decimal& value) {
+        const std::optional<Decimal> known = Decimal::read(text);
+        if (known) value = *known;
+        return known.has_value();
+    }
+};
+
+/// Whole numbers. What does not fit into the type is none of its values.
+template <std::integral T>
+struct FieldText<T> {
+    static constexpr FieldKind Kind = FieldKind::Number;
+    static void append(std::string& text, T value) { text += std::to_string(value); }
+    static bool read(std::string_view text, T& value) {
+        T number{};
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+        if (error != std::errc() || end != text.data() + text.size()) return false;
+        value = number;
+        return true;
+    }
+};
+
+/// -1 is True, as in a column of check boxes; False is empty.
+template <>
+struct FieldText<bool> {
+    static constexpr FieldKind Kind = FieldKind::Flag;
+    static void append(std::string& text, bool value) {
+        if (value) text += "-1";
+    }
+    static bool read(std::string_view text, bool& value) {
+        value = text != "0";
+        return true;
+    }
+};
+
+#if __has_include("kxVsGrid/support/Date.h")
+template <>
+struct FieldText<Date> {
+    static constexpr FieldKind Kind = FieldKind::Date;
+    static void append(std::string& text, const Date& value) {
+        if (value.valid()) text += value.text();
+    }
+    static bool read(std::string_view text, Date& value) {
+        const std::optional<Date> known = Date::read(text);
+        if (known) value = *known;
+        return known.has_value();
+    }
+};
+
+#endif
+
+template <class T>
+struct FieldText<std::optional<T>> {
+    static constexpr FieldKind Kind = FieldText<T>::Kind;
+    static void append(std::string& text, const std::optional<T>& value) {
+        if (value) FieldText<T>::append(text, *value);
+    }
+    static bool read(std::string_view text, std::optional<T>& value) {
+        T known{};
+        if (!FieldText<T>::read(text, known)) return false;
+        value = std::move(known);
+        return true;
+    }
+};
+
+template <class T>
+inline constexpr bool IsOptionalField = false;
+template <class T>
+inline constexpr bool IsOptionalField<std::optional<T>> = true;
+}  // namespace kxVsGrid

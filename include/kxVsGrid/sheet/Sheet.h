@@ -1,0 +1,236 @@
+// Records on a grid: a host says once which member of its records stands in which column, and works with records
+// from then on.
+//
+//     struct Line {
+//         std::string name;
+//         kxVsGrid::Decimal quantity, price, amount;
+//     };
+//     kxVsGrid::Sheet<Line> sheet(grid);
+//     sheet.text("name", "品名", &Line::name);
+//     sheet.number("quantity", "数量", &Line::quantity).decimals(3);
+//     sheet.number("price", "单价", &Line::price).decimals(2);
+//     sheet.number("amount", "金额", &Line::amount).decimals(2).total().computed([](const Line& line) {
+//         return line.quantity * line.price;
+//     });
+//     sheet.load(std::vector<Line>{{"六角螺栓", 12, 3}});
+//     const std::vector<Line> lines = sheet.records();
+//
+// The grid's texts are the truth: a record is read from its row when somebody asks for it, and written back member
+// by member, only what differs. Members without a column keep what was loaded, beside the grid: they are not copied
+// with a row, and undo does not touch them. Lines begin below the fixed rows, columns after the fixed ones, in the
+// order in which they are declared. A host may use the grid beside the sheet, which follows every step of changes;
+// what code writes outside of steps (kxGrid::Step) is settled by recompute().
+//
+// The grid must outlive the sheet. A second sheet on one grid is refused with GridError, as a column that is declared
+// after the first load is.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "kxVsGrid/sheet/RecordChanges.h"
+#include "kxVsGrid/sheet/SheetBody.h"
+#include "kxVsGrid/sheet/SheetColumn.h"
+
+namespace kxVsGrid {
+
+template <class Record>
+class Sheet {
+  public:
+    explicit Sheet(kxGrid& grid) : body_(grid, &Sheet::make, ComputesTwice) {}
+
+    // --- Columns
+    // A name is the host's word for the column, the caption the clerk's. GridError for a name that is taken.
+    template <class T>
+    SheetColumn<Record, T> text(std::string_view name, std::string_view caption, T Record::* member) {
+        return column<FieldKind::Text>(name, caption, member);
+    }
+    template <class T>
+    SheetColumn<Record, T> number(std::string_view name, std::string_view caption, T Record::* member) {
+        return column<FieldKind::Number>(name, caption, member);
+    }
+    template <class T>
+    SheetColumn<Record, T> date(std::string_view name, std::string_view caption, T Record::* member) {
+        return column<FieldKind::Date>(name, caption, member);
+    }
+    template <class T>
+    SheetColumn<Record, T> moment(std::string_view name, std::string_view caption, T Record::* member) {
+        return column<FieldKind::Moment>(name, caption, member);
+    }
+    /// A check box.
+    template <class T>
+    SheetColumn<Record, T> flag(std::string_view name, std::string_view caption, T Record::* member) {
+        return column<FieldKind::Flag>(name, caption, member);
+    }
+
+    // --- Lines
+    /// Which rows are lines: fills end at the last one, checks and records() pass over the others. Without it a row
+    /// is one that holds a text in some column that the clerk can type into and that has no preset.
+    Sheet& inUse(std::function<bool(const Record&)> says) {
+        body_.inUse([says = std::move(says)](const void* record) { return says(as(record)); });
+        return *this;
+    }
+    /// What every line has to keep in the column: typing what breaks it is refused with the reason, and what breaks
+    /// it otherwise is a fault.
+    Sheet& rule(std::string_view name, std::function<bool(const Record&)> holds, std::string_view reason) {
+        body_.rule(name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason);
+        return *this;
+    }
+    /// The member that says which line it is: accept() demands one of every line that was added, which is another one
+    /// than a new record has.
+    template <class T>
+    Sheet& identity(T Record::* member) {
+        body_.identity(identified(member));
+        return *this;
+    }
+    /// The member that counts the saves: accept() demands another one of every line that was changed.
+    template <class T>
+    Sheet& version(T Record::* member) {
+        body_.version(identified(member));
+        return *this;
+    }
+    /// The member that numbers the lines, from 1: with it a line that stands elsewhere has changed.
+    template <class T>
+    Sheet& position(T Record::* member) {
+        body_.position({[member](void* record, std::int64_t number) {
+                            static_cast<Record*>(record)->*member = static_cast<T>(number);
+                        },
+                        [member](const void* record) { return static_cast<std::int64_t>(as(record).*member); }});
+        return *this;
+    }
+
+    /// The lines of a range become the sheet's, and there is nothing to save or undo any more. Progress is asked now
+    /// and then, and ends it by False. When that happens, or the range throws, everything is as it was, what is being
+    /// typed and what can be undone too. False when it was ended.
+    template <class Lines>
+    bool load(const Lines& lines, sheet::Progress progress = {}) {
+        sheet::SheetBody::Loading loading(body_, sizeOf(lines), std::move(progress));
+        for (const auto& line : lines)
+            if (!loading.add(std::make_shared<Record>(line))) return false;
+        loading.finish();
+        return true;
+    }
+
+    /// The record of a row, zero-based. UnreadableCell where a text is no value of its column.
+    Record record(std::int32_t row) const { return as(body_.record(row).get()); }
+    /// The same of a row wherever it is; nothing when it has gone.
+    std::optional<Record> find(RowId row) const {
+        const sheet::KeptRecord found = body_.recordOf(row);
+        return found ? std::optional<Record>(as(found.get())) : std::nullopt;
+    }
+    bool isInUse(std::int32_t row) const { return body_.isInUse(row); }
+    /// All lines, as they stand.
+    std::vector<Record> records() const {
+        std::vector<Record> lines;
+        for (const sheet::KeptRecord& line : body_.records()) lines.push_back(as(line.get()));
+        return lines;
+    }
+    /// Writes what differs, as one step.
+    void put(std::int32_t row, const Record& record) { body_.put(row, &record); }
+    /// The same for what a function makes of the record.
+    template <class Change>
+    void edit(std::int32_t row, Change change) {
+        Record line = record(row);
+        change(line);
+        put(row, line);
+    }
+    /// New lines below the last one, as one step. Answers their rows. What has no column is not taken along.
+    template <class Lines>
+    std::vector<std::int32_t> append(const Lines& lines) {
+        std::vector<sheet::KeptRecord> records;
+        for (const auto& line : lines) records.push_back(std::make_shared<const Record>(line));
+        return body_.append(records);
+    }
+    /// Makes all computed columns anew, as one step: when they follow from something else than the line.
+    void recompute() { body_.recompute(); }
+    /// Of all lines, exact.
+    Decimal sum(std::string_view name) const { return body_.sum(name); }
+    /// Where the column is in the grid.
+    std::int32_t col(std::string_view name) const { return body_.columnOf(name); }
+
+    // --- What is to be saved
+    /// Values are compared, not texts: 1.5 is 1.50. A line that moved has not changed, but for position().
+    /// UnreadableCell where a text is no value of its column.
+    RecordChanges<Record> changes() const {
+        RecordChanges<Record> result;
+        for (const sheet::AnyChange& change : body_.changes()) {
+            if (!change.before)
+                result.added.push_back({change.row, as(change.after.get())});
+            else if (!change.after)
+                result.removed.push_back({change.row, as(change.before.get())});
+            else
+                result.changed.push_back({change.row, as(change.before.get()), as(change.after.get())});
+        }
+        return result;
+    }
+    /// What was handed out is saved; the host has written ids and versions into it. What the clerk has typed
+    /// meanwhile is still to be saved.
+    void accept(const RecordChanges<Record>& changes) {
+        const auto kept = [](const Record& record) { return std::make_shared<const Record>(record); };
+        std::vector<sheet::AnyChange> all;
+        for (const auto& line : changes.added) all.push_back({line.row, nullptr, kept(line.record)});
+        for (const auto& line : changes.changed) all.push_back({line.row, kept(line.before), kept(line.after)});
+        for (const auto& line : changes.removed) all.push_back({line.row, kept(line.before), nullptr});
+        body_.accept(all);
+    }
+    /// There is something to save.
+    bool modified() const { return body_.modified(); }
+    /// Told when modified() has become another one, at the end of a step.
+    Connection onModified(std::function<void(bool)> told) { return body_.onModified(std::move(told)); }
+
+    // --- What is wrong
+    /// The first cell that is not as it has to be, row by row. Moves nothing, fills nothing, asks nobody.
+    std::optional<Fault> firstFault() const { return body_.firstFault(); }
+    std::vector<Fault> faults() const { return body_.faults(); }
+
+  private:
+#ifdef NDEBUG
+    static constexpr bool ComputesTwice = false;
+#else
+    static constexpr bool ComputesTwice = true;  // finds columns that do not settle
+#endif
+
+    static sheet::AnyRecord make(const void* original) {
+        return original ? std::make_shared<Record>(as(original)) : std::make_shared<Record>();
+    }
+    static const Record& as(const void* record) { return *static_cast<const Record*>(record); }
+    template <class T>
+    static sheet::Identity identified(T Record::* member) {
+        return {[member](const void* record) { return !(as(record).*member == Record{}.*member); },
+                [member](const void* one, const void* other) { return as(one).*member == as(other).*member; }};
+    }
+    template <class Lines>
+    static std::size_t sizeOf(const Lines& lines) {
+        if constexpr (requires { std::size(lines); })
+            return static_cast<std::size_t>(std::size(lines));
+        else
+            return 0;
+    }
+    template <FieldKind Kind, class T>
+    SheetColumn<Record, T> column(std::string_view name, std::string_view caption, T Record::* member) {
+        static_assert(KnownField<T>,
+                      "a sheet does not know the type of this member: specialise kxVsGrid::FieldText for it");
+        if constexpr (KnownField<T>)
+            static_assert(FieldText<T>::Kind == Kind, "a sheet's column of this kind shows no member of this type");
+        return {body_.column(name, caption, field(member)), member};
+    }
+    template <class T>
+    static std::unique_ptr<sheet::Field> field(T Record::* member) {
+        if constexpr (KnownField<T>)
+            return std::make_unique<sheet::MemberField<Record, T>>(member);
+        else
+            return nullptr;
+    }
+
+    sheet::SheetBody body_;
+};
+}  // namespace kxVsGrid

@@ -1,0 +1,42 @@
+// Computed columns: what they are for a record, and in the cells of a row.
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "sheet/Lines.h"
+#include "sheet/SheetContext.h"
+
+namespace kxVsGrid::sheet {
+
+class Computing {
+  public:
+    Computing(const SheetContext& context, const Lines& lines) : c_(context), lines_(lines) {}
+
+    /// Puts the computed members of a record. Where one cannot be computed it is what it is in a new record.
+    void fill(void* record) const;
+    /// Makes the computed cells of a row anew, and says in a mark why one cannot be made.
+    void settle(std::int32_t row);
+    /// Only the marks: for cells that were put back by undo.
+    void mark(std::int32_t row);
+    /// Why the cell is empty that could not be computed; empty where nothing is wrong with it.
+    std::string reason(const void* record, std::int32_t column) const;
+    void forgetMarks() { marks_.clear(); }
+
+  private:
+    /// What the cell is to hold, or why it cannot.
+    struct Outcome {
+        std::string text;
+        std::string reason;
+    };
+    Outcome compute(void* record, std::int32_t column) const;
+    void put(std::int32_t row, std::int32_t column, const Outcome& outcome);
+    void putMark(std::int32_t row, std::int32_t col, const std::string& reason);
+    void requireSettled(const void* record) const;
+
+    const SheetContext& c_;
+    const Lines& lines_;
+    std::map<std::pair<RowId, std::int32_t>, std::string> marks_;  ///< that stand here for what went wrong
+};
+}  // namespace kxVsGrid::sheet

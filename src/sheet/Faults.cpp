@@ -1,0 +1,55 @@
+#include "sheet/Faults.h"
+
+#include <exception>
+
+namespace kxVsGrid::sheet {
+
+std::string Faults::brokenRule(const void* record, std::int32_t column) const {
+    for (const Rule& rule : c_.rules) {
+        if (rule.column != column) continue;
+        try {
+            if (!rule.holds(record)) return rule.reason;
+        } catch (const std::exception& error) {
+            return error.what();
+        }
+    }
+    return {};
+}
+
+std::string Faults::reason(const void* record, std::int32_t row, std::int32_t column) const {
+    const ColumnPlan& plan = c_.plan(column);
+    const std::string text = c_.cells().Text(row, c_.gridCol(column));
+    if (const AnyRecord scratch = c_.make(nullptr); !plan.field->read(scratch.get(), text))
+        return "“" + text + "”不能识别";
+    if (plan.computed)
+        if (std::string why = computing_.reason(record, column); !why.empty()) return why;
+    const bool empty = text.empty() || (!plan.field->optional() && text == "0");
+    if (plan.required && empty) return plan.field->kind() == FieldKind::Number ? "不能为零" : "不能为空";
+    return brokenRule(record, column);
+}
+
+void Faults::visit(const std::function<bool(Fault)>& visitor) const {
+    for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row) {
+        std::optional<Fault> unreadable;
+        const AnyRecord record = lines_.read(row, unreadable);
+        if (!unreadable && !lines_.isInUse(row, record.get())) continue;
+        for (std::int32_t column = 0; column < c_.count(); ++column) {
+            std::string why = reason(record.get(), row, column);
+            if (!why.empty() && !visitor(c_.faultAt(row, column, std::move(why)))) return;
+        }
+    }
+}
+
+/// Judged on the line as it would be, with what follows from the text.
+std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_view text) const {
+    const ColumnPlan& plan = c_.plan(column);
+    std::optional<Fault> unreadable;
+    const AnyRecord record = lines_.read(row, unreadable);
+    const std::string value = plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
+    if (!plan.field->read(record.get(), value))
+        return plan.field->kind() == FieldKind::Number ? "这个数太大，或者小数位太多。" : "不能识别。";
+    if (unreadable && unreadable->col != c_.gridCol(column)) return {};
+    computing_.fill(record.get());
+    return lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column) : std::string();
+}
+}  // namespace kxVsGrid::sheet

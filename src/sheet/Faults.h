@@ -1,0 +1,33 @@
+// What is wrong with the lines, by what the host has said of them.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "sheet/Computing.h"
+#include "sheet/Lines.h"
+#include "sheet/SheetContext.h"
+
+namespace kxVsGrid::sheet {
+
+class Faults {
+  public:
+    Faults(const SheetContext& context, const Lines& lines, const Computing& computing)
+        : c_(context), lines_(lines), computing_(computing) {}
+
+    /// Visits what is wrong, row by row; the visitor answers whether to go on.
+    void visit(const std::function<bool(Fault)>& visitor) const;
+    /// Why a text may not be typed into the cell; empty where it may.
+    std::string refusal(std::int32_t row, std::int32_t column, std::string_view text) const;
+
+  private:
+    /// Of one cell of a line; empty where nothing is.
+    std::string reason(const void* record, std::int32_t row, std::int32_t column) const;
+    std::string brokenRule(const void* record, std::int32_t column) const;
+
+    const SheetContext& c_;
+    const Lines& lines_;
+    const Computing& computing_;
+};
+}  // namespace kxVsGrid::sheet

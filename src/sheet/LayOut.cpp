@@ -1,0 +1,143 @@
+#include "sheet/LayOut.h"
+
+#include <algorithm>
+
+namespace kxVsGrid::sheet {
+namespace {
+
+constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow the desktop's theme
+constexpr std::uint32_t ButtonText = 0x80000012;
+constexpr std::int32_t LeastStretched = 1200;  // twips
+/// A layout counts columns as too wide that leave less beside them.
+constexpr std::int32_t Margin = 60;
+
+mEmDataType typeOf(FieldKind kind) {
+    switch (kind) {
+        case FieldKind::Number:
+            return flexDTDouble;
+        case FieldKind::Date:
+        case FieldKind::Moment:
+            return flexDTDate;
+        case FieldKind::Flag:
+            return flexDTBoolean;
+        default:
+            return flexDTString;
+    }
+}
+
+mEmflexAlign alignmentOf(FieldKind kind) {
+    if (kind == FieldKind::Number) return flexAlignRightCenter;
+    return kind == FieldKind::Text ? flexAlignLeftCenter : flexAlignCenterCenter;
+}
+
+std::string formatOf(const ColumnPlan& plan) {
+    if (!plan.format.empty()) return plan.format;
+    switch (plan.field->kind()) {
+        case FieldKind::Number:
+            if (!plan.decimals) return {};
+            return *plan.decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(*plan.decimals), '0');
+        case FieldKind::Date:
+            return "yyyy-mm-dd";
+        case FieldKind::Moment:
+            return "yyyy-mm-dd HH:mm:ss";
+        default:
+            return {};
+    }
+}
+
+/// What a column is as wide as of which the host has said nothing; its caption has room in it.
+std::string sampleOf(const ColumnPlan& plan) {
+    if (!plan.sample.empty()) return plan.sample;
+    std::string usual;
+    switch (plan.field->kind()) {
+        case FieldKind::Number:
+            usual = "1,000,000.00 ";
+            break;
+        case FieldKind::Date:
+            usual = "2026-12-30  ";
+            break;
+        case FieldKind::Moment:
+            usual = "2026-12-30 23:59:59  ";
+            break;
+        case FieldKind::Flag:
+            break;
+        default:
+            usual = "编码与名称等  ";
+    }
+    const std::string caption = plan.caption + "  ";
+    return usual.size() >= caption.size() ? usual : caption;
+}
+
+void define(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
+    const auto definition = c.grid.VsCtrl(static_cast<std::int16_t>(col));
+    const FieldKind kind = plan.field->kind();
+    definition->sName(plan.caption);
+    definition->iType(typeOf(kind));
+    definition->iColAlignment(alignmentOf(kind));
+    definition->bIsEditable(!plan.readOnly);
+    definition->iLimitLength(plan.limit);
+    definition->b是否合计数据(plan.total);
+    definition->sDefaultText_Name(plan.preset);
+    definition->sDefaultText_Code(plan.preset);
+    if (plan.readOnly) {
+        definition->b是否设列颜色(true);
+        definition->d列背景色(ButtonFace);
+        definition->d列前景色(ButtonText);
+    }
+    if (kind == FieldKind::Date || kind == FieldKind::Moment) {
+        definition->i有效性判断(1);
+        definition->i字段有效性判断类型(kind == FieldKind::Date ? ij日期型 : ij时间型);
+        definition->b是否提供帮助(!plan.readOnly);
+        definition->i帮助类型(kind == FieldKind::Date ? ih日期型 : ih时间型);
+    }
+    if (plan.enterTo.empty()) return;
+    const std::int32_t target = c.columnNamed(plan.enterTo);
+    if (target < 0) throw GridError("enterTo: there is no column " + plan.enterTo);
+    definition->sCellInput((plan.enterEndsRow ? "+1," : ",") + std::to_string(c.gridCol(target)));
+}
+
+void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
+    c.grid.ColFormat(col, formatOf(plan));
+    if (plan.width)
+        c.grid.ColWidth(col, *plan.width);
+    else
+        c.grid.ColSample(col, sampleOf(plan));
+    c.grid.ColHidden(col, plan.hidden);
+    ColumnOptions& options = c.grid.Options(col);
+    options.sortable(true);
+    options.filterable(true);
+}
+
+/// Captions go through the property that keeps them.
+void caption(const SheetContext& c) {
+    std::string captions;
+    for (std::int32_t col = 0; col < c.grid.FixedCols(); ++col) captions += col == 0 ? "行号|" : "|";
+    for (const ColumnPlan& plan : c.plans) captions += plan.caption + "|";
+    captions.pop_back();
+    c.grid.FormatString(captions);
+}
+}  // namespace
+
+void layOutColumns(const SheetContext& c) {
+    c.grid.Cols(c.grid.FixedCols() + c.count());
+    caption(c);
+    for (std::int32_t column = 0; column < c.count(); ++column) {
+        define(c, c.plan(column), c.gridCol(column));
+        shape(c, c.plan(column), c.gridCol(column));
+    }
+    c.grid.SumRow(std::any_of(c.plans.begin(), c.plans.end(), [](const ColumnPlan& plan) { return plan.total; }));
+}
+
+void fitStretched(const SheetContext& c) {
+    const auto plan = std::find_if(c.plans.begin(), c.plans.end(), [](const ColumnPlan& one) { return one.stretch; });
+    if (plan == c.plans.end()) return;
+    const std::int32_t stretched = c.gridCol(static_cast<std::int32_t>(plan - c.plans.begin()));
+    std::int32_t others = 0;
+    for (std::int32_t col = 0; col < c.grid.Cols(); ++col)
+        if (col != stretched && !c.grid.ColHidden(col)) others += c.grid.ColWidth(col);
+    const std::int32_t rest = std::max(LeastStretched, c.cells().ClientWidth() - others - Margin);
+    if (rest == c.grid.ColWidth(stretched)) return;
+    c.grid.ColWidth(stretched, rest);
+    c.grid.Grid_Sum().ColWidth(stretched, rest);  // otherwise it follows with the next layout only
+}
+}  // namespace kxVsGrid::sheet

@@ -1,0 +1,91 @@
+#include "sheet/Lines.h"
+
+namespace kxVsGrid::sheet {
+
+std::string Lines::rounded(const std::string& text, int decimals) {
+    const std::optional<Decimal> number = Decimal::read(text);
+    return number && number->decimals() > decimals ? number->rounded(decimals).text() : text;
+}
+
+std::string Lines::text(const void* record, std::int32_t column) const {
+    const ColumnPlan& plan = c_.plan(column);
+    std::string text;
+    plan.field->append(record, text);
+    if (plan.computed && plan.decimals) text = rounded(text, *plan.decimals);
+    const bool blanks = plan.field->kind() == FieldKind::Number && !plan.field->optional() && !c_.grid.bIsShowZero();
+    if (blanks && text == "0") text.clear();
+    return text;
+}
+
+AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault) const {
+    const KeptRecord kept = saved_.of(c_.cells().KnownId(row));
+    AnyRecord record = c_.make(kept.get());
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        const std::string text = c_.cells().Text(row, c_.gridCol(column));
+        const Field& field = *c_.plan(column).field;
+        if (field.read(record.get(), text)) continue;
+        field.read(record.get(), {});
+        if (!fault) fault = c_.faultAt(row, column, "“" + text + "”不能识别");
+    }
+    return record;
+}
+
+AnyRecord Lines::readWhole(std::int32_t row) const {
+    std::optional<Fault> fault;
+    AnyRecord record = read(row, fault);
+    if (fault) throw UnreadableCell(*fault);
+    return record;
+}
+
+/// What the clerk can type, and what rows do not get by themselves, makes a line.
+bool Lines::holdsText(std::int32_t row) const {
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        const ColumnPlan& plan = c_.plan(column);
+        if (plan.readOnly || !plan.preset.empty()) continue;
+        if (!c_.cells().Text(row, c_.gridCol(column)).empty()) return true;
+    }
+    return false;
+}
+
+bool Lines::isInUse(std::int32_t row) const {
+    if (!c_.inUse) return holdsText(row);
+    std::optional<Fault> fault;
+    const AnyRecord record = read(row, fault);
+    return fault || c_.inUse(record.get());
+}
+
+bool Lines::isInUse(std::int32_t row, const void* record) const {
+    return c_.inUse ? c_.inUse(record) : holdsText(row);
+}
+
+std::int32_t Lines::end() const {
+    std::int32_t row = c_.endRow();
+    while (row > c_.firstRow() && !isInUse(row - 1)) --row;
+    return row;
+}
+
+void Lines::write(std::int32_t row, const void* record) const {
+    const AnyRecord now = c_.make(nullptr);
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        const ColumnPlan& plan = c_.plan(column);
+        if (plan.computed) continue;
+        const std::int32_t col = c_.gridCol(column);
+        const bool readable = plan.field->read(now.get(), c_.cells().Text(row, col));
+        if (readable && plan.field->alike(now.get(), record)) continue;
+        c_.grid.SetCell(row, col, text(record, column));
+    }
+}
+
+Decimal Lines::sum(std::int32_t column) const {
+    const std::int32_t col = c_.gridCol(column);
+    Decimal sum;
+    for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row) {
+        const std::string text = c_.cells().Text(row, col);
+        if (text.empty()) continue;
+        const std::optional<Decimal> number = Decimal::read(text);
+        if (!number) throw UnreadableCell(c_.faultAt(row, column, "“" + text + "”不能识别"));
+        sum += *number;
+    }
+    return sum;
+}
+}  // namespace kxVsGrid::sheet

@@ -1,0 +1,41 @@
+// Records and the rows in which they stand.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "sheet/Saved.h"
+#include "sheet/SheetContext.h"
+
+namespace kxVsGrid::sheet {
+
+class Lines {
+  public:
+    Lines(const SheetContext& context, const Saved& saved) : c_(context), saved_(saved) {}
+
+    /// The text that the cell is to hold for the member. A 0 is blank, as the grid has it, but where the member can
+    /// be without a value. What is computed is rounded to the decimals of its column.
+    std::string text(const void* record, std::int32_t column) const;
+    /// The same text for what is no number.
+    static std::string rounded(const std::string& text, int decimals);
+    /// The record of the row; where a text is no value, the first such cell goes into `fault`, and the record has
+    /// there what a new one has.
+    AnyRecord read(std::int32_t row, std::optional<Fault>& fault) const;
+    /// UnreadableCell instead.
+    AnyRecord readWhole(std::int32_t row) const;
+    bool isInUse(std::int32_t row) const;
+    bool isInUse(std::int32_t row, const void* record) const;
+    /// The row behind the last line.
+    std::int32_t end() const;
+    /// Writes what differs. Computed columns are not looked at.
+    void write(std::int32_t row, const void* record) const;
+    Decimal sum(std::int32_t column) const;
+
+  private:
+    bool holdsText(std::int32_t row) const;
+
+    const SheetContext& c_;
+    const Saved& saved_;
+};
+}  // namespace kxVsGrid::sheet

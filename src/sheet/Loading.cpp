@@ -1,0 +1,106 @@
+// Records that become the lines of a sheet: first their texts are made, aside, then they are put into the grid at
+// once. What fails or is cancelled before that has touched nothing.
+#include <algorithm>
+#include <utility>
+
+#include "sheet/SheetImpl.h"
+#include "support/FlagSpan.h"
+
+namespace kxVsGrid::sheet {
+namespace {
+
+constexpr std::size_t Slice = 4096;  // records between two looks at the progress
+constexpr std::int32_t LeastRows = 5;
+
+/// The texts of one column, one behind the other.
+struct Column {
+    std::string texts;
+    std::vector<std::size_t> ends;
+
+    void add(const std::string& text) {
+        texts += text;
+        ends.push_back(texts.size());
+    }
+    std::vector<std::string_view> views() const {
+        std::vector<std::string_view> views;
+        views.reserve(ends.size());
+        std::size_t begin = 0;
+        for (const std::size_t end : ends) {
+            views.emplace_back(texts.data() + begin, end - begin);
+            begin = end;
+        }
+        return views;
+    }
+};
+
+void fill(CellGrid& cells, std::int32_t col, std::int32_t row, const std::vector<std::string_view>& texts) {
+    for (const std::string_view text : texts) cells.Text(row++, col, text);
+}
+}  // namespace
+
+struct SheetBody::Loading::Texts {
+    std::shared_ptr<Impl> body;
+    std::size_t total;
+    Progress progress;
+    std::vector<Column> columns;
+    std::vector<KeptRecord> records;
+
+    void put(CellGrid& cells, std::int32_t first) const {
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            fill(cells, body->context.gridCol(static_cast<std::int32_t>(i)), first, columns[i].views());
+    }
+};
+
+SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress)
+    : texts_(std::make_unique<Texts>(Texts{body.impl_, total, std::move(progress), {}, {}})) {
+    if (body.impl_->loading) throw GridError("load: the sheet is being loaded already");
+    texts_->columns.resize(body.impl_->context.plans.size());
+    for (Column& column : texts_->columns) column.ends.reserve(total);
+    texts_->records.reserve(total);
+}
+
+SheetBody::Loading::~Loading() = default;
+
+bool SheetBody::Loading::add(AnyRecord record) {
+    const Impl& body = *texts_->body;
+    if (texts_->progress && texts_->records.size() % Slice == 0 &&
+        !texts_->progress(texts_->records.size(), texts_->total))
+        return false;
+    body.computing.fill(record.get());
+    if (body.context.position) body.context.position->put(record.get(), std::ssize(texts_->records) + 1);
+    for (std::size_t i = 0; i < texts_->columns.size(); ++i)
+        texts_->columns[i].add(body.lines.text(record.get(), static_cast<std::int32_t>(i)));
+    texts_->records.push_back(std::move(record));
+    return true;
+}
+
+void SheetBody::Loading::finish() {
+    const std::shared_ptr<Impl> body = texts_->body;
+    const support::FlagSpan loading(body->loading);
+    body->layOut();
+    kxGrid& grid = body->context.grid;
+    const auto count = static_cast<std::int32_t>(texts_->records.size());
+    std::vector<RowId> rows(texts_->records.size());
+    const UnrecordedSpan unrecorded = grid.Unrecorded();
+    try {
+        grid.ReDraw(false);
+        grid.Clear();  // forgets what could be undone
+        const std::int32_t first = grid.FixedRows();
+        grid.Rows(first + std::max(LeastRows, count + 1));  // one more to key on in
+        texts_->put(grid.Grid(), first);
+        grid.ReDraw(true);
+        grid.Grid().Select(first, grid.FixedCols());
+        grid.Grid().IdsOf(first, rows);
+        body->computing.forgetMarks();
+        grid.ClearMarks();
+    } catch (...) {
+        // Half of the lines would be saved as all there are.
+        grid.Clear();
+        grid.ReDraw(true);
+        body->saved.begin({}, {});
+        throw;
+    }
+    body->saved.begin(rows, std::move(texts_->records));
+    body->tellModified();
+}
+}  // namespace kxVsGrid::sheet

@@ -1,0 +1,161 @@
+#include "sheet/Saved.h"
+
+#include <algorithm>
+
+#include "sheet/Lines.h"
+
+namespace kxVsGrid::sheet {
+
+KeptRecord Saved::of(RowId row) const {
+    const auto found = row == RowId::None ? records_.end() : records_.find(row);
+    return found == records_.end() ? nullptr : found->second;
+}
+
+void Saved::begin(const std::vector<RowId>& rows, std::vector<KeptRecord> records) {
+    records_.clear();
+    records_.reserve(rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) records_.emplace(rows[i], std::move(records[i]));
+    order_ = c_.position ? rows : std::vector<RowId>();
+    still_.clear();
+    witness_ = RowId::None;
+    c_.grid.Changes().Saved();
+}
+
+bool Saved::alike(const void* before, const void* now) const {
+    return std::all_of(c_.plans.begin(), c_.plans.end(),
+                       [&](const ColumnPlan& plan) { return plan.field->alike(before, now); });
+}
+
+/// The rows that may have changed, in the order in which they stand; those that have gone come last.
+std::vector<RowId> Saved::touched() const {
+    const Changes& log = c_.grid.Changes();
+    std::vector<RowId> ids = still_;
+    if (log.Unknown()) {
+        for (const auto& [id, record] : records_) ids.push_back(id);
+        std::vector<RowId> there(static_cast<std::size_t>(c_.endRow() - c_.firstRow()));
+        c_.cells().IdsOf(c_.firstRow(), there);
+        ids.insert(ids.end(), there.begin(), there.end());
+    } else {
+        for (const RowId id : log.Added()) ids.push_back(id);
+        for (const ChangedRow& row : log.Changed()) ids.push_back(row.row);
+        for (const RemovedRow& row : log.Removed()) ids.push_back(row.row);
+    }
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+
+    std::vector<std::int32_t> rows(ids.size());
+    c_.cells().RowsOf(ids, rows);
+    std::vector<std::pair<std::uint32_t, RowId>> placed;  // -1 is the largest
+    for (std::size_t i = 0; i < ids.size(); ++i) placed.emplace_back(static_cast<std::uint32_t>(rows[i]), ids[i]);
+    std::sort(placed.begin(), placed.end());
+    std::transform(placed.begin(), placed.end(), ids.begin(), [](const auto& one) { return one.second; });
+    return ids;
+}
+
+std::optional<AnyChange> Saved::changeOf(const Lines& lines, RowId id) const {
+    const std::int32_t row = c_.cells().RowOf(id);
+    const KeptRecord before = of(id);
+    const KeptRecord now = row >= c_.firstRow() && lines.isInUse(row) ? lines.readWhole(row) : nullptr;
+    if (!before && !now) return std::nullopt;
+    if (before && now && alike(before.get(), now.get())) return std::nullopt;
+    return AnyChange{id, before, now};
+}
+
+/// Every line has a number, so all of them are looked at.
+std::vector<AnyChange> Saved::numberedChanges(const Lines& lines) const {
+    std::vector<RowId> ids(static_cast<std::size_t>(c_.endRow() - c_.firstRow()));
+    c_.cells().IdsOf(c_.firstRow(), ids);
+    std::vector<AnyChange> changes;
+    std::unordered_map<RowId, KeptRecord> gone = records_;
+    std::int64_t number = 0;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        const std::int32_t row = c_.firstRow() + static_cast<std::int32_t>(i);
+        if (!lines.isInUse(row)) continue;
+        const AnyRecord now = lines.readWhole(row);
+        c_.position->put(now.get(), ++number);
+        const KeptRecord before = of(ids[i]);
+        gone.erase(ids[i]);
+        if (!before || !alike(before.get(), now.get()) || c_.position->get(before.get()) != number)
+            changes.push_back({ids[i], before, now});
+    }
+    for (const RowId id : order_)
+        if (const auto record = gone.find(id); record != gone.end()) changes.push_back({id, record->second, nullptr});
+    return changes;
+}
+
+/// Where no line was added, changed or removed, moved ones are out of their order.
+bool Saved::hasMoved() const {
+    std::vector<std::int32_t> rows(order_.size());
+    c_.cells().RowsOf(order_, rows);
+    return !std::is_sorted(rows.begin(), rows.end());
+}
+
+std::vector<AnyChange> Saved::changes(const Lines& lines) const {
+    if (c_.position) return numberedChanges(lines);
+    std::vector<AnyChange> changes;
+    for (const RowId id : touched())
+        if (auto change = changeOf(lines, id)) changes.push_back(std::move(*change));
+    return changes;
+}
+
+bool Saved::differs(const Lines& lines) const {
+    const auto has = [&](RowId id) {
+        try {
+            return changeOf(lines, id).has_value();
+        } catch (const UnreadableCell&) {
+            return true;
+        }
+    };
+    if (witness_ != RowId::None && has(witness_)) return true;
+    witness_ = RowId::None;
+    if (c_.position && hasMoved()) return true;
+    if (still_.empty() && c_.grid.Changes().empty()) return false;
+    const std::vector<RowId> ids = touched();
+    const auto found = std::find_if(ids.begin(), ids.end(), has);
+    if (found == ids.end()) return false;
+    witness_ = *found;
+    return true;
+}
+
+void Saved::requireIdentity(const std::vector<AnyChange>& saved) const {
+    for (const AnyChange& change : saved) {
+        if (!change.after) continue;
+        if (c_.identity && !c_.identity->known(change.after.get()))
+            throw GridError("accept: a line that is said to be saved has no identity");
+        if (c_.version && change.before && c_.version->alike(change.before.get(), change.after.get()))
+            throw GridError("accept: a line that is said to be saved has its version of before");
+    }
+}
+
+/// What was written between changes() and this is compared with what was handed out.
+void Saved::accept(const Lines& lines, const std::vector<AnyChange>& saved) {
+    requireIdentity(saved);
+    std::vector<RowId> ids = touched();
+    for (const AnyChange& change : saved) {
+        if (change.after)
+            records_[change.row] = change.after;
+        else
+            records_.erase(change.row);
+        ids.push_back(change.row);
+    }
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    std::erase_if(ids, [&](RowId id) {
+        try {
+            return !changeOf(lines, id).has_value();
+        } catch (const UnreadableCell&) {
+            return false;
+        }
+    });
+    still_ = std::move(ids);
+    if (c_.position) {
+        order_.clear();
+        for (const auto& [id, record] : records_) order_.push_back(id);
+        std::sort(order_.begin(), order_.end(), [&](RowId one, RowId other) {
+            return c_.position->get(records_.at(one).get()) < c_.position->get(records_.at(other).get());
+        });
+    }
+    witness_ = RowId::None;
+    c_.grid.Changes().Saved();
+}
+}  // namespace kxVsGrid::sheet

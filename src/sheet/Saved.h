@@ -1,0 +1,41 @@
+// What the lines were when they were loaded or saved last, and what has become of them.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "sheet/SheetContext.h"
+
+namespace kxVsGrid::sheet {
+
+class Lines;
+
+class Saved {
+  public:
+    explicit Saved(const SheetContext& context) : c_(context) {}
+
+    /// None for a row that was not saved.
+    KeptRecord of(RowId row) const;
+    /// These lines, and no others, are what is saved; so is what the grid holds.
+    void begin(const std::vector<RowId>& rows, std::vector<KeptRecord> records);
+    std::vector<AnyChange> changes(const Lines& lines) const;
+    void accept(const Lines& lines, const std::vector<AnyChange>& saved);
+    bool differs(const Lines& lines) const;
+
+  private:
+    std::vector<RowId> touched() const;
+    std::optional<AnyChange> changeOf(const Lines& lines, RowId row) const;
+    bool alike(const void* before, const void* now) const;
+    void requireIdentity(const std::vector<AnyChange>& saved) const;
+    std::vector<AnyChange> numberedChanges(const Lines& lines) const;
+    bool hasMoved() const;
+
+    const SheetContext& c_;
+    std::unordered_map<RowId, KeptRecord> records_;
+    std::vector<RowId> order_;             ///< the rows of records_ as they stood; only where lines are numbered
+    std::vector<RowId> still_;             ///< were changed between changes() and accept()
+    mutable RowId witness_ = RowId::None;  ///< differed when it was last looked at
+};
+}  // namespace kxVsGrid::sheet

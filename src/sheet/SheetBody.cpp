@@ -1,0 +1,163 @@
+#include "kxVsGrid/sheet/SheetBody.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sheet/SheetImpl.h"
+
+namespace kxVsGrid::sheet {
+
+SheetBody::SheetBody(kxGrid& grid, MakeRecord make, bool computesTwice)
+    : impl_(std::make_shared<Impl>(grid, make, computesTwice)) {
+    impl_->attach();
+}
+
+SheetBody::~SheetBody() = default;
+
+kxGrid& SheetBody::grid() {
+    return impl_->context.grid;
+}
+
+// --- What the host says
+
+ColumnPlan& SheetBody::column(std::string_view name, std::string_view caption, std::unique_ptr<Field> field) {
+    impl_->requireOpen(name);
+    if (impl_->context.columnNamed(name) >= 0)
+        throw GridError("Sheet: there is a column " + std::string(name) + " already");
+    ColumnPlan& plan = impl_->context.plans.emplace_back();
+    plan.name = name;
+    plan.caption = caption;
+    plan.field = std::move(field);
+    return plan;
+}
+
+void SheetBody::rule(std::string_view name, std::function<bool(const void*)> holds, std::string_view reason) {
+    impl_->context.rules.push_back({impl_->require("rule", name), std::move(holds), std::string(reason)});
+}
+
+void SheetBody::inUse(std::function<bool(const void*)> says) {
+    impl_->context.inUse = std::move(says);
+}
+
+void SheetBody::identity(Identity identity) {
+    impl_->context.identity = std::move(identity);
+}
+
+void SheetBody::version(Identity version) {
+    impl_->context.version = std::move(version);
+}
+
+void SheetBody::position(Position position) {
+    impl_->context.position = std::move(position);
+}
+
+// --- Lines
+
+std::int32_t SheetBody::columnOf(std::string_view name) const {
+    return impl_->context.gridCol(impl_->require("col", name));
+}
+
+bool SheetBody::isInUse(std::int32_t row) const {
+    impl_->requireRow("isInUse", row);
+    return impl_->lines.isInUse(row);
+}
+
+KeptRecord SheetBody::record(std::int32_t row) const {
+    impl_->requireRow("record", row);
+    return impl_->lines.readWhole(row);
+}
+
+KeptRecord SheetBody::recordOf(RowId id) const {
+    const std::int32_t row = impl_->context.cells().RowOf(id);
+    return row < impl_->context.firstRow() ? nullptr : impl_->lines.readWhole(row);
+}
+
+std::vector<KeptRecord> SheetBody::records() const {
+    const SheetContext& context = impl_->context;
+    std::vector<KeptRecord> records;
+    for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row) {
+        if (!impl_->lines.isInUse(row)) continue;
+        const AnyRecord record = impl_->lines.readWhole(row);
+        if (context.position) context.position->put(record.get(), std::ssize(records) + 1);
+        records.push_back(record);
+    }
+    return records;
+}
+
+void SheetBody::put(std::int32_t row, const void* record) {
+    const std::shared_ptr<Impl> impl = impl_;
+    impl->requireRow("put", row);
+    ChangeStep step = impl->context.grid.Step("修改");
+    impl->lines.write(row, record);
+    step.close();
+}
+
+std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& records) {
+    const std::shared_ptr<Impl> impl = impl_;
+    kxGrid& grid = impl->context.grid;
+    impl->layOut();
+    ChangeStep step = grid.Step("追加");
+    std::vector<std::int32_t> rows;
+    std::int32_t row = impl->lines.end();
+    const std::int32_t needed = row + static_cast<std::int32_t>(records.size()) + 1;
+    if (needed > grid.Rows()) grid.Rows(needed);
+    for (const KeptRecord& record : records) {
+        impl->lines.write(row, record.get());
+        rows.push_back(row++);
+    }
+    step.close();
+    return rows;
+}
+
+void SheetBody::recompute() {
+    const std::shared_ptr<Impl> impl = impl_;
+    ChangeStep step = impl->context.grid.Step("重新计算");
+    for (std::int32_t row = impl->context.firstRow(); row < impl->context.endRow(); ++row)
+        impl->computing.settle(row);
+    step.close();
+}
+
+Decimal SheetBody::sum(std::string_view name) const {
+    return impl_->lines.sum(impl_->require("sum", name));
+}
+
+// --- What is to be saved
+
+std::vector<AnyChange> SheetBody::changes() const {
+    return impl_->saved.changes(impl_->lines);
+}
+
+void SheetBody::accept(const std::vector<AnyChange>& changes) {
+    const std::shared_ptr<Impl> impl = impl_;
+    impl->saved.accept(impl->lines, changes);
+    impl->tellModified();
+}
+
+bool SheetBody::modified() const {
+    return impl_->saved.differs(impl_->lines);
+}
+
+Connection SheetBody::onModified(std::function<void(bool)> told) {
+    return impl_->modifiedTold.connect(std::move(told));
+}
+
+// --- What is wrong
+
+std::optional<Fault> SheetBody::firstFault() const {
+    std::optional<Fault> first;
+    impl_->faults.visit([&](Fault fault) {
+        first = std::move(fault);
+        return false;
+    });
+    return first;
+}
+
+std::vector<Fault> SheetBody::faults() const {
+    std::vector<Fault> all;
+    impl_->faults.visit([&](Fault fault) {
+        all.push_back(std::move(fault));
+        return true;
+    });
+    return all;
+}
+}  // namespace kxVsGrid::sheet

@@ -1,0 +1,48 @@
+// What the parts of a sheet share: the grid, what the host has said of its columns and lines.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kxVsGrid/sheet/SheetBody.h"
+
+namespace kxVsGrid::sheet {
+
+struct SheetContext {
+    kxGrid& grid;
+    MakeRecord make;
+    bool computesTwice;
+    std::deque<ColumnPlan> plans;  ///< hosts hold them while they describe a column
+    std::vector<Rule> rules;
+    std::function<bool(const void*)> inUse;
+    std::optional<Identity> identity;
+    std::optional<Identity> version;
+    std::optional<Position> position;
+
+    std::int32_t count() const { return static_cast<std::int32_t>(plans.size()); }
+    const ColumnPlan& plan(std::int32_t column) const { return plans[static_cast<std::size_t>(column)]; }
+    /// -1 for a name that is none.
+    std::int32_t columnNamed(std::string_view name) const {
+        for (std::int32_t column = 0; column < count(); ++column)
+            if (plan(column).name == name) return column;
+        return -1;
+    }
+    /// Of a column of the sheet, in the grid.
+    std::int32_t gridCol(std::int32_t column) const { return grid.FixedCols() + column; }
+    CellGrid& cells() const { return grid.Grid(); }
+    /// All lines and the rows that may become some.
+    std::int32_t firstRow() const { return grid.FixedRows(); }
+    std::int32_t endRow() const { return grid.Rows(); }
+
+    /// For the clerk.
+    Fault faultAt(std::int32_t row, std::int32_t column, std::string reason) const {
+        return {row, gridCol(column), "第 " + std::to_string(row - firstRow() + 1) + " 行的" + plan(column).caption,
+                std::move(reason), {}};
+    }
+};
+}  // namespace kxVsGrid::sheet

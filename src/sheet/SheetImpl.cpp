@@ -1,0 +1,104 @@
+#include "sheet/SheetImpl.h"
+
+#include <algorithm>
+
+#include "sheet/LayOut.h"
+
+namespace kxVsGrid::sheet {
+
+void SheetBody::Impl::attach() {
+    kxGrid& grid = context.grid;
+    if (!grid.Own(weak_from_this())) throw GridError("Sheet: the grid has a sheet already");
+    grid.Options().FillsToLastLine(true);
+    // Who hears it later may still refuse.
+    connections.push_back(grid.AddVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
+    connections.push_back(
+        grid.DeleteVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
+    connections.push_back(
+        grid.AfterAddRow.connect([](bool& keeps, std::int32_t, bool copied, std::int32_t) { keeps = copied; }));
+    connections.push_back(grid.Options().RowInUse.connect(
+        [this](std::int32_t row, bool& inUse) { inUse = laidOut && lines.isInUse(row); }));
+    connections.push_back(grid.Changes().After.connect([this](const StepChanges& step) { settled(step); }));
+    connections.push_back(grid.Grid().PlacesChanged.connect([this] {
+        if (laidOut) fitStretched(context);
+    }));
+    // The grid may outlive the sheet.
+    grid.Changes().AddSettler([weak = weak_from_this()](const StepChanges& step) {
+        if (const auto self = weak.lock()) self->settle(step);
+    });
+}
+
+void SheetBody::Impl::layOut() {
+    if (laidOut) return;
+    if (context.plans.empty()) throw GridError("load: the sheet has no columns");
+    layOutColumns(context);
+    for (std::int32_t column = 0; column < context.count(); ++column)
+        context.grid.Options(context.gridCol(column))
+            .accepts([weak = weak_from_this(), column](std::int32_t row, std::string_view text) {
+                const auto self = weak.lock();
+                return self ? self->faults.refusal(row, column, text) : std::string();
+            });
+    laidOut = true;
+    fitStretched(context);
+}
+
+void SheetBody::Impl::eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work) {
+    const SheetContext& c = context;
+    if (!step.known) {
+        for (std::int32_t row = c.firstRow(); row < c.endRow(); ++row) work(row);
+        return;
+    }
+    for (const std::int32_t row : std::vector<std::int32_t>(step.rows.begin(), step.rows.end()))
+        if (row >= c.firstRow() && row < c.endRow()) work(row);
+}
+
+/// What was typed, filled or pasted has no more decimals than its column.
+void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
+    const SheetContext& c = context;
+    for (std::int32_t column = 0; column < c.count() && row < c.endRow(); ++column) {
+        const ColumnPlan& plan = c.plan(column);
+        const std::int32_t col = c.gridCol(column);
+        if (!plan.decimals || plan.computed) continue;
+        if (step.known && !std::binary_search(step.cols.begin(), step.cols.end(), col)) continue;
+        const std::string text = c.cells().Text(row, col);
+        const std::string value = Lines::rounded(text, *plan.decimals);
+        if (value != text) c.grid.SetCell(row, col, value);
+    }
+}
+
+void SheetBody::Impl::settle(const StepChanges& step) {
+    if (!laidOut || loading) return;
+    eachRow(step, [&](std::int32_t row) {
+        round(row, step);
+        if (row < context.endRow()) computing.settle(row);
+    });
+}
+
+void SheetBody::Impl::settled(const StepChanges& step) {
+    if (!laidOut || loading) return;
+    if (step.cause == Cause::Undo) eachRow(step, [&](std::int32_t row) { computing.mark(row); });
+    tellModified();
+}
+
+void SheetBody::Impl::tellModified() {
+    const bool now = saved.differs(lines);
+    if (now == modified) return;
+    modified = now;
+    modifiedTold(now);
+}
+
+std::int32_t SheetBody::Impl::require(std::string_view member, std::string_view name) const {
+    const std::int32_t column = context.columnNamed(name);
+    if (column < 0) throw GridError(std::string(member) + ": there is no column " + std::string(name));
+    return column;
+}
+
+void SheetBody::Impl::requireRow(std::string_view member, std::int32_t row) const {
+    if (row < context.firstRow() || row >= context.endRow())
+        throw GridError(std::string(member) + ": " + std::to_string(row) + " is no row of a line");
+}
+
+void SheetBody::Impl::requireOpen(std::string_view what) const {
+    if (laidOut) throw GridError(std::string(what) + ": the sheet was loaded already");
+}
+}  // namespace kxVsGrid::sheet

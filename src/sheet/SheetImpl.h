@@ -1,0 +1,45 @@
+// The parts of a sheet, and the ties to its grid.
+#pragma once
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "sheet/Computing.h"
+#include "sheet/Faults.h"
+#include "sheet/Lines.h"
+#include "sheet/Saved.h"
+#include "sheet/SheetContext.h"
+
+namespace kxVsGrid::sheet {
+
+struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
+    Impl(kxGrid& grid, MakeRecord make, bool computesTwice)
+        : context{grid, make, computesTwice, {}, {}, {}, {}, {}, {}} {}
+
+    /// Listens to the grid.
+    void attach();
+    /// Once: the columns as they are declared by now.
+    void layOut();
+    void settle(const StepChanges& step);
+    void settled(const StepChanges& step);
+    void tellModified();
+    /// Does something with each of the step's rows, as long as they are there.
+    void eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work);
+    std::int32_t require(std::string_view member, std::string_view name) const;
+    void requireRow(std::string_view member, std::int32_t row) const;
+    void requireOpen(std::string_view what) const;
+    void round(std::int32_t row, const StepChanges& step);
+
+    SheetContext context;
+    Saved saved{context};
+    Lines lines{context, saved};
+    Computing computing{context, lines};
+    Faults faults{context, lines, computing};
+    Event<bool> modifiedTold;
+    bool modified = false;  ///< as it was told last
+    bool laidOut = false;
+    bool loading = false;
+    std::vector<ScopedConnection> connections;
+};
+}  // namespace kxVsGrid::sheet
