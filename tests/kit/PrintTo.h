@@ -6,6 +6,7 @@
 #include "kxVsGrid/CellRange.h"
 #include "kxVsGrid/Geometry.h"
 #include "kxVsGrid/Platform.h"
+#include "kxVsGrid/support/Decimal.h"
 
 namespace kxVsGrid {
 inline void PrintTo(const MessageBox& box, std::ostream* out) {
@@ -16,5 +17,8 @@ inline void PrintTo(const Rect& r, std::ostream* out) {
 }
 inline void PrintTo(const CellRange& r, std::ostream* out) {
     *out << r.firstRow << ',' << r.firstCol << " to " << r.lastRow << ',' << r.lastCol;
+}
+inline void PrintTo(const Decimal& number, std::ostream* out) {
+    *out << number.text();
 }
 }  // namespace kxVsGrid

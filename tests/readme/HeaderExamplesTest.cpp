@@ -315,6 +315,13 @@ TEST(HeaderExamples, ThatOfBagRulesFindsNoneBroken){
 #include "examples/headless/BagRules.inc"
 }
 
+TEST(HeaderExamples, ThatOfDecimalAddsUpToTheLastDigit) {
+#include "examples/support/Decimal.inc"
+    EXPECT_EQ(amount, kxVsGrid::Decimal("59.7"));
+    EXPECT_EQ(text, "3.33");
+    EXPECT_FALSE(typed.has_value());
+}
+
 TEST(HeaderExamples, ThatOfDeskHoldsWhatItAsserts) {
     MyHost myHost;
 #include "examples/headless/Desk.inc"

@@ -45,13 +45,12 @@ class Decimal {
     constexpr Decimal() = default;
     /// Any whole number but a truth value or a character. DecimalError for one of 19 digits.
     template <std::integral Whole>
-    requires(
-        !std::same_as<std::remove_cv_t<Whole>, bool> && !std::same_as<std::remove_cv_t<Whole>, char> &&
-        !std::same_as<std::remove_cv_t<Whole>, wchar_t> && !std::same_as<std::remove_cv_t<Whole>, char8_t> &&
-        !std::same_as<std::remove_cv_t<Whole>, char16_t> &&
-        !std::same_as<
-            std::remove_cv_t<Whole>,
-            char32_t>) constexpr Decimal(Whole number) {  // NOLINT(google-explicit-constructor): it is one
+    requires(!std::same_as<std::remove_cv_t<Whole>, bool> && !std::same_as<std::remove_cv_t<Whole>, char> &&
+             !std::same_as<std::remove_cv_t<Whole>, wchar_t> &&
+             !std::same_as<std::remove_cv_t<Whole>, char8_t> &&
+             !std::same_as<std::remove_cv_t<Whole>, char16_t> &&
+             !std::same_as<std::remove_cv_t<Whole>,
+                           char32_t>) constexpr Decimal(Whole number) {  // implicit: 3 * price
         if (std::cmp_greater_equal(number, End) || std::cmp_less_equal(number, -End))
             failTooLarge(number < 0, static_cast<std::uint64_t>(number));
         digits_ = static_cast<std::int64_t>(number);
