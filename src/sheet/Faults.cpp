@@ -45,7 +45,8 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     const ColumnPlan& plan = c_.plan(column);
     std::optional<Fault> unreadable;
     const AnyRecord record = lines_.read(row, unreadable);
-    const std::string value = plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
+    const std::string value =
+        plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
     if (!plan.field->read(record.get(), value))
         return plan.field->kind() == FieldKind::Number ? "这个数太大，或者小数位太多。" : "不能识别。";
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};

@@ -35,7 +35,9 @@ std::string formatOf(const ColumnPlan& plan) {
     switch (plan.field->kind()) {
         case FieldKind::Number:
             if (!plan.decimals) return {};
-            return *plan.decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(*plan.decimals), '0');
+            return *plan.decimals == 0
+                       ? "#,##0"
+                       : "#,##0." + std::string(static_cast<std::size_t>(*plan.decimals), '0');
         case FieldKind::Date:
             return "yyyy-mm-dd";
         case FieldKind::Moment:
@@ -125,11 +127,13 @@ void layOutColumns(const SheetContext& c) {
         define(c, c.plan(column), c.gridCol(column));
         shape(c, c.plan(column), c.gridCol(column));
     }
-    c.grid.SumRow(std::any_of(c.plans.begin(), c.plans.end(), [](const ColumnPlan& plan) { return plan.total; }));
+    c.grid.SumRow(
+        std::any_of(c.plans.begin(), c.plans.end(), [](const ColumnPlan& plan) { return plan.total; }));
 }
 
 void fitStretched(const SheetContext& c) {
-    const auto plan = std::find_if(c.plans.begin(), c.plans.end(), [](const ColumnPlan& one) { return one.stretch; });
+    const auto plan =
+        std::find_if(c.plans.begin(), c.plans.end(), [](const ColumnPlan& one) { return one.stretch; });
     if (plan == c.plans.end()) return;
     const std::int32_t stretched = c.gridCol(static_cast<std::int32_t>(plan - c.plans.begin()));
     std::int32_t others = 0;

@@ -12,7 +12,8 @@ std::string Lines::text(const void* record, std::int32_t column) const {
     std::string text;
     plan.field->append(record, text);
     if (plan.computed && plan.decimals) text = rounded(text, *plan.decimals);
-    const bool blanks = plan.field->kind() == FieldKind::Number && !plan.field->optional() && !c_.grid.bIsShowZero();
+    const bool blanks =
+        plan.field->kind() == FieldKind::Number && !plan.field->optional() && !c_.grid.bIsShowZero();
     if (blanks && text == "0") text.clear();
     return text;
 }

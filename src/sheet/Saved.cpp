@@ -46,7 +46,8 @@ std::vector<RowId> Saved::touched() const {
     std::vector<std::int32_t> rows(ids.size());
     c_.cells().RowsOf(ids, rows);
     std::vector<std::pair<std::uint32_t, RowId>> placed;  // -1 is the largest
-    for (std::size_t i = 0; i < ids.size(); ++i) placed.emplace_back(static_cast<std::uint32_t>(rows[i]), ids[i]);
+    for (std::size_t i = 0; i < ids.size(); ++i)
+        placed.emplace_back(static_cast<std::uint32_t>(rows[i]), ids[i]);
     std::sort(placed.begin(), placed.end());
     std::transform(placed.begin(), placed.end(), ids.begin(), [](const auto& one) { return one.second; });
     return ids;
@@ -79,7 +80,8 @@ std::vector<AnyChange> Saved::numberedChanges(const Lines& lines) const {
             changes.push_back({ids[i], before, now});
     }
     for (const RowId id : order_)
-        if (const auto record = gone.find(id); record != gone.end()) changes.push_back({id, record->second, nullptr});
+        if (const auto record = gone.find(id); record != gone.end())
+            changes.push_back({id, record->second, nullptr});
     return changes;
 }
 

@@ -146,7 +146,7 @@ Connection SheetBody::onModified(std::function<void(bool)> told) {
 std::optional<Fault> SheetBody::firstFault() const {
     std::optional<Fault> first;
     impl_->faults.visit([&](Fault fault) {
-        first = std::move(fault);
+        first = impl_->shown(std::move(fault));
         return false;
     });
     return first;
@@ -155,7 +155,7 @@ std::optional<Fault> SheetBody::firstFault() const {
 std::vector<Fault> SheetBody::faults() const {
     std::vector<Fault> all;
     impl_->faults.visit([&](Fault fault) {
-        all.push_back(std::move(fault));
+        all.push_back(impl_->shown(std::move(fault)));
         return true;
     });
     return all;

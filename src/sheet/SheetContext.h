@@ -41,8 +41,11 @@ struct SheetContext {
 
     /// For the clerk.
     Fault faultAt(std::int32_t row, std::int32_t column, std::string reason) const {
-        return {row, gridCol(column), "第 " + std::to_string(row - firstRow() + 1) + " 行的" + plan(column).caption,
-                std::move(reason), {}};
+        return {row,
+                gridCol(column),
+                "第 " + std::to_string(row - firstRow() + 1) + " 行的" + plan(column).caption,
+                std::move(reason),
+                {}};
     }
 };
 }  // namespace kxVsGrid::sheet

@@ -11,11 +11,12 @@ void SheetBody::Impl::attach() {
     if (!grid.Own(weak_from_this())) throw GridError("Sheet: the grid has a sheet already");
     grid.Options().FillsToLastLine(true);
     // Who hears it later may still refuse.
-    connections.push_back(grid.AddVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
+    connections.push_back(
+        grid.AddVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
     connections.push_back(
         grid.DeleteVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
-    connections.push_back(
-        grid.AfterAddRow.connect([](bool& keeps, std::int32_t, bool copied, std::int32_t) { keeps = copied; }));
+    connections.push_back(grid.AfterAddRow.connect(
+        [](bool& keeps, std::int32_t, bool copied, std::int32_t) { keeps = copied; }));
     connections.push_back(grid.Options().RowInUse.connect(
         [this](std::int32_t row, bool& inUse) { inUse = laidOut && lines.isInUse(row); }));
     connections.push_back(grid.Changes().After.connect([this](const StepChanges& step) { settled(step); }));
@@ -85,6 +86,18 @@ void SheetBody::Impl::tellModified() {
     if (now == modified) return;
     modified = now;
     modifiedTold(now);
+}
+
+Fault SheetBody::Impl::shown(Fault fault) {
+    const RowId id = context.cells().IdOf(fault.row);
+    fault.go = [weak = weak_from_this(), id, col = fault.col] {
+        const auto self = weak.lock();
+        const std::int32_t row = self ? self->context.cells().RowOf(id) : -1;
+        if (row < 0) return;
+        const UnrecordedSpan unrecorded = self->context.grid.Unrecorded();  // default texts are nobody's step
+        self->context.cells().Select(row, col);
+    };
+    return fault;
 }
 
 std::int32_t SheetBody::Impl::require(std::string_view member, std::string_view name) const {

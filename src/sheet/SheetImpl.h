@@ -29,6 +29,8 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     std::int32_t require(std::string_view member, std::string_view name) const;
     void requireRow(std::string_view member, std::int32_t row) const;
     void requireOpen(std::string_view what) const;
+    /// The fault with a way to its cell, wherever its row is by then.
+    Fault shown(Fault fault);
     void round(std::int32_t row, const StepChanges& step);
 
     SheetContext context;

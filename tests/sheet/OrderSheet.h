@@ -37,14 +37,16 @@ class OrderSheet : public ::testing::Test {
         sheet.text("name", "品名", &OrderLine::name).stretch();
         sheet.number("quantity", "数量", &OrderLine::quantity).decimals(3).total();
         sheet.number("price", "单价", &OrderLine::price).decimals(2);
-        sheet.number("amount", "金额", &OrderLine::amount).decimals(2).total().computed([](const OrderLine& line) {
-            return line.quantity.value_or(0) * line.price;
-        });
+        sheet.number("amount", "金额", &OrderLine::amount)
+            .decimals(2)
+            .total()
+            .computed([](const OrderLine& line) { return line.quantity.value_or(0) * line.price; });
         sheet.flag("gift", "赠品", &OrderLine::gift);
     }
 
     static Decimal number(std::string_view text) { return Decimal(text); }
-    static OrderLine line(std::int64_t id, std::string code, std::string_view quantity, std::string_view price) {
+    static OrderLine line(std::int64_t id, std::string code, std::string_view quantity,
+                          std::string_view price) {
         OrderLine line{id, 1, std::move(code), "name", {}, number(price), {}, false};
         if (!quantity.empty()) line.quantity = number(quantity);
         line.amount = (line.quantity.value_or(0) * line.price).rounded(2);

@@ -24,12 +24,12 @@ struct ColumnPlan {
     bool stretch = false;
     bool required = false;
     std::optional<int> decimals;
-    std::int16_t limit = 0;           ///< most characters; 0: any number
+    std::int16_t limit = 0;             ///< most characters; 0: any number
     std::optional<std::int32_t> width;  ///< twips
-    std::string sample;               ///< a text that it is as wide as
+    std::string sample;                 ///< a text that it is as wide as
     std::string format;
-    std::string preset;  ///< what rows get that the clerk comes to
-    std::string enterTo;  ///< the column where Enter goes
+    std::string preset;         ///< what rows get that the clerk comes to
+    std::string enterTo;        ///< the column where Enter goes
     bool enterEndsRow = false;  ///< to that column of the next row
 
     /// Puts the member of a record from its others; may throw.

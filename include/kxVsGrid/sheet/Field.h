@@ -26,10 +26,12 @@ class Field {
 template <class Record, class T>
 class MemberField : public Field {
   public:
-    explicit MemberField(T Record::* member) : member_(member), initial_(initial(member)) {}
+    explicit MemberField(T Record::*member) : member_(member), initial_(initial(member)) {}
     FieldKind kind() const override { return FieldText<T>::Kind; }
     bool optional() const override { return IsOptionalField<T>; }
-    void append(const void* record, std::string& text) const override { FieldText<T>::append(text, of(record)); }
+    void append(const void* record, std::string& text) const override {
+        FieldText<T>::append(text, of(record));
+    }
     bool read(void* record, std::string_view text) const override {
         T& value = static_cast<Record*>(record)->*member_;
         if (!text.empty()) return FieldText<T>::read(text, value);
@@ -40,14 +42,14 @@ class MemberField : public Field {
 
   private:
     const T& of(const void* record) const { return static_cast<const Record*>(record)->*member_; }
-    static T initial(T Record::* member) {
+    static T initial(T Record::*member) {
         if constexpr (IsOptionalField<T>)
             return std::nullopt;
         else
             return Record{}.*member;
     }
 
-    T Record::* member_;
+    T Record::*member_;
     T initial_;  ///< of a new record
 };
 }  // namespace kxVsGrid::sheet

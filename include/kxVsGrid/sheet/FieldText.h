@@ -2,11 +2,12 @@
 // specialisation, and its members can be columns then.
 //
 //     template <>
-//     struct kxVsGrid::FieldText<QString> {
+//     struct kxVsGrid::FieldText<Grade> {  // a host's enum class
 //         static constexpr kxVsGrid::FieldKind Kind = kxVsGrid::FieldKind::Text;
-//         static void append(std::string& text, const QString& value) { text += value.toStdString(); }
-//         static bool read(std::string_view text, QString& value) {
-//             value = QString::fromUtf8(text.data(), qsizetype(text.size()));
+//         static void append(std::string& text, Grade value) { text += value == Grade::First ? "一等" : "二等"; }
+//         static bool read(std::string_view text, Grade& value) {
+//             if (text != "一等" && text != "二等") return false;
+//             value = text == "一等" ? Grade::First : Grade::Second;
 //             return true;
 //         }
 //     };

@@ -51,24 +51,24 @@ class Sheet {
     // --- Columns
     // A name is the host's word for the column, the caption the clerk's. GridError for a name that is taken.
     template <class T>
-    SheetColumn<Record, T> text(std::string_view name, std::string_view caption, T Record::* member) {
+    SheetColumn<Record, T> text(std::string_view name, std::string_view caption, T Record::*member) {
         return column<FieldKind::Text>(name, caption, member);
     }
     template <class T>
-    SheetColumn<Record, T> number(std::string_view name, std::string_view caption, T Record::* member) {
+    SheetColumn<Record, T> number(std::string_view name, std::string_view caption, T Record::*member) {
         return column<FieldKind::Number>(name, caption, member);
     }
     template <class T>
-    SheetColumn<Record, T> date(std::string_view name, std::string_view caption, T Record::* member) {
+    SheetColumn<Record, T> date(std::string_view name, std::string_view caption, T Record::*member) {
         return column<FieldKind::Date>(name, caption, member);
     }
     template <class T>
-    SheetColumn<Record, T> moment(std::string_view name, std::string_view caption, T Record::* member) {
+    SheetColumn<Record, T> moment(std::string_view name, std::string_view caption, T Record::*member) {
         return column<FieldKind::Moment>(name, caption, member);
     }
     /// A check box.
     template <class T>
-    SheetColumn<Record, T> flag(std::string_view name, std::string_view caption, T Record::* member) {
+    SheetColumn<Record, T> flag(std::string_view name, std::string_view caption, T Record::*member) {
         return column<FieldKind::Flag>(name, caption, member);
     }
 
@@ -82,29 +82,31 @@ class Sheet {
     /// What every line has to keep in the column: typing what breaks it is refused with the reason, and what breaks
     /// it otherwise is a fault.
     Sheet& rule(std::string_view name, std::function<bool(const Record&)> holds, std::string_view reason) {
-        body_.rule(name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason);
+        body_.rule(
+            name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason);
         return *this;
     }
     /// The member that says which line it is: accept() demands one of every line that was added, which is another one
     /// than a new record has.
     template <class T>
-    Sheet& identity(T Record::* member) {
+    Sheet& identity(T Record::*member) {
         body_.identity(identified(member));
         return *this;
     }
     /// The member that counts the saves: accept() demands another one of every line that was changed.
     template <class T>
-    Sheet& version(T Record::* member) {
+    Sheet& version(T Record::*member) {
         body_.version(identified(member));
         return *this;
     }
     /// The member that numbers the lines, from 1: with it a line that stands elsewhere has changed.
     template <class T>
-    Sheet& position(T Record::* member) {
-        body_.position({[member](void* record, std::int64_t number) {
-                            static_cast<Record*>(record)->*member = static_cast<T>(number);
-                        },
-                        [member](const void* record) { return static_cast<std::int64_t>(as(record).*member); }});
+    Sheet& position(T Record::*member) {
+        body_.position(
+            {[member](void* record, std::int64_t number) {
+                 static_cast<Record*>(record)->*member = static_cast<T>(number);
+             },
+             [member](const void* record) { return static_cast<std::int64_t>(as(record).*member); }});
         return *this;
     }
 
@@ -178,7 +180,8 @@ class Sheet {
         const auto kept = [](const Record& record) { return std::make_shared<const Record>(record); };
         std::vector<sheet::AnyChange> all;
         for (const auto& line : changes.added) all.push_back({line.row, nullptr, kept(line.record)});
-        for (const auto& line : changes.changed) all.push_back({line.row, kept(line.before), kept(line.after)});
+        for (const auto& line : changes.changed)
+            all.push_back({line.row, kept(line.before), kept(line.after)});
         for (const auto& line : changes.removed) all.push_back({line.row, kept(line.before), nullptr});
         body_.accept(all);
     }
@@ -202,11 +205,14 @@ class Sheet {
     static sheet::AnyRecord make(const void* original) {
         return original ? std::make_shared<Record>(as(original)) : std::make_shared<Record>();
     }
-    static const Record& as(const void* record) { return *static_cast<const Record*>(record); }
+    static const Record& as(const void* record) {
+        return *static_cast<const Record*>(record);
+    }
     template <class T>
-    static sheet::Identity identified(T Record::* member) {
-        return {[member](const void* record) { return !(as(record).*member == Record{}.*member); },
-                [member](const void* one, const void* other) { return as(one).*member == as(other).*member; }};
+    static sheet::Identity identified(T Record::*member) {
+        return {
+            [member](const void* record) { return !(as(record).*member == Record{}.*member); },
+            [member](const void* one, const void* other) { return as(one).*member == as(other).*member; }};
     }
     template <class Lines>
     static std::size_t sizeOf(const Lines& lines) {
@@ -216,15 +222,16 @@ class Sheet {
             return 0;
     }
     template <FieldKind Kind, class T>
-    SheetColumn<Record, T> column(std::string_view name, std::string_view caption, T Record::* member) {
+    SheetColumn<Record, T> column(std::string_view name, std::string_view caption, T Record::*member) {
         static_assert(KnownField<T>,
                       "a sheet does not know the type of this member: specialise kxVsGrid::FieldText for it");
         if constexpr (KnownField<T>)
-            static_assert(FieldText<T>::Kind == Kind, "a sheet's column of this kind shows no member of this type");
+            static_assert(FieldText<T>::Kind == Kind,
+                          "a sheet's column of this kind shows no member of this type");
         return {body_.column(name, caption, field(member)), member};
     }
     template <class T>
-    static std::unique_ptr<sheet::Field> field(T Record::* member) {
+    static std::unique_ptr<sheet::Field> field(T Record::*member) {
         if constexpr (KnownField<T>)
             return std::make_unique<sheet::MemberField<Record, T>>(member);
         else

@@ -17,7 +17,7 @@ namespace kxVsGrid {
 template <class Record, class T>
 class SheetColumn {
   public:
-    SheetColumn(sheet::ColumnPlan& plan, T Record::* member) : plan_(plan), member_(member) {}
+    SheetColumn(sheet::ColumnPlan& plan, T Record::*member) : plan_(plan), member_(member) {}
 
     /// The clerk cannot type there.
     SheetColumn& readOnly() { return put(plan_.readOnly, true); }
@@ -73,6 +73,6 @@ class SheetColumn {
         return *this;
     }
     sheet::ColumnPlan& plan_;
-    T Record::* member_;
+    T Record::*member_;
 };
 }  // namespace kxVsGrid
