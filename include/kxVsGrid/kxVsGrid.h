@@ -10,6 +10,7 @@
 #include "kxVsGrid/Command.h"
 #include "kxVsGrid/Commands.h"
 #include "kxVsGrid/ControlPage.h"
+#include "kxVsGrid/DateTime.h"
 #include "kxVsGrid/Draft.h"
 #include "kxVsGrid/Enumerations.h"
 #include "kxVsGrid/Event.h"
@@ -35,4 +36,5 @@
 #include "kxVsGrid/headless/Desk.h"
 #include "kxVsGrid/kxGrid.h"
 #include "kxVsGrid/mbasTxt.h"
+#include "kxVsGrid/support/Date.h"
 #include "kxVsGrid/support/Decimal.h"

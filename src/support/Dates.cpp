@@ -73,12 +73,6 @@ bool readTime(DateReader& reader, DateTime& date) {
     return reader.atEnd() || (reader.take(":") && reader.number(2, 2, date.second) && reader.atEnd());
 }
 
-bool exists(const DateTime& date) {
-    return date.year >= kFirstYear && date.year <= kLastYear && date.month >= 1 && date.month <= 12 &&
-           date.day >= 1 && date.day <= daysInMonth(date.year, date.month) && date.hour <= 23 &&
-           date.minute <= 59 && date.second <= 59;
-}
-
 DateTime withTimeOf(DateTime date, const DateTime& time) {
     date.hour = time.hour;
     date.minute = time.minute;
@@ -103,8 +97,14 @@ std::optional<DateTime> parseDate(std::string_view text) {
     DateTime date;
     if (!readDay(reader, date)) return {};
     if (!reader.atEnd() && !readTime(reader, date)) return {};
-    if (!exists(date)) return {};
+    if (!isInCalendar(date)) return {};
     return date;
+}
+
+bool isInCalendar(const DateTime& date) {
+    return date.year >= kFirstYear && date.year <= kLastYear && date.month >= 1 && date.month <= 12 &&
+           date.day >= 1 && date.day <= daysInMonth(date.year, date.month) && date.hour >= 0 &&
+           date.hour <= 23 && date.minute >= 0 && date.minute <= 59 && date.second >= 0 && date.second <= 59;
 }
 
 bool isLeapYear(std::int32_t year) {

@@ -16,6 +16,8 @@ namespace kxVsGrid::support {
 /// alone or a number alone is no date.
 std::optional<DateTime> parseDate(std::string_view text);
 
+/// A day of the years 100 to 9999 with a time that the day has.
+bool isInCalendar(const DateTime&);
 bool isLeapYear(std::int32_t year);
 std::int32_t daysInMonth(std::int32_t year, std::int32_t month);
 

@@ -315,6 +315,18 @@ TEST(HeaderExamples, ThatOfBagRulesFindsNoneBroken){
 #include "examples/headless/BagRules.inc"
 }
 
+TEST(HeaderExamples, ThatOfDateCountsDays) {
+#include "examples/support/Date.inc"
+    EXPECT_EQ(text, "2026-12-23");
+    EXPECT_EQ(days, 30);
+}
+
+TEST(HeaderExamples, ThatOfDateTimeIsReadAsItIsWritten) {
+#include "examples/DateTime.inc"
+    EXPECT_EQ(text, "2026-11-23 08:05:09");
+    EXPECT_TRUE(same);
+}
+
 TEST(HeaderExamples, ThatOfDecimalAddsUpToTheLastDigit) {
 #include "examples/support/Decimal.inc"
     EXPECT_EQ(amount, kxVsGrid::Decimal("59.7"));
