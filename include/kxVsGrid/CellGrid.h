@@ -190,6 +190,14 @@ class CellGrid {
     /// not fit into registers any more: a view copied through memory is waited for at each of a million
     /// writes.
     bool Cell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& data);
+    /// Writes texts into the cells of a column from `firstRow` down, and tags, one for each text, or empties
+    /// those where none are given: the same as Cell for one after the other, in less time. GridError, and
+    /// nothing is written, when the cells are not all in the grid or the tags are not as many as the texts.
+    /// Each cell is told as a single write tells it; where a listener removes rows, those that are not there
+    /// any more are left out. What fails, for want of memory or in a listener, ends it: the cells before it
+    /// are written, each with both halves, and none behind it.
+    void Fill(std::int32_t col, std::int32_t firstRow, std::span<const std::string_view> texts,
+              std::span<const std::string_view> tags = {});
     std::optional<mEmflexAlign> CellAlignment(std::int32_t row, std::int32_t col) const;
     void CellAlignment(std::int32_t row, std::int32_t col, std::optional<mEmflexAlign> alignment);
     std::optional<std::uint32_t> CellForeColor(std::int32_t row, std::int32_t col) const;

@@ -104,6 +104,13 @@ struct CellGrid::Impl {
                         const std::string_view& tag);
     bool fillCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
     bool setCellHeard(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
+    // Many cells of a column at once (GridFill.cpp).
+    using Texts = std::span<const std::string_view>;
+    void requireFill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) const;
+    void fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
+    /// Nobody hears of a write to the column.
+    bool fillsUnheard(std::int32_t col) const;
+    void fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
     /// Before a text is written: the watcher hears of one that changes. False when the cell has gone then.
     bool forewarn(std::int32_t row, std::int32_t col, std::string_view text);
     /// A text was written: the picture and who listens hear of it.

@@ -13,7 +13,7 @@ namespace kxVsGrid::clerk {
 namespace {
 
 /// More rows than these that come or go empty at once are not noted one by one.
-constexpr std::int32_t Many = 10'000;
+constexpr std::int32_t ManyRowsAtOnce = 10'000;
 }  // namespace
 
 // --- What there is
@@ -235,7 +235,7 @@ void Filters::filled(std::int32_t row, std::int32_t col, std::uint32_t texts, st
 
 void Filters::added(std::int32_t at, std::int32_t count) noexcept {
     lastNotedRow_ = -1;
-    if (count > Many)
+    if (count > ManyRowsAtOnce)
         lost_ = true;
     else
         for (std::int32_t row = at; row < at + count; ++row) note(row, true);
@@ -252,7 +252,7 @@ void Filters::reordered(std::int32_t, std::span<const std::int32_t>) noexcept {
 }
 
 void Filters::cleared(std::int32_t first, std::int32_t last) noexcept {
-    if (last - first > Many)
+    if (last - first > ManyRowsAtOnce)
         lost_ = true;
     else
         for (std::int32_t row = first; row <= last; ++row) note(row, false);

@@ -32,6 +32,8 @@ struct kxGrid::Parts : editing::EditorOwner,
                        changes::StepOwner,
                        columns::LayoutOwner,
                        std::enable_shared_from_this<kxGrid::Parts> {
+    using Texts = std::span<const std::string_view>;
+
     Parts(kxGrid& control, Platform& platform);
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
@@ -54,6 +56,8 @@ struct kxGrid::Parts : editing::EditorOwner,
     void leaveFixedArea();
     /// What SetCell does. False when it failed and a box told of it.
     bool set(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
+    /// What Fill does.
+    void fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
     /// Writes a cell and keeps its column's total.
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 
@@ -136,6 +140,14 @@ struct kxGrid::Parts : editing::EditorOwner,
     grid::InputRouter input;
 
   private:
+    /// SetCell without what guards it.
+    void setPlainly(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
+    /// Somebody hears of each write to a column, or does not.
+    void fillHeard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
+    void fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
+    /// Fills the cells that there are, with the texts that the column's type blanks as empty ones.
+    void fillShown(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
+    bool blanks(std::int32_t row, std::int32_t col, mEmDataType type, std::string_view text) const;
     void connectMoves();
     void connectCommands();
     void connectKeysAndMouse();

@@ -1,5 +1,8 @@
 // What SetCell makes of a text. Errors, also those of other types than std::exception, end in a message box,
 // never in the host.
+#include <algorithm>
+#include <vector>
+
 #include "grid/CellPlace.h"
 #include "grid/Parts.h"
 #include "support/CurrentError.h"
@@ -58,25 +61,93 @@ bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view tex
             kept = shared_from_this();
             editor.commitUnlessLocked();
         }
-        const cVsControl* column = columns.find(col);
-        if (!column) return true;
-        defaulted.written(row, col);
-        if (!flags.bIsShowZero && isBlanked(main, column->iType(), col, text) &&
-            !grid::isFixed(main, row, col))
-            text = {};
-        const bool heard = main.CellChanged.heard();
-        if (heard) kept = shared_from_this();
-        if ((flags.ReDraw && column->b是否合计数据()) || heard) {
-            writeCell(row, col, text, tag);
-        } else {
-            // No total depends on it and nobody hears of it: the usual write when a table is filled.
-            main.Cell(row, col, text, tag);
-        }
+        if (main.CellChanged.heard()) kept = shared_from_this();
+        setPlainly(row, col, text, tag);
         return true;
     } catch (...) {
         showError("SetCell Error::" + support::currentError(), "错误");
         return false;
     }
+}
+
+inline void kxGrid::Parts::setPlainly(std::int32_t row, std::int32_t col, std::string_view text,
+                                      const std::string_view& tag) {
+    const cVsControl* column = columns.find(col);
+    if (!column) return;
+    defaulted.written(row, col);
+    if (blanks(row, col, column->iType(), text)) text = {};
+    if ((flags.ReDraw && column->b是否合计数据()) || main.CellChanged.heard()) {
+        writeCell(row, col, text, tag);
+    } else {
+        // No total depends on it and nobody hears of it: the usual write when a table is filled.
+        main.Cell(row, col, text, tag);
+    }
+}
+
+inline bool kxGrid::Parts::blanks(std::int32_t row, std::int32_t col, mEmDataType type,
+                                  std::string_view text) const {
+    return !flags.bIsShowZero && isBlanked(main, type, col, text) && !grid::isFixed(main, row, col);
+}
+
+void kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
+    const std::shared_ptr<Parts> kept = shared_from_this();
+    try {
+        if (editor.visible()) editor.commitUnlessLocked();
+        if (firstRow < 0) {
+            const auto outside = std::min(texts.size(), static_cast<std::size_t>(-std::int64_t{firstRow}));
+            texts = texts.subspan(outside);
+            if (!tags.empty()) tags = tags.subspan(outside);
+            firstRow = 0;
+        }
+        if (main.CellChanged.heard())
+            fillHeard(col, firstRow, texts, tags);
+        else
+            fillUnheard(col, firstRow, texts, tags);
+    } catch (...) {
+        showError("Fill Error::" + support::currentError(), "错误");
+    }
+}
+
+void kxGrid::Parts::fillHeard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
+    for (std::size_t i = 0; i < texts.size() && host.there(); ++i) {
+        const std::int64_t row = std::int64_t{firstRow} + static_cast<std::int64_t>(i);
+        if (row >= main.Rows()) return;
+        setPlainly(static_cast<std::int32_t>(row), col, texts[i],
+                   tags.empty() ? std::string_view{} : tags[i]);
+    }
+}
+
+/// What was written before a failure counts in the total, too.
+void kxGrid::Parts::fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
+    const cVsControl* column = columns.find(col);
+    if (!column || texts.empty() || !grid::holds(main, firstRow, col)) return;
+    const auto write = [&] {
+        try {
+            fillShown(col, firstRow, texts, tags);
+        } catch (...) {
+            if (host.there() && flags.ReDraw) totals.recalculate(col);
+            throw;
+        }
+    };
+    if (flags.ReDraw && column->b是否合计数据())
+        totals.around(firstRow, col, false, write, [this] { return flags.ReDraw; });
+    else
+        write();
+}
+
+void kxGrid::Parts::fillShown(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
+    if (!host.there() || !grid::holds(main, firstRow, col)) return;  // who computes texts may do anything
+    const auto count = std::min(texts.size(), static_cast<std::size_t>(main.Rows() - firstRow));
+    texts = texts.first(count);
+    if (!tags.empty()) tags = tags.first(count);
+    for (std::size_t i = 0; i < count; ++i) defaulted.written(firstRow + static_cast<std::int32_t>(i), col);
+    const mEmDataType type = columns.at(col).iType();
+    if (flags.bIsShowZero || (type != flexDTDouble && type != flexDTDate))
+        return main.Fill(col, firstRow, texts, tags);
+    std::vector<std::string_view> shown(texts.begin(), texts.end());
+    for (std::size_t i = 0; i < count; ++i)
+        if (blanks(firstRow + static_cast<std::int32_t>(i), col, type, texts[i])) shown[i] = {};
+    main.Fill(col, firstRow, shown, tags);
 }
 
 void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_view text,

@@ -135,6 +135,24 @@ const Work Works[] = {
                  at.grid.SetCell(r, c, LongText, "tag of a cell in the table");
          at.grid.SetCell(4, 2, "12.5");
      }},
+    {"FillingColumns", nothing,
+     [](ShortOfMemory& at) {
+         const std::vector<std::string_view> texts{"12.5", "0", "", LongText, "6"};
+         const std::vector<std::string_view> tags{"", "tag of a cell in the column", "t", LongText, "code"};
+         for (std::int32_t c = 1; c < 4; ++c) at.grid.Fill(c, 1, texts, tags);
+         at.grid.Fill(2, 3, texts);
+     }},
+    {"FillingColumnsThatAreListenedTo",
+     [](ShortOfMemory& at) {
+         at.grid.CellChanged.connect([&at](std::int32_t row, std::int32_t col) {
+             if (col == 2) at.grid.SetCell(row, 3, "computed from the column before it");
+         });
+     },
+     [](ShortOfMemory& at) {
+         const std::vector<std::string_view> texts{"1", "2", LongText};
+         const std::vector<std::string_view> tags{"x", "a long tag of the row", "y"};
+         at.grid.Fill(2, 1, texts, tags);
+     }},
     {"FillingATableThatIsListenedTo",
      [](ShortOfMemory& at) {
          at.grid.CellChanged.connect([&at](std::int32_t row, std::int32_t col) {
@@ -329,6 +347,16 @@ class PairOutOfMemory : public ::testing::Test {
     static void writeAsAHost(ShortOfMemory& at, const Pair& fresh) {
         at.grid.SetCell(Row, Col, fresh.first, fresh.second);
     }
+    static void fillThroughTheGrid(ShortOfMemory& at, const Pair& fresh) {
+        const std::string_view text = fresh.first;
+        const std::string_view tag = fresh.second;
+        at.grid.Grid().Fill(Col, Row, {&text, 1}, {&tag, 1});
+    }
+    static void fillAsAHost(ShortOfMemory& at, const Pair& fresh) {
+        const std::string_view text = fresh.first;
+        const std::string_view tag = fresh.second;
+        at.grid.Fill(Col, Row, {&text, 1}, {&tag, 1});
+    }
     static void listen(ShortOfMemory& at) {
         at.grid.Grid().CellChanged.connect([](std::int32_t, std::int32_t) {});
     }
@@ -339,16 +367,22 @@ class PairOutOfMemory : public ::testing::Test {
 TEST_F(PairOutOfMemory, IsOldOrNewAsAWholeWhereNobodyListens) {
     expectBothOldOrBothNew(hideTheTotals, writeThroughTheGrid);
     expectBothOldOrBothNew(hideTheTotals, writeAsAHost);
+    expectBothOldOrBothNew(hideTheTotals, fillThroughTheGrid);
+    expectBothOldOrBothNew(hideTheTotals, fillAsAHost);
 }
 
 TEST_F(PairOutOfMemory, IsOldOrNewAsAWholeUnderATotalThatIsStillToBeMade) {
     expectBothOldOrBothNew(leaveATotalOpen, writeThroughTheGrid);
     expectBothOldOrBothNew(leaveATotalOpen, writeAsAHost);
+    expectBothOldOrBothNew(leaveATotalOpen, fillThroughTheGrid);
+    expectBothOldOrBothNew(leaveATotalOpen, fillAsAHost);
 }
 
 TEST_F(PairOutOfMemory, IsOldOrNewAsAWholeWhereSomebodyListens) {
     expectBothOldOrBothNew(listen, writeThroughTheGrid);
     expectBothOldOrBothNew(listen, writeAsAHost);
+    expectBothOldOrBothNew(listen, fillThroughTheGrid);
+    expectBothOldOrBothNew(listen, fillAsAHost);
 }
 
 TEST_F(PairOutOfMemory, HasWholeHalvesAfterACommit) {
