@@ -2,6 +2,14 @@
 
 namespace kxVsGrid::sheet {
 
+namespace {
+/// As the grid blanks it.
+bool isZero(FieldKind kind, const std::string& text) {
+    if (kind == FieldKind::Number) return text == "0";
+    return (kind == FieldKind::Date || kind == FieldKind::Moment) && text.starts_with("1900-01-01");
+}
+}  // namespace
+
 std::string Lines::rounded(const std::string& text, int decimals) {
     const std::optional<Decimal> number = Decimal::read(text);
     return number && number->decimals() > decimals ? number->rounded(decimals).text() : text;
@@ -12,9 +20,7 @@ std::string Lines::text(const void* record, std::int32_t column) const {
     std::string text;
     plan.field->append(record, text);
     if (plan.computed && plan.decimals) text = rounded(text, *plan.decimals);
-    const bool blanks =
-        plan.field->kind() == FieldKind::Number && !plan.field->optional() && !c_.grid.bIsShowZero();
-    if (blanks && text == "0") text.clear();
+    if (!plan.field->optional() && !c_.grid.bIsShowZero() && isZero(plan.field->kind(), text)) text.clear();
     return text;
 }
 

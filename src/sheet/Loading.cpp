@@ -32,10 +32,6 @@ struct Column {
         return views;
     }
 };
-
-void fill(CellGrid& cells, std::int32_t col, std::int32_t row, const std::vector<std::string_view>& texts) {
-    for (const std::string_view text : texts) cells.Text(row++, col, text);
-}
 }  // namespace
 
 struct SheetBody::Loading::Texts {
@@ -47,7 +43,7 @@ struct SheetBody::Loading::Texts {
 
     void put(CellGrid& cells, std::int32_t first) const {
         for (std::size_t i = 0; i < columns.size(); ++i)
-            fill(cells, body->context.gridCol(static_cast<std::int32_t>(i)), first, columns[i].views());
+            cells.Fill(body->context.gridCol(static_cast<std::int32_t>(i)), first, columns[i].views());
     }
 };
 

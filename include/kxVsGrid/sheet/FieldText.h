@@ -23,9 +23,7 @@
 #include <string_view>
 
 #include "kxVsGrid/DateTime.h"
-#if __has_include("kxVsGrid/support/Date.h")
 #include "kxVsGrid/support/Date.h"
-#endif
 #include "kxVsGrid/support/Decimal.h"
 
 namespace kxVsGrid {
@@ -90,21 +88,20 @@ struct FieldText<bool> {
     }
 };
 
-#if __has_include("kxVsGrid/support/Date.h")
-template <>
-struct FieldText<Date> {
-    static constexpr FieldKind Kind = FieldKind::Date;
-    static void append(std::string& text, const Date& value) {
+/// Days and moments. One that the calendar does not have is shown as empty.
+template <class T>
+requires std::same_as<T, Date> || std::same_as<T, DateTime>
+struct FieldText<T> {
+    static constexpr FieldKind Kind = std::same_as<T, Date> ? FieldKind::Date : FieldKind::Moment;
+    static void append(std::string& text, const T& value) {
         if (value.valid()) text += value.text();
     }
-    static bool read(std::string_view text, Date& value) {
-        const std::optional<Date> known = Date::read(text);
+    static bool read(std::string_view text, T& value) {
+        const std::optional<T> known = T::read(text);
         if (known) value = *known;
         return known.has_value();
     }
 };
-
-#endif
 
 template <class T>
 struct FieldText<std::optional<T>> {
