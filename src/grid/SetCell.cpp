@@ -48,6 +48,10 @@ bool isBlanked(const CellGrid& grid, mEmDataType type, std::int32_t col, std::st
     const bool groups = col >= 0 && col < grid.Cols() && grid.ColGroups(col);  // "0,123" is no zero there
     return !groups || support::leadingNumber(support::withoutGroups(text, groups)) == 0;
 }
+
+bool blanksZeros(ColumnOptions::Zero ofColumn, bool gridShows) {
+    return ofColumn == ColumnOptions::Zero::AsGrid ? !gridShows : ofColumn == ColumnOptions::Zero::Blank;
+}
 }  // namespace
 
 bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view text,
@@ -61,8 +65,8 @@ bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view tex
         const cVsControl* column = columns.find(col);
         if (!column) return true;
         defaulted.written(row, col);
-        if (!flags.bIsShowZero && isBlanked(main, column->iType(), col, text) &&
-            !grid::isFixed(main, row, col))
+        if (blanksZeros(columns.zero(col), flags.bIsShowZero) &&
+            isBlanked(main, column->iType(), col, text) && !grid::isFixed(main, row, col))
             text = {};
         const bool heard = main.CellChanged.heard();
         if (heard) kept = shared_from_this();
