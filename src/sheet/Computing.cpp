@@ -34,7 +34,7 @@ std::string Computing::reason(const void* record, std::int32_t column) const {
 void Computing::settle(std::int32_t row) {
     std::optional<Fault> fault;
     const AnyRecord record = lines_.read(row, fault);
-    const bool empty = fault || !lines_.isInUse(row, record.get());
+    const bool empty = c_.refuses(fault) || !lines_.isInUse(row, record.get());
     for (std::int32_t column = 0; column < c_.count(); ++column) {
         if (!c_.plan(column).computed) continue;
         put(row, column, empty ? Outcome{} : compute(record.get(), column));
@@ -46,7 +46,7 @@ void Computing::settle(std::int32_t row) {
 void Computing::mark(std::int32_t row) {
     std::optional<Fault> fault;
     const AnyRecord record = lines_.read(row, fault);
-    const bool empty = fault || !lines_.isInUse(row, record.get());
+    const bool empty = c_.refuses(fault) || !lines_.isInUse(row, record.get());
     for (std::int32_t column = 0; column < c_.count(); ++column)
         if (c_.plan(column).computed)
             putMark(row, c_.gridCol(column), empty ? std::string() : compute(record.get(), column).reason);

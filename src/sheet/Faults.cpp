@@ -6,9 +6,9 @@
 
 namespace kxVsGrid::sheet {
 
-std::string Faults::brokenRule(const void* record, std::int32_t column) const {
+std::string Faults::brokenRule(const void* record, std::int32_t column, bool typed) const {
     for (const Rule& rule : c_.rules) {
-        if (rule.column != column) continue;
+        if (rule.column != column || (typed && !rule.whenTyped)) continue;
         try {
             if (!rule.holds(record)) return rule.reason;
         } catch (const std::exception& error) {
@@ -18,33 +18,55 @@ std::string Faults::brokenRule(const void* record, std::int32_t column) const {
     return {};
 }
 
-std::string Faults::reason(const void* record, std::int32_t row, std::int32_t column,
-                           CodeColumns::Answers& answers) const {
+Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t column,
+                              CodeColumns::Answers& answers) const {
     const ColumnPlan& plan = c_.plan(column);
     const std::string text = c_.cells().Text(row, c_.gridCol(column));
     if (const AnyRecord scratch = c_.make(nullptr); !plan.field->read(scratch.get(), text))
-        return "“" + text + "”不能识别";
+        return {"“" + text + "”不能识别", FaultKind::Unreadable};
     if (plan.computed)
-        if (std::string why = computing_.reason(record, column); !why.empty()) return why;
+        if (std::string why = computing_.reason(record, column); !why.empty())
+            return {std::move(why), FaultKind::Computed};
     const bool empty = text.empty() || (!plan.field->optional() && text == "0");
-    if (plan.required && empty) return plan.field->kind() == FieldKind::Number ? "不能为零" : "不能为空";
+    if (plan.required && empty)
+        return {plan.field->kind() == FieldKind::Number ? "不能为零" : "不能为空", FaultKind::Rule};
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
-    return why.empty() ? brokenRule(record, column) : why;
+    if (!why.empty()) return {std::move(why), FaultKind::Unknown};
+    return {brokenRule(record, column, false), FaultKind::Rule};
+}
+
+std::optional<Fault> Faults::at(const void* record, std::int32_t row, std::int32_t column,
+                                CodeColumns::Answers& answers) const {
+    Reason why = reason(record, row, column, answers);
+    if (why.text.empty()) return std::nullopt;
+    Fault fault = c_.faultAt(row, column, std::move(why.text));
+    fault.kind = why.kind;
+    if (c_.wording) fault.reason = c_.wording(fault);
+    return fault;
+}
+
+void Faults::visit(std::int32_t row, const std::function<bool(Fault)>& visitor) const {
+    CodeColumns::Answers answers;
+    visitRow(row, answers, visitor);
+}
+
+bool Faults::visitRow(std::int32_t row, CodeColumns::Answers& answers,
+                      const std::function<bool(Fault)>& visitor) const {
+    std::optional<Fault> unreadable;
+    const AnyRecord record = lines_.read(row, unreadable);
+    if (!c_.refuses(unreadable) && !lines_.isInUse(row, record.get())) return true;
+    for (std::int32_t column = 0; column < c_.count(); ++column)
+        if (auto fault = at(record.get(), row, column, answers); fault && !visitor(std::move(*fault)))
+            return false;
+    return true;
 }
 
 void Faults::visit(const std::function<bool(Fault)>& visitor) const {
     CodeColumns::Answers answers;
     codes_.retry(answers);
-    for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row) {
-        std::optional<Fault> unreadable;
-        const AnyRecord record = lines_.read(row, unreadable);
-        if (!unreadable && !lines_.isInUse(row, record.get())) continue;
-        for (std::int32_t column = 0; column < c_.count(); ++column) {
-            std::string why = reason(record.get(), row, column, answers);
-            if (!why.empty() && !visitor(c_.faultAt(row, column, std::move(why)))) return;
-        }
-    }
+    for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row)
+        if (!visitRow(row, answers, visitor)) return;
 }
 
 /// Judged on the line as it would be, with what follows from the text.
@@ -52,6 +74,7 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     const ColumnPlan& plan = c_.plan(column);
     std::optional<Fault> unreadable;
     const AnyRecord record = lines_.read(row, unreadable);
+    if (!plan.constants.empty()) text = trimmedCode(text);
     const std::string value =
         plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
     if (!plan.field->read(record.get(), value))
@@ -59,6 +82,6 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
     if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
-    return lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column) : std::string();
+    return lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column, true) : std::string();
 }
 }  // namespace kxVsGrid::sheet

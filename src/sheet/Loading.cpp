@@ -10,7 +10,6 @@ namespace kxVsGrid::sheet {
 namespace {
 
 constexpr std::size_t Slice = 4096;  // records between two looks at the progress
-constexpr std::int32_t LeastRows = 5;
 
 /// The texts of one column, one behind the other.
 struct Column {
@@ -82,13 +81,14 @@ void SheetBody::Loading::finish() {
         grid.ReDraw(false);
         grid.Clear();  // forgets what could be undone
         const std::int32_t first = grid.FixedRows();
-        grid.Rows(first + std::max(LeastRows, count + 1));  // one more to key on in
+        grid.Rows(first + std::max(body->context.leastRows, count + 1));  // one more to key on in
         texts_->put(grid.Grid(), first);
         grid.ReDraw(true);
         grid.Grid().Select(first, grid.FixedCols());
         grid.Grid().IdsOf(first, rows);
         body->computing.forgetMarks();
         body->codes.forget();
+        body->faultMarks.forget();
         grid.ClearMarks();
     } catch (...) {
         // Half of the lines would be saved as all there are.
