@@ -194,8 +194,8 @@ bool OrderGrid::commit() {
     sheet_.recompute();
     // A line that the clerk has not been to gets what is preset, where that is missing.
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row)
-        if (row != grid_.Row() && !preset_.warehouse.isEmpty() && grid_.Grid().Text(row, Warehouse).empty() &&
-            !grid_.Grid().Text(row, Code).empty())
+        if (const OrderLine line = sheet_.record(row);
+            !line.code.isEmpty() && line.warehouse.isEmpty() && !preset_.warehouse.isEmpty())
             sheet_.edit(row, [this](OrderLine& line) { putPresets(line); });
     return true;
 }
