@@ -177,6 +177,10 @@ struct CellGrid::Impl {
     void bringIntoView(std::int32_t row, std::int32_t col, bool alongRows, bool alongCols);
     void damageRange(const CellRange& range);
     void damageCell(std::int32_t row, std::int32_t col);
+    /// Finds out which rows and columns are in view, unless that is known.
+    void findView();
+    /// Where the rows end whose cells in the column need no damage, from a row on.
+    std::int32_t unseenEnd(std::int32_t row, std::int32_t col);
     void damageCursor();
 
     // --- What the user does (GridKeys.cpp, GridMouse.cpp).

@@ -150,6 +150,11 @@ class CellStore {
         return Effect::Changed;
     }
 
+    using Texts = std::span<const std::string_view>;
+    /// setCell for the cells of a column from `row` down, one for each text; tags are as many, or none. When it
+    /// fails, each cell holds what it held or what it was to hold.
+    void fill(std::int32_t col, std::int32_t row, Texts texts, Texts tags);
+
     /// Neither a text nor a tag is there, nor is anything computed; in column 0 the row's number may show.
     bool holdsNothing(std::int32_t row, std::int32_t col) const {
         const RowHandle handle = order_.handle(row);
@@ -289,6 +294,11 @@ class CellStore {
         slot::Buffer buffer;
         return !slot::hasBlock(old) || arena_.text(old, buffer) != tag;
     }
+    /// What fill does in the rows of a single page (ColumnFill.cpp).
+    std::size_t fillPage(std::int32_t col, std::int32_t row, Texts texts, Texts tags);
+    struct Stretch;
+    template <bool Tagged>
+    void fillEmpty(Stretch& at, Texts texts, Texts tags);
     TextSlot writtenEmpty(std::int32_t col) const {
         return numbered_ && col == 0 ? slot::WrittenEmpty : slot::Empty;
     }

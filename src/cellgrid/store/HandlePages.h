@@ -77,6 +77,11 @@ class CellPages {
         ++page.used[kind];
         ++used_[kind];
     }
+    /// So many empty slots of a page have been filled.
+    void filled(Page& page, Kind kind, std::size_t count) {
+        page.used[kind] += static_cast<std::uint32_t>(count);
+        used_[kind] += count;
+    }
     /// How many slots hold something.
     std::size_t used(Kind kind) const { return used_[kind]; }
     bool unused() const { return used_[Text] == 0 && used_[Tag] == 0; }

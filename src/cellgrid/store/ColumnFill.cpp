@@ -1,0 +1,114 @@
+// Filling a column: cells that hold nothing get their slots side by side, a page at a time, and whatever else
+// there is to find out about a cell is found out once for all of them.
+#include <algorithm>
+
+#include "cellgrid/store/CellStore.h"
+
+namespace kxVsGrid::cellgrid {
+namespace {
+
+bool anyText(std::span<const std::string_view> texts) {
+    return std::any_of(texts.begin(), texts.end(), [](std::string_view text) { return !text.empty(); });
+}
+
+/// How many of the first handles follow each other in one page.
+std::size_t sideBySide(std::span<const RowHandle> handles) {
+    const std::size_t room = CellPages::PageSlots - handles[0] % CellPages::PageSlots;
+    const std::size_t most = std::min(handles.size(), room);
+    std::size_t n = 1;
+    while (n < most && handles[n] == handles[0] + n) ++n;
+    return n;
+}
+
+bool allEmpty(const TextSlot* slots, std::size_t n) {
+    TextSlot any = slot::Empty;
+    for (std::size_t i = 0; i < n; ++i) any |= slots[i];
+    return any == slot::Empty;
+}
+}  // namespace
+
+/// Empty slots of a page that are being filled: they count as used as far as they are, should memory fail, too.
+struct CellStore::Stretch {
+    Stretch(CellPages& all, CellPages::Page& one, RowHandle first)
+        : cells(all), page(one), begin(first % CellPages::PageSlots) {}
+    ~Stretch() {
+        cells.filled(page, CellPages::Text, texts);
+        cells.filled(page, CellPages::Tag, tags);
+    }
+    Stretch(const Stretch&) = delete;
+    Stretch& operator=(const Stretch&) = delete;
+
+    TextSlot* slots(CellPages::Kind kind) const {
+        return page.slots[kind] ? &page.slots[kind][begin] : nullptr;
+    }
+
+    CellPages& cells;
+    CellPages::Page& page;
+    std::size_t begin;
+    std::size_t texts = 0;
+    std::size_t tags = 0;
+};
+
+void CellStore::fill(std::int32_t col, std::int32_t row, Texts texts, Texts tags) {
+    const bool numbers = numbered_ && col == 0;  // an empty text hides the row's number there
+    while (!texts.empty()) {
+        const bool nothing = texts[0].empty() && (tags.empty() || tags[0].empty());
+        std::size_t done = 1;
+        if (numbers || nothing)
+            setCell(row, col, texts[0], tags.empty() ? std::string_view{} : tags[0]);
+        else
+            done = fillPage(col, row, texts, tags);
+        row += static_cast<std::int32_t>(done);
+        texts = texts.subspan(done);
+        if (!tags.empty()) tags = tags.subspan(done);
+    }
+}
+
+/// Answers how many cells are written.
+std::size_t CellStore::fillPage(std::int32_t col, std::int32_t row, Texts texts, Texts tags) {
+    const auto most = static_cast<std::int32_t>(std::min(texts.size(), CellPages::PageSlots));
+    order_.obtainAll(row, most);
+    const std::span<const RowHandle> handles = order_.handles(row, most);
+    const std::size_t n = sideBySide(handles);
+    texts = texts.first(n);
+    if (!tags.empty()) tags = tags.first(n);
+    if (!anyText(tags)) tags = {};
+
+    GridColumn& c = column(col);
+    CellPages::Page& page = c.cells.obtain(handles[0]);
+    CellPages::provide(page, CellPages::Text);
+    if (!tags.empty()) CellPages::provide(page, CellPages::Tag);
+    Stretch at(c.cells, page, handles[0]);
+    const TextSlot* const tagSlots = at.slots(CellPages::Tag);
+    if (!allEmpty(at.slots(CellPages::Text), n) || (tagSlots && !allEmpty(tagSlots, n))) {
+        for (std::size_t i = 0; i < n; ++i)
+            setCell(row + static_cast<std::int32_t>(i), col, texts[i],
+                    tags.empty() ? std::string_view{} : tags[i]);
+        return n;
+    }
+    if (c.numbers)
+        for (std::size_t i = 0; i < n; ++i) c.numbers->forget(handles[i]);
+    if (tags.empty())
+        fillEmpty<false>(at, texts, tags);
+    else
+        fillEmpty<true>(at, texts, tags);
+    return n;
+}
+
+template <bool Tagged>
+void CellStore::fillEmpty(Stretch& at, Texts texts, Texts tags) {
+    TextSlot* const textSlots = at.slots(CellPages::Text);
+    TextSlot* const tagSlots = at.slots(CellPages::Tag);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        TextSlot tag = slot::Empty;
+        if constexpr (Tagged) tag = arena_.store(tags[i]);
+        const TextSlot text = arena_.storeAfter(tag, texts[i]);
+        if constexpr (Tagged) {
+            tagSlots[i] = tag;
+            at.tags += tag != slot::Empty;
+        }
+        textSlots[i] = text;
+        at.texts += text != slot::Empty;
+    }
+}
+}  // namespace kxVsGrid::cellgrid
