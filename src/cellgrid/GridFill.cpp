@@ -33,11 +33,6 @@ void CellGrid::Impl::fill(std::int32_t col, std::int32_t firstRow, Texts texts, 
     }
 }
 
-/// A watcher that does not await the column goes on not to, as nobody acts meanwhile.
-bool CellGrid::Impl::fillsUnheard(std::int32_t col) const {
-    return (listening & ~Watched) == 0 && (!watcher || !watcher->awaits(col));
-}
-
 /// Cells that the picture shows are damaged one by one, by what becomes of each.
 void CellGrid::Impl::fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
     const std::int32_t stop = firstRow + static_cast<std::int32_t>(std::min(

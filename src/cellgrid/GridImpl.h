@@ -108,8 +108,11 @@ struct CellGrid::Impl {
     using Texts = std::span<const std::string_view>;
     void requireFill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) const;
     void fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
-    /// Nobody hears of a write to the column.
-    bool fillsUnheard(std::int32_t col) const;
+    /// Nobody hears of a write to the column; a watcher that does not await it goes on not to, as nobody acts
+    /// meanwhile.
+    bool fillsUnheard(std::int32_t col) const {
+        return (listening & ~Watched) == 0 && (!watcher || !watcher->awaits(col));
+    }
     void fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
     /// Before a text is written: the watcher hears of one that changes. False when the cell has gone then.
     bool forewarn(std::int32_t row, std::int32_t col, std::string_view text);

@@ -28,9 +28,9 @@ namespace kxVsGrid::cellgrid {
 
 struct GridColumn {
     CellPages cells;
-    SparseRuns<StyleNumber> styles;
     std::unique_ptr<NumberPages> numbers;  ///< what ColumnSum has read of the texts so far
-    std::unique_ptr<CellFormat> format;    ///< none while every text is shown as it is
+    SparseRuns<StyleNumber> styles;
+    std::unique_ptr<CellFormat> format;  ///< none while every text is shown as it is
     mEmflexAlign alignment = flexAlignGeneral;
     mEmflexAlign fixedAlignment = flexAlignGeneral;
     mEmDataType dataType = flexDTEmpty;
@@ -145,8 +145,7 @@ class CellStore {
             return overwrite(row, col, text, tag);
         const TextSlot freshTag = arena_.store(tag);
         const TextSlot freshText = arena_.storeAfter(freshTag, text);
-        c.cells.fill(*page, CellPages::Tag, handle, freshTag);
-        c.cells.fill(*page, CellPages::Text, handle, freshText);
+        c.cells.fill(*page, handle, freshText, freshTag);
         return Effect::Changed;
     }
 

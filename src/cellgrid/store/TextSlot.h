@@ -86,7 +86,7 @@ constexpr std::uint64_t packed(std::uint64_t bytes) {
 }
 
 /// The slot of up to seven bytes; Empty for none.
-inline TextSlot ofBytes(const char* text, std::size_t n) {
+[[gnu::always_inline]] inline TextSlot ofBytes(const char* text, std::size_t n) {
     TextSlot bytes = 0;
     if (n >= 4) {
         // Two reads that overlap in the middle: no loop, no call.
@@ -104,7 +104,7 @@ inline TextSlot ofBytes(const char* text, std::size_t n) {
 
 /// The slot of a text of eight bytes or more that can be packed, Empty for all others. One question for both
 /// reasons why it cannot: which of them it is, nobody can foretell.
-inline TextSlot ofPacked(const char* text, std::size_t n) {
+[[gnu::always_inline]] inline TextSlot ofPacked(const char* text, std::size_t n) {
     const std::uint64_t head = eightBytes(text);
     const std::uint64_t tail = eightBytes(text + n - 8);  // overlaps the head
     if ((n <= MaxPacked) & arePacked(head) & arePacked(tail))
