@@ -11,12 +11,16 @@ bool anyText(std::span<const std::string_view> texts) {
     return std::any_of(texts.begin(), texts.end(), [](std::string_view text) { return !text.empty(); });
 }
 
-/// How many of the first handles follow each other in one page.
+/// How many of the first handles follow each other in one page. Mostly all of them do: that is found out
+/// without a question for each.
 std::size_t sideBySide(std::span<const RowHandle> handles) {
-    const std::size_t room = CellPages::PageSlots - handles[0] % CellPages::PageSlots;
-    const std::size_t most = std::min(handles.size(), room);
+    const RowHandle first = handles[0];
+    const std::size_t most = std::min(handles.size(), CellPages::PageSlots - first % CellPages::PageSlots);
+    RowHandle others = 0;
+    for (std::size_t i = 0; i < most; ++i) others |= handles[i] ^ (first + static_cast<RowHandle>(i));
+    if (others == 0) return most;
     std::size_t n = 1;
-    while (n < most && handles[n] == handles[0] + n) ++n;
+    while (handles[n] == first + n) ++n;
     return n;
 }
 
@@ -32,8 +36,10 @@ struct CellStore::Stretch {
     Stretch(CellPages& all, CellPages::Page& one, RowHandle first)
         : cells(all), page(one), begin(first % CellPages::PageSlots) {}
     ~Stretch() {
-        cells.filled(page, CellPages::Text, texts);
-        cells.filled(page, CellPages::Tag, tags);
+        for (const CellPages::Kind kind : {CellPages::Text, CellPages::Tag})
+            if (const TextSlot* const filled = slots(kind))
+                cells.filled(page, kind,
+                             done - static_cast<std::size_t>(std::count(filled, filled + done, slot::Empty)));
     }
     Stretch(const Stretch&) = delete;
     Stretch& operator=(const Stretch&) = delete;
@@ -45,8 +51,7 @@ struct CellStore::Stretch {
     CellPages& cells;
     CellPages::Page& page;
     std::size_t begin;
-    std::size_t texts = 0;
-    std::size_t tags = 0;
+    std::size_t done = 0;  ///< cells
 };
 
 void CellStore::fill(std::int32_t col, std::int32_t row, Texts texts, Texts tags) {
@@ -67,7 +72,7 @@ void CellStore::fill(std::int32_t col, std::int32_t row, Texts texts, Texts tags
 /// Answers how many cells are written.
 std::size_t CellStore::fillPage(std::int32_t col, std::int32_t row, Texts texts, Texts tags) {
     const auto most = static_cast<std::int32_t>(std::min(texts.size(), CellPages::PageSlots));
-    order_.obtainAll(row, most);
+    if (order_.handle(row) == NoHandle) order_.obtainAll(row, most);
     const std::span<const RowHandle> handles = order_.handles(row, most);
     const std::size_t n = sideBySide(handles);
     texts = texts.first(n);
@@ -103,12 +108,9 @@ void CellStore::fillEmpty(Stretch& at, Texts texts, Texts tags) {
         TextSlot tag = slot::Empty;
         if constexpr (Tagged) tag = arena_.store(tags[i]);
         const TextSlot text = arena_.storeAfter(tag, texts[i]);
-        if constexpr (Tagged) {
-            tagSlots[i] = tag;
-            at.tags += tag != slot::Empty;
-        }
+        if constexpr (Tagged) tagSlots[i] = tag;
         textSlots[i] = text;
-        at.texts += text != slot::Empty;
+        at.done = i + 1;
     }
 }
 }  // namespace kxVsGrid::cellgrid

@@ -106,12 +106,8 @@ bool RowOrder::moveIntoNeighbour(const Place& empty, std::int32_t row, RowHandle
 
 void RowOrder::obtainAll(std::int32_t row, std::int32_t n) {
     const std::int32_t stop = row + n;
-    while (row < stop) {
-        if (handle(row) != NoHandle) {
-            const std::span<const RowHandle> known = handles(row, stop - row);
-            row += static_cast<std::int32_t>(std::find(known.begin(), known.end(), NoHandle) - known.begin());
-            continue;
-        }
+    for (; row < stop; ++row) {
+        if (handle(row) != NoHandle) continue;
         if (!hitHandles_) widen(row, stop - row);
         give(row);
     }

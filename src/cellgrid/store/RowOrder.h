@@ -40,7 +40,7 @@ class RowOrder {
     /// fails some of them have one.
     void obtainAll(std::int32_t row, std::int32_t n);
     /// The handles of `row` and of those after it that lie side by side with its own: at least one, no more
-    /// than `n`. All of them were obtained.
+    /// than `n`. The row has one.
     std::span<const RowHandle> handles(std::int32_t row, std::int32_t n) const {
         if (row < hitFirst_ || row >= hitEnd_) look(row);
         return {hitHandles_ + (row - hitFirst_), static_cast<std::size_t>(std::min(n, hitEnd_ - row))};
