@@ -21,7 +21,6 @@ class CellPages {
   public:
     enum Kind : std::size_t { Text, Tag };
     static constexpr std::size_t PageSlots = 256;
-    static constexpr std::size_t SlotsAhead = 8;
     struct Page {
         std::array<std::unique_ptr<TextSlot[]>, 2> slots;
         std::array<std::uint32_t, 2> used{};
@@ -72,15 +71,10 @@ class CellPages {
         page.used[kind] += fills;
         used_[kind] += fills;
     }
-    /// Fills the two empty slots of a cell, in a page with room. Rows mostly follow each other: those that come
-    /// next are fetched ahead, as filling goes through many columns before it comes back to this one.
-    void fill(Page& page, RowHandle handle, TextSlot text, TextSlot tag) {
-        TextSlot* const textSlot = &page.slots[Text][handle % PageSlots];
-        TextSlot* const tagSlot = &page.slots[Tag][handle % PageSlots];
-        *textSlot = text;
-        *tagSlot = tag;
-        support::fetchAhead(textSlot + SlotsAhead);
-        support::fetchAhead(tagSlot + SlotsAhead);
+    /// Fills the two empty slots of a cell, in a page with room.
+    [[gnu::always_inline]] void fill(Page& page, RowHandle handle, TextSlot text, TextSlot tag) {
+        page.slots[Text][handle % PageSlots] = text;
+        page.slots[Tag][handle % PageSlots] = tag;
         for (const Kind kind : {Text, Tag}) {
             ++page.used[kind];
             ++used_[kind];
