@@ -1,4 +1,5 @@
 // What a clerk types into a column of codes, and what follows from it, whichever way the code comes.
+#include "kxVsGrid/Draft.h"
 #include "sheet/CodeSheet.h"
 
 namespace kxVsGrid::testing {
@@ -249,6 +250,51 @@ TEST_F(CodeColumnTest, RoundsWhatFollowsToTheDecimalsOfItsColumn) {
     EXPECT_EQ(text(2, Price), "1.01");
 }
 
+TEST_F(CodeColumnTest, LeavesWhatCodeWritesOutsideOfStepsAsItIs) {
+    load(asking(), {line("1001", "a", "1")});
+    grid.SetCell(1, Code, "1002");
+    grid.SetCell(2, Code, "1003");
+    type(1, Quantity, "5");
+    type(2, Quantity, "5");
+    EXPECT_EQ(shown(1), "1002 a 1");
+    EXPECT_EQ(shown(2), "1003  ");
+    EXPECT_EQ(asked, std::vector<std::string>{});
+}
+
+TEST_F(CodeColumnTest, KeepsAChangedPriceThatComesBackFromADraft) {
+    load(table(), {line("1001", "a", "1")});
+    std::string kept;
+    Draft draft(grid.Grid(), [&kept](std::string_view bytes) {
+        kept += bytes;
+        return true;
+    });
+    draft.begin("order", "1");
+    while (draft.writeSlice()) {
+    }
+    type(2, Code, "1002");
+    type(2, Price, "19");
+    draft.flush();
+    draft.end();
+    sheet.load(std::vector<GoodsLine>{line("1001", "a", "1")});
+    EXPECT_EQ(grid.Recover(kept, true).refusal, "");
+    type(2, Quantity, "5");
+    EXPECT_EQ(shown(2), "1002 无缝钢管 19");
+    EXPECT_EQ(fault(), "");
+}
+
+TEST_F(CodeColumnTest, FollowsAPresetCodeOnceItsLineIsInUse) {
+    sheet.code("code", "货号", &GoodsLine::code, table())
+        .preset("1002")
+        .found([](GoodsLine& line, const Goods& goods) { line.name = goods.name; });
+    finish({});
+    at(2, Name);
+    at(2, Quantity);
+    EXPECT_EQ(text(2, Code), "1002");
+    EXPECT_EQ(text(2, Name), "");
+    desk.type("5").press(Key::Enter);
+    EXPECT_EQ(text(2, Name), "无缝钢管");
+}
+
 // --- What cannot be found
 
 TEST_F(CodeColumnTest, MarksAnUnknownCodeThatCameUnchecked) {
@@ -294,6 +340,18 @@ TEST_F(CodeColumnTest, TakesWhatIsTypedWhileItsSourceIsOutOfReach) {
     EXPECT_EQ(shown(1), "1002 无缝钢管 20");
     EXPECT_EQ(problem(1, Code), "");
     EXPECT_EQ(fault(), "");
+}
+
+TEST_F(CodeColumnTest, MarksACodeAnewThatIsTypedAgainAndStillOutOfReach) {
+    load(asking(), {line("1001", "a", "1")});
+    down = true;
+    type(1, Code, "1002");
+    type(1, Code, "1002");
+    EXPECT_EQ(problem(1, Code), "数据库连接中断");
+    down = false;
+    type(1, Code, "1002");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 20");
+    EXPECT_EQ(problem(1, Code), "");
 }
 
 TEST_F(CodeColumnTest, LooksAgainWhenFaultsAreAskedFor) {
@@ -386,10 +444,9 @@ TEST_F(CodeColumnTest, LeavesTheChecksAndHelpsOfOtherColumnsToTheirHost) {
         name = "of the host";
     });
     std::string helped;
-    grid.GetHelpCodeInfo.connect(
-        [&](const Variant& basis, Variant& code, Variant&, Variant&) {
-            helped = basis.toText() + (code.isArray() ? " answered" : "");
-        });
+    grid.GetHelpCodeInfo.connect([&](const Variant& basis, Variant& code, Variant&, Variant&) {
+        helped = basis.toText() + (code.isArray() ? " answered" : "");
+    });
     const auto own = grid.VsCtrl(Name);
     own->i有效性判断(1);
     own->i字段有效性判断类型(ij编码型);

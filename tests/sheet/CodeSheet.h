@@ -39,11 +39,12 @@ class CodeSheet : public ::testing::Test {
 
     /// Declares the columns and shows these lines.
     void load(const Codes<Goods>& codes, const std::vector<GoodsLine>& lines = {}) {
-        sheet.code("code", "货号", &GoodsLine::code, codes).found([this](GoodsLine& line, const Goods& goods) {
-            ++followed;
-            line.name = goods.name;
-            line.price = goods.price;
-        });
+        sheet.code("code", "货号", &GoodsLine::code, codes)
+            .found([this](GoodsLine& line, const Goods& goods) {
+                ++followed;
+                line.name = goods.name;
+                line.price = goods.price;
+            });
         finish(lines);
     }
     /// The same where a cleared code clears.
