@@ -27,7 +27,8 @@ std::string Faults::reason(const void* record, std::int32_t row, std::int32_t co
     if (plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty()) return why;
     const bool empty = text.empty() || (!plan.field->optional() && text == "0");
-    if (plan.required && empty) return plan.field->kind() == FieldKind::Number ? "不能为零" : "不能为空";
+    if (plan.required && empty)
+        return plan.field->kind() == FieldKind::Number && !plan.codes ? "不能为零" : "不能为空";
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
     return why.empty() ? brokenRule(record, column) : why;

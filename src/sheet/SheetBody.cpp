@@ -112,10 +112,8 @@ std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& recor
 void SheetBody::recompute() {
     const std::shared_ptr<Impl> impl = impl_;
     ChangeStep step = impl->context.grid.Step("重新计算");
-    for (std::int32_t row = impl->context.firstRow(); row < impl->context.endRow(); ++row) {
-        impl->codes.settle(row);
-        if (row < impl->context.endRow()) impl->computing.settle(row);
-    }
+    for (std::int32_t row = impl->context.firstRow(); row < impl->context.endRow(); ++row)
+        impl->computing.settle(row);
     step.close();
 }
 

@@ -105,7 +105,7 @@ void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
 void SheetBody::Impl::settle(const StepChanges& step) {
     if (!laidOut || loading) return;
     eachRow(step, [&](std::int32_t row) {
-        codes.settle(row);
+        codes.settle(row, step);
         if (row < context.endRow()) round(row, step);
         if (row < context.endRow()) computing.settle(row);
     });
