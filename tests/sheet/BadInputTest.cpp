@@ -53,21 +53,19 @@ TEST_F(BadInput, ANumberThatDoesNotFitIsRefusedAsItIsTyped) {
     EXPECT_EQ(desk.editor().text, "1234567890123456789");
     desk.press(Key::Escape);
     EXPECT_EQ(text(1, Price), "1.5");
-    type(1, Price, "999999999999999999");
-    EXPECT_EQ(text(1, Price), "999999999999999999");
     grid.Grid().Select(1, Price);
     desk.type("999999999999*999999999999").press(Key::Enter);
     desk.press(Key::Escape);
-    EXPECT_EQ(text(1, Price), "999999999999999999");
+    EXPECT_EQ(text(1, Price), "1.5");
 }
 
 TEST_F(BadInput, ATextOfTheHostThatIsNoValueIsAFaultAndIsNotHandedOut) {
     loaded();
     {
         auto step = grid.Step("by the host");
-        grid.SetCell(2, Price, "about 5");
+        grid.SetCell(2, Price, "5 about");
     }
-    EXPECT_EQ(text(2, Price), "about 5");
+    EXPECT_EQ(text(2, Price), "5 about");
     EXPECT_EQ(text(2, Amount), "");
     EXPECT_TRUE(sheet.modified());
     const auto fault = sheet.firstFault();
@@ -95,7 +93,7 @@ TEST_F(BadInput, ShowingAFaultGoesThere) {
     loaded();
     {
         auto step = grid.Step("by the host");
-        grid.SetCell(3, Price, "about 5");
+        grid.SetCell(3, Price, "5 about");
     }
     grid.Grid().Select(1, Code);
     const auto fault = sheet.firstFault();
@@ -208,7 +206,7 @@ TEST_F(ComputingSheet, WhatAComputedColumnDoesToTheGridIsNotLost) {
     // A host who reads the grid as it is made.
     make = [&](const Line& line) {
         static_cast<void>(sheet.modified());
-        static_cast<void>(sheet.firstFault());
+        static_cast<void>(sheet.records());
         static_cast<void>(grid.Text());
         return line.number * 2;
     };

@@ -208,5 +208,83 @@ TEST_F(SheetLoading, LoadsIntoAGridThatIsNotEditable) {
     desk.type("9").press(Key::Enter);
     EXPECT_EQ(sheet.records(), lines);
 }
+
+/// Members that begin as something, a preset, and lines that are none.
+struct BegunSheet : ::testing::Test {
+    struct Line {
+        std::int64_t id = 0;
+        std::string name;
+        std::string unit = "只";
+        Decimal price = 1;
+        int count = 7;
+        bool active = true;
+        int number = 0;
+        friend bool operator==(const Line&, const Line&) = default;
+    };
+    BegunSheet() {
+        sheet.identity(&Line::id);
+        sheet.text("name", "名称", &Line::name);
+        sheet.text("unit", "单位", &Line::unit).preset("箱");
+        sheet.number("price", "单价", &Line::price);
+        sheet.number("count", "数目", &Line::count);
+        sheet.flag("active", "有效", &Line::active);
+    }
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    Sheet<Line> sheet{grid};
+};
+
+TEST_F(BegunSheet, ReadsWhatWasLoadedAndNotWhatANewRecordBeginsAs) {
+    const std::vector<Line> lines{{11, "a", "", 0, 0, false, 0}, {12, "b", "袋", 2, 3, true, 0}};
+    sheet.load(lines);
+    EXPECT_EQ(sheet.records(), lines);
+    EXPECT_EQ(grid.Grid().Text(1, 2), "");  // the clerk has not come there
+    EXPECT_FALSE(sheet.modified());
+    grid.Grid().Select(2, 1);
+    desk.focusGrid();
+    desk.type("c").press(Key::Enter);
+    ASSERT_EQ(sheet.changes().changed.size(), 1u);
+}
+
+TEST_F(BegunSheet, ALineThatIsNoneByWhatTheHostSaysIsNotRemoved) {
+    sheet.inUse([](const Line& line) { return line.name != "none"; });
+    sheet.position(&Line::number);
+    sheet.load(std::vector<Line>{{11, "a", "x", 1, 1, true, 1}, {12, "none", "x", 1, 1, true, 2}, {13, "b", "x", 1, 1, true, 2}});
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_TRUE(sheet.changes().empty());
+    ASSERT_EQ(sheet.records().front().id, 11);
+    {
+        auto step = grid.Step("by the host");
+        grid.SetCell(2, sheet.col("price"), "5");
+    }
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_TRUE(sheet.changes().empty());
+    {
+        auto step = grid.Step("by the host");
+        grid.SetCell(2, sheet.col("name"), "some");
+    }
+    const auto changes = sheet.changes();
+    EXPECT_TRUE(changes.added.empty());
+    EXPECT_TRUE(changes.removed.empty());
+    ASSERT_EQ(changes.changed.size(), 2u);  // it, and the one behind it by its number
+    EXPECT_EQ(changes.changed[0].before.id, 12);
+    EXPECT_EQ(changes.changed[0].after.price, 5);
+}
+
+TEST_F(BegunSheet, LinesCanBeAppendedBeforeAnyWereLoaded) {
+    const auto rows = sheet.append(std::vector<Line>{{5, "a", "x", 2, 3, true, 0}});
+    EXPECT_EQ(rows, (std::vector<std::int32_t>{1}));
+    ASSERT_EQ(sheet.changes().added.size(), 1u);
+    EXPECT_EQ(sheet.changes().added[0].record.id, 0);
+    EXPECT_TRUE(sheet.modified());
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_FALSE(sheet.modified());
+}
+
+TEST_F(BegunSheet, SumsItsLinesAlone) {
+    sheet.inUse([](const Line& line) { return !line.name.empty(); });
+    sheet.load(std::vector<Line>{{11, "a", "x", 2, 1, true, 0}, {12, "", "x", 4, 1, true, 0}});
+    EXPECT_EQ(sheet.sum("price"), 2);
+}
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -196,10 +196,13 @@ class RandomSheet : public TwinSheet {
         }
     }
     void unrecorded() {
-        act_ = "unrecorded writes of a step";
-        auto step = grid.Step("by the host");
-        const auto span = grid.Unrecorded();
-        for (int n = roll(1, 3); n > 0; --n) write();
+        act_ = "unrecorded writes of a step, recomputed";
+        {
+            auto step = grid.Step("by the host");
+            const auto span = grid.Unrecorded();
+            for (int n = roll(1, 3); n > 0; --n) write();
+        }
+        sheet.recompute();
     }
     void outsideOfSteps() {
         act_ = "writes outside of steps, recomputed";
@@ -230,7 +233,6 @@ class RandomSheet : public TwinSheet {
         for (std::size_t i = 0; i < lines.size(); ++i) {
             const TwinEntry now = read(rows[i]).entry;
             EXPECT_EQ(now.key, lines[i].key);
-            EXPECT_EQ(now.quantity, lines[i].quantity);
             EXPECT_EQ(now.count, lines[i].count);
         }
     }
@@ -330,16 +332,17 @@ class RandomSheet : public TwinSheet {
         for (const TwinRow& row : rows) {
             TwinEntry made = row.entry;
             const bool known = row.wrong.empty();
-            const auto failed = known ? compute(made) : std::set<std::int32_t>{};
+            const bool computed = known && inUse(row);
+            const auto failed = computed ? compute(made) : std::set<std::int32_t>{};
             for (const std::int32_t col : {Amount, Tax}) {
                 const CellMark* const mark = grid.Mark(row.row, col);
                 const bool problem = mark && mark->kind == CellMark::Kind::Problem;
                 ASSERT_EQ(problem, failed.contains(col)) << row.row << "," << col << " " << row.entry;
-                if (!known || failed.contains(col)) {
+                if (!computed || failed.contains(col)) {
                     ASSERT_EQ(row.texts.at(col), "") << row.row << "," << col << " " << row.entry;
                 }
             }
-            if (!known) continue;
+            if (!computed) continue;
             ASSERT_EQ(row.entry.amount, made.amount) << row.entry;
             ASSERT_EQ(row.entry.tax, made.tax) << row.entry;
         }
