@@ -28,6 +28,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -85,6 +86,7 @@ class HelpTable {
     HelpTable& result(std::string_view codeField, std::string_view nameField);
     /// The fields that are searched, first wins. Without it the name field is.
     HelpTable& search(std::initializer_list<std::string_view> fields);
+    HelpTable& search(std::span<const std::string> fields);
     /// Shows the edit button; `component` is handed to GetHelpEdit.
     HelpTable& editable(std::string_view component = {});
 

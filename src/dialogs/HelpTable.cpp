@@ -32,8 +32,12 @@ HelpTable& HelpTable::result(std::string_view codeField, std::string_view nameFi
 }
 
 HelpTable& HelpTable::search(std::initializer_list<std::string_view> fields) {
+    return search(std::vector<std::string>(fields.begin(), fields.end()));
+}
+
+HelpTable& HelpTable::search(std::span<const std::string> fields) {
     searchFields_.clear();
-    for (const std::string_view field : fields) {
+    for (const std::string& field : fields) {
         if (!searchFields_.empty()) searchFields_ += ';';
         searchFields_ += field;
     }

@@ -36,6 +36,21 @@ TEST(SheetExamples, ThatOfFieldTextShowsAHostsOwnType) {
     EXPECT_THROW(sheet.record(1), UnreadableCell);
 }
 
+TEST(SheetExamples, ThatOfCodesTakesOtherMembersFromACode) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+#include "examples/sheet/Codes.inc"
+    sheet.text("name", "品名", &Line::name);
+    sheet.number("price", "单价", &Line::price);
+    sheet.load(std::vector<Line>{});
+    desk.focusGrid();
+    grid.Grid().Select(1, 1);
+    desk.type("１００００１").press(Key::Enter);
+    EXPECT_EQ(sheet.record(1).code, "100001");
+    EXPECT_EQ(sheet.record(1).name, "六角螺栓");
+    EXPECT_EQ(sheet.record(1).price, 3);
+}
+
 TEST(SheetExamples, ThatOfFieldReadsAMember) {
     using Line = GradedLine;
 #include "examples/sheet/Field.inc"
@@ -85,8 +100,7 @@ TEST(SheetExamples, ThatsOfRecordChangesAndFaultSaveAndShow) {
     grid.Grid().RemoveRow(2);
     {
 #include "examples/sheet/RecordChanges.inc"
-    }
-    EXPECT_EQ(done, (std::vector<std::string>{"insert", "update 1", "remove 2"}));
+    } EXPECT_EQ(done, (std::vector<std::string>{"insert", "update 1", "remove 2"}));
     EXPECT_FALSE(sheet.modified());
 
     sheet.edit(2, [](Line& line) { line.price = 0; });

@@ -35,10 +35,10 @@ struct ColumnPlan {
     /// Puts the member of a record from its others; may throw.
     std::function<void(void* record)> computed;
 
-    std::shared_ptr<CodeSource> codes;
+    std::shared_ptr<const CodeSource> codes;
     std::function<void(void* record, const void* found)> found;
     std::function<void(void* record)> cleared;
-    std::string refusal;  ///< what is said of an unknown code
+    std::string refusal;  ///< what is said of an unknown code, or of a text that is none of the constants
 
     std::vector<std::string> constants;
     std::function<bool(const void* record, const std::string& text)> otherConstants;

@@ -37,6 +37,7 @@
 #include <utility>
 #include <vector>
 
+#include "kxVsGrid/sheet/Codes.h"
 #include "kxVsGrid/sheet/RecordChanges.h"
 #include "kxVsGrid/sheet/SheetBody.h"
 #include "kxVsGrid/sheet/SheetColumn.h"
@@ -70,6 +71,22 @@ class Sheet {
     template <class T>
     SheetColumn<Record, T> flag(std::string_view name, std::string_view caption, T Record::*member) {
         return column<FieldKind::Flag>(name, caption, member);
+    }
+    /// Codes of the records of a source: a text, or a number.
+    template <class T, class Code>
+    CodeColumn<Record, T, Code> code(std::string_view name, std::string_view caption, T Record::*member,
+                                     const Codes<Code>& codes) {
+        sheet::ColumnPlan& plan = chosen(name, caption, member);
+        plan.codes = codes.source();
+        return {plan, member};
+    }
+    /// A few texts, or numbers, as they stand in the cells.
+    template <class T>
+    ConstantsColumn<Record, T> constants(std::string_view name, std::string_view caption, T Record::*member,
+                                         std::vector<std::string> texts) {
+        sheet::ColumnPlan& plan = chosen(name, caption, member);
+        plan.constants = std::move(texts);
+        return {plan, member};
     }
 
     // --- Lines
@@ -229,6 +246,15 @@ class Sheet {
             static_assert(FieldText<T>::Kind == Kind,
                           "a sheet's column of this kind shows no member of this type");
         return {body_.column(name, caption, field(member)), member};
+    }
+    template <class T>
+    sheet::ColumnPlan& chosen(std::string_view name, std::string_view caption, T Record::*member) {
+        static_assert(KnownField<T>,
+                      "a sheet does not know the type of this member: specialise kxVsGrid::FieldText for it");
+        if constexpr (KnownField<T>)
+            static_assert(FieldText<T>::Kind == FieldKind::Text || FieldText<T>::Kind == FieldKind::Number,
+                          "codes and constants are texts or numbers");
+        return body_.column(name, caption, field(member));
     }
     template <class T>
     static std::unique_ptr<sheet::Field> field(T Record::*member) {

@@ -1,5 +1,5 @@
-// A column of a sheet, as a host describes it: Sheet<Record>::text, number, ... answer one, and what is said of
-// it counts from the first load on.
+// A column of a sheet, as a host describes it: Sheet<Record>::text, number, code, ... answer one, and what is said
+// of it counts from the first load on.
 //
 //     sheet.number("price", "单价", &Line::price).decimals(2).total();
 #pragma once
@@ -9,47 +9,51 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "kxVsGrid/sheet/ColumnPlan.h"
 
 namespace kxVsGrid {
 
-template <class Record, class T>
-class SheetColumn {
+namespace sheet {
+
+/// What can be said of every column; each answers the column itself, whichever kind it is.
+template <class Column, class Record, class T>
+class ColumnBuilder {
   public:
-    SheetColumn(sheet::ColumnPlan& plan, T Record::*member) : plan_(plan), member_(member) {}
+    ColumnBuilder(ColumnPlan& plan, T Record::*member) : plan_(plan), member_(member) {}
 
     /// The clerk cannot type there.
-    SheetColumn& readOnly() { return put(plan_.readOnly, true); }
+    Column& readOnly() { return put(plan_.readOnly, true); }
     /// Not shown at first.
-    SheetColumn& hidden() { return put(plan_.hidden, true); }
+    Column& hidden() { return put(plan_.hidden, true); }
     /// Summed in the total row.
-    SheetColumn& total() { return put(plan_.total, true); }
+    Column& total() { return put(plan_.total, true); }
     /// Takes what the other columns leave of the control's width.
-    SheetColumn& stretch() { return put(plan_.stretch, true); }
+    Column& stretch() { return put(plan_.stretch, true); }
     /// Numbers are rounded to so many decimals, halves away from zero, and shown with them.
-    SheetColumn& decimals(int count) { return put(plan_.decimals, count); }
+    Column& decimals(int count) { return put(plan_.decimals, count); }
     /// How the values are shown (kxGrid::ColFormat), where decimals() is not enough.
-    SheetColumn& format(std::string_view pattern) { return put(plan_.format, std::string(pattern)); }
+    Column& format(std::string_view pattern) { return put(plan_.format, std::string(pattern)); }
     /// In twips, or as wide as a text in the font that shows it.
-    SheetColumn& width(std::int32_t twips) { return put(plan_.width, twips); }
-    SheetColumn& width(std::string_view sample) { return put(plan_.sample, std::string(sample)); }
+    Column& width(std::int32_t twips) { return put(plan_.width, twips); }
+    Column& width(std::string_view sample) { return put(plan_.sample, std::string(sample)); }
     /// The most characters that can be typed.
-    SheetColumn& limit(std::int16_t characters) { return put(plan_.limit, characters); }
+    Column& limit(std::int16_t characters) { return put(plan_.limit, characters); }
     /// An empty cell (a 0 where the member is not optional) of a line is a fault.
-    SheetColumn& required() { return put(plan_.required, true); }
+    Column& required() { return put(plan_.required, true); }
     /// What rows get that the clerk comes to.
-    SheetColumn& preset(const T& value) {
+    Column& preset(const T& value) {
         plan_.preset.clear();
         FieldText<T>::append(plan_.preset, value);
-        return *this;
+        return self();
     }
     /// Enter goes to the column of that name, in this row or in the next one.
-    SheetColumn& enterTo(std::string_view name) {
+    Column& enterTo(std::string_view name) {
         plan_.enterEndsRow = false;
         return put(plan_.enterTo, std::string(name));
     }
-    SheetColumn& enterToNextRow(std::string_view name) {
+    Column& enterToNextRow(std::string_view name) {
         plan_.enterEndsRow = true;
         return put(plan_.enterTo, std::string(name));
     }
@@ -57,22 +61,82 @@ class SheetColumn {
     /// which the computed columns were declared. The clerk cannot type there. Where it throws, the cell is empty
     /// and bears the reason as a problem.
     template <class Compute>
-    SheetColumn& computed(Compute compute) {
+    Column& computed(Compute compute) {
         plan_.readOnly = true;
         plan_.computed = [member = member_, compute = std::move(compute)](void* record) {
             Record& line = *static_cast<Record*>(record);
             line.*member = compute(static_cast<const Record&>(line));
         };
-        return *this;
+        return self();
     }
 
   protected:
     template <class Value, class Given>
-    SheetColumn& put(Value& place, Given&& value) {
+    Column& put(Value& place, Given&& value) {
         place = std::forward<Given>(value);
+        return self();
+    }
+    Column& self() { return static_cast<Column&>(*this); }
+
+    ColumnPlan& plan_;
+    T Record::*member_;
+};
+}  // namespace sheet
+
+template <class Record, class T>
+class SheetColumn : public sheet::ColumnBuilder<SheetColumn<Record, T>, Record, T> {
+  public:
+    using sheet::ColumnBuilder<SheetColumn, Record, T>::ColumnBuilder;
+};
+
+/// A column of codes, whose records are a source's (Codes.h). What is typed is looked up: the cell gets the code as
+/// the source writes it, with the name as its tag, and an unknown code is refused. F2 chooses from the source's list,
+/// where it has one; suggestions come from the source too. A code that comes unchecked (by a fill, from code, with
+/// what is loaded) and is unknown is a fault; it bears a mark from the step on that brings it.
+///
+/// Where the source throws, what the clerk typed is taken, and the cell is a fault and bears the reason as a mark.
+/// The code is looked up again by the next step that touches the line, and when faults are asked for.
+template <class Record, class T, class Code>
+class CodeColumn : public sheet::ColumnBuilder<CodeColumn<Record, T, Code>, Record, T> {
+  public:
+    using sheet::ColumnBuilder<CodeColumn, Record, T>::ColumnBuilder;
+
+    /// Other members follow from the code: called once whenever the code of a line has become another one, whoever
+    /// has changed it, within the same step; what differs afterwards is written. In a pasted block it comes before
+    /// the cells to the right of the code. Not for lines that are loaded, copied, or put back by undo.
+    CodeColumn& found(std::function<void(Record&, const Code&)> follow) {
+        this->plan_.found = [follow = std::move(follow)](void* record, const void* code) {
+            follow(*static_cast<Record*>(record), *static_cast<const Code*>(code));
+        };
         return *this;
     }
-    sheet::ColumnPlan& plan_;
-    T Record::*member_;
+    /// The same for a code that was emptied. Without it the other members stay.
+    CodeColumn& cleared(std::function<void(Record&)> follow) {
+        this->plan_.cleared = [follow = std::move(follow)](void* record) {
+            follow(*static_cast<Record*>(record));
+        };
+        return *this;
+    }
+    /// What is said of an unknown code. Without it 没有这个 and the caption.
+    CodeColumn& refusal(std::string_view text) { return this->put(this->plan_.refusal, std::string(text)); }
+};
+
+/// A column of a few texts, which F2 offers. Another one is refused when it is typed, and a fault otherwise.
+template <class Record, class T>
+class ConstantsColumn : public sheet::ColumnBuilder<ConstantsColumn<Record, T>, Record, T> {
+  public:
+    using sheet::ColumnBuilder<ConstantsColumn, Record, T>::ColumnBuilder;
+
+    /// Which other texts may stand in a line; the record has the text already.
+    ConstantsColumn& also(std::function<bool(const Record&, const std::string& text)> may) {
+        this->plan_.otherConstants = [may = std::move(may)](const void* record, const std::string& text) {
+            return may(*static_cast<const Record*>(record), text);
+        };
+        return *this;
+    }
+    /// What is said of another text. Without it 只能是 and the texts.
+    ConstantsColumn& refusal(std::string_view text) {
+        return this->put(this->plan_.refusal, std::string(text));
+    }
 };
 }  // namespace kxVsGrid
