@@ -12,7 +12,8 @@ namespace ledger {
 class VoucherSheet {
   public:
     VoucherSheet(kxVsGrid::kxGrid& grid, VoucherStore& store) : grid_(grid), store_(store), sheet_(grid) {
-        accounts_.name(&Account::name).selectable([](const Account& account) { return account.leaf; }, "只能选用末级科目");
+        accounts_.name(&Account::name)
+            .selectable([](const Account& account) { return account.leaf; }, "只能选用末级科目");
 
         sheet_.identity(&Entry::id).version(&Entry::version).position(&Entry::number);
         sheet_.text("summary", "摘要", &Entry::summary).required().limit(40).stretch();

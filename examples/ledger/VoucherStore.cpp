@@ -13,12 +13,12 @@ const char* const Tables[] = {
 };
 
 const char* const Accounts[][2] = {
-    {"1001", "库存现金"},   {"1002", "银行存款"},     {"100201", "工商银行"}, {"100202", "建设银行"},
-    {"1122", "应收账款"},   {"1403", "原材料"},       {"1405", "库存商品"},   {"1602", "累计折旧"},
-    {"2202", "应付账款"},   {"2211", "应付职工薪酬"}, {"221101", "工资"},     {"221102", "社会保险费"},
-    {"2221", "应交税费"},   {"222101", "应交增值税"}, {"4103", "本年利润"},   {"5001", "生产成本"},
-    {"5101", "制造费用"},   {"6001", "主营业务收入"}, {"6602", "管理费用"},   {"660201", "工资"},
-    {"660202", "折旧费"},   {"660203", "办公费"},     {"660204", "房租"},
+    {"1001", "库存现金"}, {"1002", "银行存款"},     {"100201", "工商银行"}, {"100202", "建设银行"},
+    {"1122", "应收账款"}, {"1403", "原材料"},       {"1405", "库存商品"},   {"1602", "累计折旧"},
+    {"2202", "应付账款"}, {"2211", "应付职工薪酬"}, {"221101", "工资"},     {"221102", "社会保险费"},
+    {"2221", "应交税费"}, {"222101", "应交增值税"}, {"4103", "本年利润"},   {"5001", "生产成本"},
+    {"5101", "制造费用"}, {"6001", "主营业务收入"}, {"6602", "管理费用"},   {"660201", "工资"},
+    {"660202", "折旧费"}, {"660203", "办公费"},     {"660204", "房租"},
 };
 
 constexpr const char* InsertEntry =
@@ -73,8 +73,14 @@ std::vector<Entry> VoucherStore::entries(const Voucher& voucher) {
         {sql(voucher.id)});
     const SqliteRow row(found);
     while (found.next()) {
-        all.push_back({row.whole(0), row.whole(1), row.whole(2), row.text(3), row.text(4), {},
-                       row.decimal(5, 2), row.decimal(6, 2)});
+        all.push_back({row.whole(0),
+                       row.whole(1),
+                       row.whole(2),
+                       row.text(3),
+                       row.text(4),
+                       {},
+                       row.decimal(5, 2),
+                       row.decimal(6, 2)});
         for (const Account& account : accounts)
             if (account.code == all.back().account) all.back().name = account.name;
     }
@@ -94,8 +100,8 @@ void VoucherStore::save(Voucher& voucher, kxVsGrid::RecordChanges<Entry>& change
             database_.runForOne(
                 "UPDATE entry SET voucher = ?, number = ?, summary = ?, account = ?, debit_cents = ?,"
                 " credit_cents = ?, version = ? WHERE id = ? AND version = ?",
-                valuesOf(line.after, id) << sql(line.after.version) << sql(line.before.id)
-                                         << sql(line.before.version));
+                valuesOf(line.after, id)
+                    << sql(line.after.version) << sql(line.before.id) << sql(line.before.version));
         }
         for (auto& line : changes.added) {
             line.record.version = 1;

@@ -13,7 +13,9 @@ class CountSheet {
     CountSheet(kxVsGrid::kxGrid& grid, CountStore& store, const Date& today)
         : grid_(grid), store_(store), sheet_(grid) {
         goods_.name(&Goods::name).also(&Goods::pinyin);
-        goods_.field("规格", &Goods::spec, 1300).field("单位", &Goods::unit, 700).field("单价", &Goods::price, 1000);
+        goods_.field("规格", &Goods::spec, 1300)
+            .field("单位", &Goods::unit, 700)
+            .field("单价", &Goods::price, 1000);
 
         sheet_.identity(&CountLine::id).version(&CountLine::version);
         sheet_.code("goods", "货号", &CountLine::goods, goods_)
@@ -53,15 +55,23 @@ class CountSheet {
             .computed([today](const CountLine& line) {
                 return line.counted ? line.countedOn.value_or(today) : std::optional<Date>();
             });
-        sheet_.text("remark", "备注", &CountLine::remark).limit(40).width("备注备注备注").enterToNextRow("counted");
+        sheet_.text("remark", "备注", &CountLine::remark)
+            .limit(40)
+            .width("备注备注备注")
+            .enterToNextRow("counted");
 
         sheet_.inUse([](const CountLine& line) { return !line.goods.empty(); });
-        sheet_.rule("counted", [](const CountLine& line) { return line.counted.value_or(0) >= 0; }, "实盘数量不能为负数");
-        sheet_.rule("price", [](const CountLine& line) { return line.price >= 0; }, "单价不能为负数");
+        sheet_.rule(
+            "counted", [](const CountLine& line) { return line.counted.value_or(0) >= 0; },
+            "实盘数量不能为负数");
+        sheet_.rule(
+            "price", [](const CountLine& line) { return line.price >= 0; }, "单价不能为负数");
     }
 
     /// False when progress ended it.
-    bool load(const kxVsGrid::sheet::Progress& progress = {}) { return sheet_.load(store_.lines(), progress); }
+    bool load(const kxVsGrid::sheet::Progress& progress = {}) {
+        return sheet_.load(store_.lines(), progress);
+    }
 
     /// What is being typed becomes part of the count. False when it is refused, which the clerk is told.
     bool commit() { return grid_.ValidTextData(); }

@@ -46,10 +46,10 @@ void writeSamples(Sqlite& database, int goods, int lines) {
     for (int i = 0; i < lines; ++i) {
         const int number = i * 7 % goods;
         database.run("INSERT INTO count_line VALUES (NULL, 1, ?, ?, ?, ?, NULL, ?, NULL, '')",
-                     {sql(codeOf(number)), sql(std::string(1, static_cast<char>('A' + i % 6)) + "-" +
-                                               std::to_string(10 + i / 50)),
-                      sql("P" + std::to_string(2601 + i % 9)),
-                      sql(std::int64_t{1000} * (5 + i * 13 % 400)), sql(priceOf(number))});
+                     {sql(codeOf(number)),
+                      sql(std::string(1, static_cast<char>('A' + i % 6)) + "-" + std::to_string(10 + i / 50)),
+                      sql("P" + std::to_string(2601 + i % 9)), sql(std::int64_t{1000} * (5 + i * 13 % 400)),
+                      sql(priceOf(number))});
     }
 }
 
@@ -73,11 +73,11 @@ std::vector<Goods> CountStore::goods() {
 }
 
 CountLines CountStore::lines() {
-    return {database_.run(
-                "SELECT l.id, l.version, l.goods, g.name, g.spec, g.unit, l.bin, l.batch, l.book_milli,"
-                " l.counted_milli, l.price_cents, l.counted_on, l.remark"
-                " FROM count_line l JOIN goods g ON g.code = l.goods ORDER BY l.id"),
-            static_cast<std::size_t>(database_.number("SELECT count(*) FROM count_line"))};
+    return {
+        database_.run("SELECT l.id, l.version, l.goods, g.name, g.spec, g.unit, l.bin, l.batch, l.book_milli,"
+                      " l.counted_milli, l.price_cents, l.counted_on, l.remark"
+                      " FROM count_line l JOIN goods g ON g.code = l.goods ORDER BY l.id"),
+        static_cast<std::size_t>(database_.number("SELECT count(*) FROM count_line"))};
 }
 
 CountLine CountLines::Iterator::operator*() const {
@@ -115,7 +115,8 @@ void CountStore::save(kxVsGrid::RecordChanges<CountLine>& changes) {
         for (auto& line : changes.added) {
             line.record.version = 1;
             line.record.id = database_.insert(
-                "INSERT INTO count_line (goods, bin, batch, book_milli, counted_milli, price_cents, counted_on,"
+                "INSERT INTO count_line (goods, bin, batch, book_milli, counted_milli, price_cents, "
+                "counted_on,"
                 " remark, version) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 1)",
                 valuesOf(line.record));
         }

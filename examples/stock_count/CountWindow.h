@@ -65,7 +65,8 @@ class CountWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override {
         if (!count_.commit()) return event->ignore();
         if (!count_.sheet().modified()) return;
-        QMessageBox box(QMessageBox::Question, "库存盘点", "盘点结果还没有保存。", QMessageBox::NoButton, this);
+        QMessageBox box(QMessageBox::Question, "库存盘点", "盘点结果还没有保存。", QMessageBox::NoButton,
+                        this);
         QAbstractButton* save = box.addButton("保存", QMessageBox::AcceptRole);
         QAbstractButton* discard = box.addButton("不保存", QMessageBox::DestructiveRole);
         box.addButton("取消", QMessageBox::RejectRole);
