@@ -20,7 +20,6 @@ class VoucherSheet {
         sheet_.code("account", "科目", &Entry::account, accounts_)
             .found([](Entry& entry, const Account& account) { entry.name = account.name; })
             .cleared([](Entry& entry) { entry.name.clear(); })
-            .refusal("没有这个科目")
             .required()
             .width("00000000000");
         sheet_.text("name", "科目名称", &Entry::name).readOnly().width("应付职工薪酬-社会保险费用");

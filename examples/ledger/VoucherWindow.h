@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -61,8 +62,8 @@ class VoucherWindow : public QMainWindow {
         if (!voucher_.commit()) return event->ignore();
         if (!voucher_.sheet().modified()) return;
         QMessageBox box(QMessageBox::Question, "记账凭证", "凭证还没有保存。", QMessageBox::NoButton, this);
-        QAbstractButton* save = box.addButton("保存", QMessageBox::AcceptRole);
-        QAbstractButton* discard = box.addButton("不保存", QMessageBox::DestructiveRole);
+        const auto* save = box.addButton("保存", QMessageBox::AcceptRole);
+        const auto* discard = box.addButton("不保存", QMessageBox::DestructiveRole);
         box.addButton("取消", QMessageBox::RejectRole);
         box.exec();
         const bool leaves = box.clickedButton() == discard || (box.clickedButton() == save && this->save());

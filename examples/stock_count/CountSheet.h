@@ -26,7 +26,6 @@ class CountSheet {
                 line.price = goods.price;
             })
             .cleared([](CountLine& line) { line.name = line.spec = line.unit = {}; })
-            .refusal("没有这个货号")
             .width("100000000");
         sheet_.text("name", "品名", &CountLine::name).readOnly().stretch();
         sheet_.text("spec", "规格", &CountLine::spec).readOnly().width("M00×0000");

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -67,8 +68,8 @@ class CountWindow : public QMainWindow {
         if (!count_.sheet().modified()) return;
         QMessageBox box(QMessageBox::Question, "库存盘点", "盘点结果还没有保存。", QMessageBox::NoButton,
                         this);
-        QAbstractButton* save = box.addButton("保存", QMessageBox::AcceptRole);
-        QAbstractButton* discard = box.addButton("不保存", QMessageBox::DestructiveRole);
+        const auto* save = box.addButton("保存", QMessageBox::AcceptRole);
+        const auto* discard = box.addButton("不保存", QMessageBox::DestructiveRole);
         box.addButton("取消", QMessageBox::RejectRole);
         box.exec();
         const bool leaves = box.clickedButton() == discard || (box.clickedButton() == save && this->save());
