@@ -2,6 +2,8 @@
 
 #include <exception>
 
+#include "sheet/Constants.h"
+
 namespace kxVsGrid::sheet {
 
 std::string Faults::brokenRule(const void* record, std::int32_t column) const {
@@ -16,7 +18,8 @@ std::string Faults::brokenRule(const void* record, std::int32_t column) const {
     return {};
 }
 
-std::string Faults::reason(const void* record, std::int32_t row, std::int32_t column) const {
+std::string Faults::reason(const void* record, std::int32_t row, std::int32_t column,
+                           CodeColumns::Answers& answers) const {
     const ColumnPlan& plan = c_.plan(column);
     const std::string text = c_.cells().Text(row, c_.gridCol(column));
     if (const AnyRecord scratch = c_.make(nullptr); !plan.field->read(scratch.get(), text))
@@ -25,16 +28,20 @@ std::string Faults::reason(const void* record, std::int32_t row, std::int32_t co
         if (std::string why = computing_.reason(record, column); !why.empty()) return why;
     const bool empty = text.empty() || (!plan.field->optional() && text == "0");
     if (plan.required && empty) return plan.field->kind() == FieldKind::Number ? "不能为零" : "不能为空";
-    return brokenRule(record, column);
+    std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
+    if (why.empty()) why = refusedConstant(plan, record, text);
+    return why.empty() ? brokenRule(record, column) : why;
 }
 
 void Faults::visit(const std::function<bool(Fault)>& visitor) const {
+    CodeColumns::Answers answers;
+    codes_.retry(answers);
     for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row) {
         std::optional<Fault> unreadable;
         const AnyRecord record = lines_.read(row, unreadable);
         if (!unreadable && !lines_.isInUse(row, record.get())) continue;
         for (std::int32_t column = 0; column < c_.count(); ++column) {
-            std::string why = reason(record.get(), row, column);
+            std::string why = reason(record.get(), row, column, answers);
             if (!why.empty() && !visitor(c_.faultAt(row, column, std::move(why)))) return;
         }
     }
@@ -51,6 +58,7 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
         return plan.field->kind() == FieldKind::Number ? "这个数太大，或者小数位太多。" : "不能识别。";
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
+    if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
     return lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column) : std::string();
 }
 }  // namespace kxVsGrid::sheet

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "sheet/CodeColumns.h"
 #include "sheet/Computing.h"
 #include "sheet/Lines.h"
 #include "sheet/SheetContext.h"
@@ -13,21 +14,24 @@ namespace kxVsGrid::sheet {
 
 class Faults {
   public:
-    Faults(const SheetContext& context, const Lines& lines, const Computing& computing)
-        : c_(context), lines_(lines), computing_(computing) {}
+    Faults(const SheetContext& context, const Lines& lines, const Computing& computing, CodeColumns& codes)
+        : c_(context), lines_(lines), computing_(computing), codes_(codes) {}
 
-    /// Visits what is wrong, row by row; the visitor answers whether to go on.
+    /// Visits what is wrong, row by row; the visitor answers whether to go on. Codes that could not be found are
+    /// looked up again first, and each different code once.
     void visit(const std::function<bool(Fault)>& visitor) const;
     /// Why a text may not be typed into the cell; empty where it may.
     std::string refusal(std::int32_t row, std::int32_t column, std::string_view text) const;
 
   private:
     /// Of one cell of a line; empty where nothing is.
-    std::string reason(const void* record, std::int32_t row, std::int32_t column) const;
+    std::string reason(const void* record, std::int32_t row, std::int32_t column,
+                       CodeColumns::Answers& answers) const;
     std::string brokenRule(const void* record, std::int32_t column) const;
 
     const SheetContext& c_;
     const Lines& lines_;
     const Computing& computing_;
+    CodeColumns& codes_;
 };
 }  // namespace kxVsGrid::sheet

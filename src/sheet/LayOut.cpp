@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "sheet/CodeColumns.h"
+#include "sheet/Constants.h"
+
 namespace kxVsGrid::sheet {
 namespace {
 
@@ -70,6 +73,30 @@ std::string sampleOf(const ColumnPlan& plan) {
     return usual.size() >= caption.size() ? usual : caption;
 }
 
+void defineCodes(cVsControl& definition, const ColumnPlan& plan) {
+    const std::string basis = CodeColumns::basisOf(plan);
+    definition.i有效性判断(1);
+    definition.i字段有效性判断类型(ij编码型);
+    definition.s有效性判断基础(basis);
+    definition.s文本框对应编码字段(plan.name);
+    definition.s错误提示信息(CodeColumns::refusalOf(plan));
+    definition.b是否提供帮助(!plan.readOnly && plan.codes->listed());
+    definition.i帮助类型(ih通用型);
+    definition.sHelp_Code(basis);
+}
+
+void defineConstants(cVsControl& definition, const ColumnPlan& plan) {
+    definition.b是否提供帮助(!plan.readOnly);
+    definition.i帮助类型(ih常量型);
+    definition.sHelp_Code(constantsList(plan));
+}
+
+SuggestionSource suggestionsOf(const ColumnPlan& plan) {
+    if (plan.readOnly) return {};
+    if (plan.codes) return plan.codes->suggestions();
+    return plan.constants.empty() ? SuggestionSource() : SuggestionSource(suggestedConstants(plan));
+}
+
 void define(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     const auto definition = c.grid.VsCtrl(static_cast<std::int16_t>(col));
     const FieldKind kind = plan.field->kind();
@@ -92,6 +119,8 @@ void define(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
         definition->b是否提供帮助(!plan.readOnly);
         definition->i帮助类型(kind == FieldKind::Date ? ih日期型 : ih时间型);
     }
+    if (plan.codes) defineCodes(*definition, plan);
+    if (!plan.constants.empty()) defineConstants(*definition, plan);
     if (plan.enterTo.empty()) return;
     const std::int32_t target = c.columnNamed(plan.enterTo);
     if (target < 0) throw GridError("enterTo: there is no column " + plan.enterTo);
@@ -108,6 +137,7 @@ void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     ColumnOptions& options = c.grid.Options(col);
     options.sortable(true);
     options.filterable(true);
+    if (SuggestionSource suggestions = suggestionsOf(plan)) options.suggest(std::move(suggestions));
 }
 
 /// Captions go through the property that keeps them.

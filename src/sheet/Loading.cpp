@@ -88,6 +88,7 @@ void SheetBody::Loading::finish() {
         grid.Grid().Select(first, grid.FixedCols());
         grid.Grid().IdsOf(first, rows);
         body->computing.forgetMarks();
+        body->codes.forget();
         grid.ClearMarks();
     } catch (...) {
         // Half of the lines would be saved as all there are.

@@ -88,7 +88,7 @@ void SheetBody::put(std::int32_t row, const void* record) {
     const std::shared_ptr<Impl> impl = impl_;
     impl->requireRow("put", row);
     ChangeStep step = impl->context.grid.Step("修改");
-    impl->lines.write(row, record);
+    impl->write(row, record);
     step.close();
 }
 
@@ -102,7 +102,7 @@ std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& recor
     const std::int32_t needed = row + static_cast<std::int32_t>(records.size()) + 1;
     if (needed > grid.Rows()) grid.Rows(needed);
     for (const KeptRecord& record : records) {
-        impl->lines.write(row, record.get());
+        impl->write(row, record.get());
         rows.push_back(row++);
     }
     step.close();
@@ -112,8 +112,10 @@ std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& recor
 void SheetBody::recompute() {
     const std::shared_ptr<Impl> impl = impl_;
     ChangeStep step = impl->context.grid.Step("重新计算");
-    for (std::int32_t row = impl->context.firstRow(); row < impl->context.endRow(); ++row)
-        impl->computing.settle(row);
+    for (std::int32_t row = impl->context.firstRow(); row < impl->context.endRow(); ++row) {
+        impl->codes.settle(row);
+        if (row < impl->context.endRow()) impl->computing.settle(row);
+    }
     step.close();
 }
 

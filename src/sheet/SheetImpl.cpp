@@ -15,8 +15,12 @@ void SheetBody::Impl::attach() {
         grid.AddVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
     connections.push_back(
         grid.DeleteVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
-    connections.push_back(grid.AfterAddRow.connect(
-        [](bool& keeps, std::int32_t, bool copied, std::int32_t) { keeps = copied; }));
+    connections.push_back(
+        grid.AfterAddRow.connect([this](bool& keeps, std::int32_t row, bool copied, std::int32_t source) {
+            keeps = copied;
+            if (laidOut && copied && row >= 0 && source >= 0) codes.copied(row, source);
+        }));
+    attachCodes();
     connections.push_back(grid.Options().RowInUse.connect(
         [this](std::int32_t row, bool& inUse) { inUse = laidOut && lines.isInUse(row); }));
     connections.push_back(grid.Changes().After.connect([this](const StepChanges& step) { settled(step); }));
@@ -27,6 +31,37 @@ void SheetBody::Impl::attach() {
     grid.Changes().AddSettler([weak = weak_from_this()](const StepChanges& step) {
         if (const auto self = weak.lock()) self->settle(step);
     });
+}
+
+/// A listener of what follows may destroy the sheet.
+void SheetBody::Impl::attachCodes() {
+    kxGrid& grid = context.grid;
+    connections.push_back(grid.TxtValidBmS.connect(
+        [this](const std::string& basis, const std::string&, const std::string&, const std::string& typed,
+               std::string& code, std::string& name) { codes.check(basis, typed, code, name); }));
+    connections.push_back(
+        grid.GetHelpCodeInfo.connect([this](const Variant& basis, Variant& code, Variant& info,
+                                            Variant& data) { codes.list(basis, code, info, data); }));
+    connections.push_back(grid.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
+        const auto self = shared_from_this();
+        const std::int32_t column = col - context.grid.FixedCols();
+        if (laidOut && !loading && column >= 0 && column < context.count() && context.plan(column).codes)
+            codes.follow(row);
+    }));
+}
+
+void SheetBody::Impl::write(std::int32_t row, const void* record) {
+    std::optional<Fault> unreadable;
+    const AnyRecord before = lines.read(row, unreadable);
+    lines.write(row, record);
+    if (row >= context.endRow() || !codes.follow(row) || row >= context.endRow()) return;
+    const AnyRecord merged = lines.read(row, unreadable);
+    for (std::int32_t column = 0; column < context.count(); ++column) {
+        const ColumnPlan& plan = context.plan(column);
+        if (!plan.codes && !plan.computed && !plan.field->alike(before.get(), record))
+            plan.field->read(merged.get(), lines.text(record, column));
+    }
+    lines.write(row, merged.get());
 }
 
 void SheetBody::Impl::layOut() {
@@ -70,14 +105,21 @@ void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
 void SheetBody::Impl::settle(const StepChanges& step) {
     if (!laidOut || loading) return;
     eachRow(step, [&](std::int32_t row) {
-        round(row, step);
+        codes.settle(row);
+        if (row < context.endRow()) round(row, step);
         if (row < context.endRow()) computing.settle(row);
     });
 }
 
 void SheetBody::Impl::settled(const StepChanges& step) {
     if (!laidOut || loading) return;
-    if (step.cause == Cause::Undo) eachRow(step, [&](std::int32_t row) { computing.mark(row); });
+    if (step.cause == Cause::Undo) {
+        CodeColumns::Answers answers;
+        eachRow(step, [&](std::int32_t row) {
+            computing.mark(row);
+            codes.undone(row, answers);
+        });
+    }
     tellModified();
 }
 

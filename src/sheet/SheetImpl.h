@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "sheet/CodeColumns.h"
 #include "sheet/Computing.h"
 #include "sheet/Faults.h"
 #include "sheet/Lines.h"
@@ -31,13 +32,17 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     void requireOpen(std::string_view what) const;
     /// The fault with a way to its cell, wherever its row is by then.
     Fault shown(Fault fault);
+    void attachCodes();
+    /// Writes what differs. What follows from a code comes before what was given beside it.
+    void write(std::int32_t row, const void* record);
     void round(std::int32_t row, const StepChanges& step);
 
     SheetContext context;
     Saved saved{context};
     Lines lines{context, saved};
     Computing computing{context, lines};
-    Faults faults{context, lines, computing};
+    CodeColumns codes{context, lines, saved};
+    Faults faults{context, lines, computing, codes};
     Event<bool> modifiedTold;
     bool modified = false;  ///< as it was told last
     bool laidOut = false;

@@ -1,0 +1,317 @@
+#include "sheet/CodeColumns.h"
+
+#include <exception>
+
+namespace kxVsGrid::sheet {
+namespace {
+
+constexpr std::string_view BasisPrefix = "sheet:";
+/// The name of no code: a check without one refuses.
+const std::string NoName = " ";
+const std::string CannotLookUp = "现在不能查找";
+
+std::string said(const std::exception& error) {
+    const std::string what = error.what();
+    return what.empty() ? CannotLookUp : what;
+}
+}  // namespace
+
+CodeColumns::~CodeColumns() {
+    if (listening_) c_.cells().RemoveListener(*this);
+}
+
+std::string CodeColumns::basisOf(const ColumnPlan& plan) {
+    return std::string(BasisPrefix) + plan.name;
+}
+
+std::string CodeColumns::refusalOf(const ColumnPlan& plan) {
+    return plan.refusal.empty() ? "没有这个" + plan.caption : plan.refusal;
+}
+
+std::int32_t CodeColumns::columnWith(std::string_view basis) const {
+    if (!basis.starts_with(BasisPrefix)) return -1;
+    const std::int32_t column = c_.columnNamed(basis.substr(BasisPrefix.size()));
+    return column >= 0 && c_.plan(column).codes ? column : -1;
+}
+
+// --- Checks and helps
+
+CodeColumns::Answer CodeColumns::lookUp(std::int32_t column, const std::string& text) const {
+    const ColumnPlan& plan = c_.plan(column);
+    try {
+        Answer answer{plan.codes->find(text), {}};
+        answer.reason = answer.found ? plan.codes->objection(answer.found.get()) : refusalOf(plan);
+        return answer;
+    } catch (const std::exception& error) {
+        return {nullptr, said(error), true};
+    } catch (...) {
+        return {nullptr, CannotLookUp, true};
+    }
+}
+
+const CodeColumns::Answer& CodeColumns::lookUp(std::int32_t column, const std::string& text,
+                                               Answers& answers) const {
+    const auto key = std::make_pair(column, text);
+    const auto known = answers.find(key);
+    return known != answers.end() ? known->second
+                                  : answers.insert_or_assign(key, lookUp(column, text)).first->second;
+}
+
+/// Asked anew each time. The answer is kept for what follows from the code within the step.
+void CodeColumns::check(std::string_view basis, std::string_view typed, std::string& code,
+                        std::string& name) {
+    const std::int32_t column = columnWith(basis);
+    if (column < 0) return;
+    const std::string text(trimmedCode(typed));
+    code = text;
+    name = NoName;
+    if (text.empty()) return;
+    untilStepCloses();
+    const Answer answer = lookUp(column, text);
+    answers_[{column, text}] = answer;
+    name = text;
+    if (answer.failed) return;
+    name.clear();
+    c_.grid.VsCtrl(static_cast<std::int16_t>(c_.gridCol(column)))->s错误提示信息(answer.reason);
+    if (!answer.reason.empty()) return;
+    const CodeSource& source = *c_.plan(column).codes;
+    code = source.codeOf(answer.found.get());
+    name = source.nameOf(answer.found.get());
+    answers_[{column, code}] = answer;
+}
+
+void CodeColumns::list(const Variant& basis, Variant& code, Variant& info, Variant& data) const {
+    const std::int32_t column = columnWith(basis.isArray() ? std::string() : basis.toText());
+    if (column < 0) return;
+    const ColumnPlan& plan = c_.plan(column);
+    plan.codes->list(plan.caption).answer(code, info, data);
+}
+
+// --- What follows from a code
+
+bool CodeColumns::follow(std::int32_t row) {
+    return followLine(c_.cells().IdOf(row), false);
+}
+
+void CodeColumns::settle(std::int32_t row) {
+    followLine(c_.cells().IdOf(row), true);
+}
+
+/// What follows from one code may be the code of another column.
+bool CodeColumns::followLine(RowId row, bool marks) {
+    bool any = false;
+    for (std::int32_t pass = 0; pass < c_.count(); ++pass) {
+        bool again = false;
+        for (std::int32_t column = 0; column < c_.count(); ++column)
+            if (c_.plan(column).codes && followCell({row, column}, marks)) again = true;
+        if (!again) break;
+        any = true;
+    }
+    return any;
+}
+
+bool CodeColumns::followCell(const Cell& cell, bool marks) {
+    if (rowOf(cell) < 0) return false;
+    const std::string text = textOf(cell);
+    if (text.empty()) writeTag(cell, {});
+    const auto missed = missed_.find(cell);
+    if (text == foundFor(cell)) {
+        if (missed == missed_.end()) return false;
+        if (missed->second.text != text) {
+            settleMissed(cell);
+            return false;
+        }
+    }
+    if (text.empty()) return clear(cell);
+    untilStepCloses();
+    const Answer answer = lookUp(cell.column, text, answers_);
+    const std::string reason = answer.reason.empty() ? apply(cell, text, answer.found) : answer.reason;
+    if (reason.empty())
+        settleMissed(cell);
+    else if (marks)
+        miss(cell, text, reason);
+    return reason.empty();
+}
+
+/// A copy that the host has not kept is emptied by nobody's wish.
+bool CodeColumns::clear(const Cell& cell) {
+    const ColumnPlan& plan = c_.plan(cell.column);
+    settleMissed(cell);
+    noteFound(cell, {});
+    if (!plan.cleared || copies_.count(cell.row) > 0 || rowOf(cell) < 0) return true;
+    std::optional<Fault> unreadable;
+    const AnyRecord before = lines_.read(rowOf(cell), unreadable);
+    const AnyRecord after = c_.make(before.get());
+    plan.cleared(after.get());
+    write(cell.row, before.get(), after.get());
+    return true;
+}
+
+/// Answers why nothing could follow. The code counts as followed before anybody hears of what is written.
+std::string CodeColumns::apply(const Cell& cell, const std::string& text, const CodeSource::Found& found) {
+    const ColumnPlan& plan = c_.plan(cell.column);
+    std::optional<Fault> unreadable;
+    const AnyRecord before = lines_.read(rowOf(cell), unreadable);
+    const AnyRecord after = c_.make(before.get());
+    try {
+        if (plan.found) plan.found(after.get(), found.get());
+    } catch (const std::exception& error) {
+        return said(error);
+    }
+    const std::string code = plan.codes->codeOf(found.get());
+    noteFound(cell, code);
+    if (code != text) c_.grid.SetCell(rowOf(cell), c_.gridCol(cell.column), code);
+    writeTag(cell, plan.codes->nameOf(found.get()));
+    write(cell.row, before.get(), after.get());
+    return {};
+}
+
+void CodeColumns::write(RowId id, const void* before, const void* after) {
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        const ColumnPlan& plan = c_.plan(column);
+        const std::int32_t row = c_.cells().RowOf(id);
+        if (row < 0) return;
+        if (plan.computed || plan.field->alike(before, after)) continue;
+        std::string text = lines_.text(after, column);
+        if (plan.decimals) text = Lines::rounded(text, *plan.decimals);
+        if (c_.cells().Text(row, c_.gridCol(column)) != text) c_.grid.SetCell(row, c_.gridCol(column), text);
+    }
+}
+
+/// The name goes with the code, as the check has it.
+void CodeColumns::writeTag(const Cell& cell, const std::string& tag) {
+    const std::int32_t row = rowOf(cell);
+    const std::int32_t col = c_.gridCol(cell.column);
+    if (row >= 0 && c_.cells().Data(row, col) != tag) c_.cells().Data(row, col, tag);
+}
+
+// --- For which codes members were found
+
+std::string CodeColumns::textOf(const Cell& cell) const {
+    return c_.cells().Text(rowOf(cell), c_.gridCol(cell.column));
+}
+
+std::string CodeColumns::foundFor(const Cell& cell) const {
+    if (const auto now = following_.find(cell); now != following_.end()) return now->second;
+    if (const auto before = found_.find(cell); before != found_.end()) return before->second;
+    const KeptRecord kept = saved_.of(cell.row);
+    return kept ? lines_.text(kept.get(), cell.column) : std::string();
+}
+
+void CodeColumns::noteFound(const Cell& cell, const std::string& code) {
+    untilStepCloses();
+    following_[cell] = code;
+}
+
+void CodeColumns::copied(std::int32_t row, std::int32_t source) {
+    const RowId id = c_.cells().IdOf(row);
+    const RowId from = c_.cells().IdOf(source);
+    untilStepCloses();
+    copies_.insert(id);
+    for (std::int32_t column = 0; column < c_.count(); ++column)
+        if (c_.plan(column).codes && missed_.count({from, column}) == 0)
+            noteFound({id, column}, textOf({id, column}));
+}
+
+/// Only while there is something to hear of: a listener makes writing slower.
+void CodeColumns::untilStepCloses() {
+    if (listening_) return;
+    c_.cells().AddListener(*this);
+    listening_ = true;
+}
+
+/// Without the memory for it codes are looked up once more.
+void CodeColumns::stepClosed(std::string_view, Cause) noexcept {
+    try {
+        for (const auto& [cell, code] : following_)
+            if (rowOf(cell) >= 0 && textOf(cell) == code) found_[cell] = code;
+    } catch (...) {
+    }
+    following_.clear();
+    answers_.clear();
+    copies_.clear();
+    c_.cells().RemoveListener(*this);
+    listening_ = false;
+}
+
+void CodeColumns::undone(std::int32_t row, Answers& answers) {
+    const RowId id = c_.cells().IdOf(row);
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        if (!c_.plan(column).codes) continue;
+        const Cell cell{id, column};
+        const std::string text = textOf(cell);
+        found_[cell] = text;
+        const bool doubtful = doubtful_.count({column, text}) > 0;
+        const std::string reason = doubtful ? lookUp(column, text, answers).reason : std::string();
+        if (reason.empty())
+            settleMissed(cell);
+        else
+            miss(cell, text, reason);
+    }
+}
+
+// --- Codes that could not be found
+
+void CodeColumns::miss(const Cell& cell, const std::string& text, const std::string& reason) {
+    const std::int32_t row = rowOf(cell);
+    if (row < 0) return;
+    doubtful_.insert({cell.column, text});
+    missed_[cell] = {text, reason};
+    const std::int32_t col = c_.gridCol(cell.column);
+    const CellMark mark{CellMark::Kind::Problem, reason};
+    if (const CellMark* const there = c_.grid.Mark(row, col); !there || *there != mark)
+        c_.grid.Mark(row, col, mark);
+}
+
+void CodeColumns::settleMissed(const Cell& cell) {
+    const auto missed = missed_.find(cell);
+    if (missed == missed_.end()) return;
+    const std::string reason = missed->second.reason;
+    missed_.erase(missed);
+    takeMarkAway(cell, reason);
+}
+
+void CodeColumns::takeMarkAway(const Cell& cell, const std::string& reason) {
+    const std::int32_t row = rowOf(cell);
+    if (row < 0) return;
+    const std::int32_t col = c_.gridCol(cell.column);
+    const CellMark* const there = c_.grid.Mark(row, col);
+    if (there && there->text == reason) c_.grid.Mark(row, col, std::nullopt);
+}
+
+void CodeColumns::retry(Answers& answers) {
+    std::vector<Cell> there;
+    for (const auto& [cell, missed] : std::map(missed_)) {
+        if (rowOf(cell) < 0) continue;
+        const std::string text = textOf(cell);
+        const std::string reason = text.empty() ? std::string() : lookUp(cell.column, text, answers).reason;
+        if (reason.empty())
+            there.push_back(cell);
+        else
+            miss(cell, text, reason);
+    }
+    if (there.empty()) return;
+    ChangeStep step = c_.grid.Step("补查编码");
+    untilStepCloses();
+    answers_ = answers;
+    for (const Cell& cell : there) followLine(cell.row, true);
+    step.close();
+}
+
+std::string CodeColumns::reason(std::int32_t row, std::int32_t column, const std::string& text,
+                                Answers& answers) const {
+    if (text.empty()) return {};
+    const auto missed = missed_.find({c_.cells().KnownId(row), column});
+    if (missed != missed_.end() && missed->second.text == text) return missed->second.reason;
+    return lookUp(column, text, answers).reason;
+}
+
+void CodeColumns::forget() {
+    found_.clear();
+    missed_.clear();
+    doubtful_.clear();
+    following_.clear();
+    answers_.clear();
+    copies_.clear();
+}
+}  // namespace kxVsGrid::sheet

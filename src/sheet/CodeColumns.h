@@ -1,0 +1,107 @@
+// Columns of codes: what is typed is looked up, and other members follow from what is found.
+//
+// For each line it is known for which code its members were found: the code of the record that is kept for the row,
+// but for rows whose code has changed since. What a step has found counts once the step has closed, as far as the
+// cells still hold it then: a step may be taken back.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "kxVsGrid/ChangeListener.h"
+#include "sheet/Lines.h"
+#include "sheet/Saved.h"
+#include "sheet/SheetContext.h"
+
+namespace kxVsGrid::sheet {
+
+class CodeColumns : private ChangeListener {
+  public:
+    struct Answer {
+        CodeSource::Found found;
+        std::string reason;   ///< why the code may not stand there; empty where it may
+        bool failed = false;  ///< the source threw: nobody knows
+    };
+    /// Of a column's source, by what was asked.
+    using Answers = std::map<std::pair<std::int32_t, std::string>, Answer>;
+
+    CodeColumns(const SheetContext& context, const Lines& lines, const Saved& saved)
+        : c_(context), lines_(lines), saved_(saved) {}
+    ~CodeColumns() override;
+
+    /// By what a column's checks and helps are told from those of others.
+    static std::string basisOf(const ColumnPlan& plan);
+    static std::string refusalOf(const ColumnPlan& plan);
+
+    /// Answers a check or a help that is for one of these columns; nothing else.
+    void check(std::string_view basis, std::string_view typed, std::string& code, std::string& name);
+    void list(const Variant& basis, Variant& code, Variant& info, Variant& data) const;
+
+    /// A cell was typed or pasted into; true when other members have followed.
+    bool follow(std::int32_t row);
+    /// The same at the end of a step, where what cannot be found gets its mark.
+    void settle(std::int32_t row);
+    /// A row was made a copy of another one: its members go with its code as they are.
+    void copied(std::int32_t row, std::int32_t source);
+    /// The row was put back.
+    void undone(std::int32_t row, Answers& answers);
+    /// Looks again for what could not be found, and has members follow from it.
+    void retry(Answers& answers);
+    /// Why the code may not stand in the cell.
+    std::string reason(std::int32_t row, std::int32_t column, const std::string& text,
+                       Answers& answers) const;
+    /// Other lines were loaded.
+    void forget();
+
+  private:
+    struct Cell {
+        RowId row;
+        std::int32_t column;
+        auto operator<=>(const Cell&) const = default;
+    };
+    /// What could not be found, as it was asked.
+    struct Missed {
+        std::string text;
+        std::string reason;
+    };
+
+    void stepClosed(std::string_view name, Cause cause) noexcept override;
+    bool hearsFilled() const noexcept override { return true; }
+    void untilStepCloses();
+
+    std::int32_t columnWith(std::string_view basis) const;
+    Answer lookUp(std::int32_t column, const std::string& text) const;
+    const Answer& lookUp(std::int32_t column, const std::string& text, Answers& answers) const;
+    bool followLine(RowId row, bool marks);
+    bool followCell(const Cell& cell, bool marks);
+    bool clear(const Cell& cell);
+    std::string apply(const Cell& cell, const std::string& text, const CodeSource::Found& found);
+    void write(RowId row, const void* before, const void* after);
+    void writeTag(const Cell& cell, const std::string& tag);
+    void noteFound(const Cell& cell, const std::string& code);
+    std::string foundFor(const Cell& cell) const;
+    void miss(const Cell& cell, const std::string& text, const std::string& reason);
+    void settleMissed(const Cell& cell);
+    void takeMarkAway(const Cell& cell, const std::string& reason);
+    std::string textOf(const Cell& cell) const;
+    std::int32_t rowOf(const Cell& cell) const { return c_.cells().RowOf(cell.row); }
+
+    const SheetContext& c_;
+    const Lines& lines_;
+    const Saved& saved_;
+    std::map<Cell, std::string> found_;  ///< the codes for which members were found
+    std::map<Cell, Missed> missed_;      ///< cells with a code that could not be found; each bears a mark
+    std::set<std::pair<std::int32_t, std::string>> doubtful_;  ///< columns and texts that were missed once
+    // Of the step that is open:
+    Answers answers_;
+    std::map<Cell, std::string> following_;
+    std::set<RowId> copies_;
+    bool listening_ = false;
+};
+}  // namespace kxVsGrid::sheet
