@@ -6,6 +6,11 @@
 #include "kxVsGrid/headless/Desk.h"
 
 namespace ledger {
+void PrintTo(const Entry& entry, std::ostream* out) {
+    *out << entry.id << " v" << entry.version << ' ' << entry.number << ' ' << entry.account << ' '
+         << entry.debit.text() << ' ' << entry.credit.text();
+}
+
 namespace {
 using kxVsGrid::Command;
 using kxVsGrid::Key;

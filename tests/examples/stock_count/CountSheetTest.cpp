@@ -9,6 +9,11 @@
 #include "kxVsGrid/headless/Desk.h"
 
 namespace stock_count {
+void PrintTo(const CountLine& line, std::ostream* out) {
+    *out << line.id << " v" << line.version << ' ' << line.goods << ' ' << line.name << ' ' << line.bin << ' '
+         << (line.counted ? line.counted->text() : "-");
+}
+
 namespace {
 using kxVsGrid::Command;
 using kxVsGrid::Key;
