@@ -69,4 +69,5 @@ void planHistory(Plan& plan);
 void planDrafts(Plan& plan);
 void planClipboard(Plan& plan);
 void planFind(Plan& plan);
+void planSheet(Plan& plan);
 }  // namespace kxbench

@@ -57,6 +57,7 @@ Plan makePlan() {
     planDrafts(plan);
     planClipboard(plan);
     planFind(plan);
+    planSheet(plan);
     return plan;
 }
 

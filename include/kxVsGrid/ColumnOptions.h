@@ -93,6 +93,23 @@ class ColumnOptions {
     bool skipFilled() const { return skipFilled_; }
     void skipFilled(bool skips) { skipFilled_ = skips; }
 
+    /// What becomes of a zero in a number column, and of 1900-01-01 in a date column. AsGrid: what code writes
+    /// (`SetCell`) goes by `bIsShowZero`, and what the clerk enters is kept. Blank: the cell becomes empty;
+    /// Keep: it holds the zero; in both cases whoever writes it, and whatever `bIsShowZero` says. A text that
+    /// is no date goes with the zeros where code writes it; one that a clerk enters is kept. AsGrid at first.
+    enum class Zero { AsGrid, Blank, Keep };
+    Zero zero() const { return zero_; }
+    void zero(Zero becomes) { zero_ = becomes; }
+
+    /// In a number column the number that a clerk enters is stored with every one of its up to 18 digits, of
+    /// which nine may be decimals, and without superfluous zeros (support/Decimal.h reads it back): 007 is 7,
+    /// 1.50 is 1.5, and where the format shows groups and percent 1,234.5 is 1234.5 and 12% is 0.12. Further
+    /// decimals are rounded; a number that has more than 18 digits then breaks this as a rule. An expression is
+    /// worked out as it always is, to 15 digits, of which nine decimals are kept. False at first: every number
+    /// has up to 15 digits.
+    bool exact() const { return exact_; }
+    void exact(bool keepsDigits) { exact_ = keepsDigits; }
+
   private:
     struct Pattern;
     std::optional<int> mostDecimals_;
@@ -106,5 +123,7 @@ class ColumnOptions {
     bool filterable_ = false;
     SuggestionSource suggest_;
     bool skipFilled_ = false;
+    Zero zero_ = Zero::AsGrid;
+    bool exact_ = false;
 };
 }  // namespace kxVsGrid

@@ -36,6 +36,11 @@ class ColumnArray {
         return static_cast<std::size_t>(col) < options_.size() ? options_[static_cast<std::size_t>(col)]
                                                                : nullptr;
     }
+    /// What becomes of zeros in the column; cheap, since each cell that code writes asks it.
+    ColumnOptions::Zero zero(std::int32_t col) const {
+        const auto at = static_cast<std::size_t>(col);
+        return at < options_.size() && options_[at] ? options_[at]->zero() : ColumnOptions::Zero::AsGrid;
+    }
 
   private:
     std::shared_ptr<cVsControl>& slot(std::int32_t col) {

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "editing/ExactNumber.h"
+#include "kxVsGrid/support/Decimal.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::editing {
@@ -9,17 +11,19 @@ namespace {
 
 using Reason = std::optional<std::string>;
 
-/// What a number has behind its point, as cells write it.
-std::size_t decimalsOf(const std::string& number) {
-    const std::size_t point = number.find('.');
-    return point == std::string::npos ? 0 : number.size() - point - 1;
+/// What a number has behind its point, as cells write it: in an exact column in every digit.
+int decimalsOf(const ColumnOptions& rules, std::string_view text, double number) {
+    if (rules.exact())
+        if (const std::optional<Decimal> exact = Decimal::read(text)) return exact->decimals();
+    const std::string written = support::numberText(number);
+    const std::size_t point = written.find('.');
+    return point == std::string::npos ? 0 : static_cast<int>(written.size() - point - 1);
 }
 
 Reason brokenByNumber(const ColumnOptions& rules, std::string_view text) {
     const std::optional<double> number = support::completeNumber(text);
     if (!number) return std::nullopt;
-    if (const auto most = rules.mostDecimals();
-        most && decimalsOf(support::numberText(*number)) > static_cast<std::size_t>(*most)) {
+    if (const auto most = rules.mostDecimals(); most && decimalsOf(rules, text, *number) > *most) {
         return *most == 0 ? "不能有小数。" : "小数最多 " + std::to_string(*most) + " 位。";
     }
     if (const auto smallest = rules.smallest(); smallest && *number < *smallest)
@@ -51,6 +55,8 @@ std::optional<std::string> brokenColumnRule(const host::ControlContext& c, std::
                                             std::string_view text) {
     const std::shared_ptr<const ColumnOptions> rules = c.columns.rules(col);
     if (!rules || !c.host.there()) return std::nullopt;
+    if (rules->exact() && c.columns.at(col).iType() == flexDTDouble && !fitsExactly(text))
+        return "数字最多 18 位。";
     if (Reason reason = brokenByText(*rules, c.grid, row, col, text)) return reason;
     const ColumnOptions::Acceptance accepts = rules->accepts();  // it may put another one
     if (!accepts) return std::nullopt;

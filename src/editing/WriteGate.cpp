@@ -1,13 +1,23 @@
 #include "editing/WriteGate.h"
 
 #include "editing/ColumnRules.h"
+#include "editing/ExactNumber.h"
 #include "editing/InputForms.h"
 #include "host/CellLock.h"
 #include "kxVsGrid/mbasTxt.h"
+#include "support/Dates.h"
 #include "support/Numbers.h"
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
+namespace {
+
+/// The day that stands for none; what is no date at all was typed, and is not lost.
+bool isDayZero(std::string_view text) {
+    const std::optional<DateTime> date = support::parseDate(text);
+    return date && date->year == 1900 && date->month == 1 && date->day == 1;
+}
+}  // namespace
 
 bool WriteGate::opens(std::int32_t row, std::int32_t col) const {
     return c_.editable() && host::isOpenCell(c_, row, col) && c_.editable();
@@ -49,12 +59,23 @@ std::string WriteGate::inFull(std::int32_t col, std::string_view text) const {
 
 std::optional<std::string> WriteGate::stored(std::int32_t col, std::string_view text) const {
     const mEmDataType type = c_.columns.at(col).iType();
-    if (type != flexDTDouble && type != flexDTString) return std::string(text);
-    const std::string_view trimmed = support::trim(text);
-    if (type == flexDTString || trimmed.empty()) return std::string(trimmed);
+    if (type == flexDTDouble) return storedNumber(col, support::trim(text));
+    if (type == flexDTString) return std::string(support::trim(text));
+    if (type == flexDTDate && c_.columns.zero(col) == ColumnOptions::Zero::Blank && isDayZero(text))
+        return std::string();
+    return std::string(text);
+}
+
+std::optional<std::string> WriteGate::storedNumber(std::int32_t col, std::string_view text) const {
+    if (text.empty()) return std::string();
+    const NumberForms forms = numberForms(c_.grid, col);
     double value = 0;
-    if (!bEvaluateExp(plainNumber(trimmed, numberForms(c_.grid, col)), value)) return std::nullopt;
-    return support::numberText(value);
+    if (!bEvaluateExp(plainNumber(text, forms), value)) return std::nullopt;
+    std::string number = support::numberText(value);
+    if (const auto rules = c_.columns.rules(col); rules && rules->exact())
+        number = exactNumber(text, forms).value_or(exactValue(value));
+    if (number == "0" && c_.columns.zero(col) == ColumnOptions::Zero::Blank) number.clear();
+    return number;
 }
 
 std::string WriteGate::turnedOver(std::int32_t row, std::int32_t col) const {

@@ -32,9 +32,10 @@ class WriteGate {
     /// The same by the rule on repetition alone, for what the field check makes of a text.
     std::optional<std::string> brokenByRewriting(std::int32_t row, std::int32_t col,
                                                  std::string_view rewritten) const;
-    /// What the cell stores of a text that has passed: in a number column the value of the expression, in a
-    /// text column the trimmed text, in every other the text as it is. Nothing for an expression that cannot
-    /// be evaluated.
+    /// What the cell stores of a text that has passed: in a number column the value of the expression (in an
+    /// exact one every digit of a plain number), in a text column the trimmed text, in every other the text as
+    /// it is; the empty text for a zero that the column blanks. Nothing for an expression that cannot be
+    /// evaluated.
     std::optional<std::string> stored(std::int32_t col, std::string_view text) const;
     /// What a Boolean cell becomes when it is turned over.
     std::string turnedOver(std::int32_t row, std::int32_t col) const;
@@ -56,6 +57,7 @@ class WriteGate {
     Admission admit(std::int32_t row, std::int32_t col, std::string_view text, KnownCodes& known) const;
 
   private:
+    std::optional<std::string> storedNumber(std::int32_t col, std::string_view text) const;
     std::string inFull(std::int32_t col, std::string_view text) const;
     bool isThere(std::int32_t row, std::int32_t col) const;
     Admission admitBoolean(std::string_view text) const;

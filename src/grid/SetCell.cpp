@@ -51,6 +51,10 @@ bool isBlanked(const CellGrid& grid, mEmDataType type, std::int32_t col, std::st
     const bool groups = col >= 0 && col < grid.Cols() && grid.ColGroups(col);  // "0,123" is no zero there
     return !groups || support::leadingNumber(support::withoutGroups(text, groups)) == 0;
 }
+
+bool blanksZeros(ColumnOptions::Zero ofColumn, bool gridShows) {
+    return ofColumn == ColumnOptions::Zero::AsGrid ? !gridShows : ofColumn == ColumnOptions::Zero::Blank;
+}
 }  // namespace
 
 bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view text,
@@ -86,7 +90,8 @@ inline void kxGrid::Parts::setPlainly(std::int32_t row, std::int32_t col, std::s
 
 inline bool kxGrid::Parts::blanks(std::int32_t row, std::int32_t col, mEmDataType type,
                                   std::string_view text) const {
-    return !flags.bIsShowZero && isBlanked(main, type, col, text) && !grid::isFixed(main, row, col);
+    return isBlanked(main, type, col, text) && blanksZeros(columns.zero(col), flags.bIsShowZero) &&
+           !grid::isFixed(main, row, col);
 }
 
 void kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {

@@ -137,6 +137,8 @@ void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     ColumnOptions& options = c.grid.Options(col);
     options.sortable(true);
     options.filterable(true);
+    options.exact(true);
+    if (plan.field->optional()) options.zero(ColumnOptions::Zero::Keep);
     if (SuggestionSource suggestions = suggestionsOf(plan)) options.suggest(std::move(suggestions));
 }
 
