@@ -32,28 +32,25 @@ class CountSheet {
         sheet_.text("unit", "单位", &CountLine::unit).readOnly().width("公斤公");
         sheet_.text("bin", "库位", &CountLine::bin).required().limit(8).width("A-0000000");
         sheet_.text("batch", "批号", &CountLine::batch).limit(10).width("P26010000");
-        sheet_.number("book", "账面数量", &CountLine::book).decimals(3).width("0,000,000.000");
-        sheet_.number("counted", "实盘数量", &CountLine::counted).decimals(3).width("0,000,000.000");
+        sheet_.number("book", "账面数量", &CountLine::book).decimals(3);
+        sheet_.number("counted", "实盘数量", &CountLine::counted).decimals(3);
         sheet_.number("difference", "差异", &CountLine::difference)
             .decimals(3)
             .width("-0,000,000.000")
             .computed([](const CountLine& line) {
                 return line.counted ? std::optional(*line.counted - line.book) : std::nullopt;
             });
-        sheet_.number("price", "单价", &CountLine::price).decimals(2).width("00,000.00");
+        sheet_.number("price", "单价", &CountLine::price).decimals(2);
         sheet_.number("amount", "差异金额", &CountLine::differenceAmount)
             .decimals(2)
             .total()
-            .width("-0,000,000.00")
             .computed([](const CountLine& line) {
                 return line.difference ? std::optional(*line.difference * line.price) : std::nullopt;
             });
         // Whoever counts a line stamps it with the day; undo takes the stamp back.
-        sheet_.date("day", "盘点日期", &CountLine::countedOn)
-            .width("2026-00-000")
-            .computed([today](const CountLine& line) {
-                return line.counted ? line.countedOn.value_or(today) : std::optional<Date>();
-            });
+        sheet_.date("day", "盘点日期", &CountLine::countedOn).computed([today](const CountLine& line) {
+            return line.counted ? line.countedOn.value_or(today) : std::optional<Date>();
+        });
         sheet_.text("remark", "备注", &CountLine::remark)
             .limit(40)
             .width("备注备注备注")
@@ -63,8 +60,6 @@ class CountSheet {
         sheet_.rule(
             "counted", [](const CountLine& line) { return line.counted.value_or(0) >= 0; },
             "实盘数量不能为负数");
-        sheet_.rule(
-            "price", [](const CountLine& line) { return line.price >= 0; }, "单价不能为负数");
     }
 
     /// False when progress ended it.

@@ -121,7 +121,7 @@ TEST_F(CountSheetTest, TakesGoodsFromTheirList) {
         dialog.press(Key::Enter);
     });
     grid.Grid().Select(Lines + 1, col("goods"));
-    desk.press(Key::F2);
+    desk.press(Key::F2).press(Key::Enter);
     EXPECT_EQ(shown(Lines + 1, "goods"), "100007");
     EXPECT_EQ(shown(Lines + 1, "name"), "防锈漆");
     EXPECT_EQ(shown(Lines + 1, "unit"), "桶");
