@@ -31,9 +31,13 @@ void SheetBody::Impl::attach() {
     connections.push_back(grid.Changes().After.connect([weak = weak_from_this()](const StepChanges& step) {
         if (const auto self = weak.lock()) self->settled(step);
     }));
-    connections.push_back(grid.Grid().PlacesChanged.connect([this] {
+    // More rows bring the bar beside them, fewer take it away.
+    const auto fit = [this] {
         if (laidOut) fitStretched(context);
-    }));
+    };
+    connections.push_back(grid.Grid().PlacesChanged.connect(fit));
+    connections.push_back(grid.Grid().SizeChanged.connect(fit));
+    connections.push_back(grid.Grid().RowMoved.connect([fit](std::int32_t, bool) { fit(); }));
     // The grid may outlive the sheet.
     grid.Changes().AddSettler([weak = weak_from_this()](const StepChanges& step) {
         if (const auto self = weak.lock()) self->settle(step);
