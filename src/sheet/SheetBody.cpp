@@ -12,7 +12,11 @@ SheetBody::SheetBody(kxGrid& grid, MakeRecord make, bool computesTwice)
     impl_->attach();
 }
 
-SheetBody::~SheetBody() = default;
+/// The grid may go next, though something here is still at work.
+SheetBody::~SheetBody() {
+    impl_->connections.clear();
+    impl_->codes.leave();
+}
 
 kxGrid& SheetBody::grid() {
     return impl_->context.grid;

@@ -390,6 +390,59 @@ TEST_F(CodeColumnTest, UndoesWhatCouldNotBeFoundWithoutAskingForWhatStandsThen) 
     EXPECT_EQ(problem(1, Code), "");
 }
 
+TEST_F(CodeColumnTest, FollowsOnceMoreWhenUndoHasTakenAwayWhatFollowed) {
+    load(asking(), {line("1001", "a", "9")});
+    down = true;
+    type(1, Code, "1002");
+    down = false;
+    type(1, Quantity, "5");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 20");
+    undo();
+    EXPECT_EQ(shown(1), "1002 a 9");
+    EXPECT_NE(problem(1, Code), "");
+    redo();
+    EXPECT_EQ(problem(1, Code), "");
+    type(1, Price, "19");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 19");
+    undo();
+    undo();
+    EXPECT_EQ(fault(), "");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 20");
+}
+
+TEST_F(CodeColumnTest, StaysWholeWhenAListenerTakesTheLineAway) {
+    load(table(), {line("1001", "a", "9"), line("1001", "b", "8")});
+    grid.CellChanged.connect([&](std::int32_t row, std::int32_t col) {
+        if (col == Name && text(row, Name) == "无缝钢管") grid.Grid().RemoveRow(row);
+    });
+    type(1, Code, "1002");
+    EXPECT_EQ(shown(1), "1001 b 8");
+    {
+        auto step = grid.Step("换货");
+        grid.SetCell(1, Code, "1002");
+    }
+    EXPECT_EQ(sheet.records().size(), 0u);
+}
+
+TEST_F(CodeColumnTest, StaysWholeWhenItsSourceDestroysTheSheet) {
+    std::optional<Sheet<GoodsLine>> gone;
+    kxGrid& other = desk.place();
+    gone.emplace(other);
+    const auto codes = Codes<Goods>::asking(
+        [&](std::string_view) -> std::optional<Goods> {
+            gone.reset();
+            return someGoods()[0];
+        },
+        &Goods::code);
+    gone->code("code", "货号", &GoodsLine::code, codes).found([](GoodsLine&, const Goods&) {});
+    gone->load(std::vector<GoodsLine>{});
+    desk.focusGrid();
+    other.Grid().Select(1, 1);
+    desk.type("1").press(Key::Enter);
+    EXPECT_FALSE(gone.has_value());
+    EXPECT_EQ(other.Grid().Text(1, 1), "1001");
+}
+
 TEST_F(CodeColumnTest, SaysWhyNothingCouldFollow) {
     sheet.code("code", "货号", &GoodsLine::code, table()).found([](GoodsLine&, const Goods&) {
         throw std::runtime_error("没有价格");
