@@ -152,8 +152,8 @@ bool CodeColumns::followCell(const Cell& cell, bool written, bool marks) {
     const std::string reason = answer.reason.empty() ? apply(cell, text, answer.found) : answer.reason;
     if (reason.empty())
         settleMissed(cell);
-    else if (marks || missed_.count(cell) > 0)
-        miss(cell, text, reason, true);
+    else
+        miss(cell, text, reason, marks || missed_.count(cell) > 0);
     return reason.empty();
 }
 
@@ -167,11 +167,12 @@ bool CodeColumns::clear(const Cell& cell) {
     const AnyRecord before = lines_.read(rowOf(cell), unreadable);
     const AnyRecord after = c_.make(before.get());
     plan.cleared(after.get());
-    write(cell.row, before.get(), after.get());
+    write(cell.row, before.get(), after.get(), before.get());
     return true;
 }
 
-/// Answers why nothing could follow. The code counts as followed before anybody hears of what is written.
+/// Answers why nothing could follow. The code counts as followed before anybody hears of what is written. Where it
+/// was missed at first, what the clerk has put since stands.
 std::string CodeColumns::apply(const Cell& cell, const std::string& text, const CodeSource::Found& found) {
     const ColumnPlan& plan = c_.plan(cell.column);
     std::optional<Fault> unreadable;
@@ -183,19 +184,24 @@ std::string CodeColumns::apply(const Cell& cell, const std::string& text, const 
         return said(error);
     }
     const std::string code = plan.codes->codeOf(found.get());
+    const auto missed = missed_.find(cell);
+    const bool late = missed != missed_.end() && missed->second.text == text;
+    const KeptRecord then = late ? doubtful_.at({cell, text}) : before;
     noteFound(cell, code);
     if (code != text && rowOf(cell) >= 0) c_.grid.SetCell(rowOf(cell), c_.gridCol(cell.column), code);
     writeTag(cell, plan.codes->nameOf(found.get()));
-    write(cell.row, before.get(), after.get());
+    write(cell.row, before.get(), after.get(), then.get());
     return {};
 }
 
-void CodeColumns::write(RowId id, const void* before, const void* after) {
+/// What has become another one since `then` stays.
+void CodeColumns::write(RowId id, const void* before, const void* after, const void* then) {
     for (std::int32_t column = 0; column < c_.count(); ++column) {
         const ColumnPlan& plan = c_.plan(column);
         const std::int32_t row = rowOf({id, column});
         if (row < 0) return;
         if (plan.computed || plan.field->alike(before, after)) continue;
+        if (!plan.field->alike(before, then)) continue;
         std::string text = lines_.text(after, column);
         if (plan.decimals) text = Lines::rounded(text, *plan.decimals);
         if (c_.cells().Text(row, c_.gridCol(column)) != text) c_.grid.SetCell(row, c_.gridCol(column), text);
@@ -270,7 +276,7 @@ void CodeColumns::undone(std::int32_t row, Answers& answers) {
         if (reason.empty())
             settleMissed(cell);
         else
-            miss(cell, text, reason, false);
+            putBackMissed(cell, text, reason);
     }
 }
 
@@ -290,23 +296,35 @@ std::string CodeColumns::reasonOnceMore(const Cell& cell, const std::string& tex
     } catch (const std::exception& error) {
         return said(error);
     }
-    bool follows = false;
-    for (const ColumnPlan& other : c_.plans) {
-        if (other.computed || other.field->alike(now.get(), after.get())) continue;
-        if (!other.field->alike(now.get(), once->second.get())) return {};
-        follows = true;
-    }
+    const void* const then = once->second.get();
+    const bool follows = std::any_of(c_.plans.begin(), c_.plans.end(), [&](const ColumnPlan& other) {
+        return !other.computed && !other.field->alike(now.get(), after.get()) &&
+               other.field->alike(now.get(), then);
+    });
     return follows ? NotFollowed : std::string();
 }
 
 // --- Codes that could not be found
 
-void CodeColumns::miss(const Cell& cell, const std::string& text, const std::string& reason, bool anew) {
+void CodeColumns::miss(const Cell& cell, const std::string& text, const std::string& reason, bool marks) {
+    if (rowOf(cell) < 0) return;
+    std::optional<Fault> unreadable;
+    const auto missed = missed_.find(cell);
+    if (missed == missed_.end() || missed->second.text != text)
+        doubtful_[{cell, text}] = lines_.read(rowOf(cell), unreadable);
+    missed_[cell] = {text, reason};
+    if (marks) mark(cell, reason);
+}
+
+/// What its line was when the code was missed first is known.
+void CodeColumns::putBackMissed(const Cell& cell, const std::string& text, const std::string& reason) {
+    missed_[cell] = {text, reason};
+    mark(cell, reason);
+}
+
+void CodeColumns::mark(const Cell& cell, const std::string& reason) {
     const std::int32_t row = rowOf(cell);
     if (row < 0) return;
-    std::optional<Fault> unreadable;
-    if (anew) doubtful_[{cell, text}] = lines_.read(row, unreadable);
-    missed_[cell] = {text, reason};
     const std::int32_t col = c_.gridCol(cell.column);
     const CellMark mark{CellMark::Kind::Problem, reason};
     if (const CellMark* const there = c_.grid.Mark(row, col); !there || *there != mark)
@@ -338,7 +356,7 @@ void CodeColumns::retry(Answers& answers) {
         if (reason.empty())
             there.push_back(cell);
         else
-            miss(cell, text, reason, false);
+            miss(cell, text, reason, true);
     }
     if (there.empty()) return;
     ChangeStep step = c_.grid.Step("补查编码");

@@ -88,11 +88,13 @@ class CodeColumns : private ChangeListener {
     bool stands(const Cell& cell, const std::string& text, bool written);
     bool clear(const Cell& cell);
     std::string apply(const Cell& cell, const std::string& text, const CodeSource::Found& found);
-    void write(RowId row, const void* before, const void* after);
+    void write(RowId row, const void* before, const void* after, const void* then);
     void writeTag(const Cell& cell, const std::string& tag);
     void noteFound(const Cell& cell, const std::string& code);
     std::string foundFor(const Cell& cell) const;
-    void miss(const Cell& cell, const std::string& text, const std::string& reason, bool anew);
+    void miss(const Cell& cell, const std::string& text, const std::string& reason, bool marks);
+    void putBackMissed(const Cell& cell, const std::string& text, const std::string& reason);
+    void mark(const Cell& cell, const std::string& reason);
     std::string reasonOnceMore(const Cell& cell, const std::string& text, Answers& answers) const;
     void settleMissed(const Cell& cell);
     void takeMarkAway(const Cell& cell, const std::string& reason);

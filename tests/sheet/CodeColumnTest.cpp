@@ -187,6 +187,17 @@ TEST_F(CodeColumnTest, CopiesALineWithItsChangedPrice) {
     EXPECT_EQ(shown(2), "1002 无缝钢管 20");
 }
 
+TEST_F(CodeColumnTest, ClearsNothingForACopyThatItsHostDoesNotKeep) {
+    int cleared = 0;
+    sheet.code("code", "货号", &GoodsLine::code, table()).cleared([&](GoodsLine&) { ++cleared; });
+    finish({line("1001", "a", "9")});
+    grid.AfterAddRow.connect([](bool& keeps, std::int32_t, bool, std::int32_t) { keeps = false; });
+    at(1, Code);
+    desk.run(Command::DuplicateRow);
+    EXPECT_EQ(cleared, 0);
+    EXPECT_EQ(sheet.records().size(), 1u);
+}
+
 TEST_F(CodeColumnTest, LooksNothingUpForLinesThatAreLoadedMovedOrPutBack) {
     load(asking(), {line("1002", "b", "2"), line("1001", "a", "1")});
     at(1, Code);
@@ -367,6 +378,18 @@ TEST_F(CodeColumnTest, LooksAgainWhenFaultsAreAskedFor) {
     EXPECT_EQ(problem(1, Code), "");
     EXPECT_EQ(problem(3, Code), "没有这个货号");
     EXPECT_EQ(grid.History().UndoName(), "补查编码");
+}
+
+TEST_F(CodeColumnTest, KeepsWhatIsTypedOrPastedWhileItsSourceIsOutOfReach) {
+    load(asking(), {line("1001", "a", "9")});
+    down = true;
+    type(1, Code, "1002");
+    type(1, Price, "19");
+    paste(2, Code, "1003\t螺母\t2\n");
+    down = false;
+    EXPECT_EQ(fault(), "");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 19");
+    EXPECT_EQ(shown(2), "1003 螺母 2");
 }
 
 TEST_F(CodeColumnTest, KeepsAChangedPriceWhenTheOldCodeComesBackAfterAFailure) {
