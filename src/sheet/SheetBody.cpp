@@ -12,9 +12,11 @@ SheetBody::SheetBody(kxGrid& grid, MakeRecord make, bool computesTwice)
     impl_->attach();
 }
 
+/// A call of it may still be underway, and the grid may go next.
 SheetBody::~SheetBody() {
-    impl_->context.gone = true;  // a call of it may still be underway
+    impl_->context.gone = true;
     impl_->connections.clear();
+    impl_->codes.leave();
 }
 
 kxGrid& SheetBody::grid() {

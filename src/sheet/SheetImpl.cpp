@@ -47,12 +47,17 @@ void SheetBody::Impl::attach() {
 /// A listener of what follows may destroy the sheet.
 void SheetBody::Impl::attachCodes() {
     kxGrid& grid = context.grid;
-    connections.push_back(grid.TxtValidBmS.connect(
-        [this](const std::string& basis, const std::string&, const std::string&, const std::string& typed,
-               std::string& code, std::string& name) { codes.check(basis, typed, code, name); }));
     connections.push_back(
-        grid.GetHelpCodeInfo.connect([this](const Variant& basis, Variant& code, Variant& info,
-                                            Variant& data) { codes.list(basis, code, info, data); }));
+        grid.TxtValidBmS.connect([this](const std::string& basis, const std::string&, const std::string&,
+                                        const std::string& typed, std::string& code, std::string& name) {
+            const auto self = shared_from_this();
+            codes.check(basis, typed, code, name);
+        }));
+    connections.push_back(grid.GetHelpCodeInfo.connect(
+        [this](const Variant& basis, Variant& code, Variant& info, Variant& data) {
+            const auto self = shared_from_this();
+            codes.list(basis, code, info, data);
+        }));
     connections.push_back(grid.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         const auto self = shared_from_this();
         const std::int32_t column = col - context.grid.FixedCols();
