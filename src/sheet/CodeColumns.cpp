@@ -1,5 +1,6 @@
 #include "sheet/CodeColumns.h"
 
+#include <algorithm>
 #include <exception>
 
 namespace kxVsGrid::sheet {
@@ -90,45 +91,64 @@ void CodeColumns::list(const Variant& basis, Variant& code, Variant& info, Varia
 // --- What follows from a code
 
 bool CodeColumns::follow(std::int32_t row) {
-    return followLine(c_.cells().IdOf(row), false);
+    return followLine(
+        c_.cells().IdOf(row), [](std::int32_t) { return true; }, false);
 }
 
-void CodeColumns::settle(std::int32_t row) {
-    followLine(c_.cells().IdOf(row), true);
+void CodeColumns::settle(std::int32_t row, const StepChanges& step) {
+    const auto written = [&](std::int32_t column) {
+        return !step.known || std::binary_search(step.cols.begin(), step.cols.end(), c_.gridCol(column));
+    };
+    followLine(c_.cells().IdOf(row), written, true);
 }
 
 /// What follows from one code may be the code of another column.
-bool CodeColumns::followLine(RowId row, bool marks) {
+bool CodeColumns::followLine(RowId row, const Written& written, bool marks) {
     bool any = false;
     for (std::int32_t pass = 0; pass < c_.count(); ++pass) {
         bool again = false;
         for (std::int32_t column = 0; column < c_.count(); ++column)
-            if (c_.plan(column).codes && followCell({row, column}, marks)) again = true;
+            if (c_.plan(column).codes && followCell({row, column}, any || again || written(column), marks))
+                again = true;
         if (!again) break;
         any = true;
     }
     return any;
 }
 
-bool CodeColumns::followCell(const Cell& cell, bool marks) {
+/// Nothing follows from the text. A preset code waits for the rest of its line.
+bool CodeColumns::stands(const Cell& cell, const std::string& text, bool written) {
+    const auto missed = missed_.find(cell);
+    const bool known = text == foundFor(cell);
+    if (missed != missed_.end()) {
+        if (!known || missed->second.text == text) return false;
+        settleMissed(cell);
+    } else if (!known && !written && waiting_.count(cell) == 0) {
+        found_[cell] = text;
+    } else if (!known) {
+        const bool waits =
+            !text.empty() && text == c_.plan(cell.column).preset && !lines_.isInUse(rowOf(cell));
+        if (waits)
+            waiting_.insert(cell);
+        else
+            waiting_.erase(cell);
+        return waits;
+    }
+    return true;
+}
+
+bool CodeColumns::followCell(const Cell& cell, bool written, bool marks) {
     if (rowOf(cell) < 0) return false;
     const std::string text = textOf(cell);
     if (text.empty()) writeTag(cell, {});
-    const auto missed = missed_.find(cell);
-    if (text == foundFor(cell)) {
-        if (missed == missed_.end()) return false;
-        if (missed->second.text != text) {
-            settleMissed(cell);
-            return false;
-        }
-    }
+    if (stands(cell, text, written)) return false;
     if (text.empty()) return clear(cell);
     untilStepCloses();
     const Answer answer = lookUp(cell.column, text, answers_);
     const std::string reason = answer.reason.empty() ? apply(cell, text, answer.found) : answer.reason;
     if (reason.empty())
         settleMissed(cell);
-    else if (marks)
+    else if (marks || missed_.count(cell) > 0)
         miss(cell, text, reason);
     return reason.empty();
 }
@@ -294,7 +314,9 @@ void CodeColumns::retry(Answers& answers) {
     ChangeStep step = c_.grid.Step("补查编码");
     untilStepCloses();
     answers_ = answers;
-    for (const Cell& cell : there) followLine(cell.row, true);
+    for (const Cell& cell : there)
+        followLine(
+            cell.row, [](std::int32_t) { return true; }, true);
     step.close();
 }
 
@@ -310,6 +332,7 @@ void CodeColumns::forget() {
     found_.clear();
     missed_.clear();
     doubtful_.clear();
+    waiting_.clear();
     following_.clear();
     answers_.clear();
     copies_.clear();

@@ -7,6 +7,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -43,10 +44,11 @@ class CodeColumns : private ChangeListener {
     void check(std::string_view basis, std::string_view typed, std::string& code, std::string& name);
     void list(const Variant& basis, Variant& code, Variant& info, Variant& data) const;
 
-    /// A cell was typed or pasted into; true when other members have followed.
+    /// The code of a row was typed, pasted or put; true when other members have followed.
     bool follow(std::int32_t row);
-    /// The same at the end of a step, where what cannot be found gets its mark.
-    void settle(std::int32_t row);
+    /// The same at the end of a step, where what cannot be found gets its mark. What was written outside of steps, a
+    /// draft that was recovered for instance, stands as it is.
+    void settle(std::int32_t row, const StepChanges& step);
     /// A row was made a copy of another one: its members go with its code as they are.
     void copied(std::int32_t row, std::int32_t source);
     /// The row was put back.
@@ -78,8 +80,11 @@ class CodeColumns : private ChangeListener {
     std::int32_t columnWith(std::string_view basis) const;
     Answer lookUp(std::int32_t column, const std::string& text) const;
     const Answer& lookUp(std::int32_t column, const std::string& text, Answers& answers) const;
-    bool followLine(RowId row, bool marks);
-    bool followCell(const Cell& cell, bool marks);
+    using Written = std::function<bool(std::int32_t column)>;
+
+    bool followLine(RowId row, const Written& written, bool marks);
+    bool followCell(const Cell& cell, bool written, bool marks);
+    bool stands(const Cell& cell, const std::string& text, bool written);
     bool clear(const Cell& cell);
     std::string apply(const Cell& cell, const std::string& text, const CodeSource::Found& found);
     void write(RowId row, const void* before, const void* after);
@@ -98,6 +103,7 @@ class CodeColumns : private ChangeListener {
     std::map<Cell, std::string> found_;  ///< the codes for which members were found
     std::map<Cell, Missed> missed_;      ///< cells with a code that could not be found; each bears a mark
     std::set<std::pair<std::int32_t, std::string>> doubtful_;  ///< columns and texts that were missed once
+    std::set<Cell> waiting_;                                   ///< preset codes of rows that are no lines yet
     // Of the step that is open:
     Answers answers_;
     std::map<Cell, std::string> following_;

@@ -12,7 +12,9 @@ std::string Faults::brokenRule(const void* record, std::int32_t column) const {
         try {
             if (!rule.holds(record)) return rule.reason;
         } catch (const std::exception& error) {
-            return error.what();
+            return *error.what() ? error.what() : "不能检查";
+        } catch (...) {
+            return "不能检查";
         }
     }
     return {};
@@ -26,11 +28,21 @@ std::string Faults::reason(const void* record, std::int32_t row, std::int32_t co
         return "“" + text + "”不能识别";
     if (plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty()) return why;
-    const bool empty = text.empty() || (!plan.field->optional() && text == "0");
-    if (plan.required && empty) return plan.field->kind() == FieldKind::Number ? "不能为零" : "不能为空";
+    const bool empty = text.empty() || isBlankZero(record, column);
+    if (plan.required && empty)
+        return plan.field->kind() == FieldKind::Number && !plan.codes ? "不能为零" : "不能为空";
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
     return why.empty() ? brokenRule(record, column) : why;
+}
+
+/// A 0, however it is written, of a member that cannot be without a value.
+bool Faults::isBlankZero(const void* record, std::int32_t column) const {
+    const Field& field = *c_.plan(column).field;
+    if (field.optional() || field.kind() != FieldKind::Number) return false;
+    const AnyRecord blank = c_.make(nullptr);
+    field.read(blank.get(), {});
+    return field.alike(blank.get(), record);
 }
 
 void Faults::visit(const std::function<bool(Fault)>& visitor) const {
@@ -63,6 +75,8 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
     if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
-    return lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column) : std::string();
+    const bool becomesLine = lines_.makesLine(column) && !value.empty();
+    return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column)
+                                                            : std::string();
 }
 }  // namespace kxVsGrid::sheet

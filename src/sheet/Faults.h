@@ -27,6 +27,7 @@ class Faults {
     /// Of one cell of a line; empty where nothing is.
     std::string reason(const void* record, std::int32_t row, std::int32_t column,
                        CodeColumns::Answers& answers) const;
+    bool isBlankZero(const void* record, std::int32_t column) const;
     std::string brokenRule(const void* record, std::int32_t column) const;
 
     const SheetContext& c_;

@@ -25,7 +25,12 @@ class Lines {
     /// UnreadableCell instead.
     AnyRecord readWhole(std::int32_t row) const;
     bool isInUse(std::int32_t row) const;
+    /// The same of the record that was read there.
     bool isInUse(std::int32_t row, const void* record) const;
+    /// Of a record that stands in no row: it is a line as soon as it does.
+    bool isInUse(const void* record) const;
+    /// A text makes a line of the row where the host does not say which rows are some.
+    bool makesLine(std::int32_t column) const;
     /// The row behind the last line.
     std::int32_t end() const;
     /// Writes what differs. Computed columns are not looked at.

@@ -23,6 +23,8 @@ struct SheetContext {
     std::optional<Identity> identity;
     std::optional<Identity> version;
     std::optional<Position> position;
+    bool gone =
+        false;  ///< the host has destroyed the sheet, and perhaps the grid: neither is touched any more
 
     std::int32_t count() const { return static_cast<std::int32_t>(plans.size()); }
     const ColumnPlan& plan(std::int32_t column) const { return plans[static_cast<std::size_t>(column)]; }
@@ -35,6 +37,12 @@ struct SheetContext {
     /// Of a column of the sheet, in the grid.
     std::int32_t gridCol(std::int32_t column) const { return grid.FixedCols() + column; }
     CellGrid& cells() const { return grid.Grid(); }
+    /// Where the row is now; -1 when it has gone, or the sheet has.
+    std::int32_t rowOf(RowId id) const {
+        if (gone) return -1;
+        const std::int32_t row = cells().RowOf(id);
+        return row >= firstRow() && row < endRow() ? row : -1;
+    }
     /// All lines and the rows that may become some.
     std::int32_t firstRow() const { return grid.FixedRows(); }
     std::int32_t endRow() const { return grid.Rows(); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "sheet/LayOut.h"
+#include "support/FirstFault.h"
 
 namespace kxVsGrid::sheet {
 
@@ -15,15 +16,21 @@ void SheetBody::Impl::attach() {
         grid.AddVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
     connections.push_back(
         grid.DeleteVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
-    connections.push_back(
-        grid.AfterAddRow.connect([this](bool& keeps, std::int32_t row, bool copied, std::int32_t source) {
+    connections.push_back(grid.AfterAddRow.connect(
+        [weak = weak_from_this()](bool& keeps, std::int32_t row, bool copied, std::int32_t source) {
             keeps = copied;
-            if (laidOut && copied && row >= 0 && source >= 0) codes.copied(row, source);
+            const auto self = weak.lock();
+            if (self && self->laidOut && copied && row >= 0 && source >= 0) self->codes.copied(row, source);
         }));
     attachCodes();
-    connections.push_back(grid.Options().RowInUse.connect(
-        [this](std::int32_t row, bool& inUse) { inUse = laidOut && lines.isInUse(row); }));
-    connections.push_back(grid.Changes().After.connect([this](const StepChanges& step) { settled(step); }));
+    connections.push_back(
+        grid.Options().RowInUse.connect([weak = weak_from_this()](std::int32_t row, bool& inUse) {
+            const auto self = weak.lock();
+            inUse = self && self->laidOut && self->lines.isInUse(row);
+        }));
+    connections.push_back(grid.Changes().After.connect([weak = weak_from_this()](const StepChanges& step) {
+        if (const auto self = weak.lock()) self->settled(step);
+    }));
     // More rows bring the bar beside them, fewer take it away.
     const auto fit = [this] {
         if (laidOut) fitStretched(context);
@@ -84,18 +91,27 @@ void SheetBody::Impl::layOut() {
 
 void SheetBody::Impl::eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work) {
     const SheetContext& c = context;
-    if (!step.known) {
-        for (std::int32_t row = c.firstRow(); row < c.endRow(); ++row) work(row);
-        return;
+    std::vector<RowId> ids;
+    if (step.known) {
+        for (const std::int32_t row : step.rows)
+            if (row >= c.firstRow() && row < c.endRow()) ids.push_back(c.cells().IdOf(row));
+    } else {
+        ids.resize(static_cast<std::size_t>(c.endRow() - c.firstRow()));
+        c.cells().IdsOf(c.firstRow(), ids);
     }
-    for (const std::int32_t row : std::vector<std::int32_t>(step.rows.begin(), step.rows.end()))
-        if (row >= c.firstRow() && row < c.endRow()) work(row);
+    support::FirstFault fault;
+    for (const RowId id : ids)
+        fault.during([&] {
+            if (const std::int32_t row = c.rowOf(id); row >= 0) work(row);
+        });
+    fault.raise();
 }
 
 /// What was typed, filled or pasted has no more decimals than its column.
 void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
     const SheetContext& c = context;
-    for (std::int32_t column = 0; column < c.count() && row < c.endRow(); ++column) {
+    const RowId id = c.cells().IdOf(row);
+    for (std::int32_t column = 0; column < c.count() && (row = c.rowOf(id)) >= 0; ++column) {
         const ColumnPlan& plan = c.plan(column);
         const std::int32_t col = c.gridCol(column);
         if (!plan.decimals || plan.computed) continue;
@@ -109,25 +125,35 @@ void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
 void SheetBody::Impl::settle(const StepChanges& step) {
     if (!laidOut || loading) return;
     eachRow(step, [&](std::int32_t row) {
-        codes.settle(row);
-        if (row < context.endRow()) round(row, step);
-        if (row < context.endRow()) computing.settle(row);
+        const RowId id = context.cells().IdOf(row);
+        codes.settle(row, step);
+        if ((row = context.rowOf(id)) >= 0) round(row, step);
+        if ((row = context.rowOf(id)) >= 0) computing.settle(row);
     });
 }
 
+/// An undo puts back what was written in steps; what follows from that and from what was written beside them is made
+/// anew, and is no step of its own.
 void SheetBody::Impl::settled(const StepChanges& step) {
     if (!laidOut || loading) return;
+    support::FirstFault fault;
     if (step.cause == Cause::Undo) {
+        const UnrecordedSpan unrecorded = context.grid.Unrecorded();
         CodeColumns::Answers answers;
-        eachRow(step, [&](std::int32_t row) {
-            computing.mark(row);
-            codes.undone(row, answers);
+        fault.during([&] {
+            eachRow(step, [&](std::int32_t row) {
+                const RowId id = context.cells().IdOf(row);
+                computing.settle(row);
+                if ((row = context.rowOf(id)) >= 0) codes.undone(row, answers);
+            });
         });
     }
-    tellModified();
+    fault.during([&] { tellModified(); });
+    fault.raise();
 }
 
 void SheetBody::Impl::tellModified() {
+    if (context.gone) return;
     const bool now = saved.differs(lines);
     if (now == modified) return;
     modified = now;
@@ -153,7 +179,7 @@ std::int32_t SheetBody::Impl::require(std::string_view member, std::string_view 
 }
 
 void SheetBody::Impl::requireRow(std::string_view member, std::int32_t row) const {
-    if (row < context.firstRow() || row >= context.endRow())
+    if (!laidOut || row < context.firstRow() || row >= context.endRow())
         throw GridError(std::string(member) + ": " + std::to_string(row) + " is no row of a line");
 }
 

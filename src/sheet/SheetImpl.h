@@ -16,7 +16,7 @@ namespace kxVsGrid::sheet {
 
 struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     Impl(kxGrid& grid, MakeRecord make, bool computesTwice)
-        : context{grid, make, computesTwice, {}, {}, {}, {}, {}, {}} {}
+        : context{grid, make, computesTwice, {}, {}, {}, {}, {}, {}, false} {}
 
     /// Listens to the grid.
     void attach();
@@ -25,7 +25,8 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     void settle(const StepChanges& step);
     void settled(const StepChanges& step);
     void tellModified();
-    /// Does something with each of the step's rows, as long as they are there.
+    /// Does something with each of the step's rows that are there when it is their turn, and with the others also
+    /// where one of them throws.
     void eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work);
     std::int32_t require(std::string_view member, std::string_view name) const;
     void requireRow(std::string_view member, std::int32_t row) const;
