@@ -31,6 +31,10 @@ class VoucherSheet {
             .enterToNextRow("summary");
 
         const auto oneSide = [](const Entry& entry) { return entry.debit == 0 || entry.credit == 0; };
+        // Not of a side: a clerk who changes sides has neither for a moment.
+        sheet_.rule(
+            "name", [](const Entry& entry) { return entry.debit != 0 || entry.credit != 0; },
+            "借方或贷方要填一方");
         sheet_.rule("debit", oneSide, "借方和贷方只能填一方");
         sheet_.rule("credit", oneSide, "借方和贷方只能填一方");
     }

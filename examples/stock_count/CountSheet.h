@@ -36,7 +36,6 @@ class CountSheet {
         sheet_.number("counted", "实盘数量", &CountLine::counted).decimals(3);
         sheet_.number("difference", "差异", &CountLine::difference)
             .decimals(3)
-            .width("-0,000,000.000")
             .computed([](const CountLine& line) {
                 return line.counted ? std::optional(*line.counted - line.book) : std::nullopt;
             });

@@ -79,8 +79,12 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     const AnyRecord record = lines_.readTyped(row, unreadable);
     const std::string value =
         plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
-    if (!plan.field->read(record.get(), value))
-        return plan.field->kind() == FieldKind::Number ? "这个数太大，或者小数位太多。" : "不能识别。";
+    const FieldKind kind = plan.field->kind();
+    if (!plan.field->read(record.get(), value)) {
+        // The column's check comes after this one, and takes dates in more forms than cells hold.
+        if (kind == FieldKind::Date || kind == FieldKind::Moment) return {};
+        return kind == FieldKind::Number ? "这个数太大，或者小数位太多。" : "不能识别。";
+    }
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
     if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;

@@ -1,4 +1,4 @@
-// The column that takes what the others leave of the control's width.
+// How wide columns are: those of which nothing is said, and the one that takes what the others leave.
 #include "sheet/OrderSheet.h"
 
 namespace kxVsGrid::testing {
@@ -38,6 +38,17 @@ TEST_F(StretchedSheet, TakesTheRoomOfTheBarWhenItHasGone) {
     const std::int32_t beside = widthOfAll();
     sheet.load(std::vector<OrderLine>(3, line(1, "A1", "2", "1.5")));
     EXPECT_GT(widthOfAll(), beside);
+}
+TEST(ColumnsOfNoStatedWidth, HaveRoomForTheirValuesWhateverTheirCaptions) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    Sheet<OrderLine> sheet(grid);
+    sheet.number("price", "价", &OrderLine::price);
+    sheet.number("amount", "差异金额", &OrderLine::amount);
+    sheet.number("quantity", "数", &OrderLine::quantity).decimals(6);
+    sheet.load(std::vector<OrderLine>{});
+    EXPECT_GE(grid.ColWidth(2), grid.ColWidth(1));
+    EXPECT_GT(grid.ColWidth(3), grid.ColWidth(1));
 }
 }  // namespace
 }  // namespace kxVsGrid::testing

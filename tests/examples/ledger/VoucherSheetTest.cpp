@@ -102,6 +102,17 @@ TEST_F(VoucherSheetTest, RefusesASecondSide) {
     EXPECT_EQ(shown(1, "credit"), "");
 }
 
+TEST_F(VoucherSheetTest, LetsAClerkChangeSidesAndWantsOneOfThem) {
+    voucher.copyMonthBefore();
+    grid.Grid().Select(3, col("debit"));
+    desk.press(Key::F2).press(Key::Delete).press(Key::Enter);
+    EXPECT_FALSE(desk.editor().visible);
+    EXPECT_EQ(shown(3, "debit"), "");
+    EXPECT_EQ(voucher.save(), "第 3 行的科目名称：借方或贷方要填一方");
+    type(3, "credit", "-12000");
+    EXPECT_EQ(voucher.save(), "");
+}
+
 TEST_F(VoucherSheetTest, CopiesTheVoucherOfTheMonthBefore) {
     EXPECT_TRUE(voucher.copyMonthBefore());
     ASSERT_EQ(voucher.sheet().records().size(), 4u);
