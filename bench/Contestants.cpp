@@ -47,6 +47,17 @@ void fillCells(kxGrid& grid, std::int32_t rows, std::int32_t cols) {
             grid.SetCell(r + HeaderRows, c + HeaderCols, texts.utf8(r, c), texts.utf8Tag(r, c));
 }
 
+void fillColumns(kxGrid& grid, std::int32_t rows, std::int32_t cols) {
+    const Texts& texts = Texts::instance();
+    for (std::int32_t c = 0; c < cols; ++c) {
+        for (std::int32_t r = 0; r < rows;) {
+            const auto block = texts.block(r, c, rows - r);
+            grid.Fill(c + HeaderCols, r + HeaderRows, block, texts.tagBlock(r, c, rows - r));
+            r += static_cast<std::int32_t>(block.size());
+        }
+    }
+}
+
 void fillCells(LeanModel& model, std::int32_t rows, std::int32_t cols) {
     const Texts& texts = Texts::instance();
     for (std::int32_t r = 0; r < rows; ++r) {
@@ -56,6 +67,21 @@ void fillCells(LeanModel& model, std::int32_t rows, std::int32_t cols) {
             model.setData(index, texts.tag(r, c), LeanModel::TagRole);
         }
     }
+}
+
+void fillColumns(LeanModel& model, std::int32_t rows, std::int32_t cols) {
+    const Texts& texts = Texts::instance();
+    model.refillColumns(rows, cols, [&](std::int32_t c, LeanModel::Cell* cell) {
+        for (std::int32_t r = 0; r < rows;) {
+            const auto block = texts.qtBlock(r, c, rows - r);
+            const auto tags = texts.qtTagBlock(r, c, rows - r);
+            for (std::size_t i = 0; i < block.size(); ++i, cell += cols) {
+                cell->text = block[i];
+                cell->tag = tags[i];
+            }
+            r += static_cast<std::int32_t>(block.size());
+        }
+    });
 }
 
 void fillCells(QStandardItemModel& model, std::int32_t rows, std::int32_t cols) {

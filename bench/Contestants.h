@@ -42,12 +42,17 @@ void setRows(kxVsGrid::kxGrid& grid, std::int32_t rows);
 /// Texts and tags of every cell, by single SetCells.
 void fillCells(kxVsGrid::kxGrid& grid, std::int32_t rows, std::int32_t cols);
 
+/// The same by columns, whose texts come in blocks.
+void fillColumns(kxVsGrid::kxGrid& grid, std::int32_t rows, std::int32_t cols);
+
 struct OnLean {
     LeanModel model;
     QTableView view;
     OnLean() { view.setModel(&model); }
 };
 void fillCells(LeanModel& model, std::int32_t rows, std::int32_t cols);
+/// By columns, while the model is being reset.
+void fillColumns(LeanModel& model, std::int32_t rows, std::int32_t cols);
 
 struct OnStandardModel {
     QStandardItemModel model;

@@ -36,6 +36,17 @@ class LeanModel : public QAbstractTableModel {
         endResetModel();
     }
 
+    /// The same, column by column: `fill(col, cell)` gets the column's first cell; the next row's comes
+    /// `cols` cells later.
+    template <class Fill>
+    void refillColumns(int rows, int cols, Fill fill) {
+        beginResetModel();
+        cells_.clear();
+        allocate(rows, cols);
+        for (int col = 0; col < cols; ++col) fill(col, cells_.data() + col);
+        endResetModel();
+    }
+
     /// Every cell, row by row.
     const std::vector<Cell>& cells() const { return cells_; }
 

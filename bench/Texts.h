@@ -4,8 +4,10 @@
 #pragma once
 
 #include <QString>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +32,21 @@ class Texts {
     std::string_view utf8(std::int32_t row, std::int32_t col) const { return texts_.utf8[place(row, col)]; }
     std::string_view utf8Tag(std::int32_t row, std::int32_t col) const { return tags_.utf8[pick(row, col)]; }
 
+    /// The texts, or tags, of a column from a row down that lie side by side: at most `most`. So a host has them
+    /// whose data come in blocks of columns.
+    std::span<const std::string_view> block(std::int32_t row, std::int32_t col, std::int32_t most) const {
+        return blockOf(texts_.utf8, place(row, col), pick(row, col), most);
+    }
+    std::span<const std::string_view> tagBlock(std::int32_t row, std::int32_t col, std::int32_t most) const {
+        return blockOf(tags_.utf8, pick(row, col), pick(row, col), most);
+    }
+    std::span<const QString> qtBlock(std::int32_t row, std::int32_t col, std::int32_t most) const {
+        return blockOf(texts_.qt, place(row, col), pick(row, col), most);
+    }
+    std::span<const QString> qtTagBlock(std::int32_t row, std::int32_t col, std::int32_t most) const {
+        return blockOf(tags_.qt, pick(row, col), pick(row, col), most);
+    }
+
   private:
     static constexpr std::size_t PoolSize = 1024;
     struct Pool {
@@ -39,6 +56,11 @@ class Texts {
         explicit Pool(const std::vector<std::string>& texts);
     };
     Texts();
+    template <class Text>
+    static std::span<const Text> blockOf(const std::vector<Text>& pool, std::size_t first, std::size_t picked,
+                                         std::int32_t most) {
+        return std::span(pool).subspan(first, std::min(PoolSize - picked, static_cast<std::size_t>(most)));
+    }
     static std::vector<std::string> makeTexts();
     static std::vector<std::string> makeTags();
     /// The texts of a kind repeat themselves after so many rows; the columns are out of step.

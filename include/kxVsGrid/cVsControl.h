@@ -145,6 +145,7 @@ class cVsControl {
   private:
     mEmflexAlign iColAlignment_ = flexAlignLeftCenter;
     mEmDataType iType_ = flexDTString;
+    bool b是否合计数据_ = false;  // beside the type: each write looks at both
     bool bIsEditable_ = true;
     bool bIsVisible_ = true;
     std::string sName_;
@@ -160,7 +161,6 @@ class cVsControl {
     std::string s有效性判断基础_;
     std::string s错误提示信息_;
     std::int16_t i有效性判断_ = 0;
-    bool b是否合计数据_ = false;
     bool b是否编辑多行_ = false;
     std::int32_t HelpWidth_ = 0;
     std::int32_t HelpHeight_ = 0;

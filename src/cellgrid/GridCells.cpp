@@ -183,7 +183,7 @@ bool CellGrid::Cell(std::int32_t row, std::int32_t col, std::string_view text, c
         if (impl.fillCell(row, col, text, data)) return true;
         return held()->setCellHeard(row, col, text, data);
     }
-    if (impl.listening != 0) return impl.setCellWatched(row, col, text, data);
+    if (impl.listening != 0 && !impl.fillsUnheard(col)) return impl.setCellWatched(row, col, text, data);
     const Effect effect = impl.store.setCell(row, col, text, data);
     if (!impl.damage.all() && effect != Effect::Nothing) impl.damageCell(row, col);
     return true;

@@ -33,17 +33,22 @@ void CellGrid::Impl::fill(std::int32_t col, std::int32_t firstRow, Texts texts, 
     }
 }
 
-/// A watcher that does not await the column goes on not to, as nobody acts meanwhile.
-bool CellGrid::Impl::fillsUnheard(std::int32_t col) const {
-    return (listening & ~Watched) == 0 && (!watcher || !watcher->awaits(col));
-}
-
+/// Cells that the picture shows are damaged one by one, by what becomes of each.
 void CellGrid::Impl::fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
-    const std::size_t count = std::min(texts.size(), static_cast<std::size_t>(rows() - firstRow));
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::int32_t row = firstRow + static_cast<std::int32_t>(i);
-        const Effect effect = store.setCell(row, col, texts[i], tags.empty() ? std::string_view{} : tags[i]);
-        if (effect != Effect::Nothing && !damage.all()) damageCell(row, col);
+    const std::int32_t stop = firstRow + static_cast<std::int32_t>(std::min(
+                                             texts.size(), static_cast<std::size_t>(rows() - firstRow)));
+    for (std::int32_t row = firstRow; row < stop;) {
+        const auto from = static_cast<std::size_t>(row - firstRow);
+        const std::int32_t unseen = std::min(stop, unseenEnd(row, col));
+        const auto n = static_cast<std::size_t>(std::max(unseen - row, 1));
+        const Texts some = texts.subspan(from, n);
+        const Texts theirTags = tags.empty() ? tags : tags.subspan(from, n);
+        if (unseen > row)
+            store.fill(col, row, some, theirTags);
+        else if (store.setCell(row, col, some[0], tags.empty() ? std::string_view{} : theirTags[0]) !=
+                 Effect::Nothing)
+            damageCell(row, col);
+        row += static_cast<std::int32_t>(n);
     }
 }
 

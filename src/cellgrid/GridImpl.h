@@ -108,8 +108,11 @@ struct CellGrid::Impl {
     using Texts = std::span<const std::string_view>;
     void requireFill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) const;
     void fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
-    /// Nobody hears of a write to the column.
-    bool fillsUnheard(std::int32_t col) const;
+    /// Nobody hears of a write to the column; a watcher that does not await it goes on not to, as nobody acts
+    /// meanwhile.
+    bool fillsUnheard(std::int32_t col) const {
+        return (listening & ~Watched) == 0 && (!watcher || !watcher->awaits(col));
+    }
     void fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
     /// Before a text is written: the watcher hears of one that changes. False when the cell has gone then.
     bool forewarn(std::int32_t row, std::int32_t col, std::string_view text);
@@ -177,6 +180,10 @@ struct CellGrid::Impl {
     void bringIntoView(std::int32_t row, std::int32_t col, bool alongRows, bool alongCols);
     void damageRange(const CellRange& range);
     void damageCell(std::int32_t row, std::int32_t col);
+    /// Finds out which rows and columns are in view, unless that is known.
+    void findView();
+    /// Where the rows end whose cells in the column need no damage, from a row on.
+    std::int32_t unseenEnd(std::int32_t row, std::int32_t col);
     void damageCursor();
 
     // --- What the user does (GridKeys.cpp, GridMouse.cpp).

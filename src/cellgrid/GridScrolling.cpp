@@ -50,20 +50,36 @@ void CellGrid::Impl::bringIntoView(std::int32_t row, std::int32_t col, bool alon
     scrollTo(to);
 }
 
+namespace {
+
+bool outOfView(const cellgrid::Lane& lane, std::int32_t index, std::int32_t end) {
+    return index >= end || (index >= lane.still && index < lane.first);
+}
+}  // namespace
+
 void CellGrid::Impl::damageCell(std::int32_t atRow, std::int32_t atCol) {
     if (damage.all()) return;
-    if (!rowsKnown) {
-        visibleRowsEnd = layout.rows.visibleEnd(layout.clientHeight());
-        visibleColsEnd = layout.cols.visibleEnd(layout.clientWidth());
-        rowsKnown = true;
-    }
-    const auto outside = [](const cellgrid::Lane& lane, std::int32_t index, std::int32_t end) {
-        return index >= end || (index >= lane.still && index < lane.first);
-    };
-    if (outside(layout.rows, atRow, visibleRowsEnd) || outside(layout.cols, atCol, visibleColsEnd)) return;
+    findView();
+    if (outOfView(layout.rows, atRow, visibleRowsEnd) || outOfView(layout.cols, atCol, visibleColsEnd))
+        return;
     Rect rect = layout.cellRect(atRow, atCol);
     if (textsRunOver) rect = {0, rect.top, layout.clientWidth(), rect.height};
     damage.add(rect);
+}
+
+void CellGrid::Impl::findView() {
+    if (rowsKnown) return;
+    visibleRowsEnd = layout.rows.visibleEnd(layout.clientHeight());
+    visibleColsEnd = layout.cols.visibleEnd(layout.clientWidth());
+    rowsKnown = true;
+}
+
+/// Answers `row` itself for one that is shown.
+std::int32_t CellGrid::Impl::unseenEnd(std::int32_t row, std::int32_t col) {
+    if (damage.all()) return rows();
+    findView();
+    if (outOfView(layout.cols, col, visibleColsEnd) || row >= visibleRowsEnd) return rows();
+    return outOfView(layout.rows, row, visibleRowsEnd) ? layout.rows.first : row;
 }
 
 namespace {

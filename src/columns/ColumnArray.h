@@ -22,7 +22,9 @@ class ColumnArray {
     const cVsControl& at(std::int32_t col) { return *slot(col); }
     /// The same; nullptr outside the bounds.
     const cVsControl* find(std::int32_t col) {
-        return static_cast<std::size_t>(col) < elements_.size() ? slot(col).get() : nullptr;
+        if (static_cast<std::size_t>(col) >= elements_.size()) return nullptr;
+        const cVsControl* const there = elements_[static_cast<std::size_t>(col)].get();
+        return there ? there : slot(col).get();
     }
     /// The same, shared: stays valid whatever a host does in the meantime.
     const std::shared_ptr<cVsControl>& shared(std::int32_t col) { return slot(col); }

@@ -1,6 +1,7 @@
 // What SetCell makes of a text. Errors, also those of other types than std::exception, end in a message box,
 // never in the host.
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 #include "grid/CellPlace.h"
@@ -17,14 +18,25 @@ using support::isDigit;
 
 // Most texts of a number or date column are settled by a short look, which a million writes notice.
 
+/// None of the characters is a letter. There are four or more.
+bool hasNoLetter(std::string_view text) {
+    const auto word = [text](std::size_t at, auto bytes) {
+        std::memcpy(&bytes, text.data() + at, sizeof bytes);
+        return bytes;
+    };
+    constexpr std::uint64_t LetterBits = 0x4040'4040'4040'4040U;
+    const std::size_t n = text.size();
+    if (n < 8) return ((word(0, std::uint32_t{}) | word(n - 4, std::uint32_t{})) & LetterBits) == 0;
+    std::uint64_t all = word(n - 8, std::uint64_t{});
+    for (std::size_t at = 0; at + 8 < n; at += 8) all |= word(at, std::uint64_t{});
+    return (all & LetterBits) == 0;
+}
+
 /// A number above 0; other answers prove nothing.
-bool isPlainlyNotZero(std::string_view text) {
+inline bool isPlainlyNotZero(std::string_view text) {
     constexpr std::size_t TooShortForZero = 5;  // "1e-324" is as good as 0
     if (text.empty() || text[0] == '0' || !isDigit(text[0])) return false;
-    if (text.size() <= TooShortForZero) return true;
-    for (const char c : text)
-        if (c == 'e' || c == 'E') return false;
-    return true;
+    return text.size() <= TooShortForZero || hasNoLetter(text);
 }
 
 /// A day of this century or a later one as yyyy-mm-dd, which every month has: other answers prove nothing.
@@ -43,13 +55,16 @@ bool isNoDate(std::string_view text) {
     return !date || (date->year == 1900 && date->month == 1 && date->day == 1);
 }
 
-/// Zeros of number columns, and what is no date in date columns, are not shown.
-bool isBlanked(const CellGrid& grid, mEmDataType type, std::int32_t col, std::string_view text) {
-    if (type == flexDTDate) return isNoDate(text);
-    if (type != flexDTDouble || isPlainlyNotZero(text)) return false;
+bool isZero(const CellGrid& grid, std::int32_t col, std::string_view text) {
     if (support::leadingNumber(text) != 0) return false;
     const bool groups = col >= 0 && col < grid.Cols() && grid.ColGroups(col);  // "0,123" is no zero there
     return !groups || support::leadingNumber(support::withoutGroups(text, groups)) == 0;
+}
+
+/// Zeros of number columns, and what is no date in date columns, are not shown.
+inline bool isBlanked(const CellGrid& grid, mEmDataType type, std::int32_t col, std::string_view text) {
+    if (type == flexDTDouble) return !isPlainlyNotZero(text) && isZero(grid, col, text);
+    return type == flexDTDate && isNoDate(text);
 }
 
 bool blanksZeros(ColumnOptions::Zero ofColumn, bool gridShows) {
@@ -145,14 +160,17 @@ void kxGrid::Parts::fillShown(std::int32_t col, std::int32_t firstRow, Texts tex
     const auto count = std::min(texts.size(), static_cast<std::size_t>(main.Rows() - firstRow));
     texts = texts.first(count);
     if (!tags.empty()) tags = tags.first(count);
-    for (std::size_t i = 0; i < count; ++i) defaulted.written(firstRow + static_cast<std::int32_t>(i), col);
+    defaulted.written(firstRow, static_cast<std::int32_t>(count), col);
     const mEmDataType type = columns.at(col).iType();
     if (flags.bIsShowZero || (type != flexDTDouble && type != flexDTDate))
         return main.Fill(col, firstRow, texts, tags);
-    std::vector<std::string_view> shown(texts.begin(), texts.end());
-    for (std::size_t i = 0; i < count; ++i)
-        if (blanks(firstRow + static_cast<std::int32_t>(i), col, type, texts[i])) shown[i] = {};
-    main.Fill(col, firstRow, shown, tags);
+    std::vector<std::string_view> shown;  // only where something is blanked
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!blanks(firstRow + static_cast<std::int32_t>(i), col, type, texts[i])) continue;
+        if (shown.empty()) shown.assign(texts.begin(), texts.end());
+        shown[i] = {};
+    }
+    main.Fill(col, firstRow, shown.empty() ? texts : Texts(shown), tags);
 }
 
 void kxGrid::Parts::writeCell(std::int32_t row, std::int32_t col, std::string_view text,

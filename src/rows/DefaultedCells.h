@@ -25,6 +25,11 @@ class DefaultedCells {
     void written(std::int32_t row, std::int32_t col) {
         if (mayHold(col)) forget(row, col);
     }
+    /// The same for `n` rows from `row` on.
+    void written(std::int32_t row, std::int32_t n, std::int32_t col) {
+        if (!mayHold(col)) return;
+        for (const std::int32_t stop = row + n; row < stop; ++row) forget(row, col);
+    }
     /// Whether a text that stands in a cell was put there by default filling.
     bool holds(std::int32_t row, std::int32_t col, std::string_view text) const;
     /// There are only so many columns any more.

@@ -13,17 +13,37 @@ Computing::Outcome Computing::compute(void* record, std::int32_t column) const {
         plan.field->read(record, text);
         return {std::move(text), {}};
     } catch (const DecimalError&) {
-        plan.field->read(record, {});
-        return {{}, "结果太大，或者不能计算"};
+        return failed(record, column, "结果太大，或者不能计算");
     } catch (const std::exception& error) {
-        plan.field->read(record, {});
-        return {{}, error.what()};
+        return failed(record, column, *error.what() ? error.what() : "不能计算");
+    } catch (...) {
+        return failed(record, column, "不能计算");
     }
 }
 
-void Computing::fill(void* record) const {
+Computing::Outcome Computing::failed(void* record, std::int32_t column, std::string reason) const {
+    c_.plan(column).field->read(record, {});
+    return {{}, std::move(reason)};
+}
+
+std::vector<Computing::Outcome> Computing::computeAll(void* record) const {
+    std::vector<Outcome> outcomes(static_cast<std::size_t>(c_.count()));
+    for (std::int32_t column = 0; column < c_.count() && !c_.gone; ++column)
+        if (c_.plan(column).computed) outcomes[static_cast<std::size_t>(column)] = compute(record, column);
+    return outcomes;
+}
+
+std::vector<Computing::Failure> Computing::fill(void* record) const {
+    std::vector<Failure> failures;
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        if (!c_.plan(column).computed) continue;
+        Outcome outcome = compute(record, column);
+        if (!outcome.reason.empty()) failures.push_back({column, std::move(outcome.reason)});
+    }
+    if (lines_.isInUse(record)) return failures;
     for (std::int32_t column = 0; column < c_.count(); ++column)
-        if (c_.plan(column).computed) compute(record, column);
+        if (c_.plan(column).computed) c_.plan(column).field->read(record, {});
+    return {};
 }
 
 std::string Computing::reason(const void* record, std::int32_t column) const {
@@ -32,30 +52,32 @@ std::string Computing::reason(const void* record, std::int32_t column) const {
 }
 
 void Computing::settle(std::int32_t row) {
+    const RowId id = c_.cells().IdOf(row);
     std::optional<Fault> fault;
-    const AnyRecord record = lines_.read(row, fault);
+    const AnyRecord record = lines_.readTyped(row, fault);
+    std::vector<Outcome> outcomes = computeAll(record.get());
+    if (c_.rowOf(id) < 0) return;
     const bool empty = c_.refuses(fault) || !lines_.isInUse(row, record.get());
-    for (std::int32_t column = 0; column < c_.count(); ++column) {
-        if (!c_.plan(column).computed) continue;
-        put(row, column, empty ? Outcome{} : compute(record.get(), column));
-        if (row >= c_.endRow()) return;  // a listener took it away
-    }
-    if (c_.computesTwice && !empty) requireSettled(record.get());
+    if (empty) outcomes.assign(outcomes.size(), {});
+    for (std::int32_t column = 0; column < c_.count() && !c_.gone; ++column)
+        if (c_.plan(column).computed) put(id, column, outcomes[static_cast<std::size_t>(column)]);
+    if (c_.computesTwice && !empty && !c_.gone) requireSettled(record.get());
 }
 
-void Computing::mark(std::int32_t row) {
-    std::optional<Fault> fault;
-    const AnyRecord record = lines_.read(row, fault);
-    const bool empty = c_.refuses(fault) || !lines_.isInUse(row, record.get());
-    for (std::int32_t column = 0; column < c_.count(); ++column)
-        if (c_.plan(column).computed)
-            putMark(row, c_.gridCol(column), empty ? std::string() : compute(record.get(), column).reason);
+void Computing::mark(std::int32_t row, const Failure& failure) {
+    putMark(row, c_.gridCol(failure.column), failure.reason);
 }
 
-void Computing::put(std::int32_t row, std::int32_t column, const Outcome& outcome) {
+/// A listener of what is written may take the row away.
+void Computing::put(RowId id, std::int32_t column, const Outcome& outcome) {
+    std::int32_t row = c_.rowOf(id);
+    if (row < 0) return;
     const std::int32_t col = c_.gridCol(column);
-    if (c_.cells().Text(row, col) != outcome.text) c_.grid.SetCell(row, col, outcome.text);
-    if (row < c_.endRow()) putMark(row, col, outcome.reason);
+    if (c_.cells().Text(row, col) != outcome.text) {
+        c_.grid.SetCell(row, col, outcome.text);
+        row = c_.rowOf(id);
+    }
+    if (row >= 0) putMark(row, col, outcome.reason);
 }
 
 void Computing::putMark(std::int32_t row, std::int32_t col, const std::string& reason) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "sheet/Lines.h"
 #include "sheet/SheetContext.h"
@@ -14,12 +15,18 @@ class Computing {
   public:
     Computing(const SheetContext& context, const Lines& lines) : c_(context), lines_(lines) {}
 
-    /// Puts the computed members of a record. Where one cannot be computed it is what it is in a new record.
-    void fill(void* record) const;
+    /// A column that could not be computed, and why.
+    struct Failure {
+        std::int32_t column;
+        std::string reason;
+    };
+    /// Puts the computed members of a record. Where one cannot be computed, and in a record that is no line, it is
+    /// as an empty cell has it.
+    std::vector<Failure> fill(void* record) const;
     /// Makes the computed cells of a row anew, and says in a mark why one cannot be made.
     void settle(std::int32_t row);
-    /// Only the marks: for cells that were put back by undo.
-    void mark(std::int32_t row);
+    /// The mark of a line that was loaded.
+    void mark(std::int32_t row, const Failure& failure);
     /// Why the cell is empty that could not be computed; empty where nothing is wrong with it.
     std::string reason(const void* record, std::int32_t column) const;
     void forgetMarks() { marks_.clear(); }
@@ -31,7 +38,10 @@ class Computing {
         std::string reason;
     };
     Outcome compute(void* record, std::int32_t column) const;
-    void put(std::int32_t row, std::int32_t column, const Outcome& outcome);
+    Outcome failed(void* record, std::int32_t column, std::string reason) const;
+    /// For all columns of the sheet; nothing for those that are not computed.
+    std::vector<Outcome> computeAll(void* record) const;
+    void put(RowId id, std::int32_t column, const Outcome& outcome);
     void putMark(std::int32_t row, std::int32_t col, const std::string& reason);
     void requireSettled(const void* record) const;
 

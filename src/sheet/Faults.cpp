@@ -12,7 +12,9 @@ std::string Faults::brokenRule(const void* record, std::int32_t column, bool typ
         try {
             if (!rule.holds(record)) return rule.reason;
         } catch (const std::exception& error) {
-            return error.what();
+            return *error.what() ? error.what() : "不能检查";
+        } catch (...) {
+            return "不能检查";
         }
     }
     return {};
@@ -27,18 +29,16 @@ Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t
     if (plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty())
             return {std::move(why), FaultKind::Computed};
-    const bool empty = text.empty() || (!plan.field->optional() && text == "0");
-    if (plan.required && empty)
-        return {plan.field->kind() == FieldKind::Number ? "不能为零" : "不能为空", FaultKind::Rule};
+    if (std::string why = missing(record, row, column); !why.empty()) return {std::move(why), FaultKind::Rule};
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
     if (!why.empty()) return {std::move(why), FaultKind::Unknown};
     return {brokenRule(record, column, false), FaultKind::Rule};
 }
 
-std::optional<Fault> Faults::at(const void* record, std::int32_t row, std::int32_t column,
+std::optional<Fault> Faults::at(const void* record, std::int32_t row, std::int32_t column, bool known,
                                 CodeColumns::Answers& answers) const {
-    Reason why = reason(record, row, column, answers);
+    Reason why = known ? reason(record, row, column, answers) : unreadableReason(record, row, column);
     if (why.text.empty()) return std::nullopt;
     Fault fault = c_.faultAt(row, column, std::move(why.text));
     fault.kind = why.kind;
@@ -55,11 +55,38 @@ bool Faults::visitRow(std::int32_t row, CodeColumns::Answers& answers,
                       const std::function<bool(Fault)>& visitor) const {
     std::optional<Fault> unreadable;
     const AnyRecord record = lines_.read(row, unreadable);
-    if (!c_.refuses(unreadable) && !lines_.isInUse(row, record.get())) return true;
+    const bool known = !c_.refuses(unreadable);
+    if (known && !lines_.isInUse(row, record.get())) return true;
     for (std::int32_t column = 0; column < c_.count(); ++column)
-        if (auto fault = at(record.get(), row, column, answers); fault && !visitor(std::move(*fault)))
+        if (auto fault = at(record.get(), row, column, known, answers); fault && !visitor(std::move(*fault)))
             return false;
     return true;
+}
+
+std::string Faults::missing(const void* record, std::int32_t row, std::int32_t column) const {
+    const ColumnPlan& plan = c_.plan(column);
+    if (!plan.required) return {};
+    const bool empty = c_.cells().Text(row, c_.gridCol(column)).empty();
+    if (!empty && !isBlankZero(record, column)) return {};
+    return plan.field->kind() == FieldKind::Number && !plan.codes ? "不能为零" : "不能为空";
+}
+
+/// Rules, and what follows from the others, are not judged where the record is not known.
+Faults::Reason Faults::unreadableReason(const void* record, std::int32_t row, std::int32_t column) const {
+    const std::string text = c_.cells().Text(row, c_.gridCol(column));
+    const AnyRecord scratch = c_.make(nullptr);
+    if (!c_.plan(column).field->read(scratch.get(), text))
+        return {"“" + text + "”不能识别", FaultKind::Unreadable};
+    return {missing(record, row, column), FaultKind::Rule};
+}
+
+/// A 0, however it is written, of a member that cannot be without a value.
+bool Faults::isBlankZero(const void* record, std::int32_t column) const {
+    const Field& field = *c_.plan(column).field;
+    if (field.optional() || field.kind() != FieldKind::Number) return false;
+    const AnyRecord blank = c_.make(nullptr);
+    field.read(blank.get(), {});
+    return field.alike(blank.get(), record);
 }
 
 void Faults::visit(const std::function<bool(Fault)>& visitor) const {
@@ -73,19 +100,21 @@ void Faults::visit(const std::function<bool(Fault)>& visitor) const {
 std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_view text) const {
     const ColumnPlan& plan = c_.plan(column);
     std::optional<Fault> unreadable;
-    const AnyRecord record = lines_.read(row, unreadable);
+    const AnyRecord record = lines_.readTyped(row, unreadable);
     if (!plan.constants.empty()) text = trimmedCode(text);
     const std::string value =
         plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
+    const FieldKind kind = plan.field->kind();
     if (!plan.field->read(record.get(), value)) {
-        // The grid has a check of its own for dates; what it rewrites comes here once more.
-        const FieldKind kind = plan.field->kind();
+        // The column's check comes after this one, and takes dates in more forms than cells hold.
         if (kind == FieldKind::Date || kind == FieldKind::Moment) return {};
         return kind == FieldKind::Number ? "这个数太大，或者小数位太多。" : "不能识别。";
     }
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
     if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
-    return lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column, true) : std::string();
+    const bool becomesLine = lines_.makesLine(column) && !value.empty();
+    return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column, true)
+                                                             : std::string();
 }
 }  // namespace kxVsGrid::sheet

@@ -51,12 +51,31 @@ std::string formatOf(const ColumnPlan& plan) {
 }
 
 /// What a column is as wide as of which the host has said nothing; its caption has room in it.
+/// In narrow letters: a Chinese character is as wide as two of them.
+std::size_t breadthOf(std::string_view text) {
+    std::size_t breadth = 0;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x80)
+            ++breadth;
+        else if (byte >= 0xC0)
+            breadth += 2;
+    }
+    return breadth;
+}
+
+std::string usualNumber(const ColumnPlan& plan) {
+    const int decimals = plan.decimals.value_or(2);
+    return decimals > 0 ? "-1,000,000." + std::string(static_cast<std::size_t>(decimals), '0')
+                        : "-1,000,000 ";
+}
+
 std::string sampleOf(const ColumnPlan& plan) {
     if (!plan.sample.empty()) return plan.sample;
     std::string usual;
     switch (plan.field->kind()) {
         case FieldKind::Number:
-            usual = "1,000,000.00 ";
+            usual = usualNumber(plan);
             break;
         case FieldKind::Date:
             usual = "2026-12-30  ";
@@ -70,7 +89,7 @@ std::string sampleOf(const ColumnPlan& plan) {
             usual = "编码与名称等  ";
     }
     const std::string caption = plan.caption + "  ";
-    return usual.size() >= caption.size() ? usual : caption;
+    return breadthOf(usual) >= breadthOf(caption) ? usual : caption;
 }
 
 void defineCodes(cVsControl& definition, const ColumnPlan& plan) {

@@ -25,9 +25,18 @@ std::string Lines::text(const void* record, std::int32_t column) const {
 }
 
 AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault) const {
+    return read(row, fault, true);
+}
+
+AnyRecord Lines::readTyped(std::int32_t row, std::optional<Fault>& fault) const {
+    return read(row, fault, false);
+}
+
+AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault, bool computedToo) const {
     const KeptRecord kept = saved_.of(c_.cells().KnownId(row));
     AnyRecord record = c_.make(kept.get());
     for (std::int32_t column = 0; column < c_.count(); ++column) {
+        if (!computedToo && c_.plan(column).computed) continue;
         const std::string text = c_.cells().Text(row, c_.gridCol(column));
         const Field& field = *c_.plan(column).field;
         if (field.read(record.get(), text)) continue;
@@ -46,13 +55,15 @@ AnyRecord Lines::readWhole(std::int32_t row) const {
     return record;
 }
 
-/// What the clerk can type, and what rows do not get by themselves, makes a line.
+/// What the clerk can type, and what rows do not get by themselves.
+bool Lines::makesLine(std::int32_t column) const {
+    const ColumnPlan& plan = c_.plan(column);
+    return !c_.inUse && !plan.readOnly && plan.preset.empty();
+}
+
 bool Lines::holdsText(std::int32_t row) const {
-    for (std::int32_t column = 0; column < c_.count(); ++column) {
-        const ColumnPlan& plan = c_.plan(column);
-        if (plan.readOnly || !plan.preset.empty()) continue;
-        if (!c_.cells().Text(row, c_.gridCol(column)).empty()) return true;
-    }
+    for (std::int32_t column = 0; column < c_.count(); ++column)
+        if (makesLine(column) && !c_.cells().Text(row, c_.gridCol(column)).empty()) return true;
     return false;
 }
 
@@ -67,6 +78,13 @@ bool Lines::isInUse(std::int32_t row, const void* record) const {
     return c_.inUse ? c_.inUse(record) : holdsText(row);
 }
 
+bool Lines::isInUse(const void* record) const {
+    if (c_.inUse) return c_.inUse(record);
+    for (std::int32_t column = 0; column < c_.count(); ++column)
+        if (makesLine(column) && !text(record, column).empty()) return true;
+    return false;
+}
+
 std::int32_t Lines::end() const {
     std::int32_t row = c_.endRow();
     while (row > c_.firstRow() && !isInUse(row - 1)) --row;
@@ -75,10 +93,12 @@ std::int32_t Lines::end() const {
 
 void Lines::write(std::int32_t row, const void* record) const {
     const AnyRecord now = c_.make(nullptr);
+    const RowId id = c_.cells().IdOf(row);
     for (std::int32_t column = 0; column < c_.count(); ++column) {
         const ColumnPlan& plan = c_.plan(column);
         if (plan.computed) continue;
         const std::int32_t col = c_.gridCol(column);
+        if ((row = c_.rowOf(id)) < 0) return;
         const bool readable = plan.field->read(now.get(), c_.cells().Text(row, col));
         if (readable && plan.field->alike(now.get(), record)) continue;
         c_.grid.SetCell(row, col, text(record, column));
@@ -86,11 +106,13 @@ void Lines::write(std::int32_t row, const void* record) const {
 }
 
 Decimal Lines::sum(std::int32_t column) const {
+    if (c_.plan(column).field->kind() != FieldKind::Number)
+        throw GridError("sum: the column " + c_.plan(column).name + " holds no numbers");
     const std::int32_t col = c_.gridCol(column);
     Decimal sum;
     for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row) {
         const std::string text = c_.cells().Text(row, col);
-        if (text.empty()) continue;
+        if (text.empty() || !isInUse(row)) continue;
         const std::optional<Decimal> number = Decimal::read(text);
         if (!number) throw UnreadableCell(c_.faultAt(row, column, "“" + text + "”不能识别"));
         sum += *number;

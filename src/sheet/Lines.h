@@ -22,10 +22,17 @@ class Lines {
     /// The record of the row; where a text is no value, the first such cell goes into `fault`, and the record has
     /// there what a new one has.
     AnyRecord read(std::int32_t row, std::optional<Fault>& fault) const;
+    /// The same without the computed columns: for whoever makes them anew.
+    AnyRecord readTyped(std::int32_t row, std::optional<Fault>& fault) const;
     /// UnreadableCell instead.
     AnyRecord readWhole(std::int32_t row) const;
     bool isInUse(std::int32_t row) const;
+    /// The same of the record that was read there.
     bool isInUse(std::int32_t row, const void* record) const;
+    /// Of a record that stands in no row: it is a line as soon as it does.
+    bool isInUse(const void* record) const;
+    /// A text makes a line of the row where the host does not say which rows are some.
+    bool makesLine(std::int32_t column) const;
     /// The row behind the last line.
     std::int32_t end() const;
     /// Writes what differs. Computed columns are not looked at.
@@ -33,6 +40,7 @@ class Lines {
     Decimal sum(std::int32_t column) const;
 
   private:
+    AnyRecord read(std::int32_t row, std::optional<Fault>& fault, bool computedToo) const;
     bool holdsText(std::int32_t row) const;
 
     const SheetContext& c_;

@@ -35,10 +35,13 @@ struct Column {
 
 struct SheetBody::Loading::Texts {
     std::shared_ptr<Impl> body;
+    support::FlagSpan reading;
     std::size_t total;
     Progress progress;
     std::vector<Column> columns;
     std::vector<KeptRecord> records;
+    std::vector<std::pair<std::int32_t, Computing::Failure>> failures;  ///< by line
+    std::int64_t numbered = 0;
 
     void put(CellGrid& cells, std::int32_t first) const {
         for (std::size_t i = 0; i < columns.size(); ++i)
@@ -47,8 +50,9 @@ struct SheetBody::Loading::Texts {
 };
 
 SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress)
-    : texts_(std::make_unique<Texts>(Texts{body.impl_, total, std::move(progress), {}, {}})) {
-    if (body.impl_->loading) throw GridError("load: the sheet is being loaded already");
+    : texts_(nullptr) {
+    if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
+    texts_.reset(new Texts{body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}});
     texts_->columns.resize(body.impl_->context.plans.size());
     for (Column& column : texts_->columns) column.ends.reserve(total);
     texts_->records.reserve(total);
@@ -61,8 +65,11 @@ bool SheetBody::Loading::add(AnyRecord record) {
     if (texts_->progress && texts_->records.size() % Slice == 0 &&
         !texts_->progress(texts_->records.size(), texts_->total))
         return false;
-    body.computing.fill(record.get());
-    if (body.context.position) body.context.position->put(record.get(), std::ssize(texts_->records) + 1);
+    if (body.context.gone) return false;  // destroyed by it
+    for (Computing::Failure& failure : body.computing.fill(record.get()))
+        texts_->failures.emplace_back(static_cast<std::int32_t>(texts_->records.size()), std::move(failure));
+    if (body.context.position && body.lines.isInUse(record.get()))
+        body.context.position->put(record.get(), ++texts_->numbered);
     for (std::size_t i = 0; i < texts_->columns.size(); ++i)
         texts_->columns[i].add(body.lines.text(record.get(), static_cast<std::int32_t>(i)));
     texts_->records.push_back(std::move(record));
@@ -71,6 +78,7 @@ bool SheetBody::Loading::add(AnyRecord record) {
 
 void SheetBody::Loading::finish() {
     const std::shared_ptr<Impl> body = texts_->body;
+    if (body->context.gone) return;
     const support::FlagSpan loading(body->loading);
     body->layOut();
     kxGrid& grid = body->context.grid;
@@ -90,6 +98,7 @@ void SheetBody::Loading::finish() {
         body->codes.forget();
         body->faultMarks.forget();
         grid.ClearMarks();
+        for (const auto& [line, failure] : texts_->failures) body->computing.mark(first + line, failure);
     } catch (...) {
         // Half of the lines would be saved as all there are.
         grid.Clear();

@@ -1,6 +1,7 @@
 #include "sheet/Saved.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "sheet/Lines.h"
 
@@ -53,13 +54,32 @@ std::vector<RowId> Saved::touched() const {
     return ids;
 }
 
-std::optional<AnyChange> Saved::changeOf(const Lines& lines, RowId id) const {
-    const std::int32_t row = c_.cells().RowOf(id);
+KeptRecord Saved::lineOf(const Lines& lines, RowId row) const {
+    KeptRecord kept = of(row);
+    return kept && lines.isInUse(kept.get()) ? kept : nullptr;
+}
+
+/// A line that was loaded and is none, by what the host says of it, is nobody's to remove; one that becomes a line
+/// again has changed.
+std::optional<AnyChange> Saved::changed(const Lines& lines, RowId id, const KeptRecord& now) const {
+    if (!now) {
+        KeptRecord before = lineOf(lines, id);
+        return before ? std::optional<AnyChange>({id, std::move(before), nullptr}) : std::nullopt;
+    }
     const KeptRecord before = of(id);
-    const KeptRecord now = row >= c_.firstRow() && lines.isInUse(row) ? lines.readWhole(row) : nullptr;
-    if (!before && !now) return std::nullopt;
-    if (before && now && alike(before.get(), now.get())) return std::nullopt;
+    const bool numbered =
+        before && c_.position && c_.position->get(before.get()) != c_.position->get(now.get());
+    if (before && !numbered && alike(before.get(), now.get())) return std::nullopt;
     return AnyChange{id, before, now};
+}
+
+std::optional<AnyChange> Saved::changeOf(const Lines& lines, RowId id) const {
+    const std::int32_t row = c_.rowOf(id);
+    AnyRecord now = row >= 0 && lines.isInUse(row) ? lines.readWhole(row) : nullptr;
+    // Where it stands is looked at by those who know all lines.
+    if (const KeptRecord before = of(id); now && before && c_.position)
+        c_.position->put(now.get(), c_.position->get(before.get()));
+    return changed(lines, id, now);
 }
 
 /// Every line has a number, so all of them are looked at.
@@ -67,28 +87,29 @@ std::vector<AnyChange> Saved::numberedChanges(const Lines& lines) const {
     std::vector<RowId> ids(static_cast<std::size_t>(c_.endRow() - c_.firstRow()));
     c_.cells().IdsOf(c_.firstRow(), ids);
     std::vector<AnyChange> changes;
-    std::unordered_map<RowId, KeptRecord> gone = records_;
+    std::unordered_set<RowId> gone(order_.begin(), order_.end());
     std::int64_t number = 0;
     for (std::size_t i = 0; i < ids.size(); ++i) {
         const std::int32_t row = c_.firstRow() + static_cast<std::int32_t>(i);
         if (!lines.isInUse(row)) continue;
         const AnyRecord now = lines.readWhole(row);
         c_.position->put(now.get(), ++number);
-        const KeptRecord before = of(ids[i]);
         gone.erase(ids[i]);
-        if (!before || !alike(before.get(), now.get()) || c_.position->get(before.get()) != number)
-            changes.push_back({ids[i], before, now});
+        if (auto change = changed(lines, ids[i], now)) changes.push_back(std::move(*change));
     }
     for (const RowId id : order_)
-        if (const auto record = gone.find(id); record != gone.end())
-            changes.push_back({id, record->second, nullptr});
+        if (gone.contains(id))
+            if (auto change = changed(lines, id, nullptr)) changes.push_back(std::move(*change));
     return changes;
 }
 
 /// Where no line was added, changed or removed, moved ones are out of their order.
-bool Saved::hasMoved() const {
-    std::vector<std::int32_t> rows(order_.size());
-    c_.cells().RowsOf(order_, rows);
+bool Saved::hasMoved(const Lines& lines) const {
+    std::vector<RowId> ids;
+    for (const RowId id : order_)
+        if (lineOf(lines, id)) ids.push_back(id);
+    std::vector<std::int32_t> rows(ids.size());
+    c_.cells().RowsOf(ids, rows);
     return !std::is_sorted(rows.begin(), rows.end());
 }
 
@@ -131,13 +152,12 @@ bool Saved::differs(const Lines& lines) const {
     };
     if (witness_ != RowId::None && has(witness_)) return true;
     witness_ = RowId::None;
-    if (c_.position && hasMoved()) return true;
-    if (still_.empty() && c_.grid.Changes().empty()) return false;
-    const std::vector<RowId> ids = touched();
-    const auto found = std::find_if(ids.begin(), ids.end(), has);
-    if (found == ids.end()) return false;
-    witness_ = *found;
-    return true;
+    if (!still_.empty() || !c_.grid.Changes().empty()) {
+        const std::vector<RowId> ids = touched();
+        const auto found = std::find_if(ids.begin(), ids.end(), has);
+        if (found != ids.end()) witness_ = *found;
+    }
+    return witness_ != RowId::None || (c_.position && hasMoved(lines));
 }
 
 void Saved::requireIdentity(const std::vector<AnyChange>& saved) const {

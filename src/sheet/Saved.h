@@ -29,10 +29,13 @@ class Saved {
   private:
     std::vector<RowId> touched() const;
     std::optional<AnyChange> changeOf(const Lines& lines, RowId row) const;
+    /// None for a row that was not saved, or was saved as one that is no line.
+    KeptRecord lineOf(const Lines& lines, RowId row) const;
+    std::optional<AnyChange> changed(const Lines& lines, RowId row, const KeptRecord& now) const;
     bool alike(const void* before, const void* now) const;
     void requireIdentity(const std::vector<AnyChange>& saved) const;
     std::vector<AnyChange> numberedChanges(const Lines& lines) const;
-    bool hasMoved() const;
+    bool hasMoved(const Lines& lines) const;
     void keepOrder();
 
     const SheetContext& c_;

@@ -12,7 +12,12 @@ SheetBody::SheetBody(kxGrid& grid, MakeRecord make, bool computesTwice)
     impl_->attach();
 }
 
-SheetBody::~SheetBody() = default;
+/// A call of it may still be underway, and the grid may go next.
+SheetBody::~SheetBody() {
+    impl_->context.gone = true;
+    impl_->connections.clear();
+    impl_->codes.leave();
+}
 
 kxGrid& SheetBody::grid() {
     return impl_->context.grid;
@@ -79,9 +84,11 @@ std::int32_t SheetBody::columnOf(std::string_view name) const {
     return impl_->context.gridCol(impl_->require("col", name));
 }
 
+// What the host is asked for on the way may destroy the sheet.
 bool SheetBody::isInUse(std::int32_t row) const {
-    impl_->requireRow("isInUse", row);
-    return impl_->lines.isInUse(row);
+    const std::shared_ptr<Impl> impl = impl_;
+    impl->requireRow("isInUse", row);
+    return impl->lines.isInUse(row);
 }
 
 KeptRecord SheetBody::record(std::int32_t row) const {
@@ -90,16 +97,21 @@ KeptRecord SheetBody::record(std::int32_t row) const {
 }
 
 KeptRecord SheetBody::recordOf(RowId id) const {
-    const std::int32_t row = impl_->context.cells().RowOf(id);
-    return row < impl_->context.firstRow() ? nullptr : impl_->lines.readWhole(row);
+    const std::int32_t row = impl_->laidOut ? impl_->context.rowOf(id) : -1;
+    return row < 0 ? nullptr : impl_->lines.readWhole(row);
 }
 
 std::vector<KeptRecord> SheetBody::records() const {
-    const SheetContext& context = impl_->context;
+    const std::shared_ptr<Impl> impl = impl_;
+    const SheetContext& context = impl->context;
     std::vector<KeptRecord> records;
+    if (!impl->laidOut) return records;
+    impl->requireWhole("records");
     for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row) {
-        if (!impl_->lines.isInUse(row)) continue;
-        const AnyRecord record = impl_->lines.readWhole(row);
+        std::optional<Fault> fault;
+        const AnyRecord record = impl->lines.read(row, fault);
+        if (fault && impl->lines.isInUse(row)) throw UnreadableCell(*fault);
+        if (fault || !impl->lines.isInUse(row, record.get())) continue;
         if (context.position) context.position->put(record.get(), std::ssize(records) + 1);
         records.push_back(record);
     }
@@ -117,13 +129,14 @@ void SheetBody::put(std::int32_t row, const void* record) {
 std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& records) {
     const std::shared_ptr<Impl> impl = impl_;
     kxGrid& grid = impl->context.grid;
-    impl->layOut();
+    if (!impl->laidOut) Loading(*this, 0, {}).finish();
     ChangeStep step = grid.Step("追加");
     std::vector<std::int32_t> rows;
     std::int32_t row = impl->lines.end();
     const std::int32_t needed = row + static_cast<std::int32_t>(records.size()) + 1;
     if (needed > grid.Rows()) grid.Rows(needed);
     for (const KeptRecord& record : records) {
+        if (impl->context.gone || row >= grid.Rows()) break;
         impl->write(row, record.get());
         rows.push_back(row++);
     }
@@ -133,16 +146,18 @@ std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& recor
 
 void SheetBody::recompute() {
     const std::shared_ptr<Impl> impl = impl_;
+    if (!impl->laidOut || !impl->context.whole()) return;
     ChangeStep step = impl->context.grid.Step("重新计算");
-    for (std::int32_t row = impl->context.firstRow(); row < impl->context.endRow(); ++row) {
-        impl->codes.settle(row);
-        if (row < impl->context.endRow()) impl->computing.settle(row);
-    }
+    for (std::int32_t row = impl->context.firstRow(); !impl->context.gone && row < impl->context.endRow();
+         ++row)
+        impl->computing.settle(row);
     step.close();
+    impl->tellModified();  // also of what was written outside of steps
 }
 
 Decimal SheetBody::sum(std::string_view name) const {
-    return impl_->lines.sum(impl_->require("sum", name));
+    const std::int32_t column = impl_->require("sum", name);
+    return impl_->laidOut ? impl_->lines.sum(column) : Decimal();
 }
 
 void SheetBody::preset(std::string_view name, std::string_view text) {
@@ -153,17 +168,23 @@ void SheetBody::preset(std::string_view name, std::string_view text) {
 // --- What is to be saved
 
 std::vector<AnyChange> SheetBody::changes() const {
-    return impl_->saved.changes(impl_->lines);
+    const std::shared_ptr<Impl> impl = impl_;
+    if (!impl->laidOut) return {};
+    impl->requireWhole("changes");
+    return impl->saved.changes(impl->lines);
 }
 
 void SheetBody::accept(const std::vector<AnyChange>& changes) {
     const std::shared_ptr<Impl> impl = impl_;
+    if (!impl->laidOut) return;
+    impl->requireWhole("accept");
     impl->saved.accept(impl->lines, changes);
     impl->tellModified();
 }
 
 bool SheetBody::modified() const {
-    return impl_->saved.differs(impl_->lines);
+    const std::shared_ptr<Impl> impl = impl_;
+    return impl->laidOut && (!impl->context.whole() || impl->saved.differs(impl->lines));
 }
 
 bool SheetBody::moved() const {
@@ -190,18 +211,22 @@ Connection SheetBody::onModified(std::function<void(bool)> told) {
 // --- What is wrong
 
 std::optional<Fault> SheetBody::firstFault() const {
+    const std::shared_ptr<Impl> impl = impl_;
     std::optional<Fault> first;
-    impl_->faults.visit([&](Fault fault) {
-        first = impl_->shown(std::move(fault));
+    if (!impl->laidOut) return first;
+    impl->faults.visit([&](Fault fault) {
+        first = impl->shown(std::move(fault));
         return false;
     });
     return first;
 }
 
 std::vector<Fault> SheetBody::faults() const {
+    const std::shared_ptr<Impl> impl = impl_;
     std::vector<Fault> all;
-    impl_->faults.visit([&](Fault fault) {
-        all.push_back(impl_->shown(std::move(fault)));
+    if (!impl->laidOut) return all;
+    impl->faults.visit([&](Fault fault) {
+        all.push_back(impl->shown(std::move(fault)));
         return true;
     });
     return all;

@@ -29,6 +29,8 @@ struct SheetContext {
     std::function<bool(const std::vector<std::int32_t>&)> mayDelete = {};
     Unreadable unreadable = Unreadable::Refused;
     std::int32_t leastRows = 5;
+    bool gone =
+        false;  ///< the host has destroyed the sheet, and perhaps the grid: neither is touched any more
 
     std::int32_t count() const { return static_cast<std::int32_t>(plans.size()); }
     const ColumnPlan& plan(std::int32_t column) const { return plans[static_cast<std::size_t>(column)]; }
@@ -38,9 +40,17 @@ struct SheetContext {
             if (plan(column).name == name) return column;
         return -1;
     }
+    /// The host has taken none of the columns away.
+    bool whole() const { return !gone && grid.Cols() >= grid.FixedCols() + count(); }
     /// Of a column of the sheet, in the grid.
     std::int32_t gridCol(std::int32_t column) const { return grid.FixedCols() + column; }
     CellGrid& cells() const { return grid.Grid(); }
+    /// Where the row is now; -1 when it has gone, or the sheet has.
+    std::int32_t rowOf(RowId id) const {
+        if (gone) return -1;
+        const std::int32_t row = cells().RowOf(id);
+        return row >= firstRow() && row < endRow() ? row : -1;
+    }
     /// All lines and the rows that may become some.
     std::int32_t firstRow() const { return grid.FixedRows(); }
     std::int32_t endRow() const { return grid.Rows(); }

@@ -4,6 +4,7 @@
 
 #include "sheet/LayOut.h"
 #include "sheet/Overwritten.h"
+#include "support/FirstFault.h"
 
 namespace kxVsGrid::sheet {
 
@@ -15,22 +16,32 @@ void SheetBody::Impl::attach() {
     connections.push_back(
         grid.AddVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
     connections.push_back(
-        grid.DeleteVsRow.connect([this](std::int32_t row, bool& consent) {
-            const auto self = shared_from_this();
-            consent = context.grid.Editable() && deleting.mayGo(row);
+        grid.DeleteVsRow.connect([weak = weak_from_this()](std::int32_t row, bool& consent) {
+            const auto self = weak.lock();
+            consent = self && self->context.grid.Editable() && self->deleting.mayGo(row);
         }));
-    connections.push_back(
-        grid.AfterAddRow.connect([this](bool& keeps, std::int32_t row, bool copied, std::int32_t source) {
+    connections.push_back(grid.AfterAddRow.connect(
+        [weak = weak_from_this()](bool& keeps, std::int32_t row, bool copied, std::int32_t source) {
             keeps = copied;
-            if (laidOut && copied && row >= 0 && source >= 0) codes.copied(row, source);
+            const auto self = weak.lock();
+            if (self && self->laidOut && copied && row >= 0 && source >= 0) self->codes.copied(row, source);
         }));
     attachCodes();
-    connections.push_back(grid.Options().RowInUse.connect(
-        [this](std::int32_t row, bool& inUse) { inUse = laidOut && lines.isInUse(row); }));
-    connections.push_back(grid.Changes().After.connect([this](const StepChanges& step) { settled(step); }));
-    connections.push_back(grid.Grid().PlacesChanged.connect([this] {
-        if (laidOut) fitStretched(context);
+    connections.push_back(
+        grid.Options().RowInUse.connect([weak = weak_from_this()](std::int32_t row, bool& inUse) {
+            const auto self = weak.lock();
+            inUse = self && self->laidOut && self->context.whole() && self->lines.isInUse(row);
+        }));
+    connections.push_back(grid.Changes().After.connect([weak = weak_from_this()](const StepChanges& step) {
+        if (const auto self = weak.lock()) self->settled(step);
     }));
+    // More rows bring the bar beside them, fewer take it away.
+    const auto fit = [this] {
+        if (laidOut) fitStretched(context);
+    };
+    connections.push_back(grid.Grid().PlacesChanged.connect(fit));
+    connections.push_back(grid.Grid().SizeChanged.connect(fit));
+    connections.push_back(grid.Grid().RowMoved.connect([fit](std::int32_t, bool) { fit(); }));
     // The grid may outlive the sheet.
     grid.Changes().AddSettler([weak = weak_from_this()](const StepChanges& step) {
         if (const auto self = weak.lock()) self->settle(step);
@@ -40,18 +51,25 @@ void SheetBody::Impl::attach() {
 /// A listener of what follows may destroy the sheet.
 void SheetBody::Impl::attachCodes() {
     kxGrid& grid = context.grid;
-    connections.push_back(grid.TxtValidBmS.connect(
-        [this](const std::string& basis, const std::string&, const std::string&, const std::string& typed,
-               std::string& code, std::string& name) { codes.check(basis, typed, code, name); }));
     connections.push_back(
-        grid.GetHelpCodeInfo.connect([this](const Variant& basis, Variant& code, Variant& info,
-                                            Variant& data) { codes.list(basis, code, info, data); }));
+        grid.TxtValidBmS.connect([this](const std::string& basis, const std::string&, const std::string&,
+                                        const std::string& typed, std::string& code, std::string& name) {
+            const auto self = shared_from_this();
+            codes.check(basis, typed, code, name);
+        }));
+    connections.push_back(grid.GetHelpCodeInfo.connect(
+        [this](const Variant& basis, Variant& code, Variant& info, Variant& data) {
+            const auto self = shared_from_this();
+            codes.list(basis, code, info, data);
+        }));
     connections.push_back(grid.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         const auto self = shared_from_this();
         const std::int32_t column = col - context.grid.FixedCols();
         if (!laidOut || loading || column < 0 || column >= context.count()) return;
+        if (row < context.firstRow() || row >= context.endRow()) return;
+        const RowId id = context.cells().IdOf(row);
         if (context.plan(column).codes) codes.follow(row);
-        if (context.edited && row < context.endRow()) tellEdited(row, column, false);
+        if (context.edited && (row = context.rowOf(id)) >= 0) tellEdited(row, column, false);
     }));
 }
 
@@ -70,14 +88,14 @@ void SheetBody::Impl::write(std::int32_t row, const void* record) {
 }
 
 void SheetBody::Impl::layOut() {
-    if (laidOut) return;
+    if (laidOut && context.whole()) return;
     if (context.plans.empty()) throw GridError("load: the sheet has no columns");
     layOutColumns(context);
     for (std::int32_t column = 0; column < context.count(); ++column)
         context.grid.Options(context.gridCol(column))
             .accepts([weak = weak_from_this(), column](std::int32_t row, std::string_view text) {
                 const auto self = weak.lock();
-                return self ? self->faults.refusal(row, column, text) : std::string();
+                return self && self->context.whole() ? self->faults.refusal(row, column, text) : std::string();
             });
     laidOut = true;
     fitStretched(context);
@@ -85,18 +103,27 @@ void SheetBody::Impl::layOut() {
 
 void SheetBody::Impl::eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work) {
     const SheetContext& c = context;
-    if (!step.known) {
-        for (std::int32_t row = c.firstRow(); row < c.endRow(); ++row) work(row);
-        return;
+    std::vector<RowId> ids;
+    if (step.known) {
+        for (const std::int32_t row : step.rows)
+            if (row >= c.firstRow() && row < c.endRow()) ids.push_back(c.cells().IdOf(row));
+    } else {
+        ids.resize(static_cast<std::size_t>(c.endRow() - c.firstRow()));
+        c.cells().IdsOf(c.firstRow(), ids);
     }
-    for (const std::int32_t row : std::vector<std::int32_t>(step.rows.begin(), step.rows.end()))
-        if (row >= c.firstRow() && row < c.endRow()) work(row);
+    support::FirstFault fault;
+    for (const RowId id : ids)
+        fault.during([&] {
+            if (const std::int32_t row = c.rowOf(id); row >= 0) work(row);
+        });
+    fault.raise();
 }
 
 /// What was typed, filled or pasted has no more decimals than its column, and constants no blanks around them.
 void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
     const SheetContext& c = context;
-    for (std::int32_t column = 0; column < c.count() && row < c.endRow(); ++column) {
+    const RowId id = c.cells().IdOf(row);
+    for (std::int32_t column = 0; column < c.count() && (row = c.rowOf(id)) >= 0; ++column) {
         const ColumnPlan& plan = c.plan(column);
         const std::int32_t col = c.gridCol(column);
         if ((!plan.decimals || plan.computed) && plan.constants.empty()) continue;
@@ -116,8 +143,7 @@ void SheetBody::Impl::tellEdited(std::int32_t row, std::int32_t column, bool fil
     context.edited(after.get(), Edited{row, context.plan(column).name, filled});
     for (std::int32_t other = 0; other < context.count(); ++other) {
         const ColumnPlan& plan = context.plan(other);
-        row = context.cells().RowOf(id);
-        if (row < 0) return;
+        if ((row = context.rowOf(id)) < 0) return;
         if (plan.computed || plan.field->alike(before.get(), after.get())) continue;
         const std::int32_t col = context.gridCol(other);
         const std::string text = lines.text(after.get(), other);
@@ -127,9 +153,15 @@ void SheetBody::Impl::tellEdited(std::int32_t row, std::int32_t column, bool fil
 }
 
 void SheetBody::Impl::tellFilled(std::int32_t row, const StepChanges& step) {
-    for (const std::int32_t col : std::vector<std::int32_t>(step.cols.begin(), step.cols.end())) {
+    const RowId id = context.cells().IdOf(row);
+    const std::vector<std::int32_t> cols(step.cols.begin(), step.cols.end());
+    bringBack(context, lines, row, cols);
+    if (!context.edited) return;
+    for (const std::int32_t col : cols) {
         const std::int32_t column = col - context.grid.FixedCols();
-        if (column >= 0 && column < context.count() && row < context.endRow()) tellEdited(row, column, true);
+        if (column < 0 || column >= context.count()) continue;
+        if ((row = context.rowOf(id)) < 0) return;
+        tellEdited(row, column, true);
     }
 }
 
@@ -148,33 +180,41 @@ void SheetBody::Impl::preset(std::int32_t column, const std::string& text) {
 }
 
 void SheetBody::Impl::settle(const StepChanges& step) {
-    if (!laidOut || loading) return;
+    if (!laidOut || loading || !context.whole()) return;
     eachRow(step, [&](std::int32_t row) {
-        codes.settle(row);
-        if (step.cause == Cause::Fill && step.known) {
-            bringBack(context, lines, row, std::vector<std::int32_t>(step.cols.begin(), step.cols.end()));
-            if (context.edited && row < context.endRow()) tellFilled(row, step);
-        }
-        if (row < context.endRow()) round(row, step);
-        if (row < context.endRow()) computing.settle(row);
+        const RowId id = context.cells().IdOf(row);
+        codes.settle(row, step);
+        if (step.cause == Cause::Fill && step.known && (row = context.rowOf(id)) >= 0) tellFilled(row, step);
+        if ((row = context.rowOf(id)) >= 0) round(row, step);
+        if ((row = context.rowOf(id)) >= 0) computing.settle(row);
     });
 }
 
+/// An undo puts back what was written in steps; what follows from that and from what was written beside them is made
+/// anew, and is no step of its own.
 void SheetBody::Impl::settled(const StepChanges& step) {
     if (!laidOut || loading) return;
-    if (step.cause == Cause::Undo) {
+    support::FirstFault fault;
+    if (step.cause == Cause::Undo && context.whole()) {
+        const UnrecordedSpan unrecorded = context.grid.Unrecorded();
         CodeColumns::Answers answers;
-        eachRow(step, [&](std::int32_t row) {
-            computing.mark(row);
-            codes.undone(row, answers);
+        fault.during([&] {
+            eachRow(step, [&](std::int32_t row) {
+                const RowId id = context.cells().IdOf(row);
+                computing.settle(row);
+                if ((row = context.rowOf(id)) >= 0) codes.undone(row, answers);
+            });
         });
     }
-    if (!faultMarks.empty()) eachRow(step, [&](std::int32_t row) { faultMarks.judge(row); });
-    tellModified();
+    if (!faultMarks.empty() && context.whole())
+        fault.during([&] { eachRow(step, [&](std::int32_t row) { faultMarks.judge(row); }); });
+    fault.during([&] { tellModified(); });
+    fault.raise();
 }
 
 void SheetBody::Impl::tellModified() {
-    const bool now = saved.differs(lines);
+    if (context.gone) return;
+    const bool now = !context.whole() || saved.differs(lines);
     if (now == modified) return;
     modified = now;
     modifiedTold(now);
@@ -199,8 +239,12 @@ std::int32_t SheetBody::Impl::require(std::string_view member, std::string_view 
 }
 
 void SheetBody::Impl::requireRow(std::string_view member, std::int32_t row) const {
-    if (row < context.firstRow() || row >= context.endRow())
+    if (!laidOut || row < context.firstRow() || row >= context.endRow())
         throw GridError(std::string(member) + ": " + std::to_string(row) + " is no row of a line");
+}
+
+void SheetBody::Impl::requireWhole(std::string_view member) const {
+    if (!context.whole()) throw GridError(std::string(member) + ": columns of the sheet have gone");
 }
 
 void SheetBody::Impl::requireOpen(std::string_view what) const {

@@ -64,7 +64,7 @@ class Codes {
     }
 
     /// Other records from now on, in all sheets that use them. What stands there is looked up among them when it is
-    /// touched, or when faults are asked for. Nothing else is asked for any more.
+    /// typed or written next, or when faults are asked for. A function that was asked for codes is asked no more.
     void replace(std::vector<T> records) {
         source_->records_ = std::make_shared<const std::vector<T>>(std::move(records));
         source_->find_ = {};

@@ -26,7 +26,7 @@ class Field {
 template <class Record, class T>
 class MemberField : public Field {
   public:
-    explicit MemberField(T Record::*member) : member_(member), initial_(initial(member)) {}
+    explicit MemberField(T Record::*member) : member_(member), blank_(blankOf(member)) {}
     FieldKind kind() const override { return FieldText<T>::Kind; }
     bool optional() const override { return IsOptionalField<T>; }
     void append(const void* record, std::string& text) const override {
@@ -35,21 +35,27 @@ class MemberField : public Field {
     bool read(void* record, std::string_view text) const override {
         T& value = static_cast<Record*>(record)->*member_;
         if (!text.empty()) return FieldText<T>::read(text, value);
-        value = initial_;
+        value = blank_;
         return true;
     }
     bool alike(const void* one, const void* other) const override { return of(one) == of(other); }
 
   private:
     const T& of(const void* record) const { return static_cast<const Record*>(record)->*member_; }
-    static T initial(T Record::*member) {
-        if constexpr (IsOptionalField<T>)
+    /// Whose cell is empty. What a new record holds is another thing: presets serve that.
+    static T blankOf(T Record::*member) {
+        if constexpr (!IsOptionalField<T>) {
+            T value = T();
+            std::string text;
+            FieldText<T>::append(text, value);
+            const bool blanked = FieldText<T>::Kind != FieldKind::Text;  // as the grid blanks a 0
+            return text.empty() || blanked ? value : Record{}.*member;
+        } else {
             return std::nullopt;
-        else
-            return Record{}.*member;
+        }
     }
 
     T Record::*member_;
-    T initial_;  ///< of a new record
+    T blank_;
 };
 }  // namespace kxVsGrid::sheet

@@ -12,8 +12,9 @@
 //         }
 //     };
 //
-// read() answers False, and leaves the value, for a text that stands for none. The empty text is read as the
-// value that a new record has, but for an optional member, where it is the one without a value.
+// read() answers False, and leaves the value, for a text that stands for none. It is not asked about the empty text:
+// that is no value where the member is optional, else 0, False, the empty text, whatever a type begins as; only where
+// the type has a text for that too, it is what a new record has.
 #pragma once
 
 #include <charconv>

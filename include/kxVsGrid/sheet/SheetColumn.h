@@ -103,7 +103,8 @@ class CodeColumn : public sheet::ColumnBuilder<CodeColumn<Record, T, Code>, Reco
 
     /// Other members follow from the code: called once whenever the code of a line has become another one, whoever
     /// has changed it, within the same step; what differs afterwards is written. In a pasted block it comes before
-    /// the cells to the right of the code. Not for lines that are loaded, copied, or put back by undo.
+    /// the cells to the right of the code, and so it does where a record is put. Not for lines that are loaded,
+    /// copied, or put back by undo or from a draft, nor for what code writes outside of steps.
     CodeColumn& found(std::function<void(Record&, const Code&)> follow) {
         this->plan_.found = [follow = std::move(follow)](void* record, const void* code) {
             follow(*static_cast<Record*>(record), *static_cast<const Code*>(code));

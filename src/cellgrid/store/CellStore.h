@@ -28,9 +28,9 @@ namespace kxVsGrid::cellgrid {
 
 struct GridColumn {
     CellPages cells;
-    SparseRuns<StyleNumber> styles;
     std::unique_ptr<NumberPages> numbers;  ///< what ColumnSum has read of the texts so far
-    std::unique_ptr<CellFormat> format;    ///< none while every text is shown as it is
+    SparseRuns<StyleNumber> styles;
+    std::unique_ptr<CellFormat> format;  ///< none while every text is shown as it is
     mEmflexAlign alignment = flexAlignGeneral;
     mEmflexAlign fixedAlignment = flexAlignGeneral;
     mEmDataType dataType = flexDTEmpty;
@@ -145,10 +145,14 @@ class CellStore {
             return overwrite(row, col, text, tag);
         const TextSlot freshTag = arena_.store(tag);
         const TextSlot freshText = arena_.storeAfter(freshTag, text);
-        c.cells.fill(*page, CellPages::Tag, handle, freshTag);
-        c.cells.fill(*page, CellPages::Text, handle, freshText);
+        c.cells.fill(*page, handle, freshText, freshTag);
         return Effect::Changed;
     }
+
+    using Texts = std::span<const std::string_view>;
+    /// setCell for the cells of a column from `row` down, one for each text; tags are as many, or none. When it
+    /// fails, each cell holds what it held or what it was to hold.
+    void fill(std::int32_t col, std::int32_t row, Texts texts, Texts tags);
 
     /// Neither a text nor a tag is there, nor is anything computed; in column 0 the row's number may show.
     bool holdsNothing(std::int32_t row, std::int32_t col) const {
@@ -289,6 +293,11 @@ class CellStore {
         slot::Buffer buffer;
         return !slot::hasBlock(old) || arena_.text(old, buffer) != tag;
     }
+    /// What fill does in the rows of a single page (ColumnFill.cpp).
+    std::size_t fillPage(std::int32_t col, std::int32_t row, Texts texts, Texts tags);
+    struct Stretch;
+    template <bool Tagged>
+    void fillEmpty(Stretch& at, Texts texts, Texts tags);
     TextSlot writtenEmpty(std::int32_t col) const {
         return numbered_ && col == 0 ? slot::WrittenEmpty : slot::Empty;
     }

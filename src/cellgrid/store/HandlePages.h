@@ -71,11 +71,19 @@ class CellPages {
         page.used[kind] += fills;
         used_[kind] += fills;
     }
-    /// Fills an empty slot of a page with room.
-    void fill(Page& page, Kind kind, RowHandle handle, TextSlot value) {
-        page.slots[kind][handle % PageSlots] = value;
-        ++page.used[kind];
-        ++used_[kind];
+    /// Fills the two empty slots of a cell, in a page with room.
+    [[gnu::always_inline]] void fill(Page& page, RowHandle handle, TextSlot text, TextSlot tag) {
+        page.slots[Text][handle % PageSlots] = text;
+        page.slots[Tag][handle % PageSlots] = tag;
+        for (const Kind kind : {Text, Tag}) {
+            ++page.used[kind];
+            ++used_[kind];
+        }
+    }
+    /// So many empty slots of a page have been filled.
+    void filled(Page& page, Kind kind, std::size_t count) {
+        page.used[kind] += static_cast<std::uint32_t>(count);
+        used_[kind] += count;
     }
     /// How many slots hold something.
     std::size_t used(Kind kind) const { return used_[kind]; }

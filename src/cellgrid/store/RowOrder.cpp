@@ -104,8 +104,32 @@ bool RowOrder::moveIntoNeighbour(const Place& empty, std::int32_t row, RowHandle
     return true;
 }
 
-void RowOrder::shrinkEmpty(const Place& empty) {
-    segments_.change(empty, [](Segment& s) { --s.count; });
+void RowOrder::obtainAll(std::int32_t row, std::int32_t n) {
+    const std::int32_t stop = row + n;
+    for (; row < stop; ++row) {
+        if (handle(row) != NoHandle) continue;
+        if (!hitHandles_) widen(row, stop - row);
+        give(row);
+    }
+}
+
+/// Comes right after a look at the row, which is in an empty stretch: where that begins with it, up to n rows
+/// of the stretch join the handles before it at once, without a handle yet.
+void RowOrder::widen(std::int32_t row, std::int32_t n) {
+    const Place empty = hit_;
+    if (row != empty.first || segments_.atBegin(empty)) return;
+    const Place before = segments_.previous(empty);
+    if (!segments_[before].handles) return;
+    const std::int32_t more = std::min({n, SegmentRows - segments_[before].count, segments_[empty].count});
+    if (more <= 0) return;
+    segments_.change(before, [more](Segment& s) { s.open(s.count, more); });
+    forgetHit();
+    shrinkEmpty(empty, more);
+    hit(before);
+}
+
+void RowOrder::shrinkEmpty(const Place& empty, std::int32_t n) {
+    segments_.change(empty, [n](Segment& s) { s.count -= n; });
     if (segments_[empty].count == 0) segments_.erase(empty);
 }
 

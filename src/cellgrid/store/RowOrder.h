@@ -36,6 +36,16 @@ class RowOrder {
         return known != NoHandle ? known : give(row);
     }
 
+    /// Handles for the rows [row, row + n), in a time that does not grow with the rows beside them. When memory
+    /// fails some of them have one.
+    void obtainAll(std::int32_t row, std::int32_t n);
+    /// The handles of `row` and of those after it that lie side by side with its own: at least one, no more
+    /// than `n`. The row has one.
+    std::span<const RowHandle> handles(std::int32_t row, std::int32_t n) const {
+        if (row < hitFirst_ || row >= hitEnd_) look(row);
+        return {hitHandles_ + (row - hitFirst_), static_cast<std::size_t>(std::min(n, hitEnd_ - row))};
+    }
+
     void insert(std::int32_t row, std::int32_t n);
     /// Takes the memory that remove needs, so that it cannot fail.
     void prepareRemove(std::int32_t row, std::int32_t n);
@@ -108,7 +118,8 @@ class RowOrder {
     void drop(std::int32_t row, std::int32_t n);
     bool moveIntoNeighbour(const Place& empty, std::int32_t row, RowHandle fresh);
     void openBlock(const Place& empty, std::int32_t row, RowHandle fresh);
-    void shrinkEmpty(const Place& empty);
+    void shrinkEmpty(const Place& empty, std::int32_t n = 1);
+    void widen(std::int32_t row, std::int32_t n);
     void insertEmpty(std::int32_t row, std::int32_t n);
     void joinAt(std::int32_t row);
     Place giveUpTail(const Place& place, Segment tail);

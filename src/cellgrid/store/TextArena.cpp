@@ -1,5 +1,6 @@
 #include "cellgrid/store/TextArena.h"
 
+#include <algorithm>
 #include <bit>
 
 #include "support/Room.h"
@@ -8,26 +9,20 @@ namespace kxVsGrid::cellgrid {
 
 namespace {
 
-/// Names are short: two or four copies of a fixed size, overlapping in the middle, are done before a call
-/// with a length that nothing predicts has begun. Texts here have eight bytes or more.
+/// Names are short: four copies of a fixed size, overlapping as the length wants it, are done before a call,
+/// or a choice, that nothing predicts has begun. Texts here have eight bytes or more.
 void copyText(char* to, std::string_view text) {
     const char* const from = text.data();
     const std::size_t n = text.size();
-    if (n > 32) {
+    if (n > 32) [[unlikely]] {
         std::memcpy(to, from, n);
-    } else if (n >= 16) {
-        std::array<char, 16> head;
-        std::array<char, 16> tail;
-        std::memcpy(head.data(), from, 16);
-        std::memcpy(tail.data(), from + n - 16, 16);
-        std::memcpy(to, head.data(), 16);
-        std::memcpy(to + n - 16, tail.data(), 16);
-    } else {
-        const std::uint64_t head = slot::eightBytes(from);
-        const std::uint64_t tail = slot::eightBytes(from + n - 8);
-        std::memcpy(to, &head, 8);
-        std::memcpy(to + n - 8, &tail, 8);
+        return;
     }
+    const std::size_t second = std::min<std::size_t>(n - 8, 8);
+    const std::size_t places[] = {0, second, n - 8 - second, n - 8};
+    std::array<std::uint64_t, 4> words;
+    for (std::size_t i = 0; i < 4; ++i) words[i] = slot::eightBytes(from + places[i]);
+    for (std::size_t i = 0; i < 4; ++i) std::memcpy(to + places[i], &words[i], 8);
 }
 }  // namespace
 
@@ -42,7 +37,7 @@ TextSlot TextArena::storeLongAfter(TextSlot first, std::string_view text) {
 
 TextSlot TextArena::storeLong(std::string_view text) {
     if (text.size() > MaxInChunk) return storeBig(text);
-    const std::uint32_t reference = take(unitsFor(text.size()));
+    const std::uint32_t reference = takeFresh(unitsFor(text.size()));
     used_ += text.size();
     copyText(at(reference), text);
     return slot::Arena | (TextSlot{text.size()} << 32) | reference;

@@ -20,13 +20,15 @@ class TextArena {
 
     /// The slot of any text; short ones take nothing from the arena.
     [[gnu::always_inline]] TextSlot store(std::string_view text) {
-        const TextSlot s = slot::ofShort(text);
-        return s != slot::Empty || text.empty() ? s : storeLong(text);
+        if (text.size() <= slot::MaxBytes) return slot::ofBytes(text.data(), text.size());
+        const TextSlot s = slot::ofPacked(text.data(), text.size());
+        return s != slot::Empty ? s : storeLong(text);
     }
     /// The same for the second of two texts that are put together: when it fails, the first is given back.
     [[gnu::always_inline]] TextSlot storeAfter(TextSlot first, std::string_view text) {
-        const TextSlot s = slot::ofShort(text);
-        return s != slot::Empty || text.empty() ? s : storeLongAfter(first, text);
+        if (text.size() <= slot::MaxBytes) return slot::ofBytes(text.data(), text.size());
+        const TextSlot s = slot::ofPacked(text.data(), text.size());
+        return s != slot::Empty ? s : storeLongAfter(first, text);
     }
     /// The same as store for a text that does not fit into a slot.
     TextSlot storeLong(std::string_view text);
@@ -71,6 +73,13 @@ class TextArena {
         return static_cast<std::uint32_t>((bytes + Unit - 1) / Unit);
     }
     std::uint32_t take(std::uint32_t units);
+    /// The same where names lie side by side: most are put where none was before.
+    std::uint32_t takeFresh(std::uint32_t units) {
+        if (freed_[units] != None || freshEnd_ - fresh_ < units) [[unlikely]]
+            return take(units);
+        fresh_ += units;
+        return fresh_ - units;
+    }
     std::uint32_t takeLarger(std::uint32_t units);
     void addChunk();
     void free(std::uint32_t reference, std::uint32_t units);

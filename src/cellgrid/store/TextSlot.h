@@ -85,8 +85,8 @@ constexpr std::uint64_t packed(std::uint64_t bytes) {
     return (codes | (codes >> 16)) & 0xFFFF'FFFFU;
 }
 
-/// The slot of up to seven bytes.
-inline TextSlot ofBytes(const char* text, std::size_t n) {
+/// The slot of up to seven bytes; Empty for none.
+[[gnu::always_inline]] inline TextSlot ofBytes(const char* text, std::size_t n) {
     TextSlot bytes = 0;
     if (n >= 4) {
         // Two reads that overlap in the middle: no loop, no call.
@@ -102,15 +102,20 @@ inline TextSlot ofBytes(const char* text, std::size_t n) {
     return bytes | (TextSlot{n} << KindShift);
 }
 
+/// The slot of a text of eight bytes or more that can be packed, Empty for all others. One question for both
+/// reasons why it cannot: which of them it is, nobody can foretell.
+[[gnu::always_inline]] inline TextSlot ofPacked(const char* text, std::size_t n) {
+    const std::uint64_t head = eightBytes(text);
+    const std::uint64_t tail = eightBytes(text + n - 8);  // overlaps the head
+    if ((n <= MaxPacked) & arePacked(head) & arePacked(tail))
+        return (TextSlot{n} << KindShift) | packed(head) | (packed(tail) >> (4 * (16 - n)) << 32);
+    return Empty;
+}
+
 /// The slot of a text that fits into it, Empty for all others. The empty text is Empty too.
 inline TextSlot ofShort(std::string_view text) {
     const std::size_t n = text.size();
-    if (n <= MaxBytes) return n == 0 ? Empty : ofBytes(text.data(), n);
-    if (n > MaxPacked) return Empty;
-    const std::uint64_t head = eightBytes(text.data());
-    const std::uint64_t tail = eightBytes(text.data() + n - 8);  // overlaps the head
-    if (!arePacked(head) || !arePacked(tail)) return Empty;
-    return (TextSlot{n} << KindShift) | packed(head) | (packed(tail) >> (4 * (16 - n)) << 32);
+    return n <= MaxBytes ? ofBytes(text.data(), n) : ofPacked(text.data(), n);
 }
 
 /// Room for the text of a slot that lies in the slot.
