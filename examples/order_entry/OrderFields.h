@@ -27,8 +27,8 @@ struct kxVsGrid::FieldText<QDate> {
         text += value.toString(Qt::ISODate).toStdString();
     }
     static bool read(std::string_view text, QDate& value) {
-        const QDate known =
-            QDate::fromString(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), Qt::ISODate);
+        const QDate known = QDate::fromString(
+            QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), Qt::ISODate);
         if (known.isValid()) value = known;
         return known.isValid();
     }

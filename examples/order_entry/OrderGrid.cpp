@@ -24,7 +24,8 @@ void OrderGrid::setUpKeys() {
     grid_.VsCtrl(Slot)->i有效性判断(1);
     grid_.VsCtrl(Slot)->i字段有效性判断类型(ij半日型);
     grid_.VsCtrl(Unit)->iColAlignment(flexAlignCenterCenter);
-    for (const Column right : {Delivery, Slot, Entered}) grid_.VsCtrl(right)->iColAlignment(flexAlignRightCenter);
+    for (const Column right : {Delivery, Slot, Entered})
+        grid_.VsCtrl(right)->iColAlignment(flexAlignRightCenter);
     grid_.Options(Price).smallest(0);  // returned goods have a quantity below 0; a price never is
     // F3 alone leads to the warehouse.
     constexpr std::int16_t F3 = 114;
@@ -39,7 +40,7 @@ void OrderGrid::setUpKeys() {
     options.ReadOnlyShade(6);  // an approved order looks closed
     options.HeaderMenu(true);
     options.Refusals(GridOptions::RefusalStyle::Beside);  // the clerk keys on
-    grid_.bIsShowZero(true);  // a price of 0 is a price
+    grid_.bIsShowZero(true);                              // a price of 0 is a price
     grid_.BackColorBkg(0x8000000F);
     grid_.ColWidth(RowNumber, 500);
     grid_.ColSample(RowNumber, "00000 ");
@@ -143,8 +144,8 @@ void OrderGrid::edited(OrderLine& line, const sheet::Edited& cell) {
     if (cell.filled || line.isEmpty()) return;
     if (cell.column != "entered" && !line.entered.isValid()) line.entered = services_.now();
     // A code that came with a block: the clerk has not been to its row. Presets that a block empties stay empty.
-    if (cell.column == "code" && cell.row != grid_.Row() && !line.code.isEmpty() && line.warehouse.isEmpty() &&
-        day.isEmpty() && line.slot.isEmpty())
+    if (cell.column == "code" && cell.row != grid_.Row() && !line.code.isEmpty() &&
+        line.warehouse.isEmpty() && day.isEmpty() && line.slot.isEmpty())
         putPresets(line);
 }
 
@@ -168,7 +169,8 @@ std::optional<CodeAndName> OrderGrid::warehouseOf(const QString& typed) const {
 void OrderGrid::colourCode(std::int32_t row) {
     if (row < grid_.FixedRows() || row >= grid_.Rows()) return;
     const CellMark* const mark = grid_.Mark(row, Code);
-    const bool unknown = mark && mark->kind == CellMark::Kind::Problem && !grid_.Grid().Text(row, Code).empty();
+    const bool unknown =
+        mark && mark->kind == CellMark::Kind::Problem && !grid_.Grid().Text(row, Code).empty();
     grid_.Grid().CellForeColor(row, Code, unknown ? std::optional(0x0000C0u) : std::nullopt);
 }
 
@@ -203,7 +205,8 @@ bool OrderGrid::commit() {
 std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
     const auto fault = sheet_.firstFault();
     if (!fault) return std::nullopt;
-    const QString text = u"第 %1 行的"_s.arg(fault->row - grid_.FixedRows() + 1) + QString::fromStdString(fault->reason);
+    const QString text =
+        u"第 %1 行的"_s.arg(fault->row - grid_.FixedRows() + 1) + QString::fromStdString(fault->reason);
     // The control applies its own rule to the current cell, and tells the clerk.
     const bool own = text.endsWith(u"不能为零"_s) || text.endsWith(u"不能为空"_s);
     if (own) select(fault->row, fault->col);

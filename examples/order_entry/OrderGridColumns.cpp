@@ -39,7 +39,8 @@ std::optional<Cents> product(const OrderLine& line) {
 void OrderGrid::setUpColumns() {
     const auto goods = Codes<Goods>::asking(
         [this](std::string_view code) {
-            return goodsOf(QString::fromUtf8(code.data(), std::ssize(code)).normalized(QString::NormalizationForm_KC));
+            return goodsOf(
+                QString::fromUtf8(code.data(), std::ssize(code)).normalized(QString::NormalizationForm_KC));
         },
         &Goods::code);
     const auto warehouses = Codes<CodeAndName>::asking(
@@ -61,7 +62,8 @@ void OrderGrid::setUpColumns() {
             line.unit = found.unit;
             line.price = found.price;
             emit said(u"%1  %2  %3  单价 %4 元/%5"_s.arg(found.code, found.name, found.spec,
-                                                         QString::fromStdString(moneyText(found.price)), found.unit),
+                                                         QString::fromStdString(moneyText(found.price)),
+                                                         found.unit),
                       false);
         })
         .cleared([](OrderLine& line) { line.name = line.spec = QString(); });
@@ -83,10 +85,17 @@ void OrderGrid::setUpColumns() {
     const auto number = [this](const char* name, const char* caption, auto member) {
         return sheet_.number(name, caption, member).enterToNextRow("code");
     };
-    number("quantity", "数量", &OrderLine::quantity).width(1350).decimals(QuantityDecimals).format("#,##0.###").total();
+    number("quantity", "数量", &OrderLine::quantity)
+        .width(1350)
+        .decimals(QuantityDecimals)
+        .format("#,##0.###")
+        .total();
     number("price", "单价", &OrderLine::price).width(1200).decimals(PriceDecimals);
-    number("amount", "金额", &OrderLine::amount).width(1500).decimals(PriceDecimals).total().computed(
-        [](const OrderLine& line) { return product(line); });
+    number("amount", "金额", &OrderLine::amount)
+        .width(1500)
+        .decimals(PriceDecimals)
+        .total()
+        .computed([](const OrderLine& line) { return product(line); });
     sheet_.code("warehouse", "仓库", &OrderLine::warehouse, warehouses)
         .width(1000)
         .limit(20)
@@ -96,7 +105,9 @@ void OrderGrid::setUpColumns() {
     sheet_.text("slot", "时段", &OrderLine::slot).width("2026-11-27 下午  ").enterToNextRow("code");
     sheet_.flag("gift", "赠品", &OrderLine::gift).width(600).enterToNextRow("code");
     sheet_.text("remark", "备注", &OrderLine::remark).width(RemarkWidth).limit(100).enterToNextRow("code");
-    sheet_.moment("entered", "录入时间", &OrderLine::entered).width("2026-11-27 09:30:00  ").enterToNextRow("code");
+    sheet_.moment("entered", "录入时间", &OrderLine::entered)
+        .width("2026-11-27 09:30:00  ")
+        .enterToNextRow("code");
 
     sheet_.inUse([](const OrderLine& line) { return !line.isEmpty(); })
         .unreadable(sheet::Unreadable::Blank)
@@ -105,18 +116,25 @@ void OrderGrid::setUpColumns() {
         .mayDelete([this](const std::vector<std::int32_t>& rows) { return mayDeleteRows(rows); })
         .wording([this](const Fault& fault) { return wordsOf(fault); });
     // A line without goods but with a remark is a note: it needs neither quantity nor warehouse.
-    sheet_.expects("code", [](const OrderLine& line) { return !line.code.isEmpty() || !line.remark.isEmpty(); },
-                   "没有填写:没有货号的行要有备注,否则请删除这一行")
-        .expects("quantity",
-                 [](const OrderLine& line) { return !line.quantity || !line.price || product(line).has_value(); },
-                 "“%1”乘以单价太大,无法保存")
-        .expects("quantity",
-                 [](const OrderLine& line) { return line.code.isEmpty() || line.quantity.value_or(0) != 0; },
-                 "不能为零")
-        .expects("warehouse",
-                 [](const OrderLine& line) { return line.code.isEmpty() || !line.warehouse.isEmpty(); }, "不能为空")
-        .expects("slot", [](const OrderLine& line) { return line.slot.isEmpty() || isHalfDay(line.slot); },
-                 "“%1”不是日期加上午或下午");
+    sheet_
+        .expects(
+            "code", [](const OrderLine& line) { return !line.code.isEmpty() || !line.remark.isEmpty(); },
+            "没有填写:没有货号的行要有备注,否则请删除这一行")
+        .expects(
+            "quantity",
+            [](const OrderLine& line) { return !line.quantity || !line.price || product(line).has_value(); },
+            "“%1”乘以单价太大,无法保存")
+        .expects(
+            "quantity",
+            [](const OrderLine& line) { return line.code.isEmpty() || line.quantity.value_or(0) != 0; },
+            "不能为零")
+        .expects(
+            "warehouse",
+            [](const OrderLine& line) { return line.code.isEmpty() || !line.warehouse.isEmpty(); },
+            "不能为空")
+        .expects(
+            "slot", [](const OrderLine& line) { return line.slot.isEmpty() || isHalfDay(line.slot); },
+            "“%1”不是日期加上午或下午");
 }
 
 std::string OrderGrid::wordsOf(const Fault& fault) const {

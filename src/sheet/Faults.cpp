@@ -29,7 +29,8 @@ Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t
     if (plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty())
             return {std::move(why), FaultKind::Computed};
-    if (std::string why = missing(record, row, column); !why.empty()) return {std::move(why), FaultKind::Rule};
+    if (std::string why = missing(record, row, column); !why.empty())
+        return {std::move(why), FaultKind::Rule};
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
     if (!why.empty()) return {std::move(why), FaultKind::Unknown};
@@ -115,6 +116,6 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
     const bool becomesLine = lines_.makesLine(column) && !value.empty();
     return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column, true)
-                                                             : std::string();
+                                                            : std::string();
 }
 }  // namespace kxVsGrid::sheet

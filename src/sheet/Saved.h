@@ -40,8 +40,8 @@ class Saved {
 
     const SheetContext& c_;
     std::unordered_map<RowId, KeptRecord> records_;
-    std::vector<RowId> order_;  ///< the rows of records_ as they stood
-    std::vector<RowId> still_;  ///< were changed between changes() and accept()
+    std::vector<RowId> order_;             ///< the rows of records_ as they stood
+    std::vector<RowId> still_;             ///< were changed between changes() and accept()
     mutable RowId witness_ = RowId::None;  ///< differed when it was last looked at
 };
 }  // namespace kxVsGrid::sheet

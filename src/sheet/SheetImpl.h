@@ -17,8 +17,7 @@
 namespace kxVsGrid::sheet {
 
 struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
-    Impl(kxGrid& grid, MakeRecord make, bool computesTwice)
-        : context{grid, make, computesTwice} {}
+    Impl(kxGrid& grid, MakeRecord make, bool computesTwice) : context{grid, make, computesTwice} {}
 
     /// Listens to the grid.
     void attach();

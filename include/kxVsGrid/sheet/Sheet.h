@@ -106,7 +106,8 @@ class Sheet {
     /// The same for what a line has to be in the end: it can be typed otherwise, and is a fault then.
     Sheet& expects(std::string_view name, std::function<bool(const Record&)> holds, std::string_view reason) {
         body_.rule(
-            name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason, false);
+            name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason,
+            false);
         return *this;
     }
     /// Called whenever the clerk has changed a cell of a row, within the same step: what differs in the record
