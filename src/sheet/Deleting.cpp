@@ -28,7 +28,7 @@ bool Deleting::mayGo(std::int32_t row) {
     }
     refused_ = rows;
     left_.assign(rows.begin(), asked);
-    if (c_.mayDelete(rows) && selectedRows() == rows) {
+    if (c_.mayDelete(rows) && !c_.gone && selectedRows() == rows) {
         left_.clear();
         const support::FlagSpan agreed(agreed_);
         c_.grid.Run(Command::DeleteRows);
