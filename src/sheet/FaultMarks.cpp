@@ -27,17 +27,34 @@ void FaultMarks::mark(const Fault& fault) {
     marks_[{c_.cells().IdOf(fault.row), fault.col}] = fault.reason;
 }
 
+std::map<std::int32_t, std::string> FaultMarks::reasonsIn(std::int32_t row) const {
+    std::map<std::int32_t, std::string> reasons;
+    faults_.visit(row, [&](const Fault& fault) {
+        reasons[fault.col] = fault.reason;
+        return true;
+    });
+    return reasons;
+}
+
+/// A text that is confirmed as it stood is no step.
+void FaultMarks::keep(std::int32_t row) {
+    const RowId id = c_.cells().KnownId(row);
+    const auto first = marks_.lower_bound({id, 0});
+    if (first == marks_.end() || first->first.first != id) return;
+    for (const auto& [col, reason] : reasonsIn(row))
+        if (const auto ours = marks_.find({id, col}); ours != marks_.end() && !c_.grid.Mark(row, col)) {
+            ours->second = reason;
+            c_.grid.Mark(row, col, CellMark{CellMark::Kind::Problem, reason});
+        }
+}
+
 /// The grid takes a mark away with the commit into its cell. What is wrong may depend on the rest of the line, and
 /// may be as wrong afterwards.
 void FaultMarks::judge(std::int32_t row) {
     const RowId id = c_.cells().KnownId(row);
     auto one = marks_.lower_bound({id, 0});
     if (one == marks_.end() || one->first.first != id) return;
-    std::map<std::int32_t, std::string> reasons;
-    faults_.visit(row, [&](const Fault& fault) {
-        reasons[fault.col] = fault.reason;
-        return true;
-    });
+    const std::map<std::int32_t, std::string> reasons = reasonsIn(row);
     while (one != marks_.end() && one->first.first == id) {
         const std::int32_t col = one->first.second;
         const CellMark* const there = c_.grid.Mark(row, col);

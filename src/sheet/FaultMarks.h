@@ -20,12 +20,15 @@ class FaultMarks {
     int put();
     /// A row has been written to: its marks are those of its faults, as far as they were marked.
     void judge(std::int32_t row);
+    /// The same before what follows is known: a mark that the grid has taken away comes back.
+    void keep(std::int32_t row);
     bool empty() const { return marks_.empty(); }
     void forget() { marks_.clear(); }
 
   private:
     using Cell = std::pair<RowId, std::int32_t>;
     void mark(const Fault& fault);
+    std::map<std::int32_t, std::string> reasonsIn(std::int32_t row) const;
 
     const SheetContext& c_;
     const Faults& faults_;

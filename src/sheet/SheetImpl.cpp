@@ -70,6 +70,7 @@ void SheetBody::Impl::attachCodes() {
         const RowId id = context.cells().IdOf(row);
         if (context.plan(column).codes) codes.follow(row);
         if (context.edited && (row = context.rowOf(id)) >= 0) tellEdited(row, column, false);
+        if (!faultMarks.empty() && (row = context.rowOf(id)) >= 0) faultMarks.keep(row);
     }));
 }
 

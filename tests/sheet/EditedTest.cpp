@@ -41,6 +41,7 @@ class KeyedSheet : public ::testing::Test {
         sheet.inUse([](const KeyedLine& line) { return !line.code.empty() || !line.note.empty(); });
     }
     void load(const std::vector<KeyedLine>& lines = {}) {
+        desk.resize(18600, 8000);
         sheet.load(lines);
         desk.focusGrid();
     }
@@ -49,6 +50,7 @@ class KeyedSheet : public ::testing::Test {
         line.code = std::move(code);
         line.name = std::move(name);
         line.quantity = quantity;
+        line.place = "一仓";
         return line;
     }
     void at(int row, Column col) { grid.Grid().Select(row, col); }
