@@ -102,10 +102,10 @@ void SheetBody::Loading::finish() {
         // Half of the lines would be saved as all there are.
         grid.Clear();
         grid.ReDraw(true);
-        body->saved.begin({}, {});
+        body->saved.begin(body->lines, {}, {});
         throw;
     }
-    body->saved.begin(rows, std::move(texts_->records));
+    body->saved.begin(body->lines, rows, std::move(texts_->records));
     body->tellModified();
 }
 }  // namespace kxVsGrid::sheet
