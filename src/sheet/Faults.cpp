@@ -57,8 +57,8 @@ void Faults::visit(const std::function<bool(Fault)>& visitor) const {
         const AnyRecord record = lines_.read(row, unreadable);
         if (!unreadable && !lines_.isInUse(row, record.get())) continue;
         for (std::int32_t column = 0; column < c_.count(); ++column) {
-            std::string why = unreadable ? unreadableReason(record.get(), row, column)
-                                         : reason(record.get(), row, column);
+            std::string why =
+                unreadable ? unreadableReason(record.get(), row, column) : reason(record.get(), row, column);
             if (!why.empty() && !visitor(c_.faultAt(row, column, std::move(why)))) return;
         }
     }
@@ -76,6 +76,7 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
     const bool becomesLine = lines_.makesLine(column) && !value.empty();
-    return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column) : std::string();
+    return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column)
+                                                            : std::string();
 }
 }  // namespace kxVsGrid::sheet

@@ -50,10 +50,10 @@ struct SheetBody::Loading::Texts {
     }
 };
 
-SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress)
-    : texts_(nullptr) {
+SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress) : texts_(nullptr) {
     if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
-    texts_.reset(new Texts{body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}});
+    texts_.reset(new Texts{
+        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}});
     texts_->columns.resize(body.impl_->context.plans.size());
     for (Column& column : texts_->columns) column.ends.reserve(total);
     texts_->records.reserve(total);

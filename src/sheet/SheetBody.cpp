@@ -124,7 +124,8 @@ void SheetBody::recompute() {
     const std::shared_ptr<Impl> impl = impl_;
     if (!impl->laidOut || !impl->context.whole()) return;
     ChangeStep step = impl->context.grid.Step("重新计算");
-    for (std::int32_t row = impl->context.firstRow(); !impl->context.gone && row < impl->context.endRow(); ++row)
+    for (std::int32_t row = impl->context.firstRow(); !impl->context.gone && row < impl->context.endRow();
+         ++row)
         impl->computing.settle(row);
     step.close();
     impl->tellModified();  // also of what was written outside of steps

@@ -23,7 +23,8 @@ struct SheetContext {
     std::optional<Identity> identity;
     std::optional<Identity> version;
     std::optional<Position> position;
-    bool gone = false;  ///< the host has destroyed the sheet, and perhaps the grid: neither is touched any more
+    bool gone =
+        false;  ///< the host has destroyed the sheet, and perhaps the grid: neither is touched any more
 
     std::int32_t count() const { return static_cast<std::int32_t>(plans.size()); }
     const ColumnPlan& plan(std::int32_t column) const { return plans[static_cast<std::size_t>(column)]; }

@@ -53,8 +53,12 @@ class RandomSheet : public TwinSheet {
         static const std::vector<std::string> Numbers{"1",    "2",       "12",   "0",   "-4",    "1.005",
                                                       "2*3",  "0.0005",  "7/4",  "",    "1/3",   "12.50",
                                                       "-.25", "1000000", "12ab", "3+4", "2.5*2", "5-5"};
-        static const std::vector<std::string> Large{"999999999999999999", "9999999999999999999", "123456789.123",
-                                                    "123456789012.123456", "32768", "1e3"};
+        static const std::vector<std::string> Large{"999999999999999999",
+                                                    "9999999999999999999",
+                                                    "123456789.123",
+                                                    "123456789012.123456",
+                                                    "32768",
+                                                    "1e3"};
         static const std::vector<std::string> Days{"2026-11-23", "11-23", "2027-02-29", "", "20261123", "x"};
         static const std::vector<std::string> Moments{"2026-11-23 08:05:09", "11-23", "", "x"};
         static const std::vector<std::string> Words{"a", "b", "word", "a b", "", "12", "甲"};
@@ -129,15 +133,15 @@ class RandomSheet : public TwinSheet {
     }
     void command() {
         static const std::vector<Command> Any{
-            Command::DuplicateRow, Command::InsertRow,  Command::AppendRow, Command::DeleteRows,
+            Command::DuplicateRow, Command::InsertRow,  Command::AppendRow,   Command::DeleteRows,
             Command::DeleteRows,   Command::MoveRowUp,  Command::MoveRowDown, Command::CopyFromAbove,
-            Command::FillDown,     Command::ClearCells, Command::Copy,      Command::Cut,
-            Command::Paste,        Command::SortUp,     Command::SortDown,  Command::Unsort,
+            Command::FillDown,     Command::ClearCells, Command::Copy,        Command::Cut,
+            Command::Paste,        Command::SortUp,     Command::SortDown,    Command::Unsort,
             Command::Today,        Command::SelectAll,  Command::SelectRow};
         select();
         Command chosen = Any[static_cast<std::size_t>(roll(0, static_cast<int>(Any.size()) - 1))];
-        if (grid.Rows() > 11 && (chosen == Command::DuplicateRow || chosen == Command::InsertRow ||
-                                 chosen == Command::AppendRow))
+        if (grid.Rows() > 11 &&
+            (chosen == Command::DuplicateRow || chosen == Command::InsertRow || chosen == Command::AppendRow))
             chosen = Command::DeleteRows;
         act_ = std::string(nameOf(chosen)) + " at " + std::to_string(vs().Row()) + "," +
                std::to_string(vs().Col());
@@ -421,7 +425,8 @@ class RandomSheet : public TwinSheet {
             for (const std::int32_t col : failed) expected.emplace_back(row.row, col);
         }
         const int eventsBefore = events;
-        const auto state = std::tuple(vs().Row(), vs().Col(), grid.History().UndoName(), desk.messages().size());
+        const auto state =
+            std::tuple(vs().Row(), vs().Col(), grid.History().UndoName(), desk.messages().size());
         const auto first = sheet.firstFault();
         for (const Fault& fault : sheet.faults()) found.emplace_back(fault.row, fault.col);
         ASSERT_EQ(found, expected);
@@ -430,7 +435,8 @@ class RandomSheet : public TwinSheet {
             ASSERT_EQ(std::pair(first->row, first->col), expected[0]);
         }
         ASSERT_EQ(events, eventsBefore);
-        ASSERT_EQ(std::tuple(vs().Row(), vs().Col(), grid.History().UndoName(), desk.messages().size()), state);
+        ASSERT_EQ(std::tuple(vs().Row(), vs().Col(), grid.History().UndoName(), desk.messages().size()),
+                  state);
     }
 
     kit::Random dice;
@@ -453,7 +459,8 @@ TEST_P(RandomSheet, IsWhatItsCellsSayAfterEveryAct) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, RandomSheet,
-                         ::testing::Values(TwinKind{true, false}, TwinKind{false, false}, TwinKind{true, true}),
+                         ::testing::Values(TwinKind{true, false}, TwinKind{false, false},
+                                           TwinKind{true, true}),
                          [](const auto& kind) {
                              return std::string(kind.param.saysLines ? "Said" : "Unsaid") +
                                     (kind.param.numbered ? "Numbered" : "");

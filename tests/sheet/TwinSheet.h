@@ -52,7 +52,7 @@ struct TwinEntry {
 struct TwinRow {
     std::int32_t row = 0;
     RowId id{};
-    TwinEntry entry;              ///< as far as its cells can be read
+    TwinEntry entry;               ///< as far as its cells can be read
     std::set<std::int32_t> wrong;  ///< columns of cells that cannot be
     std::map<std::int32_t, std::string> texts;
 };
@@ -107,7 +107,8 @@ class TwinSheet : public ::testing::TestWithParam<TwinKind> {
     /// Columns of computed cells that cannot be made; the others are put into the entry.
     static std::set<std::int32_t> compute(TwinEntry& e) {
         std::set<std::int32_t> failed;
-        const auto put = [&](std::int32_t col, Decimal TwinEntry::*member, Decimal (*make)(const TwinEntry&)) {
+        const auto put = [&](std::int32_t col, Decimal TwinEntry::*member,
+                             Decimal (*make)(const TwinEntry&)) {
             try {
                 e.*member = make(e).rounded(2);
             } catch (const DecimalError&) {
@@ -279,8 +280,8 @@ class TwinSheet : public ::testing::TestWithParam<TwinKind> {
     headless::Desk desk;
     kxGrid& grid = desk.place();
     Sheet<TwinEntry> sheet{grid};
-    std::map<RowId, TwinEntry> saved;            ///< as it was loaded or accepted
-    std::map<std::int64_t, TwinEntry> table;     ///< the database
+    std::map<RowId, TwinEntry> saved;         ///< as it was loaded or accepted
+    std::map<std::int64_t, TwinEntry> table;  ///< the database
     std::int64_t lastId = 100;
     bool heard = false;  ///< the sheet is modified, as far as it has told
 };
