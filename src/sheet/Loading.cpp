@@ -50,10 +50,10 @@ struct SheetBody::Loading::Texts {
     }
 };
 
-SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress)
-    : texts_(nullptr) {
+SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress) : texts_(nullptr) {
     if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
-    texts_.reset(new Texts{body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}});
+    texts_.reset(new Texts{
+        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}});
     texts_->columns.resize(body.impl_->context.plans.size());
     for (Column& column : texts_->columns) column.ends.reserve(total);
     texts_->records.reserve(total);
@@ -103,10 +103,10 @@ void SheetBody::Loading::finish() {
         // Half of the lines would be saved as all there are.
         grid.Clear();
         grid.ReDraw(true);
-        body->saved.begin({}, {});
+        body->saved.begin(body->lines, {}, {});
         throw;
     }
-    body->saved.begin(rows, std::move(texts_->records));
+    body->saved.begin(body->lines, rows, std::move(texts_->records));
     body->tellModified();
 }
 }  // namespace kxVsGrid::sheet

@@ -88,7 +88,8 @@ void SheetBody::Impl::layOut() {
         context.grid.Options(context.gridCol(column))
             .accepts([weak = weak_from_this(), column](std::int32_t row, std::string_view text) {
                 const auto self = weak.lock();
-                return self && self->context.whole() ? self->faults.refusal(row, column, text) : std::string();
+                return self && self->context.whole() ? self->faults.refusal(row, column, text)
+                                                     : std::string();
             });
     laidOut = true;
     fitStretched(context);
