@@ -10,6 +10,7 @@ constexpr std::string_view BasisPrefix = "sheet:";
 /// The name of no code: a check without one refuses.
 const std::string NoName = " ";
 const std::string CannotLookUp = "现在不能查找";
+const std::string NotFollowed = "其余内容还没有按编码填入";
 
 std::string said(const std::exception& error) {
     const std::string what = error.what();
@@ -17,8 +18,10 @@ std::string said(const std::exception& error) {
 }
 }  // namespace
 
-CodeColumns::~CodeColumns() {
+void CodeColumns::leave() {
     if (listening_) c_.cells().RemoveListener(*this);
+    listening_ = false;
+    left_ = true;
 }
 
 std::string CodeColumns::basisOf(const ColumnPlan& plan) {
@@ -73,7 +76,7 @@ void CodeColumns::check(std::string_view basis, std::string_view typed, std::str
     name = text;
     if (answer.failed) return;
     name.clear();
-    c_.grid.VsCtrl(static_cast<std::int16_t>(c_.gridCol(column)))->s错误提示信息(answer.reason);
+    if (!left_) c_.grid.VsCtrl(static_cast<std::int16_t>(c_.gridCol(column)))->s错误提示信息(answer.reason);
     if (!answer.reason.empty()) return;
     const CodeSource& source = *c_.plan(column).codes;
     code = source.codeOf(answer.found.get());
@@ -145,11 +148,12 @@ bool CodeColumns::followCell(const Cell& cell, bool written, bool marks) {
     if (text.empty()) return clear(cell);
     untilStepCloses();
     const Answer answer = lookUp(cell.column, text, answers_);
+    if (rowOf(cell) < 0) return false;
     const std::string reason = answer.reason.empty() ? apply(cell, text, answer.found) : answer.reason;
     if (reason.empty())
         settleMissed(cell);
-    else if (marks || missed_.count(cell) > 0)
-        miss(cell, text, reason);
+    else
+        miss(cell, text, reason, marks || missed_.count(cell) > 0);
     return reason.empty();
 }
 
@@ -163,11 +167,12 @@ bool CodeColumns::clear(const Cell& cell) {
     const AnyRecord before = lines_.read(rowOf(cell), unreadable);
     const AnyRecord after = c_.make(before.get());
     plan.cleared(after.get());
-    write(cell.row, before.get(), after.get());
+    write(cell.row, before.get(), after.get(), before.get());
     return true;
 }
 
-/// Answers why nothing could follow. The code counts as followed before anybody hears of what is written.
+/// Answers why nothing could follow. The code counts as followed before anybody hears of what is written. Where it
+/// was missed at first, what the clerk has put since stands.
 std::string CodeColumns::apply(const Cell& cell, const std::string& text, const CodeSource::Found& found) {
     const ColumnPlan& plan = c_.plan(cell.column);
     std::optional<Fault> unreadable;
@@ -179,19 +184,24 @@ std::string CodeColumns::apply(const Cell& cell, const std::string& text, const 
         return said(error);
     }
     const std::string code = plan.codes->codeOf(found.get());
+    const auto missed = missed_.find(cell);
+    const bool late = missed != missed_.end() && missed->second.text == text;
+    const KeptRecord then = late ? doubtful_.at({cell, text}) : before;
     noteFound(cell, code);
-    if (code != text) c_.grid.SetCell(rowOf(cell), c_.gridCol(cell.column), code);
+    if (code != text && rowOf(cell) >= 0) c_.grid.SetCell(rowOf(cell), c_.gridCol(cell.column), code);
     writeTag(cell, plan.codes->nameOf(found.get()));
-    write(cell.row, before.get(), after.get());
+    write(cell.row, before.get(), after.get(), then.get());
     return {};
 }
 
-void CodeColumns::write(RowId id, const void* before, const void* after) {
+/// What has become another one since `then` stays.
+void CodeColumns::write(RowId id, const void* before, const void* after, const void* then) {
     for (std::int32_t column = 0; column < c_.count(); ++column) {
         const ColumnPlan& plan = c_.plan(column);
-        const std::int32_t row = c_.cells().RowOf(id);
+        const std::int32_t row = rowOf({id, column});
         if (row < 0) return;
         if (plan.computed || plan.field->alike(before, after)) continue;
+        if (!plan.field->alike(before, then)) continue;
         std::string text = lines_.text(after, column);
         if (plan.decimals) text = Lines::rounded(text, *plan.decimals);
         if (c_.cells().Text(row, c_.gridCol(column)) != text) c_.grid.SetCell(row, c_.gridCol(column), text);
@@ -201,8 +211,9 @@ void CodeColumns::write(RowId id, const void* before, const void* after) {
 /// The name goes with the code, as the check has it.
 void CodeColumns::writeTag(const Cell& cell, const std::string& tag) {
     const std::int32_t row = rowOf(cell);
+    if (row < 0) return;
     const std::int32_t col = c_.gridCol(cell.column);
-    if (row >= 0 && c_.cells().Data(row, col) != tag) c_.cells().Data(row, col, tag);
+    if (c_.cells().Data(row, col) != tag) c_.cells().Data(row, col, tag);
 }
 
 // --- For which codes members were found
@@ -235,7 +246,7 @@ void CodeColumns::copied(std::int32_t row, std::int32_t source) {
 
 /// Only while there is something to hear of: a listener makes writing slower.
 void CodeColumns::untilStepCloses() {
-    if (listening_) return;
+    if (listening_ || left_) return;
     c_.cells().AddListener(*this);
     listening_ = true;
 }
@@ -261,22 +272,59 @@ void CodeColumns::undone(std::int32_t row, Answers& answers) {
         const Cell cell{id, column};
         const std::string text = textOf(cell);
         found_[cell] = text;
-        const bool doubtful = doubtful_.count({column, text}) > 0;
-        const std::string reason = doubtful ? lookUp(column, text, answers).reason : std::string();
+        const std::string reason = reasonOnceMore(cell, text, answers);
         if (reason.empty())
             settleMissed(cell);
         else
-            miss(cell, text, reason);
+            putBackMissed(cell, text, reason);
     }
+}
+
+/// Only of a code that was missed in that row before: either it still cannot be found, or the line has been put back
+/// to what it was before anything followed.
+std::string CodeColumns::reasonOnceMore(const Cell& cell, const std::string& text, Answers& answers) const {
+    const auto once = doubtful_.find({cell, text});
+    if (once == doubtful_.end()) return {};
+    const Answer& answer = lookUp(cell.column, text, answers);
+    const ColumnPlan& plan = c_.plan(cell.column);
+    if (!answer.reason.empty() || !plan.found || rowOf(cell) < 0) return answer.reason;
+    std::optional<Fault> unreadable;
+    const AnyRecord now = lines_.read(rowOf(cell), unreadable);
+    const AnyRecord after = c_.make(now.get());
+    try {
+        plan.found(after.get(), answer.found.get());
+    } catch (const std::exception& error) {
+        return said(error);
+    }
+    const void* const then = once->second.get();
+    const bool follows = std::any_of(c_.plans.begin(), c_.plans.end(), [&](const ColumnPlan& other) {
+        return !other.computed && !other.field->alike(now.get(), after.get()) &&
+               other.field->alike(now.get(), then);
+    });
+    return follows ? NotFollowed : std::string();
 }
 
 // --- Codes that could not be found
 
-void CodeColumns::miss(const Cell& cell, const std::string& text, const std::string& reason) {
+void CodeColumns::miss(const Cell& cell, const std::string& text, const std::string& reason, bool marks) {
+    if (rowOf(cell) < 0) return;
+    std::optional<Fault> unreadable;
+    const auto missed = missed_.find(cell);
+    if (missed == missed_.end() || missed->second.text != text)
+        doubtful_[{cell, text}] = lines_.read(rowOf(cell), unreadable);
+    missed_[cell] = {text, reason};
+    if (marks) mark(cell, reason);
+}
+
+/// What its line was when the code was missed first is known.
+void CodeColumns::putBackMissed(const Cell& cell, const std::string& text, const std::string& reason) {
+    missed_[cell] = {text, reason};
+    mark(cell, reason);
+}
+
+void CodeColumns::mark(const Cell& cell, const std::string& reason) {
     const std::int32_t row = rowOf(cell);
     if (row < 0) return;
-    doubtful_.insert({cell.column, text});
-    missed_[cell] = {text, reason};
     const std::int32_t col = c_.gridCol(cell.column);
     const CellMark mark{CellMark::Kind::Problem, reason};
     if (const CellMark* const there = c_.grid.Mark(row, col); !there || *there != mark)
@@ -308,7 +356,7 @@ void CodeColumns::retry(Answers& answers) {
         if (reason.empty())
             there.push_back(cell);
         else
-            miss(cell, text, reason);
+            miss(cell, text, reason, true);
     }
     if (there.empty()) return;
     ChangeStep step = c_.grid.Step("补查编码");

@@ -34,7 +34,8 @@ class CodeColumns : private ChangeListener {
 
     CodeColumns(const SheetContext& context, const Lines& lines, const Saved& saved)
         : c_(context), lines_(lines), saved_(saved) {}
-    ~CodeColumns() override;
+    /// The grid may go from now on.
+    void leave();
 
     /// By what a column's checks and helps are told from those of others.
     static std::string basisOf(const ColumnPlan& plan);
@@ -87,27 +88,33 @@ class CodeColumns : private ChangeListener {
     bool stands(const Cell& cell, const std::string& text, bool written);
     bool clear(const Cell& cell);
     std::string apply(const Cell& cell, const std::string& text, const CodeSource::Found& found);
-    void write(RowId row, const void* before, const void* after);
+    void write(RowId row, const void* before, const void* after, const void* then);
     void writeTag(const Cell& cell, const std::string& tag);
     void noteFound(const Cell& cell, const std::string& code);
     std::string foundFor(const Cell& cell) const;
-    void miss(const Cell& cell, const std::string& text, const std::string& reason);
+    void miss(const Cell& cell, const std::string& text, const std::string& reason, bool marks);
+    void putBackMissed(const Cell& cell, const std::string& text, const std::string& reason);
+    void mark(const Cell& cell, const std::string& reason);
+    std::string reasonOnceMore(const Cell& cell, const std::string& text, Answers& answers) const;
     void settleMissed(const Cell& cell);
     void takeMarkAway(const Cell& cell, const std::string& reason);
     std::string textOf(const Cell& cell) const;
-    std::int32_t rowOf(const Cell& cell) const { return c_.cells().RowOf(cell.row); }
+    /// -1 when there is nothing to be done there any more.
+    std::int32_t rowOf(const Cell& cell) const { return left_ ? -1 : c_.cells().RowOf(cell.row); }
 
     const SheetContext& c_;
     const Lines& lines_;
     const Saved& saved_;
     std::map<Cell, std::string> found_;  ///< the codes for which members were found
     std::map<Cell, Missed> missed_;      ///< cells with a code that could not be found; each bears a mark
-    std::set<std::pair<std::int32_t, std::string>> doubtful_;  ///< columns and texts that were missed once
-    std::set<Cell> waiting_;                                   ///< preset codes of rows that are no lines yet
+    std::map<std::pair<Cell, std::string>, KeptRecord>
+        doubtful_;            ///< what was missed once, and its lines then
+    std::set<Cell> waiting_;  ///< preset codes of rows that are no lines yet
     // Of the step that is open:
     Answers answers_;
     std::map<Cell, std::string> following_;
     std::set<RowId> copies_;
     bool listening_ = false;
+    bool left_ = false;
 };
 }  // namespace kxVsGrid::sheet

@@ -54,7 +54,7 @@ std::string Computing::reason(const void* record, std::int32_t column) const {
 void Computing::settle(std::int32_t row) {
     const RowId id = c_.cells().IdOf(row);
     std::optional<Fault> fault;
-    const AnyRecord record = lines_.read(row, fault);
+    const AnyRecord record = lines_.readTyped(row, fault);
     std::vector<Outcome> outcomes = computeAll(record.get());
     if (c_.rowOf(id) < 0) return;
     const bool empty = fault || !lines_.isInUse(row, record.get());

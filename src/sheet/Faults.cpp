@@ -23,17 +23,29 @@ std::string Faults::brokenRule(const void* record, std::int32_t column) const {
 std::string Faults::reason(const void* record, std::int32_t row, std::int32_t column,
                            CodeColumns::Answers& answers) const {
     const ColumnPlan& plan = c_.plan(column);
-    const std::string text = c_.cells().Text(row, c_.gridCol(column));
-    if (const AnyRecord scratch = c_.make(nullptr); !plan.field->read(scratch.get(), text))
-        return "“" + text + "”不能识别";
     if (plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty()) return why;
-    const bool empty = text.empty() || isBlankZero(record, column);
-    if (plan.required && empty)
-        return plan.field->kind() == FieldKind::Number && !plan.codes ? "不能为零" : "不能为空";
+    if (std::string why = missing(record, row, column); !why.empty()) return why;
+    const std::string text = c_.cells().Text(row, c_.gridCol(column));
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
     return why.empty() ? brokenRule(record, column) : why;
+}
+
+std::string Faults::missing(const void* record, std::int32_t row, std::int32_t column) const {
+    const ColumnPlan& plan = c_.plan(column);
+    if (!plan.required) return {};
+    const bool empty = c_.cells().Text(row, c_.gridCol(column)).empty();
+    if (!empty && !isBlankZero(record, column)) return {};
+    return plan.field->kind() == FieldKind::Number && !plan.codes ? "不能为零" : "不能为空";
+}
+
+/// Rules, and what follows from the others, are not judged where the record is not known.
+std::string Faults::unreadableReason(const void* record, std::int32_t row, std::int32_t column) const {
+    const std::string text = c_.cells().Text(row, c_.gridCol(column));
+    const AnyRecord scratch = c_.make(nullptr);
+    return c_.plan(column).field->read(scratch.get(), text) ? missing(record, row, column)
+                                                            : "“" + text + "”不能识别";
 }
 
 /// A 0, however it is written, of a member that cannot be without a value.
@@ -53,7 +65,8 @@ void Faults::visit(const std::function<bool(Fault)>& visitor) const {
         const AnyRecord record = lines_.read(row, unreadable);
         if (!unreadable && !lines_.isInUse(row, record.get())) continue;
         for (std::int32_t column = 0; column < c_.count(); ++column) {
-            std::string why = reason(record.get(), row, column, answers);
+            std::string why = unreadable ? unreadableReason(record.get(), row, column)
+                                         : reason(record.get(), row, column, answers);
             if (!why.empty() && !visitor(c_.faultAt(row, column, std::move(why)))) return;
         }
     }
@@ -63,7 +76,7 @@ void Faults::visit(const std::function<bool(Fault)>& visitor) const {
 std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_view text) const {
     const ColumnPlan& plan = c_.plan(column);
     std::optional<Fault> unreadable;
-    const AnyRecord record = lines_.read(row, unreadable);
+    const AnyRecord record = lines_.readTyped(row, unreadable);
     const std::string value =
         plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
     const FieldKind kind = plan.field->kind();

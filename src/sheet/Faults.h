@@ -27,6 +27,8 @@ class Faults {
     /// Of one cell of a line; empty where nothing is.
     std::string reason(const void* record, std::int32_t row, std::int32_t column,
                        CodeColumns::Answers& answers) const;
+    std::string missing(const void* record, std::int32_t row, std::int32_t column) const;
+    std::string unreadableReason(const void* record, std::int32_t row, std::int32_t column) const;
     bool isBlankZero(const void* record, std::int32_t column) const;
     std::string brokenRule(const void* record, std::int32_t column) const;
 

@@ -25,9 +25,18 @@ std::string Lines::text(const void* record, std::int32_t column) const {
 }
 
 AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault) const {
+    return read(row, fault, true);
+}
+
+AnyRecord Lines::readTyped(std::int32_t row, std::optional<Fault>& fault) const {
+    return read(row, fault, false);
+}
+
+AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault, bool computedToo) const {
     const KeptRecord kept = saved_.of(c_.cells().KnownId(row));
     AnyRecord record = c_.make(kept.get());
     for (std::int32_t column = 0; column < c_.count(); ++column) {
+        if (!computedToo && c_.plan(column).computed) continue;
         const std::string text = c_.cells().Text(row, c_.gridCol(column));
         const Field& field = *c_.plan(column).field;
         if (field.read(record.get(), text)) continue;

@@ -22,6 +22,8 @@ class Lines {
     /// The record of the row; where a text is no value, the first such cell goes into `fault`, and the record has
     /// there what a new one has.
     AnyRecord read(std::int32_t row, std::optional<Fault>& fault) const;
+    /// The same without the computed columns: for whoever makes them anew.
+    AnyRecord readTyped(std::int32_t row, std::optional<Fault>& fault) const;
     /// UnreadableCell instead.
     AnyRecord readWhole(std::int32_t row) const;
     bool isInUse(std::int32_t row) const;
@@ -38,6 +40,7 @@ class Lines {
     Decimal sum(std::int32_t column) const;
 
   private:
+    AnyRecord read(std::int32_t row, std::optional<Fault>& fault, bool computedToo) const;
     bool holdsText(std::int32_t row) const;
 
     const SheetContext& c_;

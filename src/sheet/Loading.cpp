@@ -36,6 +36,7 @@ struct Column {
 
 struct SheetBody::Loading::Texts {
     std::shared_ptr<Impl> body;
+    support::FlagSpan reading;
     std::size_t total;
     Progress progress;
     std::vector<Column> columns;
@@ -50,8 +51,9 @@ struct SheetBody::Loading::Texts {
 };
 
 SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress)
-    : texts_(std::make_unique<Texts>(Texts{body.impl_, total, std::move(progress), {}, {}, {}})) {
-    if (body.impl_->loading) throw GridError("load: the sheet is being loaded already");
+    : texts_(nullptr) {
+    if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
+    texts_.reset(new Texts{body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}});
     texts_->columns.resize(body.impl_->context.plans.size());
     for (Column& column : texts_->columns) column.ends.reserve(total);
     texts_->records.reserve(total);
@@ -64,6 +66,7 @@ bool SheetBody::Loading::add(AnyRecord record) {
     if (texts_->progress && texts_->records.size() % Slice == 0 &&
         !texts_->progress(texts_->records.size(), texts_->total))
         return false;
+    if (body.context.gone) return false;  // destroyed by it
     for (Computing::Failure& failure : body.computing.fill(record.get()))
         texts_->failures.emplace_back(static_cast<std::int32_t>(texts_->records.size()), std::move(failure));
     if (body.context.position && body.lines.isInUse(record.get()))
@@ -76,6 +79,7 @@ bool SheetBody::Loading::add(AnyRecord record) {
 
 void SheetBody::Loading::finish() {
     const std::shared_ptr<Impl> body = texts_->body;
+    if (body->context.gone) return;
     const support::FlagSpan loading(body->loading);
     body->layOut();
     kxGrid& grid = body->context.grid;

@@ -12,9 +12,11 @@ SheetBody::SheetBody(kxGrid& grid, MakeRecord make, bool computesTwice)
     impl_->attach();
 }
 
+/// A call of it may still be underway, and the grid may go next.
 SheetBody::~SheetBody() {
-    impl_->context.gone = true;  // a call of it may still be underway
+    impl_->context.gone = true;
     impl_->connections.clear();
+    impl_->codes.leave();
 }
 
 kxGrid& SheetBody::grid() {
@@ -82,6 +84,7 @@ std::vector<KeptRecord> SheetBody::records() const {
     const SheetContext& context = impl->context;
     std::vector<KeptRecord> records;
     if (!impl->laidOut) return records;
+    impl->requireWhole("records");
     for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row) {
         std::optional<Fault> fault;
         const AnyRecord record = impl->lines.read(row, fault);
@@ -121,7 +124,7 @@ std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& recor
 
 void SheetBody::recompute() {
     const std::shared_ptr<Impl> impl = impl_;
-    if (!impl->laidOut) return;
+    if (!impl->laidOut || !impl->context.whole()) return;
     ChangeStep step = impl->context.grid.Step("重新计算");
     for (std::int32_t row = impl->context.firstRow(); !impl->context.gone && row < impl->context.endRow();
          ++row)
@@ -139,19 +142,22 @@ Decimal SheetBody::sum(std::string_view name) const {
 
 std::vector<AnyChange> SheetBody::changes() const {
     const std::shared_ptr<Impl> impl = impl_;
-    return impl->laidOut ? impl->saved.changes(impl->lines) : std::vector<AnyChange>();
+    if (!impl->laidOut) return {};
+    impl->requireWhole("changes");
+    return impl->saved.changes(impl->lines);
 }
 
 void SheetBody::accept(const std::vector<AnyChange>& changes) {
     const std::shared_ptr<Impl> impl = impl_;
     if (!impl->laidOut) return;
+    impl->requireWhole("accept");
     impl->saved.accept(impl->lines, changes);
     impl->tellModified();
 }
 
 bool SheetBody::modified() const {
     const std::shared_ptr<Impl> impl = impl_;
-    return impl->laidOut && impl->saved.differs(impl->lines);
+    return impl->laidOut && (!impl->context.whole() || impl->saved.differs(impl->lines));
 }
 
 Connection SheetBody::onModified(std::function<void(bool)> told) {

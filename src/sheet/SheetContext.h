@@ -34,6 +34,8 @@ struct SheetContext {
             if (plan(column).name == name) return column;
         return -1;
     }
+    /// The host has taken none of the columns away.
+    bool whole() const { return !gone && grid.Cols() >= grid.FixedCols() + count(); }
     /// Of a column of the sheet, in the grid.
     std::int32_t gridCol(std::int32_t column) const { return grid.FixedCols() + column; }
     CellGrid& cells() const { return grid.Grid(); }

@@ -26,7 +26,7 @@ void SheetBody::Impl::attach() {
     connections.push_back(
         grid.Options().RowInUse.connect([weak = weak_from_this()](std::int32_t row, bool& inUse) {
             const auto self = weak.lock();
-            inUse = self && self->laidOut && self->lines.isInUse(row);
+            inUse = self && self->laidOut && self->context.whole() && self->lines.isInUse(row);
         }));
     connections.push_back(grid.Changes().After.connect([weak = weak_from_this()](const StepChanges& step) {
         if (const auto self = weak.lock()) self->settled(step);
@@ -47,12 +47,17 @@ void SheetBody::Impl::attach() {
 /// A listener of what follows may destroy the sheet.
 void SheetBody::Impl::attachCodes() {
     kxGrid& grid = context.grid;
-    connections.push_back(grid.TxtValidBmS.connect(
-        [this](const std::string& basis, const std::string&, const std::string&, const std::string& typed,
-               std::string& code, std::string& name) { codes.check(basis, typed, code, name); }));
     connections.push_back(
-        grid.GetHelpCodeInfo.connect([this](const Variant& basis, Variant& code, Variant& info,
-                                            Variant& data) { codes.list(basis, code, info, data); }));
+        grid.TxtValidBmS.connect([this](const std::string& basis, const std::string&, const std::string&,
+                                        const std::string& typed, std::string& code, std::string& name) {
+            const auto self = shared_from_this();
+            codes.check(basis, typed, code, name);
+        }));
+    connections.push_back(grid.GetHelpCodeInfo.connect(
+        [this](const Variant& basis, Variant& code, Variant& info, Variant& data) {
+            const auto self = shared_from_this();
+            codes.list(basis, code, info, data);
+        }));
     connections.push_back(grid.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         const auto self = shared_from_this();
         const std::int32_t column = col - context.grid.FixedCols();
@@ -76,14 +81,14 @@ void SheetBody::Impl::write(std::int32_t row, const void* record) {
 }
 
 void SheetBody::Impl::layOut() {
-    if (laidOut) return;
+    if (laidOut && context.whole()) return;
     if (context.plans.empty()) throw GridError("load: the sheet has no columns");
     layOutColumns(context);
     for (std::int32_t column = 0; column < context.count(); ++column)
         context.grid.Options(context.gridCol(column))
             .accepts([weak = weak_from_this(), column](std::int32_t row, std::string_view text) {
                 const auto self = weak.lock();
-                return self ? self->faults.refusal(row, column, text) : std::string();
+                return self && self->context.whole() ? self->faults.refusal(row, column, text) : std::string();
             });
     laidOut = true;
     fitStretched(context);
@@ -123,7 +128,7 @@ void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
 }
 
 void SheetBody::Impl::settle(const StepChanges& step) {
-    if (!laidOut || loading) return;
+    if (!laidOut || loading || !context.whole()) return;
     eachRow(step, [&](std::int32_t row) {
         const RowId id = context.cells().IdOf(row);
         codes.settle(row, step);
@@ -137,7 +142,7 @@ void SheetBody::Impl::settle(const StepChanges& step) {
 void SheetBody::Impl::settled(const StepChanges& step) {
     if (!laidOut || loading) return;
     support::FirstFault fault;
-    if (step.cause == Cause::Undo) {
+    if (step.cause == Cause::Undo && context.whole()) {
         const UnrecordedSpan unrecorded = context.grid.Unrecorded();
         CodeColumns::Answers answers;
         fault.during([&] {
@@ -154,7 +159,7 @@ void SheetBody::Impl::settled(const StepChanges& step) {
 
 void SheetBody::Impl::tellModified() {
     if (context.gone) return;
-    const bool now = saved.differs(lines);
+    const bool now = !context.whole() || saved.differs(lines);
     if (now == modified) return;
     modified = now;
     modifiedTold(now);
@@ -181,6 +186,10 @@ std::int32_t SheetBody::Impl::require(std::string_view member, std::string_view 
 void SheetBody::Impl::requireRow(std::string_view member, std::int32_t row) const {
     if (!laidOut || row < context.firstRow() || row >= context.endRow())
         throw GridError(std::string(member) + ": " + std::to_string(row) + " is no row of a line");
+}
+
+void SheetBody::Impl::requireWhole(std::string_view member) const {
+    if (!context.whole()) throw GridError(std::string(member) + ": columns of the sheet have gone");
 }
 
 void SheetBody::Impl::requireOpen(std::string_view what) const {

@@ -30,6 +30,7 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     void eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work);
     std::int32_t require(std::string_view member, std::string_view name) const;
     void requireRow(std::string_view member, std::int32_t row) const;
+    void requireWhole(std::string_view member) const;
     void requireOpen(std::string_view what) const;
     /// The fault with a way to its cell, wherever its row is by then.
     Fault shown(Fault fault);
@@ -47,7 +48,8 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     Event<bool> modifiedTold;
     bool modified = false;  ///< as it was told last
     bool laidOut = false;
-    bool loading = false;
+    bool loading = false;  ///< lines are being put into the grid
+    bool reading = false;  ///< they are being made of a range
     std::vector<ScopedConnection> connections;
 };
 }  // namespace kxVsGrid::sheet

@@ -85,7 +85,7 @@ TEST(SheetExamples, ThatsOfRecordChangesAndFaultSaveAndShow) {
     sheet.text("grade", "等级", &Line::grade);
     sheet.number("price", "单价", &Line::price).required();
     sheet.load(std::vector<Line>{{1, 1, Grade::First, 5}, {2, 1, Grade::First, 6}});
-    sheet.append(std::vector<Line>{{0, 0, Grade::Second, 7}});
+    sheet.append(std::vector<Line>{{0, 0, Grade::First, 7}});
     std::vector<std::string> done;
     const auto insert = [&](const Line&) {
         done.push_back("insert");
@@ -100,7 +100,8 @@ TEST(SheetExamples, ThatsOfRecordChangesAndFaultSaveAndShow) {
     grid.Grid().RemoveRow(2);
     {
 #include "examples/sheet/RecordChanges.inc"
-    } EXPECT_EQ(done, (std::vector<std::string>{"insert", "update 1", "remove 2"}));
+    }
+    EXPECT_EQ(done, (std::vector<std::string>{"insert", "update 1", "remove 2"}));
     EXPECT_FALSE(sheet.modified());
 
     sheet.edit(2, [](Line& line) { line.price = 0; });

@@ -197,7 +197,11 @@ TEST_F(ComputingSheet, RecomputesWhatFollowsFromSomethingElse) {
     EXPECT_EQ(text(2, 3), "6");
     EXPECT_EQ(text(2, 4), "6!");
     EXPECT_TRUE(sheet.modified());
-    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_TRUE(grid.History().Undo());  // nothing that anybody entered
+    EXPECT_EQ(text(2, 3), "6");
+    EXPECT_TRUE(sheet.modified());
+    factor = 2;
+    sheet.recompute();
     EXPECT_EQ(text(2, 3), "4");
     EXPECT_FALSE(sheet.modified());
 }

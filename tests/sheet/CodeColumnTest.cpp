@@ -187,6 +187,17 @@ TEST_F(CodeColumnTest, CopiesALineWithItsChangedPrice) {
     EXPECT_EQ(shown(2), "1002 无缝钢管 20");
 }
 
+TEST_F(CodeColumnTest, ClearsNothingForACopyThatItsHostDoesNotKeep) {
+    int cleared = 0;
+    sheet.code("code", "货号", &GoodsLine::code, table()).cleared([&](GoodsLine&) { ++cleared; });
+    finish({line("1001", "a", "9")});
+    grid.AfterAddRow.connect([](bool& keeps, std::int32_t, bool, std::int32_t) { keeps = false; });
+    at(1, Code);
+    desk.run(Command::DuplicateRow);
+    EXPECT_EQ(cleared, 0);
+    EXPECT_EQ(sheet.records().size(), 1u);
+}
+
 TEST_F(CodeColumnTest, LooksNothingUpForLinesThatAreLoadedMovedOrPutBack) {
     load(asking(), {line("1002", "b", "2"), line("1001", "a", "1")});
     at(1, Code);
@@ -369,6 +380,18 @@ TEST_F(CodeColumnTest, LooksAgainWhenFaultsAreAskedFor) {
     EXPECT_EQ(grid.History().UndoName(), "补查编码");
 }
 
+TEST_F(CodeColumnTest, KeepsWhatIsTypedOrPastedWhileItsSourceIsOutOfReach) {
+    load(asking(), {line("1001", "a", "9")});
+    down = true;
+    type(1, Code, "1002");
+    type(1, Price, "19");
+    paste(2, Code, "1003\t螺母\t2\n");
+    down = false;
+    EXPECT_EQ(fault(), "");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 19");
+    EXPECT_EQ(shown(2), "1003 螺母 2");
+}
+
 TEST_F(CodeColumnTest, KeepsAChangedPriceWhenTheOldCodeComesBackAfterAFailure) {
     load(asking(), {line("1001", "a", "9")});
     down = true;
@@ -388,6 +411,59 @@ TEST_F(CodeColumnTest, UndoesWhatCouldNotBeFoundWithoutAskingForWhatStandsThen) 
     undo();
     EXPECT_EQ(asked, std::vector<std::string>{});
     EXPECT_EQ(problem(1, Code), "");
+}
+
+TEST_F(CodeColumnTest, FollowsOnceMoreWhenUndoHasTakenAwayWhatFollowed) {
+    load(asking(), {line("1001", "a", "9")});
+    down = true;
+    type(1, Code, "1002");
+    down = false;
+    type(1, Quantity, "5");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 20");
+    undo();
+    EXPECT_EQ(shown(1), "1002 a 9");
+    EXPECT_NE(problem(1, Code), "");
+    redo();
+    EXPECT_EQ(problem(1, Code), "");
+    type(1, Price, "19");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 19");
+    undo();
+    undo();
+    EXPECT_EQ(fault(), "");
+    EXPECT_EQ(shown(1), "1002 无缝钢管 20");
+}
+
+TEST_F(CodeColumnTest, StaysWholeWhenAListenerTakesTheLineAway) {
+    load(table(), {line("1001", "a", "9"), line("1001", "b", "8")});
+    grid.CellChanged.connect([&](std::int32_t row, std::int32_t col) {
+        if (col == Name && text(row, Name) == "无缝钢管") grid.Grid().RemoveRow(row);
+    });
+    type(1, Code, "1002");
+    EXPECT_EQ(shown(1), "1001 b 8");
+    {
+        auto step = grid.Step("换货");
+        grid.SetCell(1, Code, "1002");
+    }
+    EXPECT_EQ(sheet.records().size(), 0u);
+}
+
+TEST_F(CodeColumnTest, StaysWholeWhenItsSourceDestroysTheSheet) {
+    std::optional<Sheet<GoodsLine>> gone;
+    kxGrid& other = desk.place();
+    gone.emplace(other);
+    const auto codes = Codes<Goods>::asking(
+        [&](std::string_view) -> std::optional<Goods> {
+            gone.reset();
+            return someGoods()[0];
+        },
+        &Goods::code);
+    gone->code("code", "货号", &GoodsLine::code, codes).found([](GoodsLine&, const Goods&) {});
+    gone->load(std::vector<GoodsLine>{});
+    desk.focusGrid();
+    other.Grid().Select(1, 1);
+    desk.type("1").press(Key::Enter);
+    EXPECT_FALSE(gone.has_value());
+    EXPECT_EQ(other.Grid().Text(1, 1), "1001");
 }
 
 TEST_F(CodeColumnTest, SaysWhyNothingCouldFollow) {

@@ -206,7 +206,7 @@ TEST_F(SheetSaving, FilteredAndHiddenRowsAreLinesToo) {
     {
         auto step = grid.Step("by the host");
         grid.SetCell(2, Quantity, "3");
-        grid.SetCell(1, Price, "x");
+        grid.SetCell(1, Price, "5x");
     }
     EXPECT_EQ(text(2, Amount), "12");
     ASSERT_TRUE(sheet.firstFault().has_value());
@@ -287,37 +287,63 @@ TEST_F(SheetSaving, AppendedLinesComeBelowTheLastOneAndAreUndoneAtOnce) {
     EXPECT_EQ(sheet.records().size(), 3u);
 }
 
-TEST_F(SheetSaving, AfterADraftAllThatIsThereIsToBeSavedAnew) {
-    loaded();
-    std::string bytes;
-    Draft draft(grid.Grid(), [&](std::string_view more) {
-        bytes += more;
-        return true;
-    });
-    draft.begin("order", "1");
-    type(1, Price, "7");
-    draft.flush();
+/// A second program, which recovers the draft of the first one.
+class SheetWithDraft : public SheetSaving {
+  protected:
+    SheetWithDraft() {
+        const std::vector<OrderLine> lines = loaded();
+        Draft draft(grid.Grid(), [this](std::string_view more) {
+            bytes += more;
+            return true;
+        });
+        draft.begin("order", "1");
+        while (draft.writeSlice()) {
+        }
+        type(3, Price, "7");
+        grid.Grid().Select(1, Code);
+        EXPECT_TRUE(desk.run(Command::DeleteRows));
+        draft.flush();
 
-    headless::Desk other;
-    kxGrid& again = other.place();
-    Sheet<OrderLine> second(again);
-    second.identity(&OrderLine::id).version(&OrderLine::version);
-    second.text("code", "货号", &OrderLine::code);
-    second.text("name", "品名", &OrderLine::name);
-    second.number("quantity", "数量", &OrderLine::quantity).decimals(3);
-    second.number("price", "单价", &OrderLine::price).decimals(2);
-    second.number("amount", "金额", &OrderLine::amount).decimals(2);
-    second.flag("gift", "赠品", &OrderLine::gift);
-    second.load(std::vector<OrderLine>{line(11, "A1", "2", "1.5")});
-    again.Recover(bytes, true);
-    EXPECT_TRUE(again.Changes().Unknown() || !again.Changes().empty());
+        second.identity(&OrderLine::id).version(&OrderLine::version);
+        second.text("code", "货号", &OrderLine::code);
+        second.text("name", "品名", &OrderLine::name);
+        second.number("quantity", "数量", &OrderLine::quantity).decimals(3);
+        second.number("price", "单价", &OrderLine::price).decimals(2);
+        second.number("amount", "金额", &OrderLine::amount).decimals(2);
+        second.flag("gift", "赠品", &OrderLine::gift);
+    }
+    std::string bytes;
+    headless::Desk otherDesk;
+    kxGrid& other = otherDesk.place();
+    Sheet<OrderLine> second{other};
+};
+
+TEST_F(SheetWithDraft, OverItsDocumentKnowsWhichLinesItHasChanged) {
+    second.load(std::vector<OrderLine>{line(11, "A1", "2", "1.5"), line(12, "B2", "", "4"), line(13, "C3", "0", "0.25")});
+    EXPECT_EQ(other.Recover(bytes, true).refusal, "");
     EXPECT_TRUE(second.modified());
-    ASSERT_EQ(second.records().size(), 3u);
-    EXPECT_EQ(second.records()[0].price, 7);
+    ASSERT_EQ(second.records().size(), 2u);
+    EXPECT_EQ(second.records()[1].price, 7);
     const auto changes = second.changes();
-    EXPECT_EQ(changes.added.size(), 3u);
-    EXPECT_EQ(changes.removed.size(), 1u);
+    EXPECT_TRUE(changes.added.empty());
+    ASSERT_EQ(changes.changed.size(), 1u);
+    EXPECT_EQ(changes.changed[0].before.id, 13);
+    EXPECT_EQ(changes.changed[0].after.price, 7);
+    ASSERT_EQ(changes.removed.size(), 1u);
+    EXPECT_EQ(changes.removed[0].before.id, 11);
+}
+
+TEST_F(SheetWithDraft, OverAnotherDocumentIsSavedAnew) {
+    second.load(std::vector<OrderLine>{line(21, "X1", "2", "1.5")});
+    EXPECT_EQ(other.Recover(bytes, false).refusal, "");
+    EXPECT_TRUE(second.modified());
+    const auto changes = second.changes();
+    EXPECT_EQ(changes.added.size(), 2u);
     EXPECT_TRUE(changes.changed.empty());
+    ASSERT_EQ(changes.removed.size(), 1u);
+    EXPECT_EQ(changes.removed[0].before.id, 21);
+    second.load(std::vector<OrderLine>{});
+    EXPECT_FALSE(second.modified());
 }
 
 /// Lines with their number.

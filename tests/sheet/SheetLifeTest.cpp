@@ -114,7 +114,7 @@ TEST_F(SheetThatGoes, ItsFaultGoesNowhereAfterwards) {
     auto sheet = place();
     {
         auto step = grid.Step("by the host");
-        grid.SetCell(2, 2, "x");
+        grid.SetCell(2, 2, "5x");
     }
     const auto fault = sheet->firstFault();
     ASSERT_TRUE(fault.has_value());
@@ -263,10 +263,10 @@ TEST(SheetBeforeItsLoad, AnswersThatThereIsNothing) {
     EXPECT_THROW(static_cast<void>(sheet.record(1)), GridError);
 }
 
-TEST(SheetBeforeItsLoad, WithoutColumnsCanBeLoadedAndHoldsNothing) {
+TEST(SheetBeforeItsLoad, WithoutColumnsHoldsNothing) {
     headless::Desk desk;
     Sheet<OrderLine> sheet(desk.place());
-    sheet.load(std::vector<OrderLine>(3));
+    EXPECT_THROW(sheet.load(std::vector<OrderLine>(3)), GridError);
     EXPECT_TRUE(sheet.records().empty());
     EXPECT_FALSE(sheet.modified());
 }

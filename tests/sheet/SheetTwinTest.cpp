@@ -364,9 +364,13 @@ class RandomSheet : public TwinSheet {
             return;
         }
         ASSERT_EQ(sheet.records(), lines);
-        Decimal sum;
-        for (const TwinEntry& line : lines) sum += line.tax;
-        ASSERT_EQ(sheet.sum("tax"), sum);
+        try {
+            Decimal sum;
+            for (const TwinEntry& line : lines) sum += line.tax;
+            ASSERT_EQ(sheet.sum("tax"), sum);
+        } catch (const DecimalError&) {
+            ASSERT_THROW(static_cast<void>(sheet.sum("tax")), DecimalError);
+        }
     }
     void compareChanges(const std::vector<TwinRow>& rows) {
         ASSERT_EQ(sheet.modified(), heard);
@@ -401,7 +405,10 @@ class RandomSheet : public TwinSheet {
         std::vector<std::pair<std::int32_t, std::int32_t>> expected, found;
         for (const TwinRow& row : rows) {
             if (!row.wrong.empty()) {
-                for (const std::int32_t col : row.wrong) expected.emplace_back(row.row, col);
+                // What is not known breaks no rule.
+                std::set<std::int32_t> wrong = row.wrong;
+                if (!wrong.contains(Price) && row.entry.price == 0) wrong.insert(Price);
+                for (const std::int32_t col : wrong) expected.emplace_back(row.row, col);
                 continue;
             }
             if (!inUse(row)) continue;
@@ -430,12 +437,15 @@ class RandomSheet : public TwinSheet {
 };
 
 TEST_F(RandomSheet, IsWhatItsCellsSayAfterEveryAct) {
+    std::string past;
     compare();
     for (int n = 0; n < ActsOfTheSheet && !HasFailure(); ++n) {
         act();
         if (HasFatalFailure()) return;
         compare();
-        if (HasFailure()) std::cout << "act " << n << "\n";
+        past += std::to_string(n) + " " + act_ + "\n";
+        if (past.size() > 1500) past.erase(0, past.find('\n') + 1);
+        if (HasFailure()) std::cout << past;
         if (n % 1000 == 0) desk.clear();
     }
 }

@@ -12,7 +12,7 @@
 //     sheet.number("amount", "金额", &Line::amount).decimals(2).total().computed([](const Line& line) {
 //         return line.quantity * line.price;
 //     });
-//     sheet.load(std::vector<Line>{{"六角螺栓", 12, 3}});
+//     sheet.load(std::vector<Line>{{"六角螺栓", 12, 3, 0}});
 //     const std::vector<Line> lines = sheet.records();
 //
 // The grid's texts are the truth: a record is read from its row when somebody asks for it, and written back member
