@@ -80,7 +80,7 @@ std::string quantityText(Thousandths quantity) {
 
 std::optional<Cents> amountOf(Thousandths quantity, Cents price) {
     std::int64_t product = 0;
-    if (__builtin_mul_overflow(quantity, price, &product)) return std::nullopt;
+    if (__builtin_mul_overflow(quantity.units, price.units, &product)) return std::nullopt;
     const std::int64_t whole = product / 1000;
     const std::int64_t rest = product % 1000;
     if (rest >= 500) return whole + 1;

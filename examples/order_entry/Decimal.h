@@ -7,11 +7,25 @@
 #include <string>
 #include <string_view>
 
-using Cents = std::int64_t;
-using Thousandths = std::int64_t;
+/// A whole number of a decimal fraction: a type of its own, so that a sheet knows where the point is.
+template <int Decimals>
+struct Scaled {
+    std::int64_t units = 0;
+
+    constexpr Scaled() = default;
+    constexpr Scaled(std::int64_t count) : units(count) {}
+    constexpr operator std::int64_t() const { return units; }
+    constexpr Scaled& operator+=(std::int64_t more) {
+        units += more;
+        return *this;
+    }
+};
 
 inline constexpr int PriceDecimals = 2;
 inline constexpr int QuantityDecimals = 3;
+
+using Cents = Scaled<PriceDecimals>;
+using Thousandths = Scaled<QuantityDecimals>;
 
 /// "12.345" with two decimals is 1235: halves are rounded away from zero. Nothing for a text that is no plain
 /// decimal number or is too large.

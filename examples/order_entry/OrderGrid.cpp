@@ -1,86 +1,67 @@
 #include "OrderGrid.h"
 
 #include <QPointer>
-#include <QRegularExpression>
 #include <algorithm>
-#include <numeric>
 
 using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
-namespace {
-constexpr std::int32_t SheetRows = 12;   // data rows of a new sheet
-constexpr std::uint32_t Red = 0x0000C0;  // red is the low byte
-
-// The control copies a cell as it is displayed: 1,234.5.
-std::optional<std::int64_t> number(const QString& text, int decimals) {
-    static const QRegularExpression grouped(u"^-?\\d{1,3}(,\\d{3})+(\\.\\d*)?$"_s);
-    const bool isGrouped = text.contains(u',') && grouped.match(text).hasMatch();
-    return scaledNumber((isGrouped ? QString(text).remove(u',') : text).toStdString(), decimals);
-}
-
-QString text(const std::optional<std::int64_t>& value, int decimals) {
-    return value ? QString::fromStdString(plainText(*value, decimals)) : QString();
-}
-
-QDate date(const QString& text) {
-    return QDate::fromString(text, Qt::ISODate);
-}
-
-// Codes that an input method typed in full-width digits are the same codes.
-QString normalized(const QString& code) {
-    return code.normalized(QString::NormalizationForm_KC).trimmed();
-}
-}  // namespace
-
-OrderGrid::OrderGrid(kxGrid& grid, Services services) : grid_(grid), services_(std::move(services)) {
+OrderGrid::OrderGrid(kxGrid& grid, Services services)
+    : grid_(grid), services_(std::move(services)), sheet_(grid) {
     setUpColumns();
-    setUpRules();
-    grid_.Options().EscRestores(true);
-    grid_.Options().EnterPassesReadOnly(true);
-    grid_.Options().PressToggles(true);
-    grid_.Options().ReadOnlyShade(6);  // an approved order looks closed
+    sheet_.load(std::vector<OrderLine>());
+    setUpKeys();
     connectEvents();
 }
 
-OrderGrid::~OrderGrid() = default;
+void OrderGrid::setUpKeys() {
+    // Enter follows what most lines need, code and quantity: a known code brings the rest of its line, new
+    // rows get warehouse and delivery. On a closed cell it stops where something is still to be keyed.
+    for (const Column brought : {Unit, Price, Warehouse, Delivery, Slot, Entered})
+        grid_.Options(brought).skipFilled(true);
+    grid_.VsCtrl(Quantity)->i是否允许为空(i字段不能为零);
+    grid_.VsCtrl(Warehouse)->i是否允许为空(i字段不能为空);
+    grid_.VsCtrl(Slot)->i有效性判断(1);
+    grid_.VsCtrl(Slot)->i字段有效性判断类型(ij半日型);
+    grid_.VsCtrl(Unit)->iColAlignment(flexAlignCenterCenter);
+    for (const Column right : {Delivery, Slot, Entered})
+        grid_.VsCtrl(right)->iColAlignment(flexAlignRightCenter);
+    grid_.Options(Price).smallest(0);  // returned goods have a quantity below 0; a price never is
+    // F3 alone leads to the warehouse.
+    constexpr std::int16_t F3 = 114;
+    grid_.Commands().Unbind(F3, 0);
+    grid_.Commands().Unbind(F3, ShiftKey);
+    grid_.Commands().Bind({Command::FindNext, F3, CtrlKey});
+    grid_.Commands().Bind({Command::FindPrevious, F3, CtrlKey + ShiftKey});
+    GridOptions& options = grid_.Options();
+    options.EscRestores(true);
+    options.EnterPassesReadOnly(true);
+    options.PressToggles(true);
+    options.ReadOnlyShade(6);  // an approved order looks closed
+    options.HeaderMenu(true);
+    options.Refusals(GridOptions::RefusalStyle::Beside);  // the clerk keys on
+    grid_.bIsShowZero(true);                              // a price of 0 is a price
+    grid_.BackColorBkg(0x8000000F);
+    grid_.ColWidth(RowNumber, 500);
+    grid_.ColSample(RowNumber, "00000 ");
+    grid_.FrozenCols(Name - grid_.FixedCols() + 1);  // what a line is about stays in view
+}
 
 void OrderGrid::connectEvents() {
     auto& all = connections_;
-    all.push_back(
-        grid_.AddVsRow.connect([this](std::int32_t, bool& consent) { consent = grid_.Editable(); }));
-    all.push_back(
-        grid_.AfterAddRow.connect([this](bool& keepCopy, std::int32_t row, bool copied, std::int32_t) {
-            if (copied) keepOrClearCopy(row, keepCopy);
-        }));
-    all.push_back(grid_.DeleteVsRow.connect(
-        [this](std::int32_t row, bool& consent) { consent = grid_.Editable() && mayDeleteRow(row); }));
-    // Dates that a row got as the clerk passed it make it no line: fills end before it.
-    grid_.Options().FillsToLastLine(true);
-    all.push_back(grid_.Options().RowInUse.connect(
-        [this](std::int32_t row, bool& inUse) { inUse = !read(row).isEmpty(); }));
-    all.push_back(grid_.TxtValidBmS.connect([this](const std::string& query, const std::string& codeField,
-                                                   const std::string& nameField, const std::string& typed,
-                                                   std::string& code, std::string& name) {
-        const CodeAndName known =
-            confirm(QString::fromStdString(query), QString::fromStdString(codeField),
-                    QString::fromStdString(nameField), normalized(QString::fromStdString(typed)));
-        code = known.code.toStdString();
-        name = known.name.toStdString();
+    all.push_back(grid_.AfterAddRow.connect([this](bool& keeps, std::int32_t row, bool copied, std::int32_t) {
+        if (!copied) return;
+        // Goods are what a copied line is for.
+        keeps = !sheet_.record(row).code.isEmpty();
+        if (keeps)
+            sheet_.edit(row, [this](OrderLine& line) { line.entered = services_.now(); });
+        else
+            emit said(u"没有货号的行不复制,新增了一个空行"_s, false);
     }));
-    all.push_back(grid_.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
-        settle(row);
-        settleTyped(row, static_cast<Column>(col));
-        if (col == Code) presetPasted(row);
-    }));
-    // Fills, copies and pastes of the control itself raise no AfterEdit. Whatever the clerk does, what follows
-    // from it belongs to the same step, and is undone and redone with it. The grid may outlive this.
-    grid_.Changes().AddSettler([self = QPointer(this)](const StepChanges& step) {
-        if (self) self->settleStep(step);
-    });
     all.push_back(grid_.Changes().After.connect([this](const StepChanges& step) {
-        markCodes(step);
-        judgeMarks(step);
+        if (!step.known)
+            for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) colourCode(row);
+        for (const std::int32_t row : step.rows) colourCode(row);
         emit changed();
     }));
     all.push_back(grid_.Filters().Changed.connect([this] { emit changed(); }));
@@ -88,82 +69,44 @@ void OrderGrid::connectEvents() {
     all.push_back(grid_.SelChange.connect([this] { emit selected(); }));
 }
 
+// --- One order after the other.
+
 void OrderGrid::clear(const QDate& delivery) {
-    load(SheetRows, delivery, [&] { putPresets(grid_.FixedRows()); });
-    markSaved({});
-}
-
-// What the row would get if the clerk came to it.
-void OrderGrid::putPresets(std::int32_t row) {
-    for (const Column col : {Warehouse, Delivery, Slot}) {
-        const QString preset = QString::fromStdString(grid_.VsCtrl(col)->sDefaultText_Name());
-        put(row, col, preset, preset);
-    }
-}
-
-// A line whose code came with a block: the clerk has not been to its row. Presets that a block empties stay empty.
-void OrderGrid::presetPasted(std::int32_t row) {
-    if (row == grid_.Row() || text(row, Code).isEmpty()) return;
-    for (const Column col : {Warehouse, Delivery, Slot})
-        if (!text(row, col).isEmpty()) return;
-    putPresets(row);
+    show({}, delivery);
+    putPresets(grid_.FixedRows());
 }
 
 void OrderGrid::show(const std::vector<OrderLine>& lines, const QDate& delivery) {
-    const auto count = static_cast<std::int32_t>(lines.size());
-    load(std::max(SheetRows, count + 1), delivery, [&] {
-        for (std::int32_t i = 0; i < count; ++i)
-            write(grid_.FixedRows() + i, lines[static_cast<std::size_t>(i)]);
-    });
-    markSaved(lines);
-}
-
-// Clear() forgets what could be undone. What is written into the empty sheet, the default texts of its first
-// row too, is nobody's step.
-void OrderGrid::load(std::int32_t dataRows, const QDate& delivery, const std::function<void()>& fill) {
-    const UnrecordedSpan unrecorded = grid_.Unrecorded();
-    marks_.clear();  // the marks go with the rows
-    grid_.ReDraw(false);
-    grid_.Clear();
-    grid_.Rows(grid_.FixedRows() + dataRows);
+    sheet_.load(lines);
     presetDelivery(delivery);
-    fill();
-    grid_.ReDraw(true);
-    select(grid_.FixedRows(), Code);
 }
 
 void OrderGrid::presetDelivery(const QDate& delivery) {
-    const QString day = delivery.toString(Qt::ISODate);
-    presetRow(Delivery, day);
-    presetRow(Slot, day.isEmpty() ? day : day + u" 上午"_s);
-    if (!lines().empty()) return;
-    // The order's date is none of the acts in the grid.
-    const UnrecordedSpan unrecorded = grid_.Unrecorded();
-    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row)
-        if (!text(row, Delivery).isEmpty()) putDelivery(row, delivery);
+    preset_.delivery = delivery;
+    preset_.slot = delivery.isValid() ? delivery.toString(Qt::ISODate) + u" 上午"_s : QString();
+    sheet_.preset("delivery", preset_.delivery);
+    sheet_.preset("slot", preset_.slot);
 }
 
 void OrderGrid::presetWarehouse(const QString& name) {
-    presetRow(Warehouse, name);
+    preset_.warehouse = name;
+    sheet_.preset("warehouse", name);
 }
 
-/// What the control puts into the column's cell of a row that becomes the current one.
-void OrderGrid::presetRow(Column col, const QString& text) {
-    grid_.VsCtrl(col)->sDefaultText_Name(text.toStdString());
-    grid_.VsCtrl(col)->sDefaultText_Code(text.toStdString());
+void OrderGrid::putPresets(OrderLine& line) const {
+    if (line.warehouse.isEmpty()) line.warehouse = preset_.warehouse;
+    if (!line.delivery.isValid()) line.delivery = preset_.delivery;
+    if (line.slot.isEmpty()) line.slot = preset_.slot;
 }
 
-void OrderGrid::setReadOnly(bool readOnly) {
-    grid_.Editable(!readOnly);
-}
-
-void OrderGrid::select(std::int32_t row, std::int32_t col) {
-    grid_.Grid().Select(row, col);
+void OrderGrid::putPresets(std::int32_t row) {
+    const UnrecordedSpan unrecorded = grid_.Unrecorded();
+    sheet_.edit(row, [this](OrderLine& line) { putPresets(line); });
 }
 
 void OrderGrid::recovered(const QDate& delivery) {
     presetDelivery(delivery);
-    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) markCode(row);
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) colourCode(row);
     selectEnd();
 }
 
@@ -174,275 +117,98 @@ void OrderGrid::goTo(std::int32_t row, std::int32_t col) {
 
 void OrderGrid::selectEnd() {
     std::int32_t row = grid_.Rows() - 1;
-    while (row > grid_.FixedRows() && read(row - 1).isEmpty()) --row;
+    while (row > grid_.FixedRows() && !sheet_.isInUse(row - 1)) --row;
     goTo(row, Code);
-    const UnrecordedSpan unrecorded = grid_.Unrecorded();
-    if (text(row, Warehouse).isEmpty() && text(row, Delivery).isEmpty() && read(row).isEmpty())
-        putPresets(row);
+    if (!sheet_.isInUse(row)) putPresets(row);
 }
 
-// --- Cells and lines.
-
-QString OrderGrid::text(std::int32_t row, Column col) const {
-    return QString::fromStdString(grid_.Grid().Text(row, col));
-}
-
-QString OrderGrid::tag(std::int32_t row, Column col) const {
-    return QString::fromStdString(grid_.Grid().Data(row, col));
-}
-
-QString OrderGrid::caption(Column col) const {
-    return QString::fromStdString(grid_.VsCtrl(static_cast<std::int16_t>(col))->sName());
-}
-
-void OrderGrid::put(std::int32_t row, Column col, const QString& text, const QString& tag) {
-    grid_.SetCell(row, col, text.toStdString(), tag.toStdString());
-}
-
-void OrderGrid::putDelivery(std::int32_t row, const QDate& delivery) {
-    const QString day = delivery.toString(Qt::ISODate);
-    put(row, Delivery, day, day);
-    put(row, Slot, day + u" 上午"_s, day + u" 上午"_s);
-}
-
-void OrderGrid::write(std::int32_t row, const OrderLine& line) {
-    put(row, Code, line.code);
-    put(row, Name, line.name, line.code);
-    put(row, Spec, line.spec, line.code);
-    put(row, Unit, line.unit);
-    const QString quantity = ::text(line.quantity, QuantityDecimals);
-    put(row, Quantity, quantity, quantity);
-    put(row, Price, ::text(line.price, PriceDecimals));
-    put(row, Amount, ::text(line.amount, PriceDecimals));
-    put(row, Warehouse, line.warehouse, line.warehouse);
-    put(row, Delivery, line.delivery.toString(Qt::ISODate), line.delivery.toString(Qt::ISODate));
-    put(row, Slot, line.slot, line.slot);
-    if (line.gift) put(row, Gift, u"-1"_s);
-    put(row, Remark, line.remark);
-    put(row, Entered, timeText(line.entered), timeText(line.entered));
-    markCode(row);
-}
-
-OrderLine OrderGrid::read(std::int32_t row) const {
-    OrderLine line;
-    line.code = normalized(text(row, Code));
-    line.name = text(row, Name);
-    line.spec = text(row, Spec);
-    line.unit = text(row, Unit);
-    line.quantity = number(text(row, Quantity), QuantityDecimals);
-    line.price = number(text(row, Price), PriceDecimals);
-    line.amount = number(text(row, Amount), PriceDecimals);
-    line.warehouse = text(row, Warehouse);
-    line.delivery = date(text(row, Delivery));
-    const QString gift = text(row, Gift);
-    line.gift = !gift.isEmpty() && gift != u"0";
-    line.slot = text(row, Slot);
-    line.remark = text(row, Remark);
-    line.entered = timeOf(text(row, Entered));
-    return line;
-}
-
-std::vector<OrderLine> OrderGrid::lines() const {
-    std::vector<OrderLine> result;
-    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
-        OrderLine line = read(row);
-        if (line.isEmpty()) continue;
-        if (const auto known = saved_.find(grid_.Grid().IdOf(row)); known != saved_.end())
-            line.id = known->second.id;
-        result.push_back(std::move(line));
-    }
-    return result;
-}
-
-// --- What is to be saved.
-
-void OrderGrid::markSaved(const std::vector<OrderLine>& lines) {
-    saved_.clear();
-    savedOrder_.clear();
-    auto line = lines.begin();
-    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows() && line != lines.end(); ++row) {
-        if (read(row).isEmpty()) continue;
-        if (line->id != 0) {
-            saved_.emplace(grid_.Grid().IdOf(row), *line);
-            savedOrder_.push_back(grid_.Grid().IdOf(row));
-        }
-        ++line;
-    }
-    grid_.Changes().Saved();
-}
-
-// The control's log names the rows that hold something else than when they were saved. To the order a row that
-// says nothing is no line, and texts alone count, not the tags that go with them.
 LineChanges OrderGrid::unsaved() const {
     LineChanges result;
-    result.moved = hasMovedLines();
-    const Changes& log = grid_.Changes();
-    if (log.empty()) return result;
-    result.unknown = log.Unknown();
-    const auto judge = [&](RowId id) {
-        OrderLine now = read(grid_.Grid().RowOf(id));
-        const auto saved = saved_.find(id);
-        if (saved == saved_.end()) {
-            result.added = result.added || !now.isEmpty();
-            return;
-        }
-        now.id = saved->second.id;
-        if (now.isEmpty())
-            result.removed.push_back(now.id);
-        else if (now != saved->second)
-            result.changed.push_back(now.id);
-    };
-    for (const RowId id : log.Added()) judge(id);
-    for (const ChangedRow& changed : log.Changed()) judge(changed.row);
-    for (const RemovedRow& removed : log.Removed())
-        if (const auto saved = saved_.find(removed.row); saved != saved_.end())
-            result.removed.push_back(saved->second.id);
+    const RecordChanges<OrderLine> changes = sheet_.changes();
+    result.unknown = grid_.Changes().Unknown();
+    result.moved = sheet_.moved();
+    result.added = !changes.added.empty();
+    for (const auto& line : changes.changed) result.changed.push_back(line.after.id);
+    for (const auto& line : changes.removed) result.removed.push_back(line.before.id);
     return result;
 }
 
-// --- What follows from what was typed.
+// --- What follows from what the clerk types.
 
-// Goods are what a copied line is for: without a code there is nothing to keep. The control writes cells as
-// they are; the time of entry is ours.
-void OrderGrid::keepOrClearCopy(std::int32_t row, bool& keep) {
-    keep = !text(row, Code).isEmpty();
-    if (!keep) {
-        emit said(u"没有货号的行不复制,新增了一个空行"_s, false);
-        return;
+void OrderGrid::edited(OrderLine& line, const sheet::Edited& cell) {
+    const QString day = line.delivery.toString(Qt::ISODate);
+    if (cell.column == "delivery" && !day.isEmpty() && line.slot.contains(u' '))
+        line.slot = day + line.slot.mid(line.slot.indexOf(u' '));  // the half day stays
+    if (line.quantity && line.price && !amountOf(*line.quantity, *line.price))
+        emit said(u"数量乘以单价太大,金额没有计算"_s, true);
+    if (cell.filled || line.isEmpty()) return;
+    if (cell.column != "entered" && !line.entered.isValid()) line.entered = services_.now();
+    // A code that came with a block: the clerk has not been to its row. Presets that a block empties stay empty.
+    if (cell.column == "code" && cell.row != grid_.Row() && !line.code.isEmpty() &&
+        line.warehouse.isEmpty() && day.isEmpty() && line.slot.isEmpty())
+        putPresets(line);
+}
+
+std::optional<Goods> OrderGrid::goodsOf(const QString& code) try {
+    return services_.goods(code);
+} catch (const DatabaseError& error) {
+    // The clerk goes on; the code is looked up again when the order is saved.
+    emit said(u"货号 %1 没有查到品名:"_s.arg(code) + error.text().simplified(), true);
+    throw;
+}
+
+// By code or by name.
+std::optional<CodeAndName> OrderGrid::warehouseOf(const QString& typed) const {
+    const QString query = QString::fromUtf8(WarehouseQuery);
+    if (const auto coded = services_.find(query, u"code"_s, u"name"_s, typed.toUpper())) return coded;
+    const auto named = services_.find(query, u"name"_s, u"code"_s, typed);
+    return named ? std::optional(CodeAndName{named->name, named->code}) : std::nullopt;
+}
+
+/// Colours are not undone: each step, and each way back, colours its rows as they are then.
+void OrderGrid::colourCode(std::int32_t row) {
+    if (row < grid_.FixedRows() || row >= grid_.Rows()) return;
+    const CellMark* const mark = grid_.Mark(row, Code);
+    const bool unknown =
+        mark && mark->kind == CellMark::Kind::Problem && !grid_.Grid().Text(row, Code).empty();
+    grid_.Grid().CellForeColor(row, Code, unknown ? std::optional(0x0000C0u) : std::nullopt);
+}
+
+bool OrderGrid::mayDeleteRows(const std::vector<std::int32_t>& rows) {
+    const auto filled = std::ranges::count_if(rows, [this](std::int32_t row) { return sheet_.isInUse(row); });
+    if (filled == 0 || !mayDelete_) return true;
+    if (rows.size() > 1) {
+        const QString some = filled < std::ssize(rows) ? u"(其中 %1 行有内容)"_s.arg(filled) : QString();
+        return mayDelete_(u"选中的 %1 行"_s.arg(rows.size()) + some);
     }
-    const QString now = timeText(services_.now());
-    put(row, Entered, now, now);
+    const OrderLine line = sheet_.record(rows[0]);
+    return mayDelete_(
+        u"第 %1 行 %2 %3"_s.arg(QString::number(rows[0] - grid_.FixedRows() + 1), line.code, line.name));
 }
 
-std::vector<std::int32_t> OrderGrid::rowsOf(const StepChanges& step) const {
-    std::vector<std::int32_t> rows(step.rows.begin(), step.rows.end());
-    if (!step.known) {
-        rows.resize(static_cast<std::size_t>(grid_.Rows()));
-        std::iota(rows.begin(), rows.end(), 0);
-    }
-    std::erase_if(rows, [&](std::int32_t row) { return row < grid_.FixedRows(); });
-    return rows;
+// --- Saving.
+
+bool OrderGrid::commit() {
+    // Reading a cell commits what is being typed. What is refused stays in the editor.
+    grid_.ReadCell(grid_.Row(), grid_.Col());
+    if (grid_.editorView().visible) return false;
+    if (!grid_.Editable()) return true;
+    sheet_.recompute();
+    // A line that the clerk has not been to gets what is preset, where that is missing.
+    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row)
+        if (const OrderLine line = sheet_.record(row);
+            !line.code.isEmpty() && line.warehouse.isEmpty() && !preset_.warehouse.isEmpty())
+            sheet_.edit(row, [this](OrderLine& line) { putPresets(line); });
+    return true;
 }
 
-// What a failing database has left open. Where nothing is left to do, it is no step.
-void OrderGrid::settleAll() {
-    // A closed order stays as it is.
-    if (!grid_.Editable()) return;
-    ChangeStep step = grid_.Step("核对货号");
-    for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row) settle(row);
-    step.close();
-}
-
-void OrderGrid::settleStep(const StepChanges& step) {
-    if (!grid_.Editable()) return;
-    const bool redated = step.cause == Cause::Fill && std::ranges::count(step.cols, Delivery) > 0;
-    for (const std::int32_t row : rowsOf(step)) {
-        settle(row);
-        if (redated) settleSlot(row);
-    }
-}
-
-void OrderGrid::settle(std::int32_t row) {
-    settleGoods(row);
-    settleAmount(row);
-    settleBlanks(row);
-    settleWarehouse(row);
-}
-
-// What follows from what the clerk has typed himself. The time of entry does not follow from what the control
-// has filled.
-void OrderGrid::settleTyped(std::int32_t row, Column col) {
-    if (col == Delivery) settleSlot(row);
-    if (col != Entered && text(row, Entered).isEmpty() && !read(row).isEmpty()) {
-        const QString now = timeText(services_.now());
-        put(row, Entered, now, now);
-    }
-}
-
-// The half day stays, on the day of the delivery.
-void OrderGrid::settleSlot(std::int32_t row) {
-    const QString slot = text(row, Slot);
-    const QString day = text(row, Delivery);
-    if (day.isEmpty() || !slot.contains(u' ')) return;
-    const QString moved = day + slot.mid(slot.indexOf(u' '));
-    if (moved != slot) put(row, Slot, moved, moved);
-}
-
-// An emptied cell: the check has left a blank there (see confirm()).
-void OrderGrid::settleBlanks(std::int32_t row) {
-    for (const Column col : {Unit, Warehouse})
-        if (const QString typed = text(row, col); typed != typed.trimmed()) put(row, col, typed.trimmed());
-}
-
-// The tag is where the rule "not empty" looks.
-void OrderGrid::settleWarehouse(std::int32_t row) {
-    const QString name = text(row, Warehouse);
-    if (tag(row, Warehouse) != name) put(row, Warehouse, name, name);
-}
-
-void OrderGrid::settleGoods(std::int32_t row) {
-    // The tags of name and specification are the code that they were filled for.
-    const QString code = normalized(text(row, Code));
-    if (code != text(row, Code)) put(row, Code, code);
-    const bool named = tag(row, Name) == code;
-    const bool specified = tag(row, Spec) == code;
-    if (named && specified) return;
-    try {
-        const std::optional<Goods> goods = code.isEmpty() ? std::nullopt : services_.goods(code);
-        if (!named) putName(row, code, goods);
-        if (!specified) put(row, Spec, goods ? goods->spec : QString(), code);
-        // Where only one of them is another row's, a column fill has spoilt it: the price stays as agreed.
-        if (!named && !specified) putTerms(row, code, goods);
-    } catch (const DatabaseError& error) {
-        emit said(u"货号 %1 没有查到品名:"_s.arg(code) + error.text().simplified(), true);
-    }
-}
-
-void OrderGrid::putName(std::int32_t row, const QString& code, const std::optional<Goods>& goods) {
-    put(row, Name, goods ? goods->name : QString(), code);
-}
-
-// Unit and price of the goods that the row now has.
-void OrderGrid::putTerms(std::int32_t row, const QString& code, const std::optional<Goods>& goods) {
-    if (!goods && !code.isEmpty()) {
-        emit said(u"货号 %1 不在商品目录中;本行已输入的内容保留"_s.arg(code), true);
-    } else if (goods) {
-        put(row, Unit, goods->unit);
-        put(row, Price, ::text(goods->price, PriceDecimals));
-        emit said(
-            u"%1  %2  %3  单价 %4 元/%5"_s.arg(code, goods->name, goods->spec,
-                                               QString::fromStdString(moneyText(goods->price)), goods->unit),
-            false);
-    }
-}
-
-// Colours are not undone: each step, and each way back, marks its rows as they are then.
-void OrderGrid::markCodes(const StepChanges& step) {
-    for (const std::int32_t row : rowsOf(step)) markCode(row);
-}
-
-void OrderGrid::markCode(std::int32_t row) {
-    const QString code = text(row, Code);
-    const bool unknown = !code.isEmpty() && tag(row, Name) == code && text(row, Name).isEmpty();
-    grid_.Grid().CellForeColor(row, Code, unknown ? std::optional(Red) : std::nullopt);
-}
-
-void OrderGrid::settleAmount(std::int32_t row) {
-    // The number goes into the tag as well: that is where the rule "not zero" looks.
-    const auto rounded = [&](Column col, int decimals) {
-        const QString typed = text(row, col);
-        const std::optional<std::int64_t> value = number(typed, decimals);
-        const QString wanted = value ? ::text(value, decimals) : typed;
-        if (typed != wanted || tag(row, col) != wanted) put(row, col, wanted, wanted);
-        return value;
-    };
-    const std::optional<Thousandths> quantity = rounded(Quantity, QuantityDecimals);
-    const std::optional<Cents> price = rounded(Price, PriceDecimals);
-    std::optional<Cents> amount;
-    if (quantity && price) {
-        amount = amountOf(*quantity, *price);
-        if (!amount) emit said(u"数量乘以单价太大,金额没有计算"_s, true);
-    }
-    const QString wanted = ::text(amount, PriceDecimals);
-    if (text(row, Amount) != wanted) put(row, Amount, wanted);
+std::optional<OrderGrid::Problem> OrderGrid::firstProblem() {
+    const auto fault = sheet_.firstFault();
+    if (!fault) return std::nullopt;
+    const QString text =
+        u"第 %1 行的"_s.arg(fault->row - grid_.FixedRows() + 1) + QString::fromStdString(fault->reason);
+    // The control applies its own rule to the current cell, and tells the clerk.
+    const bool own = text.endsWith(u"不能为零"_s) || text.endsWith(u"不能为空"_s);
+    if (own) select(fault->row, fault->col);
+    return Problem{fault->row, fault->col, text, own && !grid_.IsValid()};
 }

@@ -1,54 +1,32 @@
-// How this host uses the grid: the columns of an order, what follows from what the clerk types, and the way
-// between the grid's texts and an order's lines. Knows no window, so it works on any control.
+// How this host uses the grid: the columns of an order as those of a sheet, and what follows from what the clerk
+// types. Knows no window, so it works on any control.
 #pragma once
 
 #include <QDateTime>
 #include <QObject>
 #include <QString>
-#include <QStringList>
 #include <functional>
-#include <map>
 #include <optional>
-#include <set>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "Catalogue.h"
-#include "Order.h"
+#include "OrderFields.h"
 #ifndef Q_MOC_RUN  // moc reads no Chinese identifiers
-#include "kxVsGrid/kxGrid.h"
+#include "kxVsGrid/sheet/Sheet.h"
 #endif
 
 class OrderGrid : public QObject {
     Q_OBJECT
 
   public:
-    enum Column {
-        RowNumber,
-        Code,
-        Name,
-        Spec,
-        Unit,
-        Quantity,
-        Price,
-        Amount,
-        Warehouse,
-        Delivery,
-        Slot,
-        Gift,
-        Remark,
-        Entered,
-        ColumnCount
-    };
+    // clang-format off
+    enum Column { RowNumber, Code, Name, Spec, Unit, Quantity, Price, Amount, Warehouse, Delivery, Slot, Gift, Remark,
+                  Entered, ColumnCount };
+    // clang-format on
 
     /// The units that the help offers, as a list of constants. Goods may bring others of their own.
     static constexpr const char* Units = "个|百个|件|只|套|台|把|副|盒|箱|桶|卷|根|片|张|米|平方米|千克|吨";
-
-    // What the code checks of the columns ask for: two queries, and a list of this class's own.
-    static constexpr const char* GoodsQuery = "SELECT code, name FROM goods";
     static constexpr const char* WarehouseQuery = "SELECT code, name FROM warehouse";
-    static constexpr const char* UnitList = "units";
 
     /// What the grid's host needs of the world. The first two answer nothing for an unknown code, and may
     /// throw DatabaseError.
@@ -65,7 +43,6 @@ class OrderGrid : public QObject {
 
     /// The grid must outlive this; sets up its columns.
     OrderGrid(kxVsGrid::kxGrid& grid, Services services);
-    ~OrderGrid() override;
 
     void mayDelete(MayDelete ask) { mayDelete_ = std::move(ask); }
 
@@ -74,30 +51,30 @@ class OrderGrid : public QObject {
     void clear(const QDate& delivery);
     void show(const std::vector<OrderLine>& lines, const QDate& delivery);
     /// What is shown then can neither be typed into nor get other rows.
-    void setReadOnly(bool readOnly);
-    /// Another delivery date for rows that the clerk comes to, and for those of a sheet that is still empty.
+    void setReadOnly(bool readOnly) { grid_.Editable(!readOnly); }
+    /// Another delivery date for rows that the clerk comes to, and for those that say nothing yet.
     void presetDelivery(const QDate& delivery);
     /// The warehouse that rows get; empty: none.
     void presetWarehouse(const QString& name);
 
     /// The lines as they stand, without an editor that is still open. Lines that say nothing are left out.
-    std::vector<OrderLine> lines() const;
+    std::vector<OrderLine> lines() const { return sheet_.records(); }
 
     /// A cell that keeps the order from being saved.
     struct Problem {
         std::int32_t row = 0;
         std::int32_t col = 0;
         QString text;        ///< names row, column and reason
-        bool shown = false;  ///< the control has told the clerk in a message box
+        bool shown = false;  ///< the control has told the clerk
     };
     /// The first one, row by row; to be asked after commit().
     std::optional<Problem> firstProblem();
     /// Marks all cells that keep the order from being saved, with the reasons, and answers how many. A mark
     /// goes when its cell is right, whatever has put it right, and with the order.
-    int markProblems();
+    int markProblems() { return sheet_.markFaults(); }
     /// Takes away all marks, those of refused texts too.
-    void clearMarks();
-    void select(std::int32_t row, std::int32_t col);
+    void clearMarks() { sheet_.clearMarks(); }
+    void select(std::int32_t row, std::int32_t col) { grid_.Grid().Select(row, col); }
 
     /// Takes over what is being typed and what follows from it; false when it is refused and still in the
     /// editor.
@@ -106,7 +83,7 @@ class OrderGrid : public QObject {
     /// neither has a row that says nothing.
     LineChanges unsaved() const;
     /// What is there now is saved: `lines` are those of lines(), with their ids. It can still be undone.
-    void markSaved(const std::vector<OrderLine>& lines);
+    void markSaved(const std::vector<OrderLine>& lines) { sheet_.saved(lines); }
 
     /// The control has been put into the state of a draft: colours and proposals follow, nothing can be undone.
     void recovered(const QDate& delivery);
@@ -133,67 +110,21 @@ class OrderGrid : public QObject {
 
   private:
     void setUpColumns();
-    void setUpRules();
+    void setUpKeys();
     void connectEvents();
-    void load(std::int32_t dataRows, const QDate& delivery, const std::function<void()>& fill);
-    void write(std::int32_t row, const OrderLine& line);
-    OrderLine read(std::int32_t row) const;
-    QString text(std::int32_t row, Column col) const;
-    QString tag(std::int32_t row, Column col) const;
-    QString caption(Column col) const;
-    void put(std::int32_t row, Column col, const QString& text, const QString& tag = {});
-    void putDelivery(std::int32_t row, const QDate& delivery);
+    void edited(OrderLine& line, const kxVsGrid::sheet::Edited& cell);
+    void putPresets(OrderLine& line) const;
     void putPresets(std::int32_t row);
-    void presetPasted(std::int32_t row);
-    void presetRow(Column col, const QString& text);
-
-    /// Answers a code check; an empty name refuses the text.
-    CodeAndName confirm(const QString& query, const QString& codeField, const QString& nameField,
-                        const QString& typed);
-    CodeAndName confirmWarehouse(const QString& typed);
-    CodeAndName confirmUnit(const QString& typed, const QString& goods);
-    static bool breaksRule(const OrderLine& line, Column col);
-    static QString whyUnsavable(const OrderLine& line, Column col, const QString& text);
-    /// The text stands in the list of its column.
-    bool isListed(const OrderLine& line, Column col);
-    using ListedTexts = std::set<QString>;
-    QString faultOf(std::int32_t row, const OrderLine& line, Column col, ListedTexts& listed);
-    QString problemOf(std::int32_t row, const OrderLine& line, Column col, ListedTexts& listed);
-    static QString ruleBroken(Column col);
-    bool getsPreset(std::int32_t row, Column col) const;
-    void mark(std::int32_t row, std::int32_t col, const QString& why);
-    void judgeMarks(const kxVsGrid::StepChanges& step);
-
-    bool mayDeleteRow(std::int32_t row);
-    std::vector<std::int32_t> selectedRows() const;
-    void deleteSelectedRows();
-    bool hasMovedLines() const;
-
-    /// All rows, where more has changed than could be kept.
-    std::vector<std::int32_t> rowsOf(const kxVsGrid::StepChanges& step) const;
-    void keepOrClearCopy(std::int32_t row, bool& keep);
-    void settleAll();
-    void settleStep(const kxVsGrid::StepChanges& step);
-    void settle(std::int32_t row);
-    void settleTyped(std::int32_t row, Column col);
-    void settleSlot(std::int32_t row);
-    void settleWarehouse(std::int32_t row);
-    void settleBlanks(std::int32_t row);
-    void settleGoods(std::int32_t row);
-    void settleAmount(std::int32_t row);
-    void markCodes(const kxVsGrid::StepChanges& step);
-    void markCode(std::int32_t row);
-    void putName(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
-    void putTerms(std::int32_t row, const QString& code, const std::optional<Goods>& goods);
+    bool mayDeleteRows(const std::vector<std::int32_t>& rows);
+    void colourCode(std::int32_t row);
+    std::optional<Goods> goodsOf(const QString& code);
+    std::optional<CodeAndName> warehouseOf(const QString& typed) const;
+    std::string wordsOf(const kxVsGrid::Fault& fault) const;
 
     kxVsGrid::kxGrid& grid_;
     Services services_;
     MayDelete mayDelete_;
-    std::map<kxVsGrid::RowId, OrderLine> saved_;  ///< the lines that have an id, by their rows
-    std::vector<kxVsGrid::RowId> savedOrder_;     ///< their rows, as they stood then
-    /// What markProblems() has marked, with the reasons.
-    std::map<std::pair<kxVsGrid::RowId, std::int32_t>, std::string> marks_;
-    enum class Deletion { Single, Asked, Agreed };
-    Deletion deletion_ = Deletion::Single;
+    OrderLine preset_;  ///< what rows get that the clerk comes to
+    kxVsGrid::Sheet<OrderLine> sheet_;
     std::vector<kxVsGrid::ScopedConnection> connections_;
 };

@@ -46,7 +46,7 @@ void OrderGridHelp::setUpColumns() {
         grid_.VsCtrl(static_cast<std::int16_t>(col))->i帮助类型(ih特殊型);
     offer(OrderGrid::Code, ih通用型, iText记Code, GoodsList);
     offer(OrderGrid::Unit, ih常量型, iText记Name, OrderGrid::Units);
-    offer(OrderGrid::Warehouse, ih特殊型, iText记Name);
+    offer(OrderGrid::Warehouse, ih特殊型, iText记Code);  // the name is the sheet's code
     offer(OrderGrid::Delivery, ih日期型, iText记Code);
     offer(OrderGrid::Slot, ih半日型, iText记Code);
     offer(OrderGrid::Entered, ih时间型, iText记Code);
@@ -95,8 +95,8 @@ void OrderGridHelp::chooseWarehouse(std::int32_t x, std::int32_t y, std::string&
     try {
         const auto chosen = services_.chooseWarehouse(x, y, QString::fromStdString(name));
         if (!chosen) return;
-        name = chosen->name.toStdString();
-        code = chosen->code.toStdString();
+        name = chosen->code.toStdString();
+        code = chosen->name.toStdString();
     } catch (const DatabaseError& error) {
         services_.failed(error.text());
     }

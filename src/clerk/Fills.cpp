@@ -70,8 +70,16 @@ void Fills::fillBelow(Way way) {
         case Months:
             return dates(way, text);
         case CopyCell:
-            return writeBelow([&]() -> std::optional<TextAndTag> { return TextAndTag{text, tag}; });
+            return writeBelow([copied = copiedText(row, col, text), &tag]() -> std::optional<TextAndTag> {
+                return TextAndTag{copied, tag};
+            });
     }
+}
+
+/// As it is displayed; what an exact column holds is a number without the signs between its groups.
+std::string Fills::copiedText(std::int32_t row, std::int32_t col, const std::string& shown) const {
+    const auto rules = c_.columns.rules(col);
+    return rules && rules->exact() ? c_.grid.Text(row, col) : shown;
 }
 
 std::int32_t Fills::lastRow(std::int32_t first) const {

@@ -51,6 +51,7 @@ class Fills {
     void numberSeries();
     /// NoEnd where a fill goes on into rows that the host appends meanwhile.
     std::int32_t lastRow(std::int32_t first) const;
+    std::string copiedText(std::int32_t row, std::int32_t col, const std::string& shown) const;
     std::string textAbove(const std::string& text) const;
 
     ClerkContext c_;

@@ -57,7 +57,7 @@ void Computing::settle(std::int32_t row) {
     const AnyRecord record = lines_.readTyped(row, fault);
     std::vector<Outcome> outcomes = computeAll(record.get());
     if (c_.rowOf(id) < 0) return;
-    const bool empty = fault || !lines_.isInUse(row, record.get());
+    const bool empty = c_.refuses(fault) || !lines_.isInUse(row, record.get());
     if (empty) outcomes.assign(outcomes.size(), {});
     for (std::int32_t column = 0; column < c_.count() && !c_.gone; ++column)
         if (c_.plan(column).computed) put(id, column, outcomes[static_cast<std::size_t>(column)]);

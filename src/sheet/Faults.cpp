@@ -6,9 +6,9 @@
 
 namespace kxVsGrid::sheet {
 
-std::string Faults::brokenRule(const void* record, std::int32_t column) const {
+std::string Faults::brokenRule(const void* record, std::int32_t column, bool typed) const {
     for (const Rule& rule : c_.rules) {
-        if (rule.column != column) continue;
+        if (rule.column != column || (typed && !rule.whenTyped)) continue;
         try {
             if (!rule.holds(record)) return rule.reason;
         } catch (const std::exception& error) {
@@ -20,16 +20,48 @@ std::string Faults::brokenRule(const void* record, std::int32_t column) const {
     return {};
 }
 
-std::string Faults::reason(const void* record, std::int32_t row, std::int32_t column,
-                           CodeColumns::Answers& answers) const {
+Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t column,
+                              CodeColumns::Answers& answers) const {
     const ColumnPlan& plan = c_.plan(column);
-    if (plan.computed)
-        if (std::string why = computing_.reason(record, column); !why.empty()) return why;
-    if (std::string why = missing(record, row, column); !why.empty()) return why;
     const std::string text = c_.cells().Text(row, c_.gridCol(column));
+    if (const AnyRecord scratch = c_.make(nullptr); !plan.field->read(scratch.get(), text))
+        return {"“" + text + "”不能识别", FaultKind::Unreadable};
+    if (plan.computed)
+        if (std::string why = computing_.reason(record, column); !why.empty())
+            return {std::move(why), FaultKind::Computed};
+    if (std::string why = missing(record, row, column); !why.empty())
+        return {std::move(why), FaultKind::Rule};
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
-    return why.empty() ? brokenRule(record, column) : why;
+    if (!why.empty()) return {std::move(why), FaultKind::Unknown};
+    return {brokenRule(record, column, false), FaultKind::Rule};
+}
+
+std::optional<Fault> Faults::at(const void* record, std::int32_t row, std::int32_t column, bool known,
+                                CodeColumns::Answers& answers) const {
+    Reason why = known ? reason(record, row, column, answers) : unreadableReason(record, row, column);
+    if (why.text.empty()) return std::nullopt;
+    Fault fault = c_.faultAt(row, column, std::move(why.text));
+    fault.kind = why.kind;
+    if (c_.wording) fault.reason = c_.wording(fault);
+    return fault;
+}
+
+void Faults::visit(std::int32_t row, const std::function<bool(Fault)>& visitor) const {
+    CodeColumns::Answers answers;
+    visitRow(row, answers, visitor);
+}
+
+bool Faults::visitRow(std::int32_t row, CodeColumns::Answers& answers,
+                      const std::function<bool(Fault)>& visitor) const {
+    std::optional<Fault> unreadable;
+    const AnyRecord record = lines_.read(row, unreadable);
+    const bool known = !c_.refuses(unreadable);
+    if (known && !lines_.isInUse(row, record.get())) return true;
+    for (std::int32_t column = 0; column < c_.count(); ++column)
+        if (auto fault = at(record.get(), row, column, known, answers); fault && !visitor(std::move(*fault)))
+            return false;
+    return true;
 }
 
 std::string Faults::missing(const void* record, std::int32_t row, std::int32_t column) const {
@@ -41,11 +73,12 @@ std::string Faults::missing(const void* record, std::int32_t row, std::int32_t c
 }
 
 /// Rules, and what follows from the others, are not judged where the record is not known.
-std::string Faults::unreadableReason(const void* record, std::int32_t row, std::int32_t column) const {
+Faults::Reason Faults::unreadableReason(const void* record, std::int32_t row, std::int32_t column) const {
     const std::string text = c_.cells().Text(row, c_.gridCol(column));
     const AnyRecord scratch = c_.make(nullptr);
-    return c_.plan(column).field->read(scratch.get(), text) ? missing(record, row, column)
-                                                            : "“" + text + "”不能识别";
+    if (!c_.plan(column).field->read(scratch.get(), text))
+        return {"“" + text + "”不能识别", FaultKind::Unreadable};
+    return {missing(record, row, column), FaultKind::Rule};
 }
 
 /// A 0, however it is written, of a member that cannot be without a value.
@@ -60,16 +93,8 @@ bool Faults::isBlankZero(const void* record, std::int32_t column) const {
 void Faults::visit(const std::function<bool(Fault)>& visitor) const {
     CodeColumns::Answers answers;
     codes_.retry(answers);
-    for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row) {
-        std::optional<Fault> unreadable;
-        const AnyRecord record = lines_.read(row, unreadable);
-        if (!unreadable && !lines_.isInUse(row, record.get())) continue;
-        for (std::int32_t column = 0; column < c_.count(); ++column) {
-            std::string why = unreadable ? unreadableReason(record.get(), row, column)
-                                         : reason(record.get(), row, column, answers);
-            if (!why.empty() && !visitor(c_.faultAt(row, column, std::move(why)))) return;
-        }
-    }
+    for (std::int32_t row = c_.firstRow(); row < c_.endRow(); ++row)
+        if (!visitRow(row, answers, visitor)) return;
 }
 
 /// Judged on the line as it would be, with what follows from the text.
@@ -77,6 +102,7 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     const ColumnPlan& plan = c_.plan(column);
     std::optional<Fault> unreadable;
     const AnyRecord record = lines_.readTyped(row, unreadable);
+    if (!plan.constants.empty()) text = trimmedCode(text);
     const std::string value =
         plan.decimals ? Lines::rounded(std::string(text), *plan.decimals) : std::string(text);
     const FieldKind kind = plan.field->kind();
@@ -89,7 +115,7 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     computing_.fill(record.get());
     if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
     const bool becomesLine = lines_.makesLine(column) && !value.empty();
-    return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column)
+    return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column, true)
                                                             : std::string();
 }
 }  // namespace kxVsGrid::sheet

@@ -41,7 +41,9 @@ AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault, bool comput
         const Field& field = *c_.plan(column).field;
         if (field.read(record.get(), text)) continue;
         field.read(record.get(), {});
-        if (!fault) fault = c_.faultAt(row, column, "“" + text + "”不能识别");
+        if (fault) continue;
+        fault = c_.faultAt(row, column, "“" + text + "”不能识别");
+        fault->kind = FaultKind::Unreadable;
     }
     return record;
 }
@@ -49,7 +51,7 @@ AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault, bool comput
 AnyRecord Lines::readWhole(std::int32_t row) const {
     std::optional<Fault> fault;
     AnyRecord record = read(row, fault);
-    if (fault) throw UnreadableCell(*fault);
+    if (c_.refuses(fault)) throw UnreadableCell(*fault);
     return record;
 }
 
@@ -69,7 +71,7 @@ bool Lines::isInUse(std::int32_t row) const {
     if (!c_.inUse) return holdsText(row);
     std::optional<Fault> fault;
     const AnyRecord record = read(row, fault);
-    return fault || c_.inUse(record.get());
+    return c_.refuses(fault) || c_.inUse(record.get());
 }
 
 bool Lines::isInUse(std::int32_t row, const void* record) const {

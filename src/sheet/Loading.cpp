@@ -10,7 +10,6 @@ namespace kxVsGrid::sheet {
 namespace {
 
 constexpr std::size_t Slice = 4096;  // records between two looks at the progress
-constexpr std::int32_t LeastRows = 5;
 
 /// The texts of one column, one behind the other.
 struct Column {
@@ -91,7 +90,7 @@ void SheetBody::Loading::Texts::place() {
     if (!gone) grid.Clear();  // forgets what could be undone
     if (gone) return;
     const std::int32_t first = grid.FixedRows();
-    grid.Rows(first + std::max(LeastRows, count + 1));  // one more to key on in
+    grid.Rows(first + std::max(body->context.leastRows, count + 1));  // one more to key on in
     put(first);
     if (!gone) grid.ReDraw(true);
     if (!gone) grid.Grid().Select(first, grid.FixedCols());
@@ -100,6 +99,7 @@ void SheetBody::Loading::Texts::place() {
     grid.Grid().IdsOf(first, rows);
     body->computing.forgetMarks();
     body->codes.forget();
+    body->faultMarks.forget();
     grid.ClearMarks();
     for (const auto& [line, failure] : failures) body->computing.mark(first + line, failure);
 }

@@ -19,7 +19,7 @@ void Saved::begin(const Lines& lines, const std::vector<RowId>& rows, std::vecto
         if (!lines.isInUse(records[i].get())) noLines_.insert(rows[i]);
         records_.emplace(rows[i], std::move(records[i]));
     }
-    order_ = c_.position ? rows : std::vector<RowId>();
+    order_ = rows;
     still_.clear();
     witness_ = RowId::None;
     c_.grid.Changes().Saved();
@@ -115,6 +115,27 @@ bool Saved::hasMoved() const {
     return !std::is_sorted(rows.begin(), rows.end());
 }
 
+/// Rows that are no lines have no place among them.
+bool Saved::moved(const Lines& lines) const {
+    std::vector<std::int32_t> rows(order_.size());
+    c_.cells().RowsOf(order_, rows);
+    std::erase_if(rows, [](std::int32_t row) { return row < 0; });
+    if (std::is_sorted(rows.begin(), rows.end())) return false;
+    std::erase_if(rows, [&](std::int32_t row) { return !lines.isInUse(row); });
+    return !std::is_sorted(rows.begin(), rows.end());
+}
+
+/// As they are numbered, or else as they stand.
+void Saved::keepOrder() {
+    order_.clear();
+    for (const auto& [id, record] : records_) order_.push_back(id);
+    std::unordered_map<RowId, std::int64_t> places;
+    for (const RowId id : order_)
+        places[id] = c_.position ? c_.position->get(records_.at(id).get()) : c_.cells().RowOf(id);
+    std::sort(order_.begin(), order_.end(),
+              [&](RowId one, RowId other) { return places.at(one) < places.at(other); });
+}
+
 std::vector<AnyChange> Saved::changes(const Lines& lines) const {
     if (c_.position) return numberedChanges(lines);
     std::vector<AnyChange> changes;
@@ -173,13 +194,7 @@ void Saved::accept(const Lines& lines, const std::vector<AnyChange>& saved) {
         }
     });
     still_ = std::move(ids);
-    if (c_.position) {
-        order_.clear();
-        for (const auto& [id, record] : records_) order_.push_back(id);
-        std::sort(order_.begin(), order_.end(), [&](RowId one, RowId other) {
-            return c_.position->get(records_.at(one).get()) < c_.position->get(records_.at(other).get());
-        });
-    }
+    keepOrder();
     witness_ = RowId::None;
     c_.grid.Changes().Saved();
 }

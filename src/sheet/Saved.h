@@ -24,6 +24,8 @@ class Saved {
     std::vector<AnyChange> changes(const Lines& lines) const;
     void accept(const Lines& lines, const std::vector<AnyChange>& saved);
     bool differs(const Lines& lines) const;
+    /// Lines stand in another order than when they were loaded or saved.
+    bool moved(const Lines& lines) const;
 
   private:
     std::vector<RowId> touched() const;
@@ -35,12 +37,13 @@ class Saved {
     void requireIdentity(const std::vector<AnyChange>& saved) const;
     std::vector<AnyChange> numberedChanges(const Lines& lines) const;
     bool hasMoved() const;
+    void keepOrder();
 
     const SheetContext& c_;
     std::unordered_map<RowId, KeptRecord> records_;
-    std::unordered_set<RowId> noLines_;  ///< of records_: were loaded as something else than lines
-    std::vector<RowId> order_;  ///< the rows of records_ as they stood; only where lines are numbered
-    std::vector<RowId> still_;  ///< were changed between changes() and accept()
+    std::unordered_set<RowId> noLines_;    ///< of records_: were loaded as something else than lines
+    std::vector<RowId> order_;             ///< the rows of records_ as they stood
+    std::vector<RowId> still_;             ///< were changed between changes() and accept()
     mutable RowId witness_ = RowId::None;  ///< differed when it was last looked at
 };
 }  // namespace kxVsGrid::sheet

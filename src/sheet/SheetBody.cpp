@@ -36,8 +36,30 @@ ColumnPlan& SheetBody::column(std::string_view name, std::string_view caption, s
     return plan;
 }
 
-void SheetBody::rule(std::string_view name, std::function<bool(const void*)> holds, std::string_view reason) {
-    impl_->context.rules.push_back({impl_->require("rule", name), std::move(holds), std::string(reason)});
+void SheetBody::rule(std::string_view name, std::function<bool(const void*)> holds, std::string_view reason,
+                     bool whenTyped) {
+    impl_->context.rules.push_back(
+        {impl_->require("rule", name), std::move(holds), std::string(reason), whenTyped});
+}
+
+void SheetBody::edited(std::function<void(void*, const Edited&)> follow) {
+    impl_->context.edited = std::move(follow);
+}
+
+void SheetBody::wording(std::function<std::string(const Fault&)> says) {
+    impl_->context.wording = std::move(says);
+}
+
+void SheetBody::mayDelete(std::function<bool(const std::vector<std::int32_t>&)> asks) {
+    impl_->context.mayDelete = std::move(asks);
+}
+
+void SheetBody::unreadable(Unreadable how) {
+    impl_->context.unreadable = how;
+}
+
+void SheetBody::leastRows(std::int32_t rows) {
+    impl_->context.leastRows = rows;
 }
 
 void SheetBody::inUse(std::function<bool(const void*)> says) {
@@ -138,6 +160,11 @@ Decimal SheetBody::sum(std::string_view name) const {
     return impl_->laidOut ? impl_->lines.sum(column) : Decimal();
 }
 
+void SheetBody::preset(std::string_view name, std::string_view text) {
+    const std::shared_ptr<Impl> impl = impl_;
+    impl->preset(impl->require("preset", name), std::string(text));
+}
+
 // --- What is to be saved
 
 std::vector<AnyChange> SheetBody::changes() const {
@@ -158,6 +185,23 @@ void SheetBody::accept(const std::vector<AnyChange>& changes) {
 bool SheetBody::modified() const {
     const std::shared_ptr<Impl> impl = impl_;
     return impl->laidOut && (!impl->context.whole() || impl->saved.differs(impl->lines));
+}
+
+bool SheetBody::moved() const {
+    return impl_->saved.moved(impl_->lines);
+}
+
+void SheetBody::saved(std::vector<KeptRecord> records) {
+    const std::shared_ptr<Impl> impl = impl_;
+    const SheetContext& context = impl->context;
+    std::vector<RowId> rows;
+    for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row)
+        if (impl->lines.isInUse(row)) rows.push_back(context.cells().IdOf(row));
+    if (rows.size() != records.size())
+        throw GridError("saved: " + std::to_string(records.size()) + " records for " +
+                        std::to_string(rows.size()) + " lines");
+    impl->saved.begin(impl->lines, rows, std::move(records));
+    impl->tellModified();
 }
 
 Connection SheetBody::onModified(std::function<void(bool)> told) {
@@ -186,5 +230,15 @@ std::vector<Fault> SheetBody::faults() const {
         return true;
     });
     return all;
+}
+
+int SheetBody::markFaults() {
+    const std::shared_ptr<Impl> impl = impl_;
+    return impl->faultMarks.put();
+}
+
+void SheetBody::clearMarks() {
+    impl_->faultMarks.forget();
+    impl_->context.grid.ClearMarks();
 }
 }  // namespace kxVsGrid::sheet

@@ -1,6 +1,7 @@
 // What the parts of a sheet share: the grid, what the host has said of its columns and lines.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -17,12 +18,17 @@ struct SheetContext {
     kxGrid& grid;
     MakeRecord make;
     bool computesTwice;
-    std::deque<ColumnPlan> plans;  ///< hosts hold them while they describe a column
-    std::vector<Rule> rules;
-    std::function<bool(const void*)> inUse;
-    std::optional<Identity> identity;
-    std::optional<Identity> version;
-    std::optional<Position> position;
+    std::deque<ColumnPlan> plans = {};  ///< hosts hold them while they describe a column
+    std::vector<Rule> rules = {};
+    std::function<bool(const void*)> inUse = {};
+    std::optional<Identity> identity = {};
+    std::optional<Identity> version = {};
+    std::optional<Position> position = {};
+    std::function<void(void*, const Edited&)> edited = {};
+    std::function<std::string(const Fault&)> wording = {};
+    std::function<bool(const std::vector<std::int32_t>&)> mayDelete = {};
+    Unreadable unreadable = Unreadable::Refused;
+    std::int32_t leastRows = 5;
     bool gone =
         false;  ///< the host has destroyed the sheet, and perhaps the grid: neither is touched any more
 
@@ -49,13 +55,18 @@ struct SheetContext {
     std::int32_t firstRow() const { return grid.FixedRows(); }
     std::int32_t endRow() const { return grid.Rows(); }
 
+    /// A line with such a text cannot be read.
+    bool refuses(const std::optional<Fault>& unreadableText) const {
+        return unreadableText && unreadable == Unreadable::Refused;
+    }
     /// For the clerk.
     Fault faultAt(std::int32_t row, std::int32_t column, std::string reason) const {
         return {row,
                 gridCol(column),
                 "第 " + std::to_string(row - firstRow() + 1) + " 行的" + plan(column).caption,
                 std::move(reason),
-                {}};
+                {},
+                FaultKind::Rule};
     }
 };
 }  // namespace kxVsGrid::sheet

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "sheet/LayOut.h"
+#include "sheet/Overwritten.h"
 #include "support/FirstFault.h"
 
 namespace kxVsGrid::sheet {
@@ -15,7 +16,10 @@ void SheetBody::Impl::attach() {
     connections.push_back(
         grid.AddVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
     connections.push_back(
-        grid.DeleteVsRow.connect([&grid](std::int32_t, bool& consent) { consent = grid.Editable(); }));
+        grid.DeleteVsRow.connect([weak = weak_from_this()](std::int32_t row, bool& consent) {
+            const auto self = weak.lock();
+            consent = self && self->context.grid.Editable() && self->deleting.mayGo(row);
+        }));
     connections.push_back(grid.AfterAddRow.connect(
         [weak = weak_from_this()](bool& keeps, std::int32_t row, bool copied, std::int32_t source) {
             keeps = copied;
@@ -61,8 +65,11 @@ void SheetBody::Impl::attachCodes() {
     connections.push_back(grid.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         const auto self = shared_from_this();
         const std::int32_t column = col - context.grid.FixedCols();
-        if (laidOut && !loading && column >= 0 && column < context.count() && context.plan(column).codes)
-            codes.follow(row);
+        if (!laidOut || loading || column < 0 || column >= context.count()) return;
+        if (row < context.firstRow() || row >= context.endRow()) return;
+        const RowId id = context.cells().IdOf(row);
+        if (context.plan(column).codes) codes.follow(row);
+        if (context.edited && (row = context.rowOf(id)) >= 0) tellEdited(row, column, false);
     }));
 }
 
@@ -113,19 +120,64 @@ void SheetBody::Impl::eachRow(const StepChanges& step, const std::function<void(
     fault.raise();
 }
 
-/// What was typed, filled or pasted has no more decimals than its column.
+/// What was typed, filled or pasted has no more decimals than its column, and constants no blanks around them.
 void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
     const SheetContext& c = context;
     const RowId id = c.cells().IdOf(row);
     for (std::int32_t column = 0; column < c.count() && (row = c.rowOf(id)) >= 0; ++column) {
         const ColumnPlan& plan = c.plan(column);
         const std::int32_t col = c.gridCol(column);
-        if (!plan.decimals || plan.computed) continue;
+        if ((!plan.decimals || plan.computed) && plan.constants.empty()) continue;
         if (step.known && !std::binary_search(step.cols.begin(), step.cols.end(), col)) continue;
         const std::string text = c.cells().Text(row, col);
-        const std::string value = Lines::rounded(text, *plan.decimals);
+        const std::string value =
+            plan.decimals ? Lines::rounded(text, *plan.decimals) : std::string(trimmedCode(text));
         if (value != text) c.grid.SetCell(row, col, value);
     }
+}
+
+void SheetBody::Impl::tellEdited(std::int32_t row, std::int32_t column, bool filled) {
+    std::optional<Fault> unreadable;
+    const AnyRecord before = lines.read(row, unreadable);
+    const AnyRecord after = context.make(before.get());
+    const RowId id = context.cells().IdOf(row);
+    context.edited(after.get(), Edited{row, context.plan(column).name, filled});
+    for (std::int32_t other = 0; other < context.count(); ++other) {
+        const ColumnPlan& plan = context.plan(other);
+        if ((row = context.rowOf(id)) < 0) return;
+        if (plan.computed || plan.field->alike(before.get(), after.get())) continue;
+        const std::int32_t col = context.gridCol(other);
+        const std::string text = lines.text(after.get(), other);
+        const bool tagged = context.cells().Data(row, col) == context.cells().Text(row, col);
+        context.grid.SetCell(row, col, text, tagged ? text : std::string());
+    }
+}
+
+void SheetBody::Impl::tellFilled(std::int32_t row, const StepChanges& step) {
+    const RowId id = context.cells().IdOf(row);
+    const std::vector<std::int32_t> cols(step.cols.begin(), step.cols.end());
+    bringBack(context, lines, row, cols);
+    if (!context.edited) return;
+    for (const std::int32_t col : cols) {
+        const std::int32_t column = col - context.grid.FixedCols();
+        if (column < 0 || column >= context.count()) continue;
+        if ((row = context.rowOf(id)) < 0) return;
+        tellEdited(row, column, true);
+    }
+}
+
+void SheetBody::Impl::preset(std::int32_t column, const std::string& text) {
+    layOut();
+    const std::string before = std::exchange(context.plans[static_cast<std::size_t>(column)].preset, text);
+    const std::int32_t col = context.gridCol(column);
+    const auto definition = context.grid.VsCtrl(static_cast<std::int16_t>(col));
+    definition->sDefaultText_Name(text);
+    definition->sDefaultText_Code(text);
+    if (before.empty() || before == text) return;
+    const UnrecordedSpan unrecorded = context.grid.Unrecorded();
+    for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row)
+        if (context.cells().Text(row, col) == before && !lines.isInUse(row))
+            context.grid.SetCell(row, col, text, text);
 }
 
 void SheetBody::Impl::settle(const StepChanges& step) {
@@ -133,6 +185,7 @@ void SheetBody::Impl::settle(const StepChanges& step) {
     eachRow(step, [&](std::int32_t row) {
         const RowId id = context.cells().IdOf(row);
         codes.settle(row, step);
+        if (step.cause == Cause::Fill && step.known && (row = context.rowOf(id)) >= 0) tellFilled(row, step);
         if ((row = context.rowOf(id)) >= 0) round(row, step);
         if ((row = context.rowOf(id)) >= 0) computing.settle(row);
     });
@@ -154,6 +207,8 @@ void SheetBody::Impl::settled(const StepChanges& step) {
             });
         });
     }
+    if (!faultMarks.empty() && context.whole())
+        fault.during([&] { eachRow(step, [&](std::int32_t row) { faultMarks.judge(row); }); });
     fault.during([&] { tellModified(); });
     fault.raise();
 }

@@ -7,6 +7,8 @@
 
 #include "sheet/CodeColumns.h"
 #include "sheet/Computing.h"
+#include "sheet/Deleting.h"
+#include "sheet/FaultMarks.h"
 #include "sheet/Faults.h"
 #include "sheet/Lines.h"
 #include "sheet/Saved.h"
@@ -15,8 +17,7 @@
 namespace kxVsGrid::sheet {
 
 struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
-    Impl(kxGrid& grid, MakeRecord make, bool computesTwice)
-        : context{grid, make, computesTwice, {}, {}, {}, {}, {}, {}, false} {}
+    Impl(kxGrid& grid, MakeRecord make, bool computesTwice) : context{grid, make, computesTwice} {}
 
     /// Listens to the grid.
     void attach();
@@ -38,6 +39,10 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     /// Writes what differs. What follows from a code comes before what was given beside it.
     void write(std::int32_t row, const void* record);
     void round(std::int32_t row, const StepChanges& step);
+    /// The clerk has changed a cell: the host makes of its line what follows.
+    void tellEdited(std::int32_t row, std::int32_t column, bool filled);
+    void tellFilled(std::int32_t row, const StepChanges& step);
+    void preset(std::int32_t column, const std::string& text);
 
     SheetContext context;
     Saved saved{context};
@@ -45,6 +50,8 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     Computing computing{context, lines};
     CodeColumns codes{context, lines, saved};
     Faults faults{context, lines, computing, codes};
+    FaultMarks faultMarks{context, faults};
+    Deleting deleting{context};
     Event<bool> modifiedTold;
     bool modified = false;  ///< as it was told last
     bool laidOut = false;

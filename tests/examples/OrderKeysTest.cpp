@@ -103,7 +103,7 @@ TEST_F(OrderEntry, TwentyLinesAreKeyedWithAtMostThreeHundredAndFiveKeysAndAreRig
         EXPECT_EQ(line.unit, goods.unit) << i;
         EXPECT_EQ(line.quantity, thousandthsOf(keyed.quantity)) << i;
         const Cents price =
-            keyed.price.isEmpty() ? goods.price : *scaledNumber(keyed.price.toStdString(), PriceDecimals);
+            keyed.price.isEmpty() ? goods.price.units : *scaledNumber(keyed.price.toStdString(), PriceDecimals);
         EXPECT_EQ(line.price, price) << i;
         EXPECT_EQ(line.amount, amountOf(thousandthsOf(keyed.quantity), price)) << i;
         const QString code = keyed.warehouse.isEmpty() ? "C01" : keyed.warehouse;

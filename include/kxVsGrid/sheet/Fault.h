@@ -15,6 +15,13 @@
 
 namespace kxVsGrid {
 
+enum class FaultKind {
+    Rule,        ///< a rule of the host's is broken, or nothing stands where something has to
+    Unreadable,  ///< the text is no value of its column
+    Unknown,     ///< a code that is not found, or a text that is none of the constants
+    Computed     ///< what is computed cannot be
+};
+
 struct Fault {
     std::int32_t row = 0;  ///< zero-based, in the grid
     std::int32_t col = 0;
@@ -27,6 +34,7 @@ struct Fault {
         if (go) go();
     }
     std::function<void()> go;
+    FaultKind kind = FaultKind::Rule;
 };
 
 /// A cell holds a text that is no value of its column; what() names the cell.

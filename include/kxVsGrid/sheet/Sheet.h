@@ -100,7 +100,46 @@ class Sheet {
     /// it otherwise is a fault.
     Sheet& rule(std::string_view name, std::function<bool(const Record&)> holds, std::string_view reason) {
         body_.rule(
-            name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason);
+            name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason, true);
+        return *this;
+    }
+    /// The same for what a line has to be in the end: it can be typed otherwise, and is a fault then.
+    Sheet& expects(std::string_view name, std::function<bool(const Record&)> holds, std::string_view reason) {
+        body_.rule(
+            name, [holds = std::move(holds)](const void* record) { return holds(as(record)); }, reason,
+            false);
+        return *this;
+    }
+    /// Called whenever the clerk has changed a cell of a row, within the same step: what differs in the record
+    /// afterwards is written, with tags that were the cells' texts. Typing, toggling and pasting come here, with each
+    /// cell, after what follows from a code; a fill of the menu too. What rows get by presets or as copies, undo, and
+    /// what code writes do not.
+    Sheet& edited(std::function<void(Record&, const sheet::Edited&)> follow) {
+        body_.edited([follow = std::move(follow)](void* record, const sheet::Edited& cell) {
+            follow(*static_cast<Record*>(record), cell);
+        });
+        return *this;
+    }
+    /// The reasons of faults in the host's own words; the sheet's are those of the fault that it is given.
+    Sheet& wording(std::function<std::string(const Fault&)> says) {
+        body_.wording(std::move(says));
+        return *this;
+    }
+    /// Asked once before rows are deleted, with all of them, ascending: the current one, or those that are selected
+    /// whole, which the Delete key deletes then too, as one step.
+    Sheet& mayDelete(std::function<bool(const std::vector<std::int32_t>& rows)> asks) {
+        body_.mayDelete(std::move(asks));
+        return *this;
+    }
+    /// What reading makes of texts that are no values of their columns. Refused at first. They are faults of lines
+    /// either way.
+    Sheet& unreadable(sheet::Unreadable how) {
+        body_.unreadable(how);
+        return *this;
+    }
+    /// So many rows there are at least when lines have been loaded. 5 at first.
+    Sheet& leastRows(std::int32_t rows) {
+        body_.leastRows(rows);
         return *this;
     }
     /// The member that says which line it is: accept() demands one of every line that was added, which is another one
@@ -173,6 +212,14 @@ class Sheet {
     void recompute() { body_.recompute(); }
     /// Of all lines, exact.
     Decimal sum(std::string_view name) const { return body_.sum(name); }
+    /// Another preset for the rows that the clerk comes to. Rows that are no lines and hold the one of before get it
+    /// too, which is nobody's step.
+    template <class T>
+    void preset(std::string_view name, const T& value) {
+        std::string text;
+        FieldText<T>::append(text, value);
+        body_.preset(name, text);
+    }
     /// Where the column is in the grid.
     std::int32_t col(std::string_view name) const { return body_.columnOf(name); }
 
@@ -204,6 +251,16 @@ class Sheet {
     }
     /// There is something to save.
     bool modified() const { return body_.modified(); }
+    /// Lines that were loaded or saved stand in another order than they did then. Not known to changes() without
+    /// position().
+    bool moved() const { return body_.moved(); }
+    /// All lines are saved, as these, which are those of records() with what saving has written into them.
+    template <class Lines>
+    void saved(const Lines& lines) {
+        std::vector<sheet::KeptRecord> all;
+        for (const auto& line : lines) all.push_back(std::make_shared<const Record>(line));
+        body_.saved(std::move(all));
+    }
     /// Told when modified() has become another one, at the end of a step.
     Connection onModified(std::function<void(bool)> told) { return body_.onModified(std::move(told)); }
 
@@ -211,6 +268,12 @@ class Sheet {
     /// The first cell that is not as it has to be, row by row. Moves nothing, fills nothing, asks nobody.
     std::optional<Fault> firstFault() const { return body_.firstFault(); }
     std::vector<Fault> faults() const { return body_.faults(); }
+    /// Marks the cells of all faults as problems, with the reasons, and answers how many there are. A mark changes and
+    /// goes with its fault, whatever has put it right. A problem that a cell bears already, with a text that was
+    /// refused there for instance, stays as it is.
+    int markFaults() { return body_.markFaults(); }
+    /// Takes all marks away, whoever has put them there.
+    void clearMarks() { body_.clearMarks(); }
 
   private:
 #ifdef NDEBUG

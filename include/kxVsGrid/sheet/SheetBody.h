@@ -33,6 +33,20 @@ struct Rule {
     std::int32_t column;  ///< counted among the sheet's
     std::function<bool(const void* record)> holds;
     std::string reason;
+    bool whenTyped = true;  ///< a typed text that breaks it is refused
+};
+
+/// A cell that the clerk has changed.
+struct Edited {
+    std::int32_t row = 0;
+    std::string_view column;  ///< its name
+    bool filled = false;      ///< by a fill of the menu
+};
+
+/// What becomes of a text that is no value of its column, where lines are read.
+enum class Unreadable {
+    Refused,  ///< its row is a line, and reading it throws UnreadableCell
+    Blank     ///< the member is that of a new record
 };
 
 /// Asked now and then; False ends the work.
@@ -59,11 +73,17 @@ class SheetBody {
 
     // --- What the host says before it loads. GridError afterwards.
     ColumnPlan& column(std::string_view name, std::string_view caption, std::unique_ptr<Field> field);
-    void rule(std::string_view name, std::function<bool(const void*)> holds, std::string_view reason);
+    void rule(std::string_view name, std::function<bool(const void*)> holds, std::string_view reason,
+              bool whenTyped);
     void inUse(std::function<bool(const void*)> says);
     void identity(Identity identity);
     void version(Identity version);
     void position(Position position);
+    void edited(std::function<void(void*, const Edited&)> follow);
+    void wording(std::function<std::string(const Fault&)> says);
+    void mayDelete(std::function<bool(const std::vector<std::int32_t>&)> asks);
+    void unreadable(Unreadable how);
+    void leastRows(std::int32_t rows);
 
     // --- Loading
     /// Texts of records, until they become the grid's at once.
@@ -92,16 +112,21 @@ class SheetBody {
     std::vector<std::int32_t> append(const std::vector<KeptRecord>& records);
     void recompute();
     Decimal sum(std::string_view name) const;
+    void preset(std::string_view name, std::string_view text);
 
     // --- What is to be saved
     std::vector<AnyChange> changes() const;
     void accept(const std::vector<AnyChange>& changes);
     bool modified() const;
+    bool moved() const;
+    void saved(std::vector<KeptRecord> records);
     Connection onModified(std::function<void(bool)> told);
 
     // --- What is wrong
     std::optional<Fault> firstFault() const;
     std::vector<Fault> faults() const;
+    int markFaults();
+    void clearMarks();
 
     kxGrid& grid();
 
