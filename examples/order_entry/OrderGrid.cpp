@@ -198,7 +198,7 @@ bool OrderGrid::commit() {
     for (std::int32_t row = grid_.FixedRows(); row < grid_.Rows(); ++row)
         if (const OrderLine line = sheet_.record(row);
             !line.code.isEmpty() && line.warehouse.isEmpty() && !preset_.warehouse.isEmpty())
-            sheet_.edit(row, [this](OrderLine& line) { putPresets(line); });
+            sheet_.edit(row, [this](OrderLine& one) { putPresets(one); });
     return true;
 }
 

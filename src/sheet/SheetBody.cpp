@@ -110,8 +110,9 @@ std::vector<KeptRecord> SheetBody::records() const {
     for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row) {
         std::optional<Fault> fault;
         const AnyRecord record = impl->lines.read(row, fault);
-        if (fault && impl->lines.isInUse(row)) throw UnreadableCell(*fault);
-        if (fault || !impl->lines.isInUse(row, record.get())) continue;
+        const bool refused = context.refuses(fault);
+        if (refused && impl->lines.isInUse(row)) throw UnreadableCell(*fault);
+        if (refused || !impl->lines.isInUse(row, record.get())) continue;
         if (context.position) context.position->put(record.get(), std::ssize(records) + 1);
         records.push_back(record);
     }
