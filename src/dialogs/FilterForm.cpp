@@ -21,7 +21,7 @@ const std::string& captionOf(const FilterChoice& choice) {
     return choice.text.empty() ? Empty : choice.text;
 }
 
-std::string_view textOf(bool ticked) {
+std::string_view tickText(bool ticked) {
     return ticked ? "-1" : "0";
 }
 
@@ -91,7 +91,7 @@ void FilterForm::fill() {
         grid_.Text(row, TextCol, captionOf(choices_[i]));
         grid_.Text(row, RowsCol, std::to_string(choices_[i].rows));
         ticked_[i] = choices_[i].ticked;
-        grid_.Text(row, Tick, textOf(ticked_[i]));
+        grid_.Text(row, Tick, tickText(ticked_[i]));
         lowered_.push_back(lowered(captionOf(choices_[i])));
     }
     grid_.Select(0, TextCol);
@@ -128,7 +128,7 @@ void FilterForm::narrow() {
 void FilterForm::show(std::size_t choice, bool ticked) {
     if (ticked_[choice] == ticked) return;
     ticked_[choice] = ticked;
-    grid_.Text(static_cast<std::int32_t>(choice) + 1, Tick, textOf(ticked));
+    grid_.Text(static_cast<std::int32_t>(choice) + 1, Tick, tickText(ticked));
 }
 
 /// By the clerk himself: it stays when he searches no more.
