@@ -52,7 +52,7 @@ class CountSheet {
         });
         sheet_.text("remark", "备注", &CountLine::remark)
             .limit(40)
-            .width("备注备注备注")
+            .width("备注备注备注备注")
             .enterToNextRow("counted");
 
         sheet_.inUse([](const CountLine& line) { return !line.goods.empty(); });

@@ -43,16 +43,20 @@ struct SheetBody::Loading::Texts {
     std::vector<std::pair<std::int32_t, Computing::Failure>> failures;  ///< by line
     std::int64_t numbered = 0;
 
-    void put(CellGrid& cells, std::int32_t first) const {
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            cells.Fill(body->context.gridCol(static_cast<std::int32_t>(i)), first, columns[i].views());
+    std::vector<RowId> rows;  ///< where the lines stand
+
+    void place();
+    void put(std::int32_t first) const {
+        for (std::size_t i = 0; i < columns.size() && !body->context.gone; ++i)
+            body->context.cells().Fill(body->context.gridCol(static_cast<std::int32_t>(i)), first,
+                                       columns[i].views());
     }
 };
 
 SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress) : texts_(nullptr) {
     if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
     texts_.reset(new Texts{
-        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}});
+        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}, 0, {}});
     texts_->columns.resize(body.impl_->context.plans.size());
     for (Column& column : texts_->columns) column.ends.reserve(total);
     texts_->records.reserve(total);
@@ -76,37 +80,47 @@ bool SheetBody::Loading::add(AnyRecord record) {
     return true;
 }
 
+/// A listener of any of these calls may take the sheet away, and the control with it.
+void SheetBody::Loading::Texts::place() {
+    kxGrid& grid = body->context.grid;
+    const bool& gone = body->context.gone;
+    const auto count = static_cast<std::int32_t>(records.size());
+    const UnrecordedSpan unrecorded = grid.Unrecorded();
+    grid.ReDraw(false);
+    if (!gone) grid.Clear();  // forgets what could be undone
+    if (gone) return;
+    const std::int32_t first = grid.FixedRows();
+    grid.Rows(first + std::max(body->context.leastRows, count + 1));  // one more to key on in
+    put(first);
+    if (!gone) grid.ReDraw(true);
+    if (!gone) grid.Grid().Select(first, grid.FixedCols());
+    if (gone) return;
+    rows.resize(records.size());
+    grid.Grid().IdsOf(first, rows);
+    body->computing.forgetMarks();
+    body->codes.forget();
+    body->faultMarks.forget();
+    grid.ClearMarks();
+    for (const auto& [line, failure] : failures) body->computing.mark(first + line, failure);
+}
+
 void SheetBody::Loading::finish() {
     const std::shared_ptr<Impl> body = texts_->body;
     if (body->context.gone) return;
     const support::FlagSpan loading(body->loading);
     body->layOut();
-    kxGrid& grid = body->context.grid;
-    const auto count = static_cast<std::int32_t>(texts_->records.size());
-    std::vector<RowId> rows(texts_->records.size());
-    const UnrecordedSpan unrecorded = grid.Unrecorded();
     try {
-        grid.ReDraw(false);
-        grid.Clear();  // forgets what could be undone
-        const std::int32_t first = grid.FixedRows();
-        grid.Rows(first + std::max(body->context.leastRows, count + 1));  // one more to key on in
-        texts_->put(grid.Grid(), first);
-        grid.ReDraw(true);
-        grid.Grid().Select(first, grid.FixedCols());
-        grid.Grid().IdsOf(first, rows);
-        body->computing.forgetMarks();
-        body->codes.forget();
-        body->faultMarks.forget();
-        grid.ClearMarks();
-        for (const auto& [line, failure] : texts_->failures) body->computing.mark(first + line, failure);
+        texts_->place();
     } catch (...) {
+        if (body->context.gone) throw;
         // Half of the lines would be saved as all there are.
-        grid.Clear();
-        grid.ReDraw(true);
-        body->saved.begin({}, {});
+        body->context.grid.Clear();
+        body->context.grid.ReDraw(true);
+        body->saved.begin(body->lines, {}, {});
         throw;
     }
-    body->saved.begin(rows, std::move(texts_->records));
+    if (body->context.gone) return;
+    body->saved.begin(body->lines, texts_->rows, std::move(texts_->records));
     body->tellModified();
 }
 }  // namespace kxVsGrid::sheet

@@ -1,7 +1,6 @@
 #include "sheet/Saved.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include "sheet/Lines.h"
 
@@ -12,10 +11,14 @@ KeptRecord Saved::of(RowId row) const {
     return found == records_.end() ? nullptr : found->second;
 }
 
-void Saved::begin(const std::vector<RowId>& rows, std::vector<KeptRecord> records) {
+void Saved::begin(const Lines& lines, const std::vector<RowId>& rows, std::vector<KeptRecord> records) {
     records_.clear();
     records_.reserve(rows.size());
-    for (std::size_t i = 0; i < rows.size(); ++i) records_.emplace(rows[i], std::move(records[i]));
+    noLines_.clear();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!lines.isInUse(records[i].get())) noLines_.insert(rows[i]);
+        records_.emplace(rows[i], std::move(records[i]));
+    }
     order_ = rows;
     still_.clear();
     witness_ = RowId::None;
@@ -54,16 +57,15 @@ std::vector<RowId> Saved::touched() const {
     return ids;
 }
 
-KeptRecord Saved::lineOf(const Lines& lines, RowId row) const {
-    KeptRecord kept = of(row);
-    return kept && lines.isInUse(kept.get()) ? kept : nullptr;
+KeptRecord Saved::lineOf(RowId row) const {
+    return noLines_.contains(row) ? nullptr : of(row);
 }
 
 /// A line that was loaded and is none, by what the host says of it, is nobody's to remove; one that becomes a line
 /// again has changed.
-std::optional<AnyChange> Saved::changed(const Lines& lines, RowId id, const KeptRecord& now) const {
+std::optional<AnyChange> Saved::changed(RowId id, const KeptRecord& now) const {
     if (!now) {
-        KeptRecord before = lineOf(lines, id);
+        KeptRecord before = lineOf(id);
         return before ? std::optional<AnyChange>({id, std::move(before), nullptr}) : std::nullopt;
     }
     const KeptRecord before = of(id);
@@ -79,7 +81,7 @@ std::optional<AnyChange> Saved::changeOf(const Lines& lines, RowId id) const {
     // Where it stands is looked at by those who know all lines.
     if (const KeptRecord before = of(id); now && before && c_.position)
         c_.position->put(now.get(), c_.position->get(before.get()));
-    return changed(lines, id, now);
+    return changed(id, now);
 }
 
 /// Every line has a number, so all of them are looked at.
@@ -95,19 +97,19 @@ std::vector<AnyChange> Saved::numberedChanges(const Lines& lines) const {
         const AnyRecord now = lines.readWhole(row);
         c_.position->put(now.get(), ++number);
         gone.erase(ids[i]);
-        if (auto change = changed(lines, ids[i], now)) changes.push_back(std::move(*change));
+        if (auto change = changed(ids[i], now)) changes.push_back(std::move(*change));
     }
     for (const RowId id : order_)
         if (gone.contains(id))
-            if (auto change = changed(lines, id, nullptr)) changes.push_back(std::move(*change));
+            if (auto change = changed(id, nullptr)) changes.push_back(std::move(*change));
     return changes;
 }
 
 /// Where no line was added, changed or removed, moved ones are out of their order.
-bool Saved::hasMoved(const Lines& lines) const {
+bool Saved::hasMoved() const {
     std::vector<RowId> ids;
     for (const RowId id : order_)
-        if (lineOf(lines, id)) ids.push_back(id);
+        if (lineOf(id)) ids.push_back(id);
     std::vector<std::int32_t> rows(ids.size());
     c_.cells().RowsOf(ids, rows);
     return !std::is_sorted(rows.begin(), rows.end());
@@ -157,7 +159,7 @@ bool Saved::differs(const Lines& lines) const {
         const auto found = std::find_if(ids.begin(), ids.end(), has);
         if (found != ids.end()) witness_ = *found;
     }
-    return witness_ != RowId::None || (c_.position && hasMoved(lines));
+    return witness_ != RowId::None || (c_.position && hasMoved());
 }
 
 void Saved::requireIdentity(const std::vector<AnyChange>& saved) const {
@@ -175,6 +177,7 @@ void Saved::accept(const Lines& lines, const std::vector<AnyChange>& saved) {
     requireIdentity(saved);
     std::vector<RowId> ids = touched();
     for (const AnyChange& change : saved) {
+        noLines_.erase(change.row);
         if (change.after)
             records_[change.row] = change.after;
         else

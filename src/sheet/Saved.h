@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "sheet/SheetContext.h"
@@ -19,7 +20,7 @@ class Saved {
     /// None for a row that was not saved.
     KeptRecord of(RowId row) const;
     /// These lines, and no others, are what is saved; so is what the grid holds.
-    void begin(const std::vector<RowId>& rows, std::vector<KeptRecord> records);
+    void begin(const Lines& lines, const std::vector<RowId>& rows, std::vector<KeptRecord> records);
     std::vector<AnyChange> changes(const Lines& lines) const;
     void accept(const Lines& lines, const std::vector<AnyChange>& saved);
     bool differs(const Lines& lines) const;
@@ -30,16 +31,17 @@ class Saved {
     std::vector<RowId> touched() const;
     std::optional<AnyChange> changeOf(const Lines& lines, RowId row) const;
     /// None for a row that was not saved, or was saved as one that is no line.
-    KeptRecord lineOf(const Lines& lines, RowId row) const;
-    std::optional<AnyChange> changed(const Lines& lines, RowId row, const KeptRecord& now) const;
+    KeptRecord lineOf(RowId row) const;
+    std::optional<AnyChange> changed(RowId row, const KeptRecord& now) const;
     bool alike(const void* before, const void* now) const;
     void requireIdentity(const std::vector<AnyChange>& saved) const;
     std::vector<AnyChange> numberedChanges(const Lines& lines) const;
-    bool hasMoved(const Lines& lines) const;
+    bool hasMoved() const;
     void keepOrder();
 
     const SheetContext& c_;
     std::unordered_map<RowId, KeptRecord> records_;
+    std::unordered_set<RowId> noLines_;    ///< of records_: were loaded as something else than lines
     std::vector<RowId> order_;             ///< the rows of records_ as they stood
     std::vector<RowId> still_;             ///< were changed between changes() and accept()
     mutable RowId witness_ = RowId::None;  ///< differed when it was last looked at

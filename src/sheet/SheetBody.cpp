@@ -201,7 +201,7 @@ void SheetBody::saved(std::vector<KeptRecord> records) {
     if (rows.size() != records.size())
         throw GridError("saved: " + std::to_string(records.size()) + " records for " +
                         std::to_string(rows.size()) + " lines");
-    impl->saved.begin(rows, std::move(records));
+    impl->saved.begin(impl->lines, rows, std::move(records));
     impl->tellModified();
 }
 

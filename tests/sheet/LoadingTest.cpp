@@ -70,10 +70,11 @@ TEST_F(SheetLoading, IsAsItWasWhenItsProgressThrowsOrEndsIt) {
     const std::vector<OrderLine> many(10000, line(1, "x", "1", "1"));
     EXPECT_FALSE(sheet.load(many, [](std::size_t, std::size_t) { return false; }));
     expectAsItWas(lines);
-    EXPECT_THROW(sheet.load(many, [](std::size_t done, std::size_t) -> bool {
-        if (done > 5000) throw std::runtime_error("the window has gone");
-        return true;
-    }),
+    EXPECT_THROW(sheet.load(many,
+                            [](std::size_t done, std::size_t) -> bool {
+                                if (done > 5000) throw std::runtime_error("the window has gone");
+                                return true;
+                            }),
                  std::runtime_error);
     expectAsItWas(lines);
 }
@@ -251,7 +252,8 @@ TEST_F(BegunSheet, ReadsWhatWasLoadedAndNotWhatANewRecordBeginsAs) {
 TEST_F(BegunSheet, ALineThatIsNoneByWhatTheHostSaysIsNotRemoved) {
     sheet.inUse([](const Line& line) { return !line.name.empty() && line.name != "none"; });
     sheet.position(&Line::number);
-    sheet.load(std::vector<Line>{{11, "a", "x", 1, 1, true, 1}, {12, "none", "x", 1, 1, true, 2}, {13, "b", "x", 1, 1, true, 2}});
+    sheet.load(std::vector<Line>{
+        {11, "a", "x", 1, 1, true, 1}, {12, "none", "x", 1, 1, true, 2}, {13, "b", "x", 1, 1, true, 2}});
     EXPECT_FALSE(sheet.modified());
     EXPECT_TRUE(sheet.changes().empty());
     ASSERT_EQ(sheet.records().front().id, 11);

@@ -319,7 +319,8 @@ class SheetWithDraft : public SheetSaving {
 };
 
 TEST_F(SheetWithDraft, OverItsDocumentKnowsWhichLinesItHasChanged) {
-    second.load(std::vector<OrderLine>{line(11, "A1", "2", "1.5"), line(12, "B2", "", "4"), line(13, "C3", "0", "0.25")});
+    second.load(std::vector<OrderLine>{line(11, "A1", "2", "1.5"), line(12, "B2", "", "4"),
+                                       line(13, "C3", "0", "0.25")});
     EXPECT_EQ(other.Recover(bytes, true).refusal, "");
     EXPECT_TRUE(second.modified());
     ASSERT_EQ(second.records().size(), 2u);

@@ -152,6 +152,44 @@ TEST_F(SheetThatGoes, TheControlMayGoWhileTheSheetWritesWhatItComputed) {
     EXPECT_TRUE(gone);
 }
 
+TEST_F(SheetThatGoes, TheSheetMayGoInTheProgressOfItsLoad) {
+    auto sheet = place();
+    EXPECT_FALSE(sheet->load(std::vector<Line>(10000), [&](std::size_t, std::size_t) {
+        sheet.reset();
+        return true;
+    }));
+    EXPECT_EQ(text(1, 1), "a");
+}
+
+TEST_F(SheetThatGoes, TheControlMayGoWhileLinesAreLoaded) {
+    auto sheet = place();
+    bool gone = false;
+    grid.CellChanged.connect([&](std::int32_t, std::int32_t col) {
+        if (gone || col != 2) return;
+        gone = true;
+        sheet.reset();
+        desk.remove(grid);
+    });
+    Sheet<Line>& loading = *sheet;
+    loading.load(std::vector<Line>{{"c", 3, 0}, {"d", 4, 0}});
+    EXPECT_TRUE(gone);
+}
+
+TEST_F(SheetThatGoes, TheControlMayGoAsTheCurrentCellMovesToTheFirstLine) {
+    auto sheet = place();
+    bool gone = false;
+    grid.Grid().Select(2, 2);
+    grid.RowColChange.connect([&] {
+        if (gone) return;
+        gone = true;
+        sheet.reset();
+        desk.remove(grid);
+    });
+    Sheet<Line>& loading = *sheet;
+    loading.load(std::vector<Line>{{"c", 3, 0}, {"d", 4, 0}});
+    EXPECT_TRUE(gone);
+}
+
 TEST_F(SheetThatGoes, ARowMayGoWhileTheSheetWritesWhatItComputed) {
     auto sheet = place();
     bool once = true;

@@ -35,7 +35,8 @@ struct TwinEntry {
     bool gift = false;
     Decimal amount;
     Decimal tax;
-    std::string secret;  ///< without a column
+    std::string secret;  ///< without a column, as the next one
+    std::int32_t number = 0;
 
     friend bool operator==(const TwinEntry&, const TwinEntry&) = default;
     friend std::ostream& operator<<(std::ostream& out, const TwinEntry& e) {
@@ -43,7 +44,7 @@ struct TwinEntry {
             << (e.quantity ? e.quantity->text() : "-") << "," << e.price.text() << "," << e.count << ","
             << (e.pieces ? std::to_string(*e.pieces) : "-") << "," << (e.due ? e.due->text() : "-") << ","
             << (e.at ? e.at->text() : "-") << "," << e.gift << " =" << e.amount.text() << ",";
-        return out << e.tax.text() << " (" << e.secret << ")";
+        return out << e.tax.text() << " (" << e.secret << " " << e.number << ")";
     }
 };
 
@@ -51,12 +52,18 @@ struct TwinEntry {
 struct TwinRow {
     std::int32_t row = 0;
     RowId id{};
-    TwinEntry entry;              ///< as far as its cells can be read
+    TwinEntry entry;               ///< as far as its cells can be read
     std::set<std::int32_t> wrong;  ///< columns of cells that cannot be
     std::map<std::int32_t, std::string> texts;
 };
 
-class TwinSheet : public ::testing::Test {
+/// Whether the host says which rows are lines, and whether they are numbered.
+struct TwinKind {
+    bool saysLines;
+    bool numbered;
+};
+
+class TwinSheet : public ::testing::TestWithParam<TwinKind> {
   protected:
     enum Column : std::int32_t {
         Number,
@@ -88,7 +95,8 @@ class TwinSheet : public ::testing::Test {
         sheet.number("amount", "金额", &TwinEntry::amount).decimals(2).total().computed(amountOf);
         sheet.number("tax", "税额", &TwinEntry::tax).decimals(2).computed(taxOf);
         sheet.rule("quantity", quantityHolds, "数量不能为零");
-        sheet.inUse([](const TwinEntry& e) { return !e.key.empty(); });
+        if (GetParam().saysLines) sheet.inUse([](const TwinEntry& e) { return !e.key.empty(); });
+        if (GetParam().numbered) sheet.position(&TwinEntry::number);
     }
 
     // --- What follows from a record, and what it has to keep.
@@ -99,7 +107,8 @@ class TwinSheet : public ::testing::Test {
     /// Columns of computed cells that cannot be made; the others are put into the entry.
     static std::set<std::int32_t> compute(TwinEntry& e) {
         std::set<std::int32_t> failed;
-        const auto put = [&](std::int32_t col, Decimal TwinEntry::*member, Decimal (*make)(const TwinEntry&)) {
+        const auto put = [&](std::int32_t col, Decimal TwinEntry::*member,
+                             Decimal (*make)(const TwinEntry&)) {
             try {
                 e.*member = make(e).rounded(2);
             } catch (const DecimalError&) {
@@ -196,10 +205,18 @@ class TwinSheet : public ::testing::Test {
     }
     std::vector<TwinRow> readAll() {
         std::vector<TwinRow> rows;
-        for (std::int32_t row = grid.FixedRows(); row < grid.Rows(); ++row) rows.push_back(read(row));
+        std::int32_t number = 0;
+        for (std::int32_t row = grid.FixedRows(); row < grid.Rows(); ++row) {
+            rows.push_back(read(row));
+            if (GetParam().numbered && inUse(rows.back())) rows.back().entry.number = ++number;
+        }
         return rows;
     }
-    static bool inUse(const TwinRow& row) { return !row.entry.key.empty(); }
+    static bool inUse(const TwinRow& row) {
+        if (GetParam().saysLines) return !row.entry.key.empty();
+        return std::any_of(row.texts.begin(), row.texts.end(),
+                           [](const auto& cell) { return cell.first < Amount && !cell.second.empty(); });
+    }
 
     // --- What is saved.
     RecordChanges<TwinEntry> expectedChanges(const std::vector<TwinRow>& rows) {
@@ -251,6 +268,7 @@ class TwinSheet : public ::testing::Test {
         std::int32_t row = grid.FixedRows();
         for (TwinEntry line : lines) {
             compute(line);
+            if (GetParam().numbered) line.number = row - grid.FixedRows() + 1;
             saved[vs().IdOf(row++)] = line;
             table[line.id] = line;
         }
@@ -262,8 +280,8 @@ class TwinSheet : public ::testing::Test {
     headless::Desk desk;
     kxGrid& grid = desk.place();
     Sheet<TwinEntry> sheet{grid};
-    std::map<RowId, TwinEntry> saved;            ///< as it was loaded or accepted
-    std::map<std::int64_t, TwinEntry> table;     ///< the database
+    std::map<RowId, TwinEntry> saved;         ///< as it was loaded or accepted
+    std::map<std::int64_t, TwinEntry> table;  ///< the database
     std::int64_t lastId = 100;
     bool heard = false;  ///< the sheet is modified, as far as it has told
 };
