@@ -57,8 +57,8 @@ void Catalogue::add(const Goods& goods) {
     const QString attempt = u"保存商品"_s;
     Transaction transaction(database_, attempt);
     database_.run(attempt, u"INSERT INTO goods (%1) VALUES (?, ?, ?, ?, ?, ?)"_s.arg(GoodsColumns),
-                  {goods.code, goods.name, notNull(goods.spec), goods.unit, QVariant::fromValue(goods.price.units),
-                   notNull(goods.pinyin)});
+                  {goods.code, goods.name, notNull(goods.spec), goods.unit,
+                   QVariant::fromValue(goods.price.units), notNull(goods.pinyin)});
     transaction.commit();
 }
 
@@ -68,8 +68,8 @@ void Catalogue::change(const Goods& goods) {
     const QSqlQuery changed = database_.run(
         attempt,
         u"UPDATE goods SET name = ?, spec = ?, unit = ?, price_cents = ?, pinyin = ? WHERE code = ?"_s,
-        {goods.name, notNull(goods.spec), goods.unit, QVariant::fromValue(goods.price.units), notNull(goods.pinyin),
-         goods.code});
+        {goods.name, notNull(goods.spec), goods.unit, QVariant::fromValue(goods.price.units),
+         notNull(goods.pinyin), goods.code});
     if (changed.numRowsAffected() != 1)
         throw DatabaseError(attempt, database_.file(), u"货号 %1 已被删除"_s.arg(goods.code));
     transaction.commit();

@@ -193,8 +193,8 @@ class OrderKeyCount : public OrderEntry {
         EXPECT_EQ(line.name, goods.name);
         EXPECT_EQ(line.unit, goods.unit);
         EXPECT_EQ(line.quantity, quantityOf(paper.quantity));
-        const Cents price =
-            paper.price.isEmpty() ? goods.price.units : *scaledNumber(paper.price.toStdString(), PriceDecimals);
+        const Cents price = paper.price.isEmpty() ? goods.price.units
+                                                  : *scaledNumber(paper.price.toStdString(), PriceDecimals);
         EXPECT_EQ(line.price, price);
         EXPECT_EQ(line.amount, amountOf(quantityOf(paper.quantity), price));
         QString warehouse;

@@ -102,8 +102,8 @@ TEST_F(OrderEntry, TwentyLinesAreKeyedWithAtMostThreeHundredAndFiveKeysAndAreRig
         EXPECT_EQ(line.name, goods.name) << i;
         EXPECT_EQ(line.unit, goods.unit) << i;
         EXPECT_EQ(line.quantity, thousandthsOf(keyed.quantity)) << i;
-        const Cents price =
-            keyed.price.isEmpty() ? goods.price.units : *scaledNumber(keyed.price.toStdString(), PriceDecimals);
+        const Cents price = keyed.price.isEmpty() ? goods.price.units
+                                                  : *scaledNumber(keyed.price.toStdString(), PriceDecimals);
         EXPECT_EQ(line.price, price) << i;
         EXPECT_EQ(line.amount, amountOf(thousandthsOf(keyed.quantity), price)) << i;
         const QString code = keyed.warehouse.isEmpty() ? "C01" : keyed.warehouse;

@@ -100,8 +100,7 @@ TEST(SheetExamples, ThatsOfRecordChangesAndFaultSaveAndShow) {
     grid.Grid().RemoveRow(2);
     {
 #include "examples/sheet/RecordChanges.inc"
-    }
-    EXPECT_EQ(done, (std::vector<std::string>{"insert", "update 1", "remove 2"}));
+    } EXPECT_EQ(done, (std::vector<std::string>{"insert", "update 1", "remove 2"}));
     EXPECT_FALSE(sheet.modified());
 
     sheet.edit(2, [](Line& line) { line.price = 0; });
