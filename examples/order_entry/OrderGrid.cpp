@@ -1,6 +1,5 @@
 #include "OrderGrid.h"
 
-#include <QPointer>
 #include <algorithm>
 
 using namespace kxVsGrid;
