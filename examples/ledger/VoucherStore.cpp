@@ -88,10 +88,9 @@ std::vector<Entry> VoucherStore::entries(const Voucher& voucher) {
 }
 
 void VoucherStore::save(Voucher& voucher, kxVsGrid::RecordChanges<Entry>& changes) {
+    std::int64_t id = voucher.id;
     database_.atOnce([&] {
-        const std::int64_t id =
-            voucher.id ? voucher.id
-                       : database_.insert("INSERT INTO voucher (month) VALUES (?)", {sql(voucher.month)});
+        if (id == 0) id = database_.insert("INSERT INTO voucher (month) VALUES (?)", {sql(voucher.month)});
         for (const auto& line : changes.removed)
             database_.runForOne("DELETE FROM entry WHERE id = ? AND version = ?",
                                 {sql(line.before.id), sql(line.before.version)});
@@ -107,8 +106,8 @@ void VoucherStore::save(Voucher& voucher, kxVsGrid::RecordChanges<Entry>& change
             line.record.version = 1;
             line.record.id = database_.insert(InsertEntry, valuesOf(line.record, id));
         }
-        voucher.id = id;
     });
+    voucher.id = id;
 }
 
 Date monthOf(const Date& day) {

@@ -50,7 +50,11 @@ class VoucherWindow : public QMainWindow {
     }
     void copyMonthBefore() {
         if (!voucher_.commit()) return;
-        message_->setText(voucher_.copyMonthBefore() ? "已复制上月凭证" : "上月没有凭证");
+        try {
+            message_->setText(voucher_.copyMonthBefore() ? "已复制上月凭证" : "上月没有凭证");
+        } catch (const DatabaseError& error) {
+            message_->setText(QString::fromStdString(std::string("没有复制：") + error.what()));
+        }
     }
 
     VoucherSheet& voucher() { return voucher_; }

@@ -162,7 +162,8 @@ void kxGrid::Parts::fillShown(std::int32_t col, std::int32_t firstRow, Texts tex
     if (!tags.empty()) tags = tags.first(count);
     defaulted.written(firstRow, static_cast<std::int32_t>(count), col);
     const mEmDataType type = columns.at(col).iType();
-    if (flags.bIsShowZero || (type != flexDTDouble && type != flexDTDate))
+    const bool blanking = blanksZeros(columns.zero(col), flags.bIsShowZero);
+    if (!blanking || (type != flexDTDouble && type != flexDTDate))
         return main.Fill(col, firstRow, texts, tags);
     std::vector<std::string_view> shown;  // only where something is blanked
     for (std::size_t i = 0; i < count; ++i) {

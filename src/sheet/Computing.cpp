@@ -51,10 +51,20 @@ std::string Computing::reason(const void* record, std::int32_t column) const {
     return compute(copy.get(), column).reason;
 }
 
+/// A function may go by what it has made before, as a stamp that stays.
+void Computing::readOwn(void* record, std::int32_t row) const {
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        const Field& field = *c_.plan(column).field;
+        if (c_.plan(column).computed && !field.read(record, c_.cells().Text(row, c_.gridCol(column))))
+            field.read(record, {});
+    }
+}
+
 void Computing::settle(std::int32_t row) {
     const RowId id = c_.cells().IdOf(row);
     std::optional<Fault> fault;
     const AnyRecord record = lines_.readTyped(row, fault);
+    readOwn(record.get(), row);
     std::vector<Outcome> outcomes = computeAll(record.get());
     if (c_.rowOf(id) < 0) return;
     const bool empty = c_.refuses(fault) || !lines_.isInUse(row, record.get());

@@ -32,6 +32,7 @@ class Computing {
     void forgetMarks() { marks_.clear(); }
 
   private:
+    void readOwn(void* record, std::int32_t row) const;
     /// What the cell is to hold, or why it cannot.
     struct Outcome {
         std::string text;

@@ -19,11 +19,13 @@ class Deleting {
 
   private:
     using Rows = std::vector<std::int32_t>;
-    Rows selectedRows() const;
+    CellRange selected() const;
+    Rows shownRows(const CellRange& range) const;
 
     const SheetContext& c_;
     bool agreed_ = false;  ///< those that are asked about are going
-    Rows refused_;         ///< about which the host was asked together
-    Rows left_;            ///< of those, that the grid is still to ask about
+    CellRange refused_;    ///< about whose rows the host was asked together
+    std::int32_t asked_ =
+        -1;  ///< the row of those that the grid has asked about last; upper ones are to come
 };
 }  // namespace kxVsGrid::sheet

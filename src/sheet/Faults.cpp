@@ -69,7 +69,8 @@ std::string Faults::missing(const void* record, std::int32_t row, std::int32_t c
     if (!plan.required) return {};
     const bool empty = c_.cells().Text(row, c_.gridCol(column)).empty();
     if (!empty && !isBlankZero(record, column)) return {};
-    return plan.field->kind() == FieldKind::Number && !plan.codes ? "不能为零" : "不能为空";
+    const bool counted = plan.field->kind() == FieldKind::Number && !plan.codes && plan.constants.empty();
+    return counted && !plan.field->optional() ? "不能为零" : "不能为空";
 }
 
 /// Rules, and what follows from the others, are not judged where the record is not known.

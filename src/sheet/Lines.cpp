@@ -100,7 +100,10 @@ void Lines::write(std::int32_t row, const void* record) const {
         const std::int32_t col = c_.gridCol(column);
         if ((row = c_.rowOf(id)) < 0) return;
         const bool readable = plan.field->read(now.get(), c_.cells().Text(row, col));
-        if (readable && plan.field->alike(now.get(), record)) continue;
+        if (!readable) plan.field->read(now.get(), {});
+        // A text that counts as blank stays for who reads it, until something else is to stand there.
+        const bool counts = readable || c_.unreadable == Unreadable::Blank;
+        if (counts && plan.field->alike(now.get(), record)) continue;
         c_.grid.SetCell(row, col, text(record, column));
     }
 }

@@ -134,6 +134,8 @@ std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& recor
     ChangeStep step = grid.Step("追加");
     std::vector<std::int32_t> rows;
     std::int32_t row = impl->lines.end();
+    // Lines that the clerk has emptied are still those that were loaded.
+    while (row < grid.Rows() && impl->saved.of(impl->context.cells().KnownId(row))) ++row;
     const std::int32_t needed = row + static_cast<std::int32_t>(records.size()) + 1;
     if (needed > grid.Rows()) grid.Rows(needed);
     for (const KeptRecord& record : records) {

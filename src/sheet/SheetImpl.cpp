@@ -121,7 +121,8 @@ void SheetBody::Impl::eachRow(const StepChanges& step, const std::function<void(
     fault.raise();
 }
 
-/// What was typed, filled or pasted has no more decimals than its column, and constants no blanks around them.
+/// What was typed, filled or pasted has no more decimals than its column, and constants no blanks around them. What
+/// stands as it was loaded was agreed so.
 void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
     const SheetContext& c = context;
     const RowId id = c.cells().IdOf(row);
@@ -131,6 +132,7 @@ void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
         if ((!plan.decimals || plan.computed) && plan.constants.empty()) continue;
         if (step.known && !std::binary_search(step.cols.begin(), step.cols.end(), col)) continue;
         const std::string text = c.cells().Text(row, col);
+        if (const KeptRecord kept = saved.of(id); kept && text == lines.text(kept.get(), column)) continue;
         const std::string value =
             plan.decimals ? Lines::rounded(text, *plan.decimals) : std::string(trimmedCode(text));
         if (value != text) c.grid.SetCell(row, col, value);

@@ -121,5 +121,41 @@ TEST_F(OrderSheet, RefusesATypedTextThatBreaksARuleAndFindsTheOthers) {
     ASSERT_TRUE(fault.has_value());
     EXPECT_EQ(fault->text(), "第 3 行的数量：数量不能为零");
 }
+
+TEST_F(OrderSheet, DoesNotRoundWhatWasLoadedWhenSomethingElseOfItsRowIsWritten) {
+    OrderLine agreed = line(11, "A1", "2", "1");
+    agreed.price = number("3.3333");
+    sheet.load(std::vector<OrderLine>{agreed, line(12, "B2", "1", "1")});
+    {
+        ChangeStep step = grid.Step("写");
+        grid.SetCell(1, Quantity, "3");
+        grid.SetCell(2, Price, "1.005");
+        step.close();
+    }
+    EXPECT_EQ(sheet.record(1).price, number("3.3333"));
+    EXPECT_EQ(sheet.record(2).price, number("1.01"));
+}
+
+TEST_F(OrderSheet, AppendsBehindALoadedLineThatTheClerkHasEmptied) {
+    sheet.inUse([](const OrderLine& line) { return !line.code.empty(); });
+    loaded();
+    sheet.edit(3, [](OrderLine& line) { line.code.clear(); });
+    const std::vector<std::int32_t> rows = sheet.append(std::vector<OrderLine>{line(0, "D4", "1", "1")});
+    ASSERT_EQ(rows, (std::vector<std::int32_t>{4}));
+    const auto changes = sheet.changes();
+    ASSERT_EQ(changes.added.size(), 1u);
+    EXPECT_EQ(changes.added[0].record.id, 0);
+    ASSERT_EQ(changes.removed.size(), 1u);
+    EXPECT_EQ(changes.removed[0].before.id, 13);
+}
+
+TEST_F(OrderSheet, KeepsEveryDigitThatIsTyped) {
+    loaded();
+    type(1, Price, "123456789012345.67");
+    EXPECT_EQ(text(1, Price), "123456789012345.67");
+    EXPECT_EQ(sheet.record(1).amount, number("246913578024691.34"));
+    grid.SetCell(1, Quantity, "0");
+    EXPECT_EQ(text(1, Quantity), "0");
+}
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -22,6 +22,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <utility>
 
 #include "kxVsGrid/DateTime.h"
 #include "kxVsGrid/support/Date.h"
@@ -100,7 +102,17 @@ struct FieldText<T> {
     static bool read(std::string_view text, T& value) {
         const std::optional<T> known = T::read(text);
         if (known) value = *known;
+        if constexpr (std::same_as<T, DateTime>)
+            if (!known) return readDay(text, value);
         return known.has_value();
+    }
+
+  private:
+    /// A day alone, as fills of the menu write it, begins at midnight.
+    static bool readDay(std::string_view text, DateTime& value) {
+        const std::optional<Date> day = Date::read(text);
+        if (day) value = {day->year, day->month, day->day, 0, 0, 0};
+        return day.has_value();
     }
 };
 

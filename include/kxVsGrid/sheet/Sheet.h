@@ -265,7 +265,8 @@ class Sheet {
     Connection onModified(std::function<void(bool)> told) { return body_.onModified(std::move(told)); }
 
     // --- What is wrong
-    /// The first cell that is not as it has to be, row by row. Moves nothing, fills nothing, asks nobody.
+    /// The first cell that is not as it has to be, row by row. Moves nothing and asks the clerk nothing. Codes are looked
+    /// up; what follows from one that could not be found before is written now, as one step.
     std::optional<Fault> firstFault() const { return body_.firstFault(); }
     std::vector<Fault> faults() const { return body_.faults(); }
     /// Marks the cells of all faults as problems, with the reasons, and answers how many there are. A mark changes and

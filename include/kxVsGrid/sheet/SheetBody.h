@@ -71,7 +71,7 @@ class SheetBody {
     SheetBody(const SheetBody&) = delete;
     SheetBody& operator=(const SheetBody&) = delete;
 
-    // --- What the host says before it loads. GridError afterwards.
+    // --- What the host says before it loads. A column is refused afterwards with GridError.
     ColumnPlan& column(std::string_view name, std::string_view caption, std::unique_ptr<Field> field);
     void rule(std::string_view name, std::function<bool(const void*)> holds, std::string_view reason,
               bool whenTyped);
