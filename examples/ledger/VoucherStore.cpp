@@ -56,7 +56,7 @@ std::vector<Account> VoucherStore::accounts() {
         " FROM account a LEFT JOIN account above ON length(a.code) > 4"
         " AND above.code = substr(a.code, 1, length(a.code) - 2) ORDER BY a.code");
     const SqliteRow row(found);
-    while (found.next()) all.push_back({row.text(0), row.text(1), row.whole(2) != 0});
+    while (next(found)) all.push_back({row.text(0), row.text(1), row.whole(2) != 0});
     return all;
 }
 
@@ -72,7 +72,7 @@ std::vector<Entry> VoucherStore::entries(const Voucher& voucher) {
         " WHERE voucher = ? ORDER BY number",
         {sql(voucher.id)});
     const SqliteRow row(found);
-    while (found.next()) {
+    while (next(found)) {
         all.push_back({row.whole(0),
                        row.whole(1),
                        row.whole(2),

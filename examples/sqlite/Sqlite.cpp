@@ -20,6 +20,12 @@ QString nextConnection() {
 }
 }  // namespace
 
+bool next(QSqlQuery& query) {
+    if (query.next()) return true;
+    if (query.lastError().isValid()) fail(query.lastError());
+    return false;
+}
+
 QVariant sql(const std::string& text) {
     return QString::fromStdString(text);
 }
@@ -73,7 +79,7 @@ std::int64_t Sqlite::insert(const char* statement, const QVariantList& values) {
 
 std::int64_t Sqlite::number(const char* statement, const QVariantList& values) {
     QSqlQuery found = run(statement, values);
-    return found.next() ? SqliteRow(found).whole(0) : 0;
+    return next(found) ? SqliteRow(found).whole(0) : 0;
 }
 
 void Sqlite::atOnce(const std::function<void()>& work) {

@@ -40,6 +40,9 @@ class SqliteRow {
     const QSqlQuery& query_;
 };
 
+/// To the next row of a query. DatabaseError when it fails: what was read by then is not all there is.
+bool next(QSqlQuery& query);
+
 /// The ways back.
 QVariant sql(const std::string& text);
 QVariant sql(std::int64_t number);

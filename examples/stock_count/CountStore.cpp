@@ -67,7 +67,7 @@ std::vector<Goods> CountStore::goods() {
     QSqlQuery found =
         database_.run("SELECT code, name, pinyin, spec, unit, price_cents FROM goods ORDER BY code");
     const SqliteRow row(found);
-    while (found.next())
+    while (next(found))
         all.push_back({row.text(0), row.text(1), row.text(2), row.text(3), row.text(4), row.decimal(5, 2)});
     return all;
 }

@@ -38,10 +38,10 @@ class CountLines {
   public:
     class Iterator {
       public:
-        explicit Iterator(QSqlQuery& query) : query_(&query), more_(query.next()) {}
+        explicit Iterator(QSqlQuery& query) : query_(&query), more_(next(query)) {}
         CountLine operator*() const;
         Iterator& operator++() {
-            more_ = query_->next();
+            more_ = next(*query_);
             return *this;
         }
         bool operator!=(std::default_sentinel_t) const { return more_; }

@@ -1,7 +1,8 @@
 #include "sheet/CodeColumns.h"
 
 #include <algorithm>
-#include <exception>
+
+#include "sheet/ThrownReason.h"
 
 namespace kxVsGrid::sheet {
 namespace {
@@ -11,17 +12,11 @@ constexpr std::string_view BasisPrefix = "sheet:";
 const std::string NoName = " ";
 const std::string CannotLookUp = "现在不能查找";
 const std::string NotFollowed = "其余内容还没有按编码填入";
-
-std::string said(const std::exception& error) {
-    const std::string what = error.what();
-    return what.empty() ? CannotLookUp : what;
-}
 }  // namespace
 
 void CodeColumns::leave() {
     if (listening_) c_.cells().RemoveListener(*this);
     listening_ = false;
-    left_ = true;
 }
 
 std::string CodeColumns::basisOf(const ColumnPlan& plan) {
@@ -46,10 +41,8 @@ CodeColumns::Answer CodeColumns::lookUp(std::int32_t column, const std::string& 
         Answer answer{plan.codes->find(text), {}};
         answer.reason = answer.found ? plan.codes->objection(answer.found.get()) : refusalOf(plan);
         return answer;
-    } catch (const std::exception& error) {
-        return {nullptr, said(error), true};
     } catch (...) {
-        return {nullptr, CannotLookUp, true};
+        return {nullptr, thrownReason(CannotLookUp), true};
     }
 }
 
@@ -76,7 +69,7 @@ void CodeColumns::check(std::string_view basis, std::string_view typed, std::str
     name = text;
     if (answer.failed) return;
     name.clear();
-    if (!left_) c_.grid.VsCtrl(static_cast<std::int16_t>(c_.gridCol(column)))->s错误提示信息(answer.reason);
+    if (!c_.gone) c_.grid.VsCtrl(static_cast<std::int16_t>(c_.gridCol(column)))->s错误提示信息(answer.reason);
     if (!answer.reason.empty()) return;
     const CodeSource& source = *c_.plan(column).codes;
     code = source.codeOf(answer.found.get());
@@ -180,8 +173,8 @@ std::string CodeColumns::apply(const Cell& cell, const std::string& text, const 
     const AnyRecord after = c_.make(before.get());
     try {
         if (plan.found) plan.found(after.get(), found.get());
-    } catch (const std::exception& error) {
-        return said(error);
+    } catch (...) {
+        return thrownReason(CannotLookUp);
     }
     const std::string code = plan.codes->codeOf(found.get());
     const auto missed = missed_.find(cell);
@@ -246,7 +239,7 @@ void CodeColumns::copied(std::int32_t row, std::int32_t source) {
 
 /// Only while there is something to hear of: a listener makes writing slower.
 void CodeColumns::untilStepCloses() {
-    if (listening_ || left_) return;
+    if (listening_ || c_.gone) return;
     c_.cells().AddListener(*this);
     listening_ = true;
 }
@@ -293,8 +286,8 @@ std::string CodeColumns::reasonOnceMore(const Cell& cell, const std::string& tex
     const AnyRecord after = c_.make(now.get());
     try {
         plan.found(after.get(), answer.found.get());
-    } catch (const std::exception& error) {
-        return said(error);
+    } catch (...) {
+        return thrownReason(CannotLookUp);
     }
     const void* const then = once->second.get();
     const bool follows = std::any_of(c_.plans.begin(), c_.plans.end(), [&](const ColumnPlan& other) {
@@ -358,7 +351,7 @@ void CodeColumns::retry(Answers& answers) {
         else
             miss(cell, text, reason, true);
     }
-    if (there.empty()) return;
+    if (there.empty() || c_.gone) return;
     ChangeStep step = c_.grid.Step("补查编码");
     untilStepCloses();
     answers_ = answers;

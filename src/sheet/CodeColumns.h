@@ -100,7 +100,7 @@ class CodeColumns : private ChangeListener {
     void takeMarkAway(const Cell& cell, const std::string& reason);
     std::string textOf(const Cell& cell) const;
     /// -1 when there is nothing to be done there any more.
-    std::int32_t rowOf(const Cell& cell) const { return left_ ? -1 : c_.cells().RowOf(cell.row); }
+    std::int32_t rowOf(const Cell& cell) const { return c_.gone ? -1 : c_.cells().RowOf(cell.row); }
 
     const SheetContext& c_;
     const Lines& lines_;
@@ -115,6 +115,5 @@ class CodeColumns : private ChangeListener {
     std::map<Cell, std::string> following_;
     std::set<RowId> copies_;
     bool listening_ = false;
-    bool left_ = false;
 };
 }  // namespace kxVsGrid::sheet

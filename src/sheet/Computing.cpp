@@ -1,6 +1,6 @@
 #include "sheet/Computing.h"
 
-#include <exception>
+#include "sheet/ThrownReason.h"
 
 namespace kxVsGrid::sheet {
 
@@ -12,12 +12,8 @@ Computing::Outcome Computing::compute(void* record, std::int32_t column) const {
         std::string text = lines_.text(record, column);
         plan.field->read(record, text);
         return {std::move(text), {}};
-    } catch (const DecimalError&) {
-        return failed(record, column, "结果太大，或者不能计算");
-    } catch (const std::exception& error) {
-        return failed(record, column, *error.what() ? error.what() : "不能计算");
     } catch (...) {
-        return failed(record, column, "不能计算");
+        return failed(record, column, thrownReason("不能计算"));
     }
 }
 

@@ -1,9 +1,9 @@
 #include "sheet/Constants.h"
 
 #include <algorithm>
-#include <exception>
 
 #include "kxVsGrid/Members.h"
+#include "sheet/ThrownReason.h"
 
 namespace kxVsGrid::sheet {
 
@@ -29,8 +29,8 @@ std::string refusedConstant(const ColumnPlan& plan, const void* record, const st
     if (std::find(plan.constants.begin(), plan.constants.end(), text) != plan.constants.end()) return {};
     try {
         if (plan.otherConstants && plan.otherConstants(record, text)) return {};
-    } catch (const std::exception& error) {
-        return error.what();
+    } catch (...) {
+        return thrownReason("不能检查");
     }
     if (!plan.refusal.empty()) return plan.refusal;
     std::string all;

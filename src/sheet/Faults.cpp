@@ -1,20 +1,18 @@
 #include "sheet/Faults.h"
 
-#include <exception>
-
 #include "sheet/Constants.h"
+#include "sheet/ThrownReason.h"
 
 namespace kxVsGrid::sheet {
 
 std::string Faults::brokenRule(const void* record, std::int32_t column, bool typed) const {
     for (const Rule& rule : c_.rules) {
+        if (c_.gone) return {};
         if (rule.column != column || (typed && !rule.whenTyped)) continue;
         try {
             if (!rule.holds(record)) return rule.reason;
-        } catch (const std::exception& error) {
-            return *error.what() ? error.what() : "不能检查";
         } catch (...) {
-            return "不能检查";
+            return thrownReason("不能检查");
         }
     }
     return {};
@@ -29,6 +27,7 @@ Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t
     if (plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty())
             return {std::move(why), FaultKind::Computed};
+    if (c_.gone) return {};
     if (std::string why = missing(record, row, column); !why.empty())
         return {std::move(why), FaultKind::Rule};
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
@@ -114,6 +113,7 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     }
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
+    if (c_.gone) return {};
     if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
     const bool becomesLine = lines_.makesLine(column) && !value.empty();
     return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column, true)

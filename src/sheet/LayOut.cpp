@@ -193,6 +193,7 @@ void fitStretched(const SheetContext& c) {
     const std::int32_t rest = std::max(LeastStretched, c.cells().ClientWidth() - others - Margin);
     if (rest == c.grid.ColWidth(stretched)) return;
     c.grid.ColWidth(stretched, rest);
+    if (c.gone) return;
     c.grid.Grid_Sum().ColWidth(stretched, rest);  // otherwise it follows with the next layout only
 }
 }  // namespace kxVsGrid::sheet

@@ -20,6 +20,7 @@ std::string Lines::text(const void* record, std::int32_t column) const {
     std::string text;
     plan.field->append(record, text);
     if (plan.computed && plan.decimals) text = rounded(text, *plan.decimals);
+    if (c_.gone) return text;
     if (!plan.field->optional() && !c_.grid.bIsShowZero() && isZero(plan.field->kind(), text)) text.clear();
     return text;
 }

@@ -92,13 +92,15 @@ bool SheetBody::isInUse(std::int32_t row) const {
 }
 
 KeptRecord SheetBody::record(std::int32_t row) const {
-    impl_->requireRow("record", row);
-    return impl_->lines.readWhole(row);
+    const std::shared_ptr<Impl> impl = impl_;
+    impl->requireRow("record", row);
+    return impl->lines.readWhole(row);
 }
 
 KeptRecord SheetBody::recordOf(RowId id) const {
-    const std::int32_t row = impl_->laidOut ? impl_->context.rowOf(id) : -1;
-    return row < 0 ? nullptr : impl_->lines.readWhole(row);
+    const std::shared_ptr<Impl> impl = impl_;
+    const std::int32_t row = impl->laidOut ? impl->context.rowOf(id) : -1;
+    return row < 0 ? nullptr : impl->lines.readWhole(row);
 }
 
 std::vector<KeptRecord> SheetBody::records() const {
@@ -159,8 +161,9 @@ void SheetBody::recompute() {
 }
 
 Decimal SheetBody::sum(std::string_view name) const {
-    const std::int32_t column = impl_->require("sum", name);
-    return impl_->laidOut ? impl_->lines.sum(column) : Decimal();
+    const std::shared_ptr<Impl> impl = impl_;
+    const std::int32_t column = impl->require("sum", name);
+    return impl->laidOut ? impl->lines.sum(column) : Decimal();
 }
 
 void SheetBody::preset(std::string_view name, std::string_view text) {
@@ -191,7 +194,8 @@ bool SheetBody::modified() const {
 }
 
 bool SheetBody::moved() const {
-    return impl_->saved.moved(impl_->lines);
+    const std::shared_ptr<Impl> impl = impl_;
+    return impl->saved.moved(impl->lines);
 }
 
 void SheetBody::saved(std::vector<KeptRecord> records) {

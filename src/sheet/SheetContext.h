@@ -32,7 +32,8 @@ struct SheetContext {
     bool gone =
         false;  ///< the host has destroyed the sheet, and perhaps the grid: neither is touched any more
 
-    std::int32_t count() const { return static_cast<std::int32_t>(plans.size()); }
+    // When the sheet has gone there are no columns and no rows left: whoever goes through them ends.
+    std::int32_t count() const { return gone ? 0 : static_cast<std::int32_t>(plans.size()); }
     const ColumnPlan& plan(std::int32_t column) const { return plans[static_cast<std::size_t>(column)]; }
     /// -1 for a name that is none.
     std::int32_t columnNamed(std::string_view name) const {
@@ -43,7 +44,7 @@ struct SheetContext {
     /// The host has taken none of the columns away.
     bool whole() const { return !gone && grid.Cols() >= grid.FixedCols() + count(); }
     /// Of a column of the sheet, in the grid.
-    std::int32_t gridCol(std::int32_t column) const { return grid.FixedCols() + column; }
+    std::int32_t gridCol(std::int32_t column) const { return gone ? -1 : grid.FixedCols() + column; }
     CellGrid& cells() const { return grid.Grid(); }
     /// Where the row is now; -1 when it has gone, or the sheet has.
     std::int32_t rowOf(RowId id) const {
@@ -52,8 +53,8 @@ struct SheetContext {
         return row >= firstRow() && row < endRow() ? row : -1;
     }
     /// All lines and the rows that may become some.
-    std::int32_t firstRow() const { return grid.FixedRows(); }
-    std::int32_t endRow() const { return grid.Rows(); }
+    std::int32_t firstRow() const { return gone ? 0 : grid.FixedRows(); }
+    std::int32_t endRow() const { return gone ? 0 : grid.Rows(); }
 
     /// A line with such a text cannot be read.
     bool refuses(const std::optional<Fault>& unreadableText) const {

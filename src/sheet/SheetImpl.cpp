@@ -36,8 +36,9 @@ void SheetBody::Impl::attach() {
         if (const auto self = weak.lock()) self->settled(step);
     }));
     // More rows bring the bar beside them, fewer take it away.
-    const auto fit = [this] {
-        if (laidOut) fitStretched(context);
+    const auto fit = [weak = weak_from_this()] {
+        const auto self = weak.lock();
+        if (self && self->laidOut && !self->context.gone) fitStretched(self->context);
     };
     connections.push_back(grid.Grid().PlacesChanged.connect(fit));
     connections.push_back(grid.Grid().SizeChanged.connect(fit));
@@ -124,26 +125,32 @@ void SheetBody::Impl::eachRow(const StepChanges& step, const std::function<void(
 /// What was typed, filled or pasted has no more decimals than its column, and constants no blanks around them. What
 /// stands as it was loaded was agreed so.
 void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
-    const SheetContext& c = context;
-    const RowId id = c.cells().IdOf(row);
-    for (std::int32_t column = 0; column < c.count() && (row = c.rowOf(id)) >= 0; ++column) {
-        const ColumnPlan& plan = c.plan(column);
-        const std::int32_t col = c.gridCol(column);
-        if ((!plan.decimals || plan.computed) && plan.constants.empty()) continue;
-        if (step.known && !std::binary_search(step.cols.begin(), step.cols.end(), col)) continue;
-        const std::string text = c.cells().Text(row, col);
-        if (const KeptRecord kept = saved.of(id); kept && text == lines.text(kept.get(), column)) continue;
-        const std::string value =
-            plan.decimals ? Lines::rounded(text, *plan.decimals) : std::string(trimmedCode(text));
-        if (value != text) c.grid.SetCell(row, col, value);
-    }
+    const RowId id = context.cells().IdOf(row);
+    for (std::int32_t column = 0; column < context.count() && (row = context.rowOf(id)) >= 0; ++column)
+        if (!step.known || std::binary_search(step.cols.begin(), step.cols.end(), context.gridCol(column)))
+            roundCell(row, column);
+}
+
+void SheetBody::Impl::roundCell(std::int32_t row, std::int32_t column) {
+    const ColumnPlan& plan = context.plan(column);
+    if ((!plan.decimals || plan.computed) && plan.constants.empty()) return;
+    const std::int32_t col = context.gridCol(column);
+    const std::string text = context.cells().Text(row, col);
+    const KeptRecord kept = saved.of(context.cells().KnownId(row));
+    if (kept && text == lines.text(kept.get(), column)) return;
+    const std::string value =
+        plan.decimals ? Lines::rounded(text, *plan.decimals) : std::string(trimmedCode(text));
+    if (value != text) context.grid.SetCell(row, col, value);
 }
 
 void SheetBody::Impl::tellEdited(std::int32_t row, std::int32_t column, bool filled) {
+    const RowId id = context.cells().IdOf(row);
+    roundCell(row, column);
+    if ((row = context.rowOf(id)) < 0) return;
     std::optional<Fault> unreadable;
     const AnyRecord before = lines.read(row, unreadable);
+    computing.fill(before.get());
     const AnyRecord after = context.make(before.get());
-    const RowId id = context.cells().IdOf(row);
     context.edited(after.get(), Edited{row, context.plan(column).name, filled});
     for (std::int32_t other = 0; other < context.count(); ++other) {
         const ColumnPlan& plan = context.plan(other);

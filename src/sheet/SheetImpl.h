@@ -1,7 +1,9 @@
 // The parts of a sheet, and the ties to its grid.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -38,6 +40,7 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     void attachCodes();
     /// Writes what differs. What follows from a code comes before what was given beside it.
     void write(std::int32_t row, const void* record);
+    void roundCell(std::int32_t row, std::int32_t column);
     void round(std::int32_t row, const StepChanges& step);
     /// The clerk has changed a cell: the host makes of its line what follows.
     void tellEdited(std::int32_t row, std::int32_t column, bool filled);

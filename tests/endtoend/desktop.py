@@ -118,9 +118,11 @@ class Desktop:
 
     def _start_display(self):
         answer, question = os.pipe()
+        # A server that begins anew when its last client goes refuses those who come meanwhile: whoever looks whether
+        # the window manager is there may go just as that one comes.
         self.start(
             "Xvfb",
-            ["Xvfb", "-displayfd", str(question), "-screen", "0", self.SIZE, "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(question), "-screen", "0", self.SIZE, "-nolisten", "tcp", "-noreset"],
             pass_fds=[question],
         )
         os.close(question)

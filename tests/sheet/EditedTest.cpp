@@ -1,6 +1,7 @@
 // What a host makes of what a clerk does to the lines of a sheet, and how it says what is wrong with them.
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -279,6 +280,55 @@ TEST_F(KeyedSheet, AFillCopiesANumberWithoutTheSignsOfItsLook) {
     fillDown(1, Quantity);
     EXPECT_EQ(cell(2, Quantity), "1234567.5");
     EXPECT_EQ(sheet.record(2).quantity, Decimal("1234567.5"));
+}
+
+TEST_F(KeyedSheet, WhatIsEditedIsRoundedBeforeAnythingFollowsFromIt) {
+    sheet.edited([](KeyedLine& line, const sheet::Edited& cell) {
+        if (cell.column == "quantity") line.note = line.quantity.value_or(0).text();
+    });
+    load({item("1", "甲", 2)});
+    enter(1, Quantity, "1.239");
+    EXPECT_EQ(cell(1, Quantity), "1.24");
+    EXPECT_EQ(cell(1, Note), "1.24");
+}
+
+TEST(SheetInAFunctionOfItsHost, GoesWithItsGridWhileFaultsAreLookedFor) {
+    for (const int where : {0, 1, 2}) {
+        headless::Desk desk;
+        auto grid = std::make_unique<kxGrid>(desk);
+        grid->InitProperties();
+        auto sheet = std::make_unique<Sheet<KeyedLine>>(*grid);
+        bool armed = false;
+        const auto end = [&](int here) {
+            if (!armed || where != here) return;
+            armed = false;
+            sheet.reset();
+            grid.reset();
+        };
+        sheet->text("code", "货号", &KeyedLine::code);
+        sheet->text("note", "备注", &KeyedLine::note);
+        sheet->text("name", "品名", &KeyedLine::name).computed([&](const KeyedLine& line) {
+            end(0);
+            return line.code;
+        });
+        sheet->rule(
+            "code",
+            [&](const KeyedLine&) {
+                end(1);
+                return true;
+            },
+            "规则");
+        sheet->inUse([&](const KeyedLine& line) {
+            end(2);
+            return !line.code.empty();
+        });
+        KeyedLine line;
+        line.code = "1";
+        sheet->load(std::vector<KeyedLine>(3, line));
+        armed = true;
+        EXPECT_FALSE(sheet->firstFault());
+        EXPECT_FALSE(grid) << where;
+    }
 }
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -168,6 +168,10 @@ class TwinSheet : public ::testing::TestWithParam<TwinKind> {
         if (known) value = *known;
         return known.has_value();
     }
+    /// A day alone is its midnight.
+    static bool readMoment(const std::string& text, DateTime& value) {
+        return readCalendar(text.size() == 10 ? text + " 00:00:00" : text, value);
+    }
     static bool readCell(std::int32_t col, const std::string& text, TwinEntry& e) {
         switch (col) {
             case Key:
@@ -185,7 +189,7 @@ class TwinSheet : public ::testing::TestWithParam<TwinKind> {
             case Due:
                 return readOptional(text, e.due, readCalendar<Date>);
             case At:
-                return readOptional(text, e.at, readCalendar<DateTime>);
+                return readOptional(text, e.at, readMoment);
             case Gift:
                 return e.gift = !text.empty() && text != "0", true;
             case Amount:
