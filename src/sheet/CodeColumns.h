@@ -5,7 +5,6 @@
 // cells still hold it then: a step may be taken back.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -66,7 +65,9 @@ class CodeColumns : private ChangeListener {
     struct Cell {
         RowId row;
         std::int32_t column;
-        auto operator<=>(const Cell&) const = default;
+        friend bool operator<(const Cell& one, const Cell& other) {
+            return std::pair(one.row, one.column) < std::pair(other.row, other.column);
+        }
     };
     /// What could not be found, as it was asked.
     struct Missed {
