@@ -15,13 +15,14 @@ void MoveEvents::gainedFocus() {
 
 void MoveEvents::leaveFixedArea() {
     CellGrid& grid = c_.grid;
+    if (grid.Col() < 0) return;  // a grid without columns has no current cell
     if (grid.Row() < grid.FixedRows() && grid.Rows() > grid.FixedRows()) {
         FlagSpan internal(MovingInternally_);
         std::int32_t shown = grid.ShownRowAfter(grid.FixedRows() - 1);
         if (shown < 0) shown = grid.FixedRows();
         if (!grid.RowFiltered(shown)) grid.Select(shown, grid.Col());
     }
-    if (grid.Col() >= 0 && grid.Col() < grid.FixedCols() && grid.FixedCols() < grid.Cols()) {
+    if (grid.Col() < grid.FixedCols() && grid.FixedCols() < grid.Cols()) {
         FlagSpan internal(MovingInternally_);
         grid.Select(grid.Row(), grid.FixedCols());
     }
