@@ -1,7 +1,8 @@
-// What SetCell makes of a text. Errors, also those of other types than std::exception, end in a message box,
+// What SetCell and Fill make of texts. Errors, also those of other types than std::exception, end in a message box,
 // never in the host.
 #include <algorithm>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include "grid/CellPlace.h"
@@ -71,6 +72,18 @@ bool blanksZeros(ColumnOptions::Zero ofColumn, bool gridShows) {
     return ofColumn == ColumnOptions::Zero::AsGrid ? !gridShows : ofColumn == ColumnOptions::Zero::Blank;
 }
 }  // namespace
+
+void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
+    parts_->set(Row, Col, psDisplay, psTag);
+}
+
+void kxGrid::Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
+                  std::span<const std::string_view> psTags) {
+    if (!psTags.empty() && psTags.size() != psDisplays.size())
+        throw GridError("Fill: " + std::to_string(psTags.size()) + " tags for " +
+                        std::to_string(psDisplays.size()) + " texts");
+    parts_->fill(Col, FirstRow, psDisplays, psTags);
+}
 
 bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view text,
                         const std::string_view& tag) {

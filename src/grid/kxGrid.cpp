@@ -411,18 +411,6 @@ void kxGrid::Clear() {
 
 // --- Cells
 
-void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
-    parts_->set(Row, Col, psDisplay, psTag);
-}
-
-void kxGrid::Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
-                  std::span<const std::string_view> psTags) {
-    if (!psTags.empty() && psTags.size() != psDisplays.size())
-        throw GridError("Fill: " + std::to_string(psTags.size()) + " tags for " +
-                        std::to_string(psDisplays.size()) + " texts");
-    parts_->fill(Col, FirstRow, psDisplays, psTags);
-}
-
 std::string kxGrid::ReadCell(std::int32_t Row, std::int32_t Col, bool piReturnTextorID) {
     const CellReader data = &CellGrid::Data;
     return read(Row, Col, piReturnTextorID ? &CellGrid::DisplayText : data);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sheet/ProblemMark.h"
 #include "sheet/ThrownReason.h"
 
 namespace kxVsGrid::sheet {
@@ -316,12 +317,8 @@ void CodeColumns::putBackMissed(const Cell& cell, const std::string& text, const
 }
 
 void CodeColumns::mark(const Cell& cell, const std::string& reason) {
-    const std::int32_t row = rowOf(cell);
-    if (row < 0) return;
-    const std::int32_t col = c_.gridCol(cell.column);
-    const CellMark mark{CellMark::Kind::Problem, reason};
-    if (const CellMark* const there = c_.grid.Mark(row, col); !there || *there != mark)
-        c_.grid.Mark(row, col, mark);
+    if (const std::int32_t row = rowOf(cell); row >= 0)
+        putProblem(c_.grid, row, c_.gridCol(cell.column), reason);
 }
 
 void CodeColumns::settleMissed(const Cell& cell) {
@@ -329,15 +326,8 @@ void CodeColumns::settleMissed(const Cell& cell) {
     if (missed == missed_.end()) return;
     const std::string reason = missed->second.reason;
     missed_.erase(missed);
-    takeMarkAway(cell, reason);
-}
-
-void CodeColumns::takeMarkAway(const Cell& cell, const std::string& reason) {
-    const std::int32_t row = rowOf(cell);
-    if (row < 0) return;
-    const std::int32_t col = c_.gridCol(cell.column);
-    const CellMark* const there = c_.grid.Mark(row, col);
-    if (there && there->text == reason) c_.grid.Mark(row, col, std::nullopt);
+    if (const std::int32_t row = rowOf(cell); row >= 0)
+        takeProblemAway(c_.grid, row, c_.gridCol(cell.column), reason);
 }
 
 void CodeColumns::retry(Answers& answers) {

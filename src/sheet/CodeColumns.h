@@ -98,10 +98,9 @@ class CodeColumns : private ChangeListener {
     void mark(const Cell& cell, const std::string& reason);
     std::string reasonOnceMore(const Cell& cell, const std::string& text, Answers& answers) const;
     void settleMissed(const Cell& cell);
-    void takeMarkAway(const Cell& cell, const std::string& reason);
     std::string textOf(const Cell& cell) const;
     /// -1 when there is nothing to be done there any more.
-    std::int32_t rowOf(const Cell& cell) const { return c_.gone ? -1 : c_.cells().RowOf(cell.row); }
+    std::int32_t rowOf(const Cell& cell) const { return c_.rowOf(cell.row); }
 
     const SheetContext& c_;
     const Lines& lines_;

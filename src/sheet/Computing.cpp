@@ -1,5 +1,6 @@
 #include "sheet/Computing.h"
 
+#include "sheet/ProblemMark.h"
 #include "sheet/ThrownReason.h"
 
 namespace kxVsGrid::sheet {
@@ -22,20 +23,17 @@ Computing::Outcome Computing::failed(void* record, std::int32_t column, std::str
     return {{}, std::move(reason)};
 }
 
-std::vector<Computing::Outcome> Computing::computeAll(void* record) const {
-    std::vector<Outcome> outcomes(static_cast<std::size_t>(c_.count()));
-    for (std::int32_t column = 0; column < c_.count() && !c_.gone; ++column)
-        if (c_.plan(column).computed) outcomes[static_cast<std::size_t>(column)] = compute(record, column);
-    return outcomes;
+template <class Take>
+void Computing::computeAll(void* record, Take take) const {
+    for (std::int32_t column = 0; column < c_.count(); ++column)
+        if (c_.plan(column).computed) take(column, compute(record, column));
 }
 
 std::vector<Computing::Failure> Computing::fill(void* record) const {
     std::vector<Failure> failures;
-    for (std::int32_t column = 0; column < c_.count(); ++column) {
-        if (!c_.plan(column).computed) continue;
-        Outcome outcome = compute(record, column);
+    computeAll(record, [&](std::int32_t column, Outcome outcome) {
         if (!outcome.reason.empty()) failures.push_back({column, std::move(outcome.reason)});
-    }
+    });
     if (lines_.isInUse(record)) return failures;
     for (std::int32_t column = 0; column < c_.count(); ++column)
         if (c_.plan(column).computed) c_.plan(column).field->read(record, {});
@@ -61,12 +59,13 @@ void Computing::settle(std::int32_t row) {
     std::optional<Fault> fault;
     const AnyRecord record = lines_.readTyped(row, fault);
     readOwn(record.get(), row);
-    std::vector<Outcome> outcomes = computeAll(record.get());
+    std::vector<std::pair<std::int32_t, Outcome>> outcomes;
+    computeAll(record.get(), [&](std::int32_t column, Outcome outcome) {
+        outcomes.emplace_back(column, std::move(outcome));
+    });
     if (c_.rowOf(id) < 0) return;
     const bool empty = c_.refuses(fault) || !lines_.isInUse(row, record.get());
-    if (empty) outcomes.assign(outcomes.size(), {});
-    for (std::int32_t column = 0; column < c_.count() && !c_.gone; ++column)
-        if (c_.plan(column).computed) put(id, column, outcomes[static_cast<std::size_t>(column)]);
+    for (const auto& [column, outcome] : outcomes) put(id, column, empty ? Outcome{} : outcome);
     if (c_.computesTwice && !empty && !c_.gone) requireSettled(record.get());
 }
 
@@ -89,15 +88,12 @@ void Computing::put(RowId id, std::int32_t column, const Outcome& outcome) {
 void Computing::putMark(std::int32_t row, std::int32_t col, const std::string& reason) {
     if (reason.empty() && marks_.empty()) return;
     const auto key = std::make_pair(c_.cells().IdOf(row), col);
-    const auto ours = marks_.find(key);
-    const CellMark* const there = c_.grid.Mark(row, col);
     if (!reason.empty()) {
-        if (there && there->text == reason) return;
+        if (const CellMark* const there = c_.grid.Mark(row, col); there && there->text == reason) return;
         marks_[key] = reason;
-        c_.grid.Mark(row, col, CellMark{CellMark::Kind::Problem, reason});
-    } else if (ours != marks_.end()) {
-        if (there && there->text == ours->second) c_.grid.Mark(row, col, std::nullopt);
-        marks_.erase(key);
+        putProblem(c_.grid, row, col, reason);
+    } else if (const auto ours = marks_.extract(key)) {
+        takeProblemAway(c_.grid, row, col, ours.mapped());
     }
 }
 

@@ -40,8 +40,9 @@ class Computing {
     };
     Outcome compute(void* record, std::int32_t column) const;
     Outcome failed(void* record, std::int32_t column, std::string reason) const;
-    /// For all columns of the sheet; nothing for those that are not computed.
-    std::vector<Outcome> computeAll(void* record) const;
+    /// Takes what becomes of each computed column, with the column.
+    template <class Take>
+    void computeAll(void* record, Take take) const;
     void put(RowId id, std::int32_t column, const Outcome& outcome);
     void putMark(std::int32_t row, std::int32_t col, const std::string& reason);
     void requireSettled(const void* record) const;

@@ -1,14 +1,15 @@
 #include "sheet/FaultMarks.h"
 
-#include <optional>
+#include <utility>
+
+#include "sheet/ProblemMark.h"
 
 namespace kxVsGrid::sheet {
 
 int FaultMarks::put() {
     for (const auto& [cell, reason] : std::exchange(marks_, {})) {
         const std::int32_t row = c_.cells().RowOf(cell.first);
-        const CellMark* const there = row < 0 ? nullptr : c_.grid.Mark(row, cell.second);
-        if (there && there->text == reason) c_.grid.Mark(row, cell.second, std::nullopt);
+        if (row >= 0) takeProblemAway(c_.grid, row, cell.second, reason);
     }
     int count = 0;
     faults_.visit([&](const Fault& fault) {
@@ -23,7 +24,7 @@ int FaultMarks::put() {
 void FaultMarks::mark(const Fault& fault) {
     const CellMark* const there = c_.grid.Mark(fault.row, fault.col);
     if (there && there->kind == CellMark::Kind::Problem) return;
-    c_.grid.Mark(fault.row, fault.col, CellMark{CellMark::Kind::Problem, fault.reason});
+    putProblem(c_.grid, fault.row, fault.col, fault.reason);
     marks_[{c_.cells().IdOf(fault.row), fault.col}] = fault.reason;
 }
 
@@ -44,7 +45,7 @@ void FaultMarks::keep(std::int32_t row) {
     for (const auto& [col, reason] : reasonsIn(row))
         if (const auto ours = marks_.find({id, col}); ours != marks_.end() && !c_.grid.Mark(row, col)) {
             ours->second = reason;
-            c_.grid.Mark(row, col, CellMark{CellMark::Kind::Problem, reason});
+            putProblem(c_.grid, row, col, reason);
         }
 }
 
@@ -60,12 +61,11 @@ void FaultMarks::judge(std::int32_t row) {
         const CellMark* const there = c_.grid.Mark(row, col);
         const auto now = reasons.find(col);
         if ((there && there->text != one->second) || now == reasons.end()) {
-            if (there && there->text == one->second) c_.grid.Mark(row, col, std::nullopt);
+            takeProblemAway(c_.grid, row, col, one->second);
             one = marks_.erase(one);
             continue;
         }
-        if (!there || there->text != now->second)
-            c_.grid.Mark(row, col, CellMark{CellMark::Kind::Problem, now->second});
+        putProblem(c_.grid, row, col, now->second);
         one->second = now->second;
         ++one;
     }

@@ -18,18 +18,20 @@ std::string Faults::brokenRule(const void* record, std::int32_t column, bool typ
     return {};
 }
 
-Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t column,
+/// Rules, and what follows from the others, are not judged where the whole record is not known.
+Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t column, bool known,
                               CodeColumns::Answers& answers) const {
     const ColumnPlan& plan = c_.plan(column);
     const std::string text = c_.cells().Text(row, c_.gridCol(column));
     if (const AnyRecord scratch = c_.make(nullptr); !plan.field->read(scratch.get(), text))
         return {"“" + text + "”不能识别", FaultKind::Unreadable};
-    if (plan.computed)
+    if (known && plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty())
             return {std::move(why), FaultKind::Computed};
     if (c_.gone) return {};
     if (std::string why = missing(record, row, column); !why.empty())
         return {std::move(why), FaultKind::Rule};
+    if (!known) return {};
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
     if (why.empty()) why = refusedConstant(plan, record, text);
     if (!why.empty()) return {std::move(why), FaultKind::Unknown};
@@ -38,7 +40,7 @@ Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t
 
 std::optional<Fault> Faults::at(const void* record, std::int32_t row, std::int32_t column, bool known,
                                 CodeColumns::Answers& answers) const {
-    Reason why = known ? reason(record, row, column, answers) : unreadableReason(record, row, column);
+    Reason why = reason(record, row, column, known, answers);
     if (why.text.empty()) return std::nullopt;
     Fault fault = c_.faultAt(row, column, std::move(why.text));
     fault.kind = why.kind;
@@ -70,15 +72,6 @@ std::string Faults::missing(const void* record, std::int32_t row, std::int32_t c
     if (!empty && !isBlankZero(record, column)) return {};
     const bool counted = plan.field->kind() == FieldKind::Number && !plan.codes && plan.constants.empty();
     return counted && !plan.field->optional() ? "不能为零" : "不能为空";
-}
-
-/// Rules, and what follows from the others, are not judged where the record is not known.
-Faults::Reason Faults::unreadableReason(const void* record, std::int32_t row, std::int32_t column) const {
-    const std::string text = c_.cells().Text(row, c_.gridCol(column));
-    const AnyRecord scratch = c_.make(nullptr);
-    if (!c_.plan(column).field->read(scratch.get(), text))
-        return {"“" + text + "”不能识别", FaultKind::Unreadable};
-    return {missing(record, row, column), FaultKind::Rule};
 }
 
 /// A 0, however it is written, of a member that cannot be without a value.

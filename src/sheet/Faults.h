@@ -28,17 +28,16 @@ class Faults {
   private:
     struct Reason {
         std::string text;  ///< empty where nothing is wrong
-        FaultKind kind;
+        FaultKind kind = FaultKind::Rule;
     };
     bool visitRow(std::int32_t row, CodeColumns::Answers& answers,
                   const std::function<bool(Fault)>& visitor) const;
     /// Of one cell of a line, in the host's words; `known` where the whole record could be read.
     std::optional<Fault> at(const void* record, std::int32_t row, std::int32_t column, bool known,
                             CodeColumns::Answers& answers) const;
-    Reason reason(const void* record, std::int32_t row, std::int32_t column,
+    Reason reason(const void* record, std::int32_t row, std::int32_t column, bool known,
                   CodeColumns::Answers& answers) const;
     std::string missing(const void* record, std::int32_t row, std::int32_t column) const;
-    Reason unreadableReason(const void* record, std::int32_t row, std::int32_t column) const;
     bool isBlankZero(const void* record, std::int32_t column) const;
     std::string brokenRule(const void* record, std::int32_t column, bool typed) const;
 

@@ -50,27 +50,14 @@ std::string formatOf(const ColumnPlan& plan) {
     }
 }
 
-/// What a column is as wide as of which the host has said nothing; its caption has room in it.
-/// In narrow letters: a Chinese character is as wide as two of them.
-std::size_t breadthOf(std::string_view text) {
-    std::size_t breadth = 0;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x80)
-            ++breadth;
-        else if (byte >= 0xC0)
-            breadth += 2;
-    }
-    return breadth;
-}
-
 std::string usualNumber(const ColumnPlan& plan) {
     const int decimals = plan.decimals.value_or(2);
     return decimals > 0 ? "-1,000,000." + std::string(static_cast<std::size_t>(decimals), '0')
                         : "-1,000,000 ";
 }
 
-std::string sampleOf(const ColumnPlan& plan) {
+/// What a column is as wide as of which the host has said nothing; its caption has room in it.
+std::string sampleOf(const ColumnPlan& plan, const TextMetrics& metrics) {
     if (!plan.sample.empty()) return plan.sample;
     std::string usual;
     switch (plan.field->kind()) {
@@ -89,7 +76,7 @@ std::string sampleOf(const ColumnPlan& plan) {
             usual = "编码与名称等  ";
     }
     const std::string caption = plan.caption + "  ";
-    return breadthOf(usual) >= breadthOf(caption) ? usual : caption;
+    return metrics.textWidth(usual) >= metrics.textWidth(caption) ? usual : caption;
 }
 
 void defineCodes(cVsControl& definition, const ColumnPlan& plan) {
@@ -151,7 +138,7 @@ void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     if (plan.width)
         c.grid.ColWidth(col, *plan.width);
     else
-        c.grid.ColSample(col, sampleOf(plan));
+        c.grid.ColSample(col, sampleOf(plan, c.cells().Metrics()));
     c.grid.ColHidden(col, plan.hidden);
     ColumnOptions& options = c.grid.Options(col);
     options.sortable(true);

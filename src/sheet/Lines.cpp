@@ -56,6 +56,12 @@ AnyRecord Lines::readWhole(std::int32_t row) const {
     return record;
 }
 
+AnyRecord Lines::lineAt(std::int32_t row) const {
+    if (!c_.inUse && !holdsText(row)) return nullptr;
+    AnyRecord record = readWhole(row);
+    return !c_.inUse || c_.inUse(record.get()) ? record : nullptr;
+}
+
 /// What the clerk can type, and what rows do not get by themselves.
 bool Lines::makesLine(std::int32_t column) const {
     const ColumnPlan& plan = c_.plan(column);

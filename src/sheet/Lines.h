@@ -26,6 +26,8 @@ class Lines {
     AnyRecord readTyped(std::int32_t row, std::optional<Fault>& fault) const;
     /// UnreadableCell instead.
     AnyRecord readWhole(std::int32_t row) const;
+    /// The same of a line; none for a row that is none.
+    AnyRecord lineAt(std::int32_t row) const;
     bool isInUse(std::int32_t row) const;
     /// The same of the record that was read there.
     bool isInUse(std::int32_t row, const void* record) const;

@@ -77,7 +77,7 @@ std::optional<AnyChange> Saved::changed(RowId id, const KeptRecord& now) const {
 
 std::optional<AnyChange> Saved::changeOf(const Lines& lines, RowId id) const {
     const std::int32_t row = c_.rowOf(id);
-    AnyRecord now = row >= 0 && lines.isInUse(row) ? lines.readWhole(row) : nullptr;
+    const AnyRecord now = row >= 0 ? lines.lineAt(row) : nullptr;
     // Where it stands is looked at by those who know all lines.
     if (const KeptRecord before = of(id); now && before && c_.position)
         c_.position->put(now.get(), c_.position->get(before.get()));
@@ -93,8 +93,8 @@ std::vector<AnyChange> Saved::numberedChanges(const Lines& lines) const {
     std::int64_t number = 0;
     for (std::size_t i = 0; i < ids.size(); ++i) {
         const std::int32_t row = c_.firstRow() + static_cast<std::int32_t>(i);
-        if (!lines.isInUse(row)) continue;
-        const AnyRecord now = lines.readWhole(row);
+        const AnyRecord now = lines.lineAt(row);
+        if (!now) continue;
         c_.position->put(now.get(), ++number);
         gone.erase(ids[i]);
         if (auto change = changed(ids[i], now)) changes.push_back(std::move(*change));
@@ -103,16 +103,6 @@ std::vector<AnyChange> Saved::numberedChanges(const Lines& lines) const {
         if (gone.contains(id))
             if (auto change = changed(id, nullptr)) changes.push_back(std::move(*change));
     return changes;
-}
-
-/// Where no line was added, changed or removed, moved ones are out of their order.
-bool Saved::hasMoved() const {
-    std::vector<RowId> ids;
-    for (const RowId id : order_)
-        if (lineOf(id)) ids.push_back(id);
-    std::vector<std::int32_t> rows(ids.size());
-    c_.cells().RowsOf(ids, rows);
-    return !std::is_sorted(rows.begin(), rows.end());
 }
 
 /// Rows that are no lines have no place among them.
@@ -159,7 +149,7 @@ bool Saved::differs(const Lines& lines) const {
         const auto found = std::find_if(ids.begin(), ids.end(), has);
         if (found != ids.end()) witness_ = *found;
     }
-    return witness_ != RowId::None || (c_.position && hasMoved());
+    return witness_ != RowId::None || (c_.position && moved(lines));
 }
 
 void Saved::requireIdentity(const std::vector<AnyChange>& saved) const {

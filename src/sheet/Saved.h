@@ -36,7 +36,6 @@ class Saved {
     bool alike(const void* before, const void* now) const;
     void requireIdentity(const std::vector<AnyChange>& saved) const;
     std::vector<AnyChange> numberedChanges(const Lines& lines) const;
-    bool hasMoved() const;
     void keepOrder();
 
     const SheetContext& c_;

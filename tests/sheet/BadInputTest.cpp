@@ -105,7 +105,7 @@ TEST_F(BadInput, ShowingAFaultGoesThere) {
 }
 
 /// A column that the host computes as he likes.
-struct ComputingSheet : ::testing::Test {
+struct ComputingSheet : SheetDesk {
     struct Line {
         std::string name;
         Decimal number;
@@ -120,13 +120,6 @@ struct ComputingSheet : ::testing::Test {
         sheet.load(std::vector<Line>{{"a", 1, 0, ""}, {"b", 2, 0, ""}});
         desk.focusGrid();
     }
-    std::string text(std::int32_t row, std::int32_t col) { return grid.Grid().Text(row, col); }
-    void type(std::int32_t row, std::int32_t col, std::string_view typed) {
-        grid.Grid().Select(row, col);
-        desk.type(typed).press(Key::Enter);
-    }
-    headless::Desk desk;
-    kxGrid& grid = desk.place();
     std::function<Decimal(const Line&)> make = [](const Line& line) { return line.number * 2; };
     std::function<std::string(const Line&)> tell = [](const Line& line) { return line.made.text() + "!"; };
     Sheet<Line> sheet{grid};

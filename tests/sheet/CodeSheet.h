@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "kxVsGrid/headless/Desk.h"
 #include "kxVsGrid/sheet/Sheet.h"
+#include "sheet/SheetDesk.h"
 
 namespace kxVsGrid::testing {
 
@@ -33,7 +33,7 @@ struct GoodsLine {
     friend bool operator==(const GoodsLine&, const GoodsLine&) = default;
 };
 
-class CodeSheet : public ::testing::Test {
+class CodeSheet : public SheetDesk {
   protected:
     enum Column : std::int32_t { Number, Code, Name, Price, Quantity, Unit };
 
@@ -84,16 +84,11 @@ class CodeSheet : public ::testing::Test {
         return {std::move(code), std::move(name), {}, Decimal(price), Decimal(1)};
     }
 
-    std::string text(std::int32_t row, std::int32_t col) { return grid.Grid().Text(row, col); }
     /// Code, name and price.
     std::string shown(std::int32_t row) {
         return text(row, Code) + " " + text(row, Name) + " " + text(row, Price);
     }
     void at(std::int32_t row, std::int32_t col) { grid.Grid().Select(row, col); }
-    void type(std::int32_t row, std::int32_t col, std::string_view typed) {
-        at(row, col);
-        desk.type(typed).press(Key::Enter);
-    }
     void paste(std::int32_t row, std::int32_t col, std::string_view block) {
         at(row, col);
         desk.clipboard(block);
@@ -122,8 +117,6 @@ class CodeSheet : public ::testing::Test {
     void undo() { ASSERT_TRUE(grid.History().Undo()); }
     void redo() { ASSERT_TRUE(grid.History().Redo()); }
 
-    headless::Desk desk;
-    kxGrid& grid = desk.place();
     Sheet<GoodsLine> sheet{grid};
     int followed = 0;
     std::vector<std::string> asked;

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "kxVsGrid/headless/Desk.h"
 #include "kxVsGrid/sheet/Sheet.h"
+#include "sheet/SheetDesk.h"
 
 namespace kxVsGrid::testing {
 
@@ -27,7 +27,7 @@ struct OrderLine {
     friend bool operator==(const OrderLine&, const OrderLine&) = default;
 };
 
-class OrderSheet : public ::testing::Test {
+class OrderSheet : public SheetDesk {
   protected:
     enum Column : std::int32_t { Number, Code, Name, Quantity, Price, Amount, Gift };
 
@@ -60,14 +60,7 @@ class OrderSheet : public ::testing::Test {
         desk.focusGrid();
         return lines;
     }
-    std::string text(std::int32_t row, std::int32_t col) { return grid.Grid().Text(row, col); }
-    void type(std::int32_t row, std::int32_t col, std::string_view typed) {
-        grid.Grid().Select(row, col);
-        desk.type(typed).press(Key::Enter);
-    }
 
-    headless::Desk desk;
-    kxGrid& grid = desk.place();
     Sheet<OrderLine> sheet{grid};
 };
 }  // namespace kxVsGrid::testing

@@ -1,4 +1,5 @@
 // Sheets that come and go, and hosts who take them, their rows or the control away in the middle of something.
+#include <functional>
 #include <memory>
 #include <stdexcept>
 
@@ -8,7 +9,7 @@ namespace kxVsGrid::testing {
 namespace {
 
 /// A sheet that can be taken away.
-struct SheetThatGoes : ::testing::Test {
+struct SheetThatGoes : SheetDesk {
     struct Line {
         std::string name;
         Decimal number;
@@ -33,13 +34,21 @@ struct SheetThatGoes : ::testing::Test {
         desk.focusGrid();
         return made;
     }
-    std::string text(std::int32_t row, std::int32_t col) { return grid.Grid().Text(row, col); }
-    void type(std::int32_t row, std::int32_t col, std::string_view typed) {
-        grid.Grid().Select(row, col);
-        desk.type(typed).press(Key::Enter);
+    /// Loads while somebody listens who takes sheet and control away, once.
+    template <class Listen>
+    void loadUntilGone(Listen listen) {
+        auto sheet = place();
+        bool gone = false;
+        listen([&] {
+            if (gone) return;
+            gone = true;
+            sheet.reset();
+            desk.remove(grid);
+        });
+        Sheet<Line>& loading = *sheet;
+        loading.load(std::vector<Line>{{"c", 3, 0}, {"d", 4, 0}});
+        EXPECT_TRUE(gone);
     }
-    headless::Desk desk;
-    kxGrid& grid = desk.place();
     std::function<void()> computing, ruling;
 };
 
@@ -162,32 +171,18 @@ TEST_F(SheetThatGoes, TheSheetMayGoInTheProgressOfItsLoad) {
 }
 
 TEST_F(SheetThatGoes, TheControlMayGoWhileLinesAreLoaded) {
-    auto sheet = place();
-    bool gone = false;
-    grid.CellChanged.connect([&](std::int32_t, std::int32_t col) {
-        if (gone || col != 2) return;
-        gone = true;
-        sheet.reset();
-        desk.remove(grid);
+    loadUntilGone([this](const std::function<void()>& go) {
+        grid.CellChanged.connect([go](std::int32_t, std::int32_t col) {
+            if (col == 2) go();
+        });
     });
-    Sheet<Line>& loading = *sheet;
-    loading.load(std::vector<Line>{{"c", 3, 0}, {"d", 4, 0}});
-    EXPECT_TRUE(gone);
 }
 
 TEST_F(SheetThatGoes, TheControlMayGoAsTheCurrentCellMovesToTheFirstLine) {
-    auto sheet = place();
-    bool gone = false;
-    grid.Grid().Select(2, 2);
-    grid.RowColChange.connect([&] {
-        if (gone) return;
-        gone = true;
-        sheet.reset();
-        desk.remove(grid);
+    loadUntilGone([this](const std::function<void()>& go) {
+        grid.Grid().Select(2, 2);
+        grid.RowColChange.connect(go);
     });
-    Sheet<Line>& loading = *sheet;
-    loading.load(std::vector<Line>{{"c", 3, 0}, {"d", 4, 0}});
-    EXPECT_TRUE(gone);
 }
 
 TEST_F(SheetThatGoes, ARowMayGoWhileTheSheetWritesWhatItComputed) {
