@@ -10,15 +10,6 @@
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
-namespace {
-
-/// The day that stands for none; what is no date at all was typed, and is not lost.
-bool isDayZero(std::string_view text) {
-    const std::optional<DateTime> date = support::parseDate(text);
-    return date && date->year == 1900 && date->month == 1 && date->day == 1;
-}
-}  // namespace
-
 bool WriteGate::opens(std::int32_t row, std::int32_t col) const {
     return c_.editable() && host::isOpenCell(c_, row, col) && c_.editable();
 }
@@ -61,9 +52,10 @@ std::optional<std::string> WriteGate::stored(std::int32_t col, std::string_view 
     const mEmDataType type = c_.columns.at(col).iType();
     if (type == flexDTDouble) return storedNumber(col, support::trim(text));
     if (type == flexDTString) return std::string(support::trim(text));
-    if (type == flexDTDate && c_.columns.zero(col) == ColumnOptions::Zero::Blank && isDayZero(text))
-        return std::string();
-    return std::string(text);
+    if (type != flexDTDate || c_.columns.zero(col) != ColumnOptions::Zero::Blank) return std::string(text);
+    // What is no date at all was typed, and is not lost.
+    const std::optional<DateTime> date = support::parseDate(text);
+    return date && support::isNoDay(*date) ? std::string() : std::string(text);
 }
 
 std::optional<std::string> WriteGate::storedNumber(std::int32_t col, std::string_view text) const {

@@ -49,11 +49,10 @@ bool isPlainlyADay(std::string_view text) {
     return pair(0) >= 20 && pair(5) >= 1 && pair(5) <= 12 && pair(8) >= 1 && pair(8) <= 28;
 }
 
-/// The day that stands for "no date" in databases that cannot store none.
 bool isNoDate(std::string_view text) {
     if (isPlainlyADay(text)) return false;
     const auto date = support::parseDate(text);
-    return !date || (date->year == 1900 && date->month == 1 && date->day == 1);
+    return !date || support::isNoDay(*date);
 }
 
 bool isZero(const CellGrid& grid, std::int32_t col, std::string_view text) {

@@ -16,6 +16,11 @@ namespace kxVsGrid::support {
 /// alone or a number alone is no date.
 std::optional<DateTime> parseDate(std::string_view text);
 
+/// 1900-01-01, which stands for "no date" in databases that cannot store none.
+inline bool isNoDay(const DateTime& date) {
+    return date.year == 1900 && date.month == 1 && date.day == 1;
+}
+
 /// A day of the years 100 to 9999 with a time that the day has.
 bool isInCalendar(const DateTime&);
 bool isLeapYear(std::int32_t year);
