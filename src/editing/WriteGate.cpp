@@ -10,6 +10,7 @@
 #include "support/Text.h"
 
 namespace kxVsGrid::editing {
+
 bool WriteGate::opens(std::int32_t row, std::int32_t col) const {
     return c_.editable() && host::isOpenCell(c_, row, col) && c_.editable();
 }
