@@ -19,10 +19,23 @@ class OrderGrid : public QObject {
     Q_OBJECT
 
   public:
-    // clang-format off
-    enum Column { RowNumber, Code, Name, Spec, Unit, Quantity, Price, Amount, Warehouse, Delivery, Slot, Gift, Remark,
-                  Entered, ColumnCount };
-    // clang-format on
+    enum Column {
+        RowNumber,
+        Code,
+        Name,
+        Spec,
+        Unit,
+        Quantity,
+        Price,
+        Amount,
+        Warehouse,
+        Delivery,
+        Slot,
+        Gift,
+        Remark,
+        Entered,
+        ColumnCount
+    };
 
     /// The units that the help offers, as a list of constants. Goods may bring others of their own.
     static constexpr const char* Units = "个|百个|件|只|套|台|把|副|盒|箱|桶|卷|根|片|张|米|平方米|千克|吨";
