@@ -11,7 +11,7 @@
 namespace ledger {
 class VoucherSheet {
   public:
-    VoucherSheet(kxVsGrid::kxGrid& grid, VoucherStore& store) : grid_(grid), store_(store), sheet_(grid) {
+    VoucherSheet(kxVsGrid::kxGrid& grid, VoucherStore& store) : store_(store), sheet_(grid) {
         accounts_.name(&Account::name)
             .selectable([](const Account& account) { return account.leaf; }, "只能选用末级科目");
 
@@ -37,6 +37,9 @@ class VoucherSheet {
             "借方或贷方要填一方");
         sheet_.rule("debit", oneSide, "借方和贷方只能填一方");
         sheet_.rule("credit", oneSide, "借方和贷方只能填一方");
+        sheet_.together([this](const std::vector<Entry>&) {
+            return difference() == 0 ? std::string() : "借贷不平，差额 " + difference().text(2);
+        });
     }
 
     void open(const Date& month) {
@@ -54,32 +57,18 @@ class VoucherSheet {
     /// Debits less credits.
     Decimal difference() const { return sheet_.sum("debit") - sheet_.sum("credit"); }
 
-    /// What is being typed becomes part of the voucher. False when it is refused, which the clerk is told.
-    bool commit() { return grid_.ValidTextData(); }
-
     /// Why nothing was saved, for the clerk, who is taken to the place; empty when everything was.
-    std::string save() {
-        if (!commit()) return "正在输入的内容没有通过检查";
-        if (const auto fault = sheet_.firstFault()) {
-            fault->show();
-            return fault->text();
-        }
-        if (difference() != 0) return "借贷不平，差额 " + difference().text(2);
-        try {
-            auto changes = sheet_.changes();
-            store_.save(voucher_, changes);
-            sheet_.accept(changes);
-            return {};
-        } catch (const DatabaseError& error) {
-            return error.what();
-        }
+    std::string save() try {
+        const auto fault = sheet_.save([this](auto& changes) { store_.save(voucher_, changes); });
+        return fault ? fault->text() : std::string();
+    } catch (const DatabaseError& error) {
+        return error.what();
     }
 
     kxVsGrid::Sheet<Entry>& sheet() { return sheet_; }
     const Voucher& voucher() const { return voucher_; }
 
   private:
-    kxVsGrid::kxGrid& grid_;
     VoucherStore& store_;
     Voucher voucher_;
     kxVsGrid::Codes<Account> accounts_{store_.accounts(), &Account::code};

@@ -36,10 +36,9 @@ class VoucherWindow : public QMainWindow {
             setWindowModified(modified);
             save->setEnabled(modified);
         });
-        changed_ = widget_->grid().Changes().After.connect([this](const auto&) { showDifference(); });
+        changed_ = voucher_.sheet().onChanged([this] { showDifference(); });
         connect(widget_, &kxVsGrid::qt::kxGridWidget::handlerFailed, message_, &QLabel::setText);
         voucher_.open(month);
-        showDifference();
         widget_->setFocus();
     }
 
@@ -49,7 +48,7 @@ class VoucherWindow : public QMainWindow {
         return why.empty();
     }
     void copyMonthBefore() {
-        if (!voucher_.commit()) return;
+        if (!voucher_.sheet().commit()) return;
         try {
             message_->setText(voucher_.copyMonthBefore() ? "已复制上月凭证" : "上月没有凭证");
         } catch (const DatabaseError& error) {
@@ -63,7 +62,7 @@ class VoucherWindow : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override {
-        if (!voucher_.commit()) return event->ignore();
+        if (!voucher_.sheet().commit()) return event->ignore();
         if (!voucher_.sheet().modified()) return;
         QMessageBox box(QMessageBox::Question, "记账凭证", "凭证还没有保存。", QMessageBox::NoButton, this);
         const auto* save = box.addButton("保存", QMessageBox::AcceptRole);

@@ -10,8 +10,7 @@
 namespace stock_count {
 class CountSheet {
   public:
-    CountSheet(kxVsGrid::kxGrid& grid, CountStore& store, const Date& today)
-        : grid_(grid), store_(store), sheet_(grid) {
+    CountSheet(kxVsGrid::kxGrid& grid, CountStore& store, const Date& today) : store_(store), sheet_(grid) {
         goods_.name(&Goods::name).also(&Goods::pinyin);
         goods_.field("规格", &Goods::spec, 1300)
             .field("单位", &Goods::unit, 700)
@@ -63,33 +62,20 @@ class CountSheet {
 
     /// False when progress ended it.
     bool load(const kxVsGrid::sheet::Progress& progress = {}) {
-        return sheet_.load(store_.lines(), progress);
+        return sheet_.load(store_.lines(), progress, store_.size());
     }
 
-    /// What is being typed becomes part of the count. False when it is refused, which the clerk is told.
-    bool commit() { return grid_.ValidTextData(); }
-
     /// Why nothing was saved, for the clerk, who is taken to the place; empty when everything was.
-    std::string save() {
-        if (!commit()) return "正在输入的内容没有通过检查";
-        if (const auto fault = sheet_.firstFault()) {
-            fault->show();
-            return fault->text();
-        }
-        try {
-            auto changes = sheet_.changes();
-            store_.save(changes);
-            sheet_.accept(changes);
-            return {};
-        } catch (const DatabaseError& error) {
-            return error.what();
-        }
+    std::string save() try {
+        const auto fault = sheet_.save([this](auto& changes) { store_.save(changes); });
+        return fault ? fault->text() : std::string();
+    } catch (const DatabaseError& error) {
+        return error.what();
     }
 
     kxVsGrid::Sheet<CountLine>& sheet() { return sheet_; }
 
   private:
-    kxVsGrid::kxGrid& grid_;
     CountStore& store_;
     kxVsGrid::Codes<Goods> goods_{store_.goods(), &Goods::code};
     kxVsGrid::Sheet<CountLine> sheet_;

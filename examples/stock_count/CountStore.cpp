@@ -1,6 +1,7 @@
 #include "CountStore.h"
 
 #include <array>
+#include <memory>
 
 namespace stock_count {
 namespace {
@@ -53,6 +54,25 @@ void writeSamples(Sqlite& database, int goods, int lines) {
     }
 }
 
+CountLine lineOf(QSqlQuery& query) {
+    const SqliteRow row(query);
+    CountLine line;
+    line.id = row.whole(0);
+    line.version = row.whole(1);
+    line.goods = row.text(2);
+    line.name = row.text(3);
+    line.spec = row.text(4);
+    line.unit = row.text(5);
+    line.bin = row.text(6);
+    line.batch = row.text(7);
+    line.book = row.decimal(8, 3);
+    line.counted = row.decimalOrNone(9, 3);
+    line.price = row.decimal(10, 2);
+    line.countedOn = row.date(11);
+    line.remark = row.text(12);
+    return line;
+}
+
 QVariantList valuesOf(const CountLine& line) {
     return {sql(line.goods),      sql(line.bin),      sql(line.batch),     sql(line.book, 3),
             sql(line.counted, 3), sql(line.price, 2), sql(line.countedOn), sql(line.remark)};
@@ -72,31 +92,18 @@ std::vector<Goods> CountStore::goods() {
     return all;
 }
 
-CountLines CountStore::lines() {
-    return {
-        database_.run("SELECT l.id, l.version, l.goods, g.name, g.spec, g.unit, l.bin, l.batch, l.book_milli,"
-                      " l.counted_milli, l.price_cents, l.counted_on, l.remark"
-                      " FROM count_line l JOIN goods g ON g.code = l.goods ORDER BY l.id"),
-        static_cast<std::size_t>(database_.number("SELECT count(*) FROM count_line"))};
+std::function<std::optional<CountLine>()> CountStore::lines() {
+    QSqlQuery query = database_.run(
+        "SELECT l.id, l.version, l.goods, g.name, g.spec, g.unit, l.bin, l.batch, l.book_milli,"
+        " l.counted_milli, l.price_cents, l.counted_on, l.remark"
+        " FROM count_line l JOIN goods g ON g.code = l.goods ORDER BY l.id");
+    return [query = std::make_shared<QSqlQuery>(std::move(query))] {
+        return next(*query) ? std::optional(lineOf(*query)) : std::nullopt;
+    };
 }
 
-CountLine CountLines::Iterator::operator*() const {
-    const SqliteRow row(*query_);
-    CountLine line;
-    line.id = row.whole(0);
-    line.version = row.whole(1);
-    line.goods = row.text(2);
-    line.name = row.text(3);
-    line.spec = row.text(4);
-    line.unit = row.text(5);
-    line.bin = row.text(6);
-    line.batch = row.text(7);
-    line.book = row.decimal(8, 3);
-    line.counted = row.decimalOrNone(9, 3);
-    line.price = row.decimal(10, 2);
-    line.countedOn = row.date(11);
-    line.remark = row.text(12);
-    return line;
+std::size_t CountStore::size() {
+    return static_cast<std::size_t>(database_.number("SELECT count(*) FROM count_line"));
 }
 
 void CountStore::save(kxVsGrid::RecordChanges<CountLine>& changes) {

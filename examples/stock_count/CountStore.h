@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <iterator>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,34 +33,6 @@ struct CountLine {
     friend bool operator==(const CountLine&, const CountLine&) = default;
 };
 
-/// The lines of the count, each read when its turn comes.
-class CountLines {
-  public:
-    class Iterator {
-      public:
-        explicit Iterator(QSqlQuery& query) : query_(&query), more_(next(query)) {}
-        CountLine operator*() const;
-        Iterator& operator++() {
-            more_ = next(*query_);
-            return *this;
-        }
-        bool operator!=(std::default_sentinel_t) const { return more_; }
-
-      private:
-        QSqlQuery* query_;
-        bool more_;
-    };
-
-    CountLines(QSqlQuery query, std::size_t size) : query_(std::move(query)), size_(size) {}
-    std::size_t size() const { return size_; }
-    Iterator begin() const { return Iterator(query_); }
-    std::default_sentinel_t end() const { return {}; }
-
-  private:
-    mutable QSqlQuery query_;
-    std::size_t size_;
-};
-
 class CountStore {
   public:
     static constexpr int SampleGoods = 50'000;
@@ -70,7 +42,9 @@ class CountStore {
     explicit CountStore(const QString& file, int goods = SampleGoods, int lines = SampleLines);
 
     std::vector<Goods> goods();
-    CountLines lines();
+    /// Answers the lines one by one, each read when its turn comes.
+    std::function<std::optional<CountLine>()> lines();
+    std::size_t size();
     /// All of it or nothing; writes ids and versions into the changes.
     void save(kxVsGrid::RecordChanges<CountLine>& changes);
 

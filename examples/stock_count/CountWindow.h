@@ -64,7 +64,7 @@ class CountWindow : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override {
-        if (!count_.commit()) return event->ignore();
+        if (!count_.sheet().commit()) return event->ignore();
         if (!count_.sheet().modified()) return;
         QMessageBox box(QMessageBox::Question, "库存盘点", "盘点结果还没有保存。", QMessageBox::NoButton,
                         this);

@@ -9,6 +9,7 @@
 
 #include "clerk/Filters.h"
 #include "clerk/PassedRows.h"
+#include "kxVsGrid/support/Decimal.h"
 #include "rows/PairWrite.h"
 #include "rows/RowsInUse.h"
 #include "support/Dates.h"
@@ -175,7 +176,39 @@ void Fills::dateSeries(const std::string& above, const std::string& text) {
     writeDates(*date, [step](const DateTime& from) { return support::addDays(from, step); });
 }
 
+/// In an exact column to the last digit; it ends where a number would have more than a decimal can. False where the
+/// cells hold other numbers than decimals.
+bool Fills::exactSeries() {
+    const std::int32_t col = c_.grid.Col();
+    const std::shared_ptr<const ColumnOptions> rules = c_.columns.rules(col);
+    if (!rules || !rules->exact()) return false;
+    const auto decimalAt = [&](std::int32_t row) {
+        const std::string text = c_.grid.Text(row, col);
+        return text.empty() ? std::optional(Decimal(0)) : Decimal::read(text);
+    };
+    std::optional<Decimal> value = decimalAt(c_.grid.Row());
+    const std::int32_t above = rowAbove(c_.grid.Row());
+    const std::optional<Decimal> before = above < 0 ? value : decimalAt(above);
+    if (!value || !before) return false;
+    Decimal step = 1;
+    try {
+        if (*value != *before) step = *value - *before;
+    } catch (const DecimalError&) {
+        return false;
+    }
+    writeBelow([&]() -> std::optional<TextAndTag> {
+        try {
+            *value += step;
+        } catch (const DecimalError&) {
+            return std::nullopt;
+        }
+        return TextAndTag{value->text(), "-1"};
+    });
+    return true;
+}
+
 void Fills::numberSeries() {
+    if (exactSeries()) return;
     const std::int32_t row = c_.grid.Row();
     const std::int32_t col = c_.grid.Col();
     double value = c_.grid.CellNumber(row, col);

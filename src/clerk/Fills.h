@@ -49,6 +49,7 @@ class Fills {
     void series(const std::string& text);
     void dateSeries(const std::string& above, const std::string& text);
     void numberSeries();
+    bool exactSeries();
     /// NoEnd where a fill goes on into rows that the host appends meanwhile.
     std::int32_t lastRow(std::int32_t first) const;
     std::string copiedText(std::int32_t row, std::int32_t col, const std::string& shown) const;

@@ -41,9 +41,7 @@ struct SheetBody::Loading::Texts {
     std::vector<Column> columns;
     std::vector<KeptRecord> records;
     std::vector<std::pair<std::int32_t, Computing::Failure>> failures;  ///< by line
-    std::int64_t numbered = 0;
-
-    std::vector<RowId> rows;  ///< where the lines stand
+    std::vector<RowId> rows;                                            ///< where the lines stand
 
     void place();
     void put(std::int32_t first) const {
@@ -56,7 +54,7 @@ struct SheetBody::Loading::Texts {
 SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress) : texts_(nullptr) {
     if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
     texts_.reset(new Texts{
-        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}, 0, {}});
+        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}, {}});
     texts_->columns.resize(body.impl_->context.plans.size());
     for (Column& column : texts_->columns) column.ends.reserve(total);
     texts_->records.reserve(total);
@@ -64,16 +62,16 @@ SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progres
 
 SheetBody::Loading::~Loading() = default;
 
+bool SheetBody::Loading::goesOn() const {
+    const bool goesOn = !texts_->progress || texts_->progress(texts_->records.size(), texts_->total);
+    return goesOn && !texts_->body->context.gone;  // destroyed by it
+}
+
 bool SheetBody::Loading::add(AnyRecord record) {
+    if (texts_->records.size() % Slice == 0 && !goesOn()) return false;
     const Impl& body = *texts_->body;
-    if (texts_->progress && texts_->records.size() % Slice == 0 &&
-        !texts_->progress(texts_->records.size(), texts_->total))
-        return false;
-    if (body.context.gone) return false;  // destroyed by it
     for (Computing::Failure& failure : body.computing.fill(record.get()))
         texts_->failures.emplace_back(static_cast<std::int32_t>(texts_->records.size()), std::move(failure));
-    if (body.context.position && body.lines.isInUse(record.get()))
-        body.context.position->put(record.get(), ++texts_->numbered);
     for (std::size_t i = 0; i < texts_->columns.size(); ++i)
         texts_->columns[i].add(body.lines.text(record.get(), static_cast<std::int32_t>(i)));
     texts_->records.push_back(std::move(record));
@@ -104,23 +102,27 @@ void SheetBody::Loading::Texts::place() {
     for (const auto& [line, failure] : failures) body->computing.mark(first + line, failure);
 }
 
-void SheetBody::Loading::finish() {
+bool SheetBody::Loading::finish() {
     const std::shared_ptr<Impl> body = texts_->body;
-    if (body->context.gone) return;
-    const support::FlagSpan loading(body->loading);
-    body->layOut();
-    try {
-        texts_->place();
-    } catch (...) {
-        if (body->context.gone) throw;
-        // Half of the lines would be saved as all there are.
-        body->context.grid.Clear();
-        body->context.grid.ReDraw(true);
-        body->saved.begin(body->lines, {}, {});
-        throw;
+    texts_->total = texts_->records.size();
+    if (body->context.gone || !goesOn()) return false;
+    {
+        const support::FlagSpan loading(body->loading);
+        body->layOut();
+        try {
+            texts_->place();
+        } catch (...) {
+            if (body->context.gone) throw;
+            // Half of the lines would be saved as all there are.
+            body->context.grid.Clear();
+            body->context.grid.ReDraw(true);
+            body->saved.begin(body->lines, {}, {});
+            throw;
+        }
+        if (body->context.gone) return true;
+        body->saved.begin(body->lines, texts_->rows, std::move(texts_->records));
     }
-    if (body->context.gone) return;
-    body->saved.begin(body->lines, texts_->rows, std::move(texts_->records));
-    body->tellModified();
+    body->loaded(texts_->rows.empty());
+    return true;
 }
 }  // namespace kxVsGrid::sheet

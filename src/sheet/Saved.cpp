@@ -84,7 +84,8 @@ std::optional<AnyChange> Saved::changeOf(const Lines& lines, RowId id) const {
     return changed(id, now);
 }
 
-/// Every line has a number, so all of them are looked at.
+/// Every line has a number, so all of them are looked at. Lines that were loaded with other numbers than their places
+/// get these with the next save.
 std::vector<AnyChange> Saved::numberedChanges(const Lines& lines) const {
     std::vector<RowId> ids(static_cast<std::size_t>(c_.endRow() - c_.firstRow()));
     c_.cells().IdsOf(c_.firstRow(), ids);
@@ -127,7 +128,7 @@ void Saved::keepOrder() {
 }
 
 std::vector<AnyChange> Saved::changes(const Lines& lines) const {
-    if (c_.position) return numberedChanges(lines);
+    if (c_.position) return differs(lines) ? numberedChanges(lines) : std::vector<AnyChange>();
     std::vector<AnyChange> changes;
     for (const RowId id : touched())
         if (auto change = changeOf(lines, id)) changes.push_back(std::move(*change));

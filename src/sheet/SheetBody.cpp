@@ -62,19 +62,27 @@ void SheetBody::leastRows(std::int32_t rows) {
     impl_->context.leastRows = rows;
 }
 
+void SheetBody::together(std::function<std::string(const std::vector<KeptRecord>&)> why) {
+    impl_->context.together = std::move(why);
+}
+
 void SheetBody::inUse(std::function<bool(const void*)> says) {
+    impl_->requireOpen("inUse");
     impl_->context.inUse = std::move(says);
 }
 
 void SheetBody::identity(Identity identity) {
+    impl_->requireOpen("identity");
     impl_->context.identity = std::move(identity);
 }
 
 void SheetBody::version(Identity version) {
+    impl_->requireOpen("version");
     impl_->context.version = std::move(version);
 }
 
 void SheetBody::position(Position position) {
+    impl_->requireOpen("position");
     impl_->context.position = std::move(position);
 }
 
@@ -154,7 +162,9 @@ void SheetBody::recompute() {
          ++row)
         impl->computing.settle(row);
     step.close();
-    impl->tellModified();  // also of what was written outside of steps
+    // Also of what was written outside of steps.
+    impl->tellModified();
+    if (!impl->context.gone) impl->changedTold();
 }
 
 Decimal SheetBody::sum(std::string_view name) const {
@@ -210,6 +220,37 @@ void SheetBody::saved(std::vector<KeptRecord> records) {
 
 Connection SheetBody::onModified(std::function<void(bool)> told) {
     return impl_->modifiedTold.connect(std::move(told));
+}
+
+Connection SheetBody::onChanged(std::function<void()> told) {
+    return impl_->changedTold.connect(std::move(told));
+}
+
+bool SheetBody::commit() {
+    const std::shared_ptr<Impl> impl = impl_;
+    return impl->context.grid.ValidTextData();
+}
+
+std::optional<Fault> SheetBody::hindrance() {
+    const std::shared_ptr<Impl> impl = impl_;
+    const SheetContext& context = impl->context;
+    if (!commit()) {
+        Fault typing;
+        if (context.gone) return typing;
+        typing.row = context.grid.Row();
+        typing.col = context.grid.Col();
+        typing.reason = "正在输入的内容没有通过检查";
+        return typing;
+    }
+    if (auto fault = firstFault()) {
+        fault->show();
+        return fault;
+    }
+    if (!impl->laidOut || !context.together) return std::nullopt;
+    Fault all;
+    all.row = all.col = -1;
+    all.reason = context.together(records());
+    return all.reason.empty() ? std::nullopt : std::optional(all);
 }
 
 // --- What is wrong

@@ -27,6 +27,7 @@ struct SheetContext {
     std::function<void(void*, const Edited&)> edited = {};
     std::function<std::string(const Fault&)> wording = {};
     std::function<bool(const std::vector<std::int32_t>&)> mayDelete = {};
+    std::function<std::string(const std::vector<KeptRecord>&)> together = {};
     Unreadable unreadable = Unreadable::Refused;
     std::int32_t leastRows = 5;
     bool gone =

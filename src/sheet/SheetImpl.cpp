@@ -220,7 +220,31 @@ void SheetBody::Impl::settled(const StepChanges& step) {
     if (!faultMarks.empty() && context.whole())
         fault.during([&] { eachRow(step, [&](std::int32_t row) { faultMarks.judge(row); }); });
     fault.during([&] { tellModified(); });
+    fault.during([&] {
+        if (!context.gone) changedTold();
+    });
     fault.raise();
+}
+
+void SheetBody::Impl::loaded(bool none) {
+    tellModified();
+    if (none) presetFirstRow();
+    if (!context.gone) changedTold();
+}
+
+/// The clerk is there already, and comes to the others only.
+void SheetBody::Impl::presetFirstRow() {
+    if (context.gone || !context.grid.Editable()) return;
+    const UnrecordedSpan unrecorded = context.grid.Unrecorded();
+    ChangeStep step = context.grid.Step("默认值");
+    const std::int32_t row = context.firstRow();
+    for (std::int32_t column = 0; column < context.count() && row < context.endRow(); ++column) {
+        const std::string preset = context.plan(column).preset;
+        const std::int32_t col = context.gridCol(column);
+        if (!preset.empty() && context.cells().Text(row, col).empty())
+            context.grid.SetCell(row, col, preset, preset);
+    }
+    step.close();
 }
 
 void SheetBody::Impl::tellModified() {

@@ -28,6 +28,9 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     void settle(const StepChanges& step);
     void settled(const StepChanges& step);
     void tellModified();
+    /// Lines have taken the place of others.
+    void loaded(bool none);
+    void presetFirstRow();
     /// Does something with each of the step's rows that are there when it is their turn, and with the others also
     /// where one of them throws.
     void eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work);
@@ -56,6 +59,7 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     FaultMarks faultMarks{context, faults};
     Deleting deleting{context};
     Event<bool> modifiedTold;
+    Event<> changedTold;
     bool modified = false;  ///< as it was told last
     bool laidOut = false;
     bool loading = false;  ///< lines are being put into the grid

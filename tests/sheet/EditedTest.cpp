@@ -205,7 +205,7 @@ TEST_F(KeyedSheet, AnotherPresetGoesToRowsThatAreNoLinesAndHoldTheOneOfBefore) {
     EXPECT_EQ(cell(3, Place), "一仓") << "a line";
     at(5, Code);
     EXPECT_EQ(cell(5, Place), "二仓");
-    EXPECT_EQ(cell(1, Place), "") << "nobody has come there";
+    EXPECT_EQ(cell(1, Place), "二仓") << "where the clerk begins";
 }
 
 TEST_F(KeyedSheet, AHostSaysHowManyRowsThereAreAtLeast) {

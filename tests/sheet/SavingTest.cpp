@@ -413,9 +413,17 @@ TEST_F(NumberedSheet, RowsThatAreNoLinesAreNotCounted) {
     EXPECT_EQ(changes.added[0].record.number, 2);
 }
 
-TEST_F(NumberedSheet, LinesLoadedWithOtherNumbersHaveChangedOrCountAsLoaded) {
+TEST_F(NumberedSheet, LinesLoadedWithOtherNumbersCountAsLoadedAndKeepTheseUntilTheNextSave) {
     sheet.load(std::vector<NumberedSheet::Line>{{11, 5, "a"}, {12, 9, "b"}});
+    EXPECT_FALSE(sheet.modified());
     EXPECT_EQ(sheet.modified(), !sheet.changes().empty());
+    EXPECT_EQ(sheet.record(1).number, 5);
+    EXPECT_EQ(sheet.record(2).number, 9);
+    grid.Grid().Select(1, 1);
+    desk.type("A").press(Key::Enter);
+    const auto changes = sheet.changes();
+    EXPECT_EQ(changes.changed.size(), 2u);
+    sheet.accept(changes);
     EXPECT_EQ(sheet.record(1).number, 1);
     EXPECT_EQ(sheet.record(2).number, 2);
 }

@@ -23,12 +23,12 @@ enum class FaultKind {
 };
 
 struct Fault {
-    std::int32_t row = 0;  ///< zero-based, in the grid
+    std::int32_t row = 0;  ///< zero-based, in the grid; -1, as the column, where no single cell is wrong
     std::int32_t col = 0;
-    std::string where;   ///< for the clerk: 第 3 行的数量
+    std::string where;   ///< for the clerk: 第 3 行的数量; empty where no place has to be named
     std::string reason;  ///< for the clerk, without the place
 
-    std::string text() const { return where + "：" + reason; }
+    std::string text() const { return where.empty() ? reason : where + "：" + reason; }
     /// Makes the cell the current one, and brings it into view. Nothing where the sheet has gone.
     void show() const {
         if (go) go();

@@ -155,7 +155,8 @@ class Sheet {
         body_.version(identified(member));
         return *this;
     }
-    /// The member that numbers the lines, from 1: with it a line that stands elsewhere has changed.
+    /// The member that numbers the lines, from 1: with it a line that stands elsewhere has changed. Lines that were
+    /// loaded with other numbers are not modified by that, and are among the changes of the next save.
     template <class T>
     Sheet& position(T Record::*member) {
         body_.position(
@@ -166,16 +167,38 @@ class Sheet {
         return *this;
     }
 
+    /// What all lines have to keep together, debit and credit of a voucher for instance: answers why they do not,
+    /// nothing where they do. save() asks it when no single cell is wrong.
+    Sheet& together(std::function<std::string(const std::vector<Record>&)> why) {
+        body_.together([why = std::move(why)](const std::vector<sheet::KeptRecord>& kept) {
+            std::vector<Record> lines;
+            lines.reserve(kept.size());
+            for (const sheet::KeptRecord& line : kept) lines.push_back(as(line.get()));
+            return why(lines);
+        });
+        return *this;
+    }
+
     /// The lines of a range become the sheet's, and there is nothing to save or undo any more. Progress is asked now
-    /// and then, and ends it by False. When that happens, or the range throws, everything is as it was, what is being
-    /// typed and what can be undone too. False when it was ended.
+    /// and then, and once when all lines are read; it ends it by False. When that happens, or the range throws,
+    /// everything is as it was, what is being typed and what can be undone too. False when it was ended.
     template <class Lines>
-    bool load(const Lines& lines, sheet::Progress progress = {}) {
+    requires(!std::is_invocable_v<Lines&>) bool load(const Lines& lines, sheet::Progress progress = {}) {
         sheet::SheetBody::Loading loading(body_, sizeOf(lines), std::move(progress));
         for (const auto& line : lines)
             if (!loading.add(std::make_shared<Record>(line))) return false;
-        loading.finish();
-        return true;
+        return loading.finish();
+    }
+    /// The same for lines that a function answers one by one, a query's for instance, until it answers none. `total` is
+    /// what progress is told of their number.
+    template <class Next>
+    requires std::is_invocable_r_v<std::optional<Record>, Next&> bool load(Next next,
+                                                                           sheet::Progress progress = {},
+                                                                           std::size_t total = 0) {
+        sheet::SheetBody::Loading loading(body_, total, std::move(progress));
+        while (std::optional<Record> line = next())
+            if (!loading.add(std::make_shared<Record>(*std::move(line)))) return false;
+        return loading.finish();
     }
 
     /// The record of a row, zero-based. UnreadableCell where a text is no value of its column.
@@ -249,6 +272,20 @@ class Sheet {
         for (const auto& line : changes.removed) all.push_back({line.row, kept(line.before), nullptr});
         body_.accept(all);
     }
+    /// Takes over what is being typed. False when it is refused, which the clerk has been told.
+    bool commit() { return body_.commit(); }
+    /// Takes over what is being typed, looks for faults, has `write` save the changes, and accepts them: `write` gets them
+    /// as RecordChanges<Record>&, which may be empty, and puts the new ids and versions in. What it throws comes through,
+    /// and everything is still to be saved. Answers what kept it from saving, if anything did; the clerk has been taken
+    /// to the cell.
+    template <class Write>
+    std::optional<Fault> save(Write write) {
+        if (auto hindrance = body_.hindrance()) return hindrance;
+        RecordChanges<Record> changes = this->changes();
+        write(changes);
+        accept(changes);
+        return std::nullopt;
+    }
     /// There is something to save.
     bool modified() const { return body_.modified(); }
     /// Lines that were loaded or saved stand in another order than they did then. Not known to changes() without
@@ -263,6 +300,9 @@ class Sheet {
     }
     /// Told when modified() has become another one, at the end of a step.
     Connection onModified(std::function<void(bool)> told) { return body_.onModified(std::move(told)); }
+    /// Told at the end of each step that may have changed lines, and after each load: for sums and other answers about
+    /// all lines.
+    Connection onChanged(std::function<void()> told) { return body_.onChanged(std::move(told)); }
 
     // --- What is wrong
     /// The first cell that is not as it has to be, row by row. Moves nothing and asks the clerk nothing. Codes are looked

@@ -84,6 +84,7 @@ class SheetBody {
     void mayDelete(std::function<bool(const std::vector<std::int32_t>&)> asks);
     void unreadable(Unreadable how);
     void leastRows(std::int32_t rows);
+    void together(std::function<std::string(const std::vector<KeptRecord>&)> why);
 
     // --- Loading
     /// Texts of records, until they become the grid's at once.
@@ -95,9 +96,12 @@ class SheetBody {
         Loading& operator=(const Loading&) = delete;
         /// False: cancelled.
         bool add(AnyRecord record);
-        void finish();
+        /// The same; the last look at the progress comes before anything is touched.
+        bool finish();
 
       private:
+        bool goesOn() const;
+
         struct Texts;
         std::unique_ptr<Texts> texts_;
     };
@@ -121,6 +125,10 @@ class SheetBody {
     bool moved() const;
     void saved(std::vector<KeptRecord> records);
     Connection onModified(std::function<void(bool)> told);
+    Connection onChanged(std::function<void()> told);
+    bool commit();
+    /// Why the lines cannot be saved as they stand; the clerk has been taken to the place.
+    std::optional<Fault> hindrance();
 
     // --- What is wrong
     std::optional<Fault> firstFault() const;

@@ -42,7 +42,7 @@ class ColumnBuilder {
     Column& limit(std::int16_t characters) { return put(plan_.limit, characters); }
     /// An empty cell (a 0 where the member is not optional) of a line is a fault.
     Column& required() { return put(plan_.required, true); }
-    /// What rows get that the clerk comes to: all but the first one, where a sheet begins.
+    /// What rows get that the clerk comes to.
     Column& preset(const T& value) {
         plan_.preset.clear();
         FieldText<T>::append(plan_.preset, value);

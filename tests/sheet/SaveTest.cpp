@@ -1,0 +1,252 @@
+// Saving in one call, what all lines keep together, live answers about the lines, and lines that a function reads.
+#include <stdexcept>
+
+#include "sheet/OrderSheet.h"
+
+namespace kxVsGrid::testing {
+namespace {
+
+class SheetSave : public OrderSheet {
+  protected:
+    using Changes = RecordChanges<OrderLine>;
+
+    std::optional<Fault> save() {
+        return sheet.save([this](Changes& changes) {
+            ++written;
+            last = changes;
+            for (auto& line : changes.added) line.record.id = 100 + written;
+            for (auto& line : changes.changed) ++line.after.version;
+        });
+    }
+    int written = 0;
+    Changes last;
+};
+
+TEST_F(SheetSave, TakesOverWhatIsBeingTypedWritesAndAccepts) {
+    loaded();
+    grid.Grid().Select(2, Price);
+    desk.type("9");
+    ASSERT_TRUE(desk.editor().visible);
+    EXPECT_FALSE(save());
+    EXPECT_FALSE(desk.editor().visible);
+    ASSERT_EQ(last.changed.size(), 1u);
+    EXPECT_EQ(last.changed[0].after.price, 9);
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_EQ(sheet.record(2).version, 2);
+}
+
+TEST_F(SheetSave, WhatIsRefusedWhileTypedIsNamedWithItsCellAndNothingIsWritten) {
+    loaded();
+    sheet.rule(
+        "price", [](const OrderLine& line) { return line.price < 100; }, "单价太高");
+    grid.Grid().Select(2, Price);
+    desk.type("500");
+    const auto why = save();
+    ASSERT_TRUE(why);
+    EXPECT_EQ(why->row, 2);
+    EXPECT_EQ(why->col, Price);
+    EXPECT_EQ(why->text(), "正在输入的内容没有通过检查");
+    EXPECT_EQ(written, 0);
+    EXPECT_TRUE(desk.editor().visible);
+    EXPECT_EQ(desk.editor().text, "500");
+}
+
+TEST_F(SheetSave, TheFirstFaultIsGoneToAndNothingIsWritten) {
+    loaded();
+    sheet.expects(
+        "quantity", [](const OrderLine& line) { return line.quantity.has_value(); }, "没有数量");
+    type(1, Price, "7");
+    const auto why = save();
+    ASSERT_TRUE(why);
+    EXPECT_EQ(why->text(), "第 2 行的数量：没有数量");
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(grid.Col(), Quantity);
+    EXPECT_EQ(written, 0);
+    EXPECT_TRUE(sheet.modified());
+}
+
+TEST_F(SheetSave, WhatTheLinesHaveToKeepTogetherIsAskedWhenEveryCellIsRight) {
+    loaded();
+    std::size_t asked = 0;
+    sheet.together([&](const std::vector<OrderLine>& lines) {
+        asked = lines.size();
+        return sheet.sum("quantity") == 2 ? std::string() : "合计不是 2";
+    });
+    type(1, Quantity, "3");
+    auto why = save();
+    ASSERT_TRUE(why);
+    EXPECT_EQ(asked, 3u);
+    EXPECT_EQ(why->text(), "合计不是 2");
+    EXPECT_EQ(why->row, -1);
+    EXPECT_EQ(written, 0);
+    why->show();
+    type(1, Quantity, "2");
+    EXPECT_FALSE(save());
+    EXPECT_EQ(written, 1);
+}
+
+TEST_F(SheetSave, WhatFailsToBeWrittenIsStillToBeSaved) {
+    loaded();
+    type(1, Price, "7");
+    EXPECT_THROW(sheet.save([](Changes&) { throw std::runtime_error("the server has gone"); }),
+                 std::runtime_error);
+    EXPECT_TRUE(sheet.modified());
+    EXPECT_EQ(sheet.changes().changed.size(), 1u);
+    EXPECT_FALSE(save());
+    EXPECT_FALSE(sheet.modified());
+}
+
+TEST_F(SheetSave, IsCalledWithNoChangesWhereNothingIsModified) {
+    loaded();
+    EXPECT_FALSE(save());
+    EXPECT_EQ(written, 1);
+    EXPECT_TRUE(last.empty());
+}
+
+TEST_F(SheetSave, CommitTellsWhetherTheEditorCouldBeClosed) {
+    loaded();
+    sheet.rule(
+        "price", [](const OrderLine& line) { return line.price < 100; }, "单价太高");
+    EXPECT_TRUE(sheet.commit());
+    grid.Grid().Select(2, Price);
+    desk.type("500");
+    EXPECT_FALSE(sheet.commit());
+    desk.press(Key::Escape);
+    EXPECT_TRUE(sheet.commit());
+}
+
+using SheetChanged = OrderSheet;
+
+TEST_F(SheetChanged, IsToldOnceForEachStepWithEverythingThatFollowsAndForEachLoad) {
+    int told = 0;
+    Decimal total;
+    const ScopedConnection heard = sheet.onChanged([&] {
+        ++told;
+        total = sheet.sum("amount");
+    });
+    loaded();
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(total, 3);
+    type(1, Price, "7");
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(total, 14);
+    grid.History().Undo();
+    EXPECT_EQ(told, 3);
+    EXPECT_EQ(total, 3);
+    grid.Grid().Select(2, Price);
+    EXPECT_EQ(told, 3);
+}
+
+TEST_F(SheetChanged, AListenerMayDestroyTheSheetAndIsNotToldAgain) {
+    headless::Desk other;
+    kxGrid& second = other.place();
+    auto dying = std::make_unique<Sheet<OrderLine>>(second);
+    dying->text("code", "货号", &OrderLine::code);
+    int told = 0;
+    const ScopedConnection heard = dying->onChanged([&] {
+        ++told;
+        dying.reset();
+    });
+    dying->load(std::vector<OrderLine>{});
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(dying);
+    second.SetCell(1, 1, "x");
+    EXPECT_EQ(told, 1);
+}
+
+using SheetLoadingEach = OrderSheet;
+
+TEST_F(SheetLoadingEach, LinesMayComeFromAFunctionUntilItAnswersNone) {
+    const std::vector<OrderLine> lines = {line(11, "A1", "2", "1.5"), line(12, "B2", "", "4")};
+    std::size_t next = 0, told = 0;
+    EXPECT_TRUE(sheet.load([&] { return next < lines.size() ? std::optional(lines[next++]) : std::nullopt; },
+                           [&](std::size_t, std::size_t total) {
+                               told = total;
+                               return true;
+                           },
+                           2));
+    EXPECT_EQ(told, 2u);
+    EXPECT_EQ(sheet.records(), lines);
+    EXPECT_FALSE(sheet.modified());
+}
+
+TEST_F(SheetLoadingEach, TheLastLookAtTheProgressCanStillEndIt) {
+    const auto lines = loaded();
+    EXPECT_FALSE(sheet.load(std::vector<OrderLine>(7, line(1, "x", "1", "1")),
+                            [](std::size_t done, std::size_t total) { return done < total; }));
+    EXPECT_EQ(sheet.records(), lines);
+}
+
+struct Numbered {
+    std::int64_t id = 0;
+    int number = 0;
+    std::string name;
+    friend bool operator==(const Numbered&, const Numbered&) = default;
+};
+
+class GappedSheet : public SheetDesk {
+  protected:
+    GappedSheet() {
+        sheet.identity(&Numbered::id).position(&Numbered::number);
+        sheet.text("name", "名称", &Numbered::name);
+        sheet.load(std::vector<Numbered>{{11, 1, "a"}, {12, 2, "b"}, {13, 4, "c"}});
+        desk.focusGrid();
+    }
+    Sheet<Numbered> sheet{grid};
+};
+
+TEST_F(GappedSheet, LinesLoadedWithGapsAreNotModified) {
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_EQ(sheet.records()[2].number, 3);
+}
+
+TEST_F(GappedSheet, NoTwoLinesHaveOneNumberAfterALineWasAddedBehindTheGap) {
+    type(4, 1, "d");
+    const auto changes = sheet.changes();
+    ASSERT_EQ(changes.added.size(), 1u);
+    EXPECT_EQ(changes.added[0].record.number, 4);
+    ASSERT_EQ(changes.changed.size(), 1u);
+    EXPECT_EQ(changes.changed[0].before, (Numbered{13, 4, "c"}));
+    EXPECT_EQ(changes.changed[0].after, (Numbered{13, 3, "c"}));
+}
+
+TEST_F(GappedSheet, LoadedInAnotherOrderThanTheirNumbersLinesAreNotModified) {
+    sheet.load(std::vector<Numbered>{{12, 2, "b"}, {11, 1, "a"}});
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_FALSE(sheet.moved());
+    EXPECT_TRUE(sheet.changes().empty());
+    type(1, 1, "B");
+    EXPECT_EQ(sheet.changes().changed.size(), 2u);
+}
+
+TEST_F(GappedSheet, WhatALineIsKnownByIsSaidBeforeTheFirstLoad) {
+    EXPECT_THROW(sheet.position(&Numbered::number), GridError);
+    EXPECT_THROW(sheet.identity(&Numbered::id), GridError);
+    EXPECT_THROW(sheet.inUse([](const Numbered&) { return true; }), GridError);
+}
+
+struct Preset {
+    std::string name, unit;
+    friend bool operator==(const Preset&, const Preset&) = default;
+};
+
+TEST(PresetSheet, TheFirstRowOfAnEmptySheetHasThePresetsTooAndIsNoLine) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    Sheet<Preset> sheet(grid);
+    sheet.text("name", "名称", &Preset::name);
+    sheet.text("unit", "单位", &Preset::unit).preset("袋");
+    sheet.load(std::vector<Preset>{});
+    EXPECT_EQ(grid.Grid().Text(1, 2), "袋");
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_FALSE(grid.History().CanUndo());
+    EXPECT_TRUE(sheet.records().empty());
+    desk.focusGrid();
+    desk.type("a").press(Key::Enter);
+    EXPECT_EQ(sheet.records(), (std::vector<Preset>{{"a", "袋"}}));
+    sheet.load(std::vector<Preset>{{"b", ""}});
+    EXPECT_EQ(grid.Grid().Text(1, 2), "");
+    EXPECT_FALSE(sheet.modified());
+}
+}  // namespace
+}  // namespace kxVsGrid::testing
