@@ -129,6 +129,17 @@ TEST_F(NumberSeries, KeepsTheDigitsOfItsTextsWhereLargeNumbersGiveWayToSmallOnes
     EXPECT_EQ(series({"1000000", "0.000001"})[0], "-999999.999998");
 }
 
+TEST_F(NumberSeries, KeepsEveryDigitInAnExactColumnAndEndsWhereADecimalDoes) {
+    grid.Options(Col).exact(true);
+    EXPECT_EQ(
+        series({"123456789012345.671", "123456789012345.674"}),
+        (Lines{"123456789012345.677", "123456789012345.68", "123456789012345.683", "123456789012345.686"}));
+    EXPECT_EQ(series({"999999999999999996", "999999999999999998"}), (Lines{"", "", "", ""}));
+    EXPECT_EQ(series({"999999999999999998", "999999999999999998"}),
+              (Lines{"999999999999999999", "", "", ""}));
+    EXPECT_EQ(series({"", "5"}), (Lines{"10", "15", "20", "25"}));
+}
+
 TEST_F(NumberSeries, EndsWithTheNumbers) {
     const Lines written = series({"", "1e308"});
     for (const auto& entry : written) EXPECT_EQ(entry, "");
