@@ -25,8 +25,11 @@ struct SheetContext {
     std::optional<Identity> version = {};
     std::optional<Position> position = {};
     std::function<void(void*, const Edited&)> edited = {};
+    std::function<bool(void*)> copied = {};
+    std::function<void(const std::string&)> failed = {};
     std::function<std::string(const Fault&)> wording = {};
     std::function<bool(const std::vector<std::int32_t>&)> mayDelete = {};
+    std::string enterToNextRow = {};  ///< from columns of which nothing else is said
     Unreadable unreadable = Unreadable::Refused;
     std::int32_t leastRows = 5;
     bool gone =
@@ -56,6 +59,10 @@ struct SheetContext {
     std::int32_t firstRow() const { return gone ? 0 : grid.FixedRows(); }
     std::int32_t endRow() const { return gone ? 0 : grid.Rows(); }
 
+    /// The host may do anything as he hears of it.
+    void tellFailed(const std::string& why) const {
+        if (const auto told = failed) told(why);
+    }
     /// A line with such a text cannot be read.
     bool refuses(const std::optional<Fault>& unreadableText) const {
         return unreadableText && unreadable == Unreadable::Refused;
@@ -67,7 +74,8 @@ struct SheetContext {
                 "第 " + std::to_string(row - firstRow() + 1) + " 行的" + plan(column).caption,
                 std::move(reason),
                 {},
-                FaultKind::Rule};
+                FaultKind::Rule,
+                plan(column).caption};
     }
 };
 }  // namespace kxVsGrid::sheet
