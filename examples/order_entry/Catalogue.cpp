@@ -31,6 +31,13 @@ std::optional<CodeAndName> Catalogue::find(const QString& query, const QString& 
     return CodeAndName{found.value(0).toString(), found.value(1).toString()};
 }
 
+std::optional<CodeAndName> Catalogue::warehouse(const QString& typed) const {
+    const QString all = u"SELECT code, name FROM warehouse"_s;
+    if (const auto coded = find(all, u"code"_s, u"name"_s, typed.toUpper())) return coded;
+    const auto named = find(all, u"name"_s, u"code"_s, typed);
+    return named ? std::optional(CodeAndName{named->name, named->code}) : std::nullopt;
+}
+
 std::vector<Goods> Catalogue::goodsStartingWith(const QString& text, int most) const {
     QString pattern = text;
     for (const QChar special : {u'\\', u'%', u'_'}) pattern.replace(special, u"\\"_s + special);

@@ -42,6 +42,8 @@ class Catalogue {
     /// are the host's own, never a clerk's.
     std::optional<CodeAndName> find(const QString& query, const QString& codeField, const QString& nameField,
                                     const QString& text) const;
+    /// By code, in whatever case, or by name.
+    std::optional<CodeAndName> warehouse(const QString& typed) const;
     /// The goods whose code, name or pinyin initials start with the text, by code; at most `most`.
     std::vector<Goods> goodsStartingWith(const QString& text, int most) const;
     /// All of them, by code.

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "kxVsGrid/sheet/FieldText.h"
+
 /// A whole number of a decimal fraction: a type of its own, so that a sheet knows where the point is.
 template <int Decimals>
 struct Scaled {
@@ -42,3 +44,15 @@ std::string quantityText(Thousandths quantity);
 
 /// Quantity times price, rounded to the cent, halves away from zero. Nothing when it is too large.
 std::optional<Cents> amountOf(Thousandths quantity, Cents price);
+
+/// As a member of a sheet's records.
+template <int Decimals>
+struct kxVsGrid::FieldText<Scaled<Decimals>> {
+    static constexpr FieldKind Kind = FieldKind::Number;
+    static void append(std::string& text, Scaled<Decimals> value) { text += plainText(value, Decimals); }
+    static bool read(std::string_view text, Scaled<Decimals>& value) {
+        const std::optional<std::int64_t> known = scaledNumber(text, Decimals);
+        if (known) value = *known;
+        return known.has_value();
+    }
+};

@@ -5,8 +5,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
-#include <QResizeEvent>
 #include <QSettings>
+#include <algorithm>
 #include <utility>
 
 #include "OrderGrid.h"
@@ -38,10 +38,6 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Cloc
       header_(new OrderHeader(this)),
       widget_(new kxVsGrid::qt::kxGridWidget(this)),
       grid_(std::make_unique<OrderGrid>(widget_->grid(), services())),
-      suggestions_(std::make_unique<OrderSuggestions>(
-          widget_->grid(), OrderSuggestions::Services{[this] { return catalogue_.allGoods(); },
-                                                      [this] { return catalogue_.warehouses(); }})),
-      help_(std::make_unique<OrderGridHelp>(widget_->grid(), helpServices())),
       bar_(new RecoveryBar(this)),
       state_(new QLabel(this)),
       hint_(new QLabel(this)),
@@ -59,59 +55,56 @@ OrderWindow::OrderWindow(const QString& databaseFile, Questions& questions, Cloc
 OrderGrid::Services OrderWindow::services() {
     OrderGrid::Services result;
     result.goods = [this](const QString& code) { return catalogue_.goods(code); };
-    result.find = [this](const QString& query, const QString& codeField, const QString& nameField,
-                         const QString& text) { return catalogue_.find(query, codeField, nameField, text); };
-    result.now = clock_;
-    return result;
-}
-
-OrderGridHelp::Services OrderWindow::helpServices() {
-    OrderGridHelp::Services result;
-    result.goods = [this] { return catalogue_.allGoods(); };
+    result.allGoods = [this] { return catalogue_.allGoods(); };
     // In front of the list that its edit button belongs to.
     result.editGoods = [this](const QString& code) {
         QWidget* list = QApplication::activeModalWidget();
         const QString stored = questions_.editGoods(list ? list : this, catalogue_, code);
-        suggestions_->goodsChanged();
-        return stored;
+        return stored.isEmpty() ? std::nullopt : catalogue_.goods(stored);
     };
+    result.warehouse = [this](const QString& typed) { return catalogue_.warehouse(typed); };
+    result.warehouses = [this] { return catalogue_.warehouses(); };
     result.chooseWarehouse = [this](std::int32_t x, std::int32_t y, const QString& typed) {
         const auto pixel = [this](std::int32_t twips) {
             return qRound(double(twips) * widget_->logicalDpiX() / TwipsPerInch);
         };
         return questions_.chooseWarehouse(this, catalogue_.warehouses(), typed, {pixel(x), pixel(y)});
     };
-    result.failed = [this](const QString& why) { say(why.simplified(), true); };
+    result.now = clock_;
+    result.mayDelete = [this](const QString& rows) {
+        return questions_.confirm(this, u"删除"_s + rows.trimmed() + u"?"_s, u"删除(&D)"_s);
+    };
+    result.say = [this](const QString& text, bool warning) { say(text, warning); };
     return result;
 }
 
 // The grid's host goes before the grid: what the control still raises while it goes finds nobody.
 OrderWindow::~OrderWindow() {
     laidOut_.disconnect();
-    help_.reset();
-    suggestions_.reset();
+    heard_.clear();
     grid_.reset();
 }
 
+void OrderWindow::connectGrid() {
+    kxVsGrid::kxGrid& grid = widget_->grid();
+    heard_.push_back(grid.Changes().After.connect([this](const kxVsGrid::StepChanges& step) {
+        refresh();
+        forgetReport(step);
+    }));
+    heard_.push_back(grid.Filters().Changed.connect([this] { refresh(); }));
+    heard_.push_back(grid.RowColChange.connect([this] { refreshHint(); }));
+    heard_.push_back(grid.SelChange.connect([this] { showTotals(); }));
+    heard_.push_back(grid.Commands().Reported.connect(
+        [this](const kxVsGrid::PasteReport& report) { tellReport(report); }));
+    heard_.push_back(grid.Grid().MarksChanged.connect([this] { refused_->follow(); }));
+}
+
 void OrderWindow::connectParts() {
-    widget_->installEventFilter(this);
-    placed_ = widget_->grid().Grid().PlacesChanged.connect([this] { fitBesideBar(); });
-    grid_->mayDelete([this](const QString& row) {
-        return questions_.confirm(this, u"删除"_s + row.trimmed() + u"?"_s, u"删除(&D)"_s);
-    });
-    connect(grid_.get(), &OrderGrid::said, this, &OrderWindow::say);
-    connect(grid_.get(), &OrderGrid::changed, this, &OrderWindow::refresh);
-    connect(grid_.get(), &OrderGrid::moved, this, &OrderWindow::refreshHint);
-    connect(grid_.get(), &OrderGrid::selected, this, &OrderWindow::showTotals);
-    reported_ = widget_->grid().Commands().Reported.connect(
-        [this](const kxVsGrid::PasteReport& report) { tellReport(report); });
-    marked_ = widget_->grid().Grid().MarksChanged.connect([this] { refused_->follow(); });
-    undone_ = widget_->grid().Changes().After.connect(
-        [this](const kxVsGrid::StepChanges& step) { forgetReport(step); });
+    connectGrid();
     connect(refused_, &RefusedList::asksFor, this, &OrderWindow::runFromList);
     connect(refused_, &RefusedList::chosen, this, [this](std::int32_t row, std::int32_t col) {
         enterLines();
-        grid_->select(row, col);
+        widget_->grid().Grid().Select(row, col);
     });
     connect(refused_, &RefusedList::closed, this, [this] {
         if (!widget_->grid().editorView().visible) enterLines();  // it has the keyboard
@@ -162,7 +155,7 @@ bool OrderWindow::connectDatabase() {
 // The first of the list is the main one.
 void OrderWindow::presetWarehouse() {
     const std::vector<CodeAndName> all = catalogue_.warehouses();
-    grid_->presetWarehouse(all.empty() ? QString() : all.front().name);
+    grid_->sheet().preset("warehouse", all.empty() ? QString() : all.front().name);
 }
 
 void OrderWindow::tellWhetherReadOnly() {
@@ -249,10 +242,7 @@ QDate OrderWindow::deliveryFor(const QDate& date) {
 void OrderWindow::showOrder(const Order& order) {
     refused_->clear();
     header_->show(order);
-    if (order.id == 0)
-        grid_->clear(deliveryFor(order.date));
-    else
-        grid_->show(order.lines, deliveryFor(order.date));
+    grid_->show(order.id == 0 ? std::vector<OrderLine>() : order.lines, deliveryFor(order.date));
     saved_ = order;
     saved_.lines.clear();
     showWhetherApproved();
@@ -260,7 +250,7 @@ void OrderWindow::showOrder(const Order& order) {
 
 void OrderWindow::showWhetherApproved() {
     header_->setReadOnly(saved_.approved);
-    grid_->setReadOnly(saved_.approved);
+    widget_->grid().Editable(!saved_.approved);
     for (QAction* action : changing_) action->setEnabled(!saved_.approved);
     refresh();
     refreshHint();
@@ -297,7 +287,7 @@ bool OrderWindow::approveOrder() {
     } catch (const DatabaseError& error) {
         return report(error, u"订单没有审核,屏幕上的内容没有改变。"_s);
     }
-    grid_->clearMarks();
+    grid_->sheet().clearMarks();
     refused_->clear();
     beginDraft();
     showWhetherApproved();
@@ -315,7 +305,7 @@ bool OrderWindow::refusedAsApproved() {
 Order OrderWindow::onScreen() const {
     Order order = saved_;
     header_->read(order);
-    order.lines = grid_->lines();
+    order.lines = grid_->sheet().records();
     return order;
 }
 
@@ -334,7 +324,7 @@ bool OrderWindow::refuse(const QString& why) {
 }
 
 bool OrderWindow::readyToSave() {
-    if (!grid_->commit()) {
+    if (!grid_->sheet().commit()) {
         say(u"当前单元格的输入有误,没有保存"_s, true);
         widget_->setFocus();
         return false;
@@ -352,15 +342,17 @@ bool OrderWindow::readyToSave() {
         enterLines();
         return refuse(u"订单还没有明细"_s);
     }
-    const auto problem = grid_->firstProblem();
-    const int problems = grid_->markProblems();
+    const auto problem = grid_->sheet().firstFault();
+    // The control tells of what is missing, beside the cell.
+    const bool told = problem && problem->show();
+    const int problems = grid_->sheet().markFaults();
     if (problem) {
+        const QString text = u"第 %1 行的"_s.arg(problem->row) + QString::fromStdString(problem->reason);
         enterLines();
-        grid_->select(problem->row, problem->col);
-        if (!problem->shown) refuse(problem->text);
+        if (!told) refuse(text);
         const QString others =
             problems > 1 ? u";有问题的格子共 %1 个,按 F8 逐个查看"_s.arg(problems) : QString();
-        if (problem->shown || problems > 1) say(problem->text + u",订单没有保存"_s + others, true);
+        if (told || problems > 1) say(text + u",订单没有保存"_s + others, true);
         return false;
     }
     return true;
@@ -381,7 +373,7 @@ bool OrderWindow::save() {
     saved_ = order;
     saved_.lines.clear();
     header_->showNumber(order.number);
-    grid_->markSaved(order.lines);
+    grid_->sheet().saved(order.lines);
     beginDraft();
     refresh();
     const QString done = u"订单 %1 已保存:%2 行,金额 %3"_s.arg(
@@ -428,7 +420,7 @@ bool OrderWindow::saveAsNew(const QString& why) {
 }
 
 bool OrderWindow::mayLeave() {
-    const bool entered = grid_->commit();
+    const bool entered = grid_->sheet().commit();
     if (entered && !hasUnsavedWork()) return true;
     const QString what = u"订单 %1 有未保存的修改。"_s.arg(header_->number());
     switch (questions_.unsavedWork(this, what)) {
@@ -455,7 +447,7 @@ QString OrderWindow::message() const {
 }
 
 QString OrderWindow::total() const {
-    return QString::fromStdString(widget_->grid().Grid_Sum().DisplayText(0, OrderGrid::Amount));
+    return QString::fromStdString(widget_->grid().Grid_Sum().DisplayText(0, grid_->sheet().col("amount")));
 }
 
 void OrderWindow::say(const QString& text, bool warning) {
@@ -486,11 +478,11 @@ void OrderWindow::refresh() {
     const QString what = conflict_.isEmpty() ? order.number : u"草稿 %1 保存冲突"_s.arg(conflict_);
     setWindowTitle(u"销售订单录入 - "_s + what + u"[*]"_s);
     setWindowModified(unsaved);
-    fitGrid(widget_->width());  // more rows may have brought a scroll bar
 }
 
 void OrderWindow::refreshHint() {
-    hint_->setText(grid_->hint());
+    hint_->setText(saved_.approved ? u"订单已审核,不能修改;Ctrl+C 复制选中的格子"_s
+                                   : QString::fromStdString(grid_->sheet().hint()));
 }
 
 void OrderWindow::enterLines() {
@@ -498,20 +490,15 @@ void OrderWindow::enterLines() {
 }
 
 // In the line where the clerk is. A text that is refused stays where it is typed.
-void OrderWindow::enterColumn(OrderGrid::Column col) {
+void OrderWindow::enterColumn(const char* name) {
     kxVsGrid::kxGrid& grid = widget_->grid();
     enterLines();
     grid.ReadCell(grid.Row(), grid.Col());  // commits what is being typed
-    if (!grid.editorView().visible) grid_->select(grid.Row(), col);
+    if (!grid.editorView().visible) grid.Grid().Select(grid.Row(), grid_->sheet().col(name));
 }
 
-bool OrderWindow::eventFilter(QObject* watched, QEvent* event) {
-    // Before the widget lays itself out, so that the total row gets the same widths.
-    if (watched == widget_ && event->type() == QEvent::Resize)
-        fitGrid(static_cast<QResizeEvent*>(event)->size().width());
-    // After it, when the columns have followed the font.
-    if (watched == widget_ && event->type() == QEvent::FontChange)
-        QMetaObject::invokeMethod(
-            this, [this] { fitGrid(widget_->width()); }, Qt::QueuedConnection);
-    return QMainWindow::eventFilter(watched, event);
+// Where the next line is keyed.
+void OrderWindow::goBehindLines() {
+    kxVsGrid::Sheet<OrderLine>& sheet = grid_->sheet();
+    sheet.goTo(std::min(sheet.endRow(), widget_->grid().Rows() - 1), "code");
 }

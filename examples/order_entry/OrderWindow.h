@@ -7,14 +7,13 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "Catalogue.h"
 #include "Database.h"
 #include "OrderDraft.h"
 #include "OrderGrid.h"
-#include "OrderGridHelp.h"
 #include "OrderStore.h"
-#include "OrderSuggestions.h"
 #include "Questions.h"
 
 class ManualWindow;
@@ -91,13 +90,12 @@ class OrderWindow : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void layOut();
     OrderGrid::Services services();
-    OrderGridHelp::Services helpServices();
     void connectParts();
+    void connectGrid();
     void addActions();
     void addCommands(QMenu& menu, std::initializer_list<std::optional<kxVsGrid::Command>> commands);
     void addStatus();
@@ -138,14 +136,12 @@ class OrderWindow : public QMainWindow {
     void refresh();
     void showTotals();
     void refreshHint();
-    void fitGrid(int width);
-    void fitBesideBar();
-    void columnsLaidOut();
     void keepColumns();
     void resetColumns();
     void showManual();
     void enterLines();
-    void enterColumn(OrderGrid::Column col);
+    void enterColumn(const char* name);
+    void goBehindLines();
 
     Database database_;
     Catalogue catalogue_;
@@ -158,18 +154,11 @@ class OrderWindow : public QMainWindow {
     OrderHeader* header_;
     kxVsGrid::qt::kxGridWidget* widget_;
     std::unique_ptr<OrderGrid> grid_;
-    std::unique_ptr<OrderSuggestions> suggestions_;
-    std::unique_ptr<OrderGridHelp> help_;
     std::unique_ptr<OrderDraft> draft_;  ///< when drafts are kept
     QString conflict_;                   ///< the number of the order that this draft must not overwrite
-    kxVsGrid::ScopedConnection placed_;
-    kxVsGrid::ScopedConnection reported_;
-    kxVsGrid::ScopedConnection marked_;
-    kxVsGrid::ScopedConnection undone_;
-    bool barSeen_ = false;
-    std::unique_ptr<QSettings> columnSettings_;  ///< when the layout of the columns is kept
+    std::vector<kxVsGrid::ScopedConnection> heard_;  ///< of the grid
+    std::unique_ptr<QSettings> columnSettings_;      ///< when the layout of the columns is kept
     kxVsGrid::ScopedConnection laidOut_;
-    int shownColumns_ = 0;
     RecoveryBar* bar_;
     QLabel* state_;
     QLabel* hint_;

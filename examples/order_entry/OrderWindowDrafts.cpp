@@ -124,7 +124,8 @@ std::optional<kxVsGrid::qt::DraftFile::Recovery> OrderWindow::recoverAs(const Or
         conflict_ = kept.head.proposed.number;
     header_->show(order);
     if (!kept.head.typed.isEmpty()) header_->showTyped(kept.head.typed);
-    grid_->recovered(deliveryFor(order.date));
+    grid_->presetDelivery(deliveryFor(order.date));
+    goBehindLines();
     keepHead();
     refresh();
     return back;
@@ -188,10 +189,13 @@ void OrderWindow::goOnKeying() {
     if (!typed) {
         if (header_->customerUnclear()) return header_->goOnTyping();
         if (onScreen().customer == 0) return header_->focus(OrderHeader::Field::Customer);
-        grid_->selectEnd();
+        goBehindLines();
         return enterLines();
     }
-    grid_->goTo(typed->row, typed->col);
+    {
+        const kxVsGrid::UnrecordedSpan unrecorded = widget_->grid().Unrecorded();  // nobody's step
+        widget_->grid().Grid().Select(typed->row, typed->col);
+    }
     enterLines();
     if (!widget_->grid().input()->openForTyping()) return;
     QInputMethodEvent event;

@@ -127,10 +127,10 @@ void OrderWindow::addActions() {
     go->addAction(u"表头(&H)"_s, QKeySequence(u"F6"_s), this,
                   [this] { header_->focus(OrderHeader::Field::Customer); });
     go->addAction(u"明细(&M)"_s, QKeySequence(u"F7"_s), this, [this] { enterLines(); });
-    for (const auto& [text, key, col] : {std::tuple(u"仓库(&W)"_s, u"F3"_s, OrderGrid::Warehouse),
-                                         {u"交货日期(&D)"_s, u"F4"_s, OrderGrid::Delivery},
-                                         {u"备注(&N)"_s, u"F5"_s, OrderGrid::Remark}})
-        go->addAction(text, QKeySequence(key), this, [this, col = col] { enterColumn(col); });
+    for (const auto& [text, key, name] : {std::tuple(u"仓库(&W)"_s, u"F3"_s, "warehouse"),
+                                          {u"交货日期(&D)"_s, u"F4"_s, "delivery"},
+                                          {u"备注(&N)"_s, u"F5"_s, "remark"}})
+        go->addAction(text, QKeySequence(key), this, [this, name = name] { enterColumn(name); });
 
     QMenu* view = menuBar()->addMenu(u"查看(&V)"_s);
     addCommands(*view, {Command::Freeze, Command::HideColumn, Command::ShowColumns, Command::FitColumn,

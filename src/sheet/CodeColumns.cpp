@@ -28,13 +28,13 @@ std::string CodeColumns::refusalOf(const ColumnPlan& plan) {
     return plan.refusal.empty() ? "没有这个" + plan.caption : plan.refusal;
 }
 
-std::int32_t CodeColumns::columnWith(std::string_view basis) const {
+std::int32_t CodeColumns::columnWith(const SheetContext& context, std::string_view basis) {
     if (!basis.starts_with(BasisPrefix)) return -1;
-    const std::int32_t column = c_.columnNamed(basis.substr(BasisPrefix.size()));
-    return column >= 0 && c_.plan(column).codes ? column : -1;
+    const std::int32_t column = context.columnNamed(basis.substr(BasisPrefix.size()));
+    return column >= 0 && context.plan(column).codes ? column : -1;
 }
 
-// --- Checks and helps
+// --- Checks
 
 CodeColumns::Answer CodeColumns::lookUp(std::int32_t column, const std::string& text) const {
     const ColumnPlan& plan = c_.plan(column);
@@ -43,7 +43,9 @@ CodeColumns::Answer CodeColumns::lookUp(std::int32_t column, const std::string& 
         answer.reason = answer.found ? plan.codes->objection(answer.found.get()) : refusalOf(plan);
         return answer;
     } catch (...) {
-        return {nullptr, thrownReason(CannotLookUp), true};
+        const std::string why = thrownReason(CannotLookUp);
+        c_.tellFailed(plan.caption + " " + text + "：" + why);
+        return {nullptr, why, true};
     }
 }
 
@@ -58,7 +60,7 @@ const CodeColumns::Answer& CodeColumns::lookUp(std::int32_t column, const std::s
 /// Asked anew each time. The answer is kept for what follows from the code within the step.
 void CodeColumns::check(std::string_view basis, std::string_view typed, std::string& code,
                         std::string& name) {
-    const std::int32_t column = columnWith(basis);
+    const std::int32_t column = columnWith(c_, basis);
     if (column < 0) return;
     const std::string text(trimmedCode(typed));
     code = text;
@@ -76,13 +78,6 @@ void CodeColumns::check(std::string_view basis, std::string_view typed, std::str
     code = source.codeOf(answer.found.get());
     name = source.nameOf(answer.found.get());
     answers_[{column, code}] = answer;
-}
-
-void CodeColumns::list(const Variant& basis, Variant& code, Variant& info, Variant& data) const {
-    const std::int32_t column = columnWith(basis.isArray() ? std::string() : basis.toText());
-    if (column < 0) return;
-    const ColumnPlan& plan = c_.plan(column);
-    plan.codes->list(plan.caption).answer(code, info, data);
 }
 
 // --- What follows from a code
@@ -357,6 +352,24 @@ std::string CodeColumns::reason(std::int32_t row, std::int32_t column, const std
     const auto missed = missed_.find({c_.cells().KnownId(row), column});
     if (missed != missed_.end() && missed->second.text == text) return missed->second.reason;
     return lookUp(column, text, answers).reason;
+}
+
+bool CodeColumns::paints() const {
+    return std::any_of(c_.plans.begin(), c_.plans.end(),
+                       [](const ColumnPlan& plan) { return plan.unknownColor.has_value(); });
+}
+
+void CodeColumns::paint(std::int32_t row) const {
+    for (std::int32_t column = 0; column < c_.count(); ++column) {
+        const std::optional<std::uint32_t> color = c_.plan(column).unknownColor;
+        if (!color) continue;
+        const std::int32_t col = c_.gridCol(column);
+        const CellMark* const mark = c_.grid.Mark(row, col);
+        const bool unknown =
+            mark && mark->kind == CellMark::Kind::Problem && !c_.cells().Text(row, col).empty();
+        const std::optional<std::uint32_t> wanted = unknown ? color : std::nullopt;
+        if (c_.cells().CellForeColor(row, col) != wanted) c_.cells().CellForeColor(row, col, wanted);
+    }
 }
 
 void CodeColumns::forget() {

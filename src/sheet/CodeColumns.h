@@ -40,9 +40,11 @@ class CodeColumns : private ChangeListener {
     static std::string basisOf(const ColumnPlan& plan);
     static std::string refusalOf(const ColumnPlan& plan);
 
-    /// Answers a check or a help that is for one of these columns; nothing else.
+    /// -1 for a basis of none of these columns.
+    static std::int32_t columnWith(const SheetContext& context, std::string_view basis);
+
+    /// Answers a check that is for one of these columns; nothing else.
     void check(std::string_view basis, std::string_view typed, std::string& code, std::string& name);
-    void list(const Variant& basis, Variant& code, Variant& info, Variant& data) const;
 
     /// The code of a row was typed, pasted or put; true when other members have followed.
     bool follow(std::int32_t row);
@@ -53,6 +55,10 @@ class CodeColumns : private ChangeListener {
     void copied(std::int32_t row, std::int32_t source);
     /// The row was put back.
     void undone(std::int32_t row, Answers& answers);
+    /// Codes that bear a problem get the colour of their column, others lose it. Colours are not undone: every step, and
+    /// every way back, leaves its rows as they are to look then.
+    void paint(std::int32_t row) const;
+    bool paints() const;
     /// Looks again for what could not be found, and has members follow from it.
     void retry(Answers& answers);
     /// Why the code may not stand in the cell.
@@ -79,7 +85,6 @@ class CodeColumns : private ChangeListener {
     bool hearsFilled() const noexcept override { return true; }
     void untilStepCloses();
 
-    std::int32_t columnWith(std::string_view basis) const;
     Answer lookUp(std::int32_t column, const std::string& text) const;
     const Answer& lookUp(std::int32_t column, const std::string& text, Answers& answers) const;
     using Written = std::function<bool(std::int32_t column)>;

@@ -35,8 +35,10 @@ CodeListing::CodeListing(const std::string& caption, std::size_t others)
     table_.result(CodeField, NameField).search(searched);
 }
 
-void CodeListing::column(const std::string& header, std::int32_t width, FieldKind kind) {
-    table_.field("column" + std::to_string(kinds_.size()), header, width);
+void CodeListing::column(const std::string& header, std::int32_t width, FieldKind kind,
+                         std::optional<int> decimals) {
+    table_.field("column" + std::to_string(kinds_.size()), header, width,
+                 decimals ? HelpKind::Number : HelpKind::Text, decimals.value_or(0));
     table_.alignment(kind == FieldKind::Number ? flexAlignRightCenter
                      : kind == FieldKind::Text ? flexAlignLeftCenter
                                                : flexAlignCenterCenter);

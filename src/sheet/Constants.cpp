@@ -20,17 +20,20 @@ std::string constantsList(const ColumnPlan& plan) {
 
 SuggestionList suggestedConstants(const ColumnPlan& plan) {
     SuggestionList list;
-    for (const std::string& text : plan.constants) list.add({text});
+    for (const std::string& text : plan.constants) {
+        const std::string name = plan.otherName ? plan.otherName(text) : std::string();
+        list.add({text}, {name});
+    }
     return list;
 }
 
-std::string refusedConstant(const ColumnPlan& plan, const void* record, const std::string& text) {
+std::string refusedConstant(const ColumnPlan& plan, const void* record, const std::string& text, bool typed) {
     if (plan.constants.empty() || text.empty()) return {};
     if (std::find(plan.constants.begin(), plan.constants.end(), text) != plan.constants.end()) return {};
     try {
         if (plan.otherConstants && plan.otherConstants(record, text)) return {};
     } catch (...) {
-        return thrownReason("不能检查");
+        return typed ? std::string() : thrownReason("不能检查");
     }
     if (!plan.refusal.empty()) return plan.refusal;
     std::string all;

@@ -1,9 +1,30 @@
 #include "sheet/Faults.h"
 
+#include "kxVsGrid/support/Date.h"
 #include "sheet/Constants.h"
+#include "sheet/Presets.h"
 #include "sheet/ThrownReason.h"
 
 namespace kxVsGrid::sheet {
+namespace {
+
+/// The host's words for a text.
+std::string worded(std::string words, std::string_view text) {
+    constexpr std::string_view Place = "%1";
+    for (std::size_t at = words.find(Place); at != std::string::npos;
+         at = words.find(Place, at + text.size()))
+        words.replace(at, Place.size(), text);
+    return words;
+}
+
+/// As such a column keeps it: 2026-11-27 上午.
+bool isHalfDay(std::string_view text) {
+    const std::size_t blank = text.find(' ');
+    if (blank == std::string_view::npos || !Date::read(text.substr(0, blank))) return false;
+    const std::string_view half = text.substr(blank + 1);
+    return half == "上午" || half == "下午";
+}
+}  // namespace
 
 std::string Faults::brokenRule(const void* record, std::int32_t column, bool typed) const {
     for (const Rule& rule : c_.rules) {
@@ -23,25 +44,27 @@ Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t
                               CodeColumns::Answers& answers) const {
     const ColumnPlan& plan = c_.plan(column);
     const std::string text = c_.cells().Text(row, c_.gridCol(column));
-    if (const AnyRecord scratch = c_.make(nullptr); !plan.field->read(scratch.get(), text))
-        return {"“" + text + "”不能识别", FaultKind::Unreadable};
+    if (!isReadable(column, text)) return {"“" + text + "”不能识别", FaultKind::Unreadable};
     if (known && plan.computed)
         if (std::string why = computing_.reason(record, column); !why.empty())
             return {std::move(why), FaultKind::Computed};
     if (c_.gone) return {};
-    if (std::string why = missing(record, row, column); !why.empty())
-        return {std::move(why), FaultKind::Rule};
+    if (std::string why = missing(record, row, column, known); !why.empty())
+        return {std::move(why), FaultKind::Missing};
     if (!known) return {};
     std::string why = plan.codes ? codes_.reason(row, column, text, answers) : std::string();
-    if (why.empty()) why = refusedConstant(plan, record, text);
+    if (why.empty()) why = refusedConstant(plan, record, text, false);
     if (!why.empty()) return {std::move(why), FaultKind::Unknown};
-    return {brokenRule(record, column, false), FaultKind::Rule};
+    return {worded(brokenRule(record, column, false), text), FaultKind::Rule};
 }
 
 std::optional<Fault> Faults::at(const void* record, std::int32_t row, std::int32_t column, bool known,
                                 CodeColumns::Answers& answers) const {
     Reason why = reason(record, row, column, known, answers);
     if (why.text.empty()) return std::nullopt;
+    const std::string& wrong = c_.plan(column).wrong;
+    if (!wrong.empty() && why.kind != FaultKind::Rule && why.kind != FaultKind::Missing)
+        why.text = worded(wrong, c_.cells().Text(row, c_.gridCol(column)));
     Fault fault = c_.faultAt(row, column, std::move(why.text));
     fault.kind = why.kind;
     if (c_.wording) fault.reason = c_.wording(fault);
@@ -65,19 +88,35 @@ bool Faults::visitRow(std::int32_t row, CodeColumns::Answers& answers,
     return true;
 }
 
-std::string Faults::missing(const void* record, std::int32_t row, std::int32_t column) const {
+bool Faults::isReadable(std::int32_t column, const std::string& text) const {
     const ColumnPlan& plan = c_.plan(column);
-    if (!plan.required) return {};
-    const bool empty = c_.cells().Text(row, c_.gridCol(column)).empty();
-    if (!empty && !isBlankZero(record, column)) return {};
-    const bool counted = plan.field->kind() == FieldKind::Number && !plan.codes && plan.constants.empty();
-    return counted && !plan.field->optional() ? "不能为零" : "不能为空";
+    const AnyRecord scratch = c_.make(nullptr);
+    return plan.field->read(scratch.get(), text) && (!plan.halfDay || text.empty() || isHalfDay(text));
 }
 
-/// A 0, however it is written, of a member that cannot be without a value.
-bool Faults::isBlankZero(const void* record, std::int32_t column) const {
+/// Of which lines something is required is not known where the whole record is not.
+std::string Faults::missing(const void* record, std::int32_t row, std::int32_t column, bool known) const {
+    const ColumnPlan& plan = c_.plan(column);
+    if (!plan.required || (plan.requiredWhen && !known)) return {};
+    const bool empty = c_.cells().Text(row, c_.gridCol(column)).empty();
+    if (!empty && !isBlankZero(record, row, column)) return {};
+    try {
+        if (!Presets::requiresIn(plan, record)) return {};
+    } catch (...) {
+        return thrownReason("不能检查");
+    }
+    return plan.countsZero() ? "不能为零" : "不能为空";
+}
+
+/// A 0, however it is written, of a member that cannot be without a value, or where a 0 says nothing.
+bool Faults::isBlankZero(const void* record, std::int32_t row, std::int32_t column) const {
     const Field& field = *c_.plan(column).field;
-    if (field.optional() || field.kind() != FieldKind::Number) return false;
+    if (field.kind() != FieldKind::Number) return false;
+    if (c_.plan(column).nonZero)
+        if (const auto number = Decimal::read(c_.cells().Text(row, c_.gridCol(column)));
+            number && *number == 0)
+            return true;
+    if (field.optional()) return false;
     const AnyRecord blank = c_.make(nullptr);
     field.read(blank.get(), {});
     return field.alike(blank.get(), record);
@@ -107,9 +146,9 @@ std::string Faults::refusal(std::int32_t row, std::int32_t column, std::string_v
     if (unreadable && unreadable->col != c_.gridCol(column)) return {};
     computing_.fill(record.get());
     if (c_.gone) return {};
-    if (std::string why = refusedConstant(plan, record.get(), value); !why.empty()) return why;
+    if (std::string why = refusedConstant(plan, record.get(), value, true); !why.empty()) return why;
     const bool becomesLine = lines_.makesLine(column) && !value.empty();
-    return becomesLine || lines_.isInUse(row, record.get()) ? brokenRule(record.get(), column, true)
-                                                            : std::string();
+    if (!becomesLine && !lines_.isInUse(row, record.get())) return {};
+    return worded(brokenRule(record.get(), column, true), value);
 }
 }  // namespace kxVsGrid::sheet

@@ -37,8 +37,9 @@ class Faults {
                             CodeColumns::Answers& answers) const;
     Reason reason(const void* record, std::int32_t row, std::int32_t column, bool known,
                   CodeColumns::Answers& answers) const;
-    std::string missing(const void* record, std::int32_t row, std::int32_t column) const;
-    bool isBlankZero(const void* record, std::int32_t column) const;
+    std::string missing(const void* record, std::int32_t row, std::int32_t column, bool known) const;
+    bool isBlankZero(const void* record, std::int32_t row, std::int32_t column) const;
+    bool isReadable(std::int32_t column, const std::string& text) const;
     std::string brokenRule(const void* record, std::int32_t column, bool typed) const;
 
     const SheetContext& c_;

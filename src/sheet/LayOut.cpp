@@ -28,7 +28,9 @@ mEmDataType typeOf(FieldKind kind) {
     }
 }
 
-mEmflexAlign alignmentOf(FieldKind kind) {
+mEmflexAlign alignmentOf(const ColumnPlan& plan) {
+    const FieldKind kind = plan.field->kind();
+    if (plan.halfDay) return flexAlignCenterCenter;
     if (kind == FieldKind::Number) return flexAlignRightCenter;
     return kind == FieldKind::Text ? flexAlignLeftCenter : flexAlignCenterCenter;
 }
@@ -73,7 +75,7 @@ std::string sampleOf(const ColumnPlan& plan, const TextMetrics& metrics) {
         case FieldKind::Flag:
             break;
         default:
-            usual = "编码与名称等  ";
+            usual = plan.halfDay ? "2026-12-30 下午  " : "编码与名称等  ";
     }
     const std::string caption = plan.caption + "  ";
     return metrics.textWidth(usual) >= metrics.textWidth(caption) ? usual : caption;
@@ -86,9 +88,20 @@ void defineCodes(cVsControl& definition, const ColumnPlan& plan) {
     definition.s有效性判断基础(basis);
     definition.s文本框对应编码字段(plan.name);
     definition.s错误提示信息(CodeColumns::refusalOf(plan));
-    definition.b是否提供帮助(!plan.readOnly && plan.codes->listed());
-    definition.i帮助类型(ih通用型);
+    const bool byHost = plan.codes->chosenByHost();
+    definition.b是否提供帮助(!plan.readOnly && (byHost || plan.codes->listed()));
+    definition.i帮助类型(byHost ? ih特殊型 : ih通用型);
     definition.sHelp_Code(basis);
+    if (plan.codes->listWidth() > 0) definition.HelpWidth(plan.codes->listWidth());
+}
+
+void defineDates(cVsControl& definition, const ColumnPlan& plan) {
+    const FieldKind kind = plan.field->kind();
+    if (!plan.halfDay && kind != FieldKind::Date && kind != FieldKind::Moment) return;
+    definition.i有效性判断(1);
+    definition.i字段有效性判断类型(plan.halfDay ? ij半日型 : kind == FieldKind::Date ? ij日期型 : ij时间型);
+    definition.b是否提供帮助(!plan.readOnly);
+    definition.i帮助类型(plan.halfDay ? ih半日型 : kind == FieldKind::Date ? ih日期型 : ih时间型);
 }
 
 void defineConstants(cVsControl& definition, const ColumnPlan& plan) {
@@ -103,12 +116,21 @@ SuggestionSource suggestionsOf(const ColumnPlan& plan) {
     return plan.constants.empty() ? SuggestionSource() : SuggestionSource(suggestedConstants(plan));
 }
 
+void defineEnter(const SheetContext& c, cVsControl& definition, const ColumnPlan& plan) {
+    const bool usual = plan.enterTo.empty() && !plan.readOnly;
+    const std::string& name = usual ? c.enterToNextRow : plan.enterTo;
+    if (name.empty()) return;
+    const std::int32_t target = c.columnNamed(name);
+    if (target < 0) throw GridError("enterTo: there is no column " + name);
+    definition.sCellInput((usual || plan.enterEndsRow ? "+1," : ",") + std::to_string(c.gridCol(target)));
+}
+
 void define(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     const auto definition = c.grid.VsCtrl(static_cast<std::int16_t>(col));
     const FieldKind kind = plan.field->kind();
     definition->sName(plan.caption);
     definition->iType(typeOf(kind));
-    definition->iColAlignment(alignmentOf(kind));
+    definition->iColAlignment(plan.alignment.value_or(alignmentOf(plan)));
     definition->bIsEditable(!plan.readOnly);
     definition->iLimitLength(plan.limit);
     definition->b是否合计数据(plan.total);
@@ -119,18 +141,13 @@ void define(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
         definition->d列背景色(ButtonFace);
         definition->d列前景色(ButtonText);
     }
-    if (kind == FieldKind::Date || kind == FieldKind::Moment) {
-        definition->i有效性判断(1);
-        definition->i字段有效性判断类型(kind == FieldKind::Date ? ij日期型 : ij时间型);
-        definition->b是否提供帮助(!plan.readOnly);
-        definition->i帮助类型(kind == FieldKind::Date ? ih日期型 : ih时间型);
-    }
+    if (plan.insists) definition->i是否允许为空(plan.countsZero() ? i字段不能为零 : i字段不能为空);
+    // A help that is the host's own: F2 asks him, and he is told that there is none.
+    if (c.failed) definition->i帮助类型(ih特殊型);
+    defineDates(*definition, plan);
     if (plan.codes) defineCodes(*definition, plan);
     if (!plan.constants.empty()) defineConstants(*definition, plan);
-    if (plan.enterTo.empty()) return;
-    const std::int32_t target = c.columnNamed(plan.enterTo);
-    if (target < 0) throw GridError("enterTo: there is no column " + plan.enterTo);
-    definition->sCellInput((plan.enterEndsRow ? "+1," : ",") + std::to_string(c.gridCol(target)));
+    defineEnter(c, *definition, plan);
 }
 
 void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
@@ -145,6 +162,8 @@ void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     options.filterable(true);
     options.exact(true);
     if (plan.field->optional()) options.zero(ColumnOptions::Zero::Keep);
+    options.skipFilled(plan.skipFilled);
+    options.smallest(plan.least);
     if (SuggestionSource suggestions = suggestionsOf(plan)) options.suggest(std::move(suggestions));
 }
 

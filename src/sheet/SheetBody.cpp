@@ -46,6 +46,18 @@ void SheetBody::edited(std::function<void(void*, const Edited&)> follow) {
     impl_->context.edited = std::move(follow);
 }
 
+void SheetBody::enterToNextRow(std::string_view name) {
+    impl_->context.enterToNextRow = name;
+}
+
+void SheetBody::copied(std::function<bool(void*)> adapt) {
+    impl_->context.copied = std::move(adapt);
+}
+
+void SheetBody::failed(std::function<void(const std::string&)> told) {
+    impl_->context.failed = std::move(told);
+}
+
 void SheetBody::wording(std::function<std::string(const Fault&)> says) {
     impl_->context.wording = std::move(says);
 }
@@ -97,6 +109,11 @@ bool SheetBody::isInUse(std::int32_t row) const {
     const std::shared_ptr<Impl> impl = impl_;
     impl->requireRow("isInUse", row);
     return impl->lines.isInUse(row);
+}
+
+std::int32_t SheetBody::endRow() const {
+    const std::shared_ptr<Impl> impl = impl_;
+    return impl->laidOut ? impl->lines.end() : impl->context.firstRow();
 }
 
 KeptRecord SheetBody::record(std::int32_t row) const {
@@ -178,6 +195,35 @@ void SheetBody::preset(std::string_view name, std::string_view text) {
     impl->preset(impl->require("preset", name), std::string(text));
 }
 
+// --- The clerk
+
+/// Reading a cell commits what is being typed. What is refused stays in the editor.
+bool SheetBody::commit() {
+    const std::shared_ptr<Impl> impl = impl_;
+    kxGrid& grid = impl->context.grid;
+    if (!impl->laidOut) return true;
+    grid.ReadCell(grid.Row(), grid.Col());
+    if (impl->context.gone || grid.editorView().visible) return false;
+    if (!grid.Editable() || !impl->context.whole()) return true;
+    recompute();
+    impl->presets.complete();
+    return !impl->context.gone;
+}
+
+void SheetBody::goTo(std::int32_t row, std::string_view name) {
+    const std::shared_ptr<Impl> impl = impl_;
+    const std::int32_t column = impl->require("goTo", name);
+    impl->requireRow("goTo", row);
+    impl->goTo(impl->context.cells().IdOf(row), impl->context.gridCol(column));
+}
+
+std::string SheetBody::hint() const {
+    const SheetContext& context = impl_->context;
+    const std::int32_t column = context.grid.Col() - context.grid.FixedCols();
+    return impl_->laidOut && column >= 0 && column < context.count() ? context.plan(column).hint
+                                                                     : std::string();
+}
+
 // --- What is to be saved
 
 std::vector<AnyChange> SheetBody::changes() const {
@@ -224,11 +270,6 @@ Connection SheetBody::onModified(std::function<void(bool)> told) {
 
 Connection SheetBody::onChanged(std::function<void()> told) {
     return impl_->changedTold.connect(std::move(told));
-}
-
-bool SheetBody::commit() {
-    const std::shared_ptr<Impl> impl = impl_;
-    return impl->context.grid.ValidTextData();
 }
 
 std::optional<Fault> SheetBody::hindrance() {
@@ -279,11 +320,14 @@ std::vector<Fault> SheetBody::faults() const {
 
 int SheetBody::markFaults() {
     const std::shared_ptr<Impl> impl = impl_;
-    return impl->faultMarks.put();
+    const int count = impl->faultMarks.put();
+    impl->paintAll();
+    return count;
 }
 
 void SheetBody::clearMarks() {
     impl_->faultMarks.forget();
     impl_->context.grid.ClearMarks();
+    impl_->paintAll();
 }
 }  // namespace kxVsGrid::sheet

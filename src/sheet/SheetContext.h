@@ -25,9 +25,12 @@ struct SheetContext {
     std::optional<Identity> version = {};
     std::optional<Position> position = {};
     std::function<void(void*, const Edited&)> edited = {};
+    std::function<bool(void*)> copied = {};
+    std::function<void(const std::string&)> failed = {};
     std::function<std::string(const Fault&)> wording = {};
     std::function<bool(const std::vector<std::int32_t>&)> mayDelete = {};
     std::function<std::string(const std::vector<KeptRecord>&)> together = {};
+    std::string enterToNextRow = {};  ///< from columns of which nothing else is said
     Unreadable unreadable = Unreadable::Refused;
     std::int32_t leastRows = 5;
     bool gone =
@@ -57,6 +60,10 @@ struct SheetContext {
     std::int32_t firstRow() const { return gone ? 0 : grid.FixedRows(); }
     std::int32_t endRow() const { return gone ? 0 : grid.Rows(); }
 
+    /// The host may do anything as he hears of it.
+    void tellFailed(const std::string& why) const {
+        if (const auto told = failed) told(why);
+    }
     /// A line with such a text cannot be read.
     bool refuses(const std::optional<Fault>& unreadableText) const {
         return unreadableText && unreadable == Unreadable::Refused;
@@ -68,7 +75,8 @@ struct SheetContext {
                 "第 " + std::to_string(row - firstRow() + 1) + " 行的" + plan(column).caption,
                 std::move(reason),
                 {},
-                FaultKind::Rule};
+                FaultKind::Rule,
+                plan(column).caption};
     }
 };
 }  // namespace kxVsGrid::sheet

@@ -24,7 +24,9 @@ void SheetBody::Impl::attach() {
         [weak = weak_from_this()](bool& keeps, std::int32_t row, bool copied, std::int32_t source) {
             keeps = copied;
             const auto self = weak.lock();
-            if (self && self->laidOut && copied && row >= 0 && source >= 0) self->codes.copied(row, source);
+            if (!self || !self->laidOut || !copied || row < 0 || source < 0) return;
+            self->codes.copied(row, source);
+            if (self->context.copied) keeps = self->adaptCopy(row);
         }));
     attachCodes();
     connections.push_back(
@@ -61,7 +63,16 @@ void SheetBody::Impl::attachCodes() {
     connections.push_back(grid.GetHelpCodeInfo.connect(
         [this](const Variant& basis, Variant& code, Variant& info, Variant& data) {
             const auto self = shared_from_this();
-            codes.list(basis, code, info, data);
+            codeHelp.list(basis, code, info, data);
+        }));
+    connections.push_back(grid.GetHelpEdit.connect([this](const std::string& basis, Variant& data) {
+        const auto self = shared_from_this();
+        codeHelp.edit(basis, data);
+    }));
+    connections.push_back(
+        grid.UserHelpEvent.connect([this](std::int32_t x, std::int32_t y, std::string& text, Variant& code) {
+            const auto self = shared_from_this();
+            codeHelp.choose(x, y, text, code);
         }));
     connections.push_back(grid.AfterEdit.connect([this](std::int32_t row, std::int32_t col) {
         const auto self = shared_from_this();
@@ -69,7 +80,9 @@ void SheetBody::Impl::attachCodes() {
         if (!laidOut || loading || column < 0 || column >= context.count()) return;
         if (row < context.firstRow() || row >= context.endRow()) return;
         const RowId id = context.cells().IdOf(row);
-        if (context.plan(column).codes) codes.follow(row);
+        const bool begins = presets.begins(row, column);
+        if (context.plan(column).codes && (row = context.rowOf(id)) >= 0) codes.follow(row);
+        if (begins && (row = context.rowOf(id)) >= 0) presets.give(row);
         if (context.edited && (row = context.rowOf(id)) >= 0) tellEdited(row, column, false);
         if (!faultMarks.empty() && (row = context.rowOf(id)) >= 0) faultMarks.keep(row);
     }));
@@ -183,10 +196,11 @@ void SheetBody::Impl::preset(std::int32_t column, const std::string& text) {
     const auto definition = context.grid.VsCtrl(static_cast<std::int16_t>(col));
     definition->sDefaultText_Name(text);
     definition->sDefaultText_Code(text);
-    if (before.empty() || before == text) return;
+    if (before == text) return;
     const UnrecordedSpan unrecorded = context.grid.Unrecorded();
     for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row)
-        if (context.cells().Text(row, col) == before && !lines.isInUse(row))
+        if (context.cells().Text(row, col) == before &&
+            (before.empty() ? presets.waits(row) : !lines.isInUse(row)))
             context.grid.SetCell(row, col, text, text);
 }
 
@@ -219,6 +233,8 @@ void SheetBody::Impl::settled(const StepChanges& step) {
     }
     if (!faultMarks.empty() && context.whole())
         fault.during([&] { eachRow(step, [&](std::int32_t row) { faultMarks.judge(row); }); });
+    if (codes.paints() && context.whole())
+        fault.during([&] { eachRow(step, [&](std::int32_t row) { codes.paint(row); }); });
     fault.during([&] { tellModified(); });
     fault.during([&] {
         if (!context.gone) changedTold();
@@ -237,13 +253,7 @@ void SheetBody::Impl::presetFirstRow() {
     if (context.gone || !context.grid.Editable()) return;
     const UnrecordedSpan unrecorded = context.grid.Unrecorded();
     ChangeStep step = context.grid.Step("默认值");
-    const std::int32_t row = context.firstRow();
-    for (std::int32_t column = 0; column < context.count() && row < context.endRow(); ++column) {
-        const std::string preset = context.plan(column).preset;
-        const std::int32_t col = context.gridCol(column);
-        if (!preset.empty() && context.cells().Text(row, col).empty())
-            context.grid.SetCell(row, col, preset, preset);
-    }
+    presets.give(context.firstRow());
     step.close();
 }
 
@@ -257,14 +267,36 @@ void SheetBody::Impl::tellModified() {
 
 Fault SheetBody::Impl::shown(Fault fault) {
     const RowId id = context.cells().IdOf(fault.row);
-    fault.go = [weak = weak_from_this(), id, col = fault.col] {
+    const bool told =
+        fault.kind == FaultKind::Missing && context.plan(fault.col - context.grid.FixedCols()).insists;
+    fault.go = [weak = weak_from_this(), id, col = fault.col, told] {
         const auto self = weak.lock();
-        const std::int32_t row = self ? self->context.cells().RowOf(id) : -1;
-        if (row < 0) return;
-        const UnrecordedSpan unrecorded = self->context.grid.Unrecorded();  // default texts are nobody's step
-        self->context.cells().Select(row, col);
+        if (!self || self->context.rowOf(id) < 0) return false;
+        self->goTo(id, col);
+        return told && self->context.rowOf(id) >= 0 && !self->context.grid.IsValid();
     };
     return fault;
+}
+
+void SheetBody::Impl::goTo(RowId row, std::int32_t col) {
+    const UnrecordedSpan unrecorded = context.grid.Unrecorded();  // default texts are nobody's step
+    context.cells().Select(context.rowOf(row), col);
+    const std::int32_t now = context.rowOf(row);
+    if (now >= 0 && context.grid.Editable() && !lines.isInUse(now)) presets.give(now);
+}
+
+bool SheetBody::Impl::adaptCopy(std::int32_t row) {
+    std::optional<Fault> unreadable;
+    const AnyRecord record = lines.read(row, unreadable);
+    const RowId id = context.cells().IdOf(row);
+    const bool keeps = context.copied(record.get());
+    if (keeps && (row = context.rowOf(id)) >= 0) lines.write(row, record.get());
+    return keeps;
+}
+
+void SheetBody::Impl::paintAll() {
+    if (!codes.paints() || !context.whole()) return;
+    for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row) codes.paint(row);
 }
 
 std::int32_t SheetBody::Impl::require(std::string_view member, std::string_view name) const {

@@ -8,11 +8,13 @@
 #include <vector>
 
 #include "sheet/CodeColumns.h"
+#include "sheet/CodeHelp.h"
 #include "sheet/Computing.h"
 #include "sheet/Deleting.h"
 #include "sheet/FaultMarks.h"
 #include "sheet/Faults.h"
 #include "sheet/Lines.h"
+#include "sheet/Presets.h"
 #include "sheet/Saved.h"
 #include "sheet/SheetContext.h"
 
@@ -49,12 +51,17 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     void tellEdited(std::int32_t row, std::int32_t column, bool filled);
     void tellFilled(std::int32_t row, const StepChanges& step);
     void preset(std::int32_t column, const std::string& text);
+    bool adaptCopy(std::int32_t row);
+    void goTo(RowId row, std::int32_t col);
+    void paintAll();
 
     SheetContext context;
     Saved saved{context};
     Lines lines{context, saved};
     Computing computing{context, lines};
+    Presets presets{context, lines};
     CodeColumns codes{context, lines, saved};
+    CodeHelp codeHelp{context};
     Faults faults{context, lines, computing, codes};
     FaultMarks faultMarks{context, faults};
     Deleting deleting{context};

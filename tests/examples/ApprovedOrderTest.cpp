@@ -22,7 +22,7 @@ class ApprovedOrder : public OrderEntry {
         ASSERT_TRUE(window->onScreen().approved) << window->message().toStdString();
     }
     // Right click at a cell, then the item by keyboard; answers what the menu offered.
-    QStringList choose(int row, OrderGrid::Column col, const QString& text) {
+    QStringList choose(int row, OrderColumn::Column col, const QString& text) {
         QStringList offered;
         grid().Grid().Select(row, col);
         auto* view = QApplication::focusWidget();
@@ -112,7 +112,7 @@ TEST_F(ApprovedOrder, IsReadOnlyAtOnceWhenItIsOpenedFromTheList) {
     play({"key Ctrl+O"});
     EXPECT_TRUE(window->onScreen().approved);
     EXPECT_FALSE(grid().Editable());
-    EXPECT_EQ(choose(1, OrderGrid::Quantity, "复制单元格"), OfTheControl("复制单元格") + OfTheHost);
+    EXPECT_EQ(choose(1, OrderColumn::Quantity, "复制单元格"), OfTheControl("复制单元格") + OfTheHost);
     EXPECT_EQ(QApplication::clipboard()->text(), QString("36"));
 }
 
@@ -120,7 +120,7 @@ TEST_F(ApprovedOrder, LeavesTheNextOrderEditable) {
     approve();
     play({"key Ctrl+N"});
     typeOrder();
-    EXPECT_EQ(choose(1, OrderGrid::Quantity, "复制行").size(), 8 + OfTheHost.size());
+    EXPECT_EQ(choose(1, OrderColumn::Quantity, "复制行").size(), 8 + OfTheHost.size());
     EXPECT_EQ(window->onScreen().lines.size(), 2u);
     play({"key Ctrl+S"});
     EXPECT_FALSE(window->hasUnsavedWork()) << window->message().toStdString();
@@ -176,7 +176,7 @@ TEST_F(ApprovedOrder, IsShownAsItWasSavedWhateverStoodOnTheScreenBefore) {
     open();
     typeOrder();
     play({"key F7", "key Down", "key Down"});
-    grid().Grid().Select(3, OrderGrid::Remark);
+    grid().Grid().Select(3, OrderColumn::Remark);
     play({"type 运费另计", "key Enter"});
     answers.agrees = true;
     play({"key F9"});
@@ -185,7 +185,7 @@ TEST_F(ApprovedOrder, IsShownAsItWasSavedWhateverStoodOnTheScreenBefore) {
     ASSERT_EQ(closed.lines.size(), 2u);
     play({"key Ctrl+N"});
     grid().Rows(100);
-    grid().Grid().Select(99, OrderGrid::Remark);
+    grid().Grid().Select(99, OrderColumn::Remark);
     play({"key F7", "key Delete"});
     answers.leave = Questions::Leave::Discard;
     ASSERT_TRUE(window->openOrder(1));
@@ -193,6 +193,6 @@ TEST_F(ApprovedOrder, IsShownAsItWasSavedWhateverStoodOnTheScreenBefore) {
     EXPECT_TRUE(OrderStore(database).load(1) == window->onScreen());
     EXPECT_FALSE(window->hasUnsavedWork());
     for (int row = 3; row < grid().Rows(); ++row)
-        for (int col = 1; col < OrderGrid::ColumnCount; ++col)
-            EXPECT_EQ(cell(row, static_cast<OrderGrid::Column>(col)), "") << row << ',' << col;
+        for (int col = 1; col < OrderColumn::ColumnCount; ++col)
+            EXPECT_EQ(cell(row, static_cast<OrderColumn::Column>(col)), "") << row << ',' << col;
 }

@@ -288,3 +288,16 @@ TEST_F(DatabaseFile, ConfirmsACodeOfAnyQueryByItsFields) {
               QString("主仓库"));
     EXPECT_FALSE(catalogue.find("SELECT code, name FROM goods", "code", "name", "' OR '1' = '1"));
 }
+
+TEST_F(DatabaseFile, FindsAWarehouseByItsCodeInAnyCaseOrByItsName) {
+    Database database(madeDatabase());
+    const Catalogue catalogue(database);
+    for (const char* typed : {"C01", "c01", "主仓库"}) {
+        const auto found = catalogue.warehouse(typed);
+        ASSERT_TRUE(found) << typed;
+        EXPECT_EQ(found->code, QString("C01"));
+        EXPECT_EQ(found->name, QString("主仓库"));
+    }
+    EXPECT_FALSE(catalogue.warehouse("主"));
+    EXPECT_FALSE(catalogue.warehouse(""));
+}

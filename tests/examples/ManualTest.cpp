@@ -38,7 +38,7 @@ TEST_F(Manual, OpensByF1AndGivesTheKeyboardBackToTheCellByEsc) {
     EXPECT_FALSE(isShown());
     waitUntilActive(window.get());
     play({"type 100001", "key Enter"});
-    EXPECT_EQ(cell(1, OrderGrid::Code), QString("100001"));
+    EXPECT_EQ(cell(1, OrderColumn::Code), QString("100001"));
 }
 
 TEST_F(Manual, HasEveryPictureThatItNames) {
@@ -62,7 +62,7 @@ TEST_F(Manual, LeavesWhatIsBeingTypedInTheOpenEditor) {
     waitUntilActive(window.get());
     EXPECT_TRUE(grid().editorView().visible);
     play({"type 01", "key Enter"});
-    EXPECT_EQ(cell(1, OrderGrid::Code), QString("100001"));
+    EXPECT_EQ(cell(1, OrderColumn::Code), QString("100001"));
 }
 
 TEST_F(Manual, IsOneWindowHoweverOftenF1IsPressed) {

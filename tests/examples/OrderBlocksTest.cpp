@@ -9,12 +9,12 @@ namespace {
 class OrderBlocks : public OrderSheet {
   protected:
     /// As if copied in a spreadsheet, at a cell.
-    void paste(int row, OrderGrid::Column col, std::string_view text) {
+    void paste(int row, OrderColumn::Column col, std::string_view text) {
         at(row, col);
         desk.clipboard(text);
         EXPECT_TRUE(desk.run(Command::Paste));
     }
-    QString problemAt(int row, OrderGrid::Column col) {
+    QString problemAt(int row, OrderColumn::Column col) {
         const CellMark* const mark = control.Mark(row, col);
         return mark && mark->kind == CellMark::Kind::Problem ? QString::fromStdString(mark->text) : QString();
     }
@@ -31,7 +31,7 @@ class OrderBlocks : public OrderSheet {
         grid.markSaved(lines);
     }
     void selectRows(int first, int last) {
-        at(first, OrderGrid::Code);
+        at(first, OrderColumn::Code);
         control.Grid().SelectRows(first, last);
     }
     void runAndSettle(Command command) {
@@ -45,7 +45,7 @@ TEST_F(OrderBlocks, PastedLinesGetTheirGoodsAmountsPresetsAndTimesAndTheRowsThat
     grid.presetWarehouse("五金仓");
     std::string text;
     for (int i = 0; i < 20; ++i) text += "100001\t\t\t\t" + std::to_string(i + 1) + "\n";
-    paste(1, OrderGrid::Code, text);
+    paste(1, OrderColumn::Code, text);
     const std::vector<OrderLine> lines = grid.lines();
     ASSERT_EQ(lines.size(), 20u);
     for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -66,15 +66,15 @@ TEST_F(OrderBlocks, PastedLinesGetTheirGoodsAmountsPresetsAndTimesAndTheRowsThat
 
 TEST_F(OrderBlocks, PresetsThatAreCutOrClearedFromSeveralRowsStayAway) {
     grid.presetWarehouse("五金仓");
-    paste(1, OrderGrid::Code, "100001\t\t\t\t1\n100001\t\t\t\t2\n100001\t\t\t\t3");
+    paste(1, OrderColumn::Code, "100001\t\t\t\t1\n100001\t\t\t\t2\n100001\t\t\t\t3");
     for (const Command command : {Command::Cut, Command::ClearCells}) {
-        ASSERT_EQ(cell(2, OrderGrid::Warehouse), "五金仓");
-        ASSERT_EQ(cell(3, OrderGrid::Slot), "2026-11-27 上午");
-        at(1, OrderGrid::Warehouse);
-        control.Grid().SelectRange(1, OrderGrid::Warehouse, 3, OrderGrid::Slot);
+        ASSERT_EQ(cell(2, OrderColumn::Warehouse), "五金仓");
+        ASSERT_EQ(cell(3, OrderColumn::Slot), "2026-11-27 上午");
+        at(1, OrderColumn::Warehouse);
+        control.Grid().SelectRange(1, OrderColumn::Warehouse, 3, OrderColumn::Slot);
         EXPECT_TRUE(desk.run(command));
         for (int row = 1; row <= 3; ++row)
-            for (const auto col : {OrderGrid::Warehouse, OrderGrid::Delivery, OrderGrid::Slot})
+            for (const auto col : {OrderColumn::Warehouse, OrderColumn::Delivery, OrderColumn::Slot})
                 EXPECT_EQ(cell(row, col), "") << row << ' ' << col;
         EXPECT_TRUE(desk.run(Command::Undo));
     }
@@ -82,90 +82,90 @@ TEST_F(OrderBlocks, PresetsThatAreCutOrClearedFromSeveralRowsStayAway) {
 
 TEST_F(OrderBlocks, AnAmountComesBackWithTheQuantityThatARefusedExpressionHadEmptied) {
     enterLine(1, "100001");
-    ASSERT_EQ(cell(1, OrderGrid::Amount), "16.65");
-    at(1, OrderGrid::Quantity);
+    ASSERT_EQ(cell(1, OrderColumn::Amount), "16.65");
+    at(1, OrderColumn::Quantity);
     desk.type("abc").press(Key::Enter);
-    EXPECT_EQ(cell(1, OrderGrid::Amount), "");
+    EXPECT_EQ(cell(1, OrderColumn::Amount), "");
     desk.press(Key::Escape);
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), "5");
-    EXPECT_EQ(cell(1, OrderGrid::Amount), "16.65");
-    EXPECT_EQ(control.Grid_Sum().DisplayText(0, OrderGrid::Amount), "16.65");
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), "5");
+    EXPECT_EQ(cell(1, OrderColumn::Amount), "16.65");
+    EXPECT_EQ(control.Grid_Sum().DisplayText(0, OrderColumn::Amount), "16.65");
 }
 
 TEST_F(OrderBlocks, AnUnknownCodeOfAPastedBlockIsMarkedAndTheOthersAreTaken) {
-    paste(1, OrderGrid::Code, "100001\n4711\n100002");
+    paste(1, OrderColumn::Code, "100001\n4711\n100002");
     EXPECT_EQ(codes(), (QStringList{"100001", "100002"}));
-    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString("商品目录中没有这个货号,请更正。"));
+    EXPECT_EQ(problemAt(2, OrderColumn::Code), QString("商品目录中没有这个货号,请更正。"));
     EXPECT_TRUE(desk.messages().empty());
     EXPECT_TRUE(desk.run(Command::NextProblem));
     EXPECT_EQ(control.Row(), 2);
     desk.type("100002").press(Key::Enter);
-    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString());
+    EXPECT_EQ(problemAt(2, OrderColumn::Code), QString());
 }
 
 TEST_F(OrderBlocks, APastedPriceBelowZeroIsRefusedAndAQuantityBelowZeroIsAReturn) {
     enterLine(1, "100001");
-    paste(1, OrderGrid::Quantity, "-2\t-1");
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), "-2");
-    EXPECT_EQ(cell(1, OrderGrid::Price), "3.33");
-    EXPECT_EQ(problemAt(1, OrderGrid::Price), QString("不能小于 0。"));
+    paste(1, OrderColumn::Quantity, "-2\t-1");
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), "-2");
+    EXPECT_EQ(cell(1, OrderColumn::Price), "3.33");
+    EXPECT_EQ(problemAt(1, OrderColumn::Price), QString("不能小于 0。"));
 }
 
 TEST_F(OrderBlocks, EveryCellThatKeepsTheOrderFromBeingSavedIsMarked) {
-    enter(1, OrderGrid::Code, "100001");
-    enter(2, OrderGrid::Quantity, "5");
-    enter(3, OrderGrid::Code, "100002");
+    enter(1, OrderColumn::Code, "100001");
+    enter(2, OrderColumn::Quantity, "5");
+    enter(3, OrderColumn::Code, "100002");
     EXPECT_TRUE(grid.commit());
     EXPECT_NE(problem(), QString());
     EXPECT_EQ(grid.markProblems(), 5) << desk.ascii();
-    EXPECT_EQ(problemAt(1, OrderGrid::Quantity), QString("数量不能为零"));
-    EXPECT_EQ(problemAt(1, OrderGrid::Warehouse), QString("仓库不能为空"));
-    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString("货号没有填写:没有货号的行要有备注,否则请删除这一行"));
-    EXPECT_EQ(problemAt(3, OrderGrid::Quantity), QString("数量不能为零"));
-    EXPECT_EQ(problemAt(2, OrderGrid::Quantity), QString());
+    EXPECT_EQ(problemAt(1, OrderColumn::Quantity), QString("数量不能为零"));
+    EXPECT_EQ(problemAt(1, OrderColumn::Warehouse), QString("仓库不能为空"));
+    EXPECT_EQ(problemAt(2, OrderColumn::Code), QString("货号没有填写:没有货号的行要有备注,否则请删除这一行"));
+    EXPECT_EQ(problemAt(3, OrderColumn::Quantity), QString("数量不能为零"));
+    EXPECT_EQ(problemAt(2, OrderColumn::Quantity), QString());
     EXPECT_FALSE(grid.unsaved().none());
     EXPECT_TRUE(control.CanRun(Command::NextProblem));
 }
 
 TEST_F(OrderBlocks, AMarkGoesWithTheCommitThatMendsItsCellAndStaysOverOneThatDoesNot) {
-    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderColumn::Code, "100001");
     grid.markProblems();
-    enter(1, OrderGrid::Quantity, "3-3");
-    EXPECT_EQ(problemAt(1, OrderGrid::Quantity), QString("数量不能为零"));
-    enter(1, OrderGrid::Quantity, "3");
-    EXPECT_EQ(problemAt(1, OrderGrid::Quantity), QString());
-    enter(1, OrderGrid::Warehouse, "主仓库");
+    enter(1, OrderColumn::Quantity, "3-3");
+    EXPECT_EQ(problemAt(1, OrderColumn::Quantity), QString("数量不能为零"));
+    enter(1, OrderColumn::Quantity, "3");
+    EXPECT_EQ(problemAt(1, OrderColumn::Quantity), QString());
+    enter(1, OrderColumn::Warehouse, "主仓库");
     EXPECT_EQ(grid.markProblems(), 0);
     EXPECT_FALSE(control.CanRun(Command::NextProblem));
 }
 
 TEST_F(OrderBlocks, AMarkGoesWhenAnotherCellOfItsLineHasMadeItRight) {
-    enter(2, OrderGrid::Quantity, "5");
+    enter(2, OrderColumn::Quantity, "5");
     EXPECT_EQ(grid.markProblems(), 1);
-    EXPECT_NE(problemAt(2, OrderGrid::Code), QString());
-    enter(2, OrderGrid::Remark, "另行通知");
-    EXPECT_EQ(problemAt(2, OrderGrid::Code), QString()) << "a note now";
-    enter(3, OrderGrid::Code, "100001");
+    EXPECT_NE(problemAt(2, OrderColumn::Code), QString());
+    enter(2, OrderColumn::Remark, "另行通知");
+    EXPECT_EQ(problemAt(2, OrderColumn::Code), QString()) << "a note now";
+    enter(3, OrderColumn::Code, "100001");
     grid.markProblems();
-    EXPECT_NE(problemAt(3, OrderGrid::Quantity), QString());
-    at(3, OrderGrid::Code);
+    EXPECT_NE(problemAt(3, OrderColumn::Quantity), QString());
+    at(3, OrderColumn::Code);
     desk.run(Command::ClearCells);
-    EXPECT_EQ(problemAt(3, OrderGrid::Quantity), QString()) << "no line any more";
+    EXPECT_EQ(problemAt(3, OrderColumn::Quantity), QString()) << "no line any more";
 }
 
 TEST_F(OrderBlocks, AWarehouseThatTheLineWillGetIsNotMarked) {
     enterLine(1, "100001");
     grid.presetWarehouse("五金仓");
-    control.SetCell(2, OrderGrid::Code, "100002");
-    at(1, OrderGrid::Remark);
+    control.SetCell(2, OrderColumn::Code, "100002");
+    at(1, OrderColumn::Remark);
     EXPECT_TRUE(grid.commit());
     EXPECT_EQ(grid.markProblems(), 1);
-    EXPECT_EQ(problemAt(2, OrderGrid::Warehouse), QString());
-    EXPECT_EQ(problemAt(2, OrderGrid::Quantity), QString("数量不能为零"));
+    EXPECT_EQ(problemAt(2, OrderColumn::Warehouse), QString());
+    EXPECT_EQ(problemAt(2, OrderColumn::Quantity), QString("数量不能为零"));
 }
 
 TEST_F(OrderBlocks, MarksAreGoneInTheNextOrder) {
-    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderColumn::Code, "100001");
     EXPECT_GT(grid.markProblems(), 0);
     grid.clear(QDate(2026, 11, 27));
     EXPECT_FALSE(control.CanRun(Command::NextProblem));
@@ -178,8 +178,8 @@ TEST_F(OrderBlocks, LinesThatHaveChangedPlacesAreUnsavedUntilTheyAreBack) {
     enterLine(2, "100002");
     save();
     ASSERT_TRUE(grid.unsaved().none());
-    QSignalSpy changed(&grid, &OrderGrid::changed);
-    at(2, OrderGrid::Code);
+    const ChangesOf changed(control);
+    at(2, OrderColumn::Code);
     EXPECT_TRUE(desk.run(Command::MoveRowUp));
     EXPECT_EQ(codes(), (QStringList{"100002", "100001"}));
     EXPECT_TRUE(grid.unsaved().moved);
@@ -187,7 +187,7 @@ TEST_F(OrderBlocks, LinesThatHaveChangedPlacesAreUnsavedUntilTheyAreBack) {
     EXPECT_EQ(grid.lines()[0].id, 2);
     EXPECT_TRUE(desk.run(Command::Undo));
     EXPECT_TRUE(grid.unsaved().none());
-    at(1, OrderGrid::Code);
+    at(1, OrderColumn::Code);
     EXPECT_TRUE(desk.run(Command::MoveRowDown));
     EXPECT_TRUE(grid.unsaved().moved);
     save();
@@ -198,9 +198,9 @@ TEST_F(OrderBlocks, ALineThatMovedPastRowsThatSayNothingIsNoChange) {
     enterLine(1, "100001");
     enterLine(2, "100002");
     save();
-    at(2, OrderGrid::Code);
+    at(2, OrderColumn::Code);
     EXPECT_TRUE(desk.run(Command::MoveRowDown));
-    EXPECT_EQ(cell(3, OrderGrid::Code), "100002");
+    EXPECT_EQ(cell(3, OrderColumn::Code), "100002");
     EXPECT_TRUE(grid.unsaved().none());
 }
 
@@ -212,7 +212,7 @@ TEST_F(OrderBlocks, SeveralRowsAreDeletedAfterOneQuestionWhateverAskedForIt) {
         return agrees;
     });
     for (int row = 1; row <= 5; ++row) enterLine(row, "100001");
-    enter(5, OrderGrid::Remark, "留下");
+    enter(5, OrderColumn::Remark, "留下");
     selectRows(1, 4);
     runAndSettle(Command::DeleteRows);
     EXPECT_EQ(asked, QStringList("选中的 4 行"));

@@ -104,27 +104,27 @@ TEST_F(BlockEntry, OffersTheClipboardAtTheEndOfTheContextMenuOfTheGrid) {
 TEST_F(BlockEntry, FillsDownByCtrlDAndDeletesNoOrder) {
     open();
     typeOrder();
-    go(2, OrderGrid::Code);
+    go(2, OrderColumn::Code);
     play({"key Ctrl+D"});
-    EXPECT_EQ(cell(2, OrderGrid::Code), QString("100001"));
-    EXPECT_EQ(cell(2, OrderGrid::Name), cell(1, OrderGrid::Name));
+    EXPECT_EQ(cell(2, OrderColumn::Code), QString("100001"));
+    EXPECT_EQ(cell(2, OrderColumn::Name), cell(1, OrderColumn::Name));
     EXPECT_TRUE(answers.asked.isEmpty());
 }
 
 TEST_F(BlockEntry, TakesAPastedOrderMarksTheUnknownCodeAndListsIt) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     for (int row = 1; row <= 4; ++row) {
-        EXPECT_FALSE(cell(row, OrderGrid::Name).isEmpty()) << row;
-        EXPECT_FALSE(cell(row, OrderGrid::Amount).isEmpty()) << row;
-        EXPECT_FALSE(cell(row, OrderGrid::Warehouse).isEmpty()) << row;
-        EXPECT_FALSE(isMarked(row, OrderGrid::Code)) << row;
+        EXPECT_FALSE(cell(row, OrderColumn::Name).isEmpty()) << row;
+        EXPECT_FALSE(cell(row, OrderColumn::Amount).isEmpty()) << row;
+        EXPECT_FALSE(cell(row, OrderColumn::Warehouse).isEmpty()) << row;
+        EXPECT_FALSE(isMarked(row, OrderColumn::Code)) << row;
     }
-    EXPECT_EQ(cell(2, OrderGrid::Quantity), QString("1,200"));
-    EXPECT_EQ(cell(3, OrderGrid::Quantity), QString("10"));
-    EXPECT_EQ(cell(5, OrderGrid::Code), QString());
-    EXPECT_TRUE(isMarked(5, OrderGrid::Code));
+    EXPECT_EQ(cell(2, OrderColumn::Quantity), QString("1,200"));
+    EXPECT_EQ(cell(3, OrderColumn::Quantity), QString("10"));
+    EXPECT_EQ(cell(5, OrderColumn::Code), QString());
+    EXPECT_TRUE(isMarked(5, OrderColumn::Code));
     EXPECT_TRUE(window->message().contains("未通过 1 格")) << window->message().toStdString();
     ASSERT_TRUE(refused()->isVisible());
     EXPECT_EQ(row(0), (QStringList{"5", "货号", "999999", "商品目录中没有这个货号,请更正。"}));
@@ -134,14 +134,14 @@ TEST_F(BlockEntry, TakesAPastedOrderMarksTheUnknownCodeAndListsIt) {
 TEST_F(BlockEntry, LeadsFromTheListToTheCellAndLosesWhatIsPutRight) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
-    go(1, OrderGrid::Code);
+    pasteAt(1, OrderColumn::Code, fiveLines);
+    go(1, OrderColumn::Code);
     play({"key Shift+F8", "key Enter"});
     EXPECT_TRUE(grid().IsActive());
     EXPECT_EQ(grid().Row(), 5);
-    EXPECT_EQ(grid().Col(), OrderGrid::Code);
+    EXPECT_EQ(grid().Col(), OrderColumn::Code);
     play({"type 100101", "key Enter"});
-    EXPECT_FALSE(isMarked(5, OrderGrid::Code));
+    EXPECT_FALSE(isMarked(5, OrderColumn::Code));
     EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return !refused()->isVisible(); }));
     play({"key Ctrl+S"});
     EXPECT_FALSE(window->hasUnsavedWork()) << window->message().toStdString();
@@ -152,33 +152,33 @@ TEST_F(BlockEntry, LeadsFromTheListToTheCellAndLosesWhatIsPutRight) {
 TEST_F(BlockEntry, ClosesTheListByEscAndKeepsTheMarks) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     play({"key Shift+F8", "key Esc"});
     EXPECT_FALSE(refused()->isVisible());
     EXPECT_TRUE(grid().IsActive());
-    go(1, OrderGrid::Code);
+    go(1, OrderColumn::Code);
     play({"key F8"});
     EXPECT_EQ(grid().Row(), 5);
     play({"key Ctrl+N"});
     answers.leave = Questions::Leave::Discard;
     play({"key Ctrl+N"});
-    EXPECT_FALSE(isMarked(5, OrderGrid::Code));
+    EXPECT_FALSE(isMarked(5, OrderColumn::Code));
 }
 
 TEST_F(BlockEntry, TakesTheMarksAwayWithTheListWhenTheClerkSaysSo) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     auto* button = refused()->findChild<QPushButton*>("clearMarks");
     QTest::mouseClick(button, Qt::LeftButton);
-    EXPECT_FALSE(isMarked(5, OrderGrid::Code));
+    EXPECT_FALSE(isMarked(5, OrderColumn::Code));
     EXPECT_FALSE(refused()->isVisible());
 }
 
 TEST_F(BlockEntry, TellsWhatLiesBeyondTheLastColumn) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Entered, "2026-11-20 08:00:00\tx\ty");
+    pasteAt(1, OrderColumn::Entered, "2026-11-20 08:00:00\tx\ty");
     ASSERT_TRUE(refused()->isVisible());
     EXPECT_EQ(row(0), (QStringList{"", "", "2 格", "超出最后一列。"}));
     play({"key Shift+F8", "key Enter"});
@@ -188,17 +188,17 @@ TEST_F(BlockEntry, TellsWhatLiesBeyondTheLastColumn) {
 TEST_F(BlockEntry, AddsUpWhatIsSelectedUntilTheSelectionEnds) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     const QString ofOrder = totals();
     EXPECT_TRUE(ofOrder.startsWith("共 5 行")) << ofOrder.toStdString();
-    go(1, OrderGrid::Quantity);
+    go(1, OrderColumn::Quantity);
     play({"key Shift+Down", "key Shift+Down"});
     EXPECT_EQ(totals(),
               QString("选中 3 格,有内容 3 格    数字 3 个  合计 1,213  平均 404.333  最小 3  最大 1,200"));
     play({"key Ctrl+C", "key Down"});
     EXPECT_EQ(totals(), ofOrder);
     EXPECT_EQ(QApplication::clipboard()->text(), QString("3\n1,200\n10"));
-    go(1, OrderGrid::Code);
+    go(1, OrderColumn::Code);
     play({"key Shift+Down"});
     EXPECT_TRUE(totals().startsWith("选中 2 格,有内容 2 格")) << totals().toStdString();
 }
@@ -206,8 +206,8 @@ TEST_F(BlockEntry, AddsUpWhatIsSelectedUntilTheSelectionEnds) {
 TEST_F(BlockEntry, AddsUpAnewWhenWhatIsSelectedChanges) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
-    go(1, OrderGrid::Quantity);
+    pasteAt(1, OrderColumn::Code, fiveLines);
+    go(1, OrderColumn::Quantity);
     play({"key Shift+Down", "key Shift+Down", "key Ctrl+D"});
     EXPECT_TRUE(totals().contains("合计 9 ")) << totals().toStdString();
     play({"key Ctrl+X"});
@@ -217,18 +217,18 @@ TEST_F(BlockEntry, AddsUpAnewWhenWhatIsSelectedChanges) {
 TEST_F(BlockEntry, MarksAllThatKeepsTheOrderFromBeingSavedAndSaysHowMany) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, "100001\n100017\n100034");
-    go(1, OrderGrid::Quantity);
+    pasteAt(1, OrderColumn::Code, "100001\n100017\n100034");
+    go(1, OrderColumn::Quantity);
     play({"type 3", "key Enter", "key Ctrl+S"});
     EXPECT_EQ(window->onScreen().id, 0);
     EXPECT_EQ(window->message(),
               QString("第 2 行的数量不能为零,订单没有保存;有问题的格子共 2 个,按 F8 逐个查看"));
-    EXPECT_TRUE(isMarked(2, OrderGrid::Quantity));
-    EXPECT_TRUE(isMarked(3, OrderGrid::Quantity));
+    EXPECT_TRUE(isMarked(2, OrderColumn::Quantity));
+    EXPECT_TRUE(isMarked(3, OrderColumn::Quantity));
     play({"type 5", "key Enter", "key F8"});
-    EXPECT_FALSE(isMarked(2, OrderGrid::Quantity));
+    EXPECT_FALSE(isMarked(2, OrderColumn::Quantity));
     EXPECT_EQ(grid().Row(), 3);
-    EXPECT_EQ(grid().Col(), OrderGrid::Quantity);
+    EXPECT_EQ(grid().Col(), OrderColumn::Quantity);
     play({"type 7", "key Enter", "key Ctrl+S"});
     EXPECT_FALSE(window->hasUnsavedWork()) << window->message().toStdString();
 }
@@ -236,11 +236,11 @@ TEST_F(BlockEntry, MarksAllThatKeepsTheOrderFromBeingSavedAndSaysHowMany) {
 TEST_F(BlockEntry, SavesLinesInTheOrderThatTheyWereMovedInto) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines.section('\n', 0, 2));
+    pasteAt(1, OrderColumn::Code, fiveLines.section('\n', 0, 2));
     ASSERT_TRUE(window->save()) << window->message().toStdString();
     Database database(databaseFile());
     watchLines(database);
-    go(3, OrderGrid::Code);
+    go(3, OrderColumn::Code);
     play({"key Alt+Up"});
     EXPECT_EQ(state(), QString("未保存"));
     EXPECT_TRUE(window->isWindowModified());
@@ -252,19 +252,19 @@ TEST_F(BlockEntry, SavesLinesInTheOrderThatTheyWereMovedInto) {
     const qint64 id = window->onScreen().id;
     play({"key Ctrl+N"});
     ASSERT_TRUE(window->openOrder(id));
-    EXPECT_EQ(cell(1, OrderGrid::Code), QString("100001"));
-    EXPECT_EQ(cell(2, OrderGrid::Code), QString("100034"));
-    EXPECT_EQ(cell(3, OrderGrid::Code), QString("100017"));
+    EXPECT_EQ(cell(1, OrderColumn::Code), QString("100001"));
+    EXPECT_EQ(cell(2, OrderColumn::Code), QString("100034"));
+    EXPECT_EQ(cell(3, OrderColumn::Code), QString("100017"));
 }
 
 TEST_F(BlockEntry, SavesLinesThatWerePastedBetweenOthers) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, "100001\t\t\t\t1\n100017\t\t\t\t2\n");
+    pasteAt(1, OrderColumn::Code, "100001\t\t\t\t1\n100017\t\t\t\t2\n");
     ASSERT_TRUE(window->save()) << window->message().toStdString();
-    go(2, OrderGrid::Code);
+    go(2, OrderColumn::Code);
     play({"key Ctrl++", "key Ctrl++"});
-    pasteAt(2, OrderGrid::Code, "100034\t\t\t\t3\n100050\t\t\t\t4\n");
+    pasteAt(2, OrderColumn::Code, "100034\t\t\t\t3\n100050\t\t\t\t4\n");
     ASSERT_TRUE(window->save()) << window->message().toStdString();
     Database database(databaseFile());
     QStringList codes;
@@ -276,9 +276,9 @@ TEST_F(BlockEntry, SavesLinesThatWerePastedBetweenOthers) {
 TEST_F(BlockEntry, DeletesSelectedRowsAfterOneQuestion) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     answers.agrees = true;
-    go(1, OrderGrid::Code);
+    go(1, OrderColumn::Code);
     grid().Grid().SelectRows(1, 4);
     play({"key Ctrl+-"});
     EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return !answers.asked.isEmpty(); }));
@@ -292,7 +292,7 @@ TEST_F(BlockEntry, OpensTheClosedListAgainForAsLongAsSomethingIsOpen) {
     EXPECT_TRUE(inMenu("查看(&V)").contains("没有写入的内容(&R)"));
     EXPECT_FALSE(inMenu("转到(&G)").contains("没有写入的内容(&R)"));
     EXPECT_FALSE(itemOf("没有写入的内容(&R)")->isEnabled());
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     EXPECT_TRUE(itemOf("没有写入的内容(&R)")->isEnabled());
     play({"key Shift+F8", "key Esc"});
     EXPECT_FALSE(refused()->isVisible());
@@ -302,7 +302,7 @@ TEST_F(BlockEntry, OpensTheClosedListAgainForAsLongAsSomethingIsOpen) {
     EXPECT_TRUE(list()->hasFocus());
     EXPECT_EQ(row(0).at(2), QString("999999"));
     play({"key Esc"});
-    go(5, OrderGrid::Code);
+    go(5, OrderColumn::Code);
     play({"type 100101", "key Enter"});
     EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return !itemOf("没有写入的内容(&R)")->isEnabled(); }));
     play({"key Shift+F8"});
@@ -312,13 +312,13 @@ TEST_F(BlockEntry, OpensTheClosedListAgainForAsLongAsSomethingIsOpen) {
 TEST_F(BlockEntry, AddsToTheListWhatALaterBlockLeavesOpen) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
-    pasteAt(1, OrderGrid::Quantity, "x\n4\ny");
+    pasteAt(1, OrderColumn::Code, fiveLines);
+    pasteAt(1, OrderColumn::Quantity, "x\n4\ny");
     ASSERT_EQ(list()->topLevelItemCount(), 3);
     EXPECT_EQ(row(0).mid(0, 3), (QStringList{"5", "货号", "999999"}));
     EXPECT_EQ(row(1).mid(0, 3), (QStringList{"1", "数量", "x"}));
     EXPECT_EQ(row(2).mid(0, 3), (QStringList{"3", "数量", "y"}));
-    pasteAt(1, OrderGrid::Quantity, "5\n6\nz");
+    pasteAt(1, OrderColumn::Quantity, "5\n6\nz");
     ASSERT_EQ(list()->topLevelItemCount(), 2);
     EXPECT_EQ(row(0).mid(0, 3), (QStringList{"5", "货号", "999999"}));
     EXPECT_EQ(row(1).mid(0, 3), (QStringList{"3", "数量", "z"}));
@@ -327,68 +327,68 @@ TEST_F(BlockEntry, AddsToTheListWhatALaterBlockLeavesOpen) {
 TEST_F(BlockEntry, TakesTheKeysOfTheGridWhileTheListHasTheKeyboard) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     play({"key Shift+F8", "key Ctrl+C"});
     EXPECT_EQ(QApplication::clipboard()->text(), QString("5\t货号\t999999\t商品目录中没有这个货号,请更正。"));
     play({"key Ctrl+Z"});
     EXPECT_TRUE(window->onScreen().lines.empty());
-    EXPECT_FALSE(isMarked(5, OrderGrid::Code));
+    EXPECT_FALSE(isMarked(5, OrderColumn::Code));
     EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return !refused()->isVisible(); }));
     EXPECT_TRUE(grid().IsActive()) << "the keyboard does not go with the list";
     play({"key Ctrl+Y"});
     EXPECT_EQ(window->onScreen().lines.size(), 5u);
-    EXPECT_TRUE(isMarked(5, OrderGrid::Code));
+    EXPECT_TRUE(isMarked(5, OrderColumn::Code));
 }
 
 TEST_F(BlockEntry, LeadsToTheNextProblemFromTheList) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
+    pasteAt(1, OrderColumn::Code, fiveLines);
     play({"key Shift+F8", "key F8"});
     EXPECT_TRUE(grid().IsActive());
     EXPECT_EQ(grid().Row(), 5);
-    EXPECT_EQ(grid().Col(), OrderGrid::Code);
+    EXPECT_EQ(grid().Col(), OrderColumn::Code);
     EXPECT_TRUE(refused()->isVisible());
 }
 
 TEST_F(BlockEntry, RedoesFromTheListWhileSomethingIsInIt) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, fiveLines);
-    go(1, OrderGrid::Quantity);
+    pasteAt(1, OrderColumn::Code, fiveLines);
+    go(1, OrderColumn::Quantity);
     play({"type 9", "key Enter", "key Shift+F8", "key Ctrl+Z"});
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("3"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("3"));
     EXPECT_TRUE(list()->hasFocus());
     play({"key Ctrl+Y"});
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("9"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("9"));
     EXPECT_TRUE(list()->hasFocus());
 }
 
 TEST_F(BlockEntry, WarnsOfWhatWasRefusedAloneAndSaysNothingOfABlockThatWasUndone) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, "100001\n100017\n");
+    pasteAt(1, OrderColumn::Code, "100001\n100017\n");
     EXPECT_EQ(window->message(), QString("已写入 2 格"));
     play({"key Ctrl+Z"});
     EXPECT_EQ(window->message(), QString());
-    pasteAt(1, OrderGrid::Code, "100001\t螺栓\n100017\t螺母\n");
+    pasteAt(1, OrderColumn::Code, "100001\t螺栓\n100017\t螺母\n");
     EXPECT_EQ(window->message(), QString("写入 2 格，跳过只读 2 格。"));
     EXPECT_FALSE(warns());
-    grid().Grid().SelectRange(1, OrderGrid::Code, 2, OrderGrid::Name);
+    grid().Grid().SelectRange(1, OrderColumn::Code, 2, OrderColumn::Name);
     play({"key Ctrl+X"});
     EXPECT_TRUE(window->message().startsWith("已清除 2 格")) << window->message().toStdString();
     EXPECT_FALSE(warns());
-    pasteAt(1, OrderGrid::Code, "4711\n4712\n");
+    pasteAt(1, OrderColumn::Code, "4711\n4712\n");
     EXPECT_TRUE(warns());
 }
 
 TEST_F(BlockEntry, SaysNothingOfTheRefusedSaveOnceTheOrderIsSaved) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, "100001\n");
+    pasteAt(1, OrderColumn::Code, "100001\n");
     play({"key Ctrl+S", "key Enter"});
     EXPECT_TRUE(warns());
-    go(1, OrderGrid::Quantity);
+    go(1, OrderColumn::Quantity);
     play({"type 5", "key Enter", "key Ctrl+S"});
     EXPECT_TRUE(window->message().contains("已保存")) << window->message().toStdString();
     EXPECT_FALSE(warns());
@@ -397,11 +397,11 @@ TEST_F(BlockEntry, SaysNothingOfTheRefusedSaveOnceTheOrderIsSaved) {
 TEST_F(BlockEntry, LosesItsMarksWhenItIsApproved) {
     open();
     chooseCustomer();
-    pasteAt(1, OrderGrid::Code, "100001\t\t\t\t1\n");
-    pasteAt(1, OrderGrid::Unit, "担\t2");
-    ASSERT_TRUE(isMarked(1, OrderGrid::Unit));
+    pasteAt(1, OrderColumn::Code, "100001\t\t\t\t1\n");
+    pasteAt(1, OrderColumn::Unit, "担\t2");
+    ASSERT_TRUE(isMarked(1, OrderColumn::Unit));
     answers.agrees = true;
     ASSERT_TRUE(window->approveOrder()) << window->message().toStdString();
-    EXPECT_FALSE(isMarked(1, OrderGrid::Unit));
+    EXPECT_FALSE(isMarked(1, OrderColumn::Unit));
     EXPECT_FALSE(refused()->isVisible());
 }

@@ -20,7 +20,7 @@ class OrderColumns : public OrderEntry {
     }
     int pixel(std::int32_t twips) const { return twips * window->logicalDpiX() / 1440; }
     /// Drags the right edge of the column's header.
-    void dragEdge(OrderGrid::Column col, int pixels) {
+    void dragEdge(OrderColumn::Column col, int pixels) {
         const Rect header = grid().Grid().CellRect(0, col);
         QWidget* view = window->gridWidget().childAt(pixel(header.left) + 5, 5);
         ASSERT_NE(view, nullptr);
@@ -40,36 +40,36 @@ class OrderColumns : public OrderEntry {
         ASSERT_TRUE(chosen->isEnabled()) << text.toStdString();
         chosen->trigger();
     }
-    void at(OrderGrid::Column col) { grid().Grid().Select(1, col); }
+    void at(OrderColumn::Column col) { grid().Grid().Select(1, col); }
 };
 }  // namespace
 
 TEST_F(OrderColumns, AreRememberedAndResetFromTheMenu) {
     start();
-    const std::int32_t designed = grid().ColWidth(OrderGrid::Name);
+    const std::int32_t designed = grid().ColWidth(OrderColumn::Name);
     EXPECT_EQ(grid().FrozenCols(), 2);
-    dragEdge(OrderGrid::Name, 40);
-    const std::int32_t dragged = grid().ColWidth(OrderGrid::Name);
+    dragEdge(OrderColumn::Name, 40);
+    const std::int32_t dragged = grid().ColWidth(OrderColumn::Name);
     EXPECT_NEAR(dragged, designed + 40 * 1440 / window->logicalDpiX(), 30);
-    at(OrderGrid::Slot);
+    at(OrderColumn::Slot);
     choose("隐藏列");
-    at(OrderGrid::Code);
+    at(OrderColumn::Code);
     choose("冻结到此列");
 
     start();
-    EXPECT_EQ(grid().ColWidth(OrderGrid::Name), dragged);
-    EXPECT_TRUE(grid().ColHidden(OrderGrid::Slot));
+    EXPECT_EQ(grid().ColWidth(OrderColumn::Name), dragged);
+    EXPECT_TRUE(grid().ColHidden(OrderColumn::Slot));
     EXPECT_EQ(grid().FrozenCols(), 1);
     EXPECT_EQ(window->message(), QString());
 
     choose("恢复默认布局");
-    EXPECT_EQ(grid().ColWidth(OrderGrid::Name), designed);
-    EXPECT_FALSE(grid().ColHidden(OrderGrid::Slot));
+    EXPECT_EQ(grid().ColWidth(OrderColumn::Name), designed);
+    EXPECT_FALSE(grid().ColHidden(OrderColumn::Slot));
     EXPECT_EQ(grid().FrozenCols(), 2);
 
     start();
-    EXPECT_EQ(grid().ColWidth(OrderGrid::Name), designed);
-    EXPECT_FALSE(grid().ColHidden(OrderGrid::Slot));
+    EXPECT_EQ(grid().ColWidth(OrderColumn::Name), designed);
+    EXPECT_FALSE(grid().ColHidden(OrderColumn::Slot));
     EXPECT_EQ(grid().FrozenCols(), 2);
 }
 
@@ -77,17 +77,17 @@ TEST_F(OrderColumns, GiveTheRoomOfAHiddenOneToTheRemark) {
     start();
     window->resize(1900, 720);
     QCoreApplication::processEvents();
-    const std::int32_t before = grid().ColWidth(OrderGrid::Remark);
-    at(OrderGrid::Slot);
+    const std::int32_t before = grid().ColWidth(OrderColumn::Remark);
+    at(OrderColumn::Slot);
     choose("隐藏列");
-    EXPECT_EQ(grid().ColWidth(OrderGrid::Remark), before + grid().ColWidth(OrderGrid::Slot));
+    EXPECT_EQ(grid().ColWidth(OrderColumn::Remark), before + grid().ColWidth(OrderColumn::Slot));
     choose("显示隐藏的列");
-    EXPECT_EQ(grid().ColWidth(OrderGrid::Remark), before);
+    EXPECT_EQ(grid().ColWidth(OrderColumn::Remark), before);
 }
 
 TEST_F(OrderColumns, AreShownAsDesignedWhereTheFileMakesNoSense) {
     start();
-    const std::int32_t designed = grid().ColWidth(OrderGrid::Name);
+    const std::int32_t designed = grid().ColWidth(OrderColumn::Name);
     window.reset();
     {
         QSettings settings(file(), QSettings::IniFormat);
@@ -98,8 +98,8 @@ TEST_F(OrderColumns, AreShownAsDesignedWhereTheFileMakesNoSense) {
         settings.setValue("ColumnLayout.Frozen", QStringList({"a", "b"}));
     }
     start();
-    EXPECT_EQ(grid().ColWidth(OrderGrid::Name), designed);
-    EXPECT_FALSE(grid().ColHidden(OrderGrid::Spec));
+    EXPECT_EQ(grid().ColWidth(OrderColumn::Name), designed);
+    EXPECT_FALSE(grid().ColHidden(OrderColumn::Spec));
     EXPECT_EQ(grid().FrozenCols(), 2);
     window.reset();
     QFile junk(file());
@@ -107,7 +107,7 @@ TEST_F(OrderColumns, AreShownAsDesignedWhereTheFileMakesNoSense) {
     junk.write("\xFF\xFE no settings [");
     junk.close();
     start();
-    EXPECT_EQ(grid().ColWidth(OrderGrid::Name), designed);
+    EXPECT_EQ(grid().ColWidth(OrderColumn::Name), designed);
 }
 
 TEST_F(OrderColumns, ThatCannotBeKeptAreTold) {
@@ -116,16 +116,16 @@ TEST_F(OrderColumns, ThatCannotBeKeptAreTold) {
     inTheWay.close();
     open();
     window->rememberColumns(std::make_unique<QSettings>(file() + "/user.ini", QSettings::IniFormat));
-    at(OrderGrid::Slot);
+    at(OrderColumn::Slot);
     choose("隐藏列");
     EXPECT_TRUE(window->message().startsWith("列的布局没有保存:")) << window->message().toStdString();
-    EXPECT_TRUE(grid().ColHidden(OrderGrid::Slot));
+    EXPECT_TRUE(grid().ColHidden(OrderColumn::Slot));
 }
 
 TEST_F(OrderColumns, AreOfferedToTheClerkInMenus) {
     open();
     EXPECT_TRUE(grid().Options().HeaderMenu());
-    for (std::int32_t col = OrderGrid::Code; col < OrderGrid::ColumnCount; ++col) {
+    for (std::int32_t col = OrderColumn::Code; col < OrderColumn::ColumnCount; ++col) {
         EXPECT_TRUE(grid().Options(col).sortable());
         EXPECT_TRUE(grid().Options(col).filterable());
     }

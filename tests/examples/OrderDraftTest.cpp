@@ -61,7 +61,7 @@ class OrderDraftTest : public Scratch {
         return window().onScreen();
     }
     void changeFirstQuantity(const QString& quantity) {
-        grid().Grid().Select(1, OrderGrid::Quantity);
+        grid().Grid().Select(1, OrderColumn::Quantity);
         play({"key F7", "type " + quantity, "key Enter"});
     }
 
@@ -282,7 +282,7 @@ TEST_F(OrderDraftTest, OffersNothingThatWasSavedRightBeforeTheEnd) {
 TEST_F(OrderDraftTest, BringsBackTheOrderThatSavedLinesWereMovedInto) {
     start();
     const Order saved = saveOrder();
-    grid().Grid().Select(2, OrderGrid::Code);
+    grid().Grid().Select(2, OrderColumn::Code);
     play({"key F7", "key Alt+Up"});
     EXPECT_TRUE(window().hasUnsavedWork());
     restart();
@@ -427,7 +427,7 @@ TEST_F(OrderDraftTest, GoingOnHidesTheBarAndGoesBehindTheLastLine) {
     barOf(window()).findChild<QPushButton*>("goOn")->click();
     EXPECT_TRUE(barOf(window()).isHidden());
     EXPECT_EQ(grid().Row(), 3);
-    EXPECT_EQ(grid().Col(), OrderGrid::Code);
+    EXPECT_EQ(grid().Col(), OrderColumn::Code);
     EXPECT_TRUE(window().gridWidget().hasFocus());
     EXPECT_FALSE(grid().History().CanUndo());
 }

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "KeyPlayer.h"
+#include "OrderColumn.h"
 #include "OrderGrid.h"
 #include "OrderHeader.h"
 #include "OrderWindow.h"
@@ -51,7 +52,7 @@ class OrderEntry : public Scratch {
     void open() { open(madeDatabase()); }
 
     kxVsGrid::kxGrid& grid() { return window->gridWidget().grid(); }
-    QString cell(int row, OrderGrid::Column col) {
+    QString cell(int row, OrderColumn::Column col) {
         return QString::fromStdString(grid().Grid().DisplayText(row, col));
     }
 

@@ -1,5 +1,4 @@
 // What F2 offers in the cells of an order, and what becomes of what is chosen there.
-#include "OrderGridHelp.h"
 #include "OrderSheet.h"
 #include "SampleData.h"
 
@@ -13,14 +12,25 @@ namespace {
 class OrderHelp : public OrderSheet {
   protected:
     // Opens the editor with a blank, and its help.
-    void help(int row, OrderGrid::Column col) {
+    void help(int row, OrderColumn::Column col) {
         at(row, col);
         desk.type(" ").press(Key::F2);
     }
 
-    std::vector<Goods> offered() {
+    std::vector<Goods> allGoods() override {
         if (broken) throw DatabaseError("读取商品", "orders.sqlite", "disk I/O error");
         return stock;
+    }
+    std::optional<Goods> editGoods(const QString& code) override {
+        edited.push_back(code.toStdString());
+        if (entered) stock.push_back(pipe);
+        return entered ? std::optional(pipe) : std::nullopt;
+    }
+    std::optional<CodeAndName> chooseWarehouse(std::int32_t x, std::int32_t y,
+                                               const QString& typed) override {
+        corner = {x, y, 0, 0};
+        asked.push_back(typed.toStdString());
+        return warehouse;
     }
 
     std::vector<Goods> stock = {{"100001", "六角螺栓", "M8×40", "个", 333, "ljls"}};
@@ -31,20 +41,7 @@ class OrderHelp : public OrderSheet {
     std::optional<CodeAndName> warehouse = CodeAndName{"C02", "五金仓"};
     std::vector<std::string> asked;
     kxVsGrid::Rect corner{};
-    QString failed;
-    OrderGridHelp columns{control,
-                          {[this] { return offered(); },
-                           [this](const QString& code) {
-                               edited.push_back(code.toStdString());
-                               if (entered) stock.push_back(pipe);
-                               return entered ? pipe.code : QString();
-                           },
-                           [this](std::int32_t x, std::int32_t y, const QString& typed) {
-                               corner = {x, y, 0, 0};
-                               asked.push_back(typed.toStdString());
-                               return warehouse;
-                           },
-                           [this](const QString& why) { failed = why; }}};
+    const QString& failed = said;
 };
 }  // namespace
 
@@ -54,12 +51,13 @@ TEST_F(OrderHelp, ListsTheGoodsWithTheirPrices) {
     bool editShown = false;
     desk.onDialog([&](LookupDialog& list) {
         for (int c = 0; c < list.grid().Cols(); ++c) {
+            if (list.grid().ColHidden(c)) continue;  // what is searched
             header.push_back(list.grid().DisplayText(0, c));
             first.push_back(list.grid().DisplayText(1, c));
         }
         editShown = list.editShown();
     });
-    help(1, OrderGrid::Code);
+    help(1, OrderColumn::Code);
     EXPECT_EQ(header, (std::vector<std::string>{"货号", "品名", "简码", "规格", "单位", "单价"}));
     EXPECT_EQ(first, (std::vector<std::string>{"100001", "六角螺栓", "ljls", "M8×40", "个", "3.33"}));
     EXPECT_TRUE(editShown);
@@ -72,7 +70,7 @@ TEST_F(OrderHelp, AGoodIsFoundByCodeNameOrInitials) {
             list.CodeText(text);
             list.press(Key::Enter);
         });
-        help(1, OrderGrid::Code);
+        help(1, OrderColumn::Code);
         EXPECT_EQ(desk.editor().text, "100002") << text;
         EXPECT_EQ(desk.editor().tag, "无缝钢管") << text;
         desk.press(Key::Escape);
@@ -85,15 +83,15 @@ TEST_F(OrderHelp, AChosenGoodFillsTheLineAsATypedCodeDoes) {
         list.type("wfgg");
         list.press(Key::Enter);
     });
-    help(1, OrderGrid::Code);
-    EXPECT_EQ(cell(1, OrderGrid::Name), "");
+    help(1, OrderColumn::Code);
+    EXPECT_EQ(cell(1, OrderColumn::Name), "");
     desk.press(Key::Enter);
-    EXPECT_EQ(cell(1, OrderGrid::Code), "100002");
-    EXPECT_EQ(cell(1, OrderGrid::Name), "无缝钢管");
-    EXPECT_EQ(cell(1, OrderGrid::Spec), "DN25");
-    EXPECT_EQ(cell(1, OrderGrid::Unit), "米");
-    EXPECT_EQ(cell(1, OrderGrid::Price), "18.50");
-    EXPECT_EQ(control.Col(), OrderGrid::Quantity);
+    EXPECT_EQ(cell(1, OrderColumn::Code), "100002");
+    EXPECT_EQ(cell(1, OrderColumn::Name), "无缝钢管");
+    EXPECT_EQ(cell(1, OrderColumn::Spec), "DN25");
+    EXPECT_EQ(cell(1, OrderColumn::Unit), "米");
+    EXPECT_EQ(cell(1, OrderColumn::Price), "18.50");
+    EXPECT_EQ(control.Col(), OrderColumn::Quantity);
     EXPECT_TRUE(told().empty());
 }
 
@@ -101,14 +99,14 @@ TEST_F(OrderHelp, TheTypedBeginningOfACodeIsSearchedAtOnce) {
     stock.push_back(pipe);
     std::string name;
     desk.onDialog([&](LookupDialog& list) { name = list.grid().Text(list.grid().Row(), 1); });
-    at(1, OrderGrid::Code);
+    at(1, OrderColumn::Code);
     desk.type("100002").press(Key::F2);
     EXPECT_EQ(name, "无缝钢管");
 }
 
 TEST_F(OrderHelp, EscLeavesTheCodeAsItWasTyped) {
     desk.onDialog([](LookupDialog& list) { list.press(Key::Escape); });
-    at(1, OrderGrid::Code);
+    at(1, OrderColumn::Code);
     desk.type("10").press(Key::F2);
     EXPECT_EQ(desk.editor().text, "10");
     EXPECT_TRUE(desk.editor().visible);
@@ -124,10 +122,10 @@ TEST_F(OrderHelp, NewGoodsAreListedAndCanBeChosen) {
         list.CodeText("wfgg");
         list.Ok();
     });
-    help(1, OrderGrid::Code);
+    help(1, OrderColumn::Code);
     EXPECT_EQ(after, before + 1);
     desk.press(Key::Enter);
-    EXPECT_EQ(cell(1, OrderGrid::Name), "无缝钢管");
+    EXPECT_EQ(cell(1, OrderColumn::Name), "无缝钢管");
 }
 
 TEST_F(OrderHelp, TheHighlightedGoodsAreEditedAndWhatWasStoredIsHighlighted) {
@@ -138,7 +136,7 @@ TEST_F(OrderHelp, TheHighlightedGoodsAreEditedAndWhatWasStoredIsHighlighted) {
         list.Edit();
         chosen = list.grid().Text(list.grid().Row(), 0);
     });
-    help(1, OrderGrid::Code);
+    help(1, OrderColumn::Code);
     EXPECT_EQ(edited, std::vector<std::string>{"100003"});
     EXPECT_EQ(chosen, "100002");
 }
@@ -150,13 +148,13 @@ TEST_F(OrderHelp, TheListStaysWhenNoGoodsWereEntered) {
         list.Edit();
         rows = list.grid().Rows();
     });
-    help(1, OrderGrid::Code);
+    help(1, OrderColumn::Code);
     EXPECT_EQ(rows, 2);
 }
 
 TEST_F(OrderHelp, ADatabaseThatFailsIsToldAndTheCellStays) {
     broken = true;
-    at(1, OrderGrid::Code);
+    at(1, OrderColumn::Code);
     desk.type("10").press(Key::F2);
     EXPECT_TRUE(failed.contains("disk I/O error")) << failed.toStdString();
     ASSERT_EQ(desk.messages().size(), 1u);
@@ -172,14 +170,14 @@ TEST_F(OrderHelp, ADatabaseThatFailsAfterTheGoodsWereEnteredKeepsTheList) {
         list.Edit();
         rows = list.grid().Rows();
     });
-    help(1, OrderGrid::Code);
+    help(1, OrderColumn::Code);
     EXPECT_TRUE(failed.contains("disk I/O error")) << failed.toStdString();
     EXPECT_EQ(rows, 2);
 }
 
 TEST_F(OrderHelp, AnEmptyCatalogueIsNamed) {
     stock.clear();
-    help(1, OrderGrid::Code);
+    help(1, OrderColumn::Code);
     ASSERT_EQ(desk.messages().size(), 1u);
     EXPECT_EQ(desk.messages()[0], (Box{"当前的商品数据为空,请先输入", 64, "Korvan软件"}));
 }
@@ -190,9 +188,9 @@ TEST_F(OrderHelp, AUnitIsTakenFromTheList) {
         while (list.grid().Text(list.grid().Row(), 1) != "箱") list.press(Key::Down);
         list.press(Key::Enter);
     });
-    help(1, OrderGrid::Unit);
+    help(1, OrderColumn::Unit);
     desk.press(Key::Enter);
-    EXPECT_EQ(cell(1, OrderGrid::Unit), "箱");
+    EXPECT_EQ(cell(1, OrderColumn::Unit), "箱");
     EXPECT_EQ(grid.lines().front().unit, QString("箱"));
 }
 
@@ -201,7 +199,7 @@ TEST_F(OrderHelp, EveryUnitOfTheSampleGoodsIsInTheList) {
     desk.onDialog([&](ConstantDialog& list) {
         for (int row = 1; row < list.grid().Rows(); ++row) units.push_back(list.grid().Text(row, 1));
     });
-    help(1, OrderGrid::Unit);
+    help(1, OrderColumn::Unit);
     for (const SampleGoods& goods : sampleGoods())
         ASSERT_NE(std::find(units.begin(), units.end(), goods.unit.toStdString()), units.end())
             << goods.unit.toStdString();
@@ -215,11 +213,11 @@ TEST_F(OrderHelp, ADeliveryDateIsTakenFromTheCalendarAndMovesTheHalfDay) {
         calendar.day(2026, 12, 5);
         calendar.press(Key::Enter);
     });
-    help(1, OrderGrid::Delivery);
+    help(1, OrderColumn::Delivery);
     desk.press(Key::Enter);
     EXPECT_EQ(opened, 27);
-    EXPECT_EQ(cell(1, OrderGrid::Delivery), "2026-12-05");
-    EXPECT_EQ(cell(1, OrderGrid::Slot), "2026-12-05 上午");
+    EXPECT_EQ(cell(1, OrderColumn::Delivery), "2026-12-05");
+    EXPECT_EQ(cell(1, OrderColumn::Slot), "2026-12-05 上午");
 }
 
 TEST_F(OrderHelp, ADayAndItsHalfAreTakenFromTheCalendar) {
@@ -229,7 +227,7 @@ TEST_F(OrderHelp, ADayAndItsHalfAreTakenFromTheCalendar) {
         calendar.half("下午");
         calendar.Ok();
     });
-    help(1, OrderGrid::Slot);
+    help(1, OrderColumn::Slot);
     desk.press(Key::Enter);
     EXPECT_EQ(grid.lines().front().slot, QString("2026-12-06 下午"));
 }
@@ -243,7 +241,7 @@ TEST_F(OrderHelp, ATimeOfEntryIsTakenFromTheCalendar) {
         calendar.time(8, 5, 9);
         calendar.Ok();
     });
-    help(1, OrderGrid::Entered);
+    help(1, OrderColumn::Entered);
     desk.press(Key::Enter);
     EXPECT_EQ(opened, 30);
     EXPECT_EQ(grid.lines().front().entered, QDateTime(QDate(2026, 11, 19), QTime(8, 5, 9)));
@@ -251,7 +249,7 @@ TEST_F(OrderHelp, ATimeOfEntryIsTakenFromTheCalendar) {
 }
 
 TEST_F(OrderHelp, AWarehouseIsChosenUnderItsCell) {
-    help(1, OrderGrid::Warehouse);
+    help(1, OrderColumn::Warehouse);
     const kxVsGrid::Rect box = desk.editor().rect;
     constexpr int Pixel = 15;  // the text box lies inside the lines around the cell
     EXPECT_NEAR(corner.left, Desk::ScreenLeft + box.left, Pixel);
@@ -259,13 +257,13 @@ TEST_F(OrderHelp, AWarehouseIsChosenUnderItsCell) {
     EXPECT_EQ(desk.editor().text, "五金仓");
     EXPECT_EQ(desk.editor().tag, "C02");
     desk.press(Key::Enter);
-    EXPECT_EQ(cell(1, OrderGrid::Warehouse), "五金仓");
+    EXPECT_EQ(cell(1, OrderColumn::Warehouse), "五金仓");
     EXPECT_TRUE(desk.dialogs().empty());
 }
 
 TEST_F(OrderHelp, AWarehouseThatWasNotChosenLeavesTheCellAsItWasTyped) {
     warehouse.reset();
-    at(1, OrderGrid::Warehouse);
+    at(1, OrderColumn::Warehouse);
     desk.type("主").press(Key::F2);
     EXPECT_EQ(asked, std::vector<std::string>{"主"});
     EXPECT_EQ(desk.editor().text, "主");
@@ -273,27 +271,27 @@ TEST_F(OrderHelp, AWarehouseThatWasNotChosenLeavesTheCellAsItWasTyped) {
 }
 
 TEST_F(OrderHelp, AWarehouseThatWasChosenIsNotMissing) {
-    enter(1, OrderGrid::Code, "100001");
-    enter(1, OrderGrid::Quantity, "5");
-    help(1, OrderGrid::Warehouse);
+    enter(1, OrderColumn::Code, "100001");
+    enter(1, OrderColumn::Quantity, "5");
+    help(1, OrderColumn::Warehouse);
     EXPECT_TRUE(grid.commit());
     EXPECT_EQ(problem(), QString());
 }
 
 TEST_F(OrderHelp, OtherColumnsHaveNone) {
-    for (const auto col : {OrderGrid::Quantity, OrderGrid::Price, OrderGrid::Remark}) {
+    for (const auto col : {OrderColumn::Quantity, OrderColumn::Price, OrderColumn::Remark}) {
         at(1, col);
         desk.type("1");
         EXPECT_FALSE(desk.editor().helpButton) << col;
         desk.press(Key::Escape);
     }
-    at(1, OrderGrid::Code);
+    at(1, OrderColumn::Code);
     desk.type("1");
     EXPECT_TRUE(desk.editor().helpButton);
 }
 
 TEST_F(OrderHelp, TheButtonOpensItToo) {
-    at(1, OrderGrid::Code);
+    at(1, OrderColumn::Code);
     desk.type("1").pressHelpButton();
     ASSERT_EQ(desk.dialogs().size(), 1u);
     EXPECT_EQ(desk.dialogs()[0].name, "XT_TybmczFrm");

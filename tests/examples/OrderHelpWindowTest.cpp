@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "KeyPlayer.h"
+#include "OrderColumn.h"
 #include "OrderGrid.h"
 #include "OrderWindow.h"
 #include "Scratch.h"
@@ -34,7 +35,7 @@ class OrderHelpWindow : public Scratch {
         player.start();
         EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return done; }));
     }
-    QString cell(int row, OrderGrid::Column col) {
+    QString cell(int row, OrderColumn::Column col) {
         return QString::fromStdString(window->gridWidget().grid().Grid().DisplayText(row, col));
     }
     std::string typed() { return window->gridWidget().grid().Text(); }
@@ -46,8 +47,8 @@ class OrderHelpWindow : public Scratch {
 
 TEST_F(OrderHelpWindow, AGoodIsChosenByItsInitials) {
     play({"key Space", "key F2", "type wfgg", "key Enter", "key Enter"});
-    EXPECT_EQ(cell(1, OrderGrid::Name), QString("无缝钢管"));
-    EXPECT_FALSE(cell(1, OrderGrid::Price).isEmpty());
+    EXPECT_EQ(cell(1, OrderColumn::Name), QString("无缝钢管"));
+    EXPECT_FALSE(cell(1, OrderColumn::Price).isEmpty());
 }
 
 TEST_F(OrderHelpWindow, NewGoodsGoIntoTheListAndIntoTheOrder) {
@@ -55,10 +56,10 @@ TEST_F(OrderHelpWindow, NewGoodsGoIntoTheListAndIntoTheOrder) {
           "type A-1",      "key Tab",       "type 黄铜球阀", "key Tab",   "key Tab",
           "key Tab",       "type 台",       "key Tab",       "type 12.5", "key Enter",  // stored
           "key Shift+Tab", "key Shift+Tab", "type A-1",      "key Enter", "key Enter"});
-    EXPECT_EQ(cell(1, OrderGrid::Code), QString("A-1"));
-    EXPECT_EQ(cell(1, OrderGrid::Name), QString("黄铜球阀"));
-    EXPECT_EQ(cell(1, OrderGrid::Unit), QString("台"));
-    EXPECT_EQ(cell(1, OrderGrid::Price), QString("12.50"));
+    EXPECT_EQ(cell(1, OrderColumn::Code), QString("A-1"));
+    EXPECT_EQ(cell(1, OrderColumn::Name), QString("黄铜球阀"));
+    EXPECT_EQ(cell(1, OrderColumn::Unit), QString("台"));
+    EXPECT_EQ(cell(1, OrderColumn::Price), QString("12.50"));
 }
 
 TEST_F(OrderHelpWindow, AColumnWithoutHelpSaysSoAndKeepsWhatIsBeingTyped) {
@@ -71,17 +72,17 @@ TEST_F(OrderHelpWindow, AColumnWithoutHelpSaysSoAndKeepsWhatIsBeingTyped) {
 TEST_F(OrderHelpWindow, AUnitComesFromTheList) {
     play(
         {"type 100001", "key Enter", "key Left", "key Space", "key F2", "type 百", "key Enter", "key Enter"});
-    EXPECT_EQ(cell(1, OrderGrid::Unit), QString("百个"));
+    EXPECT_EQ(cell(1, OrderColumn::Unit), QString("百个"));
 }
 
 TEST_F(OrderHelpWindow, ADateComesFromTheCalendar) {
-    window->gridWidget().grid().Grid().Select(1, OrderGrid::Delivery);
+    window->gridWidget().grid().Grid().Select(1, OrderColumn::Delivery);
     play({"key Space", "key F2", "key Right", "key Enter", "key Enter"});
-    EXPECT_EQ(cell(1, OrderGrid::Delivery), QString("2026-11-28"));
+    EXPECT_EQ(cell(1, OrderColumn::Delivery), QString("2026-11-28"));
 }
 
 TEST_F(OrderHelpWindow, AWarehouseComesFromTheListAtItsCell) {
-    window->gridWidget().grid().Grid().Select(1, OrderGrid::Warehouse);
+    window->gridWidget().grid().Grid().Select(1, OrderColumn::Warehouse);
     window->move(-300, 0);  // so that there is room on the screen below and beside the cell
     QPoint corner;
     QPoint under;
@@ -97,5 +98,5 @@ TEST_F(OrderHelpWindow, AWarehouseComesFromTheListAtItsCell) {
     play({"key Space", "key F2", "wait 50", "key Down", "key Enter", "key Enter"});
     EXPECT_FALSE(corner.isNull());
     EXPECT_LE((corner - under).manhattanLength(), 4);
-    EXPECT_EQ(cell(1, OrderGrid::Warehouse), QString("五金仓"));
+    EXPECT_EQ(cell(1, OrderColumn::Warehouse), QString("五金仓"));
 }

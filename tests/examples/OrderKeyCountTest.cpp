@@ -70,24 +70,24 @@ class PressedKeys {
 };
 
 /// How the clerk comes from the quantity to what differs.
-using WayTo = void (*)(PressedKeys& keys, OrderGrid::Column col);
+using WayTo = void (*)(PressedKeys& keys, OrderColumn::Column col);
 
-void byTab(PressedKeys& keys, OrderGrid::Column col) {
-    for (int at = OrderGrid::Quantity; at < col; ++at)
-        if (at != OrderGrid::Amount) keys.press("Tab");
+void byTab(PressedKeys& keys, OrderColumn::Column col) {
+    for (int at = OrderColumn::Quantity; at < col; ++at)
+        if (at != OrderColumn::Amount) keys.press("Tab");
 }
 
 /// Enter on a closed cell passes over what the line got by itself, up to the gift.
-void byTabAndEnter(PressedKeys& keys, OrderGrid::Column col) {
-    if (col != OrderGrid::Remark) return byTab(keys, col);
+void byTabAndEnter(PressedKeys& keys, OrderColumn::Column col) {
+    if (col != OrderColumn::Remark) return byTab(keys, col);
     for (const char* key : {"Tab", "Enter", "Enter"}) keys.press(key);
 }
 
-void byKey(PressedKeys& keys, OrderGrid::Column col) {
-    keys.press(col == OrderGrid::Price       ? "Tab"
-               : col == OrderGrid::Warehouse ? "F3"
-               : col == OrderGrid::Delivery  ? "F4"
-                                             : "F5");
+void byKey(PressedKeys& keys, OrderColumn::Column col) {
+    keys.press(col == OrderColumn::Price       ? "Tab"
+               : col == OrderColumn::Warehouse ? "F3"
+               : col == OrderColumn::Delivery  ? "F4"
+                                               : "F5");
 }
 
 /// How the clerk says which goods are meant, up to the Enter that takes them.
@@ -101,16 +101,17 @@ void keyLine(PressedKeys& keys, const PaperLine& line, WayTo way, const GoodsBy&
     goods(keys, line.code);
     keys.press("Enter");
     keys.type(line.quantity);
-    const std::pair<OrderGrid::Column, const QString&> differs[] = {{OrderGrid::Price, line.price},
-                                                                    {OrderGrid::Warehouse, line.warehouse},
-                                                                    {OrderGrid::Delivery, line.day}};
+    const std::pair<OrderColumn::Column, const QString&> differs[] = {
+        {OrderColumn::Price, line.price},
+        {OrderColumn::Warehouse, line.warehouse},
+        {OrderColumn::Delivery, line.day}};
     for (const auto& [col, text] : differs) {
         if (text.isEmpty()) continue;
         way(keys, col);
         keys.type(text);
     }
     if (!line.remark.isEmpty()) {
-        way(keys, OrderGrid::Remark);
+        way(keys, OrderColumn::Remark);
         keys.compose(line.remark);
     }
     keys.press("Enter");
@@ -173,7 +174,7 @@ class OrderKeyCount : public OrderEntry {
     QStringList movesTo(const QString& code, const QString& typed) {
         std::vector<kxVsGrid::Suggestion> shown;
         grid()
-            .Options(OrderGrid::Code)
+            .Options(OrderColumn::Code)
             .suggest()({1, typed.toStdString(),
                         [&](std::vector<kxVsGrid::Suggestion> found) { shown = std::move(found); }});
         const auto meant = std::find_if(shown.begin(), shown.end(),
@@ -252,18 +253,18 @@ TEST_F(OrderKeyCount, ByInitialsInsteadOfCodesIsWhatTheManualSays) {
 TEST_F(OrderKeyCount, KeysToAColumnCommitWhatIsTypedAndStayWithWhatIsRefused) {
     open();
     play({"type K0002", "key Enter", "type 100001", "key F3"});
-    EXPECT_EQ(cell(1, OrderGrid::Code), "100001");
-    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    EXPECT_EQ(cell(1, OrderColumn::Code), "100001");
+    EXPECT_EQ(grid().Col(), OrderColumn::Warehouse);
     play({"type X9", "key F4"});
-    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    EXPECT_EQ(grid().Col(), OrderColumn::Warehouse);
     EXPECT_TRUE(grid().editorView().refused);
     EXPECT_EQ(grid().editorView().tip, "没有这个仓库,请更正。");
     play({"key F5"});
-    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    EXPECT_EQ(grid().Col(), OrderColumn::Warehouse);
     play({"type C02", "key F4", "key F5"});
-    EXPECT_EQ(grid().Col(), OrderGrid::Remark);
+    EXPECT_EQ(grid().Col(), OrderColumn::Remark);
     play({"key F6", "key F3"});
-    EXPECT_EQ(grid().Col(), OrderGrid::Warehouse);
+    EXPECT_EQ(grid().Col(), OrderColumn::Warehouse);
     EXPECT_TRUE(grid().IsActive());
     EXPECT_EQ(answers.problems, QStringList{});
 }

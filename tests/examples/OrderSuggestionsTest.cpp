@@ -2,8 +2,7 @@
 #include <QListView>
 
 #include "OrderEntry.h"
-#include "OrderSuggestions.h"
-#include "kxVsGrid/headless/Desk.h"
+#include "OrderSheet.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,13 +46,13 @@ TEST_F(OrderSuggested, AGoodIsTakenByItsInitialsAndFillsItsLine) {
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_EQ(shownList(), nullptr);
-    EXPECT_EQ(cell(OrderGrid::Code), first);
-    EXPECT_NE(cell(OrderGrid::Name), "");
-    EXPECT_TRUE(note.startsWith(cell(OrderGrid::Name))) << note.toStdString();
-    EXPECT_NE(cell(OrderGrid::Spec), "");
-    EXPECT_NE(cell(OrderGrid::Unit), "");
-    EXPECT_NE(cell(OrderGrid::Price), "");
-    EXPECT_EQ(grid().Grid().Col(), OrderGrid::Quantity);
+    EXPECT_EQ(cell(OrderColumn::Code), first);
+    EXPECT_NE(cell(OrderColumn::Name), "");
+    EXPECT_TRUE(note.startsWith(cell(OrderColumn::Name))) << note.toStdString();
+    EXPECT_NE(cell(OrderColumn::Spec), "");
+    EXPECT_NE(cell(OrderColumn::Unit), "");
+    EXPECT_NE(cell(OrderColumn::Price), "");
+    EXPECT_EQ(grid().Grid().Col(), OrderColumn::Quantity);
 }
 
 TEST_F(OrderSuggested, AGoodIsFoundByTheBeginningOfItsCodeAndByItsName) {
@@ -70,40 +69,43 @@ TEST_F(OrderSuggested, AGoodIsFoundByTheBeginningOfItsCodeAndByItsName) {
 TEST_F(OrderSuggested, AWholeCodeIsTakenAsItIsTypedWithOneEnter) {
     type("100001");
     press(Qt::Key_Return);
-    EXPECT_EQ(cell(OrderGrid::Code), "100001");
-    EXPECT_NE(cell(OrderGrid::Name), "");
-    EXPECT_EQ(grid().Grid().Col(), OrderGrid::Quantity);
+    EXPECT_EQ(cell(OrderColumn::Code), "100001");
+    EXPECT_NE(cell(OrderColumn::Name), "");
+    EXPECT_EQ(grid().Grid().Col(), OrderColumn::Quantity);
 }
 
 TEST_F(OrderSuggested, WarehousesAreFoundByCodeNameOrInitials) {
     type("100001");
     press(Qt::Key_Return);
     for (const QString& typed : {u"wjc"_s, u"五金"_s}) {
-        go(OrderGrid::Warehouse);
+        go(OrderColumn::Warehouse);
         type(typed);
         EXPECT_EQ(suggested(), QStringList{u"五金仓"_s}) << typed.toStdString();
         press(Qt::Key_Return);
-        EXPECT_EQ(cell(OrderGrid::Warehouse), u"五金仓"_s);
-        grid().SetCell(1, OrderGrid::Warehouse, "");
+        EXPECT_EQ(cell(OrderColumn::Warehouse), u"五金仓"_s);
+        grid().SetCell(1, OrderColumn::Warehouse, "");
     }
 }
 
-TEST(OrderSuggestions, AreThoseOfTheGoodsAsTheyAreNowAndNoneWhileTheDatabaseFails) {
-    kxVsGrid::headless::Desk desk;
-    kxVsGrid::kxGrid& grid = desk.place();
-    grid.FormatString("0|1|2|3|4|5|6|7|8|9|10|11|12|13");
-    grid.ReDraw(true);
+class OrderSuggestions : public OrderSheet {
+  protected:
+    std::vector<Goods> allGoods() override {
+        ++reads;
+        if (fails) throw DatabaseError({}, {}, {});
+        return goods;
+    }
+    std::optional<Goods> editGoods(const QString&) override {
+        goods.push_back({"A2", "乙", "", "个", 100, "y"});
+        return goods.back();
+    }
+
     std::vector<Goods> goods{{"A1", "甲", "", "个", 100, "j"}};
     int reads = 0;
     bool fails = true;
-    OrderSuggestions suggestions(grid, {[&] {
-                                            ++reads;
-                                            if (fails) throw DatabaseError({}, {}, {});
-                                            return goods;
-                                        },
-                                        [] { return std::vector<CodeAndName>{}; }});
-    desk.focusGrid();
-    grid.Grid().Select(1, OrderGrid::Code);
+};
+
+TEST_F(OrderSuggestions, AreThoseOfTheGoodsAsTheyAreNowAndNoneWhileTheDatabaseFails) {
+    at(1, OrderColumn::Code);
     desk.type("A");
     EXPECT_TRUE(desk.suggestions().texts.empty());
     fails = false;
@@ -112,8 +114,11 @@ TEST(OrderSuggestions, AreThoseOfTheGoodsAsTheyAreNowAndNoneWhileTheDatabaseFail
     desk.press(kxVsGrid::Key::Escape).press(kxVsGrid::Key::Escape).type("j");
     EXPECT_EQ(desk.suggestions().texts, std::vector<std::string>{"A1"});
     EXPECT_EQ(reads, 2);
-    goods.push_back({"A2", "乙", "", "个", 100, "y"});
-    suggestions.goodsChanged();
+    desk.onDialog([](kxVsGrid::headless::LookupDialog& list) {
+        list.Edit();
+        list.press(kxVsGrid::Key::Escape);
+    });
+    desk.press(kxVsGrid::Key::F2);
     desk.press(kxVsGrid::Key::Escape).press(kxVsGrid::Key::Escape).type("A");
     EXPECT_EQ(desk.suggestions().texts, (std::vector<std::string>{"A1", "A2"}));
 }
@@ -121,12 +126,12 @@ TEST(OrderSuggestions, AreThoseOfTheGoodsAsTheyAreNowAndNoneWhileTheDatabaseFail
 TEST_F(OrderSuggested, UnitsAreSuggested) {
     type("100001");
     press(Qt::Key_Return);
-    go(OrderGrid::Unit);
+    go(OrderColumn::Unit);
     type(u"平"_s);
     EXPECT_EQ(suggested(), QStringList{u"平方米"_s});
     press(Qt::Key_Return);
-    EXPECT_EQ(cell(OrderGrid::Unit), u"平方米"_s);
-    go(OrderGrid::Unit);
+    EXPECT_EQ(cell(OrderColumn::Unit), u"平方米"_s);
+    go(OrderColumn::Unit);
     type("pfm");
     EXPECT_EQ(suggested(), QStringList{u"平方米"_s});
 }

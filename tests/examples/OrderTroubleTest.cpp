@@ -57,7 +57,7 @@ TEST_F(OrderEntry, AReadOnlyDatabaseIsToldAtStartAndWrittenToOnceItCanBe) {
     EXPECT_FALSE(window->save());
     EXPECT_TRUE(answers.problems.value(1).contains("数据库是只读的"))
         << answers.problems.join('\n').toStdString();
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("36"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("36"));
     protection.end();
     EXPECT_TRUE(window->save()) << answers.problems.join('\n').toStdString();
     Database database(file);
@@ -167,7 +167,7 @@ TEST_F(OrderEntry, InMemoryTakesOrdersAndLeavesNoFile) {
     play({"key Ctrl+N"});
     EXPECT_EQ(window->header().number(), QString("XS-20261120-002"));
     play({"key Ctrl+O"});
-    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("90.00"));
+    EXPECT_EQ(cell(1, OrderColumn::Amount), QString("90.00"));
     EXPECT_FALSE(QFile::exists(":memory:"));
 }
 

@@ -14,9 +14,10 @@ class OrderUndo : public OrderSheet {
         for (int row = control.FixedRows(); row < control.Rows(); ++row) {
             for (int col = 0; col < control.Cols(); ++col)
                 all += control.Grid().Text(row, col) + '{' + control.Grid().Data(row, col) + "}|";
-            all += control.Grid().CellForeColor(row, OrderGrid::Code).has_value() ? "red\n" : "\n";
+            all += control.Grid().CellForeColor(row, OrderColumn::Code).has_value() ? "red\n" : "\n";
         }
-        for (const auto col : {OrderGrid::Quantity, OrderGrid::Amount}) all += control.ReadSum(col) + '\n';
+        for (const auto col : {OrderColumn::Quantity, OrderColumn::Amount})
+            all += control.ReadSum(col) + '\n';
         return all;
     }
 
@@ -47,14 +48,14 @@ class OrderUndo : public OrderSheet {
         EXPECT_EQ(sheet(), after);
     }
 
-    void choose(int row, OrderGrid::Column col, const char* caption, const char* under = nullptr) {
+    void choose(int row, OrderColumn::Column col, const char* caption, const char* under = nullptr) {
         desk.onPopup([=](kxVsGrid::headless::PoppedMenu& menu) {
             under ? menu.choose(caption, under) : menu.choose(caption);
         });
         desk.rightClick(row, col);
     }
 
-    void write(int row, OrderGrid::Column col, const char* text) {
+    void write(int row, OrderColumn::Column col, const char* text) {
         auto step = control.Step("导入");
         control.SetCell(row, col, text);
         step.close();
@@ -86,76 +87,76 @@ class OrderUndo : public OrderSheet {
 }  // namespace
 
 TEST_F(OrderUndo, TakesBackACodeWithAllThatItBrought) {
-    at(1, OrderGrid::Code);
+    at(1, OrderColumn::Code);
     expectOneStep([&] { desk.type("100001").press(Key::Enter); });
-    EXPECT_EQ(cell(1, OrderGrid::Name), "六角螺栓");
-    EXPECT_EQ(cell(1, OrderGrid::Entered), "2026-11-20 09:30:00");
+    EXPECT_EQ(cell(1, OrderColumn::Name), "六角螺栓");
+    EXPECT_EQ(cell(1, OrderColumn::Entered), "2026-11-20 09:30:00");
 }
 
 TEST_F(OrderUndo, TakesBackAQuantityWithItsAmountAndTheTotals) {
-    enter(1, OrderGrid::Code, "100001");
-    enter(1, OrderGrid::Quantity, "2");
-    at(1, OrderGrid::Quantity);
+    enter(1, OrderColumn::Code, "100001");
+    enter(1, OrderColumn::Quantity, "2");
+    at(1, OrderColumn::Quantity);
     expectOneStep([&] { desk.type("1000").press(Key::Tab); });
-    EXPECT_EQ(control.ReadSum(OrderGrid::Amount), "3,330.00");
+    EXPECT_EQ(control.ReadSum(OrderColumn::Amount), "3,330.00");
     desk.run(Command::Undo);
-    EXPECT_EQ(control.ReadSum(OrderGrid::Amount), "6.66");
-    EXPECT_EQ(cell(1, OrderGrid::Amount), "6.66");
+    EXPECT_EQ(control.ReadSum(OrderColumn::Amount), "6.66");
+    EXPECT_EQ(cell(1, OrderColumn::Amount), "6.66");
 }
 
 TEST_F(OrderUndo, TakesBackADeliveryDateWithItsHalfDay) {
-    at(1, OrderGrid::Delivery);
+    at(1, OrderColumn::Delivery);
     expectOneStep([&] { desk.type("2026/12/5").press(Key::Tab); });
-    EXPECT_EQ(cell(1, OrderGrid::Slot), "2026-12-05 上午");
+    EXPECT_EQ(cell(1, OrderColumn::Slot), "2026-12-05 上午");
 }
 
 TEST_F(OrderUndo, TakesBackAFillWithAmountsAndHalfDays) {
     enterLine(1, "100001");
     enterLine(2, "100002");
     enterLine(3, "100001");
-    at(1, OrderGrid::Quantity);
-    expectOneStep([&] { choose(1, OrderGrid::Price, "填充列", "复制单元格(&C)"); });
-    EXPECT_EQ(cell(2, OrderGrid::Amount), "16.65");
-    expectOneStep([&] { choose(1, OrderGrid::Code, "填充列", "复制单元格(&C)"); });
-    EXPECT_EQ(cell(2, OrderGrid::Name), "六角螺栓");
-    expectOneStep([&] { choose(1, OrderGrid::Delivery, "填充列", "以天数填充(&D)"); });
-    EXPECT_EQ(cell(3, OrderGrid::Slot), "2026-11-29 上午");
+    at(1, OrderColumn::Quantity);
+    expectOneStep([&] { choose(1, OrderColumn::Price, "填充列", "复制单元格(&C)"); });
+    EXPECT_EQ(cell(2, OrderColumn::Amount), "16.65");
+    expectOneStep([&] { choose(1, OrderColumn::Code, "填充列", "复制单元格(&C)"); });
+    EXPECT_EQ(cell(2, OrderColumn::Name), "六角螺栓");
+    expectOneStep([&] { choose(1, OrderColumn::Delivery, "填充列", "以天数填充(&D)"); });
+    EXPECT_EQ(cell(3, OrderColumn::Slot), "2026-11-29 上午");
 }
 
 TEST_F(OrderUndo, LeavesNothingOfAFillOfACellThatFollowsFromOthers) {
     enterLine(1, "100001");
     enterLine(2, "100002");
-    at(1, OrderGrid::Quantity);
+    at(1, OrderColumn::Quantity);
     const std::string before = sheet();
-    choose(1, OrderGrid::Amount, "填充列", "复制单元格(&C)");
+    choose(1, OrderColumn::Amount, "填充列", "复制单元格(&C)");
     EXPECT_EQ(sheet(), before) << "the amount is that of its own line, at once";
 }
 
 TEST_F(OrderUndo, TakesBackRowsThatWereCopiedAddedAndDeleted) {
     enterLine(1, "100001");
     enterLine(2, "100002");
-    at(1, OrderGrid::Quantity);
+    at(1, OrderColumn::Quantity);
     now = now.addSecs(3600);
-    expectOneStep([&] { choose(1, OrderGrid::Code, "复制插入行"); });
-    EXPECT_EQ(cell(1, OrderGrid::Entered), "2026-11-20 10:30:00");
-    expectOneStep([&] { choose(1, OrderGrid::Code, "插入行"); });
-    expectOneStep([&] { choose(2, OrderGrid::Code, "删除行"); });
+    expectOneStep([&] { choose(1, OrderColumn::Code, "复制插入行"); });
+    EXPECT_EQ(cell(1, OrderColumn::Entered), "2026-11-20 10:30:00");
+    expectOneStep([&] { choose(1, OrderColumn::Code, "插入行"); });
+    expectOneStep([&] { choose(2, OrderColumn::Code, "删除行"); });
 }
 
 TEST_F(OrderUndo, MarksUnknownCodesAsTheyAreThen) {
     enterLine(1, "100001");
-    expectOneStep([&] { write(1, OrderGrid::Code, "999"); });
-    EXPECT_TRUE(control.Grid().CellForeColor(1, OrderGrid::Code).has_value());
-    expectOneStep([&] { choose(1, OrderGrid::Code, "删除行"); });
+    expectOneStep([&] { write(1, OrderColumn::Code, "999"); });
+    EXPECT_TRUE(control.Grid().CellForeColor(1, OrderColumn::Code).has_value());
+    expectOneStep([&] { choose(1, OrderColumn::Code, "删除行"); });
     desk.run(Command::Undo);
-    EXPECT_TRUE(control.Grid().CellForeColor(1, OrderGrid::Code).has_value());
+    EXPECT_TRUE(control.Grid().CellForeColor(1, OrderColumn::Code).has_value());
     desk.run(Command::Undo);
-    EXPECT_FALSE(control.Grid().CellForeColor(1, OrderGrid::Code).has_value());
+    EXPECT_FALSE(control.Grid().CellForeColor(1, OrderColumn::Code).has_value());
 }
 
 TEST_F(OrderUndo, SaysThatTheLinesMayBeDifferent) {
     enterLine(1, "100001");
-    QSignalSpy changed(&grid, &OrderGrid::changed);
+    const ChangesOf changed(control);
     desk.run(Command::Undo);
     EXPECT_GT(changed.count(), 0);
 }
@@ -182,17 +183,17 @@ TEST_F(OrderUndo, DoesNothingToAClosedOrder) {
 }
 
 TEST_F(OrderUndo, IsNotDisturbedByTheOrderDateNorByChecksNorBySaving) {
-    enter(1, OrderGrid::Code, "100001");
+    enter(1, OrderColumn::Code, "100001");
     desk.run(Command::Undo);
     grid.presetDelivery(QDate(2026, 12, 24));
-    EXPECT_EQ(cell(1, OrderGrid::Delivery), "2026-12-24");
+    EXPECT_EQ(cell(1, OrderColumn::Delivery), "2026-12-24");
     EXPECT_TRUE(grid.commit());
     EXPECT_EQ(problem(), QString());
     grid.markSaved(grid.lines());
     ASSERT_TRUE(control.CanRun(Command::Redo));
     desk.run(Command::Redo);
-    EXPECT_EQ(cell(1, OrderGrid::Name), "六角螺栓");
-    EXPECT_EQ(cell(1, OrderGrid::Delivery), "2026-12-24");
+    EXPECT_EQ(cell(1, OrderColumn::Name), "六角螺栓");
+    EXPECT_EQ(cell(1, OrderColumn::Delivery), "2026-12-24");
 }
 
 TEST_F(OrderUndo, TakesBackWhateverAClerkDoes) {
@@ -205,25 +206,25 @@ TEST_F(OrderUndo, TakesBackWhateverAClerkDoes) {
             switch (random.between(0, 7)) {
                 case 0:
                 case 1:
-                    enter(row, OrderGrid::Code, random.between(0, 1) ? "100001" : "100002");
+                    enter(row, OrderColumn::Code, random.between(0, 1) ? "100001" : "100002");
                     break;
                 case 2:
-                    enter(row, OrderGrid::Quantity, std::to_string(random.between(1, 2000)) + ".5");
+                    enter(row, OrderColumn::Quantity, std::to_string(random.between(1, 2000)) + ".5");
                     break;
                 case 3:
-                    enter(row, OrderGrid::Delivery, "2026-12-" + std::to_string(random.between(1, 28)));
+                    enter(row, OrderColumn::Delivery, "2026-12-" + std::to_string(random.between(1, 28)));
                     break;
                 case 4:
-                    choose(row, OrderGrid::Quantity, "填充列", "复制单元格(&C)");
+                    choose(row, OrderColumn::Quantity, "填充列", "复制单元格(&C)");
                     break;
                 case 5:
-                    choose(row, OrderGrid::Delivery, "填充列", "复制单元格(&C)");
+                    choose(row, OrderColumn::Delivery, "填充列", "复制单元格(&C)");
                     break;
                 case 6:
-                    choose(row, OrderGrid::Code, random.between(0, 1) ? "复制插入行" : "插入行");
+                    choose(row, OrderColumn::Code, random.between(0, 1) ? "复制插入行" : "插入行");
                     break;
                 default:
-                    choose(row, OrderGrid::Code, "删除行");
+                    choose(row, OrderColumn::Code, "删除行");
             }
         }
         const std::string done = sheet();
@@ -248,19 +249,19 @@ TEST_F(OrderUndo, LeavesNothingToBeSaved) {
 
 TEST_F(OrderUndo, AndTypingTheOldTextAgainLeaveALineAsItWasSaved) {
     showThree();
-    enter(2, OrderGrid::Quantity, "9");
+    enter(2, OrderColumn::Quantity, "9");
     EXPECT_EQ(grid.unsaved().changed, ids({12}));
-    enter(2, OrderGrid::Quantity, "2");
+    enter(2, OrderColumn::Quantity, "2");
     EXPECT_TRUE(grid.unsaved().none());
-    enter(2, OrderGrid::Code, "100002");
+    enter(2, OrderColumn::Code, "100002");
     EXPECT_TRUE(grid.unsaved().none()) << "a code confirmed again is a tag at most";
 }
 
 TEST_F(OrderUndo, TellsLinesThatWereChangedAddedAndRemoved) {
     showThree();
-    enter(1, OrderGrid::Remark, "加急");
-    choose(2, OrderGrid::Code, "删除行");
-    choose(2, OrderGrid::Code, "复制插入行");
+    enter(1, OrderColumn::Remark, "加急");
+    choose(2, OrderColumn::Code, "删除行");
+    choose(2, OrderColumn::Code, "复制插入行");
     const LineChanges changes = grid.unsaved();
     EXPECT_FALSE(changes.unknown);
     EXPECT_TRUE(changes.added);
@@ -273,7 +274,7 @@ TEST_F(OrderUndo, TellsLinesThatWereChangedAddedAndRemoved) {
 
 TEST_F(OrderUndo, BringsALineBackUnderItsIdUntilItsRemovalIsSaved) {
     showThree();
-    choose(2, OrderGrid::Code, "删除行");
+    choose(2, OrderColumn::Code, "删除行");
     desk.run(Command::Undo);
     EXPECT_TRUE(grid.unsaved().none());
     desk.run(Command::Redo);
@@ -288,7 +289,7 @@ TEST_F(OrderUndo, BringsALineBackUnderItsIdUntilItsRemovalIsSaved) {
 
 TEST_F(OrderUndo, OfALineThatWasSavedRemovesIt) {
     showThree();
-    enter(4, OrderGrid::Remark, "运费另计");
+    enter(4, OrderColumn::Remark, "运费另计");
     std::vector<OrderLine> lines = grid.lines();
     lines.back().id = 14;
     grid.markSaved(lines);
@@ -299,10 +300,10 @@ TEST_F(OrderUndo, OfALineThatWasSavedRemovesIt) {
 
 TEST_F(OrderUndo, CountsALineWithoutContentsAsRemovedAndPresetTextsAsNothing) {
     grid.show({saved(11, "100001", 1000)}, QDate(2026, 11, 27));
-    for (const int row : {3, 4}) at(row, OrderGrid::Code);
-    EXPECT_NE(cell(3, OrderGrid::Delivery), "");
+    for (const int row : {3, 4}) at(row, OrderColumn::Code);
+    EXPECT_NE(cell(3, OrderColumn::Delivery), "");
     EXPECT_TRUE(grid.unsaved().none());
-    for (const auto col : {OrderGrid::Code, OrderGrid::Unit, OrderGrid::Quantity, OrderGrid::Price}) {
+    for (const auto col : {OrderColumn::Code, OrderColumn::Unit, OrderColumn::Quantity, OrderColumn::Price}) {
         at(1, col);
         desk.type("1").press(Key::Back).press(Key::Enter);
     }

@@ -27,7 +27,7 @@ class UndoneOrder : public OrderEntry {
         play({"type K0002", "key Enter", "type 100001", "key Enter", "type 3", "key Enter", "type 100002",
               "key Enter", "type 5", "key Enter", "type 100003", "key Enter", "type 7", "key Enter"});
     }
-    void go(int row, OrderGrid::Column col) {
+    void go(int row, OrderColumn::Column col) {
         play({"key F7"});
         grid().Grid().Select(row, col);
     }
@@ -60,18 +60,18 @@ TEST_F(UndoneOrder, IsOfferedInMenuAndToolbarByTheNameOfTheStep) {
 TEST_F(UndoneOrder, ComesBackByKeyByMenuAndByButton) {
     open();
     typeOrder();
-    go(1, OrderGrid::Quantity);
+    go(1, OrderColumn::Quantity);
     play({"type 40", "key Tab"});
     const Order before = window->onScreen();
     play({"key Ctrl+Z"});
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("36"));
-    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("90.00"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("36"));
+    EXPECT_EQ(cell(1, OrderColumn::Amount), QString("90.00"));
     const auto* totals = window->findChild<QLabel*>("totals");
     EXPECT_TRUE(totals->text().contains("90.00")) << totals->text().toStdString();
     play({"key Ctrl+Y"});
     EXPECT_TRUE(window->onScreen() == before);
     action(Command::Undo)->trigger();
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("36"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("36"));
     for (QToolButton* button : window->findChildren<QToolButton*>())
         if (button->defaultAction() == action(Command::Redo)) QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_TRUE(window->onScreen() == before);
@@ -91,7 +91,7 @@ TEST_F(UndoneOrder, LeavesTheTextsOfTheHeadAlone) {
 TEST_F(UndoneOrder, IsNotRedoneByTheKeysOfAFieldOfTheHead) {
     open();
     typeOrder();
-    go(1, OrderGrid::Quantity);
+    go(1, OrderColumn::Quantity);
     play({"type 40", "key Tab", "key Ctrl+Z"});
     const Order before = window->onScreen();
     for (const auto field :
@@ -101,7 +101,7 @@ TEST_F(UndoneOrder, IsNotRedoneByTheKeysOfAFieldOfTheHead) {
         EXPECT_TRUE(window->onScreen() == before);
     }
     play({"key F7", "key Ctrl+Shift+Z"});
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("40"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("40"));
 }
 
 TEST_F(UndoneOrder, ThatIsApprovedStaysAsItIs) {
@@ -125,19 +125,19 @@ TEST_F(UndoneOrder, IsForgottenWithTheNextOneAndWithAnOpenedOne) {
     EXPECT_FALSE(action(Command::Redo)->isEnabled());
     play({"key Ctrl+O"});
     EXPECT_FALSE(action(Command::Undo)->isEnabled());
-    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("90.00"));
+    EXPECT_EQ(cell(1, OrderColumn::Amount), QString("90.00"));
     play({"key Ctrl+Z"});
-    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("90.00"));
+    EXPECT_EQ(cell(1, OrderColumn::Amount), QString("90.00"));
 }
 
 TEST_F(UndoneOrder, IsStillPossibleAfterSavingAndIsUnsavedThen) {
     open();
     typeOrder();
-    go(1, OrderGrid::Quantity);
+    go(1, OrderColumn::Quantity);
     play({"type 40", "key Ctrl+S"});
     ASSERT_FALSE(window->hasUnsavedWork()) << window->message().toStdString();
     play({"key Ctrl+Z"});
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("36"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("36"));
     EXPECT_TRUE(window->hasUnsavedWork());
     EXPECT_TRUE(window->isWindowModified());
     play({"key Ctrl+Y"});
@@ -156,14 +156,14 @@ TEST_F(UndoneOrder, IsSavedByTheLinesThatDiffer) {
     ASSERT_TRUE(window->save()) << answers.problems.join('\n').toStdString();
     Database database(databaseFile());
     watchLines(database);
-    go(2, OrderGrid::Quantity);
+    go(2, OrderColumn::Quantity);
     play({"type 6", "key Enter", "key Ctrl+S"});
     EXPECT_EQ(linesWritten(database), QStringList("changed 100002 6000"));
     // One line goes, another one comes at the end.
     answers.agrees = true;
-    go(1, OrderGrid::Code);
+    go(1, OrderColumn::Code);
     play({"key Delete"});
-    go(3, OrderGrid::Code);
+    go(3, OrderColumn::Code);
     play({"type 100005", "key Enter", "type 2", "key Enter", "key Ctrl+S"});
     EXPECT_EQ(linesWritten(database).mid(1),
               (QStringList{"removed 100001 3000", "moved 100002 1", "moved 100003 2", "added 100005 2000"}));
@@ -182,7 +182,7 @@ TEST_F(UndoneOrder, IsSavedAsItStandsWhateverWasUndoneInBetween) {
     typeLines();
     ASSERT_TRUE(window->save()) << answers.problems.join('\n').toStdString();
     answers.agrees = true;
-    go(1, OrderGrid::Code);
+    go(1, OrderColumn::Code);
     play({"key Delete", "key Ctrl+S"});
     play({"key Ctrl+Z", "key Ctrl+S"});
     Database database(databaseFile());
@@ -204,10 +204,10 @@ TEST_F(UndoneOrder, IsInTheDatabaseAsItIsOnTheScreenWheneverItIsSaved) {
             const auto row = static_cast<std::int32_t>(random.between(1, 8));
             const auto step = grid().Step("改动");
             if (random.oneIn(3)) {
-                grid().SetCell(row, OrderGrid::Code, std::to_string(random.between(100001, 100009)));
-                grid().SetCell(row, OrderGrid::Quantity, std::to_string(random.between(1, 99)));
+                grid().SetCell(row, OrderColumn::Code, std::to_string(random.between(100001, 100009)));
+                grid().SetCell(row, OrderColumn::Quantity, std::to_string(random.between(1, 99)));
             } else if (random.oneIn(3)) {
-                grid().SetCell(row, OrderGrid::Remark, random.oneIn(2) ? "" : std::to_string(row));
+                grid().SetCell(row, OrderColumn::Remark, random.oneIn(2) ? "" : std::to_string(row));
             } else if (random.oneIn(2)) {
                 grid().Grid().InsertRow(row);
             } else if (grid().Rows() > 10) {
@@ -257,7 +257,7 @@ TEST_F(UndoneOrder, ThatCouldNotBeSavedIsSavedByTheSameLinesLater) {
     typeLines();
     ASSERT_TRUE(window->save());
     Database database(databaseFile());
-    go(2, OrderGrid::Quantity);
+    go(2, OrderColumn::Quantity);
     play({"type 6", "key Enter"});
     database.run(
         "test",
@@ -280,7 +280,7 @@ TEST_F(UndoneOrder, ThatSomebodyElseSavedMeanwhileIsNeitherWrittenNorLost) {
     Order there = *store.load(1);
     there.lines[0].remark = "别人";
     store.save(there);
-    go(2, OrderGrid::Quantity);
+    go(2, OrderColumn::Quantity);
     play({"type 6", "key Enter"});
     const Order here = window->onScreen();
     watchLines(database);
@@ -318,7 +318,7 @@ TEST_F(UndoneOrder, IsLeftWithoutAQuestion) {
 TEST_F(UndoneOrder, WhoseCellsWereOnlyVisitedIsLeftWithoutAQuestion) {
     open();
     play({"key F7", "key Down", "key Tab", "key Enter", "key Enter", "key Down"});
-    EXPECT_NE(cell(2, OrderGrid::Delivery), QString());
+    EXPECT_NE(cell(2, OrderColumn::Delivery), QString());
     EXPECT_TRUE(window->close());
     EXPECT_TRUE(answers.asked.isEmpty());
 }
@@ -326,19 +326,19 @@ TEST_F(UndoneOrder, WhoseCellsWereOnlyVisitedIsLeftWithoutAQuestion) {
 TEST_F(UndoneOrder, WithATextInAnOpenEditorIsNotLeftWithoutAQuestion) {
     open();
     play({"key F7"});
-    grid().Grid().Select(1, OrderGrid::Remark);
+    grid().Grid().Select(1, OrderColumn::Remark);
     play({"type 送货前电话联系"});
     ASSERT_TRUE(grid().editorView().visible);
     EXPECT_FALSE(window->close());
     EXPECT_EQ(answers.asked.size(), 1);
-    EXPECT_EQ(cell(1, OrderGrid::Remark), QString("送货前电话联系"));
+    EXPECT_EQ(cell(1, OrderColumn::Remark), QString("送货前电话联系"));
 }
 
 TEST_F(UndoneOrder, WithAnEditorThatHoldsTheCellsOwnTextIsLeftWithoutAQuestion) {
     open();
     typeOrder();
     ASSERT_TRUE(window->save());
-    go(1, OrderGrid::Remark);
+    go(1, OrderColumn::Remark);
     play({"key Space"});
     ASSERT_TRUE(grid().editorView().visible);
     EXPECT_TRUE(window->close());

@@ -46,8 +46,8 @@ TEST_F(OrderEntry, ShowsDatesWholeInALargerFont) {
     QCoreApplication::processEvents();
     const QFontMetricsF metrics(window->gridWidget().font());
     for (const auto& [col, text] :
-         {std::pair{OrderGrid::Delivery, "2026-11-27"}, std::pair{OrderGrid::Slot, "2026-11-27 上午"},
-          std::pair{OrderGrid::Entered, "2026-11-27 09:30:00"}})
+         {std::pair{OrderColumn::Delivery, "2026-11-27"}, std::pair{OrderColumn::Slot, "2026-11-27 上午"},
+          std::pair{OrderColumn::Entered, "2026-11-27 09:30:00"}})
         EXPECT_GE(grid().ColWidth(col) / 15 - 6, metrics.horizontalAdvance(text));
     EXPECT_FALSE(grid().Grid().HorizontalBarShown());
 }
@@ -79,7 +79,7 @@ TEST_F(OrderEntry, SavesAndOpensTheSameOrder) {
     EXPECT_TRUE(window->onScreen().lines.empty());
     play({"key Ctrl+O"});
     EXPECT_TRUE(window->onScreen() == saved);
-    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("90.00"));
+    EXPECT_EQ(cell(1, OrderColumn::Amount), QString("90.00"));
     EXPECT_TRUE(answers.asked.isEmpty());
 }
 
@@ -94,7 +94,7 @@ TEST_F(OrderEntry, SavesWhatIsStillBeingTyped) {
 TEST_F(OrderEntry, DoesNotSaveAnInputThatIsRefused) {
     open();
     typeOrder();
-    grid().Grid().Select(1, OrderGrid::Quantity);
+    grid().Grid().Select(1, OrderColumn::Quantity);
     play({"key F7", "type abc", "key Ctrl+S"});
     EXPECT_EQ(window->onScreen().id, 0);
     EXPECT_TRUE(window->message().contains("没有保存")) << window->message().toStdString();
@@ -160,10 +160,10 @@ TEST_F(OrderEntry, ADatabaseThatCannotBeOpenedIsReportedAndTheScreenStaysUsable)
     EXPECT_TRUE(answers.problems[0].contains("无法打开数据库文件")) << answers.problems[0].toStdString();
     play({"key F7", "type 100001", "key Enter", "type 3", "key Tab", "type 2", "key Tab", "type 主仓库",
           "key Enter"});
-    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("6.00"));
+    EXPECT_EQ(cell(1, OrderColumn::Amount), QString("6.00"));
     EXPECT_FALSE(window->save());
     EXPECT_EQ(answers.problems.size(), 2);
-    EXPECT_EQ(cell(1, OrderGrid::Amount), QString("6.00"));
+    EXPECT_EQ(cell(1, OrderColumn::Amount), QString("6.00"));
 
     // The obstacle goes: the same order can be completed and saved.
     ASSERT_TRUE(QDir().rmdir(file));
@@ -188,7 +188,7 @@ TEST_F(OrderEntry, AFailedSaveLosesNothingOnTheScreen) {
     EXPECT_TRUE(answers.problems[0].contains("disk is full"));
     EXPECT_TRUE(window->onScreen() == before);
     EXPECT_TRUE(window->hasUnsavedWork());
-    EXPECT_EQ(cell(1, OrderGrid::Quantity), QString("36"));
+    EXPECT_EQ(cell(1, OrderColumn::Quantity), QString("36"));
     EXPECT_EQ(value(other, "SELECT COUNT(*) FROM sales_order").toInt(), 0);
 }
 
@@ -242,13 +242,13 @@ TEST_F(OrderEntry, ANumberThatTheClerkDidNotTouchFollowsTheDate) {
     const QDate date = window->header().date();
     ASSERT_NE(date, QDate(2026, 11, 20));
     EXPECT_EQ(window->header().number(), "XS-" + date.toString("yyyyMMdd") + "-001");
-    EXPECT_EQ(cell(1, OrderGrid::Delivery), date.addDays(7).toString(Qt::ISODate));
+    EXPECT_EQ(cell(1, OrderColumn::Delivery), date.addDays(7).toString(Qt::ISODate));
 }
 
 TEST_F(OrderEntry, TabLeadsFromTheCustomerIntoTheGrid) {
     open();
     play({"type K0002", "key Tab", "type 100001", "key Tab"});
-    EXPECT_EQ(cell(1, OrderGrid::Code), QString("100001"));
+    EXPECT_EQ(cell(1, OrderColumn::Code), QString("100001"));
 }
 
 TEST_F(OrderEntry, ACustomerIsFoundByItsInitials) {
@@ -290,7 +290,7 @@ TEST_F(OrderEntry, SavingLeadsToTheFirstFaultyCellAndNamesRowAndColumn) {
     EXPECT_TRUE(window->hasUnsavedWork());
     EXPECT_EQ(window->message(), QString("第 2 行的数量不能为零,订单没有保存"));
     EXPECT_EQ(grid().Row(), 2);
-    EXPECT_EQ(grid().Col(), OrderGrid::Quantity);
+    EXPECT_EQ(grid().Col(), OrderColumn::Quantity);
     EXPECT_TRUE(grid().IsActive());
     EXPECT_FALSE(grid().editorView().visible);
     play({"type 3", "key Enter", "key Ctrl+S"});

@@ -6,10 +6,12 @@
 #include "kxVsGrid/kxVsGrid.h"
 #include "kxVsGrid/qt/DraftFile.h"
 #include "kxVsGrid/qt/FileBag.h"
+#include "kxVsGrid/qt/QtFields.h"
 #include "kxVsGrid/qt/SettingsBag.h"
 #include "kxVsGrid/qt/ShowForm.h"
 #include "kxVsGrid/qt/SuggestingLineEdit.h"
 #include "kxVsGrid/qt/kxGridWidget.h"
+#include "kxVsGrid/sheet/Sheet.h"
 
 /// A window of a host, in whose members the examples stand.
 class WindowWithAGrid : public QWidget {
@@ -29,6 +31,9 @@ class WindowWithAGrid : public QWidget {
     void askForATown() {
 #include "examples/qt/SuggestingLineEdit.inc"
     }
+    void declareASheet() {
+#include "examples/qt/QtFields.inc"
+    }
     void showPage() {
 #include "examples/qt/ShowForm.inc"
     }
@@ -44,5 +49,6 @@ void useTheExamples(WindowWithAGrid& window) {
     window.keepInAFile();
     window.keepInSettings();
     window.askForATown();
+    window.declareASheet();
     window.showPage();
 }

@@ -77,6 +77,25 @@ TEST(Constants, LetsOtherTextsPassByTheLineAndSaysWhyNotInTheHostsWords) {
     EXPECT_EQ(desk.tips().back(), "只能是 6、13");
 }
 
+TEST(Constants, AreTakenWhereNobodyKnowsAndAFaultThen) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    Sheet<TaxedLine> sheet(grid);
+    bool down = true;
+    sheet.constants("unit", "单位", &TaxedLine::unit, {"只"}).also([&](const TaxedLine&, const std::string&) {
+        if (down) throw std::runtime_error("数据库连接中断");
+        return true;
+    });
+    sheet.load(std::vector<TaxedLine>());
+    desk.focusGrid();
+    grid.Grid().Select(1, 1);
+    desk.type("吨").press(Key::Enter);
+    EXPECT_EQ(sheet.record(1).unit, "吨");
+    EXPECT_EQ(sheet.firstFault().value().text(), "第 1 行的单位：数据库连接中断");
+    down = false;
+    EXPECT_FALSE(sheet.firstFault());
+}
+
 TEST(Constants, CannotBeTextsThatAListCannotHold) {
     headless::Desk desk;
     Sheet<TaxedLine> sheet(desk.place());

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,14 @@ class CodeSource {
     virtual bool listed() const = 0;
     /// May throw.
     virtual HelpTable list(const std::string& caption) const = 0;
+    /// How wide it begins, in twips; 0: as any list.
+    virtual std::int32_t listWidth() const = 0;
+    /// The list has an edit button. The record that was made or changed; none when there is none. May throw.
+    virtual bool editable() const = 0;
+    virtual Found edit(const std::string& code) const = 0;
+    /// The host shows a list of its own, at a place of the screen in twips. May throw.
+    virtual bool chosenByHost() const = 0;
+    virtual Found choose(std::int32_t x, std::int32_t y, const std::string& typed) const = 0;
 };
 
 /// Makes the list of a source: columns first, then records.
@@ -41,7 +50,8 @@ class CodeListing {
   public:
     /// So many other texts does it search beside code and name.
     CodeListing(const std::string& caption, std::size_t others);
-    void column(const std::string& header, std::int32_t width, FieldKind kind);
+    void column(const std::string& header, std::int32_t width, FieldKind kind,
+                std::optional<int> decimals = {});
     /// Code, name, the other texts, and those of the columns.
     void record(const std::vector<std::string>& texts);
     HelpTable table() const { return table_; }

@@ -34,6 +34,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -47,6 +48,8 @@ template <class T>
 class Codes {
   public:
     using Find = std::function<std::optional<T>(std::string_view typed)>;
+    using Edit = std::function<std::optional<T>(const std::string& code)>;
+    using Choose = std::function<std::optional<T>(std::int32_t x, std::int32_t y, const std::string& typed)>;
 
     /// These records; `code` is the member, of any type that a sheet knows as a text or a number, that they are known
     /// by. Of two with one code the first one has it. The index is made when it is needed first: some 0.2 µs a record.
@@ -54,12 +57,18 @@ class Codes {
     Codes(std::vector<T> records, Key T::*code) : source_(std::make_shared<Source>(keyed(code))) {
         replace(std::move(records));
     }
-    /// A function that finds the record of what was typed, in a database for instance. It answers at once, is asked
-    /// once for each check, and may throw when it cannot know.
-    template <class Key>
-    static Codes asking(Find find, Key T::*code) {
+    /// A function that finds the record of what was typed, in a database for instance: of the text, or of a code of
+    /// the member's own type. It answers at once, is asked once for each check, and may throw when it cannot know.
+    template <class Ask, class Key>
+    static Codes asking(Ask find, Key T::*code) {
         Codes codes(code);
-        codes.source_->find_ = std::move(find);
+        if constexpr (std::is_convertible_v<Ask, Find>)
+            codes.source_->find_ = std::move(find);
+        else
+            codes.source_->find_ = [find = std::move(find)](std::string_view typed) {
+                Key key{};
+                return FieldText<Key>::read(typed, key) ? find(key) : std::optional<T>();
+            };
         return codes;
     }
 
@@ -70,6 +79,8 @@ class Codes {
         source_->find_ = {};
         source_->forget();
     }
+    /// The functions that are asked have other answers now: what is suggested is read again when it is needed next.
+    void changed() { source_->forget(); }
 
     /// Shown beside the code. Without it the code is its own name.
     template <class Name>
@@ -90,13 +101,25 @@ class Codes {
         source_->forget();
         return *this;
     }
-    /// A column of the list; width in twips. Those of code and name come first, where no field shows them.
+    /// What a function makes of a member: the initials of the name.
+    template <class Name, class Make>
+    Codes& also(Name T::*member, Make make) {
+        return also([member, make = std::move(make)](const T& record) {
+            const auto made = make(record.*member);
+            std::string text;
+            FieldText<std::remove_const_t<decltype(made)>>::append(text, made);
+            return text;
+        });
+    }
+    /// A column of the list; width in twips; numbers as they are, or with so many decimals. Those of code and name
+    /// come first, where no field shows them.
     template <class Value>
-    Codes& field(std::string_view header, Value T::*member, std::int32_t width = 1500) {
+    Codes& field(std::string_view header, Value T::*member, std::int32_t width = 1500,
+                 std::optional<int> decimals = {}) {
         static_assert(KnownField<Value>,
                       "the type of this member is not known: specialise kxVsGrid::FieldText for it");
         source_->fields_.push_back(
-            {std::string(header), text(member), width, FieldText<Value>::Kind, std::any(member)});
+            {std::string(header), text(member), width, FieldText<Value>::Kind, std::any(member), decimals});
         return *this;
     }
     /// Which records can be chosen; the others are refused with the reason, and not suggested. The list shows all:
@@ -110,9 +133,55 @@ class Codes {
     /// What F2 lists, asked each time. It may throw. A table lists its records without it.
     Codes& list(std::function<std::vector<T>()> all) {
         source_->list_ = std::move(all);
+        source_->forget();
         return *this;
     }
-    /// What is suggested, at once or later; the texts are codes. A table suggests its records without it.
+    /// What the list is called when it is empty, the column's caption without it; how wide it begins, in twips.
+    Codes& title(std::string_view name, std::int32_t width = 0) {
+        source_->title_ = name;
+        source_->width_ = width;
+        return *this;
+    }
+    /// The list has an edit button: the host changes the record of a code, or makes a new one, and answers what he
+    /// has stored, which is highlighted then; nothing when he gave up. The list is asked for anew, and suggestions
+    /// too. It may throw.
+    Codes& edit(Edit change) {
+        source_->edit_ = std::move(change);
+        return *this;
+    }
+    /// The same of a code of another type.
+    template <class Text>
+    Codes& edit(std::function<std::optional<T>(const Text& code)> change) {
+        return edit(Edit([change = std::move(change)](const std::string& code) {
+            Text known{};
+            return FieldText<Text>::read(code, known) ? change(known) : std::optional<T>();
+        }));
+    }
+    /// F2 opens the host's own list instead, at this place of the screen, in twips; nothing when nothing was chosen.
+    /// It may throw.
+    Codes& choose(Choose choose) {
+        source_->choose_ = std::move(choose);
+        return *this;
+    }
+    /// The same of a text of another type.
+    template <class Text>
+    Codes& choose(std::function<std::optional<T>(std::int32_t x, std::int32_t y, const Text& typed)> choose) {
+        return this->choose(
+            Choose([choose = std::move(choose)](std::int32_t x, std::int32_t y, const std::string& typed) {
+                Text known{};
+                FieldText<Text>::read(typed, known);
+                return choose(x, y, known);
+            }));
+    }
+    /// What stands beside a suggested code. Without it the name.
+    Codes& note(std::function<std::string(const T&)> text) {
+        source_->note_ = std::move(text);
+        source_->forget();
+        return *this;
+    }
+    /// What is suggested, at once or later; the texts are codes. Without it a table suggests its records, and a
+    /// function that is asked those of the list, which is read once when it is needed first: some thousand records in
+    /// the time of a key. While the list throws nothing is suggested, and it is asked again with the next text.
     Codes& suggest(SuggestionSource suggestions) {
         source_->suggest_ = std::move(suggestions);
         return *this;
@@ -153,6 +222,7 @@ class Codes {
         std::int32_t width;
         FieldKind kind;
         std::any member;
+        std::optional<int> decimals;
     };
     struct Key {
         Text text;
@@ -189,8 +259,19 @@ class Codes {
         SuggestionSource suggestions() const override;
         bool listed() const override { return list_ || !find_; }
         HelpTable list(const std::string& caption) const override;
+        std::int32_t listWidth() const override { return width_; }
+        bool editable() const override { return static_cast<bool>(edit_); }
+        Found edit(const std::string& code) const override {
+            std::optional<T> stored = Edit(edit_)(code);
+            forget();
+            return kept(std::move(stored));
+        }
+        bool chosenByHost() const override { return static_cast<bool>(choose_); }
+        Found choose(std::int32_t x, std::int32_t y, const std::string& typed) const override {
+            return kept(Choose(choose_)(x, y, typed));
+        }
 
-        void forget() {
+        void forget() const {
             index_.reset();
             suggested_.reset();
         }
@@ -200,9 +281,13 @@ class Codes {
         using Index = std::unordered_map<std::string, std::size_t>;
 
         static const T& as(const void* record) { return *static_cast<const T*>(record); }
+        static Found kept(std::optional<T> found) {
+            return found ? Found(std::make_shared<const T>(*std::move(found))) : nullptr;
+        }
         Found ask(const std::string& typed) const;
         const Index& index() const;
         const SuggestionList& suggested() const;
+        void suggest(SuggestionList& list, const T& record) const;
         std::vector<Field> columns(const std::string& caption) const;
 
         Key key_;
@@ -213,6 +298,11 @@ class Codes {
         std::function<bool(const T&)> selectable_;
         std::string objection_;
         std::function<std::vector<T>()> list_;
+        std::string title_;
+        std::int32_t width_ = 0;
+        Edit edit_;
+        Choose choose_;
+        Text note_;
         SuggestionSource suggest_;
         Find find_;  ///< none: the records
         std::shared_ptr<const std::vector<T>> records_ = std::make_shared<const std::vector<T>>();
@@ -237,10 +327,7 @@ sheet::CodeSource::Found Codes<T>::Source::find(std::string_view typed) const {
 
 template <class T>
 sheet::CodeSource::Found Codes<T>::Source::ask(const std::string& typed) const {
-    if (find_) {
-        std::optional<T> found = Find(find_)(typed);
-        return found ? std::make_shared<const T>(*std::move(found)) : nullptr;
-    }
+    if (find_) return kept(Find(find_)(typed));
     const auto place = index().find(typed);
     return place == index().end() ? nullptr : Found(records_, &(*records_)[place->second]);
 }
@@ -265,26 +352,36 @@ template <class T>
 const SuggestionList& Codes<T>::Source::suggested() const {
     if (suggested_) return *suggested_;
     SuggestionList list;
-    std::vector<std::string> names;
-    for (const T& record : *records_) {
-        if (!objection(&record).empty()) continue;
-        names.clear();
-        if (name_) names.push_back(name_(record));
-        for (const Text& other : others_) names.push_back(other(record));
-        const std::vector<std::string_view> views(names.begin(), names.end());
-        list.add({codeOf(&record), {}, name_ ? names.front() : std::string()}, views);
-    }
+    if (find_ && list_)
+        for (const T& record : std::function(list_)()) suggest(list, record);
+    else
+        for (const T& record : *records_) suggest(list, record);
     return suggested_.emplace(std::move(list));
 }
 
 template <class T>
+void Codes<T>::Source::suggest(SuggestionList& list, const T& record) const {
+    if (!objection(&record).empty()) return;
+    std::vector<std::string> names;
+    if (name_) names.push_back(name_(record));
+    for (const Text& other : others_) names.push_back(other(record));
+    const std::vector<std::string_view> views(names.begin(), names.end());
+    const std::string note = note_ ? note_(record) : name_ ? names.front() : std::string();
+    list.add({codeOf(&record), {}, note}, views);
+}
+
+template <class T>
 SuggestionSource Codes<T>::Source::suggestions() const {
-    if (!suggest_ && find_) return {};
+    if (!suggest_ && find_ && !list_) return {};
     return [source = this->shared_from_this()](const SuggestionRequest& request) {
-        if (source->suggest_)
-            SuggestionSource(source->suggest_)(request);
-        else
-            source->suggested()(request);
+        if (source->suggest_) return SuggestionSource(source->suggest_)(request);
+        try {
+            source->suggested();
+        } catch (...) {
+            if (!source->find_) throw;
+            return;  // what is typed is looked up too, which says why it cannot be
+        }
+        SuggestionList(source->suggested())(request);
     };
 }
 
@@ -295,8 +392,8 @@ std::vector<typename Codes<T>::Field> Codes<T>::Source::columns(const std::strin
                            [&](const Field& field) { return is(field.member); });
     };
     std::vector<Field> columns;
-    if (!shown(key_.is)) columns.push_back({caption, key_.text, 1500, FieldKind::Text, {}});
-    if (name_ && !shown(isName_)) columns.push_back({"名称", name_, 3000, FieldKind::Text, {}});
+    if (!shown(key_.is)) columns.push_back({caption, key_.text, 1500, FieldKind::Text, {}, {}});
+    if (name_ && !shown(isName_)) columns.push_back({"名称", name_, 3000, FieldKind::Text, {}, {}});
     columns.insert(columns.end(), fields_.begin(), fields_.end());
     return columns;
 }
@@ -304,8 +401,9 @@ std::vector<typename Codes<T>::Field> Codes<T>::Source::columns(const std::strin
 template <class T>
 HelpTable Codes<T>::Source::list(const std::string& caption) const {
     const std::vector<Field> columns = this->columns(caption);
-    sheet::CodeListing listing(caption, others_.size());
-    for (const Field& column : columns) listing.column(column.header, column.width, column.kind);
+    sheet::CodeListing listing(title_.empty() ? caption : title_, others_.size());
+    for (const Field& column : columns)
+        listing.column(column.header, column.width, column.kind, column.decimals);
     const auto add = [&](const T& record) {
         std::vector<std::string> texts{codeOf(&record), nameOf(&record)};
         for (const Text& other : others_) texts.push_back(other(record));

@@ -16,7 +16,8 @@
 namespace kxVsGrid {
 
 enum class FaultKind {
-    Rule,        ///< a rule of the host's is broken, or nothing stands where something has to
+    Rule,        ///< a rule of the host's is broken
+    Missing,     ///< nothing stands where something has to, or a 0 where none may
     Unreadable,  ///< the text is no value of its column
     Unknown,     ///< a code that is not found, or a text that is none of the constants
     Computed     ///< what is computed cannot be
@@ -29,12 +30,12 @@ struct Fault {
     std::string reason;  ///< for the clerk, without the place
 
     std::string text() const { return where.empty() ? reason : where + "：" + reason; }
-    /// Makes the cell the current one, and brings it into view. Nothing where the sheet has gone.
-    void show() const {
-        if (go) go();
-    }
-    std::function<void()> go;
+    /// Makes the cell the current one, and brings it into view. True when the clerk has been told as well: by the
+    /// control, where something is missing in a column that insists on it. Nothing where the sheet has gone.
+    bool show() const { return go && go(); }
+    std::function<bool()> go;
     FaultKind kind = FaultKind::Rule;
+    std::string caption;  ///< of the column
 };
 
 /// A cell holds a text that is no value of its column; what() names the cell.

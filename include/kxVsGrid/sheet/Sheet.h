@@ -67,6 +67,14 @@ class Sheet {
     SheetColumn<Record, T> moment(std::string_view name, std::string_view caption, T Record::*member) {
         return column<FieldKind::Moment>(name, caption, member);
     }
+    /// Texts of a date and half of its day, as 2026-11-27 上午; checked as they are typed, with a calendar as help.
+    /// Another text is a fault.
+    template <class T>
+    SheetColumn<Record, T> halfDay(std::string_view name, std::string_view caption, T Record::*member) {
+        SheetColumn<Record, T> half = column<FieldKind::Text>(name, caption, member);
+        half.ofHalfDays();
+        return half;
+    }
     /// A check box.
     template <class T>
     SheetColumn<Record, T> flag(std::string_view name, std::string_view caption, T Record::*member) {
@@ -87,6 +95,12 @@ class Sheet {
         sheet::ColumnPlan& plan = chosen(name, caption, member);
         plan.constants = std::move(texts);
         return {plan, member};
+    }
+
+    /// Where Enter goes from columns that the clerk can type into and of which nothing else is said.
+    Sheet& enterToNextRow(std::string_view name) {
+        body_.enterToNextRow(name);
+        return *this;
     }
 
     // --- Lines
@@ -118,6 +132,20 @@ class Sheet {
         body_.edited([follow = std::move(follow)](void* record, const sheet::Edited& cell) {
             follow(*static_cast<Record*>(record), cell);
         });
+        return *this;
+    }
+    /// Called when a row has been made a copy of another one, within the same step: what differs in the record
+    /// afterwards is written. False: it is to be an empty row.
+    Sheet& copied(std::function<bool(Record&)> adapt) {
+        body_.copied(
+            [adapt = std::move(adapt)](void* record) { return adapt(*static_cast<Record*>(record)); });
+        return *this;
+    }
+    /// Told, for the clerk, what does not work while he keys: why a code could not be looked up, why F2 shows nothing,
+    /// and that a column has no help. Without it what lists of codes throw is a listener's fault, and F2 in a column
+    /// without help does nothing.
+    Sheet& failed(std::function<void(const std::string& why)> told) {
+        body_.failed(std::move(told));
         return *this;
     }
     /// The reasons of faults in the host's own words; the sheet's are those of the fault that it is given.
@@ -209,6 +237,8 @@ class Sheet {
         return found ? std::optional<Record>(as(found.get())) : std::nullopt;
     }
     bool isInUse(std::int32_t row) const { return body_.isInUse(row); }
+    /// The row behind the last line.
+    std::int32_t endRow() const { return body_.endRow(); }
     /// All lines, as they stand.
     std::vector<Record> records() const {
         std::vector<Record> lines;
@@ -235,8 +265,16 @@ class Sheet {
     void recompute() { body_.recompute(); }
     /// Of all lines, exact.
     Decimal sum(std::string_view name) const { return body_.sum(name); }
-    /// Another preset for the rows that the clerk comes to. Rows that are no lines and hold the one of before get it
-    /// too, which is nobody's step.
+    /// What is being typed, and what follows from it, becomes part of the lines, before they are saved for instance.
+    /// Lines that lack something required get what is preset. False when it is refused, and still in the editor.
+    bool commit() { return body_.commit(); }
+    /// Makes a cell the current one and brings it into view; a row that is no line gets what is preset. It is nobody's
+    /// step.
+    void goTo(std::int32_t row, std::string_view name) { body_.goTo(row, name); }
+    /// What was said of the current cell's column by hint(); empty where nothing was.
+    std::string hint() const { return body_.hint(); }
+    /// Another preset for the rows that the clerk comes to. Rows that are no lines, and hold the one of before or other
+    /// presets, get it too, which is nobody's step.
     template <class T>
     void preset(std::string_view name, const T& value) {
         std::string text;
@@ -272,9 +310,7 @@ class Sheet {
         for (const auto& line : changes.removed) all.push_back({line.row, kept(line.before), nullptr});
         body_.accept(all);
     }
-    /// Takes over what is being typed. False when it is refused, which the clerk has been told.
-    bool commit() { return body_.commit(); }
-    /// Takes over what is being typed, looks for faults, has `write` save the changes, and accepts them: `write` gets them
+    /// commit(), then looks for faults, has `write` save the changes, and accepts them: `write` gets them
     /// as RecordChanges<Record>&, which may be empty, and puts the new ids and versions in. What it throws comes through,
     /// and everything is still to be saved. Answers what kept it from saving, if anything did; the clerk has been taken
     /// to the cell.

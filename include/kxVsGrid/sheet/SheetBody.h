@@ -80,6 +80,9 @@ class SheetBody {
     void version(Identity version);
     void position(Position position);
     void edited(std::function<void(void*, const Edited&)> follow);
+    void enterToNextRow(std::string_view name);
+    void copied(std::function<bool(void*)> adapt);
+    void failed(std::function<void(const std::string&)> told);
     void wording(std::function<std::string(const Fault&)> says);
     void mayDelete(std::function<bool(const std::vector<std::int32_t>&)> asks);
     void unreadable(Unreadable how);
@@ -109,6 +112,7 @@ class SheetBody {
     // --- Lines
     std::int32_t columnOf(std::string_view name) const;
     bool isInUse(std::int32_t row) const;
+    std::int32_t endRow() const;
     KeptRecord record(std::int32_t row) const;
     KeptRecord recordOf(RowId row) const;
     std::vector<KeptRecord> records() const;
@@ -118,6 +122,11 @@ class SheetBody {
     Decimal sum(std::string_view name) const;
     void preset(std::string_view name, std::string_view text);
 
+    // --- The clerk
+    bool commit();
+    void goTo(std::int32_t row, std::string_view name);
+    std::string hint() const;
+
     // --- What is to be saved
     std::vector<AnyChange> changes() const;
     void accept(const std::vector<AnyChange>& changes);
@@ -126,7 +135,6 @@ class SheetBody {
     void saved(std::vector<KeptRecord> records);
     Connection onModified(std::function<void(bool)> told);
     Connection onChanged(std::function<void()> told);
-    bool commit();
     /// Why the lines cannot be saved as they stand; the clerk has been taken to the place.
     std::optional<Fault> hindrance();
 

@@ -40,9 +40,37 @@ class ColumnBuilder {
     Column& width(std::string_view sample) { return put(plan_.sample, std::string(sample)); }
     /// The most characters that can be typed.
     Column& limit(std::int16_t characters) { return put(plan_.limit, characters); }
-    /// An empty cell (a 0 where the member is not optional) of a line is a fault.
-    Column& required() { return put(plan_.required, true); }
-    /// What rows get that the clerk comes to.
+    /// The smallest number that can be typed.
+    Column& least(double number) { return put(plan_.least, number); }
+    /// Where the texts stand in their cells. Without it numbers are on the right, dates and flags in the middle.
+    Column& alignment(mEmflexAlign where) { return put(plan_.alignment, where); }
+    /// Enter passes over a cell that is filled.
+    Column& skipFilled() { return put(plan_.skipFilled, true); }
+    /// What the clerk can do there, for a status line: Sheet::hint.
+    Column& hint(std::string_view text) { return put(plan_.hint, std::string(text)); }
+    /// An empty cell (a 0 where the member is not optional) of a line is a fault; of the lines alone of which
+    /// `when` says so, where there is one. Such lines get what is preset by Sheet::commit.
+    Column& required(std::function<bool(const Record&)> when = {}) {
+        if (when)
+            plan_.requiredWhen = [when = std::move(when)](const void* record) {
+                return when(*static_cast<const Record*>(record));
+            };
+        return put(plan_.required, true);
+    }
+    /// The same, and a 0 is a fault as well.
+    Column& nonZero(std::function<bool(const Record&)> when = {}) {
+        plan_.nonZero = true;
+        return required(std::move(when));
+    }
+    /// Of what is missing here the control tells the clerk itself, in the way in which it tells of refused texts
+    /// (GridOptions::Refusals): when such a fault is shown, and when kxGrid::IsValid is asked for a current cell of
+    /// the column, whatever its line.
+    Column& insists() { return put(plan_.insists, true); }
+    /// What is said of a text that stands here and is no value, or not known, instead of the sheet's own words. %1
+    /// is the text. Typed ones are refused in the words of refusal().
+    Column& wrong(std::string_view text) { return put(plan_.wrong, std::string(text)); }
+    /// What rows get that the clerk comes to. A row that becomes a line by a pasted block, where he has not been, gets
+    /// its presets too, unless it has some already; the rest of the block comes after them.
     Column& preset(const T& value) {
         plan_.preset.clear();
         FieldText<T>::append(plan_.preset, value);
@@ -87,6 +115,9 @@ template <class Record, class T>
 class SheetColumn : public sheet::ColumnBuilder<SheetColumn<Record, T>, Record, T> {
   public:
     using sheet::ColumnBuilder<SheetColumn, Record, T>::ColumnBuilder;
+
+    /// As Sheet::halfDay has it.
+    SheetColumn& ofHalfDays() { return this->put(this->plan_.halfDay, true); }
 };
 
 /// A column of codes, whose records are a source's (Codes.h). What is typed is looked up: the cell gets the code as
@@ -120,6 +151,9 @@ class CodeColumn : public sheet::ColumnBuilder<CodeColumn<Record, T, Code>, Reco
     }
     /// What is said of an unknown code. Without it 没有这个 and the caption.
     CodeColumn& refusal(std::string_view text) { return this->put(this->plan_.refusal, std::string(text)); }
+    /// A code that bears a problem, one that is not found above all, is written in this colour. It comes and goes with
+    /// the problem: by steps, by undo, with a draft, when faults are marked.
+    CodeColumn& unknownColor(std::uint32_t rgb) { return this->put(this->plan_.unknownColor, rgb); }
 };
 
 /// A column of a few texts, which F2 offers. Another one is refused when it is typed, and a fault otherwise.
@@ -128,10 +162,22 @@ class ConstantsColumn : public sheet::ColumnBuilder<ConstantsColumn<Record, T>, 
   public:
     using sheet::ColumnBuilder<ConstantsColumn, Record, T>::ColumnBuilder;
 
-    /// Which other texts may stand in a line; the record has the text already.
+    /// Which other texts may stand in a line; the record has the text already. Where it throws nobody knows: what is
+    /// typed is taken, and a fault.
     ConstantsColumn& also(std::function<bool(const Record&, const std::string& text)> may) {
         this->plan_.otherConstants = [may = std::move(may)](const void* record, const std::string& text) {
             return may(*static_cast<const Record*>(record), text);
+        };
+        return *this;
+    }
+    /// What a text is suggested by beside itself: a function of the member's type makes it.
+    template <class Make>
+    ConstantsColumn& initials(Make make) {
+        this->plan_.otherName = [make = std::move(make)](const std::string& text) {
+            T value{};
+            std::string name;
+            if (FieldText<T>::read(text, value)) FieldText<T>::append(name, make(value));
+            return name;
         };
         return *this;
     }
