@@ -146,6 +146,20 @@ bool CellCommands::copyFromAbove() {
     return true;
 }
 
+std::string CellCommands::enter(std::int32_t row, std::int32_t col, std::string_view text) {
+    const CellGrid& grid = c_.grid;
+    const bool isData =
+        row >= grid.FixedRows() && row < grid.Rows() && col >= grid.FixedCols() && col < grid.Cols();
+    if (!isData) return "这里没有单元格。";
+    BlockEdit edit(c_, Command::Now, 1);
+    edit.leaveRefusedToClerk();
+    edit.during("录入", [&] {
+        const rows::FollowedRow followed(c_.rows.follower(), row);
+        edit.write(followed, col, text);
+    });
+    return edit.report().passedOver > 0 ? "这个单元格不能修改。" : edit.reason();
+}
+
 // --- Dates
 
 /// A date is no number: in a number column it would be worked out as a difference.

@@ -27,6 +27,8 @@ class CellCommands {
     /// Today, or now, as the column's check would have it.
     bool moment(Command command);
     bool canTakeMoment() const;
+    /// A text that comes from elsewhere; why it was refused.
+    std::string enter(std::int32_t row, std::int32_t col, std::string_view text);
 
   private:
     std::int32_t rowAbove(std::int32_t row) const;

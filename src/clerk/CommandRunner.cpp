@@ -149,6 +149,11 @@ bool CommandRunner::run(Command command) {
     return runOnClosedCell(command);
 }
 
+std::string CommandRunner::enter(std::int32_t row, std::int32_t col, std::string_view text) {
+    if (!c_.editor.commitOrStay()) return "正在输入的内容没有通过检查。";
+    return c_.host.there() ? cells_.enter(row, col, text) : std::string();
+}
+
 bool CommandRunner::runOnClosedCell(Command command) {
     switch (command) {
         case Command::Copy:

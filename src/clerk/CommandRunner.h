@@ -30,6 +30,8 @@ class CommandRunner {
     bool can(Command command) const;
     /// False when it could not be done; nothing has changed then but what a commit of the open editor did.
     bool run(Command command);
+    /// A text that comes from elsewhere, as if it were typed into the cell; why it was refused.
+    std::string enter(std::int32_t row, std::int32_t col, std::string_view text);
     /// The command that a key gives now.
     std::optional<Command> commandOf(std::int16_t code, std::int16_t shift) const;
     /// The edge of a column was pressed twice.

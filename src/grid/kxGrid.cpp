@@ -88,6 +88,10 @@ bool kxGrid::Run(Command command) {
     return held()->commands.run(command);
 }
 
+std::string kxGrid::Enter(std::int32_t Row, std::int32_t Col, std::string_view psText) {
+    return held()->commands.enter(Row, Col, psText);
+}
+
 bool kxGrid::CanRun(Command command) const {
     return held()->commands.can(command);
 }

@@ -1,11 +1,14 @@
 // The examples at the heads of the Qt headers, compiled as they stand there.
 #include <QDebug>
 #include <QSettings>
+#include <QSortFilterProxyModel>
+#include <QTableView>
 #include <QWidget>
 
 #include "kxVsGrid/kxVsGrid.h"
 #include "kxVsGrid/qt/DraftFile.h"
 #include "kxVsGrid/qt/FileBag.h"
+#include "kxVsGrid/qt/GridModel.h"
 #include "kxVsGrid/qt/QtFields.h"
 #include "kxVsGrid/qt/SettingsBag.h"
 #include "kxVsGrid/qt/ShowForm.h"
@@ -28,6 +31,9 @@ class WindowWithAGrid : public QWidget {
     void keepInSettings() {
 #include "examples/qt/SettingsBag.inc"
     }
+    void lookAtCells() {
+#include "examples/qt/GridModel.inc"
+    }
     void askForATown() {
 #include "examples/qt/SuggestingLineEdit.inc"
     }
@@ -39,6 +45,7 @@ class WindowWithAGrid : public QWidget {
     }
 
   private:
+    QTableView* view = new QTableView(this);
     kxVsGrid::qt::kxGridWidget* widget = new kxVsGrid::qt::kxGridWidget(this);
 };
 
@@ -48,6 +55,7 @@ void useTheExamples(WindowWithAGrid& window) {
     window.keepADraft();
     window.keepInAFile();
     window.keepInSettings();
+    window.lookAtCells();
     window.askForATown();
     window.declareASheet();
     window.showPage();
