@@ -56,8 +56,8 @@ struct kxGrid::Parts : editing::EditorOwner,
     void leaveFixedArea();
     /// What SetCell does. False when it failed and a box told of it.
     bool set(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
-    /// What Fill does.
-    void fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
+    /// What Fill does. False like set().
+    bool fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
     /// Writes a cell and keeps its column's total.
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 

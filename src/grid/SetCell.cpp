@@ -76,12 +76,12 @@ void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisp
     parts_->set(Row, Col, psDisplay, psTag);
 }
 
-void kxGrid::Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
+bool kxGrid::Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
                   std::span<const std::string_view> psTags) {
     if (!psTags.empty() && psTags.size() != psDisplays.size())
         throw GridError("Fill: " + std::to_string(psTags.size()) + " tags for " +
                         std::to_string(psDisplays.size()) + " texts");
-    parts_->fill(Col, FirstRow, psDisplays, psTags);
+    return parts_->fill(Col, FirstRow, psDisplays, psTags);
 }
 
 bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view text,
@@ -121,7 +121,7 @@ inline bool kxGrid::Parts::blanks(std::int32_t row, std::int32_t col, mEmDataTyp
            !grid::isFixed(main, row, col);
 }
 
-void kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
+bool kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
     const std::shared_ptr<Parts> kept = shared_from_this();
     try {
         if (editor.visible()) editor.commitUnlessLocked();
@@ -135,8 +135,10 @@ void kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, T
             fillHeard(col, firstRow, texts, tags);
         else
             fillUnheard(col, firstRow, texts, tags);
+        return true;
     } catch (...) {
         showError("Fill Error::" + support::currentError(), "错误");
+        return false;
     }
 }
 
