@@ -72,8 +72,25 @@ bool blanksZeros(ColumnOptions::Zero ofColumn, bool gridShows) {
 }
 }  // namespace
 
+inline bool kxGrid::Parts::goesStraight(std::int32_t col, std::string_view text) const {
+    if (!editor.hidden() || main.CellChanged.heard() || defaulted.mayHold(col)) return false;
+    const cVsControl* const column = columns.there(col);
+    if (!column || (flags.ReDraw && column->b是否合计数据())) return false;
+    const mEmDataType type = column->iType();
+    return type == flexDTDouble ? isPlainlyNotZero(text) : type != flexDTDate || isPlainlyADay(text);
+}
+
 void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
-    parts_->set(Row, Col, psDisplay, psTag);
+    Parts& p = *parts_;
+    if (!p.goesStraight(Col, psDisplay)) {
+        p.set(Row, Col, psDisplay, psTag);
+        return;
+    }
+    try {
+        p.main.Cell(Row, Col, psDisplay, psTag);
+    } catch (...) {
+        p.failedToSet();
+    }
 }
 
 bool kxGrid::Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
@@ -96,9 +113,13 @@ bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view tex
         setPlainly(row, col, text, tag);
         return true;
     } catch (...) {
-        showError("SetCell Error::" + support::currentError(), "错误");
-        return false;
+        return failedToSet();
     }
+}
+
+bool kxGrid::Parts::failedToSet() {
+    showError("SetCell Error::" + support::currentError(), "错误");
+    return false;
 }
 
 inline void kxGrid::Parts::setPlainly(std::int32_t row, std::int32_t col, std::string_view text,
@@ -107,12 +128,10 @@ inline void kxGrid::Parts::setPlainly(std::int32_t row, std::int32_t col, std::s
     if (!column) return;
     defaulted.written(row, col);
     if (blanks(row, col, column->iType(), text)) text = {};
-    if ((flags.ReDraw && column->b是否合计数据()) || main.CellChanged.heard()) {
+    if ((flags.ReDraw && column->b是否合计数据()) || main.CellChanged.heard())
         writeCell(row, col, text, tag);
-    } else {
-        // No total depends on it and nobody hears of it: the usual write when a table is filled.
+    else
         main.Cell(row, col, text, tag);
-    }
 }
 
 inline bool kxGrid::Parts::blanks(std::int32_t row, std::int32_t col, mEmDataType type,

@@ -140,12 +140,11 @@ class CellStore {
         GridColumn& c = column(col);
         if (handle == NoHandle || text.empty() || tag.empty() || c.numbers) [[unlikely]]
             return overwrite(row, col, text, tag);
-        CellPages::Page* const page = c.cells.find(handle);
-        if (!page || !page->hasRoom(handle)) [[unlikely]]
+        if (!c.cells.hasRoom(handle)) [[unlikely]]
             return overwrite(row, col, text, tag);
         const TextSlot freshTag = arena_.store(tag);
         const TextSlot freshText = arena_.storeAfter(freshTag, text);
-        c.cells.fill(*page, handle, freshText, freshTag);
+        c.cells.fill(handle, freshText, freshTag);
         return Effect::Changed;
     }
 
