@@ -92,6 +92,10 @@ class CellPages {
     [[gnu::always_inline]] void fill(RowHandle handle, TextSlot text, TextSlot tag) {
         filling_.texts[handle % PageSlots] = text;
         filling_.tags[handle % PageSlots] = tag;
+        // The next ones come when the other columns have had their turn.
+        constexpr RowHandle SlotsOfALine = 8;
+        support::fetchAhead(&filling_.texts[(handle + SlotsOfALine) % PageSlots]);
+        support::fetchAhead(&filling_.tags[(handle + SlotsOfALine) % PageSlots]);
         filling_.page->used.addPair();
         used_.addPair();
     }
