@@ -173,11 +173,14 @@ class Changes {
 
     /// What is there now counts as saved. The log is kept from the first call on.
     void Saved();
+    /// Nothing is kept any more, and writes cost nothing, until Saved(): for who is about to put another content in
+    /// place of this one. Unknown() until then.
+    void Forget();
     /// There is nothing to save: no line was added, changed or removed. False while Unknown(). Asked again and
     /// again it looks at no more than has changed meanwhile, as a rule.
     bool empty() const;
-    /// What has changed cannot be told, until Saved(): save everything. So before the first Saved(), when
-    /// memory did not suffice, when columns have gone, and when other rows have become headings. The lists are
+    /// What has changed cannot be told, until Saved(): save everything. So before the first Saved(), after
+    /// Forget(), when memory did not suffice, when columns have gone, and when other rows have become headings. The lists are
     /// empty then.
     bool Unknown() const;
     /// Lines that were none, as the rows stand now.

@@ -131,9 +131,9 @@ class kxGrid : public GridEvents {
     std::string Enter(std::int32_t Row, std::int32_t Col, std::string_view psText);
     /// SetCell for the cells of a column from `FirstRow` down, one for each text; without tags it empties them.
     /// An open editor is committed once, before. Much faster than single SetCells: for loading whole columns.
-    /// Rows outside the grid are left out. A failure ends it with one message box; what was written stays.
+    /// Rows outside the grid are left out. A failure ends it with one message box and False; what was written stays.
     /// GridError when there are tags, but not as many as texts.
-    void Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
+    bool Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
               std::span<const std::string_view> psTags = {});
     /// The cell's tag, or its displayed text when `piReturnTextorID` is True; empty outside the grid. Commits
     /// first.

@@ -23,6 +23,11 @@ void ChangeLog::saved() noexcept {
     cols_ = grid_.Cols();
 }
 
+void ChangeLog::stop() noexcept {
+    grid_.TellFilled();
+    lose();
+}
+
 bool ChangeLog::unknown() const {
     grid_.TellFilled();
     return !listening_.on() || grid_.FixedRows() != fixedRows_;

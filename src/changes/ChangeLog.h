@@ -29,6 +29,8 @@ class ChangeLog : private ChangeListener {
     ChangeLog& operator=(const ChangeLog&) = delete;
 
     void saved() noexcept;
+    /// Unknown until saved() is called.
+    void stop() noexcept;
     bool empty();
     bool unknown() const;
     std::vector<RowId> addedRows();

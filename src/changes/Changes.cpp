@@ -74,6 +74,9 @@ void Changes::AddSettler(Settler settler) {
 void Changes::Saved() {
     steps_.log.saved();
 }
+void Changes::Forget() {
+    steps_.log.stop();
+}
 bool Changes::empty() const {
     return steps_.log.empty();
 }

@@ -26,6 +26,12 @@ class ColumnArray {
         const cVsControl* const there = elements_[static_cast<std::size_t>(col)].get();
         return there ? there : slot(col).get();
     }
+    /// The same; nullptr also for an empty slot.
+    const cVsControl* there(std::int32_t col) const {
+        return static_cast<std::size_t>(col) < elements_.size()
+                   ? elements_[static_cast<std::size_t>(col)].get()
+                   : nullptr;
+    }
     /// The same, shared: stays valid whatever a host does in the meantime.
     const std::shared_ptr<cVsControl>& shared(std::int32_t col) { return slot(col); }
     /// Stores the object itself; nothing empties the slot.

@@ -34,6 +34,7 @@ class EditSession {
         mirror();
         return box_;
     }
+    bool hidden() const { return state_ == State::Hidden; }
     /// Open over a cell. A grid that has lost all its cells has nothing to show it over.
     bool visible() const { return state_ != State::Hidden && c_.grid.Row() >= 0 && c_.grid.Col() >= 0; }
     bool committing() const { return committing_; }

@@ -56,8 +56,13 @@ struct kxGrid::Parts : editing::EditorOwner,
     void leaveFixedArea();
     /// What SetCell does. False when it failed and a box told of it.
     bool set(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
-    /// What Fill does.
-    void fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
+    /// The text is written to the column as it is, no total depends on it and nobody hears of it: the usual write
+    /// when a table is filled.
+    bool goesStraight(std::int32_t col, std::string_view text) const;
+    /// Tells of what was thrown. False.
+    bool failedToSet();
+    /// What Fill does. False like set().
+    bool fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
     /// Writes a cell and keeps its column's total.
     void writeCell(std::int32_t row, std::int32_t col, std::string_view text, const std::string_view& tag);
 

@@ -72,16 +72,33 @@ bool blanksZeros(ColumnOptions::Zero ofColumn, bool gridShows) {
 }
 }  // namespace
 
-void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
-    parts_->set(Row, Col, psDisplay, psTag);
+inline bool kxGrid::Parts::goesStraight(std::int32_t col, std::string_view text) const {
+    if (!editor.hidden() || main.CellChanged.heard() || defaulted.mayHold(col)) return false;
+    const cVsControl* const column = columns.there(col);
+    if (!column || (flags.ReDraw && column->b是否合计数据())) return false;
+    const mEmDataType type = column->iType();
+    return type == flexDTDouble ? isPlainlyNotZero(text) : type != flexDTDate || isPlainlyADay(text);
 }
 
-void kxGrid::Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
+void kxGrid::SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag) {
+    Parts& p = *parts_;
+    if (!p.goesStraight(Col, psDisplay)) {
+        p.set(Row, Col, psDisplay, psTag);
+        return;
+    }
+    try {
+        p.main.Cell(Row, Col, psDisplay, psTag);
+    } catch (...) {
+        p.failedToSet();
+    }
+}
+
+bool kxGrid::Fill(std::int32_t Col, std::int32_t FirstRow, std::span<const std::string_view> psDisplays,
                   std::span<const std::string_view> psTags) {
     if (!psTags.empty() && psTags.size() != psDisplays.size())
         throw GridError("Fill: " + std::to_string(psTags.size()) + " tags for " +
                         std::to_string(psDisplays.size()) + " texts");
-    parts_->fill(Col, FirstRow, psDisplays, psTags);
+    return parts_->fill(Col, FirstRow, psDisplays, psTags);
 }
 
 bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view text,
@@ -96,9 +113,13 @@ bool kxGrid::Parts::set(std::int32_t row, std::int32_t col, std::string_view tex
         setPlainly(row, col, text, tag);
         return true;
     } catch (...) {
-        showError("SetCell Error::" + support::currentError(), "错误");
-        return false;
+        return failedToSet();
     }
+}
+
+bool kxGrid::Parts::failedToSet() {
+    showError("SetCell Error::" + support::currentError(), "错误");
+    return false;
 }
 
 inline void kxGrid::Parts::setPlainly(std::int32_t row, std::int32_t col, std::string_view text,
@@ -107,12 +128,10 @@ inline void kxGrid::Parts::setPlainly(std::int32_t row, std::int32_t col, std::s
     if (!column) return;
     defaulted.written(row, col);
     if (blanks(row, col, column->iType(), text)) text = {};
-    if ((flags.ReDraw && column->b是否合计数据()) || main.CellChanged.heard()) {
+    if ((flags.ReDraw && column->b是否合计数据()) || main.CellChanged.heard())
         writeCell(row, col, text, tag);
-    } else {
-        // No total depends on it and nobody hears of it: the usual write when a table is filled.
+    else
         main.Cell(row, col, text, tag);
-    }
 }
 
 inline bool kxGrid::Parts::blanks(std::int32_t row, std::int32_t col, mEmDataType type,
@@ -121,7 +140,7 @@ inline bool kxGrid::Parts::blanks(std::int32_t row, std::int32_t col, mEmDataTyp
            !grid::isFixed(main, row, col);
 }
 
-void kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
+bool kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags) {
     const std::shared_ptr<Parts> kept = shared_from_this();
     try {
         if (editor.visible()) editor.commitUnlessLocked();
@@ -135,8 +154,10 @@ void kxGrid::Parts::fill(std::int32_t col, std::int32_t firstRow, Texts texts, T
             fillHeard(col, firstRow, texts, tags);
         else
             fillUnheard(col, firstRow, texts, tags);
+        return true;
     } catch (...) {
         showError("Fill Error::" + support::currentError(), "错误");
+        return false;
     }
 }
 

@@ -21,6 +21,10 @@ class DefaultedCells {
     explicit DefaultedCells(CellGrid& grid) : grid_(grid) {}
 
     void put(std::int32_t row, std::int32_t col, std::string_view text);
+    /// Some cell of the column may hold such a text.
+    bool mayHold(std::int32_t col) const {
+        return static_cast<std::size_t>(col) < filled_.size() && filled_[static_cast<std::size_t>(col)] != 0;
+    }
     /// The host has given the cell a text of its own.
     void written(std::int32_t row, std::int32_t col) {
         if (mayHold(col)) forget(row, col);
@@ -37,18 +41,15 @@ class DefaultedCells {
 
   private:
     using Texts = std::map<std::int32_t, std::string>;  ///< of one row, by column
-    bool mayHold(std::int32_t col) const {
-        return col >= 0 && static_cast<std::size_t>(col) < filled_.size() &&
-               filled_[static_cast<std::size_t>(col)];
-    }
     RowId known(std::int32_t row) const;
     void forget(std::int32_t row, std::int32_t col);
     void forgetRowsThatHaveGone();
 
     CellGrid& grid_;
     std::unordered_map<RowId, Texts> rows_;  ///< also of rows that have gone since they were last looked for
-    std::vector<bool>
-        filled_;  ///< columns that default filling has put texts into: few, and most writes go elsewhere
+    /// Columns that default filling has put texts into: few, and most writes go elsewhere. Not of bool, since each
+    /// write looks here.
+    std::vector<char> filled_;
     std::size_t mostRows_ = 0;  ///< with more they are looked for
     std::int32_t cols_ = 0;
 };

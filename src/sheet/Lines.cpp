@@ -8,6 +8,12 @@ bool isZero(FieldKind kind, const std::string& text) {
     if (kind == FieldKind::Number) return text == "0";
     return (kind == FieldKind::Date || kind == FieldKind::Moment) && text.starts_with("1900-01-01");
 }
+
+/// A short look: False proves that there is nothing to round.
+bool hasMoreDecimals(const std::string& text, int decimals) {
+    const std::size_t point = text.find('.');
+    return point != std::string::npos && text.size() - point - 1 > static_cast<std::size_t>(decimals);
+}
 }  // namespace
 
 std::string Lines::rounded(const std::string& text, int decimals) {
@@ -16,13 +22,19 @@ std::string Lines::rounded(const std::string& text, int decimals) {
 }
 
 std::string Lines::text(const void* record, std::int32_t column) const {
-    const ColumnPlan& plan = c_.plan(column);
     std::string text;
-    plan.field->append(record, text);
-    if (plan.computed && plan.decimals) text = rounded(text, *plan.decimals);
-    if (c_.gone) return text;
-    if (!plan.field->optional() && !c_.grid.bIsShowZero() && isZero(plan.field->kind(), text)) text.clear();
+    putText(record, column, text);
     return text;
+}
+
+void Lines::putText(const void* record, std::int32_t column, std::string& text) const {
+    const ColumnPlan& plan = c_.plan(column);
+    text.clear();
+    plan.field->append(record, text);
+    if (plan.computed && plan.decimals && hasMoreDecimals(text, *plan.decimals))
+        text = rounded(text, *plan.decimals);
+    if (c_.gone || plan.field->optional() || !isZero(plan.field->kind(), text)) return;
+    if (!c_.grid.bIsShowZero()) text.clear();
 }
 
 AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault) const {

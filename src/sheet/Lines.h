@@ -17,6 +17,8 @@ class Lines {
     /// The text that the cell is to hold for the member. A 0 is blank, as the grid has it, but where the member can
     /// be without a value. What is computed is rounded to the decimals of its column.
     std::string text(const void* record, std::int32_t column) const;
+    /// The same in place of what `text` holds, whose memory serves again.
+    void putText(const void* record, std::int32_t column, std::string& text) const;
     /// The same text for what is no number.
     static std::string rounded(const std::string& text, int decimals);
     /// The record of the row; where a text is no value, the first such cell goes into `fault`, and the record has

@@ -1,6 +1,9 @@
 // Records that become the lines of a sheet: first their texts are made, aside, then they are put into the grid at
 // once. What fails or is cancelled before that has touched nothing.
 #include <algorithm>
+#include <array>
+#include <memory>
+#include <span>
 #include <utility>
 
 #include "sheet/SheetImpl.h"
@@ -11,24 +14,37 @@ namespace {
 
 constexpr std::size_t Slice = 4096;  // records between two looks at the progress
 
-/// The texts of one column, one behind the other.
-struct Column {
+/// The texts of a slice of one column, one behind the other.
+struct Part {
     std::string texts;
     std::vector<std::size_t> ends;
 
-    void add(const std::string& text) {
-        texts += text;
-        ends.push_back(texts.size());
-    }
-    std::vector<std::string_view> views() const {
-        std::vector<std::string_view> views;
-        views.reserve(ends.size());
+    /// In place of what `views` holds.
+    std::span<const std::string_view> views(std::array<std::string_view, Slice>& views) const {
         std::size_t begin = 0;
-        for (const std::size_t end : ends) {
-            views.emplace_back(texts.data() + begin, end - begin);
-            begin = end;
+        for (std::size_t i = 0; i < ends.size(); ++i) {
+            views[i] = {texts.data() + begin, ends[i] - begin};
+            begin = ends[i];
         }
-        return views;
+        return {views.data(), ends.size()};
+    }
+};
+
+/// The texts of one column, slice by slice: what was written is not moved as more comes.
+struct Column {
+    std::vector<Part> parts;
+
+    void add(const std::string& text) {
+        if (parts.empty() || parts.back().ends.size() == Slice) begin();
+        Part& part = parts.back();
+        part.texts += text;
+        part.ends.push_back(part.texts.size());
+    }
+    void begin() {
+        const std::size_t room = parts.empty() ? 0 : parts.back().texts.size();
+        Part& part = parts.emplace_back();
+        part.texts.reserve(room);
+        part.ends.reserve(room > 0 ? Slice : 0);
     }
 };
 }  // namespace
@@ -41,22 +57,18 @@ struct SheetBody::Loading::Texts {
     std::vector<Column> columns;
     std::vector<KeptRecord> records;
     std::vector<std::pair<std::int32_t, Computing::Failure>> failures;  ///< by line
+    std::string text;                                                   ///< of the cell that is being made
     std::vector<RowId> rows;                                            ///< where the lines stand
 
     void place();
-    void put(std::int32_t first) const {
-        for (std::size_t i = 0; i < columns.size() && !body->context.gone; ++i)
-            body->context.cells().Fill(body->context.gridCol(static_cast<std::int32_t>(i)), first,
-                                       columns[i].views());
-    }
+    void put(std::int32_t first);
 };
 
 SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress) : texts_(nullptr) {
     if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
     texts_.reset(new Texts{
-        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}, {}});
+        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}, {}, {}});
     texts_->columns.resize(body.impl_->context.plans.size());
-    for (Column& column : texts_->columns) column.ends.reserve(total);
     texts_->records.reserve(total);
 }
 
@@ -72,10 +84,27 @@ bool SheetBody::Loading::add(AnyRecord record) {
     const Impl& body = *texts_->body;
     for (Computing::Failure& failure : body.computing.fill(record.get()))
         texts_->failures.emplace_back(static_cast<std::int32_t>(texts_->records.size()), std::move(failure));
-    for (std::size_t i = 0; i < texts_->columns.size(); ++i)
-        texts_->columns[i].add(body.lines.text(record.get(), static_cast<std::int32_t>(i)));
+    for (std::size_t i = 0; i < texts_->columns.size(); ++i) {
+        body.lines.putText(record.get(), static_cast<std::int32_t>(i), texts_->text);
+        texts_->columns[i].add(texts_->text);
+    }
     texts_->records.push_back(std::move(record));
     return true;
+}
+
+/// The control tells the clerk why it could not be written.
+void SheetBody::Loading::Texts::put(std::int32_t first) {
+    const auto views = std::make_unique<std::array<std::string_view, Slice>>();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        std::int32_t row = first;
+        for (const Part& part : std::exchange(columns[i].parts, {})) {
+            if (body->context.gone) return;
+            const std::int32_t col = body->context.gridCol(static_cast<std::int32_t>(i));
+            if (!body->context.grid.Fill(col, row, part.views(*views)) && !body->context.gone)
+                throw GridError("load: the lines could not be put into the grid");
+            row += static_cast<std::int32_t>(part.ends.size());
+        }
+    }
 }
 
 /// A listener of any of these calls may take the sheet away, and the control with it.
@@ -84,6 +113,7 @@ void SheetBody::Loading::Texts::place() {
     const bool& gone = body->context.gone;
     const auto count = static_cast<std::int32_t>(records.size());
     const UnrecordedSpan unrecorded = grid.Unrecorded();
+    grid.Changes().Forget();  // what goes and comes now is nothing to be saved
     grid.ReDraw(false);
     if (!gone) grid.Clear();  // forgets what could be undone
     if (gone) return;
@@ -95,10 +125,7 @@ void SheetBody::Loading::Texts::place() {
     if (gone) return;
     rows.resize(records.size());
     grid.Grid().IdsOf(first, rows);
-    body->computing.forgetMarks();
-    body->codes.forget();
-    body->faultMarks.forget();
-    grid.ClearMarks();
+    body->forgetLines();
     for (const auto& [line, failure] : failures) body->computing.mark(first + line, failure);
 }
 
@@ -111,16 +138,12 @@ bool SheetBody::Loading::finish() {
         body->layOut();
         try {
             texts_->place();
+            if (body->context.gone) return true;
+            body->saved.begin(body->lines, texts_->rows, std::move(texts_->records));
         } catch (...) {
-            if (body->context.gone) throw;
-            // Half of the lines would be saved as all there are.
-            body->context.grid.Clear();
-            body->context.grid.ReDraw(true);
-            body->saved.begin(body->lines, {}, {});
+            if (!body->context.gone) body->loadNothing();
             throw;
         }
-        if (body->context.gone) return true;
-        body->saved.begin(body->lines, texts_->rows, std::move(texts_->records));
     }
     body->loaded(texts_->rows.empty());
     return true;

@@ -189,6 +189,26 @@ void SheetBody::Impl::tellFilled(std::int32_t row, const StepChanges& step) {
     }
 }
 
+void SheetBody::Impl::forgetLines() {
+    computing.forgetMarks();
+    codes.forget();
+    faultMarks.forget();
+    context.grid.ClearMarks();
+}
+
+/// Why the load failed is known already: nothing of this says more.
+void SheetBody::Impl::loadNothing() {
+    support::FirstFault fault;
+    fault.during([&] { context.grid.Clear(); });
+    fault.during([&] {
+        if (!context.gone) context.grid.ReDraw(true);
+    });
+    if (context.gone) return;
+    fault.during([&] { forgetLines(); });
+    fault.during([&] { saved.begin(lines, {}, {}); });
+    fault.during([&] { tellModified(); });
+}
+
 void SheetBody::Impl::preset(std::int32_t column, const std::string& text) {
     layOut();
     const std::string before = std::exchange(context.plans[static_cast<std::size_t>(column)].preset, text);

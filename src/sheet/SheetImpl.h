@@ -50,6 +50,10 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     /// The clerk has changed a cell: the host makes of its line what follows.
     void tellEdited(std::int32_t row, std::int32_t column, bool filled);
     void tellFilled(std::int32_t row, const StepChanges& step);
+    /// What is remembered of lines goes, and so do all marks.
+    void forgetLines();
+    /// A load has failed among the lines: half of them would be saved as all there are.
+    void loadNothing();
     void preset(std::int32_t column, const std::string& text);
     bool adaptCopy(std::int32_t row);
     void goTo(RowId row, std::int32_t col);

@@ -92,12 +92,14 @@ struct DecimalParts {
     int decimals = 0;
 };
 
+/// Of digits that fit.
 DecimalParts shortened(Wide digits, int decimals) {
-    while (decimals > 0 && digits % 10 == 0) {
-        digits /= 10;
+    auto kept = static_cast<std::int64_t>(digits);
+    while (decimals > 0 && kept % 10 == 0) {
+        kept /= 10;
         --decimals;
     }
-    return {static_cast<std::int64_t>(digits), decimals};
+    return {kept, decimals};
 }
 
 /// Where digits are too many, those behind the point may be zeros.

@@ -304,6 +304,21 @@ TEST_F(LogOfAGrid, IsUnknownWhileOtherRowsAreHeadings) {
     EXPECT_TRUE(changes().Unknown());
 }
 
+TEST_F(LogOfAGrid, IsUnknownAndHearsNothingFromForgettingUntilItIsSaved) {
+    grid.SetCell(1, 1, "A009", "17");
+    changes().Forget();
+    EXPECT_TRUE(changes().Unknown());
+    EXPECT_FALSE(changes().empty());
+    grid.SetCell(2, 1, "A010");
+    vs().RemoveRow(3);
+    EXPECT_TRUE(changes().Unknown());
+    EXPECT_TRUE(changes().Changed().empty());
+    changes().Saved();
+    expectNothing();
+    grid.SetCell(2, 1, "A011");
+    EXPECT_EQ(lines(), line("changed ", id(2), " 1text='A010'"));
+}
+
 TEST_F(LogOfAGrid, CountsNothingThatIsComputed) {
     vs().NumberRows();
     vs().ComputedText(3, 4, [] { return std::string("computed"); });

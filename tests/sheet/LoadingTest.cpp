@@ -181,6 +181,48 @@ TEST_F(SheetLoading, TellsThatNothingIsToBeSavedAnyMore) {
     EXPECT_EQ(told, (std::vector<bool>{false}));
 }
 
+TEST_F(SheetLoading, NothingOfItIsKeptAsAChange) {
+    loadedAndTyped();
+    int written = 0;
+    grid.CellChanged.connect([&](std::int32_t, std::int32_t) {
+        ++written;
+        EXPECT_TRUE(grid.Changes().Unknown());
+        EXPECT_TRUE(grid.Changes().Removed().empty());
+    });
+    const auto lines = loaded();
+    EXPECT_GT(written, 0);
+    EXPECT_FALSE(grid.Changes().Unknown());
+    EXPECT_TRUE(grid.Changes().empty());
+    EXPECT_EQ(sheet.records(), lines);
+}
+
+TEST_F(SheetLoading, WhatCannotBePutIntoTheGridLeavesNoLines) {
+    sheet.rule(
+        "price", [](const OrderLine& line) { return line.price != 4; }, "4 is no price");
+    loadedAndTyped();
+    EXPECT_EQ(sheet.markFaults(), 1);
+    ASSERT_TRUE(grid.Mark(2, Price));
+    std::vector<bool> told;
+    sheet.onModified([&](bool modified) { told.push_back(modified); });
+    ScopedConnection breaking = grid.CellChanged.connect([&](std::int32_t row, std::int32_t col) {
+        if (row == 2 && col == Price) throw std::runtime_error("the host's total broke");
+    });
+    EXPECT_THROW(sheet.load(std::vector<OrderLine>(9, line(1, "x", "1", "1"))), GridError);
+    EXPECT_TRUE(sheet.records().empty());
+    EXPECT_TRUE(sheet.changes().empty());
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_EQ(told, (std::vector<bool>{false}));
+    EXPECT_EQ(sheet.markFaults(), 0);
+
+    breaking = {};
+    const auto lines = loaded();
+    EXPECT_EQ(sheet.records(), lines);
+    EXPECT_FALSE(grid.Mark(2, Price));
+    type(2, Code, "other");
+    EXPECT_FALSE(grid.Mark(2, Price));  // marks go with what was there
+    EXPECT_EQ(sheet.changes().changed.size(), 1u);
+}
+
 TEST_F(SheetLoading, RefusesAColumnAndARuleAfterwards) {
     loaded();
     EXPECT_THROW(sheet.text("more", "更多", &OrderLine::name), GridError);

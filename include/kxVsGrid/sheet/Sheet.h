@@ -209,7 +209,9 @@ class Sheet {
 
     /// The lines of a range become the sheet's, and there is nothing to save or undo any more. Progress is asked now
     /// and then, and once when all lines are read; it ends it by False. When that happens, or the range throws,
-    /// everything is as it was, what is being typed and what can be undone too. False when it was ended.
+    /// everything is as it was, what is being typed and what can be undone too. False when it was ended. What fails
+    /// later, while the lines are put into the grid, comes through when all lines have gone, with nothing to save:
+    /// memory that ends, a listener that throws.
     template <class Lines>
     requires(!std::is_invocable_v<Lines&>) bool load(const Lines& lines, sheet::Progress progress = {}) {
         sheet::SheetBody::Loading loading(body_, sizeOf(lines), std::move(progress));

@@ -136,16 +136,15 @@ class CellStore {
     [[gnu::always_inline]] Effect setCell(std::int32_t row, std::int32_t col, std::string_view text,
                                           const std::string_view& tag) {
         // What filling a table does: both texts into a cell that holds nothing, in a page that is there.
-        const RowHandle handle = order_.handle(row);
         GridColumn& c = column(col);
-        if (handle == NoHandle || text.empty() || tag.empty() || c.numbers) [[unlikely]]
+        if (text.empty() || tag.empty() || c.numbers) [[unlikely]]
             return overwrite(row, col, text, tag);
-        CellPages::Page* const page = c.cells.find(handle);
-        if (!page || !page->hasRoom(handle)) [[unlikely]]
+        const RowHandle handle = order_.obtain(row);
+        if (!c.cells.hasRoom(handle)) [[unlikely]]
             return overwrite(row, col, text, tag);
         const TextSlot freshTag = arena_.store(tag);
         const TextSlot freshText = arena_.storeAfter(freshTag, text);
-        c.cells.fill(*page, handle, freshText, freshTag);
+        c.cells.fill(handle, freshText, freshTag);
         return Effect::Changed;
     }
 

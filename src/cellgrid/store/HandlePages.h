@@ -21,17 +21,24 @@ class CellPages {
   public:
     enum Kind : std::size_t { Text, Tag };
     static constexpr std::size_t PageSlots = 256;
+    /// How many texts and how many tags there are, side by side in a word: most come in pairs.
+    class Counts {
+      public:
+        std::size_t get(Kind kind) const { return (both_ >> (32 * kind)) & 0xFFFF'FFFF; }
+        void add(Kind kind, std::size_t n) { both_ += std::uint64_t{n} << (32 * kind); }
+        void takeOne(Kind kind) { both_ -= std::uint64_t{1} << (32 * kind); }
+        void addPair() { both_ += 0x1'0000'0001; }
+        bool none() const { return both_ == 0; }
+
+      private:
+        std::uint64_t both_ = 0;
+    };
     struct Page {
         std::array<std::unique_ptr<TextSlot[]>, 2> slots;
-        std::array<std::uint32_t, 2> used{};
+        Counts used;
 
         TextSlot get(Kind kind, RowHandle handle) const {
             return slots[kind] ? slots[kind][handle % PageSlots] : slot::Empty;
-        }
-        /// Whether neither a text nor a tag lies there, and both could.
-        bool hasRoom(RowHandle handle) const {
-            return slots[Text] && slots[Tag] &&
-                   (slots[Text][handle % PageSlots] | slots[Tag][handle % PageSlots]) == slot::Empty;
         }
     };
 
@@ -44,7 +51,10 @@ class CellPages {
     const Page* find(RowHandle handle) const { return const_cast<CellPages*>(this)->find(handle); }
     /// The page of a handle, added if needed.
     Page& obtain(RowHandle handle) {
-        if (handle / PageSlots >= pages_.size()) pages_.resize(handle / PageSlots + 1);
+        if (handle / PageSlots >= pages_.size()) {
+            filling_ = {};
+            pages_.resize(handle / PageSlots + 1);
+        }
         return pages_[handle / PageSlots];
     }
     TextSlot get(Kind kind, RowHandle handle) const {
@@ -68,26 +78,35 @@ class CellPages {
         TextSlot& here = page.slots[kind][handle % PageSlots];
         const bool fills = here == slot::Empty;
         here = value;
-        page.used[kind] += fills;
-        used_[kind] += fills;
+        page.used.add(kind, fills);
+        used_.add(kind, fills);
     }
-    /// Fills the two empty slots of a cell, in a page with room.
-    [[gnu::always_inline]] void fill(Page& page, RowHandle handle, TextSlot text, TextSlot tag) {
-        page.slots[Text][handle % PageSlots] = text;
-        page.slots[Tag][handle % PageSlots] = tag;
-        for (const Kind kind : {Text, Tag}) {
-            ++page.used[kind];
-            ++used_[kind];
-        }
+    /// Whether neither a text nor a tag lies there, and both could. Mostly the cell lies in the page that was asked
+    /// about last, which is kept at hand: who fills a table comes to each column with the next row.
+    [[gnu::always_inline]] bool hasRoom(RowHandle handle) {
+        if (handle / PageSlots != filling_.number) [[unlikely]]
+            if (!comeTo(handle)) return false;
+        return (filling_.texts[handle % PageSlots] | filling_.tags[handle % PageSlots]) == slot::Empty;
+    }
+    /// Fills the two slots of the cell that there is room for, as was asked last.
+    [[gnu::always_inline]] void fill(RowHandle handle, TextSlot text, TextSlot tag) {
+        filling_.texts[handle % PageSlots] = text;
+        filling_.tags[handle % PageSlots] = tag;
+        // The next ones come when the other columns have had their turn.
+        constexpr RowHandle SlotsOfALine = 8;
+        support::fetchAhead(&filling_.texts[(handle + SlotsOfALine) % PageSlots]);
+        support::fetchAhead(&filling_.tags[(handle + SlotsOfALine) % PageSlots]);
+        filling_.page->used.addPair();
+        used_.addPair();
     }
     /// So many empty slots of a page have been filled.
     void filled(Page& page, Kind kind, std::size_t count) {
-        page.used[kind] += static_cast<std::uint32_t>(count);
-        used_[kind] += count;
+        page.used.add(kind, count);
+        used_.add(kind, count);
     }
     /// How many slots hold something.
-    std::size_t used(Kind kind) const { return used_[kind]; }
-    bool unused() const { return used_[Text] == 0 && used_[Tag] == 0; }
+    std::size_t used(Kind kind) const { return used_.get(kind); }
+    bool unused() const { return used_.none(); }
 
     /// visit(TextSlot&) for every slot that holds something, always in the same order; it shall hold
     /// something afterwards too.
@@ -103,10 +122,21 @@ class CellPages {
     }
 
   private:
+    /// A page that has room for texts and for tags.
+    struct Filling {
+        std::size_t number = NoPage;
+        TextSlot* texts = nullptr;
+        TextSlot* tags = nullptr;
+        Page* page = nullptr;
+    };
+    static constexpr std::size_t NoPage = ~std::size_t{0};
+
+    bool comeTo(RowHandle handle);
     void empty(Page& page, Kind kind, RowHandle handle);
 
     std::vector<Page> pages_;
-    std::array<std::size_t, 2> used_{};
+    Counts used_;
+    Filling filling_;  ///< none when pages have moved, or given their slots back
 };
 
 /// The numbers that a column's texts were read as; NaN where not yet.

@@ -63,12 +63,13 @@ void RowOrder::hit(const Place& place) const {
 /// given when it has its place.
 RowHandle RowOrder::give(std::int32_t row) {
     const RowHandle fresh = freed_.empty() ? next_ : freed_.back();
+    if (!hitHandles_) widen(row, BlockRows);
     const Place place = hit_;
     if (segments_[place].handles) {
         segments_.change(place, [&](Segment& s) { s.handles[row - place.first] = fresh; });
     } else {
         forgetHit();
-        if (!moveIntoNeighbour(place, row, fresh)) openBlock(place, row, fresh);
+        if (!moveIntoNext(place, row, fresh)) openBlock(place, row, fresh);
     }
     if (freed_.empty())
         ++next_;
@@ -78,21 +79,9 @@ RowHandle RowOrder::give(std::int32_t row) {
     return fresh;
 }
 
-/// A row at the edge of an empty stretch joins the handles beside it: filling rows in order, either way,
-/// fills segments one after the other.
-bool RowOrder::moveIntoNeighbour(const Place& empty, std::int32_t row, RowHandle fresh) {
-    if (row == empty.first && !segments_.atBegin(empty)) {
-        const Place before = segments_.previous(empty);
-        if (segments_[before].handles && segments_[before].count < SegmentRows) {
-            segments_.change(before, [&](Segment& s) {
-                s.open(s.count, 1);
-                s.handles[s.count - 1] = fresh;
-            });
-            shrinkEmpty(empty);
-            hit(before);
-            return true;
-        }
-    }
+/// A row at the end of an empty stretch joins the handles after it, as one at its beginning joins those before it
+/// (widen): filling rows in order, either way, fills segments one after the other.
+bool RowOrder::moveIntoNext(const Place& empty, std::int32_t row, RowHandle fresh) {
     const Place after = segments_.next(empty);
     if (row != after.first - 1 || segments_.atEnd(after)) return false;
     if (!segments_[after].handles || segments_[after].count >= SegmentRows) return false;

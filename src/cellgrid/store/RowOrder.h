@@ -116,7 +116,7 @@ class RowOrder {
     void provide(std::int32_t row);
     void release(RowHandle handle);
     void drop(std::int32_t row, std::int32_t n);
-    bool moveIntoNeighbour(const Place& empty, std::int32_t row, RowHandle fresh);
+    bool moveIntoNext(const Place& empty, std::int32_t row, RowHandle fresh);
     void openBlock(const Place& empty, std::int32_t row, RowHandle fresh);
     void shrinkEmpty(const Place& empty, std::int32_t n = 1);
     void widen(std::int32_t row, std::int32_t n);
