@@ -47,7 +47,20 @@ Codes<CodeAndName> warehousesOf(const OrderGrid::Services& services) {
 OrderGrid::OrderGrid(kxGrid& grid, Services services)
     : grid_(grid), services_(std::move(services)), sheet_(grid) {
     setUpColumns();
-    setUpLines();
+    sheet_.enterToNextRow("code")
+        .inUse([](const OrderLine& line) { return !line.isEmpty(); })
+        .unreadable(sheet::Unreadable::Blank)
+        .leastRows(12)
+        .edited([this](OrderLine& line, const sheet::Edited& cell) { edited(line, cell); })
+        .copied([this](OrderLine& line) {
+            line.entered = services_.now();
+            if (line.code.isEmpty()) services_.say(u"没有货号的行不复制,新增了一个空行"_s, false);
+            return !line.code.isEmpty();
+        })
+        .mayDelete([this](const std::vector<std::int32_t>& rows) { return mayDelete(rows); })
+        .failed(
+            [this](const std::string& why) { services_.say(QString::fromStdString(why).simplified(), true); })
+        .wording([](const Fault& fault) { return fault.caption + fault.reason; });
     sheet_.load(std::vector<OrderLine>());
     setUpControl();
 }
@@ -153,23 +166,6 @@ void OrderGrid::setUpColumns() {
         .wrong("“%1”不是日期加时间");
 }
 
-void OrderGrid::setUpLines() {
-    sheet_.enterToNextRow("code")
-        .inUse([](const OrderLine& line) { return !line.isEmpty(); })
-        .unreadable(sheet::Unreadable::Blank)
-        .leastRows(12)
-        .edited([this](OrderLine& line, const sheet::Edited& cell) { edited(line, cell); })
-        .copied([this](OrderLine& line) {
-            line.entered = services_.now();
-            if (line.code.isEmpty()) services_.say(u"没有货号的行不复制,新增了一个空行"_s, false);
-            return !line.code.isEmpty();
-        })
-        .mayDelete([this](const std::vector<std::int32_t>& rows) { return mayDelete(rows); })
-        .failed(
-            [this](const std::string& why) { services_.say(QString::fromStdString(why).simplified(), true); })
-        .wording([](const Fault& fault) { return fault.caption + fault.reason; });
-}
-
 void OrderGrid::setUpControl() {
     // F3 alone leads to the warehouse.
     constexpr std::int16_t F3 = 114;
@@ -186,7 +182,6 @@ void OrderGrid::setUpControl() {
     options.Refusals(GridOptions::RefusalStyle::Beside);  // the clerk keys on
     grid_.bIsShowZero(true);                              // a price of 0 is a price
     grid_.BackColorBkg(0x8000000F);
-    grid_.ColWidth(0, 500);
     grid_.ColSample(0, "00000 ");
     grid_.FrozenCols(2);  // what a line is about stays in view
 }

@@ -44,13 +44,11 @@ class OrderGrid {
     void show(const std::vector<OrderLine>& lines, const QDate& delivery);
     /// Another delivery date for rows that the clerk comes to, and for those that say nothing yet.
     void presetDelivery(const QDate& delivery);
-    /// What has become of the lines since they were shown or saved. What was undone has not changed, and neither has a
-    /// row that says nothing.
+    /// What has become of the lines since they were shown or saved. What was undone has not changed.
     LineChanges unsaved() const;
 
   private:
     void setUpColumns();
-    void setUpLines();
     void setUpControl();
     void edited(OrderLine& line, const kxVsGrid::sheet::Edited& cell);
     bool mayDelete(const std::vector<std::int32_t>& rows);

@@ -242,6 +242,7 @@ QDate OrderWindow::deliveryFor(const QDate& date) {
 void OrderWindow::showOrder(const Order& order) {
     refused_->clear();
     header_->show(order);
+    widget_->grid().Editable(!order.approved);  // an open one gets the presets
     grid_->show(order.id == 0 ? std::vector<OrderLine>() : order.lines, deliveryFor(order.date));
     saved_ = order;
     saved_.lines.clear();

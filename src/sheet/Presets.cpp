@@ -12,7 +12,7 @@ bool Presets::begins(std::int32_t row, std::int32_t column) const {
         any = true;
         if (other != column && !isEmpty(row, other)) return false;
     }
-    if (!any || !lines_.isInUse(row)) return false;
+    if (!any || !lines_.isInUse(row) || c_.gone) return false;
     std::optional<Fault> unreadable;
     const AnyRecord without = lines_.readTyped(row, unreadable);
     c_.plan(column).field->read(without.get(), {});

@@ -301,8 +301,9 @@ Fault SheetBody::Impl::shown(Fault fault) {
 void SheetBody::Impl::goTo(RowId row, std::int32_t col) {
     const UnrecordedSpan unrecorded = context.grid.Unrecorded();  // default texts are nobody's step
     context.cells().Select(context.rowOf(row), col);
-    const std::int32_t now = context.rowOf(row);
-    if (now >= 0 && context.grid.Editable() && !lines.isInUse(now)) presets.give(now);
+    std::int32_t now = context.rowOf(row);
+    const bool gets = now >= 0 && context.grid.Editable() && !lines.isInUse(now);
+    if (gets && (now = context.rowOf(row)) >= 0) presets.give(now);
 }
 
 bool SheetBody::Impl::adaptCopy(std::int32_t row) {

@@ -128,6 +128,14 @@ TEST_F(ApprovedOrder, LeavesTheNextOrderEditable) {
     EXPECT_EQ(window->onScreen().lines.at(1).amount, 9000);
 }
 
+TEST_F(ApprovedOrder, LeavesTheNextOrderItsPresets) {
+    approve();
+    play({"key Ctrl+N"});
+    EXPECT_EQ(cell(1, OrderColumn::Warehouse), QString("主仓库"));
+    EXPECT_EQ(cell(1, OrderColumn::Delivery), QString("2026-11-27"));
+    EXPECT_FALSE(window->hasUnsavedWork());
+}
+
 TEST_F(ApprovedOrder, BySomebodyElseCanBeKeptAsANewOne) {
     openAndType();
     ASSERT_TRUE(window->save());

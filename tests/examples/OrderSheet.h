@@ -13,7 +13,7 @@
 
 using kxVsGrid::Key;
 
-/// How often the steps of a grid have changed something, or its rows are filtered otherwise.
+/// How often steps have changed something in a grid.
 class ChangesOf {
   public:
     explicit ChangesOf(kxVsGrid::kxGrid& grid)

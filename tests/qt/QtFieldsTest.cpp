@@ -57,8 +57,8 @@ TEST_F(QtFields, AreWhatTheClerkTypes) {
 
 TEST_F(QtFields, AreInvalidWhereATextIsNone) {
     sheet.load(std::vector<Visit>{{"张三", QDate(2026, 2, 3), QDateTime(QDate(2026, 2, 3), QTime(8, 5))}});
-    grid.SetCell(1, Day, "2026-02-30");
-    grid.SetCell(1, At, "2026-02-03");
+    grid.Grid().Text(1, Day, "2026-02-30");
+    grid.Grid().Text(1, At, "2026-02-03");
     EXPECT_FALSE(sheet.record(1).day.isValid());
     EXPECT_FALSE(sheet.record(1).at.isValid()) << "a day alone is no moment";
     EXPECT_EQ(sheet.faults().size(), 2u);

@@ -262,6 +262,7 @@ class Codes {
         std::int32_t listWidth() const override { return width_; }
         bool editable() const override { return static_cast<bool>(edit_); }
         Found edit(const std::string& code) const override {
+            forget();  // also where it fails after it has stored something
             std::optional<T> stored = Edit(edit_)(code);
             forget();
             return kept(std::move(stored));

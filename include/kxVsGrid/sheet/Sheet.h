@@ -71,9 +71,9 @@ class Sheet {
     /// Another text is a fault.
     template <class T>
     SheetColumn<Record, T> halfDay(std::string_view name, std::string_view caption, T Record::*member) {
-        SheetColumn<Record, T> half = column<FieldKind::Text>(name, caption, member);
-        half.ofHalfDays();
-        return half;
+        sheet::ColumnPlan& plan = planned<FieldKind::Text>(name, caption, member);
+        plan.halfDay = true;
+        return {plan, member};
     }
     /// A check box.
     template <class T>
@@ -382,12 +382,16 @@ class Sheet {
     }
     template <FieldKind Kind, class T>
     SheetColumn<Record, T> column(std::string_view name, std::string_view caption, T Record::*member) {
+        return {planned<Kind>(name, caption, member), member};
+    }
+    template <FieldKind Kind, class T>
+    sheet::ColumnPlan& planned(std::string_view name, std::string_view caption, T Record::*member) {
         static_assert(KnownField<T>,
                       "a sheet does not know the type of this member: specialise kxVsGrid::FieldText for it");
         if constexpr (KnownField<T>)
             static_assert(FieldText<T>::Kind == Kind,
                           "a sheet's column of this kind shows no member of this type");
-        return {body_.column(name, caption, field(member)), member};
+        return body_.column(name, caption, field(member));
     }
     template <class T>
     sheet::ColumnPlan& chosen(std::string_view name, std::string_view caption, T Record::*member) {

@@ -115,9 +115,6 @@ template <class Record, class T>
 class SheetColumn : public sheet::ColumnBuilder<SheetColumn<Record, T>, Record, T> {
   public:
     using sheet::ColumnBuilder<SheetColumn, Record, T>::ColumnBuilder;
-
-    /// As Sheet::halfDay has it.
-    SheetColumn& ofHalfDays() { return this->put(this->plan_.halfDay, true); }
 };
 
 /// A column of codes, whose records are a source's (Codes.h). What is typed is looked up: the cell gets the code as
