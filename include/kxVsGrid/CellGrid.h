@@ -507,6 +507,18 @@ class CellGrid {
         /// Whether it wants to hear of a cell of the column now. It is asked at every write, also at those
         /// that change nothing.
         virtual bool awaits(std::int32_t) const { return true; }
+        /// The quick answer: False proves that it awaits no cell of the column.
+        bool mayAwait(std::int32_t col) const {
+            return (heeded_ >> (static_cast<std::uint32_t>(col) % 64) & 1) != 0;
+        }
+
+      protected:
+        /// It awaits cells of no column from now on, but of those that it names.
+        void heedNone() { heeded_ = 0; }
+        void heed(std::int32_t col) { heeded_ |= std::uint64_t{1} << (static_cast<std::uint32_t>(col) % 64); }
+
+      private:
+        std::uint64_t heeded_ = ~std::uint64_t{0};  ///< a bit for all columns that are alike modulo 64
     };
     /// One watcher at a time; nullptr for none. It must outlive the grid or be taken away.
     void watch(Watcher* watcher);

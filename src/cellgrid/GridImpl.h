@@ -111,7 +111,7 @@ struct CellGrid::Impl {
     /// Nobody hears of a write to the column; a watcher that does not await it goes on not to, as nobody acts
     /// meanwhile.
     bool fillsUnheard(std::int32_t col) const {
-        return (listening & ~Watched) == 0 && (!watcher || !watcher->awaits(col));
+        return (listening & ~Watched) == 0 && (!watcher || !watcher->mayAwait(col) || !watcher->awaits(col));
     }
     void fillUnheard(std::int32_t col, std::int32_t firstRow, Texts texts, Texts tags);
     /// Before a text is written: the watcher hears of one that changes. False when the cell has gone then.

@@ -25,6 +25,7 @@ TotalRow::~TotalRow() {
 /// The main grid is watched only while there is something to add up: each of its writes would pay for it.
 void TotalRow::pending(std::int32_t totals) {
     pending_ = totals;
+    if (totals == 0) heedNone();
     main_.watch(totals > 0 ? this : nullptr);
 }
 
@@ -161,6 +162,7 @@ void TotalRow::note(std::int32_t col) {
     total.writtenRow = NoRow;
     if (total.pending) return;
     total.pending = true;
+    heed(col);
     pending(pending_ + 1);
 }
 
