@@ -8,6 +8,9 @@ using namespace kxVsGrid;
 using namespace Qt::StringLiterals;
 
 namespace {
+constexpr const char* QuantityHint =
+    "不能为零;可以输入算式,例如 12*3+5;输入后回车到下一行,Tab 到单价,F3 到仓库,F4 到交货日期,F5 到备注";
+
 std::optional<Cents> product(const OrderLine& line) {
     return line.quantity && line.price ? amountOf(*line.quantity, *line.price) : std::nullopt;
 }
@@ -112,9 +115,7 @@ void OrderGrid::setUpColumns() {
         return sheet_.number(name, caption, member).decimals(decimals).wrong("“%1”太大,无法保存");
     };
     number("quantity", "数量", &OrderLine::quantity, QuantityDecimals)
-        .hint(
-            "不能为零;可以输入算式,例如 12*3+5;输入后回车到下一行,Tab 到单价,F3 到仓库,F4 到交货日期,F5 "
-            "到备注")
+        .hint(QuantityHint)
         .width(1350)
         .format("#,##0.###")
         .total()

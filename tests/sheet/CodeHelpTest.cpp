@@ -215,6 +215,13 @@ TEST_F(CodeHelpTest, CodesAreSuggestedByWhatIsMadeOfAMember) {
     EXPECT_EQ(desk.suggestions().texts, std::vector<std::string>{"1002"});
 }
 
+TEST_F(CodeSheet, AListThatThrowsIsAListenersFaultWhereNobodyIsTold) {
+    load(asking().list([]() -> std::vector<Goods> { throw std::runtime_error("数据库连接中断"); }));
+    at(1, Code);
+    desk.type("1");
+    EXPECT_THROW(desk.press(Key::F2), std::runtime_error);
+}
+
 TEST(ConstantsByInitials, AreSuggested) {
     headless::Desk desk;
     kxGrid& grid = desk.place();
