@@ -8,8 +8,8 @@
 //     view->setModel(sorted);
 //
 // Rows and columns are the data cells' alone, from 0: row 0 of the model is the first row below the headings. The grid
-// keeps the data; the model copies nothing. What one step changes is told when the step ends, neighbouring cells
-// at once; what code writes outside of steps is told when the event loop runs, or by flush(). Until then the model has the
+// keeps the data; the model copies nothing. What one step changes is told when the step ends, its cells as
+// one range, which may hold others too; what code writes outside of steps is told when the event loop runs, or by flush(). Until then the model has the
 // rows that it had, in their order, with the texts of now.
 //
 // The grid should outlive the model; a model without one has no rows any more, and says so when it is asked next.
@@ -64,6 +64,8 @@ class GridModel : public QAbstractTableModel {
     void refused(const QModelIndex& index, const QString& reason);
 
   private:
+    bool isOurs(const QModelIndex& index) const;
+
     class Follower;
     friend class Follower;
     std::shared_ptr<Follower> follower_;  // a call of it may be underway when the model goes

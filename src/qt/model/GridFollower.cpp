@@ -2,14 +2,15 @@
 
 #include <QMetaObject>
 #include <algorithm>
-#include <vector>
+#include <limits>
+#include <utility>
 
 #include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
 namespace {
 /// So many rows are told by themselves; of more the whole is.
-constexpr std::size_t MostRows = 1000;
+constexpr std::int32_t MostRows = 1000;
 }  // namespace
 
 GridModel::Follower::Follower(GridModel& model, kxGrid& grid)
@@ -68,14 +69,18 @@ void GridModel::Follower::later() noexcept try {
     scheduled_ = false;  // the next step tells it
 }
 
+void GridModel::Follower::dirty(std::int32_t row, Cols cols) {
+    if (std::ssize(dirty_) >= MostRows) return begin(all_);
+    const auto [known, isNew] = dirty_.try_emplace(grid_.Grid().IdOf(row), cols);
+    known->second = {std::min(known->second.first, cols.first), std::max(known->second.second, cols.second)};
+    later();
+}
+
 void GridModel::Follower::written(std::int32_t row, std::int32_t col, CellPart, std::string_view,
                                   std::string_view) noexcept try {
     if (reset_ || all_) return;
     if (row < fixedRows_ || col < fixedCols_) return begin(headers_);
-    if (dirty_.size() >= MostRows) return begin(all_);
-    const auto [known, isNew] = dirty_.try_emplace(grid_.Grid().IdOf(row), col, col);
-    known->second = {std::min(known->second.first, col), std::max(known->second.second, col)};
-    later();
+    dirty(row, {col, col});
 } catch (...) {
     begin(all_);
 }
@@ -84,6 +89,8 @@ void GridModel::Follower::added(std::int32_t at, std::int32_t count) noexcept tr
     if (at < fixedRows_) return begin(reset_);
     moves_.inserted(at, count);
     later();
+    if (count > MostRows) return begin(all_);
+    for (std::int32_t row = at; row < at + count; ++row) dirty(row, {fixedCols_, grid_.Cols() - 1});
 } catch (...) {
     begin(reset_);
 }
@@ -179,27 +186,22 @@ void GridModel::Follower::tellHeaders() {
     if (grid() && rows_ > 0) Q_EMIT model_.headerDataChanged(Qt::Vertical, 0, rows_ - 1);
 }
 
-/// Rows below each other with the same columns are told as one.
+/// All at once: a proxy that sorts looks for the place of one row among the others, which have to be where they belong.
 void GridModel::Follower::tellCells() {
     if (headers_) return tellHeaders();
     const auto dirty = std::exchange(dirty_, {});
     if (std::exchange(all_, false))
         return tellCells(fixedRows_, fixedRows_ + rows_ - 1, {fixedCols_, fixedCols_ + cols_ - 1});
-    std::map<std::int32_t, Cols> rows;
-    for (const auto& [id, cols] : dirty)
-        if (const std::int32_t row = grid_.Grid().RowOf(id); row >= 0) rows.emplace(row, cols);
-    for (auto first = rows.begin(); first != rows.end();) {
-        auto last = first;
-        auto next = std::next(first);
-        while (next != rows.end() && next->first == last->first + 1 && next->second == first->second)
-            last = next++;
-        // What is written meanwhile may move the rows, and tells of itself.
-        if (grid() && moves_.empty() && !reset_)
-            tellCells(first->first, last->first, first->second);
-        else
-            all_ = true;
-        first = next;
+    std::int32_t first = std::numeric_limits<std::int32_t>::max(), last = -1;
+    Cols wide{first, last};
+    for (const auto& [id, cols] : dirty) {
+        const std::int32_t row = grid_.Grid().RowOf(id);
+        if (row < 0) continue;
+        first = std::min(first, row);
+        last = std::max(last, row);
+        wide = {std::min(wide.first, cols.first), std::max(wide.second, cols.second)};
     }
+    tellCells(first, last, wide);
 }
 
 void GridModel::Follower::tellCells(std::int32_t firstRow, std::int32_t lastRow, Cols cols) {

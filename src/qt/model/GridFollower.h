@@ -44,6 +44,7 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
     void shown(std::int32_t col) noexcept override;
 
     void begin(bool& what) noexcept;
+    void dirty(std::int32_t row, Cols cols);
     void later() noexcept;
     bool isElsewhere() const;
     bool pending() const {

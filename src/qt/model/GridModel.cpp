@@ -87,12 +87,17 @@ int GridModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : follower_->cols();
 }
 
+bool GridModel::isOurs(const QModelIndex& index) const {
+    return index.isValid() && index.model() == this && index.row() < rowCount() &&
+           index.column() < columnCount();
+}
+
 std::int32_t GridModel::gridRow(const QModelIndex& index) const {
-    return checkIndex(index, CheckIndexOption::IndexIsValid) ? follower_->gridRow(index.row()) : -1;
+    return isOurs(index) ? follower_->gridRow(index.row()) : -1;
 }
 
 std::int32_t GridModel::gridCol(const QModelIndex& index) const {
-    return checkIndex(index, CheckIndexOption::IndexIsValid) ? follower_->gridCol(index.column()) : -1;
+    return isOurs(index) ? follower_->gridCol(index.column()) : -1;
 }
 
 QModelIndex GridModel::indexAt(std::int32_t row, std::int32_t col) const {
