@@ -330,6 +330,7 @@ bool OrderWindow::readyToSave() {
         widget_->setFocus();
         return false;
     }
+    grid_->sheet().complete();
     const Order order = onScreen();
     const auto missing = [&](OrderHeader::Field field, const QString& what) {
         header_->focus(field);

@@ -276,6 +276,9 @@ class kxGrid : public GridEvents {
     /// The way into the control. It keeps what is behind the control until it is let go of: a machine holds
     /// it for the length of a call, in which a listener may destroy the control.
     std::shared_ptr<Input> input();
+    /// Expires when the control is destroyed, also while a call of it is still underway: for who follows it from
+    /// outside.
+    std::weak_ptr<const void> life() const;
     const EditorView& editorView() const;
     /// Whether the clerk may change a cell: the grid is editable, so is the cell's column, and the host does
     /// not lock the cell. False in the fixed area and outside the grid. Lets through what a listener of
@@ -296,5 +299,6 @@ class kxGrid : public GridEvents {
     std::string read(std::int32_t Row, std::int32_t Col, CellReader reader);
     std::shared_ptr<Parts> held() const { return parts_; }
     std::shared_ptr<Parts> parts_;  // held by what goes on after an event
+    std::shared_ptr<const void> life_ = std::make_shared<const char>();
 };
 }  // namespace kxVsGrid

@@ -42,7 +42,7 @@ BlockEdit::BlockEdit(const ClerkContext& context, Command command, std::int64_t 
 void BlockEdit::begin(std::string_view step) {
     changedBefore_ = c_.flags.changed;
     progress_ = c_.platform.progress(step, cells_);
-    step_ = c_.steps.openHostStep(step, causeOf(report_.command));
+    step_ = c_.steps.openHostStep(step, entry_ ? Cause::Typed : causeOf(report_.command));
 }
 
 void BlockEdit::end(support::FirstFault& fault) {
@@ -53,7 +53,7 @@ void BlockEdit::end(support::FirstFault& fault) {
     if (!c_.host.there()) return;
     fault.during(
         [&] { c_.editor.captureAndLoad(); });  // what stands there now is not checked again unchanged
-    if (leftToClerk_ && report_.refused > 0) return;
+    if (entry_ || (leftToClerk_ && report_.refused > 0)) return;
     fault.during([&] { c_.owner.tell(report_); });
 }
 

@@ -44,6 +44,8 @@ class BlockEdit {
         fault.raise();
     }
 
+    /// It is no command: what has become of it is told to who asked for it alone.
+    void asEntry() { entry_ = leftToClerk_ = true; }
     /// What is refused is no report's and gets no mark: the clerk is to put it right at once.
     void leaveRefusedToClerk() { leftToClerk_ = true; }
     /// Why the last value was refused that was left to the clerk.
@@ -103,6 +105,7 @@ class BlockEdit {
     bool changedBefore_ = false;
     bool stopped_ = false;
     bool leftToClerk_ = false;
+    bool entry_ = false;
     bool tooLong_ = false;
     std::string reason_;
     editing::WriteGate::KnownCodes codes_;

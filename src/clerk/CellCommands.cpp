@@ -151,13 +151,16 @@ std::string CellCommands::enter(std::int32_t row, std::int32_t col, std::string_
     const bool isData =
         row >= grid.FixedRows() && row < grid.Rows() && col >= grid.FixedCols() && col < grid.Cols();
     if (!isData) return "这里没有单元格。";
-    BlockEdit edit(c_, Command::Now, 1);
-    edit.leaveRefusedToClerk();
+    BlockEdit edit(c_, Command::Paste, 1);
+    edit.asEntry();
     edit.during("录入", [&] {
         const rows::FollowedRow followed(c_.rows.follower(), row);
         edit.write(followed, col, text);
     });
-    return edit.report().passedOver > 0 ? "这个单元格不能修改。" : edit.reason();
+    const PasteReport& report = edit.report();
+    if (report.passedOver > 0) return "这个单元格不能修改。";
+    if (!edit.reason().empty()) return edit.reason();
+    return report.written + report.same > 0 ? "" : "这个单元格已经不在了。";
 }
 
 // --- Dates

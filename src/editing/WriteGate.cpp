@@ -40,12 +40,12 @@ std::optional<std::string> WriteGate::brokenByRewriting(std::int32_t row, std::i
     return value ? brokenByRepeating(c_, row, col, *value) : std::nullopt;
 }
 
-/// A short date as it will be stored, for the rules to judge that; any other text as it is.
+/// A date in whatever form as it will be stored, for the rules to judge that; any other text as it is.
 std::string WriteGate::inFull(std::int32_t col, std::string_view text) const {
     const cVsControl& column = c_.columns.at(col);
     const auto form = column.i有效性判断() == 0 ? std::nullopt : dateFormOf(column);
     std::optional<std::string> date;
-    if (form) date = fromShortDate(*form, text, c_.platform.now());
+    if (form) date = inDateForm(*form, text, c_.platform.now());
     return date ? *std::move(date) : std::string(text);
 }
 

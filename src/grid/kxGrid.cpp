@@ -569,6 +569,10 @@ void kxGrid::WriteProperties(PropertyBag& bag) {
 
 // --- For the machine
 
+std::weak_ptr<const void> kxGrid::life() const {
+    return life_;
+}
+
 std::shared_ptr<Input> kxGrid::input() {
     return {parts_, &parts_->input};
 }

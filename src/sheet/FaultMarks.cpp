@@ -42,7 +42,9 @@ void FaultMarks::keep(std::int32_t row) {
     const RowId id = c_.cells().KnownId(row);
     const auto first = marks_.lower_bound({id, 0});
     if (first == marks_.end() || first->first.first != id) return;
-    for (const auto& [col, reason] : reasonsIn(row))
+    const std::map<std::int32_t, std::string> reasons = reasonsIn(row);
+    if (c_.gone) return;
+    for (const auto& [col, reason] : reasons)
         if (const auto ours = marks_.find({id, col}); ours != marks_.end() && !c_.grid.Mark(row, col)) {
             ours->second = reason;
             putProblem(c_.grid, row, col, reason);
@@ -56,6 +58,7 @@ void FaultMarks::judge(std::int32_t row) {
     auto one = marks_.lower_bound({id, 0});
     if (one == marks_.end() || one->first.first != id) return;
     const std::map<std::int32_t, std::string> reasons = reasonsIn(row);
+    if (c_.gone) return;
     while (one != marks_.end() && one->first.first == id) {
         const std::int32_t col = one->first.second;
         const CellMark* const there = c_.grid.Mark(row, col);

@@ -61,14 +61,18 @@ Faults::Reason Faults::reason(const void* record, std::int32_t row, std::int32_t
 std::optional<Fault> Faults::at(const void* record, std::int32_t row, std::int32_t column, bool known,
                                 CodeColumns::Answers& answers) const {
     Reason why = reason(record, row, column, known, answers);
-    if (why.text.empty()) return std::nullopt;
+    if (why.text.empty() || c_.gone) return std::nullopt;
     const std::string& wrong = c_.plan(column).wrong;
-    if (!wrong.empty() && why.kind != FaultKind::Rule && why.kind != FaultKind::Missing)
+    if (!wrong.empty() && (why.kind == FaultKind::Unreadable || why.kind == FaultKind::Unknown))
         why.text = worded(wrong, c_.cells().Text(row, c_.gridCol(column)));
     Fault fault = c_.faultAt(row, column, std::move(why.text));
     fault.kind = why.kind;
-    if (c_.wording) fault.reason = c_.wording(fault);
-    return fault;
+    try {
+        if (c_.wording) fault.reason = c_.wording(fault);
+    } catch (...) {
+        // The sheet's own words do.
+    }
+    return c_.gone ? std::nullopt : std::optional(std::move(fault));
 }
 
 void Faults::visit(std::int32_t row, const std::function<bool(Fault)>& visitor) const {
@@ -116,7 +120,7 @@ bool Faults::isBlankZero(const void* record, std::int32_t row, std::int32_t colu
         if (const auto number = Decimal::read(c_.cells().Text(row, c_.gridCol(column)));
             number && *number == 0)
             return true;
-    if (field.optional()) return false;
+    if (field.optional() || !c_.plan(column).constants.empty()) return false;
     const AnyRecord blank = c_.make(nullptr);
     field.read(blank.get(), {});
     return field.alike(blank.get(), record);

@@ -161,7 +161,7 @@ void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     options.sortable(true);
     options.filterable(true);
     options.exact(true);
-    if (plan.field->optional()) options.zero(ColumnOptions::Zero::Keep);
+    if (!plan.blanksZero()) options.zero(ColumnOptions::Zero::Keep);
     options.skipFilled(plan.skipFilled);
     options.smallest(plan.least);
     if (SuggestionSource suggestions = suggestionsOf(plan)) options.suggest(std::move(suggestions));

@@ -33,8 +33,12 @@ void Lines::putText(const void* record, std::int32_t column, std::string& text) 
     plan.field->append(record, text);
     if (plan.computed && plan.decimals && hasMoreDecimals(text, *plan.decimals))
         text = rounded(text, *plan.decimals);
-    if (c_.gone || plan.field->optional() || !isZero(plan.field->kind(), text)) return;
-    if (!c_.grid.bIsShowZero()) text.clear();
+    if (!c_.gone && isBlanked(column, text)) text.clear();
+}
+
+bool Lines::isBlanked(std::int32_t column, const std::string& text) const {
+    const ColumnPlan& plan = c_.plan(column);
+    return plan.blanksZero() && isZero(plan.field->kind(), text) && !c_.grid.bIsShowZero();
 }
 
 AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault) const {

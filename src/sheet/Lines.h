@@ -19,6 +19,8 @@ class Lines {
     std::string text(const void* record, std::int32_t column) const;
     /// The same in place of what `text` holds, whose memory serves again.
     void putText(const void* record, std::int32_t column, std::string& text) const;
+    /// The text is a 0 of a column that blanks it.
+    bool isBlanked(std::int32_t column, const std::string& text) const;
     /// The same text for what is no number.
     static std::string rounded(const std::string& text, int decimals);
     /// The record of the row; where a text is no value, the first such cell goes into `fault`, and the record has

@@ -51,7 +51,7 @@ struct Column {
 
 struct SheetBody::Loading::Texts {
     std::shared_ptr<Impl> body;
-    support::FlagSpan reading;
+    std::optional<support::FlagSpan> reading;
     std::size_t total;
     Progress progress;
     std::vector<Column> columns;
@@ -66,8 +66,8 @@ struct SheetBody::Loading::Texts {
 
 SheetBody::Loading::Loading(SheetBody& body, std::size_t total, Progress progress) : texts_(nullptr) {
     if (body.impl_->reading) throw GridError("load: the sheet is being loaded already");
-    texts_.reset(new Texts{
-        body.impl_, support::FlagSpan(body.impl_->reading), total, std::move(progress), {}, {}, {}, {}, {}});
+    texts_.reset(new Texts{body.impl_, {}, total, std::move(progress), {}, {}, {}, {}, {}});
+    texts_->reading.emplace(body.impl_->reading);
     texts_->columns.resize(body.impl_->context.plans.size());
     texts_->records.reserve(total);
 }
@@ -145,6 +145,7 @@ bool SheetBody::Loading::finish() {
             throw;
         }
     }
+    texts_->reading.reset();  // who is told may load others
     body->loaded(texts_->rows.empty());
     return true;
 }

@@ -55,6 +55,12 @@ bool Presets::lacksRequired(std::int32_t row) const {
     return false;
 }
 
+bool Presets::any(std::int32_t row) const {
+    for (std::int32_t column = 0; column < c_.count(); ++column)
+        if (!c_.plan(column).preset.empty() && !isEmpty(row, column)) return true;
+    return false;
+}
+
 bool Presets::waits(std::int32_t row) const {
     for (std::int32_t column = 0; column < c_.count(); ++column) {
         const std::string& preset = c_.plan(column).preset;

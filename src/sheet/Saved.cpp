@@ -21,6 +21,7 @@ void Saved::begin(const Lines& lines, const std::vector<RowId>& rows, std::vecto
     }
     order_ = rows;
     still_.clear();
+    handedOut_ = false;
     witness_ = RowId::None;
     c_.grid.Changes().Saved();
 }
@@ -128,6 +129,7 @@ void Saved::keepOrder() {
 }
 
 std::vector<AnyChange> Saved::changes(const Lines& lines) const {
+    handedOut_ = true;
     if (c_.position) return differs(lines) ? numberedChanges(lines) : std::vector<AnyChange>();
     std::vector<AnyChange> changes;
     for (const RowId id : touched())
@@ -153,6 +155,14 @@ bool Saved::differs(const Lines& lines) const {
     return witness_ != RowId::None || (c_.position && moved(lines));
 }
 
+void Saved::replace(RowId row, KeptRecord record) {
+    const auto known = records_.find(row);
+    if (known == records_.end()) throw GridError("storedAs: the line was neither loaded nor saved");
+    known->second = std::move(record);
+    still_.push_back(row);
+    witness_ = RowId::None;
+}
+
 void Saved::requireIdentity(const std::vector<AnyChange>& saved) const {
     for (const AnyChange& change : saved) {
         if (!change.after) continue;
@@ -165,6 +175,7 @@ void Saved::requireIdentity(const std::vector<AnyChange>& saved) const {
 
 /// What was written between changes() and this is compared with what was handed out.
 void Saved::accept(const Lines& lines, const std::vector<AnyChange>& saved) {
+    if (!handedOut_) throw GridError("accept: other lines were loaded since these changes were asked for");
     requireIdentity(saved);
     std::vector<RowId> ids = touched();
     for (const AnyChange& change : saved) {

@@ -23,7 +23,11 @@ class Saved {
     void begin(const Lines& lines, const std::vector<RowId>& rows, std::vector<KeptRecord> records);
     std::vector<AnyChange> changes(const Lines& lines) const;
     void accept(const Lines& lines, const std::vector<AnyChange>& saved);
+    /// A line is saved as another record than it was. GridError for one that was not saved.
+    void replace(RowId row, KeptRecord record);
     bool differs(const Lines& lines) const;
+    /// changes() were asked for since these lines began.
+    bool handedOut() const { return handedOut_; }
     /// Lines stand in another order than when they were loaded or saved.
     bool moved(const Lines& lines) const;
 
@@ -40,9 +44,10 @@ class Saved {
 
     const SheetContext& c_;
     std::unordered_map<RowId, KeptRecord> records_;
-    std::unordered_set<RowId> noLines_;    ///< of records_: were loaded as something else than lines
-    std::vector<RowId> order_;             ///< the rows of records_ as they stood
-    std::vector<RowId> still_;             ///< were changed between changes() and accept()
+    std::unordered_set<RowId> noLines_;  ///< of records_: were loaded as something else than lines
+    std::vector<RowId> order_;           ///< the rows of records_ as they stood
+    std::vector<RowId> still_;           ///< were changed between changes() and accept()
+    mutable bool handedOut_ = false;
     mutable RowId witness_ = RowId::None;  ///< differed when it was last looked at
 };
 }  // namespace kxVsGrid::sheet

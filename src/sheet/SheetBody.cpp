@@ -47,6 +47,7 @@ void SheetBody::edited(std::function<void(void*, const Edited&)> follow) {
 }
 
 void SheetBody::enterToNextRow(std::string_view name) {
+    impl_->requireOpen("enterToNextRow");
     impl_->context.enterToNextRow = name;
 }
 
@@ -55,6 +56,7 @@ void SheetBody::copied(std::function<bool(void*)> adapt) {
 }
 
 void SheetBody::failed(std::function<void(const std::string&)> told) {
+    impl_->requireOpen("failed");
     impl_->context.failed = std::move(told);
 }
 
@@ -130,17 +132,7 @@ KeptRecord SheetBody::recordOf(RowId id) const {
 
 std::vector<KeptRecord> SheetBody::records() const {
     const std::shared_ptr<Impl> impl = impl_;
-    const SheetContext& context = impl->context;
-    std::vector<KeptRecord> records;
-    if (!impl->laidOut) return records;
-    impl->requireWhole("records");
-    for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row) {
-        const AnyRecord record = impl->lines.lineAt(row);
-        if (!record) continue;
-        if (context.position) context.position->put(record.get(), std::ssize(records) + 1);
-        records.push_back(record);
-    }
-    return records;
+    return impl->records();
 }
 
 void SheetBody::put(std::int32_t row, const void* record) {
@@ -173,15 +165,7 @@ std::vector<std::int32_t> SheetBody::append(const std::vector<KeptRecord>& recor
 
 void SheetBody::recompute() {
     const std::shared_ptr<Impl> impl = impl_;
-    if (!impl->laidOut || !impl->context.whole()) return;
-    ChangeStep step = impl->context.grid.Step("重新计算");
-    for (std::int32_t row = impl->context.firstRow(); !impl->context.gone && row < impl->context.endRow();
-         ++row)
-        impl->computing.settle(row);
-    step.close();
-    // Also of what was written outside of steps.
-    impl->tellModified();
-    if (!impl->context.gone) impl->changedTold();
+    impl->recompute();
 }
 
 Decimal SheetBody::sum(std::string_view name) const {
@@ -197,17 +181,14 @@ void SheetBody::preset(std::string_view name, std::string_view text) {
 
 // --- The clerk
 
-/// Reading a cell commits what is being typed. What is refused stays in the editor.
 bool SheetBody::commit() {
     const std::shared_ptr<Impl> impl = impl_;
-    kxGrid& grid = impl->context.grid;
-    if (!impl->laidOut) return true;
-    grid.ReadCell(grid.Row(), grid.Col());
-    if (impl->context.gone || grid.editorView().visible) return false;
-    if (!grid.Editable() || !impl->context.whole()) return true;
-    recompute();
-    impl->presets.complete();
-    return !impl->context.gone;
+    return !impl->laidOut || impl->commit();
+}
+
+void SheetBody::complete() {
+    const std::shared_ptr<Impl> impl = impl_;
+    impl->complete();
 }
 
 void SheetBody::goTo(std::int32_t row, std::string_view name) {
@@ -228,17 +209,22 @@ std::string SheetBody::hint() const {
 
 std::vector<AnyChange> SheetBody::changes() const {
     const std::shared_ptr<Impl> impl = impl_;
-    if (!impl->laidOut) return {};
-    impl->requireWhole("changes");
-    return impl->saved.changes(impl->lines);
+    return impl->changes();
 }
 
 void SheetBody::accept(const std::vector<AnyChange>& changes) {
     const std::shared_ptr<Impl> impl = impl_;
-    if (!impl->laidOut) return;
-    impl->requireWhole("accept");
-    impl->saved.accept(impl->lines, changes);
-    impl->tellModified();
+    impl->accept(changes);
+}
+
+void SheetBody::storedAs(RowId row, KeptRecord record) {
+    const std::shared_ptr<Impl> impl = impl_;
+    impl->storedAs(row, std::move(record));
+}
+
+std::optional<Fault> SheetBody::save(const Write& write) {
+    const std::shared_ptr<Impl> impl = impl_;
+    return impl->save(write);
 }
 
 bool SheetBody::modified() const {
@@ -272,39 +258,11 @@ Connection SheetBody::onChanged(std::function<void()> told) {
     return impl_->changedTold.connect(std::move(told));
 }
 
-std::optional<Fault> SheetBody::hindrance() {
-    const std::shared_ptr<Impl> impl = impl_;
-    const SheetContext& context = impl->context;
-    if (!commit()) {
-        Fault typing;
-        if (context.gone) return typing;
-        typing.row = context.grid.Row();
-        typing.col = context.grid.Col();
-        typing.reason = "正在输入的内容没有通过检查";
-        return typing;
-    }
-    if (auto fault = firstFault()) {
-        fault->show();
-        return fault;
-    }
-    if (!impl->laidOut || !context.together) return std::nullopt;
-    Fault all;
-    all.row = all.col = -1;
-    all.reason = context.together(records());
-    return all.reason.empty() ? std::nullopt : std::optional(all);
-}
-
 // --- What is wrong
 
 std::optional<Fault> SheetBody::firstFault() const {
     const std::shared_ptr<Impl> impl = impl_;
-    std::optional<Fault> first;
-    if (!impl->laidOut) return first;
-    impl->faults.visit([&](Fault fault) {
-        first = impl->shown(std::move(fault));
-        return false;
-    });
-    return first;
+    return impl->firstFault();
 }
 
 std::vector<Fault> SheetBody::faults() const {

@@ -34,6 +34,12 @@ void SheetBody::Impl::attach() {
             const auto self = weak.lock();
             inUse = self && self->laidOut && self->context.whole() && self->lines.isInUse(row);
         }));
+    connections.push_back(grid.RowColChange.connect([weak = weak_from_this()] {
+        const auto self = weak.lock();
+        if (!self || self->context.gone) return;
+        kxGrid& moved = self->context.grid;
+        self->stands = moved.Row() >= 0 ? moved.Grid().IdOf(moved.Row()) : RowId::None;
+    }));
     connections.push_back(grid.Changes().After.connect([weak = weak_from_this()](const StepChanges& step) {
         if (const auto self = weak.lock()) self->settled(step);
     }));
@@ -85,6 +91,7 @@ void SheetBody::Impl::attachCodes() {
         if (begins && (row = context.rowOf(id)) >= 0) presets.give(row);
         if (context.edited && (row = context.rowOf(id)) >= 0) tellEdited(row, column, false);
         if (!faultMarks.empty() && (row = context.rowOf(id)) >= 0) faultMarks.keep(row);
+        if (codes.paints() && (row = context.rowOf(id)) >= 0) codes.paint(row);
     }));
 }
 
@@ -135,8 +142,8 @@ void SheetBody::Impl::eachRow(const StepChanges& step, const std::function<void(
     fault.raise();
 }
 
-/// What was typed, filled or pasted has no more decimals than its column, and constants no blanks around them. What
-/// stands as it was loaded was agreed so.
+/// What was typed, filled or pasted has no more decimals than its column, no 0 where that is as good as nothing, and no
+/// blanks around constants. What stands as it was loaded was agreed so.
 void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
     const RowId id = context.cells().IdOf(row);
     for (std::int32_t column = 0; column < context.count() && (row = context.rowOf(id)) >= 0; ++column)
@@ -146,13 +153,15 @@ void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
 
 void SheetBody::Impl::roundCell(std::int32_t row, std::int32_t column) {
     const ColumnPlan& plan = context.plan(column);
-    if ((!plan.decimals || plan.computed) && plan.constants.empty()) return;
+    if (plan.computed) return;
     const std::int32_t col = context.gridCol(column);
     const std::string text = context.cells().Text(row, col);
     const KeptRecord kept = saved.of(context.cells().KnownId(row));
-    if (kept && text == lines.text(kept.get(), column)) return;
-    const std::string value =
-        plan.decimals ? Lines::rounded(text, *plan.decimals) : std::string(trimmedCode(text));
+    if (text.empty() || (kept && text == lines.text(kept.get(), column))) return;
+    std::string value = plan.decimals            ? Lines::rounded(text, *plan.decimals)
+                        : plan.constants.empty() ? text
+                                                 : std::string(trimmedCode(text));
+    if (lines.isBlanked(column, value)) value.clear();
     if (value != text) context.grid.SetCell(row, col, value);
 }
 
@@ -210,17 +219,23 @@ void SheetBody::Impl::loadNothing() {
 }
 
 void SheetBody::Impl::preset(std::int32_t column, const std::string& text) {
-    layOut();
+    const AnyRecord scratch = context.make(nullptr);
+    if (!context.plan(column).field->read(scratch.get(), text))
+        throw GridError("preset: “" + text + "” is no value of the column " + context.plan(column).name);
     const std::string before = std::exchange(context.plans[static_cast<std::size_t>(column)].preset, text);
+    if (!laidOut) return;
     const std::int32_t col = context.gridCol(column);
     const auto definition = context.grid.VsCtrl(static_cast<std::int16_t>(col));
     definition->sDefaultText_Name(text);
     definition->sDefaultText_Code(text);
+    if (!context.plan(column).blanksZero()) context.grid.Options(col).zero(ColumnOptions::Zero::Keep);
     if (before == text) return;
+    commit();  // what is typed is a step of its own, and is taken back by itself
+    if (context.gone) return;
     const UnrecordedSpan unrecorded = context.grid.Unrecorded();
     for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row)
         if (context.cells().Text(row, col) == before &&
-            (before.empty() ? presets.waits(row) : !lines.isInUse(row)))
+            (before.empty() ? presets.waits(row) : !lines.isInUse(row)) && !context.gone)
             context.grid.SetCell(row, col, text, text);
 }
 
@@ -233,6 +248,13 @@ void SheetBody::Impl::settle(const StepChanges& step) {
         if ((row = context.rowOf(id)) >= 0) round(row, step);
         if ((row = context.rowOf(id)) >= 0) computing.settle(row);
     });
+    if (step.cause == Cause::Rows) keepRowBelow();
+}
+
+/// A copy that has become the last row has none below it to type into.
+void SheetBody::Impl::keepRowBelow() {
+    const std::int32_t end = context.endRow();
+    if (end > context.firstRow() && lines.isInUse(end - 1) && !context.gone) context.cells().InsertRow(end);
 }
 
 /// An undo puts back what was written in steps; what follows from that and from what was written beside them is made
@@ -256,25 +278,43 @@ void SheetBody::Impl::settled(const StepChanges& step) {
     if (codes.paints() && context.whole())
         fault.during([&] { eachRow(step, [&](std::int32_t row) { codes.paint(row); }); });
     fault.during([&] { tellModified(); });
-    fault.during([&] {
-        if (!context.gone) changedTold();
-    });
+    fault.during([&] { tellChanged(); });
+    fault.during([&] { presetCurrentRow(); });
     fault.raise();
 }
 
 void SheetBody::Impl::loaded(bool none) {
-    tellModified();
-    if (none) presetFirstRow();
-    if (!context.gone) changedTold();
+    support::FirstFault fault;
+    fault.during([&] { tellModified(); });
+    fault.during([&] {
+        if (none && !context.gone) presetRow(context.firstRow());
+    });
+    stands = context.gone ? RowId::None : context.cells().KnownId(context.grid.Row());
+    fault.during([&] { tellChanged(); });
+    fault.raise();
 }
 
-/// The clerk is there already, and comes to the others only.
-void SheetBody::Impl::presetFirstRow() {
-    if (context.gone || !context.grid.Editable()) return;
+void SheetBody::Impl::tellChanged() {
+    if (context.gone) return;
+    ++changesTold;
+    changedTold();
+}
+
+void SheetBody::Impl::presetRow(std::int32_t row) {
     const UnrecordedSpan unrecorded = context.grid.Unrecorded();
     ChangeStep step = context.grid.Step("默认值");
-    presets.give(context.firstRow());
+    presets.give(row);
     step.close();
+}
+
+/// The clerk stands on another row, though he has not moved: the one that he stood on has gone.
+void SheetBody::Impl::presetCurrentRow() {
+    if (context.gone || !context.whole()) return;
+    const std::int32_t row = context.grid.Row();
+    if (row < context.firstRow() || row >= context.endRow()) return;
+    const RowId before = std::exchange(stands, context.cells().IdOf(row));
+    if (before == stands || before == RowId::None || context.rowOf(before) >= 0) return;
+    if (context.grid.Editable() && !presets.any(row) && !lines.isInUse(row)) presetRow(row);
 }
 
 void SheetBody::Impl::tellModified() {
@@ -298,7 +338,9 @@ Fault SheetBody::Impl::shown(Fault fault) {
     return fault;
 }
 
+/// What is being typed is a step of its own; where it is refused the clerk stays.
 void SheetBody::Impl::goTo(RowId row, std::int32_t col) {
+    if (!commit() || context.rowOf(row) < 0) return;
     const UnrecordedSpan unrecorded = context.grid.Unrecorded();  // default texts are nobody's step
     context.cells().Select(context.rowOf(row), col);
     std::int32_t now = context.rowOf(row);
@@ -324,6 +366,19 @@ std::int32_t SheetBody::Impl::require(std::string_view member, std::string_view 
     const std::int32_t column = context.columnNamed(name);
     if (column < 0) throw GridError(std::string(member) + ": there is no column " + std::string(name));
     return column;
+}
+
+std::vector<KeptRecord> SheetBody::Impl::records() const {
+    std::vector<KeptRecord> records;
+    if (!laidOut) return records;
+    requireWhole("records");
+    for (std::int32_t row = context.firstRow(); row < context.endRow(); ++row) {
+        const AnyRecord record = lines.lineAt(row);
+        if (!record) continue;
+        if (context.position) context.position->put(record.get(), std::ssize(records) + 1);
+        records.push_back(record);
+    }
+    return records;
 }
 
 void SheetBody::Impl::requireRow(std::string_view member, std::int32_t row) const {

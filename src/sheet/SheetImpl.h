@@ -30,9 +30,23 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     void settle(const StepChanges& step);
     void settled(const StepChanges& step);
     void tellModified();
+    void keepRowBelow();
+    void tellChanged();
     /// Lines have taken the place of others.
     void loaded(bool none);
-    void presetFirstRow();
+    void presetRow(std::int32_t row);
+    void presetCurrentRow();
+    bool commit();
+    void recompute();
+    void complete();
+    std::optional<Fault> firstFault();
+    std::optional<Fault> hindrance();
+    std::optional<Fault> save(const Write& write);
+    std::vector<AnyChange> changes() const;
+    void accept(const std::vector<AnyChange>& all);
+    void storedAs(RowId row, KeptRecord record);
+    Fault refusedLine(const LineRefused& refused);
+    std::vector<KeptRecord> records() const;
     /// Does something with each of the step's rows that are there when it is their turn, and with the others also
     /// where one of them throws.
     void eachRow(const StepChanges& step, const std::function<void(std::int32_t)>& work);
@@ -71,7 +85,9 @@ struct SheetBody::Impl : std::enable_shared_from_this<SheetBody::Impl> {
     Deleting deleting{context};
     Event<bool> modifiedTold;
     Event<> changedTold;
-    bool modified = false;  ///< as it was told last
+    std::size_t changesTold = 0;  ///< how often
+    RowId stands = RowId::None;   ///< the row where the clerk is
+    bool modified = false;        ///< as it was told last
     bool laidOut = false;
     bool loading = false;  ///< lines are being put into the grid
     bool reading = false;  ///< they are being made of a range

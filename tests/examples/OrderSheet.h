@@ -44,7 +44,11 @@ class OrderGridInUse : public OrderGrid {
 
     std::vector<OrderLine> lines() { return sheet().records(); }
     void markSaved(const std::vector<OrderLine>& lines) { sheet().saved(lines); }
-    bool commit() { return sheet().commit(); }
+    bool commit() {
+        const bool entered = sheet().commit();
+        if (entered) sheet().complete();
+        return entered;
+    }
     int markProblems() { return sheet().markFaults(); }
     std::optional<Problem> firstProblem() {
         const auto fault = sheet().firstFault();

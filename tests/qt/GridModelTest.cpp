@@ -25,6 +25,7 @@ class GridModelDesk : public ::testing::Test {
 
     GridModelDesk() {
         grid.FormatString("行号|<货号    |>数量    |^付清|^日期      ");
+        grid.Cols(Columns);
         grid.VsCtrl(Quantity)->iType(flexDTDouble);
         grid.VsCtrl(Paid)->iType(flexDTBoolean);
         grid.VsCtrl(Due)->iType(flexDTDate);

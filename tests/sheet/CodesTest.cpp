@@ -38,6 +38,19 @@ TEST(CodesTest, FindsANumberHoweverItIsWritten) {
     EXPECT_FALSE(codes.find("x").has_value());
 }
 
+TEST(CodesTest, FindsAnotherCodeOfTheRecordWholeAndExactlyAfterAllCodes) {
+    struct Item {
+        std::string code, bar;
+    };
+    const auto codes = Codes<Item>({{"1", "6901"}, {"2", "69010"}, {"3", ""}, {"6901", "77"}}, &Item::code)
+                           .alias(&Item::bar);
+    EXPECT_EQ(codes.find("69010").value().code, "2");
+    EXPECT_EQ(codes.find("6901").value().code, "6901") << "codes come first";
+    EXPECT_EQ(codes.find("７７").value().code, "6901");
+    EXPECT_FALSE(codes.find("690"));
+    EXPECT_FALSE(codes.find(""));
+}
+
 TEST(CodesTest, SharesWhatIsReplacedWithItsCopies) {
     Codes<Goods> codes(someGoods(), &Goods::code);
     const Codes<Goods> copy = codes;

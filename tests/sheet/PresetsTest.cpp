@@ -89,12 +89,14 @@ TEST_F(PresetRows, GetThemWhenTheSheetTakesTheClerkThere) {
     EXPECT_THROW(sheet.goTo(99, "goods"), GridError);
 }
 
-TEST_F(PresetRows, GetThemWithTheCommitWhereSomethingRequiredIsMissing) {
+TEST_F(PresetRows, GetThemBeforeTheyAreSavedWhereSomethingRequiredIsMissing) {
     grid.SetCell(2, GoodsText, "甲");
     grid.SetCell(3, GoodsText, "乙");
     grid.SetCell(3, Place, "二仓");
     grid.SetCell(4, Quantity, "4");
     EXPECT_TRUE(sheet.commit());
+    EXPECT_EQ(shown(2), "|") << "who leaves changes nothing";
+    sheet.complete();
     EXPECT_EQ(shown(2), "一仓|急");
     EXPECT_EQ(shown(3), "二仓|");
     EXPECT_EQ(shown(4), "|") << "not required there";

@@ -1,5 +1,6 @@
 // Saving in one call, what all lines keep together, live answers about the lines, and lines that a function reads.
 #include <stdexcept>
+#include <utility>
 
 #include "sheet/OrderSheet.h"
 
@@ -115,6 +116,78 @@ TEST_F(SheetSave, CommitTellsWhetherTheEditorCouldBeClosed) {
     EXPECT_TRUE(sheet.commit());
 }
 
+TEST_F(SheetSave, ALineThatIsRefusedIsGoneToAndNamed) {
+    loaded();
+    type(1, Price, "7");
+    type(3, Price, "8");
+    grid.Grid().Select(1, Code);
+    const auto why = sheet.save(
+        [](Changes& changes) { throw LineRefused(changes.changed.back().row, "别人已经修改了这一行"); });
+    ASSERT_TRUE(why);
+    EXPECT_EQ(why->text(), "第 3 行：别人已经修改了这一行");
+    EXPECT_EQ(grid.Row(), 3);
+    EXPECT_TRUE(sheet.modified());
+}
+
+TEST_F(SheetSave, WhatSomebodyElseHasSavedIsComparedWithFromThenOn) {
+    loaded();
+    type(1, Price, "7");
+    const RowId row = grid.Grid().IdOf(1);
+    OrderLine theirs = line(11, "A1", "5", "1.5");
+    theirs.version = 9;
+    sheet.storedAs(row, theirs);
+    EXPECT_EQ(text(1, Price), "7");
+    EXPECT_EQ(sheet.record(1).version, 9);
+    ASSERT_EQ(sheet.changes().changed.size(), 1u);
+    EXPECT_EQ(sheet.changes().changed[0].before, theirs);
+    EXPECT_EQ(sheet.changes().changed[0].after.quantity, number("2"));
+    EXPECT_THROW(sheet.storedAs(grid.Grid().IdOf(4), theirs), GridError);
+}
+
+TEST_F(SheetSave, LinesThatAreLoadedWhileTheyAreWrittenAreAsTheyAreSaved) {
+    loaded();
+    type(1, Price, "7");
+    EXPECT_FALSE(
+        sheet.save([this](Changes&) { sheet.load(std::vector<OrderLine>{line(21, "N", "1", "1")}); }));
+    EXPECT_FALSE(sheet.modified());
+    EXPECT_TRUE(sheet.changes().empty());
+    EXPECT_EQ(sheet.records().front().id, 21);
+}
+
+TEST_F(SheetSave, ChangesOfLinesThatAreNotThereAnyMoreAreNotAccepted) {
+    loaded();
+    type(1, Price, "7");
+    const auto changes = sheet.changes();
+    sheet.load(std::vector<OrderLine>{line(21, "N", "1", "1")});
+    EXPECT_THROW(sheet.accept(changes), GridError);
+    EXPECT_FALSE(sheet.modified());
+}
+
+TEST_F(SheetSave, WhatIsBeingTypedIsAStepOfItsOwnWhereTheClerkIsTakenElsewhere) {
+    loaded();
+    bool told = false;
+    const ScopedConnection heard = sheet.onModified([&](bool modified) { told = modified; });
+    grid.Grid().Select(1, Price);
+    desk.type("10");
+    sheet.goTo(3, "code");
+    EXPECT_EQ(text(1, Amount), "20");
+    EXPECT_TRUE(told);
+    EXPECT_EQ(grid.Row(), 3);
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_EQ(text(1, Amount), "3");
+}
+
+TEST_F(SheetSave, TheClerkStaysWithWhatIsRefusedWhereverHeIsToBeTaken) {
+    loaded();
+    sheet.rule(
+        "price", [](const OrderLine& line) { return line.price < 100; }, "单价太高");
+    grid.Grid().Select(1, Price);
+    desk.type("500");
+    sheet.goTo(3, "code");
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(desk.editor().text, "500");
+}
+
 using SheetChanged = OrderSheet;
 
 TEST_F(SheetChanged, IsToldOnceForEachStepWithEverythingThatFollowsAndForEachLoad) {
@@ -154,6 +227,26 @@ TEST_F(SheetChanged, AListenerMayDestroyTheSheetAndIsNotToldAgain) {
     EXPECT_EQ(told, 1);
 }
 
+TEST_F(SheetChanged, WhoIsToldOfALoadMayLoadOthers) {
+    bool once = true;
+    const ScopedConnection heard = sheet.onChanged([&] {
+        if (std::exchange(once, false)) sheet.load(std::vector<OrderLine>{line(21, "N", "1", "1")});
+    });
+    loaded();
+    EXPECT_EQ(sheet.records().front().id, 21);
+}
+
+TEST_F(SheetChanged, AListenerThatThrowsIsHeardOnceTheLinesAreThere) {
+    type(1, Code, "x");
+    loaded();
+    type(1, Price, "7");
+    const ScopedConnection heard = sheet.onModified([](bool) { throw std::runtime_error("the window"); });
+    const std::vector<OrderLine> lines{line(21, "N", "1", "1")};
+    EXPECT_THROW(sheet.load(lines), std::runtime_error);
+    EXPECT_EQ(sheet.records(), lines);
+    EXPECT_FALSE(sheet.modified());
+}
+
 using SheetLoadingEach = OrderSheet;
 
 TEST_F(SheetLoadingEach, LinesMayComeFromAFunctionUntilItAnswersNone) {
@@ -175,6 +268,79 @@ TEST_F(SheetLoadingEach, TheLastLookAtTheProgressCanStillEndIt) {
     EXPECT_FALSE(sheet.load(std::vector<OrderLine>(7, line(1, "x", "1", "1")),
                             [](std::size_t done, std::size_t total) { return done < total; }));
     EXPECT_EQ(sheet.records(), lines);
+}
+
+class ZeroSheet : public SheetDesk {
+  protected:
+    struct Line {
+        std::string name;
+        Decimal count, rate;
+        friend bool operator==(const Line&, const Line&) = default;
+    };
+    ZeroSheet() {
+        sheet.text("name", "名称", &Line::name);
+        sheet.number("count", "数", &Line::count).decimals(3);
+        sheet.constants("rate", "率", &Line::rate, {"0", "0.06", "0.13"}).preset(Decimal("0.13"));
+        sheet.load(std::vector<Line>{{"a", 1, Decimal("0.06")}, {"b", 2, 0}, {"c", 3, 0}});
+        desk.focusGrid();
+    }
+    Sheet<Line> sheet{grid};
+};
+
+TEST_F(ZeroSheet, ATypedZeroIsAsBlankAsALoadedOne) {
+    type(1, 2, "0");
+    EXPECT_EQ(text(1, 2), "");
+    type(2, 2, "0.0");
+    EXPECT_EQ(text(2, 2), "");
+    EXPECT_EQ(sheet.record(2).count, 0);
+}
+
+TEST_F(ZeroSheet, AZeroThatIsAConstantIsAValueWhichNoPresetTakesThePlaceOf) {
+    EXPECT_EQ(text(2, 3), "0");
+    grid.Grid().Select(1, 1);
+    desk.press(Key::Down).press(Key::Down);
+    EXPECT_EQ(sheet.record(2).rate, 0);
+    EXPECT_EQ(sheet.record(3).rate, 0);
+    EXPECT_FALSE(sheet.modified());
+    type(1, 3, "0");
+    EXPECT_EQ(text(1, 3), "0");
+}
+
+class DatedSheet : public SheetDesk {
+  protected:
+    struct Line {
+        std::string name;
+        std::optional<Date> due;
+    };
+    DatedSheet() {
+        sheet.text("name", "名称", &Line::name);
+        sheet.date("due", "日期", &Line::due);
+        sheet.rule(
+            "due",
+            [](const Line& line) {
+                return !line.due || *line.due >= Date{2026, 11, 20};
+            },
+            "太早");
+        sheet.load(std::vector<Line>{{"a", {}}, {"b", {}}});
+        desk.focusGrid();
+    }
+    Sheet<Line> sheet{grid};
+};
+
+TEST_F(DatedSheet, ARuleSeesADateInWhateverFormItIsEntered) {
+    for (const std::string_view typed : {"2026-11-19", "2026/11/19", "11-19", "26.11.19", "20261119"}) {
+        grid.Grid().Select(1, 2);
+        desk.type(typed).press(Key::Enter);
+        EXPECT_TRUE(desk.editor().visible) << typed;
+        desk.press(Key::Escape).press(Key::Escape);
+        EXPECT_EQ(text(1, 2), "") << typed;
+    }
+    grid.Grid().Select(1, 2);
+    desk.clipboard("2026/11/18\n2026/11/21");
+    desk.run(Command::Paste);
+    EXPECT_EQ(text(1, 2), "");
+    EXPECT_EQ(text(2, 2), "2026-11-21");
+    EXPECT_TRUE(grid.Mark(1, 2));
 }
 
 struct Numbered {
@@ -230,6 +396,36 @@ struct Preset {
     friend bool operator==(const Preset&, const Preset&) = default;
 };
 
+TEST(PresetSheet, WhoStandsInAnotherRowSinceHisHasGoneHasItsPresets) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    Sheet<Preset> sheet(grid);
+    sheet.text("name", "名称", &Preset::name);
+    sheet.text("unit", "单位", &Preset::unit).preset("袋");
+    sheet.load(std::vector<Preset>{{"a", "箱"}});
+    desk.focusGrid();
+    ASSERT_TRUE(desk.run(Command::DeleteRows));
+    EXPECT_EQ(grid.Grid().Text(1, 2), "袋");
+    desk.type("b").press(Key::Enter);
+    EXPECT_EQ(sheet.records(), (std::vector<Preset>{{"b", "袋"}}));
+}
+
+TEST(PresetSheet, APresetMayBeSaidBeforeTheLoadAndHasToBeAValueOfItsColumn) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    struct Line {
+        std::string name;
+        Decimal count;
+    };
+    Sheet<Line> sheet(grid);
+    sheet.text("name", "名称", &Line::name);
+    sheet.preset("name", std::string("x"));
+    sheet.number("count", "数", &Line::count);
+    EXPECT_THROW(sheet.preset("count", std::string("x")), GridError);
+    sheet.load(std::vector<Line>{});
+    EXPECT_EQ(grid.Grid().Text(1, 1), "x");
+}
+
 TEST(PresetSheet, TheFirstRowOfAnEmptySheetHasThePresetsTooAndIsNoLine) {
     headless::Desk desk;
     kxGrid& grid = desk.place();
@@ -247,6 +443,24 @@ TEST(PresetSheet, TheFirstRowOfAnEmptySheetHasThePresetsTooAndIsNoLine) {
     sheet.load(std::vector<Preset>{{"b", ""}});
     EXPECT_EQ(grid.Grid().Text(1, 2), "");
     EXPECT_FALSE(sheet.modified());
+}
+
+TEST(CopiedRow, HasARowBelowItToTypeInto) {
+    headless::Desk desk;
+    kxGrid& grid = desk.place();
+    Sheet<Preset> sheet(grid);
+    sheet.text("name", "名称", &Preset::name);
+    sheet.text("unit", "单位", &Preset::unit).enterToNextRow("name");
+    sheet.load(std::vector<Preset>{{"a", "箱"}, {"b", "袋"}});
+    desk.focusGrid();
+    grid.Grid().Select(1, 1);
+    const std::int32_t rows = grid.Rows();
+    ASSERT_TRUE(desk.run(Command::DuplicateRow));
+    EXPECT_EQ(sheet.records().back().name, "a");
+    sheet.goTo(sheet.endRow(), "name");
+    EXPECT_FALSE(sheet.isInUse(grid.Row()));
+    EXPECT_TRUE(grid.History().Undo());
+    EXPECT_EQ(grid.Rows(), rows);
 }
 }  // namespace
 }  // namespace kxVsGrid::testing

@@ -122,18 +122,39 @@ TEST_F(SheetThatAsks, MayGoAsTheClerkIsTakenToARow) {
     goesIn(judging, [&] { going.goTo(4, "code"); });
 }
 
-TEST_F(SheetThatAsks, MayGoAsItCommits) {
+TEST_F(SheetThatAsks, MayGoAsItIsCompleted) {
     Sheet<Use>& going = *sheet;
-    goesIn(requiring, [&] { EXPECT_FALSE(going.commit()); });
+    goesIn(requiring, [&] { going.complete(); });
+}
+
+TEST_F(SheetThatAsks, MayGoAsItIsSaved) {
+    Sheet<Use>& going = *sheet;
+    goesIn(requiring, [&] { going.save([](RecordChanges<Use>&) {}); });
+}
+
+TEST_F(SheetThatAsks, MayGoWhileItsLinesAreLookedAtTogether) {
+    std::function<void()> looking;
+    sheet->together([&](const std::vector<Use>&) {
+        if (looking) looking();
+        return std::string();
+    });
+    Sheet<Use>& going = *sheet;
+    goesIn(looking, [&] { going.save([](RecordChanges<Use>&) {}); });
+}
+
+TEST_F(SheetThatAsks, MayGoWhileItsChangesAreWritten) {
+    std::function<void()> writing;
+    Sheet<Use>& going = *sheet;
+    goesIn(writing, [&] { going.save([&](RecordChanges<Use>&) { writing(); }); });
 }
 
 TEST_F(SheetThatAsks, IsWholeWhereTheHostThrows) {
     requiring = [] { throw std::runtime_error("不知道"); };
-    EXPECT_TRUE(sheet->commit());
+    sheet->complete();
     EXPECT_EQ(text(2, 2), "");
     EXPECT_EQ(sheet->firstFault().value().reason.empty(), false);
     requiring = {};
-    EXPECT_TRUE(sheet->commit());
+    sheet->complete();
     EXPECT_EQ(text(2, 2), "3");
 }
 }  // namespace

@@ -29,7 +29,8 @@ class SheetShortOfMemory : public OrderSheet {
     using OrderSheet::type;
 
     SheetShortOfMemory() {
-        sheet.rule("price", [](const OrderLine& line) { return line.price != 9; }, "9 is no price");
+        sheet.rule(
+            "price", [](const OrderLine& line) { return line.price != 9; }, "9 is no price");
         sheet.load(std::vector<OrderLine>{line(11, "A1", "2", "1.5"), line(12, "B2", "1", "9")});
         desk.focusGrid();
         sheet.markFaults();
@@ -44,7 +45,8 @@ class SheetShortOfMemory : public OrderSheet {
     /// The sheet tells the truth of what it holds.
     void expectHonest() { EXPECT_EQ(sheet.modified(), !sheet.changes().empty()); }
     bool isAsItWas() {
-        return sheet.records() == before && sheet.modified() && grid.Rows() == rows && grid.History().CanUndo();
+        return sheet.records() == before && sheet.modified() && grid.Rows() == rows &&
+               grid.History().CanUndo();
     }
     /// It takes lines, and what is typed into them.
     void expectToGoOn() {
@@ -103,21 +105,21 @@ TEST(SheetOutOfMemory, ALoadLeavesWhatWasThereOrNothingOrIsDone) {
     const std::vector<OrderLine> fresh = linesWithLongNames();
     int asItWas = 0;
     int none = 0;
-    const std::size_t points = failEachAllocation(
-        [&](SheetShortOfMemory& at) { at.sheet.load(fresh); },
-        [&](SheetShortOfMemory& at) {
-            if (at.isAsItWas()) {
-                ++asItWas;
-                EXPECT_TRUE(at.told.empty());
-                return;
-            }
-            const std::vector<OrderLine> now = at.sheet.records();
-            none += now.empty();
-            EXPECT_TRUE(now.empty() || now == fresh) << ::testing::PrintToString(now.size());
-            EXPECT_FALSE(at.sheet.modified());
-            EXPECT_EQ(at.told, (std::vector<bool>{false}));
-            EXPECT_FALSE(at.grid.History().CanUndo());
-        });
+    const std::size_t points = failEachAllocation([&](SheetShortOfMemory& at) { at.sheet.load(fresh); },
+                                                  [&](SheetShortOfMemory& at) {
+                                                      if (at.isAsItWas()) {
+                                                          ++asItWas;
+                                                          EXPECT_TRUE(at.told.empty());
+                                                          return;
+                                                      }
+                                                      const std::vector<OrderLine> now = at.sheet.records();
+                                                      none += now.empty();
+                                                      EXPECT_TRUE(now.empty() || now == fresh)
+                                                          << ::testing::PrintToString(now.size());
+                                                      EXPECT_FALSE(at.sheet.modified());
+                                                      EXPECT_EQ(at.told, (std::vector<bool>{false}));
+                                                      EXPECT_FALSE(at.grid.History().CanUndo());
+                                                  });
     EXPECT_GT(points, 50u);
     EXPECT_GT(asItWas, 20);
     EXPECT_GT(none, 5);

@@ -32,7 +32,7 @@ class GridModel : public QAbstractTableModel {
     /// "1,234.50" is "1234.5"), CheckStateRole the state of a check box, ToolTipRole the text of a mark.
     enum Role {
         TagRole = Qt::UserRole,  ///< the tag, a QString
-        ValueRole,  ///< a double or a QDateTime where the column is one of numbers or dates, else the text
+        ValueRole,  ///< double, QDateTime or bool by the column's type, none of an empty cell; else text
         RowIdRole   ///< the RowId of the row, a qulonglong, which stays with it wherever it goes
     };
 

@@ -22,7 +22,8 @@
 //         .refusal("商品目录中没有这个货号");
 //
 // They are either held here, in a table with an index, or asked for one by one: Codes::asking. Copies share what they
-// hold, so that what is said of one, also later, all of them know. They are used from one thread.
+// hold, so that what is said of one, also later, all of them know. They are used from one thread. What
+// F2 opens (list, edit, choose, title) is said before the first load of a sheet.
 #pragma once
 
 #include <algorithm>
@@ -100,6 +101,13 @@ class Codes {
         source_->others_.push_back(std::move(other));
         source_->forget();
         return *this;
+    }
+    /// Another code of the same records, a bar code for instance: found as the code itself is, and suggested; the cell
+    /// gets the code. For records that are held here; a function that is asked finds what it likes.
+    template <class Other>
+    Codes& alias(Other T::*member) {
+        source_->aliases_.push_back(text(member));
+        return also(member);
     }
     /// What a function makes of a member: the initials of the name.
     template <class Name, class Make>
@@ -295,6 +303,7 @@ class Codes {
         Text name_;
         IsMember isName_;
         std::vector<Text> others_;
+        std::vector<Text> aliases_;
         std::vector<Field> fields_;
         std::function<bool(const T&)> selectable_;
         std::string objection_;
@@ -345,6 +354,10 @@ const typename Codes<T>::Source::Index& Codes<T>::Source::index() const {
     auto index = std::make_unique<Index>();
     index->reserve(records_->size());
     for (std::size_t i = 0; i < records_->size(); ++i) index->try_emplace(key_.text((*records_)[i]), i);
+    for (const Text& alias : aliases_)
+        for (std::size_t i = 0; i < records_->size(); ++i)
+            if (std::string other = alias((*records_)[i]); !other.empty())
+                index->try_emplace(std::move(other), i);
     index_ = std::move(index);
     return *index_;
 }
@@ -373,9 +386,9 @@ void Codes<T>::Source::suggest(SuggestionList& list, const T& record) const {
 
 template <class T>
 SuggestionSource Codes<T>::Source::suggestions() const {
-    if (!suggest_ && find_ && !list_) return {};
     return [source = this->shared_from_this()](const SuggestionRequest& request) {
         if (source->suggest_) return SuggestionSource(source->suggest_)(request);
+        if (source->find_ && !source->list_) return;
         try {
             source->suggested();
         } catch (...) {

@@ -55,6 +55,10 @@ struct ColumnPlan {
     std::function<bool(const void* record, const std::string& text)> otherConstants;
     std::function<std::string(const std::string& text)> otherName;  ///< by which a constant is suggested, too
 
+    /// A 0 and an empty cell are the same. Where an empty cell gets a preset, or 0 is one of the constants, they are not.
+    bool blanksZero() const {
+        return !field->optional() && constants.empty() && (preset.empty() || preset == "0");
+    }
     /// A 0 is as good as nothing where it is required.
     bool countsZero() const {
         const bool counted = field->kind() == FieldKind::Number && !codes && constants.empty();

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "kxVsGrid/Members.h"
+#include "kxVsGrid/RowId.h"
 
 namespace kxVsGrid {
 
@@ -36,6 +37,14 @@ struct Fault {
     std::function<bool()> go;
     FaultKind kind = FaultKind::Rule;
     std::string caption;  ///< of the column
+};
+
+/// Thrown by what writes the changes of Sheet::save, of a line that cannot be saved as it is: somebody else has changed
+/// it for instance. save() takes the clerk there, and answers the line and the reason.
+class LineRefused : public std::runtime_error {
+  public:
+    LineRefused(RowId line, const std::string& reason) : std::runtime_error(reason), row(line) {}
+    RowId row;
 };
 
 /// A cell holds a text that is no value of its column; what() names the cell.

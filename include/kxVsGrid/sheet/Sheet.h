@@ -25,6 +25,7 @@
 // after the first load is.
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -222,9 +223,8 @@ class Sheet {
     /// The same for lines that a function answers one by one, a query's for instance, until it answers none. `total` is
     /// what progress is told of their number.
     template <class Next>
-    requires std::is_invocable_r_v<std::optional<Record>, Next&> bool load(Next next,
-                                                                           sheet::Progress progress = {},
-                                                                           std::size_t total = 0) {
+    requires std::same_as<std::invoke_result_t<Next&>, std::optional<Record>>
+    bool load(Next next, sheet::Progress progress = {}, std::size_t total = 0) {
         sheet::SheetBody::Loading loading(body_, total, std::move(progress));
         while (std::optional<Record> line = next())
             if (!loading.add(std::make_shared<Record>(*std::move(line)))) return false;
@@ -267,16 +267,19 @@ class Sheet {
     void recompute() { body_.recompute(); }
     /// Of all lines, exact.
     Decimal sum(std::string_view name) const { return body_.sum(name); }
-    /// What is being typed, and what follows from it, becomes part of the lines, before they are saved for instance.
-    /// Lines that lack something required get what is preset. False when it is refused, and still in the editor.
+    /// What is being typed, and what follows from it, becomes part of the lines. False when it is refused, and still in
+    /// the editor; the clerk has been told.
     bool commit() { return body_.commit(); }
+    /// Before lines are saved: computed columns are made anew, and lines that lack something required get what is preset.
+    void complete() { body_.complete(); }
     /// Makes a cell the current one and brings it into view; a row that is no line gets what is preset. It is nobody's
     /// step.
     void goTo(std::int32_t row, std::string_view name) { body_.goTo(row, name); }
     /// What was said of the current cell's column by hint(); empty where nothing was.
     std::string hint() const { return body_.hint(); }
     /// Another preset for the rows that the clerk comes to. Rows that are no lines, and hold the one of before or other
-    /// presets, get it too, which is nobody's step.
+    /// presets, get it too, which is nobody's step; what is being typed is committed before. GridError for a value that
+    /// is none of the column's type.
     template <class T>
     void preset(std::string_view name, const T& value) {
         std::string text;
@@ -289,40 +292,27 @@ class Sheet {
     // --- What is to be saved
     /// Values are compared, not texts: 1.5 is 1.50. A line that moved has not changed, but for position().
     /// UnreadableCell where a text is no value of its column.
-    RecordChanges<Record> changes() const {
-        RecordChanges<Record> result;
-        for (const sheet::AnyChange& change : body_.changes()) {
-            if (!change.before)
-                result.added.push_back({change.row, as(change.after.get())});
-            else if (!change.after)
-                result.removed.push_back({change.row, as(change.before.get())});
-            else
-                result.changed.push_back({change.row, as(change.before.get()), as(change.after.get())});
-        }
-        return result;
-    }
+    RecordChanges<Record> changes() const { return typed(body_.changes()); }
     /// What was handed out is saved; the host has written ids and versions into it. What the clerk has typed
     /// meanwhile is still to be saved.
-    void accept(const RecordChanges<Record>& changes) {
-        const auto kept = [](const Record& record) { return std::make_shared<const Record>(record); };
-        std::vector<sheet::AnyChange> all;
-        for (const auto& line : changes.added) all.push_back({line.row, nullptr, kept(line.record)});
-        for (const auto& line : changes.changed)
-            all.push_back({line.row, kept(line.before), kept(line.after)});
-        for (const auto& line : changes.removed) all.push_back({line.row, kept(line.before), nullptr});
-        body_.accept(all);
-    }
-    /// commit(), then looks for faults, has `write` save the changes, and accepts them: `write` gets them
-    /// as RecordChanges<Record>&, which may be empty, and puts the new ids and versions in. What it throws comes through,
-    /// and everything is still to be saved. Answers what kept it from saving, if anything did; the clerk has been taken
-    /// to the cell.
+    void accept(const RecordChanges<Record>& changes) { body_.accept(untyped(changes)); }
+    /// commit() and complete(), then looks for faults, has `write` save the changes, and accepts them: `write` gets
+    /// them as RecordChanges<Record>&, which may be empty, and puts the new ids and versions in. What it throws comes
+    /// through, but for LineRefused, and everything is still to be saved; it may load other lines, which are as they are saved then. Answers
+    /// what kept it from saving, if anything did; the clerk has been taken to the cell.
     template <class Write>
     std::optional<Fault> save(Write write) {
-        if (auto hindrance = body_.hindrance()) return hindrance;
-        RecordChanges<Record> changes = this->changes();
-        write(changes);
-        accept(changes);
-        return std::nullopt;
+        return body_.save([&](std::vector<sheet::AnyChange>& all) {
+            RecordChanges<Record> changes = typed(all);
+            write(changes);
+            all = untyped(changes);
+        });
+    }
+    /// Somebody else has saved a line as this: what the clerk has stays, is compared with it from now on, and takes its
+    /// place with the next save; members without a column become those of the record. GridError for a line that was
+    /// neither loaded nor saved.
+    void storedAs(RowId row, const Record& record) {
+        body_.storedAs(row, std::make_shared<const Record>(record));
     }
     /// There is something to save.
     bool modified() const { return body_.modified(); }
@@ -363,6 +353,27 @@ class Sheet {
 
     static sheet::AnyRecord make(const void* original) {
         return original ? std::make_shared<Record>(as(original)) : std::make_shared<Record>();
+    }
+    static RecordChanges<Record> typed(const std::vector<sheet::AnyChange>& all) {
+        RecordChanges<Record> changes;
+        for (const sheet::AnyChange& change : all) {
+            if (!change.before)
+                changes.added.push_back({change.row, as(change.after.get())});
+            else if (!change.after)
+                changes.removed.push_back({change.row, as(change.before.get())});
+            else
+                changes.changed.push_back({change.row, as(change.before.get()), as(change.after.get())});
+        }
+        return changes;
+    }
+    static std::vector<sheet::AnyChange> untyped(const RecordChanges<Record>& changes) {
+        const auto kept = [](const Record& record) { return std::make_shared<const Record>(record); };
+        std::vector<sheet::AnyChange> all;
+        for (const auto& line : changes.added) all.push_back({line.row, nullptr, kept(line.record)});
+        for (const auto& line : changes.changed)
+            all.push_back({line.row, kept(line.before), kept(line.after)});
+        for (const auto& line : changes.removed) all.push_back({line.row, kept(line.before), nullptr});
+        return all;
     }
     static const Record& as(const void* record) {
         return *static_cast<const Record*>(record);

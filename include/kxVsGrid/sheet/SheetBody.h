@@ -124,19 +124,22 @@ class SheetBody {
 
     // --- The clerk
     bool commit();
+    void complete();
     void goTo(std::int32_t row, std::string_view name);
     std::string hint() const;
 
     // --- What is to be saved
     std::vector<AnyChange> changes() const;
     void accept(const std::vector<AnyChange>& changes);
+    void storedAs(RowId row, KeptRecord record);
     bool modified() const;
     bool moved() const;
     void saved(std::vector<KeptRecord> records);
     Connection onModified(std::function<void(bool)> told);
     Connection onChanged(std::function<void()> told);
-    /// Why the lines cannot be saved as they stand; the clerk has been taken to the place.
-    std::optional<Fault> hindrance();
+    /// Gets the changes, and puts ids and versions into them.
+    using Write = std::function<void(std::vector<AnyChange>&)>;
+    std::optional<Fault> save(const Write& write);
 
     // --- What is wrong
     std::optional<Fault> firstFault() const;

@@ -51,6 +51,7 @@ class ColumnBuilder {
     /// An empty cell (a 0 where the member is not optional) of a line is a fault; of the lines alone of which
     /// `when` says so, where there is one. Such lines get what is preset by Sheet::commit.
     Column& required(std::function<bool(const Record&)> when = {}) {
+        plan_.requiredWhen = {};
         if (when)
             plan_.requiredWhen = [when = std::move(when)](const void* record) {
                 return when(*static_cast<const Record*>(record));

@@ -14,15 +14,15 @@ constexpr std::int32_t MostRows = 1000;
 }  // namespace
 
 GridModel::Follower::Follower(GridModel& model, kxGrid& grid)
-    : model_(model), grid_(grid), there_(grid.input()) {
+    : model_(model), grid_(grid), cells_(grid.Grid()), behind_(grid.input()), there_(grid.life()) {
     look();
-    grid_.Grid().AddListener(*this);
+    cells_.AddListener(*this);
     // Hosts may write from here on, which they may not while a listener is told.
     stepped_ = grid_.Changes().After.connect([this](const StepChanges&) { flush(); });
 }
 
 void GridModel::Follower::leave() {
-    if (grid()) grid_.Grid().RemoveListener(*this);
+    if (const auto behind = behind_.lock()) cells_.RemoveListener(*this);
     stepped_.disconnect();
     there_.reset();
 }

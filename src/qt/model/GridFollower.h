@@ -60,7 +60,9 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
 
     GridModel& model_;
     kxGrid& grid_;
-    std::weak_ptr<Input> there_;
+    CellGrid& cells_;
+    std::weak_ptr<Input> behind_;  ///< what is behind the control, which may outlive it for a call
+    std::weak_ptr<const void> there_;
     ScopedConnection stepped_;
     int rows_ = 0;
     int cols_ = 0;

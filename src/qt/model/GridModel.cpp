@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "qt/model/GridFollower.h"
+#include "support/CurrentError.h"
 #include "support/Dates.h"
 #include "support/Numbers.h"
 
@@ -140,15 +141,22 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
 }
 
 bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    kxGrid* const grid = follower_->grid();
+    const std::shared_ptr<Follower> follower = follower_;
+    kxGrid* const grid = follower->grid();
     const std::int32_t row = gridRow(index);
-    if (!grid || row < 0 || (role != Qt::EditRole && role != Qt::CheckStateRole)) return false;
-    const bool boolean = grid->Grid().ColDataType(gridCol(index)) == flexDTBoolean;
-    if (role == Qt::CheckStateRole && !boolean) return false;
+    const std::int32_t col = gridCol(index);
+    if (!grid || row < 0 || col >= grid->Cols()) return false;
+    const bool boolean = grid->Grid().ColDataType(col) == flexDTBoolean;
+    if (role != Qt::EditRole && !(role == Qt::CheckStateRole && boolean)) return false;
     const QString text = boolean ? (value.toBool() ? u"1"_qs : u"0"_qs) : value.toString();
     const QPersistentModelIndex there(index);
-    const std::string reason = grid->Enter(row, gridCol(index), text.toStdString());
-    if (!reason.empty()) Q_EMIT refused(there, inQt(reason));
+    std::string reason;
+    try {
+        reason = grid->Enter(row, col, text.toStdString());
+    } catch (...) {
+        reason = support::currentError();  // Qt's event loop lets no exception through
+    }
+    if (!reason.empty() && follower->grid()) Q_EMIT refused(there, inQt(reason));
     return reason.empty();
 }
 
