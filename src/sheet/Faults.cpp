@@ -120,7 +120,7 @@ bool Faults::isBlankZero(const void* record, std::int32_t row, std::int32_t colu
         if (const auto number = Decimal::read(c_.cells().Text(row, c_.gridCol(column)));
             number && *number == 0)
             return true;
-    if (field.optional() || !c_.plan(column).constants.empty()) return false;
+    if (!c_.plan(column).blanksZero()) return false;
     const AnyRecord blank = c_.make(nullptr);
     field.read(blank.get(), {});
     return field.alike(blank.get(), record);

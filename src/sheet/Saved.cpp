@@ -21,7 +21,7 @@ void Saved::begin(const Lines& lines, const std::vector<RowId>& rows, std::vecto
     }
     order_ = rows;
     still_.clear();
-    handedOut_ = false;
+    if (handedOut_ == Handed::OfThese) handedOut_ = Handed::OfOthers;
     witness_ = RowId::None;
     c_.grid.Changes().Saved();
 }
@@ -129,7 +129,7 @@ void Saved::keepOrder() {
 }
 
 std::vector<AnyChange> Saved::changes(const Lines& lines) const {
-    handedOut_ = true;
+    handedOut_ = Handed::OfThese;
     if (c_.position) return differs(lines) ? numberedChanges(lines) : std::vector<AnyChange>();
     std::vector<AnyChange> changes;
     for (const RowId id : touched())
@@ -175,7 +175,7 @@ void Saved::requireIdentity(const std::vector<AnyChange>& saved) const {
 
 /// What was written between changes() and this is compared with what was handed out.
 void Saved::accept(const Lines& lines, const std::vector<AnyChange>& saved) {
-    if (!handedOut_) throw GridError("accept: other lines were loaded since these changes were asked for");
+    if (stale()) throw GridError("accept: other lines were loaded since these changes were asked for");
     requireIdentity(saved);
     std::vector<RowId> ids = touched();
     for (const AnyChange& change : saved) {

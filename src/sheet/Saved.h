@@ -26,8 +26,8 @@ class Saved {
     /// A line is saved as another record than it was. GridError for one that was not saved.
     void replace(RowId row, KeptRecord record);
     bool differs(const Lines& lines) const;
-    /// changes() were asked for since these lines began.
-    bool handedOut() const { return handedOut_; }
+    /// The changes that were asked for last are those of lines that have been replaced.
+    bool stale() const { return handedOut_ == Handed::OfOthers; }
     /// Lines stand in another order than when they were loaded or saved.
     bool moved(const Lines& lines) const;
 
@@ -47,7 +47,8 @@ class Saved {
     std::unordered_set<RowId> noLines_;  ///< of records_: were loaded as something else than lines
     std::vector<RowId> order_;           ///< the rows of records_ as they stood
     std::vector<RowId> still_;           ///< were changed between changes() and accept()
-    mutable bool handedOut_ = false;
+    enum class Handed { Never, OfThese, OfOthers };
+    mutable Handed handedOut_ = Handed::Never;
     mutable RowId witness_ = RowId::None;  ///< differed when it was last looked at
 };
 }  // namespace kxVsGrid::sheet

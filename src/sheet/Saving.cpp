@@ -71,7 +71,7 @@ std::optional<Fault> SheetBody::Impl::save(const Write& write) {
         return refusedLine(refused);
     }
     // Lines that were loaded meanwhile are as they are saved.
-    if (!context.gone && saved.handedOut()) accept(all);
+    if (!context.gone && !saved.stale()) accept(all);
     return std::nullopt;
 }
 

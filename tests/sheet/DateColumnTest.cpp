@@ -58,11 +58,14 @@ TEST_F(DateColumns, RefuseWhatIsNoDate) {
     EXPECT_EQ(desk.messages().size(), 2u);
 }
 
-TEST_F(DateColumns, BreakRulesAtTheLatestWhenFaultsAreLookedFor) {
+TEST_F(DateColumns, BreakRulesHoweverTheyAreTypedAndWhenFaultsAreLookedFor) {
     type(Day, "1999-02-03");
     EXPECT_TRUE(desk.editor().visible);
     desk.press(Key::Escape);
     type(Day, "1999/2/3");
+    EXPECT_TRUE(desk.editor().visible);
+    desk.press(Key::Escape);
+    grid.SetCell(1, Day, "1999-02-03");
     EXPECT_EQ(sheet.firstFault().value().text(), "第 1 行的日期：太早了");
 }
 }  // namespace

@@ -1,4 +1,5 @@
 // Saving in one call, what all lines keep together, live answers about the lines, and lines that a function reads.
+#include <memory>
 #include <stdexcept>
 #include <utility>
 
@@ -188,6 +189,47 @@ TEST_F(SheetSave, TheClerkStaysWithWhatIsRefusedWhereverHeIsToBeTaken) {
     EXPECT_EQ(desk.editor().text, "500");
 }
 
+/// Sheet and control go while the host is asked, as when a window is closed under a message box.
+class SheetGoneWhileSaved : public SheetDesk {
+  protected:
+    SheetGoneWhileSaved() {
+        sheet = std::make_unique<Sheet<OrderLine>>(grid);
+        sheet->text("code", "货号", &OrderLine::code);
+        sheet->load(std::vector<OrderLine>{{}});
+        grid.SetCell(1, 1, "x");
+    }
+    void go() {
+        sheet.reset();
+        desk.remove(grid);
+    }
+    std::unique_ptr<Sheet<OrderLine>> sheet;
+};
+
+TEST_F(SheetGoneWhileSaved, WhileItsLinesAreLookedAtTogether) {
+    sheet->together([this](const std::vector<OrderLine>&) {
+        go();
+        return std::string("太晚");
+    });
+    sheet->save([](RecordChanges<OrderLine>&) {});
+    EXPECT_FALSE(sheet);
+}
+
+TEST_F(SheetGoneWhileSaved, WhileItsChangesAreWritten) {
+    EXPECT_FALSE(sheet->save([this](RecordChanges<OrderLine>&) { go(); }));
+    EXPECT_FALSE(sheet);
+}
+
+TEST_F(SheetGoneWhileSaved, WhileAFaultIsPutIntoOtherWords) {
+    sheet->expects(
+        "code", [](const OrderLine&) { return false; }, "不对");
+    sheet->wording([this](const Fault& fault) {
+        go();
+        return fault.reason;
+    });
+    sheet->save([](RecordChanges<OrderLine>&) {});
+    EXPECT_FALSE(sheet);
+}
+
 using SheetChanged = OrderSheet;
 
 TEST_F(SheetChanged, IsToldOnceForEachStepWithEverythingThatFollowsAndForEachLoad) {
@@ -335,11 +377,12 @@ TEST_F(DatedSheet, ARuleSeesADateInWhateverFormItIsEntered) {
         desk.press(Key::Escape).press(Key::Escape);
         EXPECT_EQ(text(1, 2), "") << typed;
     }
+    sheet.load(std::vector<Line>{{"a", {}}, {"b", {}}});
     grid.Grid().Select(1, 2);
     desk.clipboard("2026/11/18\n2026/11/21");
-    desk.run(Command::Paste);
+    EXPECT_TRUE(desk.run(Command::Paste)) << desk.ascii();
     EXPECT_EQ(text(1, 2), "");
-    EXPECT_EQ(text(2, 2), "2026-11-21");
+    EXPECT_EQ(text(2, 2), "2026-11-21") << desk.ascii();
     EXPECT_TRUE(grid.Mark(1, 2));
 }
 

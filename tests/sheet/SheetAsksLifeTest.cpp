@@ -132,22 +132,6 @@ TEST_F(SheetThatAsks, MayGoAsItIsSaved) {
     goesIn(requiring, [&] { going.save([](RecordChanges<Use>&) {}); });
 }
 
-TEST_F(SheetThatAsks, MayGoWhileItsLinesAreLookedAtTogether) {
-    std::function<void()> looking;
-    sheet->together([&](const std::vector<Use>&) {
-        if (looking) looking();
-        return std::string();
-    });
-    Sheet<Use>& going = *sheet;
-    goesIn(looking, [&] { going.save([](RecordChanges<Use>&) {}); });
-}
-
-TEST_F(SheetThatAsks, MayGoWhileItsChangesAreWritten) {
-    std::function<void()> writing;
-    Sheet<Use>& going = *sheet;
-    goesIn(writing, [&] { going.save([&](RecordChanges<Use>&) { writing(); }); });
-}
-
 TEST_F(SheetThatAsks, IsWholeWhereTheHostThrows) {
     requiring = [] { throw std::runtime_error("不知道"); };
     sheet->complete();

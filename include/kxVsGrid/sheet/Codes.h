@@ -23,7 +23,7 @@
 //
 // They are either held here, in a table with an index, or asked for one by one: Codes::asking. Copies share what they
 // hold, so that what is said of one, also later, all of them know. They are used from one thread. What
-// F2 opens (list, edit, choose, title) is said before the first load of a sheet.
+// F2 opens (list, edit, choose, title), and what is suggested, is said before the first load of a sheet.
 #pragma once
 
 #include <algorithm>
@@ -386,9 +386,9 @@ void Codes<T>::Source::suggest(SuggestionList& list, const T& record) const {
 
 template <class T>
 SuggestionSource Codes<T>::Source::suggestions() const {
+    if (!suggest_ && find_ && !list_) return {};
     return [source = this->shared_from_this()](const SuggestionRequest& request) {
         if (source->suggest_) return SuggestionSource(source->suggest_)(request);
-        if (source->find_ && !source->list_) return;
         try {
             source->suggested();
         } catch (...) {

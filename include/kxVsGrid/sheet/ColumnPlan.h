@@ -1,6 +1,7 @@
 // What a host has said about a column of a sheet, until the sheet lays its columns out.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -57,7 +58,8 @@ struct ColumnPlan {
 
     /// A 0 and an empty cell are the same. Where an empty cell gets a preset, or 0 is one of the constants, they are not.
     bool blanksZero() const {
-        return !field->optional() && constants.empty() && (preset.empty() || preset == "0");
+        const bool constant = std::find(constants.begin(), constants.end(), "0") != constants.end();
+        return !field->optional() && !constant && (preset.empty() || preset == "0");
     }
     /// A 0 is as good as nothing where it is required.
     bool countsZero() const {
