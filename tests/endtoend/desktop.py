@@ -253,7 +253,12 @@ class Window:
     def _find(self):
         self.check_alive()
         found = self.desktop.xdotool("search", "--onlyvisible", "--name", self.title).stdout.split()
-        return found[0] if found else None
+        return next((window for window in found if self._is_alive(window)), None)
+
+    def _is_alive(self, window):
+        """A window may stay for a moment when its program has been killed."""
+        program = self.desktop.xdotool("getwindowpid", window).stdout.strip()
+        return not program or pathlib.Path("/proc", program).exists()
 
     def is_active(self):
         self.check_alive()
