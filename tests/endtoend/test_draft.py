@@ -95,6 +95,8 @@ def expect_saved_beside(desktop, program):
     kept = order.query("SELECT quantity_milli, remark FROM order_line WHERE line_no < 3 ORDER BY order_id, line_no")
     if kept != [(1000, ""), (2000, "other"), (CHANGED * 1000, ""), (2000, "")]:
         raise Failure(f"the orders hold {kept}")
+    # Until then a crash would offer it again: the order is there, and so is the draft.
+    wait_for("the end of the draft", lambda: not drafts(desktop))
     kill(order)
 
 
