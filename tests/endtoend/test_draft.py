@@ -96,7 +96,10 @@ def expect_saved_beside(desktop, program):
     if kept != [(1000, ""), (2000, "other"), (CHANGED * 1000, ""), (2000, "")]:
         raise Failure(f"the orders hold {kept}")
     # Until then a crash would offer it again: the order is there, and so is the draft.
-    wait_for("the end of the draft", lambda: not drafts(desktop))
+    wait_for(
+        "the end of the draft",
+        lambda: not any(f"\t{CHANGED}" in file.read_text(encoding="utf-8") for file in drafts(desktop)),
+    )
     kill(order)
 
 
