@@ -7,10 +7,10 @@
 //     sorted->setSortRole(kxVsGrid::qt::GridModel::ValueRole);  // numbers by value
 //     view->setModel(sorted);
 //
-// Rows and columns are the data cells' alone, from 0: row 0 of the model is the first row below the headings. The grid
-// keeps the data; the model copies nothing. What one step changes is told when the step ends, its cells as
-// one range, which may hold others too; what code writes outside of steps is told when the event loop runs, or by flush(). Until then the model has the
-// rows that it had, in their order, with the texts of now.
+// Rows and columns are the data cells' alone, from 0: row 0 of the model is the first row below the headings.
+// The grid keeps the data; the model copies nothing. What one step changes is told when the step ends, its cells
+// as one range, which may hold others too; what code writes outside of steps is told when the event loop runs, or
+// by flush(). Until then the model has the rows that it had, in their order, with the texts of now.
 //
 // The grid should outlive the model; a model without one has no rows any more, and says so when it is asked next.
 #pragma once

@@ -296,10 +296,11 @@ class Sheet {
     /// What was handed out is saved; the host has written ids and versions into it. What the clerk has typed
     /// meanwhile is still to be saved.
     void accept(const RecordChanges<Record>& changes) { body_.accept(untyped(changes)); }
-    /// commit() and complete(), then looks for faults, has `write` save the changes, and accepts them: `write` gets
-    /// them as RecordChanges<Record>&, which may be empty, and puts the new ids and versions in. What it throws comes
-    /// through, but for LineRefused, and everything is still to be saved; it may load other lines, which are as they are saved then. Answers
-    /// what kept it from saving, if anything did; the clerk has been taken to the cell.
+    /// commit() and complete(), then looks for faults, has `write` save the changes, and accepts them: `write`
+    /// gets them as RecordChanges<Record>&, which may be empty, and puts the new ids and versions in. What it
+    /// throws comes through, but for LineRefused, and everything is still to be saved. It may load other lines,
+    /// which are as they are saved then. Answers what kept it from saving, if anything did; the clerk has been
+    /// taken to the cell.
     template <class Write>
     std::optional<Fault> save(Write write) {
         return body_.save([&](std::vector<sheet::AnyChange>& all) {
