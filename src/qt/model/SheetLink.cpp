@@ -27,6 +27,8 @@ void ModelSheet::Link::attach() {
     if (theGrid_.Options().ReadOnlyShade() == 0) theGrid_.Options().ReadOnlyShade(5);
     idle_.setInterval(0);
     QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { safely([this] { fetchSlice(); }); });
+    theGrid_.Clear();
+    theGrid_.ClearMarks();
     map_.begin(theGrid_.Rows() - firstRow());
     cells().AddListener(*this);
     hearGrid();
@@ -88,6 +90,7 @@ void ModelSheet::Link::hearGrid() {
             self->fetchAll();
             inUse = self->there() && !self->isEmpty(row - self->firstRow());
         }));
+    tie(grid.Options().AllRowsNeeded, [](Link& self) { self.fetchAll(); });
     tie(grid.Changes().After, [](Link& self, const StepChanges& step) { self.flush(step.cause); });
     tie(grid.AfterRowColChange, [](Link& self, auto before, auto, auto now, auto) {
         if (before != now) self.leftRow();
@@ -180,7 +183,9 @@ void ModelSheet::Link::later() noexcept try {
             if (!self) return;
             self->scheduled_ = false;
             self->safely([&] {
-                if (!self->cells().StepOpen()) self->flush(Cause::Code);
+                if (self->cells().StepOpen()) return;
+                self->flush(Cause::Code);
+                if (self->there()) self->leftRow();
             });
         },
         Qt::QueuedConnection);
@@ -250,6 +255,11 @@ void ModelSheet::Link::reordered(std::int32_t first, std::span<const std::int32_
     if (there()) map_.reordered(first - firstRow(), from, firstRow());
 } catch (...) {
     compareAll_ = true;
+}
+
+/// The clerk may have left a row in it.
+void ModelSheet::Link::stepClosed(std::string_view, Cause) noexcept {
+    if (!unsent_.empty() || open_.isValid()) later();
 }
 
 void ModelSheet::Link::cleared(std::int32_t, std::int32_t) noexcept {

@@ -97,6 +97,7 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     void removing(std::int32_t at, std::int32_t count) noexcept override;
     void reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept override;
     void cleared(std::int32_t first, std::int32_t last) noexcept override;
+    void stepClosed(std::string_view name, Cause cause) noexcept override;
     void note(std::int32_t row, int column);
 
     // --- Ties (SheetLink.cpp)
