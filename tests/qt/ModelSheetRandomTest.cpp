@@ -216,8 +216,7 @@ TEST_P(RandomSqlSheet, TheGridShowsTheModelAfterEachAct) {
             }
             ASSERT_EQ(sheet->indexAt(at, 2), index);
             for (int column = 0; column < model->columnCount(); ++column)
-                ASSERT_EQ(text(at, column + 1),
-                          model->index(row, column).data(Qt::EditRole).toString().toStdString())
+                ASSERT_EQ(text(at, column + 1), cellOf(model->index(row, column).data(Qt::EditRole)))
                     << "act " << i << ": row " << row << ", column " << column;
         }
         ASSERT_EQ(text(grid.Rows() - 1, 2), "");

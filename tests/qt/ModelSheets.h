@@ -21,6 +21,13 @@
 
 namespace kxVsGrid::qt::testing {
 
+/// What a cell has for a value.
+inline std::string cellOf(const QVariant& value) {
+    if (value.isNull()) return {};
+    if (value.metaType().id() == QMetaType::Bool) return value.toBool() ? "1" : "0";
+    return value.toString().toStdString();
+}
+
 /// Compares each text of a model with the grid that shows it, fetched or not.
 inline std::string differenceOf(const ModelSheet& sheet, const QAbstractItemModel& model, kxGrid& grid) {
     for (int row = 0; row < model.rowCount(); ++row)
@@ -29,7 +36,7 @@ inline std::string differenceOf(const ModelSheet& sheet, const QAbstractItemMode
             const std::int32_t at = sheet.gridRow(index);
             if (at < 0) return "row " + std::to_string(row) + " of the model has no row in the grid";
             const std::string shown = grid.Grid().Text(at, sheet.gridCol(index));
-            const std::string held = index.data(Qt::EditRole).toString().toStdString();
+            const std::string held = cellOf(index.data(Qt::EditRole));
             if (shown != held)
                 return "row " + std::to_string(row) + ", column " + std::to_string(column) + ": the grid has " +
                        shown + ", the model " + held;

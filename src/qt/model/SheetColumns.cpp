@@ -159,6 +159,13 @@ void ModelSheet::Link::changeColumns(const std::function<void()>& change) {
     if (!there()) return;
     const support::FlagSpan flushing(flushing_);
     for (int column = 0; column < columns(); ++column) plan(column).before = column;
+    std::vector<std::pair<int, std::vector<std::string>>> loose;
+    for (int row = 0; row < map_.rows(); ++row) {
+        if (map_.modelRow(row) >= 0 || isEmpty(row)) continue;
+        auto& texts = loose.emplace_back(row, std::vector<std::string>()).second;
+        for (int column = 0; column < columns(); ++column)
+            texts.push_back(cells().Text(row + firstRow(), colOf(column)));
+    }
     change();
     const auto renumber = [this](Cols& cols) {
         Cols now;
@@ -168,14 +175,6 @@ void ModelSheet::Link::changeColumns(const std::function<void()>& change) {
     };
     for (auto& [row, cols] : dirty_) renumber(cols);
     for (auto& [row, cols] : born_) renumber(cols);
-    std::vector<std::pair<int, std::vector<std::string>>> loose;
-    for (int row = 0; row < map_.rows(); ++row) {
-        if (map_.modelRow(row) >= 0 || isEmpty(row)) continue;
-        auto& texts = loose.emplace_back(row, std::vector<std::string>()).second;
-        for (const ModelPlan& plan : plans_)
-            texts.push_back(plan.before < 0 ? std::string()
-                                            : cells().Text(row + firstRow(), colOf(plan.before)));
-    }
     for (int column = 0; column < columns(); ++column) {
         ModelPlan& plan = this->plan(column);
         if (plan.before < 0) plan.header = plan.caption = headerOf(column);
@@ -183,8 +182,10 @@ void ModelSheet::Link::changeColumns(const std::function<void()>& change) {
     guess();
     layOut();
     for (const auto& [row, texts] : loose)
-        for (int column = 0; column < columns() && there(); ++column)
-            put(row, column, texts[static_cast<std::size_t>(column)]);
+        for (int column = 0; column < columns() && there(); ++column) {
+            const int before = plan(column).before;
+            put(row, column, before < 0 ? std::string() : texts[static_cast<std::size_t>(before)]);
+        }
     if (!there()) return;
     map_.allLost();
     fetchVisible();

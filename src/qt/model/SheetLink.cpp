@@ -280,9 +280,17 @@ bool ModelSheet::Link::isEditable(int modelRow) const {
     return false;
 }
 
-/// A model whose first row cannot be edited is taken for one that cannot be changed at all.
+/// A model whose first rows cannot be edited is taken for one that cannot be changed at all.
 bool ModelSheet::Link::takesRows() const {
-    return mayInsert && theGrid_.Editable() && (map_.modelRows() == 0 || open_.isValid() || isEditable(0));
+    constexpr int Enough = 8;
+    if (!mayInsert || !theGrid_.Editable() || open_.isValid()) return mayInsert && theGrid_.Editable();
+    int seen = 0;
+    for (int modelRow = 0; modelRow < map_.modelRows() && seen < Enough; ++modelRow) {
+        if (map_.rowOf(modelRow) < 0) continue;  // one that it keeps as removed
+        if (isEditable(modelRow)) return true;
+        ++seen;
+    }
+    return seen == 0;
 }
 
 /// A model may lock all other rows as long as one of them is not submitted, which the way there will do.
