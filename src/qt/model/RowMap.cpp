@@ -15,11 +15,11 @@ int RowMap::rowOf(int modelRow) const {
     return place_[static_cast<std::size_t>(modelRow)];
 }
 
-int RowMap::missingFrom(int row) const {
-    if (missing_ == 0 || row >= rows()) return -1;
-    const auto found =
-        std::find_if(model_.begin() + std::max(0, row), model_.end(), [](auto v) { return v >= Missing; });
-    return found == model_.end() ? -1 : static_cast<int>(found - model_.begin());
+int RowMap::missingIn(int row, int last) const {
+    last = std::min(last, rows() - 1);
+    for (row = std::max(0, row); missing_ > 0 && row <= last; ++row)
+        if (at(row) >= Missing) return row;
+    return -1;
 }
 
 bool RowMap::inOrder() const {

@@ -21,8 +21,8 @@ class RowMap {
     int rowOf(int modelRow) const;
     bool isMissing(int row) const { return isRow(row) && at(row) >= Missing; }
     int missing() const { return missing_; }
-    /// The first one from a row on; -1 for none.
-    int missingFrom(int row) const;
+    /// The first one from a row on, and no later than another one; -1 for none.
+    int missingIn(int row, int last) const;
     /// The model's rows stand in its order.
     bool inOrder() const;
     /// The last row that is no loose one, -1 for none.

@@ -23,12 +23,17 @@ std::string ModelSheet::Link::modelText(int modelRow, int column) const {
     return plans_[static_cast<std::size_t>(column)].text(value);
 }
 
+/// A listener who throws keeps nothing from being written.
 void ModelSheet::Link::put(int row, int column, const std::string& text) {
     const std::int32_t at = row + firstRow();
     if (at >= theGrid_.Rows() || colOf(column) >= theGrid_.Cols()) return;
     if (cells().Text(at, colOf(column)) == text) return;
     const Own own(*this, row, row, column);
-    cells().Text(at, colOf(column), text);
+    try {
+        cells().Text(at, colOf(column), text);
+    } catch (...) {
+        if (there() && at < theGrid_.Rows() && cells().Text(at, colOf(column)) != text) throw;
+    }
 }
 
 bool ModelSheet::Link::isDirty(int row, int column) const {
@@ -63,8 +68,8 @@ void ModelSheet::Link::fetchRows(int first, int last) {
     last = std::min(last, map_.rows() - 1);
     const auto self = shared_from_this();
     while (there()) {
-        first = map_.missingFrom(first);
-        if (first < 0 || first > last) return;
+        first = map_.missingIn(first, last);
+        if (first < 0) return;
         int end = first;
         while (end < last && end - first + 1 < Block && map_.isMissing(end + 1)) ++end;
         if (isDirty(first)) {
@@ -95,8 +100,13 @@ void ModelSheet::Link::fetchBlock(int first, int last) {
         if (!there() || last + firstRow() >= theGrid_.Rows()) return;
         const auto begin = static_cast<std::ptrdiff_t>(count) * column;
         std::copy_n(texts.begin() + begin, count, views.begin());
-        const Own own(*this, first, last, column);
-        cells().Fill(colOf(column), first + firstRow(), views);
+        try {
+            const Own own(*this, first, last, column);
+            cells().Fill(colOf(column), first + firstRow(), views);
+        } catch (...) {
+            for (int row = first; row <= last && there(); ++row)
+                put(row, column, texts[static_cast<std::size_t>(begin + row - first)]);
+        }
     }
 }
 
@@ -151,8 +161,8 @@ void ModelSheet::Link::fetchSlice() {
             if (there() && model().rowCount() <= before) stuck_ = true;
             continue;
         }
-        int next = map_.missingFrom(nextSlice_);
-        if (next < 0) next = map_.missingFrom(0);
+        int next = map_.missingIn(nextSlice_, map_.rows());
+        if (next < 0) next = map_.missingIn(0, map_.rows());
         if (next < 0) break;
         const int left = map_.missing();
         fetchRows(next, next + Block - 1);

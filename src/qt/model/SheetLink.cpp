@@ -26,7 +26,10 @@ void ModelSheet::Link::attach() {
     theGrid_.Options().FillsToLastLine(true);
     if (theGrid_.Options().ReadOnlyShade() == 0) theGrid_.Options().ReadOnlyShade(5);
     idle_.setInterval(0);
-    QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { safely([this] { fetchSlice(); }); });
+    QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] {
+        if (!there()) return idle_.stop();
+        safely([this] { fetchSlice(); });
+    });
     theGrid_.Clear();
     theGrid_.ClearMarks();
     map_.begin(theGrid_.Rows() - firstRow());

@@ -153,7 +153,9 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     void insertRows(int row, int count);
     void removeRows(const std::vector<int>& rows);
     void ensureSpare();
+    void dropEmpty();
     bool isEmpty(int row) const;
+    bool isTypedInto(int row) const;
     int placeFor(int modelRow) const;
     int modelPlaceFor(int row, RowId id) const;
     void comeBack(int first, int last);

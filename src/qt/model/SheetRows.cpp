@@ -16,6 +16,11 @@ bool ModelSheet::Link::isEmpty(int row) const {
     return true;
 }
 
+/// An editor is open there.
+bool ModelSheet::Link::isTypedInto(int row) const {
+    return isCurrent(row) && theGrid_.editorView().visible;
+}
+
 /// Other rows take the place of all but those that were typed and the model does not have.
 void ModelSheet::Link::resetRows() {
     const int count = model().rowCount();
@@ -26,11 +31,11 @@ void ModelSheet::Link::resetRows() {
         const Own own(*this, -1, -1, -1);
         std::vector<std::int32_t> from;
         for (int i = 0; i < map_.rows(); ++i)
-            if (map_.modelRow(i) < 0 && !isEmpty(i)) from.push_back(i + firstRow());
+            if (map_.modelRow(i) < 0 && (!isEmpty(i) || isTypedInto(i))) from.push_back(i + firstRow());
         const auto kept = static_cast<int>(from.size());
         if (kept > 0) {
             for (int i = 0; i < map_.rows(); ++i)
-                if (map_.modelRow(i) >= 0 || isEmpty(i)) from.push_back(i + firstRow());
+                if (map_.modelRow(i) >= 0 || (isEmpty(i) && !isTypedInto(i))) from.push_back(i + firstRow());
             cells().Reorder(firstRow(), from);
         }
         if (there()) cells().Rows(firstRow() + kept + 1);
@@ -104,6 +109,15 @@ void ModelSheet::Link::ensureSpare() {
     if (last >= 0 && map_.modelRow(last) < 0 && isEmpty(last)) return;
     const Own own(*this, -1, -1, -1);
     cells().InsertRow(theGrid_.Rows());
+}
+
+/// Rows that nothing was typed into: but for the last one, and the one that the clerk is in.
+void ModelSheet::Link::dropEmpty() {
+    if (!there() || map_.rows() <= map_.modelRows() - static_cast<int>(parked_.size()) + 1) return;
+    std::vector<int> rows;
+    for (int row = 0; row < map_.rows() - 1; ++row)
+        if (map_.modelRow(row) < 0 && !isCurrent(row) && isEmpty(row)) rows.push_back(row);
+    removeRows(rows);
 }
 
 /// Where a row comes that stands before `modelRow` in the model.

@@ -27,6 +27,7 @@ void ModelSheet::Link::flush(Cause cause) {
         cameBack_.clear();
         if (there() && open_.isValid() && !isCurrent(map_.rowOf(open_.row()))) submitOpen();
         ensureSpare();
+        dropEmpty();
         settleTotals();
         missed();
     } catch (...) {
