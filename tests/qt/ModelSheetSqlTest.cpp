@@ -214,6 +214,20 @@ TEST_F(SqlSheet, SubmitAllReadsAnewAndKeepsWhatIsBeingTyped) {
     EXPECT_EQ(column(Code), "A1|A2|A3|N|");
 }
 
+TEST_F(SqlSheet, AnEditorInTheSpareRowStaysOpenWhileTheTableIsReadAnew) {
+    open(QSqlTableModel::OnFieldChange);
+    grid.Grid().Select(4, Code);
+    desk.type("typing");
+    table.run("INSERT INTO goods (code) VALUES ('other')");
+    model->select();
+    EXPECT_EQ(desk.editor().text, "typing");
+    EXPECT_TRUE(desk.editor().visible);
+    desk.press(Key::Enter);
+    EXPECT_TRUE(sheet->submit());
+    EXPECT_EQ(column(Code), "A1|A2|A3|other|typing|");
+    EXPECT_EQ(table.ask("SELECT code FROM goods WHERE id > 3 ORDER BY id"), "other|typing");
+}
+
 TEST_F(SqlSheet, RowsThatTheModelFetchesLaterFollowInIdleTime) {
     table.run("WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
               "INSERT INTO goods SELECT i, 'A' || i, 'name', i, '2026-01-01' FROM n");

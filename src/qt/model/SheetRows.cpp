@@ -26,6 +26,7 @@ void ModelSheet::Link::resetRows() {
     const int count = model().rowCount();
     const std::int32_t row = theGrid_.Row();
     const std::int32_t col = std::max(theGrid_.Col(), theGrid_.FixedCols());
+    const bool typing = map_.modelRow(row - firstRow()) < 0 && isTypedInto(row - firstRow());
     {
         const support::FlagSpan fetching(fetching_);
         const Own own(*this, -1, -1, -1);
@@ -59,7 +60,7 @@ void ModelSheet::Link::resetRows() {
     std::erase_if(unsent_, [this](RowId id) { return dataRow(id) < 0; });
     std::erase_if(failed_, [this](RowId id) { return dataRow(id) < 0; });
     theGrid_.History().Forget();
-    if (there() && columns() > 0)
+    if (there() && columns() > 0 && !typing)
         cells().Select(std::clamp(row, firstRow(), theGrid_.Rows() - 1), std::min(col, theGrid_.Cols() - 1));
     if (!there()) return;
     fetchVisible();

@@ -21,6 +21,7 @@ class GoodsWindowTest : public testing::Test {
         EXPECT_TRUE(openGoods(database, 600));
         window = std::make_unique<GoodsWindow>(database);
         window->show();
+        EXPECT_TRUE(kxVsGrid::kit::waitUntil([&] { return window->isActiveWindow(); }));
     }
     ~GoodsWindowTest() override {
         window.reset();
@@ -29,7 +30,7 @@ class GoodsWindowTest : public testing::Test {
     }
     void type(std::int32_t row, std::int32_t col, const QString& text) {
         window->grid().Grid().Select(row, col);
-        QTest::keyClicks(window->focusWidget(), text);
+        for (const QChar letter : text) QTest::keyClicks(window->focusWidget(), letter);
         QTest::keyClick(window->focusWidget(), Qt::Key_Return);
     }
     QString ask(const QString& statement) {
