@@ -24,8 +24,10 @@ inline bool openGoods(QSqlDatabase& database, int samples = 2000) {
     QSqlQuery query(database);
     database.transaction();
     const bool made = query.exec(
-        "CREATE TABLE goods (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, unit TEXT,"
-        " price REAL CHECK (price >= 0), stock REAL NOT NULL DEFAULT 0, arrived TEXT, sold INTEGER, remark TEXT)");
+        "CREATE TABLE goods (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, unit "
+        "TEXT,"
+        " price REAL CHECK (price >= 0), stock REAL NOT NULL DEFAULT 0, arrived TEXT, sold INTEGER, remark "
+        "TEXT)");
     const char* const names[] = {"六角螺栓", "无缝钢管", "深沟球轴承", "三角带", "电焊条", "密封垫圈"};
     const char* const units[] = {"个", "米", "套", "条", "公斤", "片"};
     query.prepare("INSERT INTO goods VALUES (NULL, ?, ?, ?, ?, ?, ?, ?, NULL)");
@@ -36,7 +38,8 @@ inline bool openGoods(QSqlDatabase& database, int samples = 2000) {
         query.addBindValue(units[i % 6]);
         query.addBindValue((120 + i * 37 % 9'000) / 100.0);
         query.addBindValue(5 + i * 13 % 400);
-        query.addBindValue(QString("2026-%1-%2").arg(1 + i % 10, 2, 10, QChar('0')).arg(1 + i % 28, 2, 10, QChar('0')));
+        query.addBindValue(
+            QString("2026-%1-%2").arg(1 + i % 10, 2, 10, QChar('0')).arg(1 + i % 28, 2, 10, QChar('0')));
         query.addBindValue(i % 5 != 0);
         done = query.exec();
     }

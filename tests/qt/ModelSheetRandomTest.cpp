@@ -43,11 +43,11 @@ class RandomSheet : public SheetDesk, public ::testing::WithParamInterface<int> 
     int modelRow() { return static_cast<int>(dice.between(0, std::max(0, model.rowCount() - 1))); }
 
     void command() {
-        constexpr std::array Some{
-            Command::SortUp,    Command::SortDown, Command::Undo,      Command::Undo,       Command::Redo,
-            Command::InsertRow, Command::Copy,     Command::Paste,     Command::DuplicateRow, Command::FillDown,
-            Command::ClearCells, Command::Cut,     Command::MoveRowUp, Command::AppendRow,
-            Command::DeleteRows};
+        constexpr std::array Some{Command::SortUp,    Command::SortDown,   Command::Undo,
+                                  Command::Undo,      Command::Redo,       Command::InsertRow,
+                                  Command::Copy,      Command::Paste,      Command::DuplicateRow,
+                                  Command::FillDown,  Command::ClearCells, Command::Cut,
+                                  Command::MoveRowUp, Command::AppendRow,  Command::DeleteRows};
         grid.Grid().Select(anyRow(), anyCol());
         if (dice.oneIn(2)) grid.Grid().SelectRange(grid.Row(), grid.Col(), anyRow(), anyCol());
         if (dice.oneIn(4)) grid.Grid().SelectRows(anyRow(), anyRow());
@@ -95,9 +95,8 @@ class RandomSheet : public SheetDesk, public ::testing::WithParamInterface<int> 
                 grid.SetCell(anyRow(), anyCol(), anyText().toStdString());
                 return;
             case 4:
-                second.grid().Enter(
-                    static_cast<std::int32_t>(dice.between(1, second.grid().Rows() - 1)), anyCol(),
-                    anyText().toStdString());
+                second.grid().Enter(static_cast<std::int32_t>(dice.between(1, second.grid().Rows() - 1)),
+                                    anyCol(), anyText().toStdString());
                 return;
             default:
                 return inModel();
@@ -167,7 +166,8 @@ class RandomSqlSheet : public SheetDesk, public ::testing::WithParamInterface<in
     }
     std::int32_t anyRow() { return static_cast<std::int32_t>(dice.between(1, grid.Rows() - 1)); }
     void act() {
-        constexpr std::array Some{Command::Undo, Command::Undo, Command::Redo, Command::DeleteRows, Command::Paste};
+        constexpr std::array Some{Command::Undo, Command::Undo, Command::Redo, Command::DeleteRows,
+                                  Command::Paste};
         grid.Grid().Select(anyRow(), static_cast<std::int32_t>(dice.between(2, 3)));
         switch (dice.between(0, 4)) {
             case 0:

@@ -172,8 +172,9 @@ TEST_F(SqlSheet, ARequiredColumnIsAskedForBeforeTheModelIs) {
 }
 
 TEST_F(SqlSheet, ARemovalThatTheTableRefusesPutsTheRowBack) {
-    table.run("CREATE TRIGGER stays BEFORE DELETE ON goods WHEN old.code = 'A2' "
-              "BEGIN SELECT RAISE(ABORT, 'A2 stays'); END");
+    table.run(
+        "CREATE TRIGGER stays BEFORE DELETE ON goods WHEN old.code = 'A2' "
+        "BEGIN SELECT RAISE(ABORT, 'A2 stays'); END");
     open(QSqlTableModel::OnFieldChange);
     grid.Grid().SelectRows(1, 3);
     ASSERT_TRUE(desk.run(Command::DeleteRows));
@@ -229,8 +230,9 @@ TEST_F(SqlSheet, AnEditorInTheSpareRowStaysOpenWhileTheTableIsReadAnew) {
 }
 
 TEST_F(SqlSheet, RowsThatTheModelFetchesLaterFollowInIdleTime) {
-    table.run("WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
-              "INSERT INTO goods SELECT i, 'A' || i, 'name', i, '2026-01-01' FROM n");
+    table.run(
+        "WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 2000) "
+        "INSERT INTO goods SELECT i, 'A' || i, 'name', i, '2026-01-01' FROM n");
     open(QSqlTableModel::OnFieldChange);
     EXPECT_LT(model->rowCount(), 2000);
     EXPECT_FALSE(sheet->whole());
@@ -244,8 +246,9 @@ TEST_F(SqlSheet, RowsThatTheModelFetchesLaterFollowInIdleTime) {
 }
 
 TEST_F(SqlSheet, ANewRowStandsBehindAllThatTheModelHadNotFetchedYet) {
-    table.run("WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
-              "INSERT INTO goods SELECT i, 'A' || i, 'name', i, '2026-01-01' FROM n");
+    table.run(
+        "WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
+        "INSERT INTO goods SELECT i, 'A' || i, 'name', i, '2026-01-01' FROM n");
     open(QSqlTableModel::OnRowChange);
     const std::int32_t spare = grid.Rows() - 1;
     type(spare, Code, "N");

@@ -38,8 +38,8 @@ inline std::string differenceOf(const ModelSheet& sheet, const QAbstractItemMode
             const std::string shown = grid.Grid().Text(at, sheet.gridCol(index));
             const std::string held = cellOf(index.data(Qt::EditRole));
             if (shown != held)
-                return "row " + std::to_string(row) + ", column " + std::to_string(column) + ": the grid has " +
-                       shown + ", the model " + held;
+                return "row " + std::to_string(row) + ", column " + std::to_string(column) +
+                       ": the grid has " + shown + ", the model " + held;
         }
     return {};
 }
@@ -55,11 +55,10 @@ class SheetDesk : public ::testing::Test {
             tester = std::make_unique<QAbstractItemModelTester>(
                 &model, QAbstractItemModelTester::FailureReportingMode::Fatal);
         sheet = std::make_unique<ModelSheet>(grid, model);
-        QObject::connect(sheet.get(), &ModelSheet::refused, sheet.get(),
-                         [this](int row, int col, const QString& why) {
-                             refusals.push_back(std::to_string(row) + "," + std::to_string(col) + " " +
-                                                why.toStdString());
-                         });
+        QObject::connect(
+            sheet.get(), &ModelSheet::refused, sheet.get(), [this](int row, int col, const QString& why) {
+                refusals.push_back(std::to_string(row) + "," + std::to_string(col) + " " + why.toStdString());
+            });
         return *sheet;
     }
     void type(std::int32_t row, std::int32_t col, std::string_view text) {
@@ -137,7 +136,8 @@ class GoodsTable {
         EXPECT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();
         std::string all;
         bool first = true;
-        while (query.next()) all += (first ? "" : "|") + query.value(0).toString().toStdString(), first = false;
+        while (query.next())
+            all += (first ? "" : "|") + query.value(0).toString().toStdString(), first = false;
         return all;
     }
     std::unique_ptr<QSqlTableModel> model(QSqlTableModel::EditStrategy strategy) {

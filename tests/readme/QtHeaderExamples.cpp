@@ -50,7 +50,9 @@ class WindowWithAGrid : public QWidget {
     }
 
   private:
-    QString whyTheModelRefused() const { return model->objectName(); }
+    QString whyTheModelRefused() const {
+        return model->objectName();
+    }
 
     QAbstractItemModel* model = new QStandardItemModel(this);
     QTableView* view = new QTableView(this);

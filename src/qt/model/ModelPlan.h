@@ -23,7 +23,7 @@ struct ModelPlan {
     std::string caption;
     bool captioned = false;  ///< by the host
     Kind kind = Kind::Text;
-    bool typed = false;  ///< by the host
+    bool typed = false;   ///< by the host
     QMetaType valueType;  ///< of the values that the model has there, as far as it is known
     bool readOnly = false;
     bool hidden = false;

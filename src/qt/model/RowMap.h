@@ -60,7 +60,7 @@ class RowMap {
     std::int32_t& at(int row) { return model_[static_cast<std::size_t>(row)]; }
     void forgetPlaces() { stale_ = true; }
 
-    std::vector<std::int32_t> model_;          ///< by row: the model's, with a bit for a missing one; -1 loose
+    std::vector<std::int32_t> model_;  ///< by row: the model's, with a bit for a missing one; -1 loose
     mutable std::vector<std::int32_t> place_;  ///< the other way round
     mutable bool stale_ = false;
     int modelRows_ = 0;

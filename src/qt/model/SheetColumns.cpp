@@ -79,16 +79,20 @@ void ModelSheet::Link::layOut() {
     for (const ModelPlan& plan : plans_) captions += plainCaption(plan.caption) + "|";
     if (!captions.empty()) captions.pop_back();
     grid.FormatString(captions);
-    define();
+    digits_ = 0;
+    fitNumbers();
+    if (there()) define();
 }
 
 void ModelSheet::Link::define() {
-    for (int column = 0; column < columns() && there(); ++column) plan(column).define(theGrid_, colOf(column));
+    for (int column = 0; column < columns() && there(); ++column)
+        plan(column).define(theGrid_, colOf(column));
     if (there()) allowWhole();
 }
 
 void ModelSheet::Link::allowWhole() {
-    for (int column = 0; column < columns(); ++column) plan(column).allow(theGrid_, colOf(column), wholeTold_);
+    for (int column = 0; column < columns(); ++column)
+        plan(column).allow(theGrid_, colOf(column), wholeTold_);
     const bool totals =
         std::any_of(plans_.begin(), plans_.end(), [](const ModelPlan& plan) { return plan.total; });
     if (totals != theGrid_.SumRow()) theGrid_.SumRow(totals);
@@ -150,6 +154,15 @@ void ModelSheet::Link::fit() {
     if (rest == theGrid_.ColWidth(col)) return;
     theGrid_.ColWidth(col, rest);
     if (there()) theGrid_.Grid_Sum().ColWidth(col, rest);
+}
+
+/// Room for the row numbers; a width that the clerk has dragged stays as long as they have no more digits.
+void ModelSheet::Link::fitNumbers() {
+    if (theGrid_.FixedCols() == 0) return;
+    const std::size_t digits = std::max(std::size_t{4}, std::to_string(map_.rows()).size());
+    if (digits <= digits_) return;
+    digits_ = digits;
+    theGrid_.ColSample(0, std::string(digits + 1, '0'));
 }
 
 // --- The model's columns have become others

@@ -174,6 +174,7 @@ void ModelSheet::Link::fetchSlice() {
 
 /// Some texts may be missing, or the last ones have come.
 void ModelSheet::Link::missed() {
+    if (there()) fitNumbers();
     if (!there()) return;
     if (!fetchesMore() && map_.missing() > 0 && map_.missing() <= AtOnce) fetchRows(0, map_.rows() - 1);
     if (!there()) return;

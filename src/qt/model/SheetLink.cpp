@@ -129,9 +129,8 @@ void ModelSheet::Link::safely(Work work) noexcept try {
 void ModelSheet::Link::hearModel() {
     using Model = QAbstractItemModel;
     const auto tie = [this](auto signal, auto slot) {
-        QObject::connect(&model(), signal, &scope_, [this, slot](const auto&... arguments) {
-            safely([&] { slot(arguments...); });
-        });
+        QObject::connect(&model(), signal, &scope_,
+                         [this, slot](const auto&... arguments) { safely([&] { slot(arguments...); }); });
     };
     tie(&Model::dataChanged, [this](const QModelIndex& first, const QModelIndex& last,
                                     const QList<int>& roles) { dataChanged(first, last, roles); });
@@ -141,14 +140,14 @@ void ModelSheet::Link::hearModel() {
     tie(&Model::rowsRemoved, [this](const QModelIndex& parent, int first, int last, const auto&...) {
         if (!parent.isValid()) rowsRemoved(first, last);
     });
-    tie(&Model::rowsMoved, [this](const QModelIndex& from, int first, int last, const QModelIndex& to,
-                                  int row, const auto&...) {
-        if (!from.isValid() && !to.isValid()) return rowsMoved(first, last, row);
-        if (!from.isValid() || !to.isValid()) modelReset();
-    });
+    tie(&Model::rowsMoved,
+        [this](const QModelIndex& from, int first, int last, const QModelIndex& to, int row, const auto&...) {
+            if (!from.isValid() && !to.isValid()) return rowsMoved(first, last, row);
+            if (!from.isValid() || !to.isValid()) modelReset();
+        });
     tie(&Model::layoutAboutToBeChanged, [this](const auto&...) { beforeLayout(); });
-    tie(&Model::layoutChanged, [this](const QList<QPersistentModelIndex>&,
-                                      Model::LayoutChangeHint hint) { layoutChanged(hint); });
+    tie(&Model::layoutChanged,
+        [this](const QList<QPersistentModelIndex>&, Model::LayoutChangeHint hint) { layoutChanged(hint); });
     tie(&Model::modelReset, [this](const auto&...) { modelReset(); });
     tie(&Model::headerDataChanged, [this](Qt::Orientation orientation, int first, int last) {
         if (orientation == Qt::Horizontal) recaption(first, last);
@@ -156,7 +155,8 @@ void ModelSheet::Link::hearModel() {
     tie(&Model::columnsInserted, [this](const QModelIndex& parent, int first, int last, const auto&...) {
         if (parent.isValid()) return;
         changeColumns([&] {
-            for (int column = first; column <= last; ++column) plans_.insert(plans_.begin() + column, ModelPlan());
+            for (int column = first; column <= last; ++column)
+                plans_.insert(plans_.begin() + column, ModelPlan());
         });
     });
     tie(&Model::columnsRemoved, [this](const QModelIndex& parent, int first, int last, const auto&...) {

@@ -130,6 +130,7 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     void allowWhole();
     void recaption(int first, int last);
     void fit();
+    void fitNumbers();
 
     // --- Texts
     std::string modelText(int modelRow, int column) const;
@@ -211,14 +212,16 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     int ownDepth_ = 0;            ///< the sheet itself writes, or brings and takes rows
     int nextSlice_ = 0;
 
-    std::map<RowId, Cols> dirty_;     ///< what was written and the model has not been told
-    std::vector<Removed> removed_;    ///< rows of the model that have gone from the grid, and it has not been told
-    std::set<RowId> unsent_;          ///< new rows that wait
-    std::set<RowId> failed_;          ///< new rows that were refused
-    std::set<RowId> cameBack_;        ///< rows that the step under way has added
-    std::map<RowId, Cols> born_;      ///< rows that became the model's here, and which cells were filled
-    std::vector<std::pair<QPersistentModelIndex, RowId>> parked_;  ///< rows that the model has marked as removed
-    QPersistentModelIndex open_;                                   ///< changed, and not submitted
+    std::map<RowId, Cols> dirty_;  ///< what was written and the model has not been told
+    std::vector<Removed>
+        removed_;               ///< rows of the model that have gone from the grid, and it has not been told
+    std::set<RowId> unsent_;    ///< new rows that wait
+    std::set<RowId> failed_;    ///< new rows that were refused
+    std::set<RowId> cameBack_;  ///< rows that the step under way has added
+    std::map<RowId, Cols> born_;  ///< rows that became the model's here, and which cells were filled
+    std::vector<std::pair<QPersistentModelIndex, RowId>>
+        parked_;                  ///< rows that the model has marked as removed
+    QPersistentModelIndex open_;  ///< changed, and not submitted
     RowId openRow_ = RowId::None;
     Cols openCols_;
     RowId inserting_ = RowId::None;  ///< the row that is becoming one of the model's
@@ -229,7 +232,8 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     bool scheduled_ = false;
     bool fetching_ = false;
     bool fitting_ = false;
-    bool stuck_ = false;  ///< the model says that it has more, and brings nothing
+    std::size_t digits_ = 0;  ///< of row numbers that there is room for
+    bool stuck_ = false;      ///< the model says that it has more, and brings nothing
     bool wholeTold_ = false;
     bool totalsDue_ = false;
     bool compareAll_ = false;  ///< more may have been written than is known

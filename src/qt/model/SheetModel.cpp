@@ -117,7 +117,8 @@ void ModelSheet::Link::beforeLayout() {
 void ModelSheet::Link::layoutChanged(QAbstractItemModel::LayoutChangeHint hint) {
     const auto layout = std::exchange(layout_, {});
     const bool known = static_cast<int>(layout.size()) == map_.modelRows() &&
-                       model().rowCount() == map_.modelRows() && hint != QAbstractItemModel::HorizontalSortHint;
+                       model().rowCount() == map_.modelRows() &&
+                       hint != QAbstractItemModel::HorizontalSortHint;
     std::vector<int> numbers;
     for (const QPersistentModelIndex& index : layout) numbers.push_back(index.isValid() ? index.row() : -1);
     if (!known || std::find(numbers.begin(), numbers.end(), -1) != numbers.end()) return modelReset();

@@ -22,7 +22,8 @@ void ModelSheet::Link::flush(Cause cause) {
     const auto self = shared_from_this();
     const support::FlagSpan flushing(flushing_);
     try {
-        for (int i = 0; i < MostRounds && there() && (!dirty_.empty() || !removed_.empty() || compareAll_); ++i)
+        for (int i = 0; i < MostRounds && there() && (!dirty_.empty() || !removed_.empty() || compareAll_);
+             ++i)
             sendAll(cause);
         cameBack_.clear();
         if (there() && open_.isValid() && !isCurrent(map_.rowOf(open_.row()))) submitOpen();
@@ -328,7 +329,8 @@ QString ModelSheet::Link::whyRefused() const {
 void ModelSheet::Link::refuse(RowId id, int column, const QString& why) {
     const int row = dataRow(id);
     if (row < 0) return;
-    for (int i = 0; i < columns() && theGrid_.ColHidden(colOf(column)); ++i) column = (column + 1) % columns();
+    for (int i = 0; i < columns() && theGrid_.ColHidden(colOf(column)); ++i)
+        column = (column + 1) % columns();
     theGrid_.Mark(row + firstRow(), colOf(column), CellMark{CellMark::Kind::Problem, why.toStdString()});
     if (there()) Q_EMIT face_->refused(row + firstRow(), colOf(column), why);
 }
