@@ -35,6 +35,10 @@ class GridOptions {
     /// written. Enter asks for one cell after the other until one is free, so the answer should be at hand.
     Event<std::int32_t, std::int32_t, bool&> CellLocked;
 
+    /// All rows are about to be looked through, for a text: a host that brings the texts of rows as they are needed
+    /// brings them all. Raised when a search begins.
+    Event<> AllRowsNeeded;
+
     /// Enter on a cell that is not editable goes to the next editable one, as it does on those that are;
     /// where none follows it stays. False at first: Enter does nothing there.
     bool EnterPassesReadOnly() const { return enterPassesReadOnly_; }

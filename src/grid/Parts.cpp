@@ -61,6 +61,7 @@ void kxGrid::Parts::controlGone() {
     commands.face.Reported.disconnectAll();
     options.RowInUse.disconnectAll();
     options.CellLocked.disconnectAll();
+    options.AllRowsNeeded.disconnectAll();
     options.LookChanged.disconnectAll();
     clerkColumns.face.Changed.disconnectAll();
 }

@@ -51,6 +51,26 @@ TEST_F(FindTest, TellsNoHostWhileItLooks) {
     EXPECT_EQ(heard(), Lines{});
 }
 
+TEST_F(FindTest, AHostThatBringsTextsAsTheyAreNeededHearsBeforeTheFirstLook) {
+    int heard = 0;
+    grid.Options().AllRowsNeeded.connect([&] {
+        ++heard;
+        fill(3, 3, "brought");
+    });
+    at(1, 1);
+    look("");
+    EXPECT_EQ(heard, 0);
+    look("brought");
+    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(match(), (Cell{3, 3}));
+    EXPECT_EQ(counted(), "1/1");
+}
+
+TEST_F(FindTest, TheHostMayTakeTheControlAwayAsASearchBegins) {
+    grid.Options().AllRowsNeeded.connect([&] { desk.remove(grid); });
+    find.Rule({.text = "x"});
+}
+
 TEST_F(FindTest, GoesToTheMatchShownThenToTheNextAndAroundTheEnd) {
     fill(1, 2, "k");
     fill(2, 5, "k");

@@ -2,6 +2,7 @@
 #include <QDebug>
 #include <QSettings>
 #include <QSortFilterProxyModel>
+#include <QStandardItemModel>
 #include <QTableView>
 #include <QWidget>
 
@@ -9,6 +10,7 @@
 #include "kxVsGrid/qt/DraftFile.h"
 #include "kxVsGrid/qt/FileBag.h"
 #include "kxVsGrid/qt/GridModel.h"
+#include "kxVsGrid/qt/ModelSheet.h"
 #include "kxVsGrid/qt/QtFields.h"
 #include "kxVsGrid/qt/SettingsBag.h"
 #include "kxVsGrid/qt/ShowForm.h"
@@ -34,6 +36,9 @@ class WindowWithAGrid : public QWidget {
     void lookAtCells() {
 #include "examples/qt/GridModel.inc"
     }
+    void editAModel() {
+#include "examples/qt/ModelSheet.inc"
+    }
     void askForATown() {
 #include "examples/qt/SuggestingLineEdit.inc"
     }
@@ -45,6 +50,11 @@ class WindowWithAGrid : public QWidget {
     }
 
   private:
+    QString whyTheModelRefused() const {
+        return model->objectName();
+    }
+
+    QAbstractItemModel* model = new QStandardItemModel(this);
     QTableView* view = new QTableView(this);
     kxVsGrid::qt::kxGridWidget* widget = new kxVsGrid::qt::kxGridWidget(this);
 };
@@ -56,6 +66,7 @@ void useTheExamples(WindowWithAGrid& window) {
     window.keepInAFile();
     window.keepInSettings();
     window.lookAtCells();
+    window.editAModel();
     window.askForATown();
     window.declareASheet();
     window.showPage();

@@ -26,6 +26,8 @@ bool isBefore(const FoundCell& a, const FoundCell& b) {
 
 void Search::rule(const FindRule& rule) {
     const auto kept = c_.owner.keep();
+    if (!rule.text.empty()) c_.options.AllRowsNeeded();
+    if (!c_.host.there()) return;
     ++rules_;
     rule_ = rule;
     pattern_ = support::TextPattern(rule.text, rule.wholeCell, rule.matchCase);
