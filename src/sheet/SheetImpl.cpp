@@ -248,7 +248,9 @@ void SheetBody::Impl::settle(const StepChanges& step) {
         if ((row = context.rowOf(id)) >= 0) round(row, step);
         if ((row = context.rowOf(id)) >= 0) computing.settle(row);
     });
-    if (step.cause == Cause::Rows) keepRowBelow();
+    if (step.cause != Cause::Rows) return;
+    keepRowBelow();
+    presetCurrentRow();
 }
 
 /// A copy that has become the last row has none below it to type into.
@@ -279,7 +281,6 @@ void SheetBody::Impl::settled(const StepChanges& step) {
         fault.during([&] { eachRow(step, [&](std::int32_t row) { codes.paint(row); }); });
     fault.during([&] { tellModified(); });
     fault.during([&] { tellChanged(); });
-    fault.during([&] { presetCurrentRow(); });
     fault.raise();
 }
 
@@ -307,14 +308,15 @@ void SheetBody::Impl::presetRow(std::int32_t row) {
     step.close();
 }
 
-/// The clerk stands on another row, though he has not moved: the one that he stood on has gone.
+/// The clerk stands on another row, though he has not moved: the one that he stood on has gone. It is part of that step,
+/// and goes with it.
 void SheetBody::Impl::presetCurrentRow() {
     if (context.gone || !context.whole()) return;
     const std::int32_t row = context.grid.Row();
     if (row < context.firstRow() || row >= context.endRow()) return;
     const RowId before = std::exchange(stands, context.cells().IdOf(row));
     if (before == stands || before == RowId::None || context.rowOf(before) >= 0) return;
-    if (context.grid.Editable() && !presets.any(row) && !lines.isInUse(row)) presetRow(row);
+    if (!presets.any(row) && !lines.isInUse(row)) presets.give(row);
 }
 
 void SheetBody::Impl::tellModified() {
