@@ -12,8 +12,7 @@ namespace {
 constexpr std::size_t MostRows = 1000;
 }  // namespace
 
-GridModel::Follower::Follower(GridModel& model, kxGrid& grid)
-    : model_(model), grid_(grid), there_(grid.input()) {
+GridModel::Follower::Follower(GridModel& model, kxGrid& grid) : model_(model), grid_(grid), there_(grid) {
     look();
     grid_.Grid().AddListener(*this);
     // Hosts may write from here on, which they may not while a listener is told.
@@ -23,7 +22,7 @@ GridModel::Follower::Follower(GridModel& model, kxGrid& grid)
 void GridModel::Follower::leave() {
     if (grid()) grid_.Grid().RemoveListener(*this);
     stepped_.disconnect();
-    there_.reset();
+    there_.leave();
 }
 
 void GridModel::Follower::look() {
