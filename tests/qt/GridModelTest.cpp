@@ -24,6 +24,7 @@ class GridModelDesk : public ::testing::Test {
     enum Column : std::int32_t { Number, Code, Quantity, Paid, Due, Columns };
 
     GridModelDesk() {
+        grid.Cols(Columns);
         grid.FormatString("行号|<货号    |>数量    |^付清|^日期      ");
         grid.Cols(Columns);
         grid.VsCtrl(Quantity)->iType(flexDTDouble);
@@ -197,6 +198,19 @@ TEST_F(GridModelDesk, AModelWithoutItsGridHasNoRows) {
     EXPECT_FALSE(model->setData(model->index(0, 0), "x"));
     model->flush();
     model.reset();
+}
+
+TEST_F(GridModelDesk, TheGridMayGoWhileItIsAtWork) {
+    QObject::connect(model.get(), &QAbstractItemModel::dataChanged, [&] {
+        desk.remove(grid);
+        EXPECT_EQ(model->rowCount(), 0);
+        EXPECT_FALSE(model->setData(model->index(0, 0), "x"));
+    });
+    grid.Grid().Select(2, Code);
+    desk.type("x");
+    grid.ValidTextData();
+    model->flush();
+    EXPECT_EQ(model->rowCount(), 0);
 }
 
 TEST_F(GridModelDesk, WhoeverHearsOfAChangeMayDestroyTheModelOrWriteOn) {

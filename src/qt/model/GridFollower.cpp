@@ -13,18 +13,17 @@ namespace {
 constexpr std::int32_t MostRows = 1000;
 }  // namespace
 
-GridModel::Follower::Follower(GridModel& model, kxGrid& grid)
-    : model_(model), grid_(grid), cells_(grid.Grid()), behind_(grid.input()), there_(grid.life()) {
+GridModel::Follower::Follower(GridModel& model, kxGrid& grid) : model_(model), grid_(grid), there_(grid) {
     look();
-    cells_.AddListener(*this);
+    grid_.Grid().AddListener(*this);
     // Hosts may write from here on, which they may not while a listener is told.
     stepped_ = grid_.Changes().After.connect([this](const StepChanges&) { flush(); });
 }
 
 void GridModel::Follower::leave() {
-    if (const auto behind = behind_.lock()) cells_.RemoveListener(*this);
+    there_.removeListener(*this);
     stepped_.disconnect();
-    there_.reset();
+    there_.leave();
 }
 
 void GridModel::Follower::look() {

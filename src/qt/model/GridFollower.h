@@ -8,6 +8,7 @@
 
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/qt/GridModel.h"
+#include "qt/model/GridTie.h"
 #include "qt/model/RowMoves.h"
 
 namespace kxVsGrid::qt {
@@ -21,7 +22,7 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
     void leave();
 
     /// None when it has gone.
-    kxGrid* grid() const { return there_.expired() ? nullptr : &grid_; }
+    kxGrid* grid() const { return there_.there() ? &grid_ : nullptr; }
     int rows() const { return grid() ? rows_ : 0; }
     int cols() const { return grid() ? cols_ : 0; }
     /// Where a row of the model stands in the grid, -1 for one that has gone; and the other way round.
@@ -60,9 +61,7 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
 
     GridModel& model_;
     kxGrid& grid_;
-    CellGrid& cells_;
-    std::weak_ptr<Input> behind_;  ///< what is behind the control, which may outlive it for a call
-    std::weak_ptr<const void> there_;
+    GridTie there_;
     ScopedConnection stepped_;
     int rows_ = 0;
     int cols_ = 0;

@@ -70,9 +70,10 @@ void RowMap::reordered(int first, std::span<const std::int32_t> from, std::int32
 // --- What stands there
 
 void RowMap::bind(int row, int modelRow, int count) {
-    for (int i = 0; i < count; ++i) {
-        at(row + i) = (modelRow + i) | Missing;
-        if (!stale_) place_[static_cast<std::size_t>(modelRow + i)] = row + i;
+    const int end = row + count;
+    for (int last = modelRow; row < end; ++row, ++last) {
+        at(row) = last | Missing;
+        if (!stale_) place_[static_cast<std::size_t>(last)] = row;
     }
     missing_ += count;
 }

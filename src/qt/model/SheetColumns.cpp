@@ -74,13 +74,14 @@ void ModelSheet::Link::layOut() {
     const Own own(*this, -1, -1, -1);
     kxGrid& grid = theGrid_;
     grid.Cols(grid.FixedCols() + columns());
+    if (!there()) return;
     std::string captions;
     for (std::int32_t col = 0; col < grid.FixedCols(); ++col) captions += col == 0 ? "行号|" : "|";
     for (const ModelPlan& plan : plans_) captions += plainCaption(plan.caption) + "|";
     if (!captions.empty()) captions.pop_back();
     grid.FormatString(captions);
     digits_ = 0;
-    fitNumbers();
+    if (there()) fitNumbers();
     if (there()) define();
 }
 

@@ -89,7 +89,7 @@ void ModelSheet::Link::fetchRows(int first, int last) {
 
 /// First all texts, then all writes: nobody hears of a write in between.
 void ModelSheet::Link::fetchBlock(int first, int last) {
-    const auto count = static_cast<std::size_t>(last - first + 1);
+    const auto count = static_cast<std::size_t>(last) - static_cast<std::size_t>(first) + 1;
     std::vector<std::string> texts;
     texts.reserve(count * plans_.size());
     for (int column = 0; column < columns(); ++column)

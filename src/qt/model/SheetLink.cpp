@@ -19,7 +19,7 @@ ModelSheet::Link::Own::~Own() {
 }
 
 ModelSheet::Link::Link(ModelSheet& face, kxGrid& grid, QAbstractItemModel& model)
-    : face_(&face), model_(&model), theGrid_(grid), grid_(grid.input()) {}
+    : face_(&face), model_(&model), theGrid_(grid), grid_(grid) {}
 
 void ModelSheet::Link::attach() {
     if (!theGrid_.Own(weak_from_this())) throw GridError("ModelSheet: the grid has an owner already");
@@ -44,7 +44,7 @@ void ModelSheet::Link::attach() {
 }
 
 void ModelSheet::Link::leave() {
-    if (!grid_.expired() && attached_) cells().RemoveListener(*this);
+    if (grid_.there() && attached_) cells().RemoveListener(*this);
     connections_.clear();
     if (model_) QObject::disconnect(model_, nullptr, &scope_, nullptr);
     idle_.stop();

@@ -16,6 +16,7 @@
 
 #include "kxVsGrid/ChangeListener.h"
 #include "kxVsGrid/qt/ModelSheet.h"
+#include "qt/model/GridTie.h"
 #include "qt/model/ModelPlan.h"
 #include "qt/model/RowMap.h"
 
@@ -32,7 +33,7 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     void leave();
 
     /// The sheet, its grid and its model are there.
-    bool there() const { return face_ && model_ && !grid_.expired(); }
+    bool there() const { return face_ && model_ && grid_.there(); }
 
     // --- Columns (SheetColumns.cpp)
     int columnNamed(const QString& name) const;
@@ -201,7 +202,7 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     ModelSheet* face_;
     QPointer<QAbstractItemModel> model_;
     kxGrid& theGrid_;
-    std::weak_ptr<Input> grid_;
+    GridTie grid_;
     std::vector<ScopedConnection> connections_;
     QObject scope_;  ///< of the ties to the model
     QTimer idle_;

@@ -120,6 +120,7 @@ void ModelSheet::Link::layoutChanged(QAbstractItemModel::LayoutChangeHint hint) 
                        model().rowCount() == map_.modelRows() &&
                        hint != QAbstractItemModel::HorizontalSortHint;
     std::vector<int> numbers;
+    numbers.reserve(layout.size());
     for (const QPersistentModelIndex& index : layout) numbers.push_back(index.isValid() ? index.row() : -1);
     if (!known || std::find(numbers.begin(), numbers.end(), -1) != numbers.end()) return modelReset();
     renumber(numbers);

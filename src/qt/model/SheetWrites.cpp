@@ -153,7 +153,7 @@ QString ModelSheet::Link::refusal(const QPersistentModelIndex& row, const Sent& 
     const QModelIndex there = index(row.row(), cell.column);
     const QVariant now = there.data(Qt::EditRole);
     if (model().setData(there, plan.value(cell.text, now), Qt::EditRole) || !this->there()) return {};
-    const QString why = whyRefused();
+    QString why = whyRefused();
     // One that tried, and has kept what it was given.
     if (row.isValid() && modelText(row.row(), cell.column) == cell.text) model().revert();
     return why;
