@@ -44,7 +44,7 @@ void ModelSheet::Link::attach() {
 }
 
 void ModelSheet::Link::leave() {
-    if (grid_.there() && attached_) cells().RemoveListener(*this);
+    if (attached_) grid_.removeListener(*this);
     connections_.clear();
     if (model_) QObject::disconnect(model_, nullptr, &scope_, nullptr);
     idle_.stop();
