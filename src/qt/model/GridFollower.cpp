@@ -81,6 +81,7 @@ void GridModel::Follower::written(std::int32_t row, std::int32_t col, CellPart, 
 
 void GridModel::Follower::added(std::int32_t at, std::int32_t count) noexcept try {
     if (at < fixedRows_) return begin(reset_);
+    ++moved_;
     moves_.inserted(at, count);
     later();
 } catch (...) {
@@ -89,6 +90,7 @@ void GridModel::Follower::added(std::int32_t at, std::int32_t count) noexcept tr
 
 void GridModel::Follower::removing(std::int32_t at, std::int32_t count) noexcept try {
     if (at < fixedRows_) return begin(reset_);
+    ++moved_;
     moves_.removed(at, count);
     later();
 } catch (...) {
@@ -96,6 +98,7 @@ void GridModel::Follower::removing(std::int32_t at, std::int32_t count) noexcept
 }
 
 void GridModel::Follower::reordered(std::int32_t first, std::span<const std::int32_t> from) noexcept try {
+    ++moved_;
     moves_.reordered(first, from);
     later();
 } catch (...) {
@@ -117,14 +120,26 @@ void GridModel::Follower::flush() {
     if (telling_ || !grid()) return;
     const auto self = shared_from_this();
     const support::FlagSpan telling(telling_);
+    bool unsorted = false;
     while (grid() && pending()) {
-        if (reset_ || moves_.tooMany() || isElsewhere())
+        const bool cells = all_ || !dirty_.empty();
+        if (reset_ || moves_.tooMany() || isElsewhere()) {
             tellReset();
-        else if (!moves_.empty())
-            tellMove();
-        else
+        } else if (moves_.empty() || (cells && moves_.onlyInserted())) {
             tellCells();
+        } else {
+            unsorted = unsorted || cells;
+            tellMove();
+        }
     }
+    if (unsorted) tellUnsorted();
+}
+
+/// Who sorts has looked at texts of now that it had not been told of, and may have put rows beside wrong ones.
+void GridModel::Follower::tellUnsorted() {
+    if (!grid()) return;
+    Q_EMIT model_.layoutAboutToBeChanged();
+    if (grid()) Q_EMIT model_.layoutChanged();
 }
 
 void GridModel::Follower::tellReset() {
@@ -184,21 +199,25 @@ void GridModel::Follower::tellCells() {
     const auto dirty = std::exchange(dirty_, {});
     if (std::exchange(all_, false))
         return tellCells(fixedRows_, fixedRows_ + rows_ - 1, {fixedCols_, fixedCols_ + cols_ - 1});
-    std::map<std::int32_t, Cols> rows;
+    std::map<std::int32_t, Cols> rows;  // as the model has them; new ones are told with their texts
     for (const auto& [id, cols] : dirty)
-        if (const std::int32_t row = grid_.Grid().RowOf(id); row >= 0) rows.emplace(row, cols);
+        if (const int row = modelRow(grid_.Grid().RowOf(id)); row >= 0) rows.emplace(row + fixedRows_, cols);
+    const std::int64_t moved = moved_;
+    int told = 0;
     for (auto first = rows.begin(); first != rows.end();) {
         auto last = first;
         auto next = std::next(first);
         while (next != rows.end() && next->first == last->first + 1 && next->second == first->second)
             last = next++;
         // What is written meanwhile may move the rows, and tells of itself.
-        if (grid() && moves_.empty() && !reset_)
+        ++told;
+        if (grid() && moved_ == moved && !reset_)
             tellCells(first->first, last->first, first->second);
         else
             all_ = true;
         first = next;
     }
+    if (told > 1) tellUnsorted();
 }
 
 void GridModel::Follower::tellCells(std::int32_t firstRow, std::int32_t lastRow, Cols cols) {

@@ -51,6 +51,7 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
         return !moves_.empty() || reset_ || all_ || headers_ || !dirty_.empty() || isElsewhere();
     }
     void look();
+    void tellUnsorted();
     void tellReset();
     void tellMove();
     void tellReordered(const RowMoves::Move& move);
@@ -67,6 +68,7 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
     std::int32_t fixedRows_ = 0;
     std::int32_t fixedCols_ = 0;
     RowMoves moves_;
+    std::int64_t moved_ = 0;       ///< how often rows have come, gone or changed places
     std::map<RowId, Cols> dirty_;  ///< cells that have been written to
     bool all_ = false;             ///< any cell may have become another one
     bool headers_ = false;         ///< a caption may have become another one
