@@ -101,6 +101,19 @@ TEST_F(StandardSheet, ADeletedRowGoesAndUndoBringsItAgain) {
     EXPECT_EQ(columnOf(*model, 0), "A1|A3|A4");
 }
 
+TEST_F(StandardSheet, AGridThatBecomesEditableLaterHasItsRowToKeyOnIn) {
+    sheet.reset();
+    grid.Editable(false);
+    show(*model);
+    EXPECT_EQ(column(Code), "A1|A2|A3|A4|");
+    desk.run(Command::AppendRow);
+    EXPECT_EQ(column(Code), "A1|A2|A3|A4|");
+    grid.Editable(true);
+    type(5, Code, "N");
+    EXPECT_TRUE(sheet->submit());
+    EXPECT_EQ(columnOf(*model, 0), "A1|A2|A3|A4|N");
+}
+
 TEST_F(StandardSheet, APastedBlockBecomesRowsAtOnce) {
     grid.Grid().Select(5, Code);
     desk.clipboard("P1\t1\nP2\t2\nP3\t3\n");

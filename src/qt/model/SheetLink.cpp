@@ -64,7 +64,7 @@ void ModelSheet::Link::hearGrid() {
     kxGrid& grid = theGrid_;
     connections_.emplace_back(grid.AddVsRow.connect([weak = weak_from_this()](std::int32_t, bool& consent) {
         const auto self = weak.lock();
-        consent = self && self->there() && self->takesRows();
+        consent = self && self->there() && self->theGrid_.Editable() && self->takesRows();
     }));
     connections_.emplace_back(
         grid.DeleteVsRow.connect([weak = weak_from_this()](std::int32_t row, bool& consent) {
@@ -286,7 +286,7 @@ bool ModelSheet::Link::isEditable(int modelRow) const {
 /// A model whose first rows cannot be edited is taken for one that cannot be changed at all.
 bool ModelSheet::Link::takesRows() const {
     constexpr int Enough = 8;
-    if (!mayInsert || !theGrid_.Editable() || open_.isValid()) return mayInsert && theGrid_.Editable();
+    if (!mayInsert || open_.isValid()) return mayInsert;
     int seen = 0;
     for (int modelRow = 0; modelRow < map_.modelRows() && seen < Enough; ++modelRow) {
         if (map_.rowOf(modelRow) < 0) continue;  // one that it keeps as removed
