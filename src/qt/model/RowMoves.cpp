@@ -1,7 +1,5 @@
 #include "qt/model/RowMoves.h"
 
-#include <algorithm>
-
 namespace kxVsGrid::qt {
 
 std::int32_t RowMoves::Move::place(std::int32_t row) const {
@@ -26,11 +24,6 @@ std::int32_t RowMoves::Move::origin(std::int32_t row) const {
         default:
             return row < at + count ? from[static_cast<std::size_t>(row - at)] : row;
     }
-}
-
-bool RowMoves::onlyInserted() const {
-    return std::all_of(moves_.begin(), moves_.end(),
-                       [](const Move& move) { return move.kind == Move::Kind::Insert; });
 }
 
 RowMoves::Move* RowMoves::joinable() {

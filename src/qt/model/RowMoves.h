@@ -26,8 +26,6 @@ class RowMoves {
     };
 
     bool empty() const { return moves_.empty(); }
-    /// Rows have come, and none has gone or changed places.
-    bool onlyInserted() const;
     /// More than one can go through for each cell that is looked at.
     bool tooMany() const { return moves_.size() > 64; }
 
