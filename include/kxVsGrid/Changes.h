@@ -180,8 +180,8 @@ class Changes {
     /// again it looks at no more than has changed meanwhile, as a rule.
     bool empty() const;
     /// What has changed cannot be told, until Saved(): save everything. So before the first Saved(), after
-    /// Forget(), when memory did not suffice, when columns have gone, and when other rows have become headings. The lists are
-    /// empty then.
+    /// Forget(), when memory did not suffice, when columns have gone, and when other rows have become headings. The
+    /// lists are empty then.
     bool Unknown() const;
     /// Lines that were none, as the rows stand now.
     std::vector<RowId> Added() const;

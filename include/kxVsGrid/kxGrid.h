@@ -124,10 +124,10 @@ class kxGrid : public GridEvents {
     /// column and no date, or 1900-01-01, in a date column become empty; fixed cells are written as given. A
     /// cell outside the grid is ignored.
     void SetCell(std::int32_t Row, std::int32_t Col, std::string_view psDisplay, std::string_view psTag = {});
-    /// Writes a cell as if the clerk had typed the text there and committed it: with all checks and what follows from
-    /// it, as one step; an open editor is committed first. Answers in words for the clerk why the text was refused, where
-    /// the cell stays as it was; empty when it stands. For values that come from elsewhere: a view beside the grid, a
-    /// bar-code reader. Lets through what a listener throws.
+    /// Writes a cell as if the clerk had typed the text there and committed it: with all checks and what follows
+    /// from it, as one step; an open editor is committed first. Answers in words for the clerk why the text was
+    /// refused, where the cell stays as it was; empty when it stands. For values that come from elsewhere: a view
+    /// beside the grid, a bar-code reader. Lets through what a listener throws.
     std::string Enter(std::int32_t Row, std::int32_t Col, std::string_view psText);
     /// SetCell for the cells of a column from `FirstRow` down, one for each text; without tags it empties them.
     /// An open editor is committed once, before. Much faster than single SetCells: for loading whole columns.

@@ -55,8 +55,8 @@ class CodeColumns : private ChangeListener {
     void copied(std::int32_t row, std::int32_t source);
     /// The row was put back.
     void undone(std::int32_t row, Answers& answers);
-    /// Codes that bear a problem get the colour of their column, others lose it. Colours are not undone: every step, and
-    /// every way back, leaves its rows as they are to look then.
+    /// Codes that bear a problem get the colour of their column, others lose it. Colours are not undone: every
+    /// step, and every way back, leaves its rows as they are to look then.
     void paint(std::int32_t row) const;
     bool paints() const;
     /// Looks again for what could not be found, and has members follow from it.

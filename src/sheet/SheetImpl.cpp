@@ -308,8 +308,8 @@ void SheetBody::Impl::presetRow(std::int32_t row) {
     step.close();
 }
 
-/// The clerk stands on another row, though he has not moved: the one that he stood on has gone. It is part of that step,
-/// and goes with it.
+/// The clerk stands on another row, though he has not moved: the one that he stood on has gone. It is part of that
+/// step, and goes with it.
 void SheetBody::Impl::presetCurrentRow() {
     if (context.gone || !context.whole()) return;
     const std::int32_t row = context.grid.Row();

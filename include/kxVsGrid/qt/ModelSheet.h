@@ -19,9 +19,9 @@
 // What becomes of the model is shown at once, and is no step: undo goes back over what the clerk has done, and passes
 // over rows that have gone.
 //
-// Nothing is copied up front. Texts are fetched where the clerk looks, the rest in idle time, with what the model itself
-// fetches only when asked (canFetchMore). Sorting, filters and totals wait until all is there; selecting, searching and
-// fills fetch what they need. Code that looks at cells far from the clerk calls fetchAll() before.
+// Nothing is copied up front. Texts are fetched where the clerk looks, the rest in idle time, with what the model
+// itself fetches only when asked (canFetchMore). Sorting, filters and totals wait until all is there; selecting,
+// searching and fills fetch what they need. Code that looks at cells far from the clerk calls fetchAll() before.
 //
 // The grid must have no other owner. Grid and model may be destroyed before the sheet: what is shown stays then, and
 // nothing can be edited. GridError for what does not fit; no slot throws.

@@ -56,7 +56,8 @@ struct ColumnPlan {
     std::function<bool(const void* record, const std::string& text)> otherConstants;
     std::function<std::string(const std::string& text)> otherName;  ///< by which a constant is suggested, too
 
-    /// A 0 and an empty cell are the same. Where an empty cell gets a preset, or 0 is one of the constants, they are not.
+    /// A 0 and an empty cell are the same. Where an empty cell gets a preset, or 0 is one of the constants, they
+    /// are not.
     bool blanksZero() const {
         const bool constant = std::find(constants.begin(), constants.end(), "0") != constants.end();
         return !field->optional() && !constant && (preset.empty() || preset == "0");

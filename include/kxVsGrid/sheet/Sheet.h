@@ -270,7 +270,8 @@ class Sheet {
     /// What is being typed, and what follows from it, becomes part of the lines. False when it is refused, and still in
     /// the editor; the clerk has been told.
     bool commit() { return body_.commit(); }
-    /// Before lines are saved: computed columns are made anew, and lines that lack something required get what is preset.
+    /// Before lines are saved: computed columns are made anew, and lines that lack something required get what is
+    /// preset.
     void complete() { body_.complete(); }
     /// Makes a cell the current one and brings it into view; a row that is no line gets what is preset. It is nobody's
     /// step.
@@ -334,8 +335,8 @@ class Sheet {
     Connection onChanged(std::function<void()> told) { return body_.onChanged(std::move(told)); }
 
     // --- What is wrong
-    /// The first cell that is not as it has to be, row by row. Moves nothing and asks the clerk nothing. Codes are looked
-    /// up; what follows from one that could not be found before is written now, as one step.
+    /// The first cell that is not as it has to be, row by row. Moves nothing and asks the clerk nothing. Codes are
+    /// looked up; what follows from one that could not be found before is written now, as one step.
     std::optional<Fault> firstFault() const { return body_.firstFault(); }
     std::vector<Fault> faults() const { return body_.faults(); }
     /// Marks the cells of all faults as problems, with the reasons, and answers how many there are. A mark changes and
