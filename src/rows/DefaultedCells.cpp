@@ -8,7 +8,6 @@ void DefaultedCells::put(std::int32_t row, std::int32_t col, std::string_view te
     if (rows_.size() > mostRows_) forgetRowsThatHaveGone();
     if (filled_.size() <= static_cast<std::size_t>(col)) filled_.resize(static_cast<std::size_t>(col) + 1);
     filled_[static_cast<std::size_t>(col)] = true;
-    any_ = true;
     rows_[grid_.IdOf(row)][col] = text;
 }
 

@@ -23,8 +23,7 @@ class DefaultedCells {
     void put(std::int32_t row, std::int32_t col, std::string_view text);
     /// Some cell of the column may hold such a text.
     bool mayHold(std::int32_t col) const {
-        return any_ && static_cast<std::size_t>(col) < filled_.size() &&
-               filled_[static_cast<std::size_t>(col)];
+        return static_cast<std::size_t>(col) < filled_.size() && filled_[static_cast<std::size_t>(col)];
     }
     /// The host has given the cell a text of its own.
     void written(std::int32_t row, std::int32_t col) {
@@ -48,7 +47,6 @@ class DefaultedCells {
 
     CellGrid& grid_;
     std::unordered_map<RowId, Texts> rows_;  ///< also of rows that have gone since they were last looked for
-    bool any_ = false;                       ///< of filled_: each write looks here
     /// Columns that default filling has put texts into: few, and most writes go elsewhere.
     std::vector<bool> filled_;
     std::size_t mostRows_ = 0;  ///< with more they are looked for

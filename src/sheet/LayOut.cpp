@@ -1,8 +1,11 @@
 #include "sheet/LayOut.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "sheet/CodeColumns.h"
+#include "sheet/ColumnLook.h"
 #include "sheet/Constants.h"
 
 namespace kxVsGrid::sheet {
@@ -10,47 +13,6 @@ namespace {
 
 constexpr std::uint32_t ButtonFace = 0x8000000F;  // system colours: they follow the desktop's theme
 constexpr std::uint32_t ButtonText = 0x80000012;
-constexpr std::int32_t LeastStretched = 1200;  // twips
-/// A layout counts columns as too wide that leave less beside them.
-constexpr std::int32_t Margin = 60;
-
-mEmDataType typeOf(FieldKind kind) {
-    switch (kind) {
-        case FieldKind::Number:
-            return flexDTDouble;
-        case FieldKind::Date:
-        case FieldKind::Moment:
-            return flexDTDate;
-        case FieldKind::Flag:
-            return flexDTBoolean;
-        default:
-            return flexDTString;
-    }
-}
-
-mEmflexAlign alignmentOf(const ColumnPlan& plan) {
-    const FieldKind kind = plan.field->kind();
-    if (plan.halfDay) return flexAlignCenterCenter;
-    if (kind == FieldKind::Number) return flexAlignRightCenter;
-    return kind == FieldKind::Text ? flexAlignLeftCenter : flexAlignCenterCenter;
-}
-
-std::string formatOf(const ColumnPlan& plan) {
-    if (!plan.format.empty()) return plan.format;
-    switch (plan.field->kind()) {
-        case FieldKind::Number:
-            if (!plan.decimals) return {};
-            return *plan.decimals == 0
-                       ? "#,##0"
-                       : "#,##0." + std::string(static_cast<std::size_t>(*plan.decimals), '0');
-        case FieldKind::Date:
-            return "yyyy-mm-dd";
-        case FieldKind::Moment:
-            return "yyyy-mm-dd HH:mm:ss";
-        default:
-            return {};
-    }
-}
 
 std::string usualNumber(const ColumnPlan& plan) {
     const int decimals = plan.decimals.value_or(2);
@@ -59,26 +21,11 @@ std::string usualNumber(const ColumnPlan& plan) {
 }
 
 /// What a column is as wide as of which the host has said nothing; its caption has room in it.
-std::string sampleOf(const ColumnPlan& plan, const TextMetrics& metrics) {
+std::string ownSampleOf(const SheetContext& c, const ColumnPlan& plan) {
     if (!plan.sample.empty()) return plan.sample;
-    std::string usual;
-    switch (plan.field->kind()) {
-        case FieldKind::Number:
-            usual = usualNumber(plan);
-            break;
-        case FieldKind::Date:
-            usual = "2026-12-30  ";
-            break;
-        case FieldKind::Moment:
-            usual = "2026-12-30 23:59:59  ";
-            break;
-        case FieldKind::Flag:
-            break;
-        default:
-            usual = plan.halfDay ? "2026-12-30 下午  " : "编码与名称等  ";
-    }
-    const std::string caption = plan.caption + "  ";
-    return metrics.textWidth(usual) >= metrics.textWidth(caption) ? usual : caption;
+    const FieldKind kind = plan.field->kind();
+    if (kind == FieldKind::Number) return sampleOf(c.grid, usualNumber(plan), plan.caption);
+    return sampleOf(c.grid, plan.halfDay ? "2026-12-30 下午  " : usualText(kind), plan.caption);
 }
 
 void defineCodes(cVsControl& definition, const ColumnPlan& plan) {
@@ -130,7 +77,8 @@ void define(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     const FieldKind kind = plan.field->kind();
     definition->sName(plan.caption);
     definition->iType(typeOf(kind));
-    definition->iColAlignment(plan.alignment.value_or(alignmentOf(plan)));
+    definition->iColAlignment(
+        plan.alignment.value_or(plan.halfDay ? flexAlignCenterCenter : alignmentOf(kind)));
     definition->bIsEditable(!plan.readOnly);
     definition->iLimitLength(plan.limit);
     definition->b是否合计数据(plan.total);
@@ -151,11 +99,11 @@ void define(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
 }
 
 void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
-    c.grid.ColFormat(col, formatOf(plan));
+    c.grid.ColFormat(col, plan.format.empty() ? formatOf(plan.field->kind(), plan.decimals) : plan.format);
     if (plan.width)
         c.grid.ColWidth(col, *plan.width);
     else
-        c.grid.ColSample(col, sampleOf(plan, c.cells().Metrics()));
+        c.grid.ColSample(col, ownSampleOf(c, plan));
     c.grid.ColHidden(col, plan.hidden);
     ColumnOptions& options = c.grid.Options(col);
     options.sortable(true);
@@ -166,20 +114,13 @@ void shape(const SheetContext& c, const ColumnPlan& plan, std::int32_t col) {
     options.smallest(plan.least);
     if (SuggestionSource suggestions = suggestionsOf(plan)) options.suggest(std::move(suggestions));
 }
-
-/// Captions go through the property that keeps them.
-void caption(const SheetContext& c) {
-    std::string captions;
-    for (std::int32_t col = 0; col < c.grid.FixedCols(); ++col) captions += col == 0 ? "行号|" : "|";
-    for (const ColumnPlan& plan : c.plans) captions += plan.caption + "|";
-    captions.pop_back();
-    c.grid.FormatString(captions);
-}
 }  // namespace
 
 void layOutColumns(const SheetContext& c) {
     c.grid.Cols(c.grid.FixedCols() + c.count());
-    caption(c);
+    std::vector<std::string> captions;
+    for (const ColumnPlan& plan : c.plans) captions.push_back(plan.caption);
+    putCaptions(c.grid, captions);
     for (std::int32_t column = 0; column < c.count(); ++column) {
         define(c, c.plan(column), c.gridCol(column));
         shape(c, c.plan(column), c.gridCol(column));
@@ -191,15 +132,6 @@ void layOutColumns(const SheetContext& c) {
 void fitStretched(const SheetContext& c) {
     const auto plan =
         std::find_if(c.plans.begin(), c.plans.end(), [](const ColumnPlan& one) { return one.stretch; });
-    if (plan == c.plans.end()) return;
-    const std::int32_t stretched = c.gridCol(static_cast<std::int32_t>(plan - c.plans.begin()));
-    std::int32_t others = 0;
-    for (std::int32_t col = 0; col < c.grid.Cols(); ++col)
-        if (col != stretched && !c.grid.ColHidden(col)) others += c.grid.ColWidth(col);
-    const std::int32_t rest = std::max(LeastStretched, c.cells().ClientWidth() - others - Margin);
-    if (rest == c.grid.ColWidth(stretched)) return;
-    c.grid.ColWidth(stretched, rest);
-    if (c.gone) return;
-    c.grid.Grid_Sum().ColWidth(stretched, rest);  // otherwise it follows with the next layout only
+    if (plan != c.plans.end()) stretch(c.grid, c.gridCol(static_cast<std::int32_t>(plan - c.plans.begin())));
 }
 }  // namespace kxVsGrid::sheet

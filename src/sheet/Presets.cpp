@@ -1,18 +1,15 @@
 #include "sheet/Presets.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace kxVsGrid::sheet {
 
 bool Presets::begins(std::int32_t row, std::int32_t column) const {
-    if (row == c_.grid.Row()) return false;
-    bool any = false;
-    for (std::int32_t other = 0; other < c_.count(); ++other) {
-        if (c_.plan(other).preset.empty()) continue;
-        any = true;
-        if (other != column && !isEmpty(row, other)) return false;
-    }
-    if (!any || !lines_.isInUse(row) || c_.gone) return false;
+    const bool gives = std::any_of(c_.plans.begin(), c_.plans.end(),
+                                   [](const ColumnPlan& plan) { return !plan.preset.empty(); });
+    if (!gives || row == c_.grid.Row() || any(row, column)) return false;
+    if (!lines_.isInUse(row) || c_.gone) return false;
     std::optional<Fault> unreadable;
     const AnyRecord without = lines_.readTyped(row, unreadable);
     c_.plan(column).field->read(without.get(), {});
@@ -55,9 +52,9 @@ bool Presets::lacksRequired(std::int32_t row) const {
     return false;
 }
 
-bool Presets::any(std::int32_t row) const {
+bool Presets::any(std::int32_t row, std::int32_t but) const {
     for (std::int32_t column = 0; column < c_.count(); ++column)
-        if (!c_.plan(column).preset.empty() && !isEmpty(row, column)) return true;
+        if (column != but && !c_.plan(column).preset.empty() && !isEmpty(row, column)) return true;
     return false;
 }
 

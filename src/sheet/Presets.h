@@ -19,8 +19,8 @@ class Presets {
     void give(std::int32_t row) const;
     /// The same to lines that lack something required that is preset.
     void complete() const;
-    /// Something stands already where something is preset.
-    bool any(std::int32_t row) const;
+    /// Something stands already where something is preset, but for one column.
+    bool any(std::int32_t row, std::int32_t but = -1) const;
     /// No line, but the clerk has been there: something stands of what is preset.
     bool waits(std::int32_t row) const;
     /// The column has to be filled in this line.

@@ -9,7 +9,7 @@
 
 namespace kxVsGrid::qt {
 namespace {
-/// So many rows are told by themselves; of more the whole is.
+/// Of so many rows it is known that they have been written to; of more, all may have been.
 constexpr std::int32_t MostRows = 1000;
 }  // namespace
 
@@ -70,8 +70,8 @@ void GridModel::Follower::later() noexcept try {
 
 void GridModel::Follower::dirty(std::int32_t row, Cols cols) {
     if (std::ssize(dirty_) >= MostRows) return begin(all_);
-    const auto [known, isNew] = dirty_.try_emplace(grid_.Grid().IdOf(row), cols);
-    known->second = {std::min(known->second.first, cols.first), std::max(known->second.second, cols.second)};
+    dirty_.insert(grid_.Grid().IdOf(row));
+    dirtyCols_ = {std::min(dirtyCols_.first, cols.first), std::max(dirtyCols_.second, cols.second)};
     later();
 }
 
@@ -139,6 +139,7 @@ void GridModel::Follower::tellReset() {
     if (!grid()) return;
     moves_.forget();
     dirty_.clear();
+    dirtyCols_ = NoCols;
     all_ = reset_ = headers_ = false;
     look();
     model_.endResetModel();
@@ -189,18 +190,17 @@ void GridModel::Follower::tellHeaders() {
 void GridModel::Follower::tellCells() {
     if (headers_) return tellHeaders();
     const auto dirty = std::exchange(dirty_, {});
+    const Cols cols = std::exchange(dirtyCols_, NoCols);
     if (std::exchange(all_, false))
         return tellCells(fixedRows_, fixedRows_ + rows_ - 1, {fixedCols_, fixedCols_ + cols_ - 1});
     std::int32_t first = std::numeric_limits<std::int32_t>::max(), last = -1;
-    Cols wide{first, last};
-    for (const auto& [id, cols] : dirty) {
+    for (const RowId id : dirty) {
         const std::int32_t row = grid_.Grid().RowOf(id);
         if (row < 0) continue;
         first = std::min(first, row);
         last = std::max(last, row);
-        wide = {std::min(wide.first, cols.first), std::max(wide.second, cols.second)};
     }
-    tellCells(first, last, wide);
+    tellCells(first, last, cols);
 }
 
 void GridModel::Follower::tellCells(std::int32_t firstRow, std::int32_t lastRow, Cols cols) {

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <limits>
 #include <memory>
+#include <set>
 #include <utility>
 
 #include "kxVsGrid/ChangeListener.h"
@@ -33,6 +34,7 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
 
   private:
     using Cols = std::pair<std::int32_t, std::int32_t>;  ///< first and last, in the grid
+    static constexpr Cols NoCols{std::numeric_limits<std::int32_t>::max(), -1};
 
     bool hearsFilled() const noexcept override { return false; }
     void written(std::int32_t row, std::int32_t col, CellPart part, std::string_view before,
@@ -68,10 +70,11 @@ class GridModel::Follower : private ChangeListener, public std::enable_shared_fr
     std::int32_t fixedRows_ = 0;
     std::int32_t fixedCols_ = 0;
     RowMoves moves_;
-    std::map<RowId, Cols> dirty_;  ///< cells that have been written to
-    bool all_ = false;             ///< any cell may have become another one
-    bool headers_ = false;         ///< a caption may have become another one
-    bool reset_ = false;           ///< the whole may have become another one
+    std::set<RowId> dirty_;    ///< rows that have been written to
+    Cols dirtyCols_ = NoCols;  ///< and the columns between the outermost cells
+    bool all_ = false;         ///< any cell may have become another one
+    bool headers_ = false;     ///< a caption may have become another one
+    bool reset_ = false;       ///< the whole may have become another one
     bool telling_ = false;
     bool scheduled_ = false;
 };

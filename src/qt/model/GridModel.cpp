@@ -1,12 +1,11 @@
 #include "kxVsGrid/qt/GridModel.h"
 
 #include <QColor>
-#include <QDateTime>
 #include <utility>
 
 #include "qt/model/GridFollower.h"
+#include "qt/model/Moments.h"
 #include "support/CurrentError.h"
-#include "support/Dates.h"
 #include "support/Numbers.h"
 
 namespace kxVsGrid::qt {
@@ -37,9 +36,7 @@ QVariant valueOf(const CellGrid& cells, std::int32_t row, std::int32_t col) {
         case flexDTDouble:
             return text.empty() ? QVariant() : QVariant(support::leadingNumber(text));
         case flexDTDate:
-            if (const auto date = support::parseDate(text))
-                return QDateTime(QDate(date->year, date->month, date->day),
-                                 QTime(date->hour, date->minute, date->second));
+            if (const QDateTime moment = momentOf(text); !moment.isNull()) return moment;
             return {};
         default:
             return inQt(text);

@@ -3,12 +3,13 @@
 #include <QDateTime>
 #include <cmath>
 
-#include "support/Dates.h"
+#include "qt/model/Moments.h"
+#include "sheet/ColumnLook.h"
 
 namespace kxVsGrid::qt {
 namespace {
 
-using Kind = ModelPlan::Kind;
+using Kind = FieldKind;
 using namespace Qt::StringLiterals;
 
 const QString Day = u"yyyy-MM-dd"_s;
@@ -57,48 +58,6 @@ QString momentText(const QVariant& value, const QString& pattern) {
     const QString text = value.toString();
     const QDateTime read = QDateTime::fromString(text, Qt::ISODate);
     return read.isValid() ? read.toString(pattern) : text;
-}
-
-QDateTime momentOf(std::string_view text) {
-    const auto date = support::parseDate(text);
-    if (!date) return {};
-    return {QDate(date->year, date->month, date->day), QTime(date->hour, date->minute, date->second)};
-}
-
-mEmDataType typeOf(Kind kind) {
-    switch (kind) {
-        case Kind::Number:
-            return flexDTDouble;
-        case Kind::Flag:
-            return flexDTBoolean;
-        case Kind::Text:
-            return flexDTString;
-        default:
-            return flexDTDate;
-    }
-}
-
-mEmflexAlign alignmentOf(Kind kind) {
-    if (kind == Kind::Number) return flexAlignRightCenter;
-    return kind == Kind::Text ? flexAlignLeftCenter : flexAlignCenterCenter;
-}
-
-std::string numberFormat(int decimals) {
-    return decimals == 0 ? "#,##0" : "#,##0." + std::string(static_cast<std::size_t>(decimals), '0');
-}
-
-std::string formatOf(const ModelPlan& plan) {
-    if (!plan.format.empty()) return plan.format;
-    switch (plan.kind) {
-        case Kind::Number:
-            return plan.decimals ? numberFormat(*plan.decimals) : std::string();
-        case Kind::Date:
-            return "yyyy-mm-dd";
-        case Kind::Moment:
-            return "yyyy-mm-dd HH:mm:ss";
-        default:
-            return {};
-    }
 }
 }  // namespace
 
@@ -179,19 +138,9 @@ QVariant ModelPlan::value(std::string_view text, const QVariant& now) const {
 }
 
 /// A column of which the host has said nothing is as wide as this or its caption.
-std::string ModelPlan::usualText() const {
-    switch (kind) {
-        case Kind::Number:
-            return decimals.value_or(2) > 0 ? "-100,000.00" : "-1,000,000";
-        case Kind::Date:
-            return "2026-12-30  ";
-        case Kind::Moment:
-            return "2026-12-30 23:59:59  ";
-        case Kind::Flag:
-            return {};
-        default:
-            return "编码与名称等  ";
-    }
+std::string_view ModelPlan::usualText() const {
+    if (kind != Kind::Number) return sheet::usualText(kind);
+    return decimals.value_or(2) > 0 ? "-100,000.00" : "-1,000,000";
 }
 
 void ModelPlan::allow(kxGrid& grid, std::int32_t col, bool whole) const {
@@ -203,8 +152,8 @@ void ModelPlan::allow(kxGrid& grid, std::int32_t col, bool whole) const {
 void ModelPlan::define(kxGrid& grid, std::int32_t col) const {
     const auto definition = grid.VsCtrl(static_cast<std::int16_t>(col));
     definition->sName(caption);
-    definition->iType(typeOf(kind));
-    definition->iColAlignment(alignment.value_or(alignmentOf(kind)));
+    definition->iType(sheet::typeOf(kind));
+    definition->iColAlignment(alignment.value_or(sheet::alignmentOf(kind)));
     definition->bIsEditable(!readOnly);
     definition->bIsVisible(!hidden);
     definition->iLimitLength(limit);
@@ -220,15 +169,12 @@ void ModelPlan::define(kxGrid& grid, std::int32_t col) const {
     options.zero(ColumnOptions::Zero::Keep);
     options.smallest(least);
 
-    grid.ColFormat(col, formatOf(*this));
-    const std::string heading = caption + "  ";
-    const TextMetrics& metrics = grid.Grid().Metrics();
+    grid.ColFormat(col, format.empty() ? sheet::formatOf(kind, decimals) : format);
     if (width)
         grid.ColWidth(col, *width);
     else if (!sample.empty())
         grid.ColSample(col, sample);
     else
-        grid.ColSample(col,
-                       metrics.textWidth(usualText()) >= metrics.textWidth(heading) ? usualText() : heading);
+        grid.ColSample(col, sheet::sampleOf(grid, usualText(), caption));
 }
 }  // namespace kxVsGrid::qt

@@ -11,18 +11,17 @@
 #include <string_view>
 
 #include "kxVsGrid/kxGrid.h"
+#include "kxVsGrid/sheet/FieldText.h"
 #include "kxVsGrid/support/Decimal.h"
 
 namespace kxVsGrid::qt {
 
 struct ModelPlan {
-    enum class Kind { Text, Number, Date, Moment, Flag };
-
     int before = -1;     ///< its number before the model's columns became others; -1: a new one
     std::string header;  ///< of the model
     std::string caption;
     bool captioned = false;  ///< by the host
-    Kind kind = Kind::Text;
+    FieldKind kind = FieldKind::Text;
     bool typed = false;   ///< by the host
     QMetaType valueType;  ///< of the values that the model has there, as far as it is known
     bool readOnly = false;
@@ -53,6 +52,6 @@ struct ModelPlan {
 
   private:
     QVariant number(const QString& text) const;
-    std::string usualText() const;
+    std::string_view usualText() const;
 };
 }  // namespace kxVsGrid::qt

@@ -88,7 +88,7 @@ ModelColumn& ModelColumn::caption(const QString& text) {
 }
 
 namespace {
-auto become(ModelPlan::Kind kind) {
+auto become(FieldKind kind) {
     return [kind](ModelPlan& plan) {
         plan.kind = kind;
         plan.typed = true;
@@ -97,19 +97,19 @@ auto become(ModelPlan::Kind kind) {
 }  // namespace
 
 ModelColumn& ModelColumn::text() {
-    return change(become(ModelPlan::Kind::Text));
+    return change(become(FieldKind::Text));
 }
 ModelColumn& ModelColumn::number() {
-    return change(become(ModelPlan::Kind::Number));
+    return change(become(FieldKind::Number));
 }
 ModelColumn& ModelColumn::date() {
-    return change(become(ModelPlan::Kind::Date));
+    return change(become(FieldKind::Date));
 }
 ModelColumn& ModelColumn::moment() {
-    return change(become(ModelPlan::Kind::Moment));
+    return change(become(FieldKind::Moment));
 }
 ModelColumn& ModelColumn::flag() {
-    return change(become(ModelPlan::Kind::Flag));
+    return change(become(FieldKind::Flag));
 }
 ModelColumn& ModelColumn::readOnly() {
     return change([](ModelPlan& plan) { plan.readOnly = true; });

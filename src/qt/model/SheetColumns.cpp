@@ -2,15 +2,13 @@
 #include <algorithm>
 
 #include "qt/model/SheetLink.h"
+#include "sheet/ColumnLook.h"
 #include "support/FlagSpan.h"
 
 namespace kxVsGrid::qt {
 namespace {
 
-constexpr int LookedAt = 16;                   // rows whose values say what a column holds
-constexpr std::int32_t LeastStretched = 1200;  // twips
-/// A layout counts columns as too wide that leave less beside them.
-constexpr std::int32_t Margin = 60;
+constexpr int LookedAt = 16;  // rows whose values say what a column holds
 
 /// Without what FormatString reads in another way.
 std::string plainCaption(std::string text) {
@@ -60,7 +58,7 @@ bool ModelSheet::Link::guess() {
     const int rows = std::min(model().rowCount(), LookedAt);
     for (int column = 0; column < columns(); ++column) {
         ModelPlan& plan = this->plan(column);
-        const ModelPlan::Kind before = plan.kind;
+        const FieldKind before = plan.kind;
         for (int row = 0; row < rows && !plan.valueType.isValid(); ++row)
             plan.guess(index(row, column).data(Qt::EditRole));
         others = others || plan.kind != before;
@@ -68,18 +66,15 @@ bool ModelSheet::Link::guess() {
     return others;
 }
 
-/// Captions go through the property that keeps them.
 void ModelSheet::Link::layOut() {
     const support::FlagSpan fetching(fetching_);  // nothing is looked at meanwhile
     const Own own(*this, -1, -1, -1);
     kxGrid& grid = theGrid_;
     grid.Cols(grid.FixedCols() + columns());
     if (!there()) return;
-    std::string captions;
-    for (std::int32_t col = 0; col < grid.FixedCols(); ++col) captions += col == 0 ? "行号|" : "|";
-    for (const ModelPlan& plan : plans_) captions += plainCaption(plan.caption) + "|";
-    if (!captions.empty()) captions.pop_back();
-    grid.FormatString(captions);
+    std::vector<std::string> captions;
+    for (const ModelPlan& plan : plans_) captions.push_back(plainCaption(plan.caption));
+    sheet::putCaptions(grid, captions);
     digits_ = 0;
     if (there()) fitNumbers();
     if (there()) define();
@@ -118,7 +113,7 @@ void ModelSheet::Link::change(int column, const std::function<void(ModelPlan&)>&
     if (!there() || column >= columns()) return;
     const auto self = shared_from_this();
     ModelPlan& plan = this->plan(column);
-    const ModelPlan::Kind before = plan.kind;
+    const FieldKind before = plan.kind;
     change(plan);
     plan.define(theGrid_, colOf(column));
     recaption(column, column);
@@ -147,14 +142,7 @@ void ModelSheet::Link::fit() {
     if (stretched == plans_.end()) return;
     const support::FlagSpan fitting(fitting_);
     const std::int32_t col = colOf(static_cast<int>(stretched - plans_.begin()));
-    if (col >= theGrid_.Cols()) return;
-    std::int32_t others = 0;
-    for (std::int32_t c = 0; c < theGrid_.Cols(); ++c)
-        if (c != col && !theGrid_.ColHidden(c)) others += theGrid_.ColWidth(c);
-    const std::int32_t rest = std::max(LeastStretched, cells().ClientWidth() - others - Margin);
-    if (rest == theGrid_.ColWidth(col)) return;
-    theGrid_.ColWidth(col, rest);
-    if (there()) theGrid_.Grid_Sum().ColWidth(col, rest);
+    if (col < theGrid_.Cols()) sheet::stretch(theGrid_, col);
 }
 
 /// Room for the row numbers; a width that the clerk has dragged stays as long as they have no more digits.

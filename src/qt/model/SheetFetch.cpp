@@ -135,11 +135,13 @@ void ModelSheet::Link::fetchSelected() {
 
 /// All rows that the model has elsewhere: new ones have no place among those that are still to come.
 void ModelSheet::Link::fetchModel() {
-    while (there() && fetchesMore()) {
-        const int before = model().rowCount();
-        model().fetchMore({});
-        if (there() && model().rowCount() <= before) stuck_ = true;
-    }
+    while (there() && fetchesMore()) fetchMore();
+}
+
+void ModelSheet::Link::fetchMore() {
+    const int before = model().rowCount();
+    model().fetchMore({});
+    if (there() && model().rowCount() <= before) stuck_ = true;
 }
 
 void ModelSheet::Link::fetchAll() {
@@ -156,9 +158,7 @@ void ModelSheet::Link::fetchSlice() {
     fetchVisible();
     while (there() && spent.elapsed() < SliceMs) {
         if (fetchesMore()) {
-            const int before = model().rowCount();
-            model().fetchMore({});
-            if (there() && model().rowCount() <= before) stuck_ = true;
+            fetchMore();
             continue;
         }
         int next = map_.missingIn(nextSlice_, map_.rows());

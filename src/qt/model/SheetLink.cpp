@@ -86,23 +86,17 @@ void ModelSheet::Link::hearGrid() {
             }
             if (self->locked(row - self->firstRow(), col - self->theGrid_.FixedCols())) locked = true;
         }));
-    connections_.emplace_back(
-        grid.Options().RowInUse.connect([weak = weak_from_this()](std::int32_t row, bool& inUse) {
-            const auto self = weak.lock();
-            if (!self || !self->there()) return;
-            self->fetchAll();
-            inUse = self->there() && !self->isEmpty(row - self->firstRow());
-        }));
+    tie(grid.Options().RowInUse, [](Link& self, std::int32_t row, bool& inUse) {
+        self.fetchAll();
+        inUse = self.there() && !self.isEmpty(row - self.firstRow());
+    });
     tie(grid.Options().AllRowsNeeded, [](Link& self) { self.fetchAll(); });
     tie(grid.Changes().After, [](Link& self, const StepChanges& step) { self.flush(step.cause); });
     tie(grid.AfterRowColChange, [](Link& self, auto before, auto, auto now, auto) {
         if (before != now) self.leftRow();
     });
-    connections_.emplace_back(grid.Grid().BeforeRowColChange.connect(
-        [weak = weak_from_this()](std::int32_t, std::int32_t, std::int32_t row, std::int32_t, bool&) {
-            const auto self = weak.lock();
-            if (self && self->there()) self->fetchRow(row - self->firstRow());
-        }));
+    tie(grid.Grid().BeforeRowColChange,
+        [](Link& self, auto, auto, auto row, auto...) { self.fetchRow(row - self.firstRow()); });
     tie(grid.Grid().SelChange, [](Link& self) { self.fetchSelected(); });
     const auto look = [](Link& self, auto&&...) { self.fetchVisible(); };
     const auto fitAndLook = [](Link& self, auto&&...) {

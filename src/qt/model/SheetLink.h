@@ -107,7 +107,6 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     template <class Work>
     void safely(Work work) noexcept;
     void later() noexcept;
-    kxGrid& grid() const { return theGrid_; }
     CellGrid& cells() const { return theGrid_.Grid(); }
     QAbstractItemModel& model() const { return *model_; }
     int firstRow() const { return theGrid_.FixedRows(); }
@@ -143,6 +142,7 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     void fetchSelected();
     void fetchSlice();
     void fetchModel();
+    void fetchMore();
     void readBack(int row);
     bool isDirty(int row, int column) const;
     bool isDirty(int row) const;
@@ -192,6 +192,7 @@ class ModelSheet::Link : private ChangeListener, public std::enable_shared_from_
     void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles);
     void rowsInserted(int first, int last);
     void rowsRemoved(int first, int last);
+    void rowsSettled();
     void rowsMoved(int first, int last, int to);
     void beforeLayout();
     void layoutChanged(QAbstractItemModel::LayoutChangeHint hint);

@@ -69,6 +69,11 @@ void ModelSheet::Link::rowsInserted(int first, int last) {
     map_.bind(place, first, last - first + 1);
     if (guess()) define();
     if (!there()) return;
+    rowsSettled();
+}
+
+/// The model's rows have come or gone.
+void ModelSheet::Link::rowsSettled() {
     ensureSpare();
     fetchVisible();
     missed();
@@ -89,10 +94,7 @@ void ModelSheet::Link::rowsRemoved(int first, int last) {
     for (Removed& row : removed_)
         if (row.modelRow > last) row.modelRow -= count;
     std::erase_if(parked_, [](const auto& row) { return !row.first.isValid(); });
-    ensureSpare();
-    fetchVisible();
-    missed();
-    settleTotals();
+    rowsSettled();
 }
 
 void ModelSheet::Link::rowsMoved(int first, int last, int to) {
