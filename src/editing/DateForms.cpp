@@ -108,12 +108,6 @@ std::optional<std::string> inDateForm(DateForm form, std::string_view text, cons
     return *date + " " + *rest;
 }
 
-std::optional<std::string> fromShortDate(DateForm form, std::string_view text, const DateTime& now) {
-    text = support::trim(text);
-    if (!inFull(partsOf(form, text).before, now)) return std::nullopt;
-    return inDateForm(form, text, now);
-}
-
 std::string exampleOf(DateForm form, const DateTime& now) {
     std::string date = support::shortDateText(now);
     if (form == DateForm::Date) return date;

@@ -23,9 +23,6 @@ enum class DateForm : std::int32_t {
 /// 1月5日.
 std::optional<std::string> inDateForm(DateForm form, std::string_view text, const DateTime& now);
 
-/// The same for a text whose date is short; nothing for any other.
-std::optional<std::string> fromShortDate(DateForm form, std::string_view text, const DateTime& now);
-
 /// This moment in the form, as a message shows it: inDateForm() accepts it unchanged.
 std::string exampleOf(DateForm form, const DateTime& now);
 }  // namespace kxVsGrid::editing

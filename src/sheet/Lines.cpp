@@ -38,7 +38,7 @@ void Lines::putText(const void* record, std::int32_t column, std::string& text) 
 
 bool Lines::isBlanked(std::int32_t column, const std::string& text) const {
     const ColumnPlan& plan = c_.plan(column);
-    return plan.blanksZero() && isZero(plan.field->kind(), text) && !c_.grid.bIsShowZero();
+    return isZero(plan.field->kind(), text) && plan.blanksZero() && !c_.grid.bIsShowZero();
 }
 
 AnyRecord Lines::read(std::int32_t row, std::optional<Fault>& fault) const {

@@ -153,7 +153,8 @@ void SheetBody::Impl::round(std::int32_t row, const StepChanges& step) {
 
 void SheetBody::Impl::roundCell(std::int32_t row, std::int32_t column) {
     const ColumnPlan& plan = context.plan(column);
-    if (plan.computed) return;
+    const bool plain = plan.field->kind() == FieldKind::Text && !plan.decimals && plan.constants.empty();
+    if (plan.computed || plain) return;
     const std::int32_t col = context.gridCol(column);
     const std::string text = context.cells().Text(row, col);
     const KeptRecord kept = saved.of(context.cells().KnownId(row));
