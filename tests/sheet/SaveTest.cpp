@@ -20,6 +20,13 @@ class SheetSave : public OrderSheet {
             for (auto& line : changes.changed) ++line.after.version;
         });
     }
+    /// The editor stays open with it.
+    void typeTooHighAPrice(std::int32_t row) {
+        sheet.rule(
+            "price", [](const OrderLine& line) { return line.price < 100; }, "单价太高");
+        grid.Grid().Select(row, Price);
+        desk.type("500");
+    }
     int written = 0;
     Changes last;
 };
@@ -39,10 +46,7 @@ TEST_F(SheetSave, TakesOverWhatIsBeingTypedWritesAndAccepts) {
 
 TEST_F(SheetSave, WhatIsRefusedWhileTypedIsNamedWithItsCellAndNothingIsWritten) {
     loaded();
-    sheet.rule(
-        "price", [](const OrderLine& line) { return line.price < 100; }, "单价太高");
-    grid.Grid().Select(2, Price);
-    desk.type("500");
+    typeTooHighAPrice(2);
     const auto why = save();
     ASSERT_TRUE(why);
     EXPECT_EQ(why->row, 2);
@@ -107,11 +111,8 @@ TEST_F(SheetSave, IsCalledWithNoChangesWhereNothingIsModified) {
 
 TEST_F(SheetSave, CommitTellsWhetherTheEditorCouldBeClosed) {
     loaded();
-    sheet.rule(
-        "price", [](const OrderLine& line) { return line.price < 100; }, "单价太高");
     EXPECT_TRUE(sheet.commit());
-    grid.Grid().Select(2, Price);
-    desk.type("500");
+    typeTooHighAPrice(2);
     EXPECT_FALSE(sheet.commit());
     desk.press(Key::Escape);
     EXPECT_TRUE(sheet.commit());
@@ -180,10 +181,7 @@ TEST_F(SheetSave, WhatIsBeingTypedIsAStepOfItsOwnWhereTheClerkIsTakenElsewhere) 
 
 TEST_F(SheetSave, TheClerkStaysWithWhatIsRefusedWhereverHeIsToBeTaken) {
     loaded();
-    sheet.rule(
-        "price", [](const OrderLine& line) { return line.price < 100; }, "单价太高");
-    grid.Grid().Select(1, Price);
-    desk.type("500");
+    typeTooHighAPrice(1);
     sheet.goTo(3, "code");
     EXPECT_EQ(grid.Row(), 1);
     EXPECT_EQ(desk.editor().text, "500");
